@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QChar>
+#include <QString>
+
+/// The check digit of a barcode: '0' to '9'. code holds at least len digits, of which the first len are
+/// the data (12 for EAN-13, 7 for EAN-8). The digits are weighed 3, 1, 3, ... from the last backwards.
+QChar eanCheckDigit(const QString &code, int len);
+
+/// True for 8 or 13 digits whose last is the check digit of the others.
+bool isSoundEan(const QString &code);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+/// Dates as the statements and the lists write them.
+
+/// The bare number yyyyMMddhhmmss.
+QString sqlDateTime(const QDateTime &time);
+/// The first and the last second of a day, as such numbers.
+QString sqlDayStart(const QDate &day);
+QString sqlDayEnd(const QDate &day);
+/// "dd-MM-yy hh:mm:ss" as lists show it; empty for no date.
+QString shownDateTime(const QDateTime &time);
+/// "Mon," to "Sun,"; a single blank for an invalid date. The tokens of action.week_day.
+QString weekDayToken(const QDate &day);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+#include <string_view>
+
+/// How the stored text of a cell (UTF-8, as the server sends it) is shown, exported, sorted and aligned.
+struct CellFormat
+{
+    /// What a copy, an export and an editor get: "1234.50".
+    QString (*plain)(std::string_view stored);
+    /// What the list shows: "1 234.50".
+    QString (*shown)(std::string_view stored);
+    /// Numbers sort by their value and stand right; everything else sorts by the locale.
+    bool isNumber;
+};
+
+/// As it is.
+extern const CellFormat asText;
+/// A whole number: an id, a count.
+extern const CellFormat asNumber;
+/// Kopecks as hryvnias with two decimals.
+extern const CellFormat asMoney;
+/// Thousandths with three decimals.
+extern const CellFormat asQuantity;
+/// Hundredths of a per cent with two decimals.
+extern const CellFormat asRate;
+/// A date-time as "dd-MM-yy hh:mm:ss"; a zero date is empty. Sorts by time.
+extern const CellFormat asDateTime;
+/// A date as "dd-MM-yyyy"; a zero date is empty. Sorts by time.
+extern const CellFormat asDate;
+
+/// One column of a list: columns stand in the order of the SELECT that fills them.
+struct Column
+{
+    QString caption;
+    /// In pixels at 96 dpi; 0 takes the caption's width.
+    int width = 0;
+    const CellFormat *format = &asText;
+    bool hidden = false;
+};

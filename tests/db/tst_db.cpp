@@ -1,0 +1,153 @@
+#include "testing.h"
+
+#include "schema.h"
+
+/// The wrapper that all SQL goes through: binding, transactions, lost connections, texts of people.
+class TstDb : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_base = std::make_unique<FreshDatabase>(FreshDatabase::Empty); }
+    void cleanup() { m_base.reset(); }
+
+    void textOfPeopleStaysText_data();
+    void textOfPeopleStaysText();
+    void wrongNamesAreRefused();
+    void failureNamesItsPlace();
+    void uncommittedIsRolledBack();
+    void nothingIsSentAfterAFailure();
+    void killedInsideATransactionLeavesNothing();
+    void sessionSurvivesAReconnect();
+    void everyValueHasAText();
+
+private:
+    std::unique_ptr<FreshDatabase> m_base;
+};
+
+void TstDb::textOfPeopleStaysText_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *text : {"it's", "\\", "\\'", "100%", "a_b", "'; DELETE FROM t; -- ", "\"", ":name", "?",
+                             "`", "їжак 'О\\'Н :dt ?%", "№ 😀", "''", "\\\\%"})
+        QTest::newRow(text) << QString::fromUtf8(text);
+}
+
+void TstDb::textOfPeopleStaysText()
+{
+    QFETCH(QString, text);
+    const Db db = m_base->db();
+    m_base->exec("CREATE TABLE t(name VARCHAR(100))");
+    m_base->exec("INSERT INTO t VALUES('other')");
+    QVERIFY(db.run("INSERT INTO t VALUES(:text)", {{":text", text}}));
+    QVERIFY(db.run("INSERT INTO t VALUES(" + lit(text) + ")"));
+    QCOMPARE(db.firstText("SELECT COUNT(*) FROM t WHERE name=" + lit(text)).value(), QString("2"));
+    QCOMPARE(db.firstText("SELECT COUNT(*) FROM t WHERE name LIKE " + likeContains(text)).value(),
+             QString("2"));
+    QCOMPARE(db.firstText("SELECT COUNT(*) FROM t WHERE name LIKE " + likeContains(text) + " AND name<>:x",
+                          {{":x", "zzz"}})
+                 .value(),
+             QString("2"));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("3"));
+}
+
+void TstDb::wrongNamesAreRefused()
+{
+    m_base->exec("CREATE TABLE t(a INT, b INT)");
+    const Db db = m_base->db();
+    QVERIFY(!db.run("INSERT INTO t VALUES(:a,:b)", {{":a", 1}, {":bb", 2}}));
+    QVERIFY(!db.run("INSERT INTO t VALUES(:a,:b)", {{":a", 1}}));
+    QVERIFY(!db.runPositional("INSERT INTO t VALUES(?,?)", {1}));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("0"));
+    QCOMPARE(m_base->heard.texts().size(), 3);
+    QVERIFY(db.run("INSERT INTO t VALUES(:a,:a)", {{":a", 1}}));
+    QVERIFY(db.run("INSERT INTO t SELECT :a, LENGTH('12:30 :b ?')", {{":a", 1}}));
+}
+
+void TstDb::failureNamesItsPlace()
+{
+    m_base->exec("CREATE TABLE t(name VARCHAR(9) UNIQUE)");
+    const Db db = m_base->db();
+    QVERIFY(db.run("INSERT INTO t VALUES(:a)", {{":a", "їжак"}}));
+    QVERIFY(!db.run("INSERT INTO t VALUES(:a)", {{":a", "їжак"}}));
+    const int line = __LINE__ - 1;
+    const auto message = m_base->heard.all().value(0);
+    QVERIFY2(message.text.startsWith("Помилка запиту:\nDuplicate entry 'їжак'"), qPrintable(message.text));
+    QCOMPARE(message.location, QString("In file: tests/db/tst_db line: %1").arg(line));
+}
+
+void TstDb::uncommittedIsRolledBack()
+{
+    m_base->exec("CREATE TABLE t(a INT)");
+    const Db db = m_base->db();
+    {
+        Transaction t(db);
+        QVERIFY(t && db.run("INSERT INTO t VALUES(1)"));
+    }
+    {
+        Transaction t(db);
+        QVERIFY(t && db.run("INSERT INTO t VALUES(2)") && t.commit());
+    }
+    QCOMPARE(m_base->rows("SELECT a FROM t"), QStringList{"2"});
+}
+
+void TstDb::nothingIsSentAfterAFailure()
+{
+    m_base->exec("CREATE TABLE t(a INT PRIMARY KEY)");
+    const Db db = m_base->db();
+    {
+        Transaction t(db);
+        QVERIFY(db.run("INSERT INTO t VALUES(1)"));
+        QVERIFY(!db.run("INSERT INTO t VALUES(1)"));
+        QVERIFY(!db.run("INSERT INTO t VALUES(2)"));
+        QVERIFY(!t.commit());
+    }
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("0"));
+    QCOMPARE(m_base->heard.texts().size(), 1);
+    QVERIFY(db.run("INSERT INTO t VALUES(3)"));
+}
+
+void TstDb::killedInsideATransactionLeavesNothing()
+{
+    m_base->exec("CREATE TABLE t(a INT)");
+    const Db db = m_base->db();
+    {
+        Transaction t(db);
+        QVERIFY(db.run("INSERT INTO t VALUES(1)"));
+        m_base->killConnection();
+        QVERIFY(!db.run("INSERT INTO t VALUES(2)"));
+        QVERIFY(!db.run("INSERT INTO t VALUES(3)"));
+        QVERIFY(!t.commit());
+    }
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("0"));
+    Transaction again(db);
+    QVERIFY(again && db.run("INSERT INTO t VALUES(4)") && again.commit());
+    QCOMPARE(m_base->rows("SELECT a FROM t"), QStringList{"4"});
+}
+
+void TstDb::sessionSurvivesAReconnect()
+{
+    const QString settings = "SELECT @@sql_mode,@@explicit_defaults_for_timestamp,@@innodb_lock_wait_timeout,"
+                             "@@character_set_client,@@character_set_results";
+    const QString before = m_base->value(settings);
+    QVERIFY2(before.contains("NO_UNSIGNED_SUBTRACTION") && before.endsWith("|0|5|utf8mb4|utf8mb4"),
+             qPrintable(before));
+    for (int i = 0; i < 2; ++i) {
+        m_base->killConnection();
+        QCOMPARE(m_base->value(settings), before);
+    }
+}
+
+void TstDb::everyValueHasAText()
+{
+    QCOMPARE(m_base->rows("SELECT CAST(NULL AS SIGNED),SUM(10000000),SUM(NULL),COUNT(*),4294967295,1.50"),
+             QStringList{"|10000000||1|4294967295|1.5"});
+    m_base->exec("CREATE TABLE t(a BOOL, b DATETIME DEFAULT 0, c DATE DEFAULT 0, d TIME, e INT, f CHAR(3))");
+    m_base->exec("INSERT INTO t(a,d) VALUES(NULL,'12:30:00')");
+    m_base->exec("INSERT INTO t VALUES(1,20260301235959,20260301,0,NULL,'')");
+    QCOMPARE(m_base->rows("SELECT * FROM t"),
+             (QStringList{"|||12:30:00||", "1|2026-03-01 23:59:59|2026-03-01|00:00:00||"}));
+}
+
+QTEST_MAIN(TstDb)
+#include "tst_db.moc"
