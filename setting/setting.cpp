@@ -1,0 +1,304 @@
+#include "setting.h"
+#include "ui_setting.h"
+
+#include "qmessevent.h"
+#include "qqestion.h"
+#include "settingfile.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QLibrary>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QStyleFactory>
+
+namespace {
+const char *const passwordKey = "QMYSQL/PASSWORD";
+const char *const styleKey = "INTERFACE/STYLE";
+const char *const languageKey = "INTERFACE/PATH_LANGUAGE";
+const char *const autoUpdateKey = "M_UPDATER/IS_AUTOUPDATE";
+const char *const versionKey = "VERSION/VERSION";
+const char *const programVersion = "3. 0. 0. 17";
+
+void showInCombo(QComboBox *combo, const QString &text)
+{
+    if (combo->findText(text) < 0)
+        combo->addItem(text);
+    combo->setCurrentText(text);
+}
+
+void showIn(QWidget *widget, const QVariant &value)
+{
+    if (auto *edit = qobject_cast<QLineEdit *>(widget))
+        edit->setText(value.toString());
+    else if (auto *spin = qobject_cast<QSpinBox *>(widget))
+        spin->setValue(value.toInt());
+    else if (auto *box = qobject_cast<QCheckBox *>(widget))
+        box->setChecked(value.toBool());
+    else if (auto *combo = qobject_cast<QComboBox *>(widget))
+        showInCombo(combo, value.toString());
+}
+
+QVariant shownIn(const QWidget *widget)
+{
+    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
+        return edit->text();
+    if (const auto *spin = qobject_cast<const QSpinBox *>(widget))
+        return spin->value();
+    if (const auto *box = qobject_cast<const QCheckBox *>(widget))
+        return box->isChecked();
+    return qobject_cast<const QComboBox *>(widget)->currentText();
+}
+} // namespace
+
+setting::setting(const QString &directory, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::setting>()), m_directory(directory)
+{
+    ui->setupUi(this);
+    chooseFile = [this](const QString &title, const QString &filter, const QString &path) {
+        return QFileDialog::getOpenFileName(this, title, path, filter);
+    };
+    ui->cbStyle->addItems(QStringList(QString()) + QStyleFactory::keys());
+    loadPasswordLibrary();
+    ReadSetting(directory);
+    showValues();
+    connectButtons();
+}
+
+setting::~setting() = default;
+
+void setting::loadPasswordLibrary()
+{
+    postTrace(parent(), QStringLiteral("In constructor setting load library"));
+    QLibrary library(QCoreApplication::applicationDirPath() + QStringLiteral("/libpasscrypt"));
+    if (library.load()) {
+        m_encrypt = reinterpret_cast<Crypt>(library.resolve("mcrypt"));
+        m_decrypt = reinterpret_cast<Crypt>(library.resolve("mucrypt"));
+    } else {
+        // A warning is for the log; the user reads it beside the password, not at every start.
+        const QString text = tr("Не вдалося завантажити криптографічну бібліотеку.") + QLatin1Char('\n') +
+                             tr("Це означає що пароль буде збережено без шифрування") + QLatin1Char('\n') +
+                             tr("та не вдасться розшифрувати вже зашифрований пароль в налаштуваннях!");
+        postMessage(parent(), text, QMessEvent::Warning);
+        ui->labelLibrary->setText(text);
+    }
+    ui->labelLibrary->setVisible(!library.isLoaded());
+}
+
+void setting::connectButtons()
+{
+    connect(ui->pbOk, &QPushButton::clicked, this, &setting::save);
+    connect(ui->pbCancel, &QPushButton::clicked, this, &setting::cancel);
+    connect(ui->pbPathLang, &QPushButton::clicked, this, &setting::DialogPathLang);
+    connect(ui->pbShopRMousPath, &QPushButton::clicked, this, &setting::DialogShopRMousPathPrg);
+    connect(ui->pbKassRMousPath, &QPushButton::clicked, this, &setting::DialogKassRMousPathPrg);
+    connect(ui->pbKassLMovePath, &QPushButton::clicked, this, &setting::DialogKassLMoveMousPathPrg);
+    connect(ui->cbTypeDevice, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &setting::ChangeTypeDevice);
+    ChangeTypeDevice(ui->cbTypeDevice->currentIndex());
+}
+
+void setting::ReadSetting(const QString &directory)
+{
+    const SettingFile file(directory);
+    for (const SettingKey &key : settingKeys()) {
+        const QString path = QLatin1String(key.path);
+        m_values.insert(path, file.typed(path, key.fallback));
+    }
+    if (m_decrypt == nullptr) {
+        postMessage(parent(), tr("Помилка виклику фунції розшифровки паолю"), QMessEvent::Warning);
+        return;
+    }
+    QVariant &password = m_values[QLatin1String(passwordKey)];
+    password = m_decrypt(password.toString());
+}
+
+bool setting::WriteSetting(const QString &directory)
+{
+    SettingFile file(directory);
+    for (const SettingKey &key : settingKeys()) {
+        const QString path = QLatin1String(key.path);
+        file.setValue(path, value(path));
+    }
+    if (m_encrypt != nullptr)
+        file.setValue(QLatin1String(passwordKey), m_encrypt(value(QLatin1String(passwordKey)).toString()));
+    else
+        postMessage(parent(), tr("Помилка виклику фунції шифрування паолю"), QMessEvent::Warning);
+    return file.store();
+}
+
+void setting::readForeignKeys()
+{
+    const SettingFile file(m_directory);
+    for (const SettingKey &key : settingKeys()) {
+        if (key.isForeign)
+            m_values.insert(QLatin1String(key.path), file.typed(QLatin1String(key.path), key.fallback));
+    }
+}
+
+void setting::showValues()
+{
+    for (const SettingKey &key : settingKeys())
+        showIn(findChild<QWidget *>(QLatin1String(key.widget)), value(QLatin1String(key.path)));
+}
+
+void setting::takeValues()
+{
+    for (const SettingKey &key : settingKeys())
+        m_values.insert(QLatin1String(key.path), shownIn(findChild<QWidget *>(QLatin1String(key.widget))));
+}
+
+int setting::exec()
+{
+    readForeignKeys();
+    showValues();
+    ui->leHost->setFocus();
+    return QDialog::exec();
+}
+
+void setting::save()
+{
+    postTrace(parent(), QStringLiteral("In setting::save()"));
+    takeValues();
+    const bool written = WriteSetting(m_directory);
+    m_loginAt = value(QStringLiteral("QMYSQL/DEFLOGIN")).toString() + QLatin1Char('@');
+    if (!written)
+        QQestion::question(this, tr("Попередження."),
+                           tr("Не вдалося записати файл налаштувань:\n%1\nЗміни діятимуть лише до закриття "
+                              "програми. Щоб зберегти їх, дозвольте запис у цей каталог і збережіть "
+                              "налаштування ще раз.")
+                               .arg(SettingFile::path(m_directory)),
+                           true);
+    accept();
+    emit saved();
+}
+
+void setting::cancel()
+{
+    reject();
+}
+
+void setting::choose(QLineEdit *target, const QString &title, const QString &filter)
+{
+    const QString path = chooseFile(title, filter, target->text());
+    if (!path.isEmpty())
+        target->setText(path);
+}
+
+void setting::DialogPathLang()
+{
+    choose(ui->lePathLang, tr("Вибрати файл мови."), tr("Файл перекладу (*.qm)"));
+}
+
+void setting::DialogShopRMousPathPrg()
+{
+    choose(ui->leShopRMousPath, tr("Вибрати програму."), QStringLiteral("*.* (*.*)"));
+}
+
+void setting::DialogKassRMousPathPrg()
+{
+    choose(ui->leKassRMousPath, tr("Вибрати програму."), QStringLiteral("*.* (*.*)"));
+}
+
+void setting::DialogKassLMoveMousPathPrg()
+{
+    choose(ui->leKassLMovePath, tr("Вибрати файл мови."), QStringLiteral("*.* (*.*)"));
+}
+
+void setting::ChangeTypeDevice(int type)
+{
+    static const QStringList samples = {QStringLiteral("http://[{IP}]/"), QStringLiteral("smb://[{IP}]/"),
+                                        QStringLiteral("rtsp://[{IP}]:554/"), QStringLiteral("[{IP}]")};
+    for (QLineEdit *edit : {ui->leShopRMousParam, ui->leKassRMousParam, ui->leKassLMoveParam})
+        edit->setPlaceholderText(samples.value(type));
+}
+
+QVariant setting::value(const QString &path) const
+{
+    return m_values.value(path);
+}
+
+LaunchCommand setting::command(const QString &group) const
+{
+    return {value(group + QStringLiteral("/PATH_PROGRAM")).toString(),
+            value(group + QStringLiteral("/PARAM_PRG")).toString()};
+}
+
+DatabaseAddress setting::databaseAddress() const
+{
+    DatabaseAddress address;
+    address.driver = value(QStringLiteral("QMYSQL/DRIVER")).toString();
+    address.host = value(QStringLiteral("QMYSQL/IP")).toString();
+    address.port = value(QStringLiteral("QMYSQL/PORT")).toInt();
+    address.user = value(QStringLiteral("QMYSQL/DEFLOGIN")).toString();
+    address.password = value(QLatin1String(passwordKey)).toString();
+    address.name = value(QStringLiteral("QMYSQL/NAMEBASE")).toString();
+    return address;
+}
+
+QString setting::prefIdentify() const
+{
+    return value(QStringLiteral("INTERFACE/PREF_IDENTIFY")).toString();
+}
+
+int setting::countMsg() const
+{
+    return value(QStringLiteral("INTERFACE/COUNT_MSG")).toInt();
+}
+
+QString setting::style() const
+{
+    return value(QLatin1String(styleKey)).toString();
+}
+
+QString setting::pathLanguage() const
+{
+    return value(QLatin1String(languageKey)).toString();
+}
+
+bool setting::isAutoUpdate() const
+{
+    return value(QLatin1String(autoUpdateKey)).toBool();
+}
+
+bool setting::isTransferMode() const
+{
+    return value(QStringLiteral("M_UPDATER/TRANSFER_MODE")).toBool();
+}
+
+QString setting::version() const
+{
+    return value(QLatin1String(versionKey)).toString();
+}
+
+QString setting::GetStyle(const QString &directory)
+{
+    return SettingFile(directory).typed(QLatin1String(styleKey), QString("")).toString();
+}
+
+void setting::SetStyle(const QString &directory, const QString &style)
+{
+    SettingFile(directory).setValue(QLatin1String(styleKey), style);
+}
+
+QString setting::GetPathLanguage(const QString &directory)
+{
+    return SettingFile(directory).typed(QLatin1String(languageKey), QString("")).toString();
+}
+
+bool setting::GetAutoupdate(const QString &directory)
+{
+    return SettingFile(directory).typed(QLatin1String(autoUpdateKey), false).toBool();
+}
+
+QString setting::GetVersion(const QString &directory)
+{
+    return SettingFile(directory).typed(QLatin1String(versionKey), QString("")).toString();
+}
+
+void setting::SetCurVersion(const QString &directory)
+{
+    SettingFile(directory).setValue(QLatin1String(versionKey), QLatin1String(programVersion));
+}
