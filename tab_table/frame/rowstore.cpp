@@ -1,0 +1,248 @@
+#include "rowstore.h"
+
+#include "db.h"
+
+#include <QSqlField>
+#include <QSqlRecord>
+#include <QSqlResult>
+#include <algorithm>
+#include <cstring>
+#include <mysql.h>
+
+namespace {
+constexpr size_t firstChunk = 16 * 1024;
+constexpr size_t largestChunk = 4 * 1024 * 1024;
+
+QStringList namesOf(const QSqlQuery &query)
+{
+    QStringList names;
+    const QSqlRecord record = query.record();
+    for (int i = 0; i < record.count(); ++i)
+        names.append(record.fieldName(i));
+    return names;
+}
+
+/// The rows that the client library has stored behind a query, or null: other drivers have none, and a
+/// prepared statement answers with a description of its columns that holds no rows.
+MYSQL_RES *storedResult(const QSqlQuery &query)
+{
+    const QVariant handle = query.result()->handle();
+    if (!query.isActive() || qstrcmp(handle.typeName(), "MYSQL_RES*") != 0)
+        return nullptr;
+    MYSQL_RES *result = *static_cast<MYSQL_RES *const *>(handle.constData());
+    if (result == nullptr || static_cast<qint64>(mysql_num_rows(result)) != query.size())
+        return nullptr;
+    return query.size() > 0 ? result : nullptr;
+}
+
+/// Reads the rows of a stored result into one set of cells.
+class ResultReader
+{
+public:
+    ResultReader(MYSQL_RES *result, qint64 firstRow) : m_result(result), m_cells(mysql_num_fields(result))
+    {
+        const MYSQL_FIELD *fields = mysql_fetch_fields(result);
+        for (size_t i = 0; i < m_cells.size(); ++i) {
+            const enum_field_types type = fields[i].type;
+            m_isDate.push_back(type == MYSQL_TYPE_DATE || type == MYSQL_TYPE_DATETIME ||
+                               type == MYSQL_TYPE_TIMESTAMP || type == MYSQL_TYPE_NEWDATE);
+        }
+        mysql_data_seek(result, static_cast<unsigned long long>(firstRow));
+    }
+
+    bool next()
+    {
+        const MYSQL_ROW row = mysql_fetch_row(m_result);
+        if (row == nullptr)
+            return false;
+        const unsigned long *lengths = mysql_fetch_lengths(m_result);
+        for (size_t i = 0; i < m_cells.size(); ++i) {
+            m_cells[i] = row[i] == nullptr ? std::string_view() : std::string_view(row[i], lengths[i]);
+            if (m_isDate[i] != 0 && m_cells[i].substr(0, 10) == "0000-00-00")
+                m_cells[i] = std::string_view();
+        }
+        return true;
+    }
+
+    const std::vector<std::string_view> &cells() const { return m_cells; }
+
+private:
+    MYSQL_RES *m_result;
+    std::vector<std::string_view> m_cells;
+    std::vector<char> m_isDate;
+};
+
+/// The end of a cell needs one, two or four bytes, by the length of its row.
+unsigned endSizeFor(size_t textLength)
+{
+    if (textLength <= 0xff)
+        return 1;
+    return textLength <= 0xffff ? 2 : 4;
+}
+
+size_t readEnd(const char *at, unsigned size)
+{
+    quint32 end = 0;
+    if (size == 1) {
+        end = static_cast<quint8>(*at);
+    } else if (size == 2) {
+        quint16 half = 0;
+        std::memcpy(&half, at, sizeof half);
+        end = half;
+    } else {
+        std::memcpy(&end, at, sizeof end);
+    }
+    return end;
+}
+
+void writeEnd(char *at, unsigned size, size_t end)
+{
+    if (size == 1) {
+        *at = static_cast<char>(end);
+    } else if (size == 2) {
+        const auto half = static_cast<quint16>(end);
+        std::memcpy(at, &half, sizeof half);
+    } else {
+        const auto whole = static_cast<quint32>(end);
+        std::memcpy(at, &whole, sizeof whole);
+    }
+}
+} // namespace
+
+struct RowStore::Head
+{
+    unsigned cells;
+    unsigned endSize;
+
+    static constexpr size_t bytes = 2;
+
+    static Head of(const char *row)
+    {
+        quint16 packed = 0;
+        std::memcpy(&packed, row, bytes);
+        return {static_cast<unsigned>(packed) >> 3U, packed & 7U};
+    }
+    void write(char *row) const
+    {
+        const auto packed = static_cast<quint16>(cells << 3U | endSize);
+        std::memcpy(row, &packed, bytes);
+    }
+    size_t end(const char *row, unsigned cell) const
+    {
+        return readEnd(row + bytes + cell * endSize, endSize);
+    }
+    size_t textsAt() const { return bytes + cells * endSize; }
+};
+
+std::string_view RowStore::cell(int row, int column) const
+{
+    const char *begin = m_rows[static_cast<size_t>(row)];
+    if (begin == nullptr)
+        return {};
+    const Head head = Head::of(begin);
+    const auto cell = static_cast<unsigned>(column);
+    if (cell >= head.cells)
+        return {};
+    const size_t start = cell == 0 ? 0 : head.end(begin, cell - 1);
+    return {begin + head.textsAt() + start, head.end(begin, cell) - start};
+}
+
+char *RowStore::reserve(size_t bytes)
+{
+    if (m_chunks.empty() || m_chunkSize - m_used < bytes) {
+        const size_t next = m_chunks.empty() ? firstChunk : std::min(m_chunkSize * 2, largestChunk);
+        m_chunkSize = std::max(next, bytes);
+        m_chunks.emplace_back(new char[m_chunkSize]);
+        m_used = 0;
+    }
+    char *begin = m_chunks.back().get() + m_used;
+    m_used += bytes;
+    return begin;
+}
+
+/// Packs cells into the place of the row they replace when they fit there, else behind the last row.
+const char *RowStore::pack(const Cells &cells, const char *replaced)
+{
+    size_t length = 0;
+    for (const std::string_view text : cells)
+        length += text.size();
+    const Head head{static_cast<unsigned>(cells.size()), endSizeFor(length)};
+    char *row = nullptr;
+    if (replaced != nullptr) {
+        const Head old = Head::of(replaced);
+        const size_t room = old.textsAt() + (old.cells == 0 ? 0 : old.end(replaced, old.cells - 1));
+        if (head.textsAt() + length <= room)
+            row = const_cast<char *>(replaced);
+    }
+    if (row == nullptr)
+        row = reserve(head.textsAt() + length);
+    head.write(row);
+    size_t end = 0;
+    char *texts = row + head.textsAt();
+    for (unsigned i = 0; i < head.cells; ++i) {
+        if (!cells[i].empty())
+            std::memcpy(texts + end, cells[i].data(), cells[i].size());
+        end += cells[i].size();
+        writeEnd(row + Head::bytes + i * head.endSize, head.endSize, end);
+    }
+    return row;
+}
+
+void RowStore::write(int row, int firstColumn, const std::vector<std::string> &texts)
+{
+    const char *&begin = m_rows[static_cast<size_t>(row)];
+    const auto first = static_cast<size_t>(firstColumn);
+    const size_t there = begin == nullptr ? 0 : Head::of(begin).cells;
+    // Copies: the row may be overwritten in its place.
+    std::vector<std::string> whole(std::max(there, first + texts.size()));
+    for (size_t i = 0; i < there; ++i)
+        whole[i] = cell(row, static_cast<int>(i));
+    std::copy(texts.begin(), texts.end(), whole.begin() + firstColumn);
+    begin = pack(Cells(whole.begin(), whole.end()), begin);
+}
+
+RowStore RowStore::read(QSqlQuery &query)
+{
+    MYSQL_RES *result = storedResult(query);
+    if (result == nullptr)
+        return readValues(query);
+    RowStore store;
+    store.m_names = namesOf(query);
+    store.m_rows.reserve(static_cast<size_t>(query.size()));
+    ResultReader reader(result, 0);
+    while (reader.next())
+        store.append(reader.cells());
+    query.seek(QSql::BeforeFirstRow);
+    mysql_data_seek(result, 0);
+    return store;
+}
+
+RowStore RowStore::readValues(QSqlQuery &query)
+{
+    RowStore store;
+    store.m_names = namesOf(query);
+    query.seek(QSql::BeforeFirstRow);
+    while (query.next()) {
+        const std::vector<std::string> texts = readRecord(query);
+        store.append(Cells(texts.begin(), texts.end()));
+    }
+    query.seek(QSql::BeforeFirstRow);
+    return store;
+}
+
+std::vector<std::string> RowStore::readRecord(QSqlQuery &query)
+{
+    std::vector<std::string> texts;
+    if (!query.isValid())
+        return texts;
+    if (MYSQL_RES *result = storedResult(query); result != nullptr) {
+        ResultReader reader(result, query.at());
+        if (reader.next())
+            texts.assign(reader.cells().begin(), reader.cells().end());
+        return texts;
+    }
+    const int columns = query.record().count();
+    for (int i = 0; i < columns; ++i)
+        texts.push_back(toText(query.value(i)).toStdString());
+    return texts;
+}

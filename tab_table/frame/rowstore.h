@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QStringList>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QSqlQuery;
+
+/// The rows of an executed query as UTF-8 text, packed into large chunks; NULL and zero dates are empty.
+/// Movable, independent of the connection: a worker thread may read it and hand it to a model.
+class RowStore
+{
+public:
+    RowStore() = default;
+    RowStore(RowStore &&) = default;
+    RowStore &operator=(RowStore &&) = default;
+    Q_DISABLE_COPY(RowStore)
+
+    /// All rows of an executed query, whatever record it stands on; it stands before the first one
+    /// afterwards.
+    static RowStore read(QSqlQuery &query);
+    /// The query's current record; empty when it stands on none.
+    static std::vector<std::string> readRecord(QSqlQuery &query);
+
+    int rowCount() const { return static_cast<int>(m_rows.size()); }
+    int columnCount() const { return m_names.size(); }
+    /// The column names of the query.
+    const QStringList &columnNames() const { return m_names; }
+    /// The text of a cell, valid until the row is written; empty where the row has no such column.
+    std::string_view cell(int row, int column) const;
+
+    /// Appends rows whose cells are all empty.
+    void appendEmptyRows(int count) { m_rows.resize(m_rows.size() + static_cast<size_t>(count), nullptr); }
+    /// Replaces the texts from a column on; the row gets wider when that is needed.
+    void write(int row, int firstColumn, const std::vector<std::string> &texts);
+
+private:
+    using Cells = std::vector<std::string_view>;
+    /// A row is its head (number of cells, size of an end), the end of each cell's text, the texts.
+    struct Head;
+
+    static RowStore readValues(QSqlQuery &query);
+    void append(const Cells &cells) { m_rows.push_back(pack(cells, nullptr)); }
+    const char *pack(const Cells &cells, const char *replaced);
+    char *reserve(size_t bytes);
+
+    QStringList m_names;
+    std::vector<std::unique_ptr<char[]>> m_chunks;
+    size_t m_chunkSize = 0;
+    size_t m_used = 0;
+    /// Where each row begins; null for a row without texts.
+    std::vector<const char *> m_rows;
+};
