@@ -29,6 +29,9 @@ QString QMessEvent::line() const
 QString sourceLocation(const char *file, int line)
 {
     QString path = QString::fromUtf8(file);
+    // A compiler cache may hand the compiler paths that are relative to the build folder.
+    while (path.startsWith(QLatin1String("../")))
+        path.remove(0, 3);
     if (path.endsWith(QLatin1String(".cpp")))
         path.chop(4);
     return filePrefix + path + linePrefix + QString::number(line);

@@ -1,0 +1,4 @@
+#pragma once
+
+/// The program's version as it is shown, logged and remembered in the settings.
+constexpr char programVersion[] = "3. 0. 0. 17";

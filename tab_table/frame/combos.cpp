@@ -1,0 +1,26 @@
+#include "combos.h"
+
+#include "db.h"
+
+#include <QComboBox>
+#include <QSignalBlocker>
+#include <QSqlRecord>
+
+bool fillCombo(QComboBox *box, const Db &db, const QString &sql)
+{
+    const QSignalBlocker hold(box);
+    box->clear();
+    auto query = db.run(sql);
+    if (!query)
+        return false;
+    const bool hasData = query->record().count() > 1;
+    while (query->next())
+        box->addItem(toText(query->value(0)), hasData ? query->value(1) : QVariant());
+    box->setCurrentIndex(box->count() > 0 ? 0 : -1);
+    return true;
+}
+
+void chooseText(QComboBox *box, const QString &text)
+{
+    box->setCurrentIndex(box->findText(text));
+}

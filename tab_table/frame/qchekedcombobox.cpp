@@ -1,0 +1,105 @@
+#include "qchekedcombobox.h"
+
+#include <QSignalBlocker>
+#include <QStandardItemModel>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+
+QChekedComboBox::QChekedComboBox(QWidget *parent) : QComboBox(parent), m_items(new QStandardItemModel(this))
+{
+    setModel(m_items);
+    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 1px }"));
+    connect(m_items, &QStandardItemModel::rowsInserted, this, &QChekedComboBox::slotModelRowsInserted);
+    connect(m_items, &QStandardItemModel::itemChanged, this, &QChekedComboBox::slotModelItemChanged);
+}
+
+void QChekedComboBox::slotModelRowsInserted(const QModelIndex &parent, int first, int last)
+{
+    const QSignalBlocker hold(m_items);
+    for (int row = first; row <= last && !parent.isValid(); ++row) {
+        QStandardItem *item = m_items->item(row);
+        item->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+        item->setData(Qt::Unchecked, Qt::CheckStateRole);
+    }
+}
+
+void QChekedComboBox::setChekedItem(int row, Qt::CheckState state)
+{
+    if (QStandardItem *item = m_items->item(row))
+        item->setCheckState(state);
+}
+
+bool QChekedComboBox::isAllSelect() const
+{
+    return m_items->rowCount() > 0 && m_items->item(0)->checkState() != Qt::Unchecked;
+}
+
+QStringList QChekedComboBox::listTexts() const
+{
+    QStringList texts;
+    const QVariantList data = listData(Qt::DisplayRole);
+    for (const QVariant &text : data)
+        texts.append(text.toString());
+    return texts;
+}
+
+QVariantList QChekedComboBox::listData(int role) const
+{
+    QVariantList list;
+    for (int row = 0; row < m_items->rowCount(); ++row) {
+        if (m_items->item(row)->checkState() == Qt::Checked)
+            list.append(m_items->item(row)->data(role));
+    }
+    return list;
+}
+
+void QChekedComboBox::slotModelItemChanged(QStandardItem *item)
+{
+    {
+        const QSignalBlocker hold(m_items);
+        if (item->row() == 0) {
+            for (int row = 1; row < m_items->rowCount(); ++row)
+                m_items->item(row)->setCheckState(item->checkState());
+        } else {
+            bool all = true;
+            for (int row = 1; row < m_items->rowCount(); ++row)
+                all = all && m_items->item(row)->checkState() == Qt::Checked;
+            m_items->item(0)->setCheckState(all ? Qt::Checked : Qt::Unchecked);
+        }
+    }
+    // The blocked changes still have to be painted in an open list.
+    emit m_items->dataChanged(m_items->index(0, 0), m_items->index(m_items->rowCount() - 1, 0),
+                              {Qt::CheckStateRole});
+    updateDisplayText();
+    emit checkedChanged();
+}
+
+void QChekedComboBox::updateDisplayText()
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    m_displayText =
+        fontMetrics().elidedText(listTexts().join(QStringLiteral(", ")), Qt::ElideRight, field.width());
+    setToolTip(listTexts().join(QStringLiteral(", ")));
+    update();
+}
+
+void QChekedComboBox::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    option.currentText = m_displayText;
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void QChekedComboBox::resizeEvent(QResizeEvent *event)
+{
+    QComboBox::resizeEvent(event);
+    updateDisplayText();
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QComboBox>
+
+class QStandardItem;
+class QStandardItemModel;
+
+/// A combo box whose items carry check boxes; item 0 stands for all the others.
+class QChekedComboBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit QChekedComboBox(QWidget *parent = nullptr);
+
+    void setChekedItem(int row, Qt::CheckState state);
+    /// True when item 0 is not unchecked.
+    bool isAllSelect() const;
+    /// Texts or data of the checked items, item 0 included.
+    QStringList listTexts() const;
+    QVariantList listData(int role) const;
+    /// Joins the checked texts with ", " for the closed box, cut at its width.
+    void updateDisplayText();
+    QString displayText() const { return m_displayText; }
+
+signals:
+    /// A check was changed by the user or the program.
+    void checkedChanged();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private slots:
+    void slotModelRowsInserted(const QModelIndex &parent, int first, int last);
+    void slotModelItemChanged(QStandardItem *item);
+
+private:
+    QStandardItemModel *m_items;
+    QString m_displayText;
+};

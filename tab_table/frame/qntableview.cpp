@@ -1,0 +1,66 @@
+#include "qntableview.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+
+QNTableView::QNTableView(QWidget *parent) : QTableView(parent)
+{
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    verticalHeader()->setVisible(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+}
+
+void QNTableView::setEmptyText(const QString &text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+void QNTableView::mousePressEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    if (event->button() == Qt::LeftButton) {
+        m_pressedRow = index.row();
+        m_pressedX = event->x();
+        m_isPressed = true;
+    }
+    QTableView::mousePressEvent(event);
+    if (event->button() == Qt::RightButton)
+        emit RClicked(index);
+}
+
+void QNTableView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    const bool ends = event->button() == Qt::LeftButton && m_isPressed;
+    if (event->button() == Qt::LeftButton)
+        m_isPressed = false;
+    QTableView::mouseReleaseEvent(event);
+    if (ends && index.isValid() && index.row() == m_pressedRow && event->x() != m_pressedX)
+        emit LMoveMouseInRow(event->x() - m_pressedX, index);
+}
+
+void QNTableView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+}
+
+void QNTableView::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    if (m_emptyText.isEmpty() || model() == nullptr || model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QTableView>
+
+/// The grid of every tab: tells of right clicks and of horizontal drags, and says why it is empty.
+class QNTableView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit QNTableView(QWidget *parent = nullptr);
+
+    /// What stands in the middle while there is no row.
+    void setEmptyText(const QString &text);
+    QString emptyText() const { return m_emptyText; }
+
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+
+signals:
+    /// The index is invalid on empty space.
+    void RClicked(const QModelIndex &index);
+    /// A drag with the left button that began and ended in one row; to the left it is negative.
+    void LMoveMouseInRow(int countpx, const QModelIndex &index);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_emptyText;
+    int m_pressedRow = -1;
+    int m_pressedX = 0;
+    bool m_isPressed = false;
+};

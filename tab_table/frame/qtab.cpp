@@ -1,0 +1,305 @@
+#include "qtab.h"
+
+#include "db.h"
+#include "ean13.h"
+#include "listloader.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "qtabdelegate.h"
+#include "userstate.h"
+
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QSqlQuery>
+#include <QVBoxLayout>
+
+namespace {
+/// A wait cursor for as long as the scope lasts.
+class WaitCursor
+{
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY(WaitCursor)
+};
+} // namespace
+
+QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
+           QTabDelegate *delegate, QLayout *layout)
+    : QWidget(parent), m_setting(set), m_user(user), m_db(db), m_receiver(receiver), m_delegate(delegate)
+{
+    postTrace(receiver, QStringLiteral("In constructor QTab"));
+    buildGrid(layout);
+    connectDelegate();
+}
+
+QTab::~QTab()
+{
+    saveWidths();
+}
+
+void QTab::buildGrid(QLayout *layout)
+{
+    m_view = new QNTableView(this);
+    m_view->setObjectName(QStringLiteral("view"));
+    layout->addWidget(m_view);
+    m_count = new QLabel(this);
+    m_count->setObjectName(QStringLiteral("labelCount"));
+    layout->addWidget(m_count);
+    setLayout(layout);
+    m_model = new QRowModel(m_view);
+    m_view->setModel(m_model);
+    m_view->setSortingEnabled(true);
+}
+
+void QTab::connectDelegate()
+{
+    if (m_delegate == nullptr)
+        return;
+    m_delegate->setParent(this);
+    m_view->setItemDelegate(m_delegate);
+    connect(m_delegate, &QTabDelegate::delnewrecord, this, &QTab::delnewrecord);
+    // After the editor is gone: the view cannot open the next one while it closes this one.
+    connect(m_delegate, &QTabDelegate::extNextEdit, this, &QTab::NextEdit, Qt::QueuedConnection);
+}
+
+Db QTab::db() const
+{
+    return Db(m_db, m_receiver);
+}
+
+bool QTab::mayEdit() const
+{
+    return m_user->mayEdit(m_permission);
+}
+
+bool QTab::isLoading() const
+{
+    return m_loader != nullptr && m_loader->isLoading();
+}
+
+QString QTab::statement() const
+{
+    return (query.isEmpty() ? QStringLiteral("SELECT * FROM ") + table : query) + filter;
+}
+
+void QTab::ShowData()
+{
+    ShowData(0);
+}
+
+void QTab::ShowData(int limit)
+{
+    postTrace(m_receiver, QStringLiteral("In QTab::ShowData.\nName table: ") + table +
+                              QStringLiteral("\nquery: ") + query);
+    const WaitCursor wait;
+    if (m_loader != nullptr)
+        m_loader->cancel();
+    m_model->removeRows(0, m_model->rowCount());
+    QString sql = statement();
+    if (limit >= 1)
+        sql += QStringLiteral(" LIMIT ") + QString::number(limit);
+    auto rows = db().run(sql, {}, tr("Помилка запиту."));
+    if (!rows) {
+        m_view->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
+        m_count->clear();
+        return;
+    }
+    showInModel(*rows);
+    rowsShown();
+    afterLoading(m_model->rowCount());
+}
+
+void QTab::search(const QString &newFilter, const QString &countSql)
+{
+    filter = newFilter;
+    if (m_loader == nullptr) {
+        m_loader = new ListLoader(m_db->connectionName(), m_receiver, this);
+        connect(m_loader, &ListLoader::found, this, &QTab::showFound);
+    }
+    m_count->setText(tr("Пошук…"));
+    m_loader->load(statement(), countSql);
+}
+
+void QTab::showFound(const std::shared_ptr<FoundRows> &found)
+{
+    if (!found->error.isEmpty()) {
+        postMessage(m_receiver, tr("Помилка запиту.") + QLatin1Char('\n') + found->error);
+        m_model->removeRows(0, m_model->rowCount());
+        m_view->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
+        m_count->clear();
+        return;
+    }
+    m_model->replaceRows(std::move(found->rows));
+    rowsShown();
+    afterLoading(found->count);
+}
+
+void QTab::afterLoading(qint64 count)
+{
+    sortAsBefore();
+    m_view->setEmptyText(filter.isEmpty() ? tr("Записів ще немає.")
+                                          : tr("За цими умовами нічого не знайдено."));
+    m_count->setText(tr("Записів: %1").arg(count));
+    emit loaded();
+}
+
+void QTab::sortAsBefore()
+{
+    const QHeaderView *header = m_view->horizontalHeader();
+    if (header->sortIndicatorSection() >= 0)
+        m_model->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
+}
+
+void QTab::showInModel(QSqlQuery &q)
+{
+    m_model->fill(q);
+}
+
+void QTab::showInModel(QSqlQuery &q, int firstColumn, int row)
+{
+    m_model->writeRecord(q, firstColumn, row);
+}
+
+void QTab::editadd(const QString &where, const QModelIndex &index, bool full, unsigned int limit)
+{
+    if (full) {
+        postTrace(m_receiver, tr("Повне оновлення таблиці"));
+        ShowData(static_cast<int>(limit));
+        return;
+    }
+    postTrace(m_receiver, tr("Оновлення одного запису id=") + where);
+    const QString sql =
+        (query.isEmpty() ? QStringLiteral("SELECT * FROM ") + table : query) + QLatin1Char(' ') + where;
+    auto record = db().run(sql, {}, tr("Помилка при зчитуванні запису."));
+    if (!record)
+        return;
+    if (!record->next()) {
+        postMessage(m_receiver, tr("Запис не знайдено в базі!"), QMessEvent::Warning);
+        return;
+    }
+    const int row = index.isValid() ? index.row() : m_model->rowCount();
+    if (!index.isValid())
+        m_model->insertRow(row);
+    showInModel(*record, index.isValid() ? 1 : 0, row);
+    rowShown(row);
+    if (!index.isValid())
+        m_view->setCurrentIndex(m_model->index(row, 0));
+}
+
+void QTab::finishEditing(bool accepted, const QString &where, const QModelIndex &index)
+{
+    if (accepted)
+        editadd(where, index, false);
+    else
+        postMessage(m_receiver,
+                    index.isValid() ? tr("Зміни не внесені, відмінено користувачем!")
+                                    : tr("Запис не додано, відмінено користувачем!"),
+                    QMessEvent::Information);
+}
+
+void QTab::Edit()
+{
+    Edit(m_view->currentIndex());
+}
+
+void QTab::Edit(const QModelIndex &index)
+{
+    if (index.isValid() && m_delegate != nullptr && mayEdit())
+        m_view->edit(index);
+}
+
+void QTab::Add()
+{
+    if (m_delegate == nullptr || !mayEdit())
+        return;
+    m_delegate->startAdding();
+    const int row = m_model->rowCount();
+    m_model->insertRow(row);
+    const QModelIndex name = m_model->index(row, 1);
+    m_view->setCurrentIndex(name);
+    m_view->edit(name);
+}
+
+void QTab::delnewrecord()
+{
+    m_model->removeRow(m_model->rowCount() - 1);
+}
+
+void QTab::NextEdit()
+{
+    Add();
+}
+
+void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths, QStandardItemModel *model,
+                         QTableView *view)
+{
+    if (headers == nullptr)
+        return;
+    for (int i = 0; i < headers->size(); ++i) {
+        const int column = model->columnCount();
+        model->insertColumn(column);
+        model->setHeaderData(column, Qt::Horizontal, headers->at(i));
+        view->setColumnWidth(column, i < widths.size()
+                                         ? widths.at(i)
+                                         : view->fontMetrics().horizontalAdvance(headers->at(i)) + 40);
+    }
+}
+
+void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths)
+{
+    InsertColumns(headers, widths, m_model, m_view);
+}
+
+void QTab::setColumns(const QVector<Column> &columns)
+{
+    m_model->setColumns(columns);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Column &column = columns.at(i);
+        const int scaled = column.width * logicalDpiX() / 96;
+        const int caption = m_view->horizontalHeader()->sectionSizeHint(i) + fontMetrics().height();
+        m_view->setColumnWidth(i, qMax(scaled, caption));
+        m_view->setColumnHidden(i, column.hidden);
+    }
+    restoreWidths();
+}
+
+QString QTab::widthsKey() const
+{
+    return QStringLiteral("columns/") + QLatin1String(metaObject()->className());
+}
+
+void QTab::restoreWidths()
+{
+    const QVariantList widths = rememberedState(m_user->idUser(), widthsKey()).toList();
+    if (widths.size() != m_model->columnCount())
+        return;
+    for (int i = 0; i < widths.size(); ++i) {
+        if (!m_view->isColumnHidden(i) && widths.at(i).toInt() > 0)
+            m_view->setColumnWidth(i, widths.at(i).toInt());
+    }
+}
+
+void QTab::saveWidths() const
+{
+    QVariantList widths;
+    for (int i = 0; i < m_model->columnCount(); ++i)
+        widths.append(m_view->columnWidth(i));
+    rememberState(m_user->idUser(), widthsKey(), widths);
+}
+
+QWidget *QTab::addFilterBar()
+{
+    auto *bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("filterBar"));
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, bar);
+    return bar;
+}
+
+int QTab::CSEAN13(const QString &code, int len)
+{
+    return eanCheckDigit(code, len).unicode();
+}

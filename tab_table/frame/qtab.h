@@ -1,0 +1,144 @@
+#pragma once
+
+#include "columns.h"
+
+#include <QModelIndex>
+#include <QSqlDatabase>
+#include <QWidget>
+#include <memory>
+
+class Db;
+class ListLoader;
+class QComboBox;
+class QLabel;
+class QLoadedUser;
+class QNTableView;
+class QRowModel;
+class QSqlQuery;
+class QStandardItemModel;
+class QTabDelegate;
+class QTableView;
+class setting;
+struct FoundRows;
+
+/// The base of every tab that lists one table of the database: it owns grid and model, loads the rows,
+/// refreshes one after an edit and knows which shops and groups the user may see.
+///
+/// A concrete tab sets table, query and columns in its constructor, then calls ShowData().
+class QTab : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// delegate: the inline editor, or null for tabs that edit in dialogs. The tab takes it and the
+    /// layout, and adds the grid to the layout.
+    QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
+         QTabDelegate *delegate, QLayout *layout);
+    ~QTab() override;
+
+    /// Fills the model with all rows of an executed query. Tabs that colour rows extend it.
+    virtual void showInModel(QSqlQuery &q);
+    /// Writes the query's current record into a row, from the column firstColumn on.
+    virtual void showInModel(QSqlQuery &q, int firstColumn, int row);
+
+    /// Refreshes after an edit: everything, or the one record that `where` selects. An invalid index
+    /// means that the record was added; its new row becomes the current one.
+    void editadd(const QString &where, const QModelIndex &index, bool full, unsigned int limit = 0);
+
+    QNTableView *view() const { return m_view; }
+    QRowModel *model() const { return m_model; }
+    const QString &tableName() const { return table; }
+    /// The permission id that decides what the user may do here; the host gives it.
+    void setPermission(int id) { m_permission = id; }
+    /// True when the user has full rights here: records may be added and changed.
+    bool mayEdit() const;
+    /// True while a search is on its way.
+    bool isLoading() const;
+
+    /// The declared length of a CHAR column; 0 when it is not known: set no limit then.
+    int GetMaxChar(const QString &tableName, const QString &column) const;
+    static int GetMaxChar(QSqlDatabase *db, QObject *receiver, const QString &tableName,
+                          const QString &column);
+
+    /// The character code of the check digit of a barcode with len data digits (12 or 7).
+    static int CSEAN13(const QString &code, int len);
+
+    /// A condition on `field` that admits the user's shop groups; group 1 only withDefault.
+    static QString GetStrLstGroupFromPermis(const QLoadedUser *user, const QString &field, bool withDefault);
+    /// The shop groups that the user may see: names as a list or, with a box, items that carry the id.
+    static QStringList GetLstGroupShopFromPermis(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
+                                                 bool withDefault, QComboBox *box);
+    /// The shops that the user may see, each once; extra: a further condition (" AND ...").
+    static QStringList GetLstShopFromPermis(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
+                                            const QString &extra, QComboBox *box);
+
+    /// Inserts one column per caption; column i is widths[i] pixels wide, or as its caption plus 40.
+    static void InsertColumns(const QStringList *headers, const QList<int> &widths, QStandardItemModel *model,
+                              QTableView *view);
+    void InsertColumns(const QStringList *headers, const QList<int> &widths);
+
+public slots:
+    /// Reloads the grid; a limit below 1 means none.
+    void ShowData(int limit);
+    void ShowData();
+    /// Edits the current row.
+    void Edit();
+    /// Edits a row: here inline, for tabs with a delegate; tabs with an editor dialog open it.
+    virtual void Edit(const QModelIndex &index);
+    /// Appends a row and starts inline editing of it; only tabs with a delegate do that.
+    virtual void Add();
+    void delnewrecord();
+    void NextEdit();
+
+signals:
+    /// The rows of a search, or of ShowData, stand in the grid.
+    void loaded();
+
+protected:
+    Db db() const;
+    QLoadedUser *user() const { return m_user; }
+    QObject *receiver() const { return m_receiver; }
+    setting *settings() const { return m_setting; }
+
+    /// The columns in the order of the SELECT; widths that the user has set before come back.
+    void setColumns(const QVector<Column> &columns);
+    /// A row of filter widgets above the grid.
+    QWidget *addFilterBar();
+    /// Reloads query + filter without blocking the window; what an older search finds is dropped.
+    /// countSql tells how many records there are.
+    void search(const QString &filter, const QString &countSql);
+    /// What follows an editor: the row is refreshed, or a notice tells that nothing was written.
+    void finishEditing(bool accepted, const QString &where, const QModelIndex &index);
+    /// Called when the rows stand in the model, after every load: for colours.
+    virtual void rowsShown() {}
+    /// Called after one row was written again.
+    virtual void rowShown(int row) { Q_UNUSED(row) }
+
+    /// The database table, and the SELECT that shows it (empty: the plain table).
+    QString table;
+    QString query;
+    /// What the filter adds to the query (" WHERE ..."); kept for the next reload.
+    QString filter;
+
+private:
+    void buildGrid(QLayout *layout);
+    void connectDelegate();
+    void showFound(const std::shared_ptr<FoundRows> &found);
+    void afterLoading(qint64 count);
+    void sortAsBefore();
+    QString statement() const;
+    void restoreWidths();
+    void saveWidths() const;
+    QString widthsKey() const;
+
+    setting *m_setting;
+    QLoadedUser *m_user;
+    QSqlDatabase *m_db;
+    QNTableView *m_view = nullptr;
+    QRowModel *m_model = nullptr;
+    QLabel *m_count = nullptr;
+    QObject *m_receiver;
+    QTabDelegate *m_delegate;
+    ListLoader *m_loader = nullptr;
+    int m_permission = -1;
+};
