@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class QSelUser;
+}
+
+/// The login dialog: a login name, and a password or the barcode of a user card.
+///
+/// A barcode is the prefix of the settings, the user's key of ten digits and the check digit. In card
+/// mode (the tick box) nothing else is taken but texts of up to nine characters; without it any text is,
+/// and a sound barcode counts as a card all the same.
+class QSelUser : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// directory: of the settings file that keeps the remembered login; prefix: of the user cards.
+    /// cardMode: starts in card mode. mayRemember: offers to remember the login.
+    QSelUser(const QString &directory, const QString &prefix, QWidget *parent, bool cardMode = false,
+             bool mayRemember = true);
+    ~QSelUser() override;
+
+    /// What was entered, valid after acceptance. identifier: the key of a card, else the typed text.
+    QString login() const;
+    QString identifier() const { return m_identifier; }
+    /// True when the identifier is a card's key, which finds the user alone: the login does not count.
+    bool isCard() const { return m_isCard; }
+
+    /// The check digit of a code's first twelve digits; a null character for a shorter code.
+    static QChar CSEAN13(const QString &code);
+
+public slots:
+    int exec() override;
+    void ok();
+    void canc();
+
+private:
+    void connectButtons();
+    void readlogin();
+    void savelogin();
+    void clrsavinglogin();
+    void rememberLogin();
+    bool takeCard(const QString &text);
+    bool takeInCardMode(const QString &text);
+    bool refuse(const QString &reason);
+    bool take(const QString &identifier, bool isCard);
+
+    std::unique_ptr<Ui::QSelUser> ui;
+    QString m_directory;
+    QString m_prefix;
+    QString m_identifier;
+    bool m_isCard = false;
+};
