@@ -9,6 +9,7 @@ QChangPass::QChangPass(quint32 idUser, QSqlDatabase *db, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::QChangPass>()), m_idUser(idUser), m_db(db)
 {
     ui->setupUi(this);
+    ui->leCurrent->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     connect(ui->pbChang, &QPushButton::clicked, this, &QChangPass::chang);
     connect(ui->pbClose, &QPushButton::clicked, this, &QChangPass::close);
 }

@@ -30,6 +30,7 @@ QSelUser::QSelUser(const QString &directory, const QString &prefix, QWidget *par
     ui->setupUi(this);
     ui->chbCard->setChecked(cardMode);
     ui->chbRemember->setVisible(mayRemember);
+    ui->leLogin->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     readlogin();
     connectButtons();
 }

@@ -9,9 +9,9 @@ class QSelUser;
 
 /// The login dialog: a login name, and a password or the barcode of a user card.
 ///
-/// A barcode is the prefix of the settings, the user's key of ten digits and the check digit. In card
-/// mode (the tick box) nothing else is taken but texts of up to nine characters; without it any text is,
-/// and a sound barcode counts as a card all the same.
+/// A barcode is thirteen digits: the prefix of the settings and the user's key of ten, whose last digit is
+/// the check digit of the whole. In card mode (the tick box) nothing else is taken but texts of up to nine
+/// characters; without it any text is, and a sound barcode counts as a card all the same.
 class QSelUser : public QDialog
 {
     Q_OBJECT

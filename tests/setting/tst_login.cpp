@@ -1,0 +1,257 @@
+#include "testing.h"
+
+#include "qchangpass.h"
+#include "qloadeduser.h"
+#include "qqestion.h"
+#include "qseluser.h"
+#include "setting.h"
+#include "settingfile.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+/// The login dialog with passwords and cards, and the change of the own password.
+class TstLogin : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { m_told.clear(); }
+
+    void checkDigit();
+    void identifierIsTaken_data();
+    void identifierIsTaken();
+    void identifierIsRefused_data();
+    void identifierIsRefused();
+    void emptyLoginIsRefused();
+    void enterAcceptsAndEscapeRejects();
+    void rememberedLogin();
+    void passwordIsChanged_data();
+    void passwordIsChanged();
+    void passwordIsRefused_data();
+    void passwordIsRefused();
+    void failedChangeIsReported();
+
+private:
+    /// Runs act and remembers title and text of the warning it shows.
+    void hear(const std::function<void()> &act);
+    void fill(QSelUser *dialog, const QString &login, const QString &pass);
+
+    QStringList m_told;
+};
+
+void TstLogin::hear(const std::function<void()> &act)
+{
+    withModal<QQestion>(act, [this](QQestion *question) {
+        m_told = QStringList{question->windowTitle(), child<QLabel>(question, "labelText")->text()};
+        question->accept();
+    });
+}
+
+void TstLogin::fill(QSelUser *dialog, const QString &login, const QString &pass)
+{
+    child<QLineEdit>(dialog, "leLogin")->setText(login);
+    child<QLineEdit>(dialog, "lePass")->setText(pass);
+}
+
+void TstLogin::checkDigit()
+{
+    QCOMPARE(QSelUser::CSEAN13("220000000000"), QChar('2'));
+    QCOMPARE(QSelUser::CSEAN13("4006381333931"), QChar('1'));
+    QVERIFY(QSelUser::CSEAN13("22000000000").isNull());
+}
+
+void TstLogin::identifierIsTaken_data()
+{
+    QTest::addColumn<bool>("cardMode");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("identifier");
+    QTest::addColumn<bool>("isCard");
+    QTest::newRow("card") << true << "2200000000422"
+                          << "0000000422" << true;
+    QTest::newRow("card in password mode") << false << "2200000000422"
+                                           << "0000000422" << true;
+    QTest::newRow("wrong check digit is a password") << false << "2200000000423"
+                                                     << "2200000000423" << false;
+    QTest::newRow("foreign prefix is a password") << false << "4820000000000"
+                                                  << "4820000000000" << false;
+    QTest::newRow("nine in card mode") << true << "123456789"
+                                       << "123456789" << false;
+    QTest::newRow("empty") << false << ""
+                           << "" << false;
+    QTest::newRow("long password") << false << "пароль з пробілами ' \\ і 40 знаками у ньому"
+                                   << "пароль з пробілами ' \\ і 40 знаками у ньому" << false;
+}
+
+void TstLogin::identifierIsTaken()
+{
+    QFETCH(bool, cardMode);
+    QFETCH(QString, typed);
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr, cardMode);
+    fill(&dialog, "admin", typed);
+    hear([&] { dialog.ok(); });
+    QCOMPARE(m_told, QStringList());
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    QTEST(dialog.identifier(), "identifier");
+    QTEST(dialog.isCard(), "isCard");
+    QCOMPARE(dialog.login(), QString("admin"));
+}
+
+void TstLogin::identifierIsRefused_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("prefix") << "2210000000425"
+                            << "Попередження error prefics";
+    QTest::newRow("check digit") << "2200000000423"
+                                 << "Попередження error rcr";
+    QTest::newRow("letters") << "220000000004x"
+                             << "Попередження error rcr";
+    for (const int length : {10, 12, 14, 40})
+        QTest::addRow("%d", length) << QString(length, '2') << "Попередження >9";
+}
+
+void TstLogin::identifierIsRefused()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, title);
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr, true);
+    fill(&dialog, "admin", typed);
+    hear([&] { dialog.ok(); });
+    QCOMPARE(m_told, QStringList({title, "Невірний ідентифікатор"}));
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+    QCOMPARE(child<QLineEdit>(&dialog, "lePass")->text(), typed);
+}
+
+void TstLogin::emptyLoginIsRefused()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    fill(&dialog, "", "2200000000422");
+    hear([&] { dialog.ok(); });
+    QCOMPARE(m_told, QStringList({"Попередження", "Імя користувача не може бути пустим"}));
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+}
+
+void TstLogin::enterAcceptsAndEscapeRejects()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    QCOMPARE(dialog.windowTitle(), QString("Введіть дані користувача"));
+    QCOMPARE(child<QLineEdit>(&dialog, "lePass")->echoMode(), QLineEdit::Password);
+    fill(&dialog, "admin", "x");
+    QVERIFY(withModal<QSelUser>([&] { QCOMPARE(dialog.exec(), 0); },
+                                [](QSelUser *shown) { QTest::keyClick(shown, Qt::Key_Escape); }));
+    QVERIFY(withModal<QSelUser>(
+        [&] { QCOMPARE(dialog.exec(), 1); },
+        [](QSelUser *shown) { QTest::keyClick(child<QLineEdit>(shown, "lePass"), Qt::Key_Return); }));
+}
+
+void TstLogin::rememberedLogin()
+{
+    const QTemporaryDir directory;
+    QSelUser first(directory.path(), "220", nullptr);
+    fill(&first, "їжак, 'o\\", "2200000000422");
+    child<QCheckBox>(&first, "chbRemember")->setChecked(true);
+    first.ok();
+    QCOMPARE(SettingFile(directory.path()).value("DEFLOGIN/PASS").toString(), QString("2200000000422"));
+
+    QSelUser second(directory.path(), "220", nullptr);
+    QCOMPARE(second.login(), QString("їжак, 'o\\"));
+    QCOMPARE(child<QLineEdit>(&second, "lePass")->text(), QString("2200000000422"));
+    child<QCheckBox>(&second, "chbRemember")->setChecked(false);
+    second.ok();
+    QCOMPARE(SettingFile(directory.path()).value("DEFLOGIN/DEFLOGIN").toString(), QString());
+    QCOMPARE(SettingFile(directory.path()).value("DEFLOGIN/PASS").toString(), QString());
+    QVERIFY(QSelUser(directory.path(), "220", nullptr).login().isEmpty());
+}
+
+void TstLogin::passwordIsChanged_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("current");
+    QTest::addColumn<QString>("next");
+    QTest::newRow("empty, in clear") << ""
+                                     << ""
+                                     << "їжак'\\";
+    QTest::newRow("in clear") << "clear"
+                              << "clear"
+                              << "новий пароль довший за тридцять два знаки";
+    QTest::newRow("hashed, long") << passwordHash(QString(50, 'x')) << QString(50, 'x') << " ";
+}
+
+void TstLogin::passwordIsChanged()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, current);
+    QFETCH(QString, next);
+    FreshDatabase base;
+    base.exec("UPDATE users SET pass=" + lit(stored));
+    QChangPass dialog(1, base.connection(), nullptr);
+    child<QLineEdit>(&dialog, "leCurrent")->setText(current);
+    child<QLineEdit>(&dialog, "leNew")->setText(next);
+    child<QLineEdit>(&dialog, "leRepeat")->setText(next);
+    hear([&] { child<QPushButton>(&dialog, "pbChang")->click(); });
+    QCOMPARE(m_told, QStringList());
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), passwordHash(next));
+    QLoadedUser user(nullptr, &base.heard);
+    QVERIFY(user.loadpermis(base.connection(), "admin", next));
+    QVERIFY(!user.loadpermis(base.connection(), "admin", current));
+}
+
+void TstLogin::passwordIsRefused_data()
+{
+    QTest::addColumn<QStringList>("typed");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("unequal") << QStringList{"now", "one", "One"} << "Нові паролі не співпадають!";
+    QTest::newRow("empty") << QStringList{"now", "", ""} << "Новий пароль не може бути пустим!";
+    QTest::newRow("wrong current") << QStringList{"' OR 1=1 -- ", "one", "one"}
+                                   << "Поточний пароль не вірний!";
+    QTest::newRow("another's") << QStringList{"now", "taken", "taken"}
+                               << "Цей пароль використати не можна. Оберіть інший пароль.";
+}
+
+void TstLogin::passwordIsRefused()
+{
+    QFETCH(QStringList, typed);
+    QFETCH(QString, text);
+    FreshDatabase base;
+    base.exec("UPDATE users SET pass='now'");
+    base.exec("INSERT INTO users(login,pass,key_prem,name,surname,id_g_prem) VALUES('b'," +
+              lit(passwordHash("taken")) + ",'2','Б','Б',1)");
+    QChangPass dialog(1, base.connection(), nullptr);
+    const QStringList fields = {"leCurrent", "leNew", "leRepeat"};
+    for (int i = 0; i < fields.size(); ++i)
+        child<QLineEdit>(&dialog, fields.at(i))->setText(typed.at(i));
+    hear([&] { dialog.chang(); });
+    QCOMPARE(m_told, QStringList({"Попередження", text}));
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+    for (int i = 0; i < fields.size(); ++i)
+        QCOMPARE(child<QLineEdit>(&dialog, fields.at(i))->text(), typed.at(i));
+    QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), QString("now"));
+}
+
+void TstLogin::failedChangeIsReported()
+{
+    FreshDatabase base;
+    base.exec(
+        "CREATE TRIGGER stop BEFORE UPDATE ON users FOR EACH ROW SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='ні'");
+    QChangPass dialog(1, base.connection(), nullptr);
+    child<QLineEdit>(&dialog, "leNew")->setText("one");
+    child<QLineEdit>(&dialog, "leRepeat")->setText("one");
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression("In file: setting/qchangpass line: .*Помилка запиту\nні\nUPDATE"));
+    dialog.chang();
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+    QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), QString());
+}
+
+QTEST_MAIN(TstLogin)
+#include "tst_login.moc"

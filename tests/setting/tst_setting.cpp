@@ -1,0 +1,256 @@
+#include "testing.h"
+
+#include "qqestion.h"
+#include "setting.h"
+#include "settingfile.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTemporaryDir>
+
+/// The main window of a test: it remembers what is posted to it.
+class Window : public QWidget
+{
+public:
+    bool event(QEvent *event) override
+    {
+        return event->type() == static_cast<QEvent::Type>(1000) ? heard.event(event) : QWidget::event(event);
+    }
+    Heard heard;
+};
+
+/// The settings file, its dialog and the keys that are read without either.
+class TstSetting : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void emptyFileGivesDefaults();
+    void everyKeySurvives_data();
+    void everyKeySurvives();
+    void handWrittenFile();
+    void cancelChangesNothing();
+    void singleKeysSeeEachOther();
+    void otherWritersKeepTheirKeys();
+    void missingLibraryIsTold();
+    void unwritableFileIsTold();
+    void chosenFilesGoToTheirFields();
+    void everyInputHasALabel();
+
+private:
+    QString text(const char *key) const
+    {
+        return SettingFile(m_directory->path()).typed(key, QString()).toString();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_directory;
+    std::unique_ptr<Window> m_window;
+};
+
+void TstSetting::init()
+{
+    m_directory = std::make_unique<QTemporaryDir>();
+    m_window = std::make_unique<Window>();
+}
+
+void TstSetting::cleanup()
+{
+    m_window.reset();
+    m_directory.reset();
+}
+
+void TstSetting::emptyFileGivesDefaults()
+{
+    const setting set(m_directory->path(), m_window.get());
+    const DatabaseAddress address = set.databaseAddress();
+    QCOMPARE(address.host, QString("localhost"));
+    QCOMPARE(address.port, 3306);
+    QCOMPARE(address.user, QString("user"));
+    QCOMPARE(address.name, QString("testbase"));
+    QCOMPARE(address.driver, QString("QMYSQL"));
+    QCOMPARE(address.password, QString("lemk"));
+    QCOMPARE(set.countMsg(), 100);
+    QCOMPARE(set.prefIdentify(), QString("220"));
+    QVERIFY(!set.isAutoUpdate() && set.isTransferMode());
+    QVERIFY(set.kassaDrag().path.isEmpty() && set.pathLanguage().isEmpty() && set.loginAt().isEmpty());
+    QVERIFY2(!QFile::exists(SettingFile::path(m_directory->path())), "reading must write nothing");
+}
+
+void TstSetting::everyKeySurvives_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *value : {"a, b;c=\"d\" [x]", "C:\\prog\\new\\test.exe", "ґанок їжака №1 — 100%",
+                              " blanks ", "@Invalid()", "@x", "-a 1,2 [{IP}]", "\\x41", "", "true"})
+        QTest::newRow(value) << QString::fromUtf8(value);
+}
+
+void TstSetting::everyKeySurvives()
+{
+    QFETCH(QString, text);
+    setting first(m_directory->path(), m_window.get());
+    for (auto *edit : first.findChildren<QLineEdit *>(QRegularExpression("^le")))
+        edit->setText(text.left(edit->maxLength()));
+    child<QSpinBox>(&first, "sbPort")->setValue(65535);
+    child<QSpinBox>(&first, "sbCountMsg")->setValue(7);
+    child<QComboBox>(&first, "cbDriver")->setCurrentText("QPSQL");
+    child<QCheckBox>(&first, "chbAutoUpdate")->setChecked(true);
+    child<QCheckBox>(&first, "chbTransferMode")->setChecked(false);
+    const QSignalSpy saved(&first, &setting::saved);
+    first.save();
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(first.loginAt(), text + "@");
+
+    const setting second(m_directory->path(), m_window.get());
+    for (const SettingKey &key : settingKeys()) {
+        const auto *edit = second.findChild<QLineEdit *>(key.widget);
+        if (edit != nullptr)
+            QVERIFY2(edit->text() == text.left(edit->maxLength()), key.path);
+    }
+    QCOMPARE(second.databaseAddress().port, 65535);
+    QCOMPARE(second.databaseAddress().driver, QString("QPSQL"));
+    QCOMPARE(second.databaseAddress().password, text);
+    QCOMPARE(second.countMsg(), 7);
+    QVERIFY(second.isAutoUpdate() && !second.isTransferMode());
+    QCOMPARE(second.kassaDrag().param, text);
+    QCOMPARE(second.shopRightClick().path, text);
+}
+
+void TstSetting::handWrittenFile()
+{
+    QFile file(SettingFile::path(m_directory->path()));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[QMYSQL]\nPORT=none\nNAMEBASE=мережа\n[COMAND_RCLICK_KASS]\nPATH_PROGRAM=/opt/v\n"
+               "PARAM_PRG=-a 1,2,[{IP}]\n[UNKNOWN]\nKEY=stays\n");
+    file.close();
+    setting set(m_directory->path(), m_window.get());
+    QCOMPARE(set.databaseAddress().port, 3306);
+    QCOMPARE(set.databaseAddress().name, QString("мережа"));
+    QCOMPARE(set.kassaRightClick().param, QString("-a 1,2,[{IP}]"));
+    set.save();
+    QCOMPARE(text("UNKNOWN/KEY"), QString("stays"));
+    QCOMPARE(text("COMAND_RCLICK_KASS/PARAM_PRG"), QString("-a 1,2,[{IP}]"));
+}
+
+void TstSetting::cancelChangesNothing()
+{
+    setting set(m_directory->path(), m_window.get());
+    const QSignalSpy saved(&set, &setting::saved);
+    QVERIFY(withModal<setting>([&] { QCOMPARE(set.exec(), 0); },
+                               [](setting *dialog) {
+                                   child<QLineEdit>(dialog, "leHost")->setText("other");
+                                   QTest::keyClick(dialog, Qt::Key_Escape);
+                               }));
+    QVERIFY(saved.isEmpty());
+    QCOMPARE(set.databaseAddress().host, QString("localhost"));
+    QVERIFY(withModal<setting>([&] { QCOMPARE(set.exec(), 1); },
+                               [](setting *dialog) {
+                                   QCOMPARE(child<QLineEdit>(dialog, "leHost")->text(), QString("localhost"));
+                                   child<QLineEdit>(dialog, "leHost")->setText("new");
+                                   QTest::keyClick(child<QLineEdit>(dialog, "leHost"), Qt::Key_Return);
+                               }));
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(text("QMYSQL/IP"), QString("new"));
+}
+
+void TstSetting::singleKeysSeeEachOther()
+{
+    const QString directory = m_directory->path();
+    setting::SetStyle(directory, "Fusion");
+    QCOMPARE(setting::GetStyle(directory), QString("Fusion"));
+    QCOMPARE(setting::GetPathLanguage(directory), QString());
+    QVERIFY(!setting::GetAutoupdate(directory));
+    SettingFile(directory).setValue("VERSION/VERSION", "9");
+    setting::SetCurVersion(directory);
+    QCOMPARE(setting::GetVersion(directory), QString("3. 0. 0. 17"));
+}
+
+void TstSetting::otherWritersKeepTheirKeys()
+{
+    setting set(m_directory->path(), m_window.get());
+    SettingFile(m_directory->path()).setValue("DEFLOGIN/DEFLOGIN", "olena");
+    QVERIFY(withModal<setting>([&] { set.exec(); }, [](setting *dialog) { dialog->save(); }));
+    QCOMPARE(text("DEFLOGIN/DEFLOGIN"), QString("olena"));
+}
+
+void TstSetting::missingLibraryIsTold()
+{
+    setting set(m_directory->path(), m_window.get());
+    Heard &heard = m_window->heard;
+    QCoreApplication::sendPostedEvents(m_window.get());
+    QCOMPARE(heard.all().size(), 3);
+    QCOMPARE(heard.all().at(0).text, QString("In constructor setting load library"));
+    QVERIFY(heard.all().at(1).text.startsWith("Не вдалося завантажити криптографічну бібліотеку."));
+    QCOMPARE(heard.all().at(2).text, QString("Помилка виклику фунції розшифровки паолю"));
+    QVERIFY(heard.all().at(2).location.startsWith("In file: setting/setting line: "));
+    QVERIFY2(heard.texts().isEmpty(), "a start without the library must not be interrupted");
+    QVERIFY(!child<QLabel>(&set, "labelLibrary")->isHidden());
+    heard.forget();
+    set.save();
+    QCoreApplication::sendPostedEvents(m_window.get());
+    QVERIFY(heard.has("Помилка виклику фунції шифрування паолю"));
+    QCOMPARE(text("QMYSQL/PASSWORD"), QString("lemk"));
+}
+
+void TstSetting::unwritableFileIsTold()
+{
+    QFile blocking(m_directory->filePath("file"));
+    QVERIFY(blocking.open(QIODevice::WriteOnly));
+    setting set(blocking.fileName(), m_window.get());
+    child<QLineEdit>(&set, "leHost")->setText("other");
+    const QSignalSpy saved(&set, &setting::saved);
+    const QString told = answerQuestion([&] { set.save(); });
+    QVERIFY2(told.startsWith("Не вдалося записати файл налаштувань:\n" + blocking.fileName()),
+             qPrintable(told));
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(set.databaseAddress().host, QString("other"));
+}
+
+void TstSetting::chosenFilesGoToTheirFields()
+{
+    setting set(m_directory->path(), m_window.get());
+    QStringList asked;
+    QString answer = "/chosen";
+    set.chooseFile = [&](const QString &title, const QString &filter, const QString &path) {
+        asked = QStringList{title, filter, path};
+        return answer;
+    };
+    const QList<QStringList> choosers = {
+        {"pbPathLang", "lePathLang", "Вибрати файл мови.", "Файл перекладу (*.qm)"},
+        {"pbShopRMousPath", "leShopRMousPath", "Вибрати програму.", "*.* (*.*)"},
+        {"pbKassRMousPath", "leKassRMousPath", "Вибрати програму.", "*.* (*.*)"},
+        {"pbKassLMovePath", "leKassLMovePath", "Вибрати файл мови.", "*.* (*.*)"}};
+    for (const QStringList &chooser : choosers) {
+        auto *edit = child<QLineEdit>(&set, chooser.at(1));
+        answer = "/chosen";
+        child<QPushButton>(&set, chooser.at(0))->click();
+        QCOMPARE(asked.mid(0, 2), chooser.mid(2));
+        QCOMPARE(edit->text(), answer);
+        answer.clear();
+        child<QPushButton>(&set, chooser.at(0))->click();
+        QCOMPARE(edit->text(), QString("/chosen"));
+    }
+}
+
+void TstSetting::everyInputHasALabel()
+{
+    const setting set(m_directory->path(), m_window.get());
+    for (const SettingKey &key : settingKeys()) {
+        const auto *widget = child<QWidget>(&set, key.widget);
+        const auto labels = set.findChildren<QLabel *>();
+        const bool labelled = std::any_of(labels.begin(), labels.end(),
+                                          [&](const QLabel *label) { return label->buddy() == widget; });
+        QVERIFY2(labelled || qobject_cast<const QCheckBox *>(widget) != nullptr, key.path);
+    }
+}
+
+QTEST_MAIN(TstSetting)
+#include "tst_setting.moc"
