@@ -11,9 +11,7 @@ private slots:
     void init();
     void cleanup();
 
-    void loginFindsTheUser_data();
     void loginFindsTheUser();
-    void textOfPeopleLogsNobodyIn_data();
     void textOfPeopleLogsNobodyIn();
     void cardFindsTheUser();
     void rightsAreBounded();
@@ -52,49 +50,32 @@ void TstQLoadedUser::cleanup()
     m_base.reset();
 }
 
-void TstQLoadedUser::loginFindsTheUser_data()
-{
-    QTest::addColumn<QString>("login");
-    QTest::addColumn<QString>("pass");
-    QTest::addColumn<QString>("id");
-    QTest::newRow("hashed") << "їжак"
-                            << "пароль довший за тридцять два знаки"
-                            << "2";
-    QTest::newRow("clear, quotes") << "it's"
-                                   << "clear\\'"
-                                   << "3";
-    QTest::newRow("seeded, empty") << "admin"
-                                   << ""
-                                   << "1";
-}
-
 void TstQLoadedUser::loginFindsTheUser()
 {
-    QFETCH(QString, login);
-    QFETCH(QString, pass);
-    QVERIFY(m_user->loadpermis(m_base->connection(), login, pass));
-    QTEST(m_user->idUser(), "id");
-    QVERIFY(!m_base->heard.has("Помилка") && !m_base->heard.has("не знайдено"));
-    QVERIFY(!m_user->loadpermis(m_base->connection(), login, pass + "x"));
-    QVERIFY2(!m_user->isLoaded() && !m_user->maySee(Permission::BackOffice), "the user before must be gone");
-}
-
-void TstQLoadedUser::textOfPeopleLogsNobodyIn_data()
-{
-    QTest::addColumn<QString>("text");
-    for (const char *text : {"' OR 1=1 -- ", "' OR '1'='1", "\\' OR 1=1 -- ", "admin' -- ",
-                             "x'; DELETE FROM users; -- ", "\\", "%", "_dmin", ":login", "?"})
-        QTest::newRow(text) << text;
+    const QList<QStringList> users = {{"їжак", "пароль довший за тридцять два знаки", "2"}, // hashed
+                                      {"it's", "clear\\'", "3"},                            // in clear
+                                      {"admin", "", "1"}};
+    for (const QStringList &user : users) {
+        QVERIFY2(m_user->loadpermis(m_base->connection(), user.at(0), user.at(1)), qPrintable(user.at(0)));
+        QCOMPARE(m_user->idUser(), user.at(2));
+        QVERIFY(!m_base->heard.has("Помилка") && !m_base->heard.has("не знайдено"));
+        QVERIFY(!m_user->loadpermis(m_base->connection(), user.at(0), user.at(1) + "x"));
+        QVERIFY2(!m_user->isLoaded() && !m_user->maySee(Permission::BackOffice), "the user before must go");
+        m_base->heard.forget();
+    }
 }
 
 void TstQLoadedUser::textOfPeopleLogsNobodyIn()
 {
-    QFETCH(QString, text);
-    QVERIFY(!m_user->loadpermis(m_base->connection(), text, text));
-    QVERIFY(!m_user->loadpermis(m_base->connection(), "їжак", text));
-    QVERIFY(!m_user->loadpermis(m_base->connection(), text));
     const QString notFound = "Користувача не знайдено!\nПерезавантажте програму!";
-    QCOMPARE(m_base->heard.texts(), QStringList({notFound, notFound, notFound}));
+    for (const char *text : {"' OR 1=1 -- ", "' OR '1'='1", "\\' OR 1=1 -- ", "admin' -- ",
+                             "x'; DELETE FROM users; -- ", "\\", "%", "_dmin", ":login", "?"}) {
+        QVERIFY2(!m_user->loadpermis(m_base->connection(), text, text), text);
+        QVERIFY2(!m_user->loadpermis(m_base->connection(), "їжак", text), text);
+        QVERIFY2(!m_user->loadpermis(m_base->connection(), text), text);
+        QCOMPARE(m_base->heard.texts(), QStringList({notFound, notFound, notFound}));
+        m_base->heard.forget();
+    }
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM users"), QString("3"));
 }
 
