@@ -178,7 +178,7 @@ void QTab::editadd(const QString &where, const QModelIndex &index, bool full, un
     if (!record)
         return;
     if (!record->next()) {
-        postMessage(m_receiver, tr("Запис не знайдено в базі!"), QMessEvent::Warning);
+        postMessage(m_receiver, tr("Запис не знайдено в базі!"));
         return;
     }
     const int row = index.isValid() ? index.row() : m_model->rowCount();

@@ -1,0 +1,96 @@
+#include "instancelimit.h"
+#include "screenshots.h"
+#include "setting.h"
+#include "veltab.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QProcess>
+#include <QThreadPool>
+#include <QTranslator>
+
+namespace {
+const QString warningTitle = QStringLiteral("Попередження! Warning!");
+
+/// The folder in the first argument; "" when there is no separator in it.
+QString folderOfArgument(const QString &argument, QChar separator)
+{
+    QString folder = argument;
+    // truncate(), unlike left(), cuts everything for an index of -1.
+    folder.truncate(folder.lastIndexOf(separator));
+    return folder;
+}
+
+QString styleFolder(const QStringList &arguments)
+{
+    QString folder = arguments.value(0);
+    int cut = folder.lastIndexOf(QLatin1Char('/'));
+    // Compared with 0, not with "not found": a name without "/" means the root folder.
+    if (cut == 0)
+        cut = folder.lastIndexOf(QLatin1Char('\\'));
+    folder.truncate(cut);
+    return folder;
+}
+
+void warn(const QString &text)
+{
+    QMessageBox::warning(nullptr, warningTitle, text, QMessageBox::Ok);
+}
+
+void applyTranslation(QTranslator *translator)
+{
+    const QString file = setting::GetPathLanguage(QCoreApplication::applicationDirPath());
+    if (file.isEmpty())
+        warn(QStringLiteral("Не вдалось знайти файл мови.\nNot search file language"));
+    else if (translator->load(QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(file)))
+        QCoreApplication::installTranslator(translator);
+    else
+        warn(QStringLiteral("Помилка завантаження мови."));
+}
+
+int runProgram(int argc, char *argv[], QStringList *arguments)
+{
+    QApplication application(argc, argv);
+    *arguments = QCoreApplication::arguments();
+    InstanceLimit limit(qEnvironmentVariable("VELTAB_KEY_PREFIX"));
+    if (!limit.takeSlot()) {
+        warn(QStringLiteral("Запущена максимальна кількість програм.\nProgram is already running."));
+        return 0;
+    }
+    limit.release();
+    QApplication::setStyle(setting::GetStyle(styleFolder(*arguments)));
+    QTranslator translator;
+    applyTranslation(&translator);
+    QThreadPool::globalInstance()->setMaxThreadCount(10);
+    Veltab window(QCoreApplication::applicationDirPath());
+    window.show();
+    const int pictures = arguments->indexOf(QStringLiteral("--screenshots"));
+    if (pictures > 0)
+        new Screenshots(&window, arguments->value(pictures + 1, QStringLiteral(".")));
+    return QApplication::exec();
+}
+
+void startUpdater(int argc, char *argv[], const QString &folder)
+{
+    QApplication application(argc, argv);
+    const QString program = folder + QDir::separator() + QStringLiteral("upd");
+    if (QProcess::startDetached(program, {}))
+        return;
+    qDebug("Error start application: %s", qPrintable(program));
+    QMessageBox::critical(nullptr, QStringLiteral("Error"),
+                          QStringLiteral("Error start application: ") + program, QMessageBox::Ok);
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QStringList arguments;
+    const int code = runProgram(argc, argv, &arguments);
+    const QString folder = folderOfArgument(arguments.value(0), QDir::separator());
+    if (setting::GetAutoupdate(folder))
+        startUpdater(argc, argv, folder);
+    return code;
+}

@@ -1,0 +1,123 @@
+#include "screenshots.h"
+
+#include "qntableview.h"
+#include "qqestion.h"
+#include "qseluser.h"
+#include "qtab.h"
+#include "qtablebase.h"
+#include "veltab.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace {
+const int startLimitMs = 60000;
+const int tabLimitMs = 20000;
+
+/// Lets the window work until the condition holds.
+void workUntil(const std::function<bool()> &done, int limitMs)
+{
+    QElapsedTimer clock;
+    clock.start();
+    do
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    while (!done() && clock.elapsed() < limitMs);
+}
+
+void workFor(int ms)
+{
+    workUntil([] { return false; }, ms);
+}
+} // namespace
+
+Screenshots::Screenshots(Veltab *window, const QString &folder)
+    : QObject(window), m_window(window), m_folder(folder)
+{
+    QDir().mkpath(folder);
+    window->setLoginUnattended(true);
+    connect(window, &Veltab::ready, this, &Screenshots::takeAll, Qt::QueuedConnection);
+    QTimer::singleShot(startLimitMs, this, [this] {
+        if (m_number > 0)
+            return;
+        qWarning("No login within a minute: there is nothing to picture.");
+        QCoreApplication::exit(1);
+    });
+}
+
+void Screenshots::takeAll()
+{
+    takeLogin();
+    save(m_window, QStringLiteral("main"));
+    const QList<QAction *> actions = m_window->openingActions();
+    for (QAction *action : actions) {
+        action->trigger();
+        takeTab(action->objectName());
+    }
+    takeModal(QStringLiteral("settings"), [this] { m_window->s_setting(); });
+    takeModal(QStringLiteral("changpass"), [this] { m_window->changpass(); });
+    takeModal(QStringLiteral("about"), [this] { m_window->about(); });
+    takeModal(QStringLiteral("question"), [this] {
+        QQestion::question(m_window, tr("Ви впевнені?"),
+                           tr("Невірні налаштування\nможуть пошкодити дані в базі!"));
+    });
+    QCoreApplication::exit(m_failed ? 1 : 0);
+}
+
+void Screenshots::takeLogin()
+{
+    QSelUser dialog(QCoreApplication::applicationDirPath(), QString(), m_window, false);
+    dialog.show();
+    save(&dialog, QStringLiteral("login"));
+}
+
+void Screenshots::takeTab(const QString &name)
+{
+    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
+    auto *tab = qobject_cast<QTab *>(tabs->currentWidget());
+    workUntil([tab] { return tab == nullptr || !tab->isLoading(); }, tabLimitMs);
+    workFor(200);
+    save(m_window, name);
+    if (tab != nullptr)
+        takeEditors(name);
+}
+
+void Screenshots::takeEditors(const QString &name)
+{
+    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
+    auto *tab = static_cast<QTab *>(tabs->currentWidget());
+    tab->view()->selectRow(0);
+    takeModal(name + QStringLiteral("_edit"), [this] { m_window->edit(); });
+    takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
+}
+
+void Screenshots::takeModal(const QString &name, const std::function<void()> &act)
+{
+    bool isTaken = false;
+    QTimer::singleShot(300, this, [this, name, &isTaken] {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (modal == nullptr)
+            return;
+        isTaken = true;
+        save(modal, name);
+        static_cast<QDialog *>(modal)->reject();
+    });
+    act();
+    // A command that opens nothing here leaves its timer behind: let it run out.
+    if (!isTaken)
+        workFor(350);
+}
+
+void Screenshots::save(QWidget *widget, const QString &name)
+{
+    workFor(100);
+    const QString file =
+        m_folder.filePath(QStringLiteral("%1_%2.png").arg(++m_number, 2, 10, QLatin1Char('0')).arg(name));
+    if (!widget->grab().save(file)) {
+        qWarning("Cannot write %s", qPrintable(file));
+        m_failed = true;
+    }
+}

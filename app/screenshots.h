@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDir>
+#include <QObject>
+#include <functional>
+
+class QWidget;
+class Veltab;
+
+/// Takes a picture of every window that the logged-in user can open: for the documents, and to look over
+/// all windows after a change. Ends the program when done.
+class Screenshots : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// folder: where the PNG files go; made when missing.
+    Screenshots(Veltab *window, const QString &folder);
+
+private:
+    void takeAll();
+    void takeLogin();
+    void takeTab(const QString &name);
+    void takeEditors(const QString &name);
+    /// Pictures the modal window that act opens, and closes it.
+    void takeModal(const QString &name, const std::function<void()> &act);
+    void save(QWidget *widget, const QString &name);
+
+    Veltab *m_window;
+    QDir m_folder;
+    int m_number = 0;
+    bool m_failed = false;
+};

@@ -1,0 +1,315 @@
+#include "veltab.h"
+#include "ui_veltab.h"
+
+#include "databasestart.h"
+#include "permissions.h"
+#include "qchangpass.h"
+#include "qmessevent.h"
+#include "qprocevent.h"
+#include "qqestion.h"
+#include "qregistersale.h"
+#include "qtablebase.h"
+#include "setting.h"
+#include "userstate.h"
+#include "version.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QTimer>
+#include <QtConcurrent>
+
+namespace {
+const QLatin1String connectionName("veltab");
+const QLatin1String geometryKey("geometry");
+const int allMessages = 4;
+} // namespace
+
+Veltab::Veltab(const QString &directory, QWidget *parent)
+    : QMainWindow(parent)
+    , ui(std::make_unique<Ui::Veltab>())
+    , m_directory(directory)
+    , m_logger(directory + QDir::separator() + QStringLiteral("veltab.log"), true, allMessages, nullptr)
+    , m_user(&m_logger, this)
+    , m_ownTabs(OwnTabCount, nullptr)
+{
+    buildForm();
+    m_logger.wlog(QMessEvent::Information, QStringLiteral(__FILE__), QString::number(__LINE__),
+                  QStringLiteral(" ver:") + QLatin1String(programVersion));
+    m_setting = new setting(directory, this);
+    m_tables = new QTableBase(ui->tabWidget, &m_db, m_setting, &m_user, this);
+    buildEntries();
+    connectEntries();
+    connectRecordCommands();
+    connectSession();
+    announceUpdate();
+    logout();
+    connectDatabase();
+}
+
+Veltab::~Veltab()
+{
+    m_task.waitForFinished();
+    closeTabs();
+    m_db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(connectionName);
+}
+
+void Veltab::buildForm()
+{
+    ui->setupUi(this);
+    ui->tabWidget->setAccessibleName(tr("Вкладки"));
+    buildStatusBar();
+    const QVariant geometry = rememberedState(QString(), geometryKey);
+    if (geometry.isValid())
+        restoreGeometry(geometry.toByteArray());
+}
+
+void Veltab::buildStatusBar()
+{
+    m_userLabel = new QLabel(this);
+    m_userLabel->setObjectName(QStringLiteral("labelUser"));
+    ui->statusbar->addPermanentWidget(m_userLabel);
+}
+
+std::function<void()> Veltab::opener(int kind, void (QTableBase::*slot)())
+{
+    if (!QTableBase::canOpen(static_cast<QTableBase::Kind>(kind)))
+        return {};
+    return [this, slot] { (m_tables->*slot)(); };
+}
+
+void Veltab::buildEntries()
+{
+    const auto table = [this](QTableBase::Kind kind, void (QTableBase::*slot)()) {
+        return opener(kind, slot);
+    };
+    using Host = QTableBase;
+    m_entries = {
+        {ui->man_saleadmiss, Permission::Sales, [this] { SaleAdmission(); }},
+        {ui->man_goods, Permission::GoodsManagement, {}},
+        {ui->man_finance, Permission::Finance, {}},
+        {ui->man_action, Permission::ActionsManagement, {}},
+        {ui->mt_shops, Permission::Shops, table(Host::KindShops, &Host::shops)},
+        {ui->mt_kass, Permission::Kassa, table(Host::KindKass, &Host::kass)},
+        {ui->mt_devices, Permission::Devices, table(Host::KindDevices, &Host::devices)},
+        {ui->mt_group_shops, Permission::GroupShops, table(Host::KindGroupShops, &Host::Group_Shops)},
+        {ui->mt_goods, Permission::Goods, table(Host::KindGoods, &Host::Goods)},
+        {ui->mt_group_goods, Permission::GroupGoods, table(Host::KindGroupGoods, &Host::GroupGoods)},
+        {ui->mt_goods_shops, Permission::GoodsShops, table(Host::KindGoodsShops, &Host::GoodsShops)},
+        {ui->mt_clients, Permission::Clients, table(Host::KindClients, &Host::Clients)},
+        {ui->mt_diskount, Permission::Discount, table(Host::KindDiscount, &Host::Discount)},
+        {ui->mt_action, Permission::Actions, table(Host::KindAction, &Host::Action)},
+        {ui->mt_cheks, Permission::Transactions, table(Host::KindTrancaction, &Host::Trancaction)},
+        {ui->mt_type_cheks, Permission::TypeTransactions,
+         table(Host::KindTypeTransaction, &Host::TypeTransaction)},
+        {ui->mt_z_zvits, Permission::ZZvit, table(Host::KindZzvit, &Host::Zzvit)},
+        {ui->mt_slujb_op, Permission::SlujbOp, table(Host::KindSlujbOp, &Host::SlujbOp)},
+        {ui->mt_day_update, Permission::DayUpdate, table(Host::KindDayUpdate, &Host::Day_Update)},
+        {ui->mt_tax, Permission::Tax, table(Host::KindTax, &Host::Tax)},
+        {ui->mz_cheks, Permission::Cheks, {}},
+        {ui->mz_zzvit, Permission::ZReports, {}},
+        {ui->mz_art_zvit, Permission::Articles, {}},
+        {ui->mz_StatisticOnLine, Permission::Online, {}},
+        {ui->cashdrive, Permission::RegisterServer, {}},
+        {ui->importcln, Permission::ClientImport, {}},
+        {ui->comands, Permission::Comands, {}},
+        {ui->mc_users, Permission::Users, {}},
+        {ui->premis_group, Permission::PermissionGroups, {}},
+        {ui->mt_importBD, Permission::PreviousImport, {}},
+        {ui->changpass, Permission::BackOffice, [this] { changpass(); }},
+        {ui->about, Permission::BackOffice, [this] { about(); }},
+    };
+}
+
+QList<QAction *> Veltab::openingActions() const
+{
+    QList<QAction *> actions;
+    for (const Entry &entry : m_entries) {
+        if (entry.action->isVisible() && entry.permission != Permission::BackOffice)
+            actions.append(entry.action);
+    }
+    return actions;
+}
+
+void Veltab::connectEntries()
+{
+    for (const Entry &entry : m_entries) {
+        if (entry.open)
+            connect(entry.action, &QAction::triggered, this, [open = entry.open] { open(); });
+    }
+    connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
+    connect(ui->reconnect, &QAction::triggered, this, &Veltab::connectDatabase);
+    connect(ui->mt_create_tables, &QAction::triggered, this, &Veltab::CreateTables);
+    connect(ui->login, &QAction::triggered, this, &Veltab::login);
+    connect(ui->quit, &QAction::triggered, this, &Veltab::close);
+    connect(ui->tabWidget, &QTabWidget::tabCloseRequested, this, &Veltab::closetab);
+    connect(ui->tabWidget, &QTabWidget::currentChanged, this, &Veltab::changetab);
+}
+
+void Veltab::connectRecordCommands()
+{
+    connect(ui->add, &QAction::triggered, this, &Veltab::add);
+    connect(ui->edit, &QAction::triggered, this, &Veltab::edit);
+    connect(ui->dell, &QAction::triggered, this, &Veltab::dell);
+    connect(m_tables, qOverload<bool, bool>(&QTableBase::visible), this,
+            qOverload<bool, bool>(&Veltab::visible));
+    connect(m_tables, qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
+}
+
+void Veltab::connectSession()
+{
+    connect(ui->pbLogin, &QPushButton::clicked, this, &Veltab::login);
+    connect(ui->pbReconnect, &QPushButton::clicked, this, &Veltab::connectDatabase);
+    connect(ui->pbSettings, &QPushButton::clicked, this, &Veltab::s_setting);
+    connect(m_setting, &setting::saved, this, &Veltab::applySettings);
+}
+
+void Veltab::SaleAdmission()
+{
+    openOwnTab(SaleTab, tr("Продаж"),
+               [this]() -> QWidget * { return new QRegisterSale(&m_db, &m_user, this, m_setting, nullptr); });
+}
+
+QWidget *Veltab::openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make)
+{
+    QWidget *&tab = m_ownTabs[kind];
+    if (tab == nullptr) {
+        tab = make();
+        ui->tabWidget->addTab(tab, title);
+    }
+    ui->tabWidget->setCurrentWidget(tab);
+    return tab;
+}
+
+void Veltab::closetab(int index)
+{
+    if (m_tables->closetab(index))
+        return;
+    QWidget *widget = ui->tabWidget->widget(index);
+    // The tab may ask about what would be lost, and stay.
+    if (widget == nullptr || !widget->close())
+        return;
+    std::replace(m_ownTabs.begin(), m_ownTabs.end(), widget, static_cast<QWidget *>(nullptr));
+    ui->tabWidget->removeTab(index);
+    delete widget;
+}
+
+void Veltab::closeTabs()
+{
+    while (ui->tabWidget->count() > 0) {
+        if (m_tables->closetab(0))
+            continue;
+        QWidget *widget = ui->tabWidget->widget(0);
+        ui->tabWidget->removeTab(0);
+        delete widget;
+    }
+    std::fill(m_ownTabs.begin(), m_ownTabs.end(), nullptr);
+}
+
+void Veltab::changetab(int index)
+{
+    if (!m_tables->ChangeTab(index))
+        visible(false);
+}
+
+void Veltab::add()
+{
+    m_tables->AddRecord();
+}
+
+void Veltab::edit()
+{
+    m_tables->EditRecord();
+}
+
+void Veltab::dell()
+{
+    m_tables->DelRecord();
+}
+
+void Veltab::refuse(const QString &text)
+{
+    QQestion::question(this, tr("Попередження."), text, true);
+}
+
+void Veltab::about()
+{
+    QQestion::question(this, tr("Про програму"),
+                       tr("Версія:") + QLatin1Char(' ') + QLatin1String(programVersion) + QLatin1Char('\n') +
+                           tr("Зібрано у версії Qt") + QStringLiteral(" 5.9.1\n") + tr("Розробник:") +
+                           QLatin1Char(' ') + tr("команда Veltab, підтримка у вашому головному офісі"),
+                       true);
+}
+
+void Veltab::changpass()
+{
+    if (m_user.isLoaded())
+        QChangPass(m_user.idUser().toUInt(), &m_db, this).exec();
+}
+
+void Veltab::LogErrorDwl(const QString &text)
+{
+    m_logger.wlog(QMessEvent::Information, QStringLiteral(__FILE__), QString::number(__LINE__), text);
+}
+
+void Veltab::keyPressEvent(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers all = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
+    if (event->key() == Qt::Key_Delete)
+        m_tables->DelRecord();
+    else if (event->key() == Qt::Key_F && (event->modifiers() & all) == all)
+        askServiceMenu();
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+void Veltab::closeEvent(QCloseEvent *event)
+{
+    if (ui->tabWidget->count() > 0) {
+        refuse(tr("Перед виходом, закрийте всі вкладки!"));
+        event->ignore();
+        return;
+    }
+    rememberGeometry();
+    QMainWindow::closeEvent(event);
+}
+
+void Veltab::rememberGeometry()
+{
+    rememberState(QString(), geometryKey, saveGeometry());
+    if (m_user.isLoaded())
+        rememberState(m_user.idUser(), geometryKey, saveGeometry());
+}
+
+void Veltab::announceUpdate()
+{
+    const QString before = setting::GetVersion(m_directory);
+    m_showsUpdateNotice = !before.isEmpty() && before != QLatin1String(programVersion);
+    if (before != QLatin1String(programVersion))
+        setting::SetCurVersion(m_directory);
+    if (m_showsUpdateNotice)
+        ui->tabWidget->installEventFilter(this);
+}
+
+bool Veltab::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != ui->tabWidget || !m_showsUpdateNotice)
+        return QMainWindow::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress) {
+        m_showsUpdateNotice = false;
+        ui->tabWidget->removeEventFilter(this);
+        ui->tabWidget->update();
+    } else if (event->type() == QEvent::Paint) {
+        QPainter painter(ui->tabWidget);
+        QFont large = font();
+        large.setPointSize(large.pointSize() * 3);
+        painter.setFont(large);
+        painter.drawText(ui->tabWidget->rect(), Qt::AlignCenter,
+                         tr("ПРОГРАМА ОНОВЛЕНА\nДО ВЕРСІЇ\n3. 0. 0. 17"));
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

@@ -1,0 +1,126 @@
+#pragma once
+
+#include "qloadeduser.h"
+#include "qlogger.h"
+
+#include <QFuture>
+#include <QLabel>
+#include <QMainWindow>
+#include <QSqlDatabase>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class Veltab;
+}
+class QMessEvent;
+class QProcEvent;
+class QTableBase;
+class setting;
+
+/// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
+class Veltab : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// directory: where Velta.ini and veltab.log lie.
+    explicit Veltab(const QString &directory, QWidget *parent = nullptr);
+    ~Veltab() override;
+
+    /// Whoever is remembered in the settings is logged in without the dialog; for pictures and tests.
+    void setLoginUnattended(bool unattended) { m_isUnattended = unattended; }
+    /// True when connected and logged in.
+    bool isReady() const { return m_isConnected && m_user.isLoaded(); }
+    QTableBase *tableBase() const { return m_tables; }
+    /// The actions that open a tab and that the user's rights show, in the order of the menus.
+    QList<QAction *> openingActions() const;
+
+public slots:
+    void s_setting();
+    void changpass();
+    void CreateTables();
+    void SaleAdmission();
+    void add();
+    void edit();
+    void dell();
+    void about();
+    /// Connects (again) to the database of the settings, in the background.
+    void connectDatabase();
+    void login();
+    void closetab(int index);
+    void changetab(int index);
+    void LogErrorDwl(const QString &text);
+    /// edit: the record commands; exportOnly: the export commands without them.
+    void visible(bool vis, bool exp);
+    void visible(bool vis);
+    /// Shows the actions by the user's rights, or none.
+    void EnableButton(bool enable);
+
+signals:
+    /// Somebody is logged in.
+    void ready();
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    /// An action that the rights show. Without an opener nothing stands behind it yet: it stays hidden.
+    struct Entry
+    {
+        QAction *action;
+        int permission;
+        std::function<void()> open;
+    };
+    /// A tab of the window's own, open at most once; m_ownTabs holds one pointer each.
+    enum OwnTab { SaleTab, OwnTabCount };
+
+    void buildForm();
+    void buildStatusBar();
+    void buildEntries();
+    void connectEntries();
+    void connectRecordCommands();
+    void connectSession();
+    void announceUpdate();
+    std::function<void()> opener(int kind, void (QTableBase::*slot)());
+    QWidget *openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make);
+    void closeTabs();
+    void applySettings();
+    void logout();
+    void welcome();
+    void handleMessage(const QMessEvent &message);
+    void handleOutcome(const QProcEvent &outcome);
+    void showErrors();
+    void offerSchema(bool databaseIsMissing);
+    void showConnectionState(const QString &text);
+    void updateMenus();
+    bool findUser(const QString &name, const QString &identifier, bool isCard);
+    void askServiceMenu();
+    void rememberGeometry();
+    void refuse(const QString &text);
+
+    std::unique_ptr<Ui::Veltab> ui;
+    QString m_directory;
+    QLogger m_logger;
+    setting *m_setting = nullptr;
+    QSqlDatabase m_db;
+    QLoadedUser m_user;
+    QTableBase *m_tables = nullptr;
+    std::vector<Entry> m_entries;
+    std::vector<QWidget *> m_ownTabs;
+    QFuture<void> m_task;
+    QLabel *m_userLabel = nullptr;
+    QStringList m_errors;
+    bool m_isShowingErrors = false;
+    bool m_isConnected = false;
+    bool m_isReconnectWanted = false;
+    bool m_isUnattended = false;
+    bool m_isServiceShown = false;
+    bool m_isEditing = false;
+    bool m_isExporting = false;
+    bool m_showsUpdateNotice = false;
+};

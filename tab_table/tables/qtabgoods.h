@@ -1,0 +1,12 @@
+#pragma once
+#include "qtab.h"
+#include <QVBoxLayout>
+class QTabGoods : public QTab
+{
+    Q_OBJECT
+public:
+    QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
+        : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    {
+    }
+};

@@ -1,0 +1,329 @@
+#include "testing.h"
+
+#include "permissions.h"
+#include "qmessevent.h"
+#include "qqestion.h"
+#include "qseluser.h"
+#include "qtablebase.h"
+#include "veltab.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTcpServer>
+#include <QTemporaryDir>
+
+/// The main window from the start to the rights of the user, against real and against missing servers.
+class TstVeltab : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void firstStartCreatesEverything();
+    void refusedCreationLeavesAWayOn();
+    void closedPortLeavesAWayOn();
+    void silentServerDoesNotFreeze();
+    void wrongLoginMayTryAgain();
+    void rightsShowTheMenus();
+    void userWithoutAccessIsRefused();
+    void openTabsKeepTheWindow();
+    void recordCommandsFollowTheTab();
+    void serviceMenuIsRevealed();
+    void burstOfErrorsIsOneDialog();
+
+private:
+    void writeSettings(const DatabaseAddress &address);
+    void start(const std::function<void(QDialog *)> &answer);
+    void startLoggedIn(const QString &login);
+    QAction *action(const char *name) { return child<QAction>(m_window.get(), QLatin1String(name)); }
+    QString connectionText()
+    {
+        return child<QLabel>(m_window.get(), QStringLiteral("labelConnection"))->text();
+    }
+    void addUser(const QString &login, const QString &permissions);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<Veltab> m_window;
+    QStringList m_shown;
+};
+
+namespace {
+void logIn(QDialog *dialog, const QString &login)
+{
+    const auto edits = dialog->findChildren<QLineEdit *>();
+    edits.at(0)->setText(login);
+    edits.at(1)->setText(QString());
+    static_cast<QSelUser *>(dialog)->ok();
+}
+} // namespace
+
+void TstVeltab::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", m_folder->path().toLocal8Bit());
+    m_base = std::make_unique<FreshDatabase>();
+    m_shown.clear();
+}
+
+void TstVeltab::cleanup()
+{
+    m_window.reset();
+    m_base.reset();
+}
+
+void TstVeltab::writeSettings(const DatabaseAddress &address)
+{
+    QSettings file(m_folder->filePath("Velta.ini"), QSettings::IniFormat);
+    file.setIniCodec("UTF-8");
+    file.setValue("QMYSQL/IP", address.host);
+    file.setValue("QMYSQL/PORT", address.port);
+    file.setValue("QMYSQL/DEFLOGIN", address.user);
+    file.setValue("QMYSQL/PASSWORD", address.password);
+    file.setValue("QMYSQL/NAMEBASE", address.name);
+}
+
+/// Starts the window and answers every dialog of the start; warnings are remembered and confirmed.
+void TstVeltab::start(const std::function<void(QDialog *)> &answer)
+{
+    QTimer watch;
+    watch.setInterval(10);
+    connect(&watch, &QTimer::timeout, this, [&] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        if (auto *text = dialog->findChild<QLabel *>("labelText"))
+            m_shown.append(text->text());
+        answer(dialog);
+    });
+    watch.start();
+    m_window = std::make_unique<Veltab>(m_folder->path());
+    m_window->show();
+    const auto isOver = [&] {
+        const QString text = connectionText();
+        return m_window->isReady() || !(text.startsWith("Підключення") || text.startsWith("Зачекайте"));
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isOver(), 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(QApplication::activeModalWidget() == nullptr, 15000);
+    QTest::qWait(50);
+}
+
+void TstVeltab::startLoggedIn(const QString &login)
+{
+    writeSettings(m_base->address());
+    start([login](QDialog *dialog) {
+        if (qobject_cast<QSelUser *>(dialog) != nullptr)
+            logIn(dialog, login);
+        else
+            dialog->accept();
+    });
+}
+
+void TstVeltab::addUser(const QString &login, const QString &permissions)
+{
+    static int number = 10;
+    const QString id = QString::number(++number);
+    m_base->exec(QStringList{"INSERT INTO group_premission(id,name) VALUES(" + id + ",'g" + id + "')",
+                             "INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(" + id + ",399,1)",
+                             "INSERT INTO users(login,pass,key_prem,name,surname,id_g_prem) VALUES('" +
+                                 login + "','p" + id + "','" + id + "','Імя','Прізвище'," + id + ")"});
+    for (const QString &pair : permissions.split(' ', Qt::SkipEmptyParts))
+        m_base->exec("INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(" + id + "," +
+                     QString(pair).replace('=', ',') + ")");
+    m_base->exec("UPDATE users SET pass='x' WHERE login='admin'");
+    m_base->exec("UPDATE users SET pass='' WHERE login='" + login + "'");
+}
+
+void TstVeltab::firstStartCreatesEverything()
+{
+    m_base.reset();
+    FreshDatabase place(FreshDatabase::Empty);
+    const DatabaseAddress address = place.address();
+    place.exec("DROP DATABASE " + address.name);
+    writeSettings(address);
+    int logins = 0;
+    start([&](QDialog *dialog) {
+        if (qobject_cast<QSelUser *>(dialog) != nullptr) {
+            ++logins;
+            logIn(dialog, "admin");
+        } else {
+            dialog->accept();
+        }
+    });
+    QVERIFY(m_window->isReady());
+    QVERIFY2(m_shown.join('\n').contains("немає бази даних «" + address.name + "»"),
+             qPrintable(m_shown.join('\n')));
+    QCOMPARE(logins, 1);
+    QCOMPARE(place.value("SELECT CONCAT(DEFAULT_CHARACTER_SET_NAME,' ',DEFAULT_COLLATION_NAME) FROM "
+                         "INFORMATION_SCHEMA.SCHEMATA WHERE SCHEMA_NAME='" +
+                         address.name + "'"),
+             QString("utf8mb4 utf8mb4_unicode_520_ci"));
+    QFile log(m_folder->filePath("veltab.log"));
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(log.readAll());
+    QVERIFY(text.contains("Перезавантажте програму!") && text.contains(" ver:3. 0. 0. 17"));
+}
+
+void TstVeltab::refusedCreationLeavesAWayOn()
+{
+    m_base.reset();
+    m_base = std::make_unique<FreshDatabase>(FreshDatabase::Empty);
+    writeSettings(m_base->address());
+    start([](QDialog *dialog) {
+        auto *text = dialog->findChild<QLabel *>("labelText");
+        if (text != nullptr && text->text().contains("немає таблиць програми"))
+            dialog->reject();
+        else
+            dialog->accept();
+    });
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE()"),
+             QString("0"));
+    QVERIFY2(connectionText().contains("таблиць програми немає"), qPrintable(connectionText()));
+    QVERIFY(action("settings")->isVisible() && action("reconnect")->isVisible());
+}
+
+void TstVeltab::closedPortLeavesAWayOn()
+{
+    DatabaseAddress nowhere = m_base->address();
+    nowhere.port = 1;
+    writeSettings(nowhere);
+    start([](QDialog *dialog) { dialog->accept(); });
+    QVERIFY2(m_shown.join('\n').contains("Помилка з'єднання з БД."), qPrintable(m_shown.join('\n')));
+    QVERIFY(child<QPushButton>(m_window.get(), "pbReconnect")->isVisible());
+    QVERIFY(child<QPushButton>(m_window.get(), "pbSettings")->isVisible());
+    QVERIFY(!m_window->isReady() && m_window->openingActions().isEmpty());
+}
+
+void TstVeltab::silentServerDoesNotFreeze()
+{
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    DatabaseAddress nowhere = m_base->address();
+    nowhere.port = silent.serverPort();
+    writeSettings(nowhere);
+    QElapsedTimer clock;
+    clock.start();
+    m_window = std::make_unique<Veltab>(m_folder->path());
+    m_window->show();
+    int ticks = 0;
+    QTimer ticker;
+    connect(&ticker, &QTimer::timeout, this, [&] { ++ticks; });
+    ticker.start(10);
+    withModal<QQestion>([] { QTest::qWait(300); }, [](QQestion *question) { question->accept(); });
+    QVERIFY2(ticks > 10, qPrintable(QString::number(ticks)));
+    QVERIFY(!m_window->isReady() && action("settings")->isVisible());
+    silent.close();
+    while (QTcpSocket *waiting = silent.nextPendingConnection())
+        delete waiting;
+}
+
+void TstVeltab::wrongLoginMayTryAgain()
+{
+    writeSettings(m_base->address());
+    int tries = 0;
+    start([&](QDialog *dialog) {
+        if (qobject_cast<QSelUser *>(dialog) != nullptr)
+            logIn(dialog, ++tries == 1 ? "' OR 1=1 -- " : "admin");
+        else
+            dialog->accept();
+    });
+    QVERIFY(m_window->isReady());
+    QCOMPARE(tries, 2);
+    QVERIFY2(m_shown.join('\n').contains("Користувача не знайдено!\nПерезавантажте програму!"),
+             qPrintable(m_shown.join('\n')));
+}
+
+void TstVeltab::rightsShowTheMenus()
+{
+    addUser("viewer", "0=1 13=2");
+    startLoggedIn("viewer");
+    QVERIFY(m_window->isReady());
+    const QList<QAction *> actions = m_window->openingActions();
+    QCOMPARE(actions.size(), 1);
+    QCOMPARE(actions.first()->objectName(), QString("mt_goods"));
+    QVERIFY(child<QMenu>(m_window.get(), "menu_tables")->menuAction()->isVisible());
+    QVERIFY(!child<QMenu>(m_window.get(), "menu_managament")->menuAction()->isVisible());
+    QVERIFY(!child<QMenu>(m_window.get(), "menu_service")->menuAction()->isVisible());
+    // A hidden action does not answer to its shortcut either.
+    QTest::keyClick(m_window.get(), Qt::Key_1, Qt::ControlModifier);
+    QTest::keyClick(m_window.get(), Qt::Key_2, Qt::ControlModifier);
+    QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 0);
+}
+
+void TstVeltab::userWithoutAccessIsRefused()
+{
+    addUser("nobody", "13=1");
+    startLoggedIn("nobody");
+    QVERIFY(m_shown.contains("У вас немає доступу до бекофісу."));
+    QVERIFY(m_window->openingActions().isEmpty() && !action("changpass")->isVisible());
+    QVERIFY(action("login")->isVisible());
+}
+
+void TstVeltab::openTabsKeepTheWindow()
+{
+    startLoggedIn("admin");
+    auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    action("mt_goods")->trigger();
+    action("mt_shops")->trigger();
+    action("mt_goods")->trigger();
+    QCOMPARE(tabs->count(), 2);
+    QCOMPARE(tabs->tabText(tabs->currentIndex()), QString("Товари"));
+    const QString why = answerQuestion([&] { m_window->close(); });
+    QCOMPARE(why, QString("Перед виходом, закрийте всі вкладки!"));
+    QVERIFY(m_window->isVisible());
+    m_window->closetab(0);
+    m_window->closetab(0);
+    QVERIFY(m_window->close());
+}
+
+void TstVeltab::recordCommandsFollowTheTab()
+{
+    addUser("mixed", "0=1 10=2 13=1 101=1");
+    startLoggedIn("mixed");
+    QVERIFY(!action("add")->isVisible());
+    action("mt_goods")->trigger();
+    QVERIFY(action("add")->isVisible() && action("edit")->isVisible());
+    QCOMPARE(answerQuestion([&] { QTest::keyClick(m_window.get(), Qt::Key_Delete); }),
+             QString("Видалення заборонене!!!"));
+    action("mt_shops")->trigger();
+    QVERIFY(!action("add")->isVisible() && !action("edit")->isVisible());
+    m_window->closetab(1);
+    QVERIFY(action("add")->isVisible());
+    m_window->closetab(0);
+    QVERIFY(!action("add")->isVisible());
+}
+
+void TstVeltab::serviceMenuIsRevealed()
+{
+    writeSettings(m_base->address());
+    start([](QDialog *dialog) { dialog->reject(); });
+    QVERIFY(!m_window->isReady() && !action("mt_create_tables")->isVisible());
+    const auto press = [&] {
+        QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    };
+    QCOMPARE(answerQuestion(press, false), QString("Невірні налаштування\nможуть пошкодити дані в базі!"));
+    QVERIFY(!action("mt_create_tables")->isVisible());
+    answerQuestion(press);
+    QVERIFY(action("mt_create_tables")->isVisible() && action("settings")->isVisible());
+}
+
+void TstVeltab::burstOfErrorsIsOneDialog()
+{
+    startLoggedIn("admin");
+    for (int i = 0; i < 3; ++i)
+        postMessage(m_window.get(), QString("Помилка %1").arg(i));
+    postMessage(m_window.get(), "Слід", QMessEvent::Debug);
+    const QString text = answerQuestion([] { QTest::qWait(200); });
+    QCOMPARE(text, QString("Помилка 0\n\nПомилка 1\n\nПомилка 2"));
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+QTEST_MAIN(TstVeltab)
+#include "tst_veltab.moc"
