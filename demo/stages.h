@@ -1,0 +1,21 @@
+#pragma once
+
+#include "chainmodel.h"
+#include "db.h"
+
+/// The stages of filling a chain, in the order in which they build on each other. Each reports its failures
+/// through db and tells whether it worked.
+
+bool fillPlaces(const Db &db, Chain *chain);
+bool fillUsers(const Db &db, const Chain &chain);
+bool fillCards(const Db &db, Chain *chain);
+bool fillGoods(const Db &db, Chain *chain);
+bool fillStock(const Db &db, const Chain &chain);
+bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const QString &)> &progress);
+bool fillOnline(const Db &db, const Chain &chain);
+/// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
+/// one.
+bool setAdministratorPassword(const Db &db);
+
+/// The user who works in a shop: the operator in the group of shops that is his, else the administrator.
+int userOf(const Shop &shop);
