@@ -241,8 +241,12 @@ std::vector<std::string> RowStore::readRecord(QSqlQuery &query)
             texts.assign(reader.cells().begin(), reader.cells().end());
         return texts;
     }
+    // The driver makes doubles of long decimals otherwise.
+    const QSql::NumericalPrecisionPolicy policy = query.numericalPrecisionPolicy();
+    query.setNumericalPrecisionPolicy(QSql::HighPrecision);
     const int columns = query.record().count();
     for (int i = 0; i < columns; ++i)
         texts.push_back(toText(query.value(i)).toStdString());
+    query.setNumericalPrecisionPolicy(policy);
     return texts;
 }
