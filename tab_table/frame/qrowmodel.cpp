@@ -162,7 +162,7 @@ QVariant QRowModel::data(const QModelIndex &index, int role) const
     default:
         break;
     }
-    const QVariant extra = m_extras.isEmpty() ? QVariant() : extraData(idAt(index.row()), column, role);
+    QVariant extra = m_extras.isEmpty() ? QVariant() : extraData(idAt(index.row()), column, role);
     if (role == Qt::TextAlignmentRole && !extra.isValid() && format(column).isNumber)
         return int(Qt::AlignRight | Qt::AlignVCenter);
     return extra;
@@ -173,7 +173,7 @@ QVariant QRowModel::extraData(quint32 id, int column, int role) const
     const auto extras = m_extras.constFind(id);
     if (extras == m_extras.constEnd())
         return QVariant();
-    const QVariant value = extras->values.value({column, role});
+    QVariant value = extras->values.value({column, role});
     if (value.isValid() || !extras->background.isValid())
         return value;
     if (role == Qt::BackgroundRole)

@@ -10,8 +10,8 @@
 #include <mysql.h>
 
 namespace {
-constexpr size_t firstChunk = 16 * 1024;
-constexpr size_t largestChunk = 4 * 1024 * 1024;
+constexpr size_t firstChunk = size_t(16) << 10U;
+constexpr size_t largestChunk = size_t(4) << 20U;
 
 QStringList namesOf(const QSqlQuery &query)
 {
@@ -52,7 +52,7 @@ public:
 
     bool next()
     {
-        const MYSQL_ROW row = mysql_fetch_row(m_result);
+        char **row = mysql_fetch_row(m_result);
         if (row == nullptr)
             return false;
         const unsigned long *lengths = mysql_fetch_lengths(m_result);
@@ -73,14 +73,14 @@ private:
 };
 
 /// The end of a cell needs one, two or four bytes, by the length of its row.
-unsigned endSizeFor(size_t textLength)
+size_t endSizeFor(size_t textLength)
 {
     if (textLength <= 0xff)
         return 1;
     return textLength <= 0xffff ? 2 : 4;
 }
 
-size_t readEnd(const char *at, unsigned size)
+size_t readEnd(const char *at, size_t size)
 {
     quint32 end = 0;
     if (size == 1) {
@@ -95,7 +95,7 @@ size_t readEnd(const char *at, unsigned size)
     return end;
 }
 
-void writeEnd(char *at, unsigned size, size_t end)
+void writeEnd(char *at, size_t size, size_t end)
 {
     if (size == 1) {
         *at = static_cast<char>(end);
@@ -111,8 +111,8 @@ void writeEnd(char *at, unsigned size, size_t end)
 
 struct RowStore::Head
 {
-    unsigned cells;
-    unsigned endSize;
+    size_t cells;
+    size_t endSize;
 
     static constexpr size_t bytes = 2;
 
@@ -120,17 +120,14 @@ struct RowStore::Head
     {
         quint16 packed = 0;
         std::memcpy(&packed, row, bytes);
-        return {static_cast<unsigned>(packed) >> 3U, packed & 7U};
+        return {size_t(packed) >> 3U, size_t(packed) & 7U};
     }
     void write(char *row) const
     {
         const auto packed = static_cast<quint16>(cells << 3U | endSize);
         std::memcpy(row, &packed, bytes);
     }
-    size_t end(const char *row, unsigned cell) const
-    {
-        return readEnd(row + bytes + cell * endSize, endSize);
-    }
+    size_t end(const char *row, size_t cell) const { return readEnd(row + bytes + cell * endSize, endSize); }
     size_t textsAt() const { return bytes + cells * endSize; }
 };
 
@@ -140,7 +137,7 @@ std::string_view RowStore::cell(int row, int column) const
     if (begin == nullptr)
         return {};
     const Head head = Head::of(begin);
-    const auto cell = static_cast<unsigned>(column);
+    const auto cell = static_cast<size_t>(column);
     if (cell >= head.cells)
         return {};
     const size_t start = cell == 0 ? 0 : head.end(begin, cell - 1);
@@ -166,7 +163,7 @@ const char *RowStore::pack(const Cells &cells, const char *replaced)
     size_t length = 0;
     for (const std::string_view text : cells)
         length += text.size();
-    const Head head{static_cast<unsigned>(cells.size()), endSizeFor(length)};
+    const Head head{cells.size(), endSizeFor(length)};
     char *row = nullptr;
     if (replaced != nullptr) {
         const Head old = Head::of(replaced);
@@ -179,7 +176,7 @@ const char *RowStore::pack(const Cells &cells, const char *replaced)
     head.write(row);
     size_t end = 0;
     char *texts = row + head.textsAt();
-    for (unsigned i = 0; i < head.cells; ++i) {
+    for (size_t i = 0; i < head.cells; ++i) {
         if (!cells[i].empty())
             std::memcpy(texts + end, cells[i].data(), cells[i].size());
         end += cells[i].size();
