@@ -5,10 +5,13 @@
 #include <QMimeData>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QTimer>
 #include <QtMath>
 #include <numeric>
 
 namespace {
+constexpr int manyRows = 50000;
+
 double linearLight(double channel)
 {
     return channel <= 0.04045 ? channel / 12.92 : qPow((channel + 0.055) / 1.055, 2.4);
@@ -61,6 +64,9 @@ void QRowModel::fill(QSqlQuery &query)
     // Before the new rows are read, so that both are never in memory together.
     removeRows(0, rowCount());
     replaceRows(RowStore::read(query));
+    // Once the caller has let the query go.
+    if (rowCount() >= manyRows)
+        QTimer::singleShot(0, this, &RowStore::returnFreedMemory);
 }
 
 void QRowModel::replaceRows(RowStore &&rows)

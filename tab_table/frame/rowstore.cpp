@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <cstring>
 #include <mysql.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 constexpr size_t firstChunk = size_t(16) << 10U;
@@ -247,3 +250,12 @@ std::vector<std::string> RowStore::readRecord(QSqlQuery &query)
     query.setNumericalPrecisionPolicy(policy);
     return texts;
 }
+
+#ifdef __GLIBC__
+void RowStore::returnFreedMemory()
+{
+    malloc_trim(0);
+}
+#else
+void RowStore::returnFreedMemory() {}
+#endif

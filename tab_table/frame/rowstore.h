@@ -36,6 +36,10 @@ public:
     /// Replaces the texts from a column on; the row gets wider when that is needed.
     void write(int row, int firstColumn, const std::vector<std::string> &texts);
 
+    /// Gives the system back what the C library keeps of freed memory. A large query's result is freed in the
+    /// middle of the heap and would stay with the process otherwise. Takes some 30 ms for a million rows.
+    static void returnFreedMemory();
+
 private:
     using Cells = std::vector<std::string_view>;
     /// A row is its head (number of cells, size of an end), the end of each cell's text, the texts.

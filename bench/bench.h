@@ -1,0 +1,65 @@
+#pragma once
+
+#include "connection.h"
+#include "db.h"
+
+#include <QVector>
+#include <functional>
+
+struct st_mysql;
+
+/// What a benchmark gets: an own database with goods and cards, and how much of it.
+struct Bench
+{
+    DatabaseAddress address;
+    QSqlDatabase *connection = nullptr;
+    int cards = 1000000;
+    int goods = 55000;
+    int rounds = 5;
+
+    Db db() const { return Db(connection, nullptr); }
+};
+
+/// One line of the table: a value that should be at most its goal.
+struct Figure
+{
+    QString name;
+    double value;
+    double goal;
+    QString unit;
+};
+
+/// Measures in this process; or in a child process that the benchmark starts by its name.
+using Measure = QVector<Figure> (*)(const Bench &bench);
+
+QVector<Figure> measureLists(const Bench &bench);
+QVector<Figure> measureMemory(const Bench &bench);
+QVector<Figure> measureAgainstItems(const Bench &bench);
+
+/// The list statements of goods (9 columns) and cards (14 columns).
+QString goodsStatement();
+QString cardsStatement();
+/// Creates the program's schema and fills goods and cards.
+bool fillDatabase(const Bench &bench);
+
+/// The client library with nothing around it.
+class BareClient
+{
+public:
+    explicit BareClient(const DatabaseAddress &address);
+    ~BareClient();
+    Q_DISABLE_COPY(BareClient)
+
+    /// Sends a statement, stores its result and walks through all rows.
+    void run(const QString &sql);
+
+private:
+    st_mysql *m_mysql;
+};
+
+/// Milliseconds that work takes.
+double milliseconds(const std::function<void()> &work);
+double median(QVector<double> values);
+/// How many times longer ours takes than theirs; both tell their milliseconds, by turns, and the median of
+/// the rounds counts.
+double ratio(int rounds, const std::function<double()> &theirs, const std::function<double()> &ours);
