@@ -11,6 +11,7 @@
 
 namespace {
 const char *const transactionState = "velta_transaction";
+const char *const lastError = "velta_last_error";
 enum State { Outside = 0, Inside = 1, Failed = 2 };
 
 State stateOf(const QSqlDatabase *connection)
@@ -79,8 +80,9 @@ bool Db::refusedInTransaction() const
     return stateOf(m_connection) == Failed;
 }
 
-void Db::markFailure() const
+void Db::markFailure(int errorNumber) const
 {
+    m_connection->driver()->setProperty(lastError, errorNumber);
     if (stateOf(m_connection) == Inside)
         setState(m_connection, Failed);
 }
@@ -99,9 +101,14 @@ std::optional<QSqlQuery> Db::finish(QSqlQuery &&query, bool executed, const QStr
 {
     if (executed)
         return std::move(query);
-    markFailure();
+    markFailure(query.lastError().nativeErrorCode().toInt());
     report(failure, errorText(query.lastError()), sql, file, line);
     return std::nullopt;
+}
+
+int Db::lastErrorNumber() const
+{
+    return m_connection->driver()->property(lastError).toInt();
 }
 
 std::optional<QSqlQuery> Db::run(const QString &sql, const Values &values, const QString &failure,
@@ -175,7 +182,7 @@ std::optional<QSqlQuery> Db::attempt(const QString &sql, QString *error) const
     QSqlQuery query(*m_connection);
     if (query.exec(sql))
         return query;
-    markFailure();
+    markFailure(query.lastError().nativeErrorCode().toInt());
     *error = errorText(query.lastError());
     return std::nullopt;
 }

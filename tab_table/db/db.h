@@ -44,6 +44,10 @@ public:
     std::optional<quint64> lastInsertId(const char *file = __builtin_FILE(),
                                         int line = __builtin_LINE()) const;
 
+    /// The server's number of the statement that failed last on this connection (1062 a duplicate key, 1205
+    /// a lock wait, ...); 0 when none has or when the client refused it.
+    int lastErrorNumber() const;
+
     /// Runs a statement without reporting: error gets the server's words. For those who word the report.
     std::optional<QSqlQuery> attempt(const QString &sql, QString *error) const;
 
@@ -53,7 +57,7 @@ public:
 private:
     friend class Transaction;
     bool refusedInTransaction() const;
-    void markFailure() const;
+    void markFailure(int errorNumber = 0) const;
     std::optional<QSqlQuery> finish(QSqlQuery &&query, bool executed, const QString &sql,
                                     const QString &failure, const char *file, int line) const;
     void report(const QString &failure, const QString &error, const QString &sql, const char *file,
