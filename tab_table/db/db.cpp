@@ -8,6 +8,7 @@
 #include <QSet>
 #include <QSqlDriver>
 #include <QSqlError>
+#include <QThread>
 
 namespace {
 const char *const transactionState = "velta_transaction";
@@ -67,6 +68,20 @@ bool sameNames(const QString &sql, const Db::Values &values)
     return wanted == given;
 }
 
+Db::StatementHook &statementHook()
+{
+    static Db::StatementHook hook;
+    return hook;
+}
+
+/// Background connections send their statements past the hook: it belongs to the main thread.
+void announce(const QString &sql)
+{
+    if (QCoreApplication::instance() != nullptr &&
+        QThread::currentThread() == QCoreApplication::instance()->thread() && statementHook())
+        statementHook()(sql);
+}
+
 QString unequalValues()
 {
     return QCoreApplication::translate("Db", "Значення запиту не відповідають його місцям.");
@@ -74,6 +89,11 @@ QString unequalValues()
 } // namespace
 
 Db::Db(QSqlDatabase *connection, QObject *receiver) : m_connection(connection), m_receiver(receiver) {}
+
+void Db::setStatementHook(const StatementHook &hook)
+{
+    statementHook() = hook;
+}
 
 bool Db::refusedInTransaction() const
 {
@@ -117,13 +137,16 @@ std::optional<QSqlQuery> Db::run(const QString &sql, const Values &values, const
     if (refusedInTransaction())
         return std::nullopt;
     QSqlQuery query(*m_connection);
-    if (values.isEmpty())
+    if (values.isEmpty()) {
+        announce(sql);
         return finish(std::move(query), query.exec(sql), sql, failure, file, line);
+    }
     if (!sameNames(sql, values)) {
         markFailure();
         report(failure, unequalValues(), sql, file, line);
         return std::nullopt;
     }
+    announce(sql);
     bool executed = query.prepare(sql);
     if (executed) {
         for (const auto &value : values)
@@ -144,6 +167,7 @@ std::optional<QSqlQuery> Db::runPositional(const QString &sql, const QVariantLis
         return std::nullopt;
     }
     QSqlQuery query(*m_connection);
+    announce(sql);
     bool executed = query.prepare(sql);
     if (executed) {
         for (const QVariant &value : values)
@@ -180,6 +204,7 @@ std::optional<QSqlQuery> Db::attempt(const QString &sql, QString *error) const
     if (refusedInTransaction())
         return std::nullopt;
     QSqlQuery query(*m_connection);
+    announce(sql);
     if (query.exec(sql))
         return query;
     markFailure(query.lastError().nativeErrorCode().toInt());

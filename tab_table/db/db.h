@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QVariant>
 #include <QVector>
+#include <functional>
 #include <optional>
 
 class QObject;
@@ -50,6 +51,11 @@ public:
 
     /// Runs a statement without reporting: error gets the server's words. For those who word the report.
     std::optional<QSqlQuery> attempt(const QString &sql, QString *error) const;
+
+    /// Called with every statement right before it is sent, START TRANSACTION, COMMIT and ROLLBACK
+    /// included: lets tests break the connection at a given one. Null by default; main thread only.
+    using StatementHook = std::function<void(const QString &sql)>;
+    static void setStatementHook(const StatementHook &hook);
 
     QSqlDatabase *connection() const { return m_connection; }
     QObject *receiver() const { return m_receiver; }
