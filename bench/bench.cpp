@@ -52,7 +52,10 @@ double ratio(int rounds, const std::function<double()> &theirs, const std::funct
     QVector<double> ratios;
     for (int i = 0; i < rounds; ++i) {
         const double bare = theirs();
-        ratios.append(ours() / bare);
+        const double program = ours();
+        if (qEnvironmentVariableIsSet("VELTAB_BENCH_VERBOSE"))
+            qInfo("bare %.1f ms, program %.1f ms", bare, program);
+        ratios.append(program / bare);
     }
     return median(ratios);
 }

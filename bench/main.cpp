@@ -37,7 +37,8 @@ QCommandLineOption valued(const char *name, const char *help, const QString &pre
 Options readOptions(const QCoreApplication &application)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Measures the program against the bare client library."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Measures the program against the bare client library; VELTAB_BENCH_VERBOSE=1 shows each round."));
     parser.addHelpOption();
     parser.addOptions({valued("host", "Server; without it the one of VELTAB_TEST_SERVER"),
                        valued("port", "Its port", QStringLiteral("3306")), valued("user", "User"),

@@ -204,14 +204,24 @@ public:
 
     void sort(Entry *first, Entry *last, int part)
     {
-        for (Entry *entry = first; entry != last; ++entry)
-            entry->key = m_keyPart(m_store.cell(static_cast<int>(entry->row), m_column), part) ^ m_turn;
+        readKeys(first, last, part);
         sortByKey(first, last);
         if (part + 1 < mostParts)
             sortEqualRuns(first, last, part + 1);
     }
 
 private:
+    /// After a sort the rows lie about in memory: what is read next is fetched ahead.
+    void readKeys(Entry *first, Entry *last, int part)
+    {
+        constexpr ptrdiff_t ahead = 24;
+        for (Entry *entry = first; entry != last; ++entry) {
+            if (last - entry > ahead)
+                m_store.announce(static_cast<int>(entry[ahead].row));
+            entry->key = m_keyPart(m_store.cell(static_cast<int>(entry->row), m_column), part) ^ m_turn;
+        }
+    }
+
     void sortByKey(Entry *first, Entry *last)
     {
         constexpr ptrdiff_t fewEntries = 512;
