@@ -72,6 +72,8 @@ struct Chain
     ChainPlan plan;
     QVector<Shop> shops;
     QVector<Register> registers;
+    /// The rates of the five tax groups in force, as a shift keeps them: "2000,0,2000,500,...".
+    QString taxRates;
     QVector<Item> items;
     QHash<int, QVector<PriceRow>> prices;
     QVector<Promotion> promotions;

@@ -12,6 +12,14 @@ constexpr int firstGoodsGroup = 6;
 constexpr int discountType = 2;
 const QString allWeek = QStringLiteral("Mon,Tue,Wed,Thu,Fri,Sat,Sun,");
 
+bool readTaxRates(const Db &db, Chain *chain)
+{
+    const auto rates = db.firstText(QStringLiteral(
+        "SELECT GROUP_CONCAT(pdv_proc,',',dod_proc ORDER BY id) FROM tax WHERE id BETWEEN 1 AND 5"));
+    chain->taxRates = rates.value_or(QString());
+    return rates.has_value();
+}
+
 bool fillGoodsGroups(const Db &db)
 {
     BulkInsert groups(db, QStringLiteral("group_goods(id,name)"));
@@ -177,7 +185,10 @@ int Chain::promotionRate(const Item &item, const QDateTime &time) const
 
 qint64 Chain::priceOf(const Item &item, const Shop &shop) const
 {
-    const QVector<PriceRow> rows = prices.value(item.id);
+    const auto own = prices.constFind(item.id);
+    if (own == prices.constEnd())
+        return item.price;
+    const QVector<PriceRow> &rows = *own;
     for (const int priority : {0, 1}) {
         const QVector<QPair<int, int>> places{{shop.id, 0}, {0, shop.group}, {0, 1}};
         for (const auto &place : places) {
@@ -195,8 +206,8 @@ qint64 Chain::priceOf(const Item &item, const Shop &shop) const
 bool fillGoods(const Db &db, Chain *chain)
 {
     chain->promotions = makePromotions(chain->plan.until);
-    return fillGoodsGroups(db) && fillPromotions(db, chain->promotions) && writeItems(db, chain) &&
-           writePrices(db, chain);
+    return readTaxRates(db, chain) && fillGoodsGroups(db) && fillPromotions(db, chain->promotions) &&
+           writeItems(db, chain) && writePrices(db, chain);
 }
 
 bool fillStock(const Db &db, const Chain &chain)

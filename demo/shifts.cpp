@@ -120,10 +120,7 @@ private:
         row.numbers({totals.cashReturned, 0, 0, 0});
         for (int tax = 1; tax <= 5; ++tax)
             row.number(totals.returned[tax]);
-        for (int tax = 1; tax <= 5; ++tax) {
-            row.raw(QStringLiteral("(SELECT pdv_proc FROM tax WHERE id=%1)").arg(tax));
-            row.raw(QStringLiteral("(SELECT dod_proc FROM tax WHERE id=%1)").arg(tax));
-        }
+        row.raw(m_chain.taxRates);
         const bool isClosed = closed != QLatin1String("0");
         row.numbers({totals.receipts, totals.returns, totals.discountedReceipts,
                      isClosed ? m_dice.below(4) : 0, isClosed ? m_dice.below(2) : 0, totals.discount,
