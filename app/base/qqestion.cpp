@@ -78,6 +78,9 @@ int QQestion::exec(const QString &title, const QString &text)
     m_title->setText(title);
     m_text->setText(text);
     m_confirm->setFocus();
+    // The layout alone would give a long text too little height.
+    const int width = qMin(maximumWidth(), layout()->sizeHint().width());
+    resize(width, layout()->heightForWidth(width));
     return QDialog::exec();
 }
 
