@@ -15,6 +15,12 @@ public:
     int below(int below) { return static_cast<int>((next() >> 33) % static_cast<quint64>(below)); }
     /// from to to, both included.
     int between(int from, int to) { return from + below(to - from + 1); }
+    /// The same for sums and quantities, in whole multiples of a grain.
+    qint64 amount(qint64 from, qint64 to, qint64 grain)
+    {
+        const qint64 steps = to / grain - from / grain + 1;
+        return (from / grain + below(static_cast<int>(steps))) * grain;
+    }
     /// True in so many of a hundred cases.
     bool percent(int chance) { return below(100) < chance; }
 

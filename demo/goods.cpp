@@ -71,7 +71,7 @@ QString firstBarcode(const GoodsKind &kind, int number)
 /// Whole tens of kopecks, as price tags have them.
 qint64 tagPrice(const GoodsKind &kind, Dice *dice)
 {
-    return dice->between(kind.cheapest / 10, kind.dearest / 10) * 10;
+    return dice->amount(kind.cheapest, kind.dearest, 10);
 }
 
 Item makeItem(int number, Dice *dice)
@@ -222,8 +222,8 @@ bool fillStock(const Db &db, const Chain &chain)
         for (int k = 0; k < assortment; ++k) {
             const Item &item = chain.itemOf(shop, k);
             const int grain = item.weighed ? 10 : 1000;
-            rows.add(SqlRow().numbers({shop.id, item.id, dice.between(5000, 90000) / grain * grain,
-                                       dice.between(0, 200000) / grain * grain, item.promotion}));
+            rows.add(SqlRow().numbers({shop.id, item.id, dice.amount(5000, 90000, grain),
+                                       dice.amount(0, 200000, grain), item.promotion}));
         }
     }
     return rows.finish();

@@ -129,7 +129,7 @@ QString personName(Dice *dice)
     static const QStringList names =
         QStringLiteral("Ірина|Оксана|Наталія|Марія|Ганна|Юлія|Олександр|Сергій|Микола|Тарас|Євген|Ольга")
             .split(QLatin1Char('|'));
-    const QString surname = surnames.at(dice->below(surnames.size()));
+    const QString &surname = surnames.at(dice->below(surnames.size()));
     return surname + QLatin1Char(' ') + names.at(dice->below(names.size()));
 }
 

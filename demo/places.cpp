@@ -91,7 +91,7 @@ bool writeShops(const Db &db, const QVector<Shop> &shops)
                      .numbers({shop.group, shop.id % 7 + 1})
                      .text(shopName(shop).toUpper())
                      .text(place.left(50))
-                     .text(QStringLiteral("ПН %1").arg(100000000000 + shop.id * 7919))
+                     .text(QStringLiteral("ПН %1").arg(100000000000 + shop.id * qint64(7919)))
                      .text(QStringLiteral("Ласкаво просимо!"))
                      .text(QStringLiteral("Дякуємо за покупку!"))
                      .text(QStringLiteral("Чекаємо на Вас знову"))
@@ -139,7 +139,7 @@ bool writeRegisters(const Db &db, const Chain &chain)
             .text(QStringLiteral("РРО"))
             .text(reg.id % 3 == 0 ? QStringLiteral("М-500Т") : QStringLiteral("М-301"))
             .number(2)
-            .text(QStringLiteral("ФН%1").arg(3000000000 + reg.id * 104729));
+            .text(QStringLiteral("ФН%1").arg(3000000000 + reg.id * qint64(104729)));
         rows.add(row);
     }
     return rows.finish();

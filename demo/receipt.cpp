@@ -51,7 +51,7 @@ void pay(Receipt *receipt, Dice *dice)
         receipt->cashless = sum / 2;
         receipt->cash = sum - receipt->cashless;
     } else {
-        receipt->certificate = qMin<qint64>(sum, dice->between(1, 4) * 10000);
+        receipt->certificate = qMin<qint64>(sum, dice->amount(10000, 40000, 10000));
         receipt->cash = sum - receipt->certificate;
     }
 }

@@ -63,7 +63,7 @@ private:
         ShiftJournal journal(m_receipts, m_register, m_shift, userOf(*m_register.shop), m_lastReceipt);
         const QDateTime opening(day, QTime(openingHour, 0));
         const QDateTime closing(day, QTime(isLast ? lastDayHour : closingHour, 0));
-        journal.bringCash(m_dice.between(3, 10) * 10000, opening.addSecs(-300));
+        journal.bringCash(m_dice.amount(30000, 100000, 10000), opening.addSecs(-300));
         writeDocuments(&journal, day);
         writeSales(&journal, opening, closing, isLast);
         const bool isOpen = isLast && lastDayOf(m_register) == LastDay::Open;

@@ -47,12 +47,15 @@ server_free_port() {
 }
 
 # The system tables, made aside and moved into place, so that an interrupted start leaves nothing half done.
+# From within the folder, because the installer does not stand blanks in a path.
 server_create_data() {
   local folder=$1
   rm -rf "$folder/data.new"
-  mariadb-install-db --no-defaults "${server_own_user[@]}" --datadir="$folder/data.new" --skip-test-db \
-    --auth-root-authentication-method=socket --auth-root-socket-user="$(id -un)" >"$folder/install.log" 2>&1 ||
-    { cat "$folder/install.log" >&2; return 1; }
+  (
+    cd "$folder" || exit 1
+    mariadb-install-db --no-defaults "${server_own_user[@]}" --datadir=./data.new --tmpdir=../tmp --skip-test-db \
+      --auth-root-authentication-method=socket --auth-root-socket-user="$(id -un)" >install.log 2>&1
+  ) || { cat "$folder/install.log" >&2; return 1; }
   mv "$folder/data.new" "$folder/data"
 }
 
