@@ -35,6 +35,7 @@ using Measure = QVector<Figure> (*)(const Bench &bench);
 QVector<Figure> measureLists(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
+QVector<Figure> measureStart(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

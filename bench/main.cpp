@@ -18,6 +18,7 @@ const struct
     bool ownProcess;
 } benchmarks[] = {
     {"lists", measureLists, false},
+    {"start", measureStart, false},
     {"memory", measureMemory, true},
     {"items", measureAgainstItems, true},
 };
