@@ -1,0 +1,129 @@
+#include "qreports.h"
+
+#include "reportwindow.h"
+
+#include <QTabWidget>
+
+namespace {
+using Factory = QWidget *(*)(QSqlDatabase *, QLoadedUser *, QObject *, setting *, QWidget *);
+
+/// In the order of QReports::Report. A report without a factory does not exist yet.
+struct ReportKind
+{
+    const char *caption;
+    Factory make;
+};
+
+const ReportKind kinds[] = {
+    {QT_TRANSLATE_NOOP("QReports", "Чеки"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), nullptr},
+};
+static_assert(sizeof(kinds) / sizeof(kinds[0]) == QReports::ReportCount, "one line a report");
+} // namespace
+
+QReports::QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow)
+    : QObject(mainWindow), m_tabs(tabs), m_db(db), m_setting(set), m_user(user)
+{
+}
+
+bool QReports::canOpen(Report report)
+{
+    return kinds[report].make != nullptr;
+}
+
+ReportWindow *QReports::window(Report report) const
+{
+    return qobject_cast<ReportWindow *>(m_open[report]);
+}
+
+ReportWindow *QReports::current() const
+{
+    return reportAt(m_tabs->currentIndex()) < 0 ? nullptr
+                                                : qobject_cast<ReportWindow *>(m_tabs->currentWidget());
+}
+
+QWidget *QReports::open(Report report)
+{
+    if (!canOpen(report))
+        return nullptr;
+    if (m_open[report] == nullptr) {
+        m_open[report] = kinds[report].make(m_db, m_user, parent(), m_setting, m_tabs);
+        m_tabs->addTab(m_open[report], tr(kinds[report].caption));
+    }
+    m_tabs->setCurrentWidget(m_open[report]);
+    return m_open[report];
+}
+
+void QReports::ChekViewer()
+{
+    open(Cheks);
+}
+
+void QReports::ZReports()
+{
+    open(Zvits);
+}
+
+void QReports::ArtReports()
+{
+    open(Articles);
+}
+
+void QReports::StatOnLine()
+{
+    StatOnLine(0);
+}
+
+void QReports::StatOnLine(unsigned int shop)
+{
+    Q_UNUSED(shop)
+    open(OnLine);
+}
+
+void QReports::showCheks(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo)
+{
+    Q_UNUSED(id_shop)
+    Q_UNUSED(id_kass)
+    Q_UNUSED(zFrom)
+    Q_UNUSED(zTo)
+    open(Cheks);
+}
+
+int QReports::reportAt(int index) const
+{
+    const QWidget *widget = m_tabs->widget(index);
+    for (int report = 0; widget != nullptr && report < ReportCount; ++report) {
+        if (m_open[static_cast<size_t>(report)] == widget)
+            return report;
+    }
+    return -1;
+}
+
+bool QReports::closetab(int index)
+{
+    const int report = reportAt(index);
+    if (report < 0)
+        return false;
+    QWidget *window = m_open[static_cast<size_t>(report)];
+    m_open[static_cast<size_t>(report)] = nullptr;
+    m_tabs->removeTab(index);
+    delete window;
+    return true;
+}
+
+bool QReports::changetab(int index)
+{
+    if (reportAt(index) < 0)
+        return false;
+    emit visible(false, true);
+    return true;
+}
+
+bool QReports::export_to_csv(const QString &code, const QString &path)
+{
+    Q_UNUSED(code)
+    Q_UNUSED(path)
+    return false;
+}

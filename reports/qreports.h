@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <array>
+
+class QLoadedUser;
+class QSqlDatabase;
+class QTabWidget;
+class ReportWindow;
+class setting;
+
+/// Opens, finds, closes and exports the report windows: at most one of each, a page of the main window's
+/// tabs.
+class QReports : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Report { Cheks, Zvits, Articles, OnLine, ReportCount };
+
+    /// mainWindow receives the messages.
+    QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow);
+
+    /// False for a report that does not exist yet.
+    static bool canOpen(Report report);
+    ReportWindow *window(Report report) const;
+    /// The report in front, or null.
+    ReportWindow *current() const;
+
+    /// These tell whether the page is one of the reports.
+    bool closetab(int index);
+    bool changetab(int index);
+    /// Exports the report in front where it can be exported.
+    bool export_to_csv(const QString &code, const QString &path);
+
+public slots:
+    void ChekViewer();
+    void ZReports();
+    void ArtReports();
+    void StatOnLine();
+    /// For one shop; 0 leaves the choice to the user.
+    void StatOnLine(unsigned int shop);
+    /// The receipts of one register's shifts, from a Z-report or an article.
+    void showCheks(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
+
+signals:
+    void visible(bool vis, bool exp);
+
+private:
+    QWidget *open(Report report);
+    int reportAt(int index) const;
+
+    QTabWidget *m_tabs;
+    QSqlDatabase *m_db;
+    setting *m_setting;
+    QLoadedUser *m_user;
+    std::array<QPointer<QWidget>, ReportCount> m_open;
+};

@@ -1,0 +1,120 @@
+#include "reportwindow.h"
+
+#include "listloader.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qqestion.h"
+#include "qrowmodel.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QStatusBar>
+
+ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
+    : QMainWindow(parent)
+    , m_db(db)
+    , m_user(user)
+    , m_mainWindow(mainWindow)
+    , m_state(new QLabel(this))
+    , m_loader(new ListLoader(db->connectionName(), mainWindow, this))
+{
+    // A page of the tab area, not a window.
+    setWindowFlags(Qt::Widget);
+    m_state->setObjectName(QStringLiteral("labelState"));
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_state);
+    connect(m_loader, &ListLoader::found, this, &ReportWindow::showFound);
+}
+
+ReportWindow::~ReportWindow() = default;
+
+bool ReportWindow::isLoading() const
+{
+    return m_loader->isLoading();
+}
+
+void ReportWindow::takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop)
+{
+    m_list = view;
+    m_model = new QRowModel(view);
+    view->setModel(m_model);
+    view->setSortingEnabled(true);
+    m_load = pbLoad;
+    m_stop = pbStop;
+    if (pbStop != nullptr)
+        connect(pbStop, &QPushButton::clicked, this, &ReportWindow::stopLoading);
+    showState(QString(), false);
+}
+
+void ReportWindow::setColumns(const QVector<Column> &columns, const QStringList &samples)
+{
+    m_model->setColumns(columns);
+    const QFontMetrics metrics = m_list->fontMetrics();
+    for (int i = 0; i < columns.size(); ++i) {
+        const int caption = m_list->horizontalHeader()->sectionSizeHint(i) + metrics.height();
+        m_list->setColumnWidth(i,
+                               qMax(metrics.horizontalAdvance(samples.value(i)) + metrics.height(), caption));
+        m_list->setColumnHidden(i, columns.at(i).hidden);
+    }
+}
+
+void ReportWindow::loadList(const QString &sql)
+{
+    postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);
+    m_clock.start();
+    showState(tr("Завантаження…"), true);
+    m_loader->load(sql, QString());
+}
+
+void ReportWindow::stopLoading()
+{
+    if (!isLoading())
+        return;
+    m_loader->cancel();
+    showState(tr("Завантаження зупинено."), false);
+}
+
+void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
+{
+    if (!found->error.isEmpty()) {
+        postMessage(m_mainWindow, tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
+        showState(tr("Не завантажено: сервер відповів помилкою."), false);
+        emit loaded();
+        return;
+    }
+    m_model->replaceRows(std::move(found->rows));
+    sortAsBefore();
+    m_list->setEmptyText(tr("немає даних"));
+    rowsShown();
+    showState(tr("Рядків: %1, час: %2 с").arg(m_model->rowCount()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2),
+              false);
+    emit loaded();
+}
+
+void ReportWindow::sortAsBefore()
+{
+    const QHeaderView *header = m_list->horizontalHeader();
+    if (header->sortIndicatorSection() >= 0)
+        m_model->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
+}
+
+void ReportWindow::showState(const QString &text, bool loading)
+{
+    m_state->setText(text);
+    if (m_load != nullptr)
+        m_load->setDisabled(loading);
+    if (m_stop != nullptr)
+        m_stop->setVisible(loading);
+    if (loading)
+        setCursor(Qt::BusyCursor);
+    else
+        unsetCursor();
+}
+
+bool ReportWindow::refuse(const QString &why)
+{
+    if (!why.isEmpty())
+        QQestion::question(this, tr("Попередження."), why, true);
+    return !why.isEmpty();
+}

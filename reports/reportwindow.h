@@ -1,0 +1,81 @@
+#pragma once
+
+#include "columns.h"
+#include "db.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <memory>
+
+class ListLoader;
+class QLabel;
+class QLoadedUser;
+class QNTableView;
+class QPushButton;
+class QRowModel;
+struct FoundRows;
+
+/// The base of a report: a list that is loaded away from the window, with its state told below it. The
+/// concrete report has a form, takes its grid with takeList() and gives a statement to loadList().
+class ReportWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// mainWindow receives the messages.
+    ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
+    ~ReportWindow() override;
+
+    QNTableView *list() const { return m_list; }
+    QRowModel *model() const { return m_model; }
+    bool isLoading() const;
+
+    /// Report, place, range: the lines over a printed list.
+    virtual QStringList heading() const = 0;
+    /// What stands under a printed list; nothing by default.
+    virtual QStringList totals() const { return {}; }
+
+public slots:
+    /// Asks for the list anew.
+    virtual void load() = 0;
+    /// Ends a load on its way; the list stays as it was.
+    void stopLoading();
+
+signals:
+    /// The rows stand in the list, or the load failed (reported) and it is as it was.
+    void loaded();
+
+protected:
+    /// Makes the form's grid the list of this report. pbLoad is disabled while loading, stopping is
+    /// offered beside it; both may be null.
+    void takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop);
+    /// Column widths by sample texts, as wide as the widest of sample and caption.
+    void setColumns(const QVector<Column> &columns, const QStringList &samples);
+    /// Runs the statement in the background. Values of people go in through lit().
+    void loadList(const QString &sql);
+    /// Called with the rows in the model, before loaded(): totals, colours, a chart.
+    virtual void rowsShown() {}
+    /// Shows why a load is refused; true when there is a reason.
+    bool refuse(const QString &why);
+
+    Db db() const { return Db(m_db, m_mainWindow); }
+    QSqlDatabase *connection() const { return m_db; }
+    QLoadedUser *user() const { return m_user; }
+    QObject *mainWindow() const { return m_mainWindow; }
+
+private:
+    void showFound(const std::shared_ptr<FoundRows> &found);
+    void showState(const QString &text, bool loading);
+    void sortAsBefore();
+
+    QSqlDatabase *m_db;
+    QLoadedUser *m_user;
+    QObject *m_mainWindow;
+    QNTableView *m_list = nullptr;
+    QRowModel *m_model = nullptr;
+    QPushButton *m_load = nullptr;
+    QPushButton *m_stop = nullptr;
+    QLabel *m_state = nullptr;
+    ListLoader *m_loader;
+    QElapsedTimer m_clock;
+};
