@@ -1,1 +1,160 @@
 #include "qtabgoods.h"
+
+#include "combos.h"
+#include "db.h"
+#include "goodsrules.h"
+#include "qaddedtgoods.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "ui_qtabgoodsfilter.h"
+
+#include <QSqlQuery>
+#include <QVBoxLayout>
+
+namespace {
+const int idColumn = 0;
+} // namespace
+
+QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsFilter)
+{
+    table = QStringLiteral("goods");
+    query = QStringLiteral(
+        "SELECT goods.id, dk_shc.shtrihcod, goods.name,goods.price, type_goods.name, group_goods.name, "
+        "tax.name, ynbon_disk.name, ynblock.name FROM goods LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
+        "LEFT JOIN type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON "
+        "goods.group_g=group_goods.id LEFT JOIN tax ON goods.tax=tax.id LEFT JOIN yesno AS ynbon_disk ON "
+        "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id");
+    setColumns({{tr("Код"), 80, &asNumber},
+                {tr("Штрихкод"), 130},
+                {tr("Назва товару"), 340},
+                {tr("Ціна"), 100, &asMoney},
+                {tr("Тип товару"), 100},
+                {tr("Група"), 180},
+                {tr("Податкова група"), 130},
+                {tr("Знижка/Бонус"), 120},
+                {tr("Блокування"), 110}});
+    buildFilter();
+    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
+    seerch(QString());
+}
+
+QTabGoods::~QTabGoods() = default;
+
+void QTabGoods::buildFilter()
+{
+    ui->setupUi(addFilterBar());
+    fillCombo(ui->cbGroup, db(), QStringLiteral("SELECT name,id FROM group_goods"));
+    ui->cbGroup->insertItem(0, tr("Всі групи"), 0);
+    ui->cbGroup->setCurrentIndex(0);
+    setFocusProxy(ui->leSearch);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoods::seerch);
+    connect(ui->leSearch, &QLineEdit::returnPressed, this, &QTabGoods::enterList);
+    connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
+    connect(ui->chByCode, &QCheckBox::toggled, this, &QTabGoods::searchAgain);
+}
+
+void QTabGoods::seerch(const QString &text)
+{
+    const QString condition = goodsCondition(ui->cbGroup->currentData().toUInt(), text.trimmed());
+    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()),
+           QStringLiteral("SELECT COUNT(DISTINCT id) FROM goods LEFT JOIN dk_shc ON "
+                          "goods.id=dk_shc.id_goods") +
+               condition);
+}
+
+void QTabGoods::searchAgain()
+{
+    seerch(ui->leSearch->text());
+}
+
+void QTabGoods::enterList()
+{
+    view()->setFocus();
+    if (!view()->currentIndex().isValid() && model()->rowCount() > 0)
+        view()->setCurrentIndex(model()->index(0, idColumn));
+}
+
+void QTabGoods::Edit(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    QString id = model()->stored(index.row(), idColumn);
+    const QPersistentModelIndex current = index;
+    const bool accepted = openEditor(&id);
+    // The list may have changed behind the editor: a search that was on its way has arrived.
+    const QVector<int> rows = rowsOf(id);
+    if (accepted && !rows.isEmpty())
+        refresh(id, rows);
+    else if (!accepted && mayEdit())
+        finishEditing(false, QString(), current);
+}
+
+void QTabGoods::Add()
+{
+    if (!mayEdit())
+        return;
+    QString id;
+    if (openEditor(&id))
+        refresh(id, {});
+    else
+        finishEditing(false, QString(), QModelIndex());
+}
+
+QVector<int> QTabGoods::rowsOf(const QString &id) const
+{
+    QVector<int> rows;
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        if (model()->stored(row, idColumn) == id)
+            rows.append(row);
+    }
+    return rows;
+}
+
+bool QTabGoods::openEditor(QString *id)
+{
+    const QStringList shops = GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), nullptr);
+    QAddEdtGoods editor(this, db().connection(), id, shops, receiver(), this);
+    if (!editor.isLoaded())
+        return false;
+    if (!mayEdit())
+        editor.setReadOnly(true);
+    return editor.exec() == QDialog::Accepted;
+}
+
+bool QTabGoods::takesOneRow(const QString &id) const
+{
+    if (ui->chByCode->isChecked())
+        return true;
+    const auto count = db().firstText(QStringLiteral("SELECT COUNT(*) FROM dk_shc WHERE id_goods=") + id);
+    return count && count->toInt() <= 1;
+}
+
+void QTabGoods::refresh(const QString &id, const QVector<int> &rows)
+{
+    const QString where = QStringLiteral(" WHERE goods.id=") + id;
+    if (rows.size() <= 1 && takesOneRow(id)) {
+        finishEditing(true, where, model()->index(rows.value(0, -1), idColumn));
+        return;
+    }
+    auto records = db().run(query + where, {}, tr("Помилка при зчитуванні запису."));
+    if (records)
+        writeRows(*records, rows);
+}
+
+void QTabGoods::writeRows(QSqlQuery &records, const QVector<int> &rows)
+{
+    int written = 0;
+    for (; records.next(); ++written) {
+        int row = rows.value(written, -1);
+        if (row < 0) {
+            row = rows.isEmpty() ? model()->rowCount() : rows.last() + 1 + written - rows.size();
+            model()->insertRow(row);
+        }
+        showInModel(records, 0, row);
+        if (written == 0)
+            view()->setCurrentIndex(model()->index(row, idColumn));
+    }
+    for (int i = rows.size() - 1; i >= written; --i)
+        model()->removeRow(rows.at(i));
+}

@@ -1,1 +1,67 @@
 #include "qtabgoodsshops.h"
+
+#include "db.h"
+#include "qloadeduser.h"
+#include "ui_qtabgoodsshopsfilter.h"
+
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+const QLatin1String sources("goods_shop LEFT JOIN shops ON goods_shop.id_shop=shops.id LEFT JOIN goods ON "
+                            "goods_shop.id_goods=goods.id");
+} // namespace
+
+QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
+                               QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsShopsFilter)
+{
+    table = QStringLiteral("goods_shop");
+    query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
+                           "goods_shop.count_syllable FROM ") +
+            sources;
+    setColumns({{tr("Назва магазину"), 280},
+                {tr("Назва товару"), 340},
+                {tr("Кількість в торговому залі"), 180, &asQuantity},
+                {tr("Кількість на складі"), 150, &asQuantity}});
+    buildFilter();
+    seerch(QString());
+}
+
+QTabGoodsShops::~QTabGoodsShops() = default;
+
+void QTabGoodsShops::buildFilter()
+{
+    ui->setupUi(addFilterBar());
+    GetLstShopFromPermis(db().connection(), user(), receiver(), QStringLiteral(" GROUP BY shops.id"),
+                         ui->cbShop);
+    {
+        const QSignalBlocker hold(ui->cbShop);
+        ui->cbShop->insertItem(0, tr("Всі магазини"), 0);
+        ui->cbShop->setCurrentIndex(0);
+    }
+    setFocusProxy(ui->leSearch);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoodsShops::seerch);
+    connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this] { seerch(ui->leSearch->text()); });
+}
+
+QString QTabGoodsShops::condition(const QString &text) const
+{
+    QString where = QStringLiteral(" WHERE (") +
+                    GetStrLstGroupFromPermis(user(), QStringLiteral("shops.group_shop"), true);
+    if (!user()->idShop().isEmpty())
+        where += QStringLiteral(" OR shops.id=") + user()->idShop();
+    where += QLatin1Char(')');
+    if (const uint shop = ui->cbShop->currentData().toUInt(); shop != 0)
+        where += QStringLiteral(" AND goods_shop.id_shop=") + QString::number(shop);
+    if (!text.isEmpty())
+        where += QStringLiteral(" AND (goods.name LIKE %1 OR shops.address LIKE %1)").arg(likeContains(text));
+    return where;
+}
+
+void QTabGoodsShops::seerch(const QString &text)
+{
+    const QString where = condition(text.trimmed());
+    search(where, QStringLiteral("SELECT COUNT(*) FROM ") + sources + where);
+}

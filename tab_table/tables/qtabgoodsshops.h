@@ -1,12 +1,28 @@
 #pragma once
+
 #include "qtab.h"
-#include <QVBoxLayout>
+
+namespace Ui {
+class QTabGoodsShopsFilter;
+}
+
+/// How much of each item lies in the showroom and in the store of the shops that the user may see; nothing
+/// is edited here.
 class QTabGoodsShops : public QTab
 {
     Q_OBJECT
+
 public:
-    QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-        : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
-    {
-    }
+    QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    ~QTabGoodsShops() override;
+
+public slots:
+    /// Lists the stock of the chosen shop in whose goods or shop name the text stands.
+    void seerch(const QString &text);
+
+private:
+    void buildFilter();
+    QString condition(const QString &text) const;
+
+    std::unique_ptr<Ui::QTabGoodsShopsFilter> ui;
 };

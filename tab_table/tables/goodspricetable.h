@@ -1,0 +1,29 @@
+#pragma once
+
+#include "goodsrecord.h"
+
+#include <QTableWidget>
+
+class GoodsPriceDelegate;
+
+/// The table of an item's prices beside its base price, edited in place.
+class GoodsPriceTable : public QTableWidget
+{
+    Q_OBJECT
+
+public:
+    explicit GoodsPriceTable(QWidget *parent = nullptr);
+
+    /// What may be chosen; no shop at all is always a choice.
+    void setLists(const QStringList &groups, const QStringList &shops);
+    void append(const GoodsPrice &price);
+    QVector<GoodsPrice> prices() const;
+    /// The first row that cannot be saved, in the user's words; empty when all can.
+    QString refusal() const;
+
+private:
+    QString cell(int row, int column) const;
+    QString twice(const QVector<GoodsPrice> &prices, int row) const;
+
+    GoodsPriceDelegate *m_delegate;
+};

@@ -1,0 +1,58 @@
+#include "goodsrules.h"
+
+#include "db.h"
+#include "money.h"
+
+namespace {
+const uint firstExclusiveRule = 2;
+const uint lastExclusiveRule = 4;
+
+bool allDigits(const QString &text)
+{
+    for (const QChar c : text) {
+        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
+            return false;
+    }
+    return !text.isEmpty();
+}
+} // namespace
+
+QString goodsCondition(uint group, const QString &text)
+{
+    QString condition;
+    if (group != 0)
+        condition = QStringLiteral(" WHERE goods.group_g=") + QString::number(group);
+    if (text.isEmpty())
+        return condition;
+    const QString pattern = likeContains(text);
+    condition += group != 0 ? QStringLiteral(" AND (") : QStringLiteral(" WHERE (");
+    return condition + QStringLiteral("dk_shc.shtrihcod LIKE ") + pattern +
+           QStringLiteral(" OR goods.name LIKE ") + pattern + QStringLiteral(" OR goods.id LIKE ") + pattern +
+           QLatin1Char(')');
+}
+
+bool isExclusiveRule(uint rule)
+{
+    return rule >= firstExclusiveRule && rule <= lastExclusiveRule;
+}
+
+bool priceFromText(const QString &text, qint64 *kopecks)
+{
+    return kopecksFromText(text, kopecks) && *kopecks >= 0 && *kopecks <= greatestPrice;
+}
+
+bool isTypedBarcode(const QString &code)
+{
+    return code.size() == 13 && allDigits(code);
+}
+
+bool isStoredBarcode(const QString &code)
+{
+    return (code.size() == 8 || code.size() == 13) && allDigits(code);
+}
+
+QString barcodeInSql(const QString &code)
+{
+    const bool isNumber = allDigits(code) && !code.startsWith(QLatin1Char('0'));
+    return isNumber ? code : lit(code);
+}

@@ -1,0 +1,347 @@
+#include "qaddedtgoods.h"
+
+#include "combos.h"
+#include "ean13.h"
+#include "goodspricedelegate.h"
+#include "goodsrules.h"
+#include "money.h"
+#include "qmessevent.h"
+#include "qqestion.h"
+#include "qtab.h"
+#include "ui_qaddedtgoods.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QSignalBlocker>
+
+namespace {
+const QLatin1String refusedStyle("background-color: #FF3333");
+
+void mark(QLineEdit *field, bool isRefused)
+{
+    field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
+}
+
+void chooseData(QComboBox *box, uint data)
+{
+    box->setCurrentIndex(qMax(0, box->findData(data)));
+}
+} // namespace
+
+QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QStringList &shops,
+                           QObject *receiver, QWidget *parent)
+    : EditDialog(parent), ui(new Ui::QAddEdtGoods), m_db(db, receiver), m_id(id), m_isNew(id->isEmpty())
+{
+    ui->setupUi(this);
+    setRecordTitle(*id);
+    buildFields();
+    if (const int length = tab->GetMaxChar(QStringLiteral("goods"), QStringLiteral("name")); length > 0)
+        ui->leName->setMaxLength(length);
+    fillLists();
+    fillPriceLists(shops);
+    connectFields();
+    if (m_isNew) {
+        chooseUsual();
+        ui->leName->setFocus();
+        return;
+    }
+    const auto found = loadGoods(m_db, *id);
+    m_isLoaded = found.has_value();
+    if (found)
+        show(*found);
+    ui->lePrice->setFocus();
+    ui->lePrice->selectAll();
+}
+
+QAddEdtGoods::~QAddEdtGoods() = default;
+
+void QAddEdtGoods::buildFields()
+{
+    if (m_isNew)
+        ui->leId->setInputMask(QStringLiteral("000000000000000"));
+    else
+        ui->leId->setText(*m_id);
+    ui->leId->setReadOnly(!m_isNew);
+    ui->lePrice->setValidator(new PriceValidator(ui->lePrice));
+    ui->leShtrih->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
+    ui->leShtrih->installEventFilter(this);
+    ui->labelRule->hide();
+    ui->leName->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
+}
+
+void QAddEdtGoods::connectFields()
+{
+    connect(ui->pbOk, &QPushButton::clicked, this, &QAddEdtGoods::btok);
+    connect(ui->pbCancel, &QPushButton::clicked, this, &QAddEdtGoods::btcancel);
+    connect(ui->pbAddShc, &QPushButton::clicked, this, &QAddEdtGoods::addshc);
+    connect(ui->pbDelShc, &QPushButton::clicked, this, &QAddEdtGoods::delshc);
+    connect(ui->pbAddPrice, &QPushButton::clicked, this, &QAddEdtGoods::addprice);
+    connect(ui->pbDelPrice, &QPushButton::clicked, this, &QAddEdtGoods::delprice);
+    connect(ui->cbRules, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &QAddEdtGoods::changRules);
+    connect(ui->leShtrih, &QLineEdit::textChanged, this, [this] { ChangeShtrih(ui->leShtrih); });
+    connect(ui->leShortName, &QLineEdit::textChanged, this, &QAddEdtGoods::ChangeShortName);
+    connect(ui->leName, &QLineEdit::editingFinished, this, [this] {
+        if (!isReadOnly() && ui->leShortName->text().isEmpty())
+            ui->leShortName->setText(ui->leName->text().trimmed());
+    });
+    auto *deleteCode =
+        new QShortcut(QKeySequence::Delete, ui->lwShtrih, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deleteCode, &QShortcut::activated, this, &QAddEdtGoods::delshc);
+    auto *deletePrice =
+        new QShortcut(QKeySequence::Delete, ui->twPrices, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(deletePrice, &QShortcut::activated, this, &QAddEdtGoods::delprice);
+}
+
+void QAddEdtGoods::fillLists()
+{
+    const struct
+    {
+        QComboBox *box;
+        const char *sql;
+    } lists[] = {
+        {ui->cbGroup, "SELECT name,id FROM group_goods"}, {ui->cbTax, "SELECT name,id FROM tax"},
+        {ui->cbType, "SELECT name,id FROM type_goods"},   {ui->cbPaymBonus, "SELECT name,id FROM yesno"},
+        {ui->cbBonusDisk, "SELECT name,id FROM yesno"},   {ui->cbBlock, "SELECT name,id FROM yesno"},
+        {ui->cbRules, "SELECT name,id FROM rules_goods"}};
+    for (const auto &list : lists)
+        fillCombo(list.box, m_db, QLatin1String(list.sql));
+}
+
+void QAddEdtGoods::fillPriceLists(const QStringList &shops)
+{
+    QStringList groups;
+    auto names = m_db.run(QStringLiteral("SELECT name FROM group_shop"));
+    while (names && names->next())
+        groups.append(toText(names->value(0)));
+    ui->twPrices->setLists(groups, shops);
+    const auto preset = m_db.firstText(QStringLiteral("SELECT name FROM group_shop WHERE id=1"));
+    m_defaultGroup = preset.value_or(QString());
+    if (m_defaultGroup.isEmpty())
+        postMessage(m_db.receiver(), tr("Невідоме значення по замовчуванню для групи магазинів!"));
+}
+
+/// What a new item has, as the database itself presets it.
+void QAddEdtGoods::chooseUsual()
+{
+    const struct
+    {
+        QComboBox *box;
+        uint id;
+    } usual[] = {{ui->cbType, 1},  {ui->cbGroup, 1},     {ui->cbTax, 1},  {ui->cbPaymBonus, 1},
+                 {ui->cbRules, 1}, {ui->cbBonusDisk, 0}, {ui->cbBlock, 0}};
+    for (const auto &choice : usual)
+        chooseData(choice.box, choice.id);
+}
+
+void QAddEdtGoods::show(const GoodsRecord &found)
+{
+    ui->leName->setText(found.name);
+    ui->leShortName->setText(found.shortName);
+    if (found.price)
+        ui->lePrice->setText(moneyText(*found.price));
+    chooseText(ui->cbType, found.type);
+    chooseText(ui->cbGroup, found.group);
+    chooseText(ui->cbTax, found.tax);
+    chooseText(ui->cbRules, found.rule);
+    chooseText(ui->cbPaymBonus, found.paymBonus);
+    chooseText(ui->cbBonusDisk, found.bonusDisk);
+    chooseText(ui->cbBlock, found.block);
+    ui->lwShtrih->addItems(found.barcodes);
+    for (const GoodsPrice &price : found.prices)
+        ui->twPrices->append(price);
+    m_loadedPrices = found.prices;
+}
+
+bool QAddEdtGoods::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui->leShtrih && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        // A scanner ends with Enter, which must not save the item.
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            addshc();
+            return true;
+        }
+    }
+    return EditDialog::eventFilter(watched, event);
+}
+
+void QAddEdtGoods::addshc()
+{
+    const QString code = ui->leShtrih->text();
+    if (isReadOnly() || code.isEmpty())
+        return;
+    QString why;
+    if (!isTypedBarcode(code))
+        why = tr("Новий штрихкод повинен мати 13 цифр.");
+    else if (barcodes().contains(code))
+        why = tr("Такий штрихкод вже є у списку.");
+    if (!why.isEmpty()) {
+        QQestion::question(this, tr("Попередження."), why, true);
+    } else if (isSoundEan(code) ||
+               QQestion::question(this, tr("Увага."),
+                                  tr("Контрольна цифра штрихкоду %1 невірна. Додати його?").arg(code)) ==
+                   Accepted) {
+        ui->lwShtrih->addItem(code);
+        ui->lwShtrih->setCurrentRow(ui->lwShtrih->count() - 1);
+        ui->leShtrih->clear();
+    }
+    ui->leShtrih->setFocus();
+    ui->leShtrih->selectAll();
+}
+
+void QAddEdtGoods::delshc()
+{
+    if (!isReadOnly())
+        delete ui->lwShtrih->takeItem(ui->lwShtrih->currentRow());
+}
+
+void QAddEdtGoods::addprice()
+{
+    if (isReadOnly())
+        return;
+    qint64 price = 0;
+    if (!priceFromText(ui->lePrice->text(), &price))
+        price = 0;
+    ui->twPrices->append({price, 0, m_defaultGroup, QString()});
+    const int row = ui->twPrices->rowCount() - 1;
+    ui->twPrices->setFocus();
+    ui->twPrices->setCurrentCell(row, GoodsPriceDelegate::Price);
+    ui->twPrices->editItem(ui->twPrices->item(row, GoodsPriceDelegate::Price));
+}
+
+void QAddEdtGoods::delprice()
+{
+    if (!isReadOnly())
+        ui->twPrices->removeRow(ui->twPrices->currentRow());
+}
+
+void QAddEdtGoods::insertprice(int price, int priority, const QString &group, const QString &shop)
+{
+    ui->twPrices->append({price, priority, group, shop});
+}
+
+void QAddEdtGoods::changRules(int index)
+{
+    const bool isExclusive = isExclusiveRule(ui->cbRules->itemData(index).toUInt());
+    ui->labelRule->setText(isExclusive ? tr("В групі може бути тільки один товар з таким правилом.")
+                                       : QString());
+    ui->labelRule->setVisible(isExclusive);
+}
+
+void QAddEdtGoods::ChangeShtrih(QLineEdit *field)
+{
+    mark(field, !field->text().isEmpty() && !isTypedBarcode(field->text()));
+}
+
+void QAddEdtGoods::ChangeShortName(const QString &text)
+{
+    const bool isCut = text.size() > shortNameLength;
+    if (isCut) {
+        const QSignalBlocker hold(ui->leShortName);
+        const int cursor = ui->leShortName->cursorPosition();
+        ui->leShortName->setText(text.left(shortNameLength));
+        ui->leShortName->setCursorPosition(qMin(cursor, shortNameLength));
+    }
+    mark(ui->leShortName, isCut);
+}
+
+QStringList QAddEdtGoods::barcodes() const
+{
+    QStringList list;
+    for (int i = 0; i < ui->lwShtrih->count(); ++i)
+        list.append(ui->lwShtrih->item(i)->text());
+    return list;
+}
+
+GoodsRecord QAddEdtGoods::record() const
+{
+    GoodsRecord goods;
+    goods.name = ui->leName->text().trimmed();
+    goods.shortName = ui->leShortName->text().trimmed();
+    if (goods.shortName.isEmpty())
+        goods.shortName = goods.name.left(shortNameLength);
+    if (qint64 price = 0; priceFromText(ui->lePrice->text(), &price))
+        goods.price = price;
+    goods.type = ui->cbType->currentText();
+    goods.group = ui->cbGroup->currentText();
+    goods.tax = ui->cbTax->currentText();
+    goods.rule = ui->cbRules->currentText();
+    goods.paymBonus = ui->cbPaymBonus->currentText();
+    goods.bonusDisk = ui->cbBonusDisk->currentText();
+    goods.block = ui->cbBlock->currentText();
+    goods.barcodes = barcodes();
+    goods.prices = ui->twPrices->prices();
+    return goods;
+}
+
+QString QAddEdtGoods::refusal() const
+{
+    if (ui->leName->text().trimmed().isEmpty())
+        return tr("Назва товару не може бути пустою");
+    QString why = barcodesRefusal();
+    if (qint64 price = 0; why.isEmpty() && !priceFromText(ui->lePrice->text(), &price))
+        why = tr("Ціна \"%1\" не є ціною від 0 до %2.").arg(ui->lePrice->text(), moneyText(greatestPrice));
+    if (why.isEmpty())
+        why = ui->twPrices->refusal();
+    if (why.isEmpty())
+        why = idRefusal();
+    return why.isEmpty() ? ruleRefusal() : why;
+}
+
+QString QAddEdtGoods::barcodesRefusal() const
+{
+    const QStringList codes = barcodes();
+    if (codes.isEmpty())
+        return tr("Товар повинен мати хоча б один штрихкод!");
+    for (const QString &code : codes) {
+        if (!isStoredBarcode(code))
+            return tr("штрих код повинен місти 8 або 13 цифр");
+    }
+    return QString();
+}
+
+QString QAddEdtGoods::idRefusal() const
+{
+    const QString typed = ui->leId->text();
+    if (!m_isNew || typed.isEmpty())
+        return QString();
+    const quint64 id = typed.toULongLong();
+    if (id == 0 || id > greatestGoodsId)
+        return tr("Код товару повинен бути від 1 до %1.").arg(greatestGoodsId);
+    auto other = m_db.run(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
+    if (!other)
+        return tr("Код товару не перевірено: сервер відповів помилкою.");
+    return other->next() ? tr("Товар №%1 вже є: \"%2\".").arg(QString::number(id), toText(other->value(0)))
+                         : QString();
+}
+
+QString QAddEdtGoods::ruleRefusal() const
+{
+    const uint rule = ui->cbRules->currentData().toUInt();
+    if (!isExclusiveRule(rule))
+        return QString();
+    const QString group = ui->cbGroup->currentText();
+    const auto other = otherWithRule(m_db, group, rule, *m_id);
+    if (!other)
+        return tr("Правило товару не перевірено: сервер відповів помилкою.");
+    if (other->isEmpty())
+        return QString();
+    return tr("В групі") + QStringLiteral(" \"") + group + QStringLiteral("\" ") + tr("з правилом") +
+           QStringLiteral(" \"") + ui->cbRules->currentText() + QLatin1Char('"') + tr(" вже є товар №") +
+           *other + QStringLiteral(".\n") +
+           tr("Згідно даного правила, в одній групі може бути тільки один товар з таким правилом");
+}
+
+bool QAddEdtGoods::save()
+{
+    const GoodsRecord goods = record();
+    QString id = *m_id;
+    if (const QString typed = ui->leId->text(); m_isNew && !typed.isEmpty())
+        id = QString::number(typed.toULongLong());
+    if (!saveGoods(m_db, goods, m_isNew, goods.prices != m_loadedPrices, &id))
+        return false;
+    *m_id = id;
+    return true;
+}
