@@ -48,7 +48,7 @@ QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QStri
     const auto found = loadGoods(m_db, *id);
     m_isLoaded = found.has_value();
     if (found)
-        show(*found);
+        showRecord(*found);
     ui->lePrice->setFocus();
     ui->lePrice->selectAll();
 }
@@ -135,7 +135,7 @@ void QAddEdtGoods::chooseUsual()
         chooseData(choice.box, choice.id);
 }
 
-void QAddEdtGoods::show(const GoodsRecord &found)
+void QAddEdtGoods::showRecord(const GoodsRecord &found)
 {
     ui->leName->setText(found.name);
     ui->leShortName->setText(found.shortName);

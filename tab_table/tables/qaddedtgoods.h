@@ -53,7 +53,7 @@ private:
     void fillLists();
     void fillPriceLists(const QStringList &shops);
     void chooseUsual();
-    void show(const GoodsRecord &record);
+    void showRecord(const GoodsRecord &found);
     GoodsRecord record() const;
     QStringList barcodes() const;
     QString idRefusal() const;

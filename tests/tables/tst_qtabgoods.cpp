@@ -1,0 +1,541 @@
+#include "testing.h"
+
+#include "goodspricetable.h"
+#include "qaddedtgoods.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qqestion.h"
+#include "qrowmodel.h"
+#include "qtabgoods.h"
+#include "qtabgoodsshops.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+const char *const milk = "4820000000017";
+const char *const bread = "4820000000024";
+const char *const zeros = "0000000000024";
+
+/// Everything that an item consists of, stamps left out.
+const char *const wholeItem =
+    "SELECT id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,id_rules_goods,block,"
+    "(SELECT GROUP_CONCAT(shtrihcod ORDER BY shtrihcod) FROM dk_shc WHERE id_goods=goods.id),"
+    "(SELECT GROUP_CONCAT(CONCAT_WS('/',price,priority,id_group,id_shop) ORDER BY price) FROM prices WHERE "
+    "id_goods=goods.id) FROM goods ORDER BY id";
+} // namespace
+
+/// The goods list, the editor of an item and the stock of the shops.
+class TstQTabGoods : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase() { m_base.reset(); }
+    void init();
+    void cleanup();
+
+    void addedItemComesBackWhole();
+    void editingReplacesBarcodesAndPrices();
+    void untouchedPricesStay();
+    void brokenFieldsAreRefused_data();
+    void brokenFieldsAreRefused();
+    void oneItemOfARuleInAGroup();
+    void scannedBarcodesAreAdded();
+    void shortNameIsCut();
+    void pricesAreTypedWithACommaToo();
+    void barcodeOfAnotherItemIsNamed();
+    void priceOfAnUnknownGroupIsExplained();
+    void lostConnectionLeavesAllOrNothing();
+    void searchFinds_data();
+    void searchFinds();
+    void editorRefreshesItsRows();
+    void viewerOnlyLooks();
+    void stockOfPermittedShopsOnly();
+
+private:
+    std::unique_ptr<QTabGoods> openTab();
+    std::unique_ptr<QAddEdtGoods> openEditor(const QString &id);
+    bool fillAndSave(QAddEdtGoods *editor, const QString &name, const QStringList &codes);
+    /// The ids and barcodes of the rows, in their order.
+    static QStringList shown(const QTabGoods &tab);
+    static bool loaded(QTab *tab, const std::function<void()> &act);
+
+    QTemporaryDir m_config;
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<QTabGoods> m_tab;
+    QString m_id;
+};
+
+void TstQTabGoods::initTestCase()
+{
+    qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8());
+    m_base = std::make_unique<FreshDatabase>();
+    m_base->exec(QStringList{"INSERT INTO group_goods(id,name) VALUES(2,'Молочні'),(3,'Хліб')",
+                             "INSERT INTO group_shop(id,name) VALUES(2,'Північ'),(3,'Південь')",
+                             "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'вул. Ліська, 1',1,0),"
+                             "(2,'вул. Нова, 2',2,0),(3,'вул. Далека, 3',3,0)"});
+}
+
+void TstQTabGoods::init()
+{
+    m_base->exec(QStringList{
+        "DELETE FROM goods_shop", "DELETE FROM prices", "DELETE FROM goods",
+        "INSERT INTO goods(id,name,name_short,price,price_in,type,group_g,tax,id_rules_goods,block,info) "
+        "VALUES(7,'Молоко 2,5%','Молоко',4250,3900,1,2,1,1,0,'від місцевих'),"
+        "(8,'Хліб \"Бородинський\"','Хліб',2800,0,1,3,2,2,0,NULL)",
+        "INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(7,'4820000000017'),(7,'12345670'),(8,'4820000000024')",
+        "INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(1,13,1) "
+        "ON DUPLICATE KEY UPDATE permission=1",
+        "INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)"});
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+    QVERIFY(m_user->load(m_base->connection(), "1", "1", QString()));
+    m_tab = openTab();
+    m_base->heard.forget();
+}
+
+void TstQTabGoods::cleanup()
+{
+    Db::setStatementHook(nullptr);
+    m_tab.reset();
+    m_user.reset();
+}
+
+bool TstQTabGoods::loaded(QTab *tab, const std::function<void()> &act)
+{
+    QSignalSpy spy(tab, &QTab::loaded);
+    act();
+    return spy.wait(5000);
+}
+
+std::unique_ptr<QTabGoods> TstQTabGoods::openTab()
+{
+    auto tab =
+        std::make_unique<QTabGoods>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    tab->setPermission(Permission::Goods);
+    if (!loaded(tab.get(), [] {}))
+        qFatal("The goods list has not come");
+    return tab;
+}
+
+std::unique_ptr<QAddEdtGoods> TstQTabGoods::openEditor(const QString &id)
+{
+    m_id = id;
+    return std::make_unique<QAddEdtGoods>(m_tab.get(), m_base->connection(), &m_id,
+                                          QStringList{"вул. Ліська, 1", "вул. Нова, 2"}, &m_base->heard,
+                                          nullptr);
+}
+
+bool TstQTabGoods::fillAndSave(QAddEdtGoods *editor, const QString &name, const QStringList &codes)
+{
+    child<QLineEdit>(editor, "leName")->setText(name);
+    child<QLineEdit>(editor, "lePrice")->setText("12,50");
+    for (const QString &code : codes) {
+        child<QLineEdit>(editor, "leShtrih")->setText(code);
+        editor->addshc();
+    }
+    editor->btok();
+    return editor->result() == QDialog::Accepted;
+}
+
+QStringList TstQTabGoods::shown(const QTabGoods &tab)
+{
+    QStringList rows;
+    for (int row = 0; row < tab.model()->rowCount(); ++row)
+        rows.append(tab.model()->stored(row, 0) + "|" + tab.model()->stored(row, 1));
+    return rows;
+}
+
+void TstQTabGoods::addedItemComesBackWhole()
+{
+    // An id that the server made up on this connection before: it belongs to another item.
+    m_base->exec("INSERT INTO goods(name,group_g,type,tax,block) VALUES('Інший',1,1,1,0)");
+    m_base->exec("INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(LAST_INSERT_ID(),'4820000000093')");
+    const auto editor = openEditor(QString());
+    QCOMPARE(editor->windowTitle(), QString("Додавання нового запису"));
+    child<QLineEdit>(editor.get(), "leId")->setText("4000000000");
+    child<QComboBox>(editor.get(), "cbGroup")->setCurrentText("Хліб");
+    child<QComboBox>(editor.get(), "cbTax")->setCurrentText("ПДВ В");
+    child<QComboBox>(editor.get(), "cbRules")->setCurrentText("Списання");
+    child<QComboBox>(editor.get(), "cbBonusDisk")->setCurrentText("Так");
+    editor->insertprice(1300, 0, "default", QString());
+    editor->insertprice(1400, 3, "default", "вул. Нова, 2");
+    QVERIFY(fillAndSave(editor.get(), "Здоба 'О\\'Н :dt ?%", {zeros, "4820000000031"}));
+    QCOMPARE(m_id, QString("4000000000"));
+    QCOMPARE(m_base->rows(wholeItem).last(),
+             QString("4000000000|Здоба 'О\\'Н :dt ?%|Здоба 'О\\'Н :dt ?%|1250|1|3|3|1|1|4|0|"
+                     "0000000000024,4820000000031|1300/0/1/0,1400/3/1/2"));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM dk_shc WHERE shtrihcod='4820000000093'"), QString("1"));
+    QVERIFY2(m_base->heard.texts().isEmpty(), qPrintable(m_base->heard.texts().join('\n')));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM updat WHERE name IN ('goods','dk_shc','prices') "
+                           "AND updat>NOW()-INTERVAL 1 MINUTE"),
+             QString("3"));
+}
+
+void TstQTabGoods::editingReplacesBarcodesAndPrices()
+{
+    m_base->exec("INSERT INTO prices(id_goods,id_shop,id_group,price) VALUES(7,0,1,4300)");
+    const auto editor = openEditor("7");
+    QCOMPARE(editor->windowTitle(), QString("Редагування запису №7"));
+    QCOMPARE(child<QLineEdit>(editor.get(), "lePrice")->text(), QString("42.50"));
+    child<QListWidget>(editor.get(), "lwShtrih")
+        ->setCurrentItem(child<QListWidget>(editor.get(), "lwShtrih")->findItems(milk, {}).value(0));
+    editor->delshc();
+    child<GoodsPriceTable>(editor.get(), "twPrices")->setCurrentCell(0, 0);
+    editor->delprice();
+    QVERIFY(fillAndSave(editor.get(), "Молоко", {"4820000000031"}));
+    QCOMPARE(m_base->rows(wholeItem).first(), QString("7|Молоко|Молоко|1250|1|2|1|1|0|1|0|"
+                                                      "12345670,4820000000031|"));
+    QCOMPARE(m_base->value("SELECT CONCAT(price_in,info) FROM goods WHERE id=7"),
+             QString("3900від місцевих"));
+}
+
+void TstQTabGoods::untouchedPricesStay()
+{
+    m_base->exec(
+        "INSERT INTO prices(id_goods,id_shop,id_group,price,price_in,info) VALUES(7,0,2,4300,9,'x')");
+    const auto editor = openEditor("7");
+    QVERIFY(fillAndSave(editor.get(), "Молоко", {}));
+    QCOMPARE(m_base->rows("SELECT id_group,price,price_in,info FROM prices"), QStringList("2|4300|9|x"));
+}
+
+void TstQTabGoods::brokenFieldsAreRefused_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("why");
+    QTest::newRow("name") << "leName"
+                          << "  "
+                          << "Назва товару не може бути пустою";
+    for (const char *price : {"", "12,,5", "42949672.96"})
+        QTest::newRow(price) << "lePrice" << price
+                             << QString("Ціна \"%1\" не є ціною від 0 до 42949672.95.").arg(price);
+    for (const char *id : {"0", "4294967296", "999999999999999"})
+        QTest::newRow(id) << "leId" << id << "Код товару повинен бути від 1 до 4294967295.";
+    QTest::newRow("taken id") << "leId"
+                              << "008"
+                              << "Товар №8 вже є: \"Хліб \"Бородинський\"\".";
+    QTest::newRow("no barcode") << ""
+                                << ""
+                                << "Товар повинен мати хоча б один штрихкод!";
+}
+
+void TstQTabGoods::brokenFieldsAreRefused()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, text);
+    const QStringList before = m_base->rows(wholeItem);
+    const auto editor = openEditor(QString());
+    child<QLineEdit>(editor.get(), "leName")->setText("Сир");
+    child<QLineEdit>(editor.get(), "lePrice")->setText("1.00");
+    if (!field.isEmpty()) {
+        child<QLineEdit>(editor.get(), "leShtrih")->setText(zeros);
+        editor->addshc();
+        child<QLineEdit>(editor.get(), field)->setText(text);
+    }
+    QTEST(answerQuestion([&] { editor->btok(); }), "why");
+    QCOMPARE(editor->result(), int(QDialog::Rejected));
+    QCOMPARE(m_base->rows(wholeItem), before);
+}
+
+void TstQTabGoods::oneItemOfARuleInAGroup()
+{
+    const QString why = "В групі \"Хліб\" з правилом \"С.Ваговий\" вже є товар №8.\nЗгідно даного правила, в "
+                        "одній групі може бути тільки один товар з таким правилом";
+    for (const QString &id : {QString(), QString("7")}) {
+        const auto editor = openEditor(id);
+        child<QComboBox>(editor.get(), "cbGroup")->setCurrentText("Хліб");
+        child<QComboBox>(editor.get(), "cbRules")->setCurrentText("С.Ваговий");
+        QVERIFY(!child<QLabel>(editor.get(), "labelRule")->isHidden());
+        QCOMPARE(answerQuestion([&] { fillAndSave(editor.get(), "Батон", {zeros}); }), why);
+        QCOMPARE(m_base->value("SELECT COUNT(*) FROM goods WHERE name='Батон'"), QString("0"));
+        child<QComboBox>(editor.get(), "cbRules")->setCurrentText("Без правил");
+        QVERIFY(child<QLabel>(editor.get(), "labelRule")->isHidden());
+    }
+    QVERIFY2(fillAndSave(openEditor("8").get(), "Батон", {}), "the item itself is not another one");
+}
+
+void TstQTabGoods::scannedBarcodesAreAdded()
+{
+    const auto editor = openEditor(QString());
+    editor->show();
+    editor->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    auto *field = child<QLineEdit>(editor.get(), "leShtrih");
+    auto *list = child<QListWidget>(editor.get(), "lwShtrih");
+    const auto scan = [&](const QString &code) {
+        QTest::keyClicks(field, code);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    scan(bread);
+    QCOMPARE(list->count(), 1);
+    QVERIFY(editor->isVisible() && field->text().isEmpty());
+    scan(QString());
+    QCOMPARE(answerQuestion([&] { scan(bread); }), QString("Такий штрихкод вже є у списку."));
+    field->clear();
+    QCOMPARE(answerQuestion([&] { scan("482000000002"); }), QString("Новий штрихкод повинен мати 13 цифр."));
+    QCOMPARE(field->styleSheet(), QString("background-color: #FF3333"));
+    field->clear();
+    const QString question = "Контрольна цифра штрихкоду 4820000000018 невірна. Додати його?";
+    QCOMPARE(answerQuestion([&] { scan("4820000000018"); }, false), question);
+    QCOMPARE(list->count(), 1);
+    QCOMPARE(answerQuestion([&] { editor->addshc(); }), question);
+    QCOMPARE(list->count(), 2);
+    editor->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(list->count(), 1);
+    QVERIFY(editor->isVisible());
+}
+
+void TstQTabGoods::shortNameIsCut()
+{
+    const auto editor = openEditor(QString());
+    auto *field = child<QLineEdit>(editor.get(), "leShortName");
+    field->setText(QString(33, 'x'));
+    QCOMPARE(field->text(), QString(32, 'x'));
+    QCOMPARE(field->styleSheet(), QString("background-color: #FF3333"));
+    field->setText("x");
+    QCOMPARE(field->styleSheet(), QString());
+    field->clear();
+    QVERIFY(fillAndSave(editor.get(), QString(40, 'y'), {zeros}));
+    QCOMPARE(m_base->value("SELECT name_short FROM goods WHERE id=" + m_id), QString(32, 'y'));
+}
+
+void TstQTabGoods::pricesAreTypedWithACommaToo()
+{
+    const auto editor = openEditor("7");
+    editor->show();
+    editor->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
+    editor->addprice();
+    auto *field = table->findChild<QLineEdit *>();
+    QVERIFY(field != nullptr);
+    QCOMPARE(field->text(), QString("42.50"));
+    QTest::keyClicks(field, "13,5");
+    QTest::keyClick(field, Qt::Key_Return);
+    QTRY_COMPARE(table->prices(), QVector<GoodsPrice>({{1350, 0, "default", QString()}}));
+    table->item(0, 0)->setText("13,555");
+    QCOMPARE(table->refusal(),
+             QString("Ціни магазинів, рядок 1: \"13,555\" не є ціною від 0 до 42949672.95."));
+    table->item(0, 0)->setText("1");
+    table->append({200, 0, "default", QString()});
+    QCOMPARE(table->refusal(), QString("Ціни магазинів, рядки 1 і 2: однакові пріоритет, група і магазин."));
+    auto *price = child<QLineEdit>(editor.get(), "lePrice");
+    price->setFocus();
+    price->clear();
+    QTest::keyClicks(price, "12");
+    QTest::keyClick(price, Qt::Key_Tab);
+    QCOMPARE(price->text(), QString("12.00"));
+}
+
+void TstQTabGoods::barcodeOfAnotherItemIsNamed()
+{
+    for (const QString &id : {QString(), QString("7")}) {
+        const QStringList before = m_base->rows(wholeItem);
+        const auto editor = openEditor(id);
+        m_base->heard.forget();
+        QVERIFY(!fillAndSave(editor.get(), "Сир", {"4820000000031", bread}));
+        QVERIFY(m_base->heard.has("Duplicate entry '4820000000024'"));
+        QVERIFY(m_base->heard.has("Товар не збережено: штрихкод 4820000000024 вже має товар №8 "
+                                  "\"Хліб \"Бородинський\"\"."));
+        QCOMPARE(m_base->rows(wholeItem), before);
+        QCOMPARE(m_id, id);
+        QCOMPARE(child<QLineEdit>(editor.get(), "leName")->text(), QString("Сир"));
+        editor->delshc();
+        QVERIFY2(fillAndSave(editor.get(), "Сир", {}), "without that barcode it is saved");
+        m_base->exec("DELETE FROM dk_shc WHERE shtrihcod='4820000000031'");
+    }
+}
+
+void TstQTabGoods::priceOfAnUnknownGroupIsExplained()
+{
+    const QStringList before = m_base->rows(wholeItem);
+    const auto editor = openEditor("7");
+    editor->insertprice(4300, 0, "Північ", QString());
+    QVERIFY(!fillAndSave(editor.get(), "Сир", {}));
+    QVERIFY(m_base->heard.has("Column 'id_group' cannot be null"));
+    QVERIFY(m_base->heard.has("для групи магазинів \"Північ\" ціну зберегти не можна"));
+    QCOMPARE(m_base->rows(wholeItem), before);
+}
+
+void TstQTabGoods::lostConnectionLeavesAllOrNothing()
+{
+    for (const QString &id : {QString(), QString("7")}) {
+        bool wasReached = true;
+        for (int broken = 0; wasReached; ++broken) {
+            m_base->exec("DELETE FROM prices");
+            m_base->exec("DELETE FROM goods WHERE id NOT IN (7,8)");
+            m_base->exec("UPDATE goods SET name='old',price=1 WHERE id=7");
+            const QStringList before = m_base->rows(wholeItem);
+            const auto editor = openEditor(id);
+            editor->insertprice(4300 + broken, 0, "default", QString());
+            int sent = 0;
+            Db::setStatementHook([&](const QString &) {
+                if (sent++ == broken)
+                    m_base->killConnection();
+            });
+            const QString name = QString("Спроба %1").arg(broken);
+            const bool saved = fillAndSave(editor.get(), name, {zeros});
+            Db::setStatementHook(nullptr);
+            wasReached = sent > broken;
+            const auto count = [&](const char *table) {
+                return m_base->value(QString("SELECT COUNT(*) FROM goods JOIN %1 ON id_goods=id WHERE "
+                                             "name='%2' AND goods.price=1250")
+                                         .arg(table, name));
+            };
+            if (!saved) {
+                QCOMPARE(m_base->rows(wholeItem), before);
+                QVERIFY(!m_base->heard.texts().isEmpty());
+                QCOMPARE(m_id, id);
+                QVERIFY2(fillAndSave(editor.get(), name, {}), "the next try succeeds");
+            }
+            QCOMPARE(count("prices"), QString("1"));
+            QCOMPARE(count("dk_shc"), QString(id.isEmpty() ? "1" : "3"));
+            m_base->exec("DELETE FROM dk_shc WHERE shtrihcod='0000000000024'");
+            m_base->heard.forget();
+        }
+    }
+}
+
+void TstQTabGoods::searchFinds_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("group");
+    QTest::addColumn<bool>("byCode");
+    QTest::addColumn<QStringList>("ids");
+    QTest::addColumn<int>("count");
+    const QStringList none;
+    QTest::newRow("all") << "" << 0 << false << QStringList{"7", "7", "8"} << 2;
+    QTest::newRow("all, grouped") << "" << 0 << true << QStringList{"7", "8"} << 2;
+    QTest::newRow("group") << "" << 2 << true << QStringList{"7"} << 1;
+    QTest::newRow("barcode") << "20000000024" << 0 << false << QStringList{"8"} << 1;
+    QTest::newRow("barcode of another group") << "20000000024" << 2 << false << none << 0;
+    QTest::newRow("id") << " 8 " << 3 << true << QStringList{"8"} << 1;
+    QTest::newRow("name") << "молоко" << 0 << false << QStringList{"7", "7"} << 1;
+    QTest::newRow("percent is a percent") << "5%" << 0 << true << QStringList{"7"} << 1;
+    QTest::newRow("quotes") << "\"Бород" << 0 << true << QStringList{"8"} << 1;
+    for (const char *text : {"_", "'", "\\", "x'; DELETE FROM goods; -- ", "' OR 1=1 -- ", "?:a"})
+        QTest::newRow(text) << text << 0 << true << none << 0;
+}
+
+void TstQTabGoods::searchFinds()
+{
+    QFETCH(QString, text);
+    QFETCH(int, group);
+    QFETCH(bool, byCode);
+    QFETCH(QStringList, ids);
+    QFETCH(int, count);
+    auto *box = child<QComboBox>(m_tab.get(), "cbGroup");
+    box->setCurrentIndex(box->findData(group));
+    child<QCheckBox>(m_tab.get(), "chByCode")->setChecked(byCode);
+    QVERIFY(loaded(m_tab.get(), [&] { child<QLineEdit>(m_tab.get(), "leSearch")->setText(text + "!"); }));
+    QVERIFY(loaded(m_tab.get(), [&] { child<QLineEdit>(m_tab.get(), "leSearch")->setText(text); }));
+    QStringList found;
+    for (const QString &row : shown(*m_tab))
+        found.append(row.section('|', 0, 0));
+    found.sort();
+    QCOMPARE(found, ids);
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: %1").arg(count));
+    QVERIFY2(m_base->heard.texts().isEmpty(), qPrintable(m_base->heard.texts().join('\n')));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM goods"), QString("2"));
+}
+
+void TstQTabGoods::editorRefreshesItsRows()
+{
+    m_tab->view()->sortByColumn(1, Qt::AscendingOrder);
+    const auto inEditor = [&](const std::function<void()> &open,
+                              const std::function<void(QAddEdtGoods *)> &drive) {
+        QVERIFY(withModal<QAddEdtGoods>(open, drive));
+    };
+    const auto edit = [&] { m_tab->Edit(m_tab->model()->index(0, 0)); };
+    inEditor(edit, [&](QAddEdtGoods *editor) { fillAndSave(editor, "Молоко", {"4820000000031"}); });
+    QCOMPARE(shown(*m_tab).filter("7|").size(), 3);
+    inEditor(edit, [&](QAddEdtGoods *editor) {
+        for (const int count : {3, 2}) {
+            child<QListWidget>(editor, "lwShtrih")->setCurrentRow(count - 1);
+            editor->delshc();
+        }
+        fillAndSave(editor, "Молоко 1", {});
+    });
+    QCOMPARE(shown(*m_tab).filter("7|").size(), 1);
+    inEditor([&] { m_tab->Add(); },
+             [&](QAddEdtGoods *editor) {
+                 fillAndSave(editor, "Сир", {zeros, "4820000000048"});
+             });
+    QCOMPARE(shown(*m_tab).size(), 4);
+    QCOMPARE(m_tab->view()->currentIndex().row(), 2);
+    QVERIFY(m_base->heard.texts().isEmpty());
+    inEditor(edit, [](QAddEdtGoods *editor) { editor->btcancel(); });
+    QVERIFY(m_base->heard.has("Зміни не внесені, відмінено користувачем!"));
+    inEditor([&] { m_tab->Add(); }, [](QAddEdtGoods *editor) { editor->btcancel(); });
+    QVERIFY(m_base->heard.has("Запис не додано, відмінено користувачем!"));
+    m_base->exec({"DELETE FROM dk_shc", "DELETE FROM goods WHERE id=7"});
+    edit();
+    QVERIFY(m_base->heard.has("Запис не знайдено id=7"));
+}
+
+void TstQTabGoods::viewerOnlyLooks()
+{
+    m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_prem=13");
+    QVERIFY(m_user->reload(m_base->connection()));
+    m_tab->Add();
+    const QStringList before = m_base->rows(wholeItem);
+    const bool opened =
+        withModal<QAddEdtGoods>([&] { emit m_tab->view()->doubleClicked(m_tab->model()->index(0, 0)); },
+                                [&](QAddEdtGoods *editor) {
+                                    QVERIFY(child<QLineEdit>(editor, "lePrice")->isReadOnly());
+                                    QVERIFY(!child<QPushButton>(editor, "pbOk")->isEnabled());
+                                    QTest::keyClick(child<QListWidget>(editor, "lwShtrih"), Qt::Key_Delete);
+                                    editor->addprice();
+                                    editor->btok();
+                                    QVERIFY(editor->isVisible());
+                                });
+    QVERIFY(opened);
+    QCOMPARE(m_base->rows(wholeItem), before);
+    QVERIFY(m_base->heard.texts(QMessEvent::Information).isEmpty());
+}
+
+void TstQTabGoods::stockOfPermittedShopsOnly()
+{
+    m_base->exec("INSERT INTO goods_shop(id_shop,id_goods,count_showroom,count_syllable) VALUES(1,7,2500,0),"
+                 "(2,7,1000,-250),(2,8,1,1),(3,7,9,9)");
+    QTabGoodsShops tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    const auto rows = [&] {
+        QStringList list;
+        for (int row = 0; row < tab.model()->rowCount(); ++row)
+            list.append(tab.model()->stored(row, 0) + "|" + tab.model()->stored(row, 1) + "|" +
+                        tab.model()->index(row, 2).data(Qt::EditRole).toString() + "|" +
+                        tab.model()->index(row, 3).data(Qt::EditRole).toString());
+        list.sort();
+        return list;
+    };
+    auto *shops = child<QComboBox>(&tab, "cbShop");
+    QCOMPARE(shops->count(), 3);
+    QVERIFY(loaded(&tab, [] {}));
+    QCOMPARE(rows(),
+             QStringList({"вул. Ліська, 1|Молоко 2,5%|2.500|0.000", "вул. Нова, 2|Молоко 2,5%|1.000|-0.250",
+                          "вул. Нова, 2|Хліб \"Бородинський\"|0.001|0.001"}));
+    QVERIFY(loaded(&tab, [&] { shops->setCurrentText("вул. Нова, 2"); }));
+    QCOMPARE(rows().size(), 2);
+    QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->setText("2,5%"); }));
+    QCOMPARE(rows(), QStringList("вул. Нова, 2|Молоко 2,5%|1.000|-0.250"));
+    m_base->exec("DELETE FROM lst_group");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->clear(); }));
+    QVERIFY(rows().isEmpty());
+}
+
+QTEST_MAIN(TstQTabGoods)
+#include "tst_qtabgoods.moc"
