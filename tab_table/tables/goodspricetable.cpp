@@ -14,8 +14,9 @@ GoodsPriceTable::GoodsPriceTable(QWidget *parent)
     setItemDelegate(m_delegate);
     setHorizontalHeaderLabels({tr("Ціна"), tr("Пріоритет"), tr("Група магазинів"), tr("Магазин")});
     const int letter = fontMetrics().averageCharWidth();
-    for (int column = 0; column < columnCount(); ++column)
-        setColumnWidth(column, letter * (column < Columns::Group ? 15 : 28));
+    const int letters[] = {14, 14, 30};
+    for (int column = 0; column < Columns::Shop; ++column)
+        setColumnWidth(column, letter * letters[column]);
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->hide();

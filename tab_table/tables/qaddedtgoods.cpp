@@ -67,7 +67,9 @@ void QAddEdtGoods::buildFields()
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
     ui->leShtrih->installEventFilter(this);
     ui->labelRule->hide();
-    ui->leName->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
+    const int letter = fontMetrics().averageCharWidth();
+    ui->leName->setMinimumWidth(letter * 48);
+    ui->leShtrih->setMinimumWidth(letter * 20);
 }
 
 void QAddEdtGoods::connectFields()
@@ -225,8 +227,7 @@ void QAddEdtGoods::insertprice(int price, int priority, const QString &group, co
 void QAddEdtGoods::changRules(int index)
 {
     const bool isExclusive = isExclusiveRule(ui->cbRules->itemData(index).toUInt());
-    ui->labelRule->setText(isExclusive ? tr("В групі може бути тільки один товар з таким правилом.")
-                                       : QString());
+    ui->labelRule->setText(isExclusive ? tr("Лише один товар групи може мати це правило.") : QString());
     ui->labelRule->setVisible(isExclusive);
 }
 
@@ -299,6 +300,8 @@ QString QAddEdtGoods::barcodesRefusal() const
         if (!isStoredBarcode(code))
             return tr("штрих код повинен місти 8 або 13 цифр");
     }
+    if (const QString typed = ui->leShtrih->text(); !typed.isEmpty())
+        return tr("Штрихкод %1 ще не додано до списку: додайте або зітріть його.").arg(typed);
     return QString();
 }
 

@@ -224,6 +224,9 @@ void TstQTabGoods::brokenFieldsAreRefused_data()
     QTest::newRow("taken id") << "leId"
                               << "008"
                               << "Товар №8 вже є: \"Хліб \"Бородинський\"\".";
+    QTest::newRow("barcode not added") << "leShtrih"
+                                       << "482"
+                                       << "Штрихкод 482 ще не додано до списку: додайте або зітріть його.";
     QTest::newRow("no barcode") << ""
                                 << ""
                                 << "Товар повинен мати хоча б один штрихкод!";
