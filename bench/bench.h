@@ -33,6 +33,7 @@ struct Figure
 using Measure = QVector<Figure> (*)(const Bench &bench);
 
 QVector<Figure> measureLists(const Bench &bench);
+QVector<Figure> measureSearch(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);

@@ -19,6 +19,7 @@ const struct
 } benchmarks[] = {
     {"lists", measureLists, false},
     {"start", measureStart, false},
+    {"search", measureSearch, false},
     {"memory", measureMemory, true},
     {"items", measureAgainstItems, true},
 };
