@@ -82,7 +82,7 @@ QString GoodsPriceTable::refusal() const
         if (const QString text = cell(row, Columns::Price); !priceFromText(text, &price))
             return tr("Ціни магазинів, рядок %1: \"%2\" не є ціною від 0 до %3.")
                 .arg(QString::number(row + 1), text, moneyText(greatestPrice));
-        if (const QString why = twice(list, row); !why.isEmpty())
+        if (QString why = twice(list, row); !why.isEmpty())
             return why;
     }
     return QString();
