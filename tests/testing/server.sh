@@ -17,6 +17,7 @@ start() {
   echo test >"$folder/password"
   # shellcheck disable=SC2086
   server_start "$folder" test --innodb-flush-log-at-trx-commit=0 --innodb-doublewrite=0 \
+    --innodb-flush-method=nosync --innodb-file-per-table=0 \
     --innodb-buffer-pool-size=256M --max-connections=300 --max-allowed-packet=64M ${VELTAB_TEST_SERVER_OPTIONS:-}
 }
 
