@@ -1,4 +1,5 @@
 #include "instancelimit.h"
+#include "qmessevent.h"
 #include "screenshots.h"
 #include "setting.h"
 #include "veltab.h"
@@ -7,6 +8,7 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QProcess>
+#include <QSqlDatabase>
 #include <QThreadPool>
 #include <QTranslator>
 
@@ -65,6 +67,8 @@ int runProgram(int argc, char *argv[], QStringList *arguments)
     QThreadPool::globalInstance()->setMaxThreadCount(10);
     Veltab window(QCoreApplication::applicationDirPath());
     window.show();
+    if (!limit.problem().isEmpty())
+        postMessage(&window, limit.problem(), QMessEvent::Warning);
     const int pictures = arguments->indexOf(QStringLiteral("--screenshots"));
     if (pictures > 0)
         new Screenshots(&window, arguments->value(pictures + 1, QStringLiteral(".")));
@@ -89,6 +93,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QStringList arguments;
     const int code = runProgram(argc, argv, &arguments);
+    QSqlDatabase::removeDatabase(QLatin1String(QSqlDatabase::defaultConnection));
     const QString folder = folderOfArgument(arguments.value(0), QDir::separator());
     if (setting::GetAutoupdate(folder))
         startUpdater(argc, argv, folder);

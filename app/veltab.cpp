@@ -61,6 +61,7 @@ void Veltab::buildForm()
 {
     ui->setupUi(this);
     ui->tabWidget->setAccessibleName(tr("Вкладки"));
+    ui->close_tab->setVisible(false);
     buildStatusBar();
     const QVariant geometry = rememberedState(QString(), geometryKey);
     if (geometry.isValid())
@@ -144,6 +145,7 @@ void Veltab::connectEntries()
     connect(ui->reconnect, &QAction::triggered, this, &Veltab::connectDatabase);
     connect(ui->mt_create_tables, &QAction::triggered, this, &Veltab::CreateTables);
     connect(ui->login, &QAction::triggered, this, &Veltab::login);
+    connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
     connect(ui->quit, &QAction::triggered, this, &Veltab::close);
     connect(ui->tabWidget, &QTabWidget::tabCloseRequested, this, &Veltab::closetab);
     connect(ui->tabWidget, &QTabWidget::currentChanged, this, &Veltab::changetab);
@@ -211,6 +213,7 @@ void Veltab::closeTabs()
 
 void Veltab::changetab(int index)
 {
+    ui->close_tab->setVisible(index >= 0);
     if (!m_tables->ChangeTab(index))
         visible(false);
 }
