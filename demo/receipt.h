@@ -4,6 +4,7 @@
 
 class BulkInsert;
 class Dice;
+class SqlRow;
 
 /// The receipts of a shift and what they add up to. Money in kopecks, quantities in thousandths.
 
@@ -78,6 +79,7 @@ public:
 
 private:
     void begin(const QDateTime &time);
+    SqlRow row(int type, int position) const;
     void addGoods(int type, int position, const ReceiptLine &line);
     void addDiscount(int position, const Receipt &receipt);
     void addPayment(int position, const Receipt &receipt);
@@ -90,6 +92,4 @@ private:
     int m_receipt;
     QString m_time;
     ShiftTotals m_totals;
-
-    class SqlRow row(int type, int position) const;
 };
