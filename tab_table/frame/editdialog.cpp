@@ -25,6 +25,15 @@ void EditDialog::btcancel()
     reject();
 }
 
+bool EditDialog::isFree(const Db &db, const QString &sql, const Db::Values &values, const QString &taken)
+{
+    auto query = db.run(sql, values);
+    if (!query || !query->next())
+        return query.has_value();
+    QQestion::question(this, tr("Попередження."), taken, true);
+    return false;
+}
+
 void EditDialog::setRecordTitle(const QString &id)
 {
     setWindowTitle(id.isEmpty() ? tr("Додавання нового запису") : tr("Редагування запису №") + id);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "db.h"
+
 #include <QDialog>
 
 /// The base of every editor: why not? then save, then close. Adding and editing are one dialog that
@@ -24,6 +26,10 @@ protected:
     virtual QString refusal() const = 0;
     /// Writes the record; false after a failure, which is reported already.
     virtual bool save() = 0;
+
+    /// True when the statement finds no row. Otherwise the user is told that something is `taken`; a
+    /// failure, which is reported, leaves it open and answers false.
+    bool isFree(const Db &db, const QString &sql, const Db::Values &values, const QString &taken);
 
     /// "Редагування запису №12", or "Додавання нового запису" without an id.
     void setRecordTitle(const QString &id);

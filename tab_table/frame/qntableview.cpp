@@ -32,8 +32,12 @@ void QNTableView::mousePressEvent(QMouseEvent *event)
         m_pressedX = event->x();
         m_isPressed = true;
     }
+    // The other button in the middle of a drag takes the drag back.
+    const bool breaksDrag = event->button() == Qt::RightButton && (event->buttons() & Qt::LeftButton) != 0;
+    if (breaksDrag)
+        m_isPressed = false;
     QTableView::mousePressEvent(event);
-    if (event->button() == Qt::RightButton)
+    if (event->button() == Qt::RightButton && !breaksDrag)
         emit RClicked(index);
 }
 

@@ -8,6 +8,7 @@
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabdelegate.h"
+#include "qupdatebd.h"
 #include "userstate.h"
 
 #include <QGuiApplication>
@@ -62,6 +63,7 @@ void QTab::connectDelegate()
     m_delegate->setParent(this);
     m_view->setItemDelegate(m_delegate);
     connect(m_delegate, &QTabDelegate::delnewrecord, this, &QTab::delnewrecord);
+    connect(m_delegate, &QTabDelegate::SetNextEdit, this, &QTab::recordAdded);
     // After the editor is gone: the view cannot open the next one while it closes this one.
     connect(m_delegate, &QTabDelegate::extNextEdit, this, &QTab::NextEdit, Qt::QueuedConnection);
 }
@@ -143,8 +145,20 @@ void QTab::afterLoading(qint64 count)
     sortAsBefore();
     m_view->setEmptyText(filter.isEmpty() ? tr("Записів ще немає.")
                                           : tr("За цими умовами нічого не знайдено."));
-    m_count->setText(tr("Записів: %1").arg(count));
+    m_total = count;
+    showCount();
     emit loaded();
+}
+
+void QTab::recordAdded()
+{
+    ++m_total;
+    showCount();
+}
+
+void QTab::showCount()
+{
+    m_count->setText(tr("Записів: %1").arg(m_total));
 }
 
 void QTab::sortAsBefore()
@@ -186,19 +200,40 @@ void QTab::editadd(const QString &where, const QModelIndex &index, bool full, un
         m_model->insertRow(row);
     showInModel(*record, index.isValid() ? 1 : 0, row);
     rowShown(row);
-    if (!index.isValid())
+    if (!index.isValid()) {
+        recordAdded();
         m_view->setCurrentIndex(m_model->index(row, 0));
+    }
 }
 
 void QTab::finishEditing(bool accepted, const QString &where, const QModelIndex &index)
 {
-    if (accepted)
-        editadd(where, index, false);
-    else
+    if (!accepted) {
         postMessage(m_receiver,
                     index.isValid() ? tr("Зміни не внесені, відмінено користувачем!")
                                     : tr("Запис не додано, відмінено користувачем!"),
                     QMessEvent::Information);
+        return;
+    }
+    editadd(where, index, false);
+    QUpdateBD().reRead(table, *m_db, m_receiver);
+}
+
+void QTab::finishEditor(bool accepted, const QString &id, bool isNew)
+{
+    const QModelIndex index = isNew ? QModelIndex() : indexOf(id);
+    const bool isGone = !isNew && !index.isValid();
+    if (mayEdit() && !isGone)
+        finishEditing(accepted, QStringLiteral("WHERE ") + table + QStringLiteral(".id=") + id, index);
+}
+
+QModelIndex QTab::indexOf(const QString &id) const
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        if (m_model->stored(row, 0) == id)
+            return m_model->index(row, 0);
+    }
+    return QModelIndex();
 }
 
 void QTab::Edit()

@@ -109,6 +109,11 @@ protected:
     void search(const QString &filter, const QString &countSql);
     /// What follows an editor: the row is refreshed, or a notice tells that nothing was written.
     void finishEditing(bool accepted, const QString &where, const QModelIndex &index);
+    /// The same for the record of that id, wherever it stands by now: a search may have arrived while the
+    /// editor was open. Nobody is told that a user who may only look has changed nothing.
+    void finishEditor(bool accepted, const QString &id, bool isNew);
+    /// The row whose first column holds the id; invalid when the list does not show it.
+    QModelIndex indexOf(const QString &id) const;
     /// Called when the rows stand in the model, after every load: for colours.
     virtual void rowsShown() {}
     /// Called after one row was written again.
@@ -125,6 +130,8 @@ private:
     void connectDelegate();
     void showFound(const std::shared_ptr<FoundRows> &found);
     void afterLoading(qint64 count);
+    void recordAdded();
+    void showCount();
     void sortAsBefore();
     QString statement() const;
     void restoreWidths();
@@ -140,5 +147,6 @@ private:
     QObject *m_receiver;
     QTabDelegate *m_delegate;
     ListLoader *m_loader = nullptr;
+    qint64 m_total = 0;
     int m_permission = -1;
 };
