@@ -1,1 +1,201 @@
 #include "qtabkass.h"
+#include "ui_qtabkassfilter.h"
+
+#include "combos.h"
+#include "db.h"
+#include "linestate.h"
+#include "qaddedtkass.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "setting.h"
+
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+enum ColumnOf { Id, Address, AdvertisingStr, IpAddress, TypeName, BlockName, IdType, Block, OnOff };
+const int longestStrayDrag = 49;
+const QLatin1String shopGroup("shops.group_shop");
+} // namespace
+
+QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    , ui(std::make_unique<Ui::QTabKassFilter>())
+{
+    table = QStringLiteral("kassa");
+    query = QStringLiteral(
+        "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.ip_address,type_device.name, "
+        "yesno.name,kassa.id_type,kassa.block,onoffline.onoff FROM kassa LEFT JOIN shops ON "
+        "kassa.id_shop=shops.id  LEFT JOIN (SELECT * FROM onoffline WHERE onoffline.dt_end IS NULL)  "
+        "onoffline ON onoffline.id_kass=kassa.id LEFT JOIN type_device ON kassa.id_type=type_device.id  "
+        "LEFT JOIN yesno ON kassa.block=yesno.id");
+    setColumns({{tr("Код"), 70, &asNumber},
+                {tr("Адреса магазину"), 320},
+                {tr("Рекламний рядок"), 240},
+                {tr("IP адреса"), 130},
+                {tr("Тип пристрою"), 130},
+                {tr("Блок"), 70},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true}});
+    buildFilter();
+    connectGrid();
+    GroupChange(QString());
+}
+
+QTabKass::~QTabKass() = default;
+
+void QTabKass::buildFilter()
+{
+    ui->setupUi(addFilterBar());
+    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
+    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
+    ui->cbGroup->setCurrentIndex(0);
+    setFocusProxy(ui->leSearch);
+    connect(ui->cbGroup, &QComboBox::currentTextChanged, this, &QTabKass::GroupChange);
+    connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabKass::searchAgain);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabKass::seerch);
+}
+
+void QTabKass::connectGrid()
+{
+    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
+    connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabKass::LMoveMouse);
+    connect(view(), &QNTableView::RClicked, this, &QTabKass::RightClickSlot);
+    // The same without a mouse.
+    auto *drag = new QShortcut(Qt::CTRL + Qt::Key_Right, view());
+    auto *click = new QShortcut(Qt::CTRL + Qt::Key_R, view());
+    for (QShortcut *shortcut : {drag, click})
+        shortcut->setContext(Qt::WidgetShortcut);
+    connect(drag, &QShortcut::activated, this,
+            [this] { start(settings()->kassaDrag(), view()->currentIndex()); });
+    connect(click, &QShortcut::activated, this, [this] { RightClickSlot(view()->currentIndex()); });
+}
+
+QString QTabKass::chosenGroup() const
+{
+    return ui->cbGroup->currentData().toUInt() == 0 ? QString() : ui->cbGroup->currentText();
+}
+
+uint QTabKass::chosenShop() const
+{
+    return ui->cbShop->currentData().toUInt();
+}
+
+void QTabKass::LoadData(unsigned int id_shop)
+{
+    {
+        const QSignalBlocker holdGroup(ui->cbGroup);
+        const QSignalBlocker holdShop(ui->cbShop);
+        const QSignalBlocker holdSearch(ui->leSearch);
+        ui->leSearch->clear();
+        ui->cbGroup->setCurrentIndex(0);
+        fillShops();
+        ui->cbShop->setCurrentIndex(qMax(0, ui->cbShop->findData(id_shop)));
+    }
+    searchAgain();
+}
+
+void QTabKass::GroupChange(const QString &text)
+{
+    Q_UNUSED(text)
+    fillShops();
+    searchAgain();
+}
+
+void QTabKass::fillShops()
+{
+    const QSignalBlocker hold(ui->cbShop);
+    const uint group = ui->cbGroup->currentData().toUInt();
+    QString sql = QStringLiteral("SELECT shops.address ,shops.id FROM shops WHERE");
+    if (group == 0)
+        sql += GetStrLstGroupFromPermis(user(), shopGroup, false);
+    else
+        sql += QLatin1Char(' ') + shopGroup + QLatin1Char('=') + QString::number(group);
+    fillCombo(ui->cbShop, db(), sql);
+    ui->cbShop->insertItem(0, tr("Магазин"), 0);
+    ui->cbShop->setCurrentIndex(0);
+}
+
+QString QTabKass::placeCondition() const
+{
+    if (chosenShop() != 0)
+        return QStringLiteral(" WHERE kassa.id_shop=") + QString::number(chosenShop());
+    const uint group = ui->cbGroup->currentData().toUInt();
+    if (group != 0)
+        return QStringLiteral(" WHERE ") + shopGroup + QLatin1Char('=') + QString::number(group);
+    return QStringLiteral(" WHERE") + GetStrLstGroupFromPermis(user(), shopGroup, false);
+}
+
+void QTabKass::seerch(const QString &text)
+{
+    QString where = placeCondition();
+    const QString wanted = text.trimmed();
+    if (!wanted.isEmpty())
+        where += QStringLiteral(" AND shops.address LIKE ") + likeContains(wanted);
+    search(where, QStringLiteral("SELECT COUNT(*) FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id LEFT "
+                                 "JOIN yesno AS yesno2 ON kassa.head_edit=yesno2.id LEFT JOIN yesno ON "
+                                 "kassa.block=yesno.id") +
+                      where);
+}
+
+void QTabKass::searchAgain()
+{
+    seerch(ui->leSearch->text());
+}
+
+void QTabKass::rowsShown()
+{
+    for (int row = 0; row < model()->rowCount(); ++row)
+        rowShown(row);
+}
+
+void QTabKass::rowShown(int row)
+{
+    const bool isOnLine = model()->stored(row, OnOff).toInt() != 0;
+    showLineState(model(), row, {Id, IpAddress}, isOnLine ? LineState::OnLine : LineState::OffLine);
+}
+
+void QTabKass::Edit(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    QString id = model()->stored(index.row(), Id);
+    QString group;
+    QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, 0);
+    if (!editor.isLoaded())
+        return;
+    if (!mayEdit())
+        editor.setReadOnly(true);
+    const bool accepted = editor.exec() == QDialog::Accepted;
+    finishEditor(accepted, id, false);
+}
+
+void QTabKass::Add()
+{
+    if (!mayEdit())
+        return;
+    QString id;
+    QString group = chosenGroup();
+    QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, chosenShop());
+    const bool accepted = editor.isLoaded() && editor.exec() == QDialog::Accepted;
+    finishEditor(accepted, id, true);
+}
+
+void QTabKass::start(const LaunchCommand &command, const QModelIndex &index)
+{
+    if (index.isValid())
+        launchProgram(this, receiver(), command, model()->stored(index.row(), IpAddress));
+}
+
+void QTabKass::LMoveMouse(int countpx, const QModelIndex &index)
+{
+    if (countpx > longestStrayDrag)
+        start(settings()->kassaDrag(), index);
+}
+
+void QTabKass::RightClickSlot(const QModelIndex &index)
+{
+    start(settings()->kassaRightClick(), index);
+}

@@ -1,13 +1,54 @@
 #pragma once
+
 #include "qtab.h"
-#include <QVBoxLayout>
+
+namespace Ui {
+class QTabKassFilter;
+}
+struct LaunchCommand;
+
+/// The cash registers and other equipment of the shops that the user may see, with their state on the
+/// line, found by group, shop and address.
 class QTabKass : public QTab
 {
     Q_OBJECT
+
 public:
-    QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-        : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
-    {
-    }
-    void LoadData(unsigned int) {}
+    QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    ~QTabKass() override;
+
+    using QTab::Edit;
+    using QTab::user;
+    /// The shop group chosen in the filter by its name; empty for all groups.
+    QString chosenGroup() const;
+    /// The shop chosen in the filter; 0 for all shops.
+    uint chosenShop() const;
+
+public slots:
+    /// Lists the registers of a shop; 0 for all shops. The other filters are taken back.
+    void LoadData(unsigned int id_shop);
+    /// Offers the shops of the chosen group; the text is not looked at, the item knows its group.
+    void GroupChange(const QString &text);
+    /// Lists the registers of the chosen shop or group whose shop's address holds the text.
+    void seerch(const QString &text);
+    void Edit(const QModelIndex &index) override;
+    void Add() override;
+    /// A drag of more than 49 pixels to the right starts the settings' program for it.
+    void LMoveMouse(int countpx, const QModelIndex &index);
+    /// Starts the settings' program for registers against the address of the register.
+    void RightClickSlot(const QModelIndex &index);
+
+protected:
+    void rowsShown() override;
+    void rowShown(int row) override;
+
+private:
+    void buildFilter();
+    void connectGrid();
+    void fillShops();
+    void searchAgain();
+    void start(const LaunchCommand &command, const QModelIndex &index);
+    QString placeCondition() const;
+
+    std::unique_ptr<Ui::QTabKassFilter> ui;
 };

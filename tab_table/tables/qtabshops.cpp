@@ -1,1 +1,168 @@
 #include "qtabshops.h"
+#include "ui_qtabshopsfilter.h"
+
+#include "db.h"
+#include "linestate.h"
+#include "qaddedtshop.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "setting.h"
+
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace {
+enum ColumnOf { Id, Address, Name, Network, BlockName, Block, OnOff, CountOffLine };
+enum StateFilter { All, Working, Blocked };
+const int longestStrayDrag = 50;
+} // namespace
+
+QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    , ui(std::make_unique<Ui::QTabShopsFilter>())
+{
+    table = QStringLiteral("shops");
+    query = QStringLiteral(
+        "SELECT shops.id, shops.address, shops.name, "
+        "shops.network_shop,yesno.name,shops.block,onoffline.onoff,co FROM shops LEFT JOIN (SELECT * FROM "
+        "onoffline WHERE onoffline.id_kass IS NULL AND onoffline.dt_end IS NULL) onoffline ON "
+        "onoffline.id_shop=shops.id LEFT JOIN (SELECT COUNT(*) AS co,kassa.id_shop FROM kassa LEFT JOIN "
+        "(SELECT * FROM onoffline WHERE onoffline.dt_end IS NULL) onoffline ON onoffline.id_kass=kassa.id "
+        "AND onoffline.id_shop=kassa.id_shop WHERE kassa.ip_address IS NOT NULL AND kassa.block=0 AND "
+        "(onoffline.onoff=0 OR onoffline.onoff IS NULL) GROUP BY kassa.id_shop) kassa ON "
+        "kassa.id_shop=shops.id LEFT JOIN group_shop ON shops.group_shop=group_shop.id LEFT JOIN day_update "
+        "ON shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id");
+    setColumns({{tr("Код"), 70, &asNumber},
+                {tr("Адреса магазину"), 360},
+                {tr("Назва магазину"), 240},
+                {tr("Шлюз"), 130},
+                {tr("Блок"), 70},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true}});
+    buildFilter();
+    connectGrid();
+    searchAgain();
+}
+
+QTabShops::~QTabShops() = default;
+
+void QTabShops::buildFilter()
+{
+    ui->setupUi(addFilterBar());
+    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
+    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
+    ui->cbGroup->setCurrentIndex(0);
+    setFocusProxy(ui->leSearch);
+    const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
+    connect(ui->cbGroup, changed, this, &QTabShops::searchAgain);
+    connect(ui->cbState, changed, this, &QTabShops::searchAgain);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabShops::seerch);
+}
+
+void QTabShops::connectGrid()
+{
+    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
+    connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabShops::LMoveMouse);
+    connect(view(), &QNTableView::RClicked, this, &QTabShops::RightClickSlot);
+    // The same without a mouse.
+    auto *registers = new QShortcut(Qt::CTRL + Qt::Key_Right, view());
+    auto *program = new QShortcut(Qt::CTRL + Qt::Key_R, view());
+    for (QShortcut *shortcut : {registers, program})
+        shortcut->setContext(Qt::WidgetShortcut);
+    connect(registers, &QShortcut::activated, this, [this] { askForRegisters(view()->currentIndex()); });
+    connect(program, &QShortcut::activated, this, [this] { RightClickSlot(view()->currentIndex()); });
+}
+
+uint QTabShops::chosenGroup() const
+{
+    return ui->cbGroup->currentData().toUInt();
+}
+
+QString QTabShops::condition(const QString &text) const
+{
+    const QString field = QStringLiteral("shops.group_shop");
+    QString where = QStringLiteral(" WHERE ");
+    if (chosenGroup() == 0)
+        where += GetStrLstGroupFromPermis(user(), field, false);
+    else
+        where += field + QLatin1Char('=') + QString::number(chosenGroup());
+    const int state = ui->cbState->currentIndex();
+    if (state == Working || state == Blocked)
+        where += QStringLiteral(" AND shops.block=") + QString::number(state == Blocked ? 1 : 0);
+    if (!text.isEmpty())
+        where += QStringLiteral(" AND (shops.address LIKE ") + likeContains(text) +
+                 QStringLiteral(" or shops.name LIKE ") + likeContains(text) + QLatin1Char(')');
+    return where;
+}
+
+void QTabShops::seerch(const QString &text)
+{
+    const QString where = condition(text.trimmed());
+    search(where,
+           QStringLiteral("SELECT COUNT(*) FROM shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id "
+                          "LEFT JOIN day_update ON shops.day_update=day_update.id LEFT JOIN yesno ON "
+                          "shops.block=yesno.id") +
+               where);
+}
+
+void QTabShops::searchAgain()
+{
+    seerch(ui->leSearch->text());
+}
+
+void QTabShops::rowsShown()
+{
+    for (int row = 0; row < model()->rowCount(); ++row)
+        rowShown(row);
+}
+
+void QTabShops::rowShown(int row)
+{
+    LineState state = LineState::OffLine;
+    if (model()->stored(row, OnOff).toInt() != 0)
+        state = model()->stored(row, CountOffLine).toInt() == 0 ? LineState::OnLine : LineState::PartlyOnLine;
+    showLineState(model(), row, {Id, Network}, state);
+}
+
+void QTabShops::Edit(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    QString id = model()->stored(index.row(), Id);
+    QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
+    if (!editor.isLoaded())
+        return;
+    if (!mayEdit())
+        editor.setReadOnly(true);
+    const bool accepted = editor.exec() == QDialog::Accepted;
+    finishEditor(accepted, id, false);
+}
+
+void QTabShops::Add()
+{
+    if (!mayEdit())
+        return;
+    QString id;
+    QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
+    const bool accepted = editor.isLoaded() && editor.exec() == QDialog::Accepted;
+    finishEditor(accepted, id, true);
+}
+
+void QTabShops::LMoveMouse(int countpx, const QModelIndex &index)
+{
+    if (countpx > longestStrayDrag)
+        askForRegisters(index);
+}
+
+void QTabShops::askForRegisters(const QModelIndex &index)
+{
+    if (index.isValid())
+        emit MoveMouseSignal(model()->stored(index.row(), Id).toUInt());
+}
+
+void QTabShops::RightClickSlot(const QModelIndex &index)
+{
+    if (index.isValid())
+        launchProgram(this, receiver(), settings()->shopRightClick(), model()->stored(index.row(), Network));
+}

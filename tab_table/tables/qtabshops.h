@@ -1,15 +1,48 @@
 #pragma once
+
 #include "qtab.h"
-#include <QVBoxLayout>
+
+namespace Ui {
+class QTabShopsFilter;
+}
+
+/// The shops that the user may see, with their state on the line, found by group, block and text.
 class QTabShops : public QTab
 {
     Q_OBJECT
+
 public:
-    QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-        : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
-    {
-    }
+    QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    ~QTabShops() override;
+
+    using QTab::Edit;
+    /// The shop group chosen in the filter; 0 for all groups.
+    uint chosenGroup() const;
+
+public slots:
+    /// Lists the shops of the chosen group and state whose address or name holds the text.
+    void seerch(const QString &text);
+    void Edit(const QModelIndex &index) override;
+    void Add() override;
+    /// A drag of more than 50 pixels to the right asks for the registers of the shop.
+    void LMoveMouse(int countpx, const QModelIndex &index);
+    /// Starts the settings' program for shops against the gateway of the shop.
+    void RightClickSlot(const QModelIndex &index);
 
 signals:
-    void MoveMouseSignal(uint id);
+    /// The registers of the shop are wanted.
+    void MoveMouseSignal(uint id_shop);
+
+protected:
+    void rowsShown() override;
+    void rowShown(int row) override;
+
+private:
+    void buildFilter();
+    void connectGrid();
+    void searchAgain();
+    void askForRegisters(const QModelIndex &index);
+    QString condition(const QString &text) const;
+
+    std::unique_ptr<Ui::QTabShopsFilter> ui;
 };

@@ -1,0 +1,38 @@
+#include "networkaddress.h"
+
+#include "launch.h"
+
+#include <QLineEdit>
+#include <QRegularExpression>
+
+namespace {
+/// The front-office program's pattern, letter for letter: its points want a backslash before them. Plain
+/// addresses are told apart by dottedAddress.
+QString storedPattern()
+{
+    return QStringLiteral(R"(((?:(?:25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)\\.){3})"
+                          R"((?:25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?))(?![\\d]))");
+}
+} // namespace
+
+QString typedAddress(const QLineEdit *field)
+{
+    const QString text = field->text().remove(QLatin1Char(' '));
+    return text == QLatin1String("...") ? QString() : text;
+}
+
+bool isSoundAddress(const QString &address)
+{
+    static const QRegularExpression pattern(storedPattern());
+    return address.isEmpty() || !dottedAddress(address).isEmpty() || pattern.match(address).hasMatch();
+}
+
+void colourAddress(QLineEdit *field, bool isSound)
+{
+    QPalette palette;
+    if (!isSound) {
+        palette.setColor(QPalette::Base, QColor(255, 205, 205));
+        palette.setColor(QPalette::Text, Qt::black);
+    }
+    field->setPalette(palette);
+}

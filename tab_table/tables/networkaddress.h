@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+
+/// What was typed into a field with the mask of a network address; empty when nothing was.
+QString typedAddress(const QLineEdit *field);
+/// False for what is no network address. Nothing typed is none either, but not wrong.
+bool isSoundAddress(const QString &address);
+/// Colours a field whose address is not sound, or takes the colour back.
+void colourAddress(QLineEdit *field, bool isSound);
