@@ -1,0 +1,427 @@
+#include "testing.h"
+
+#include "qaddedtkass.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "qtabkass.h"
+#include "setting.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+
+/// The registers tab with its filters, colours and launches, and the editor of a register.
+class TstQTabKass : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void shopAndGroupNarrowTheList();
+    void loadDataTakesFiltersBack();
+    void openIntervalIsGreen();
+    void dragAndClickStartTheirPrograms();
+    void addedRegisterIsStored();
+    void emptyFieldsAreNull();
+    void refusals();
+    void adverIsUniqueWithinAShop();
+    void editingKeepsWhatIsNotShown();
+    void wrongGatewayIsTold();
+    void wrongAddressIsColouredOnLeaving();
+    void noGroupNoEditor();
+    void viewerMayOnlyLook();
+
+private:
+    void openTab(int right = Permission::Full);
+    void writeSettings(const QByteArray &text);
+    QStringList shown(int column);
+    QComboBox *combo(const QString &name) { return child<QComboBox>(m_tab.get(), name); }
+    bool edit(int id, const std::function<void(QAddEdtKass *)> &drive);
+    bool add(const std::function<void(QAddEdtKass *)> &drive);
+    static void set(QDialog *dialog, const QString &name, const QString &text);
+    static QString save(QAddEdtKass *editor);
+    QStringList stored(const QString &where);
+
+    QTemporaryDir m_home;
+    QWidget m_window;
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<setting> m_settings;
+    std::unique_ptr<QTabKass> m_tab;
+    QStringList m_started;
+};
+
+void TstQTabKass::initTestCase()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
+    m_base = std::make_unique<FreshDatabase>();
+    m_settings = std::make_unique<setting>(m_home.path(), &m_window);
+}
+
+void TstQTabKass::init()
+{
+    m_base->exec({
+        "DELETE FROM onoffline",
+        "DELETE FROM kassa",
+        "DELETE FROM shops",
+        "DELETE FROM lst_group WHERE id_group>1",
+        "DELETE FROM group_shop WHERE id>1",
+        "REPLACE INTO lst_group VALUES(1,1)",
+        "INSERT INTO group_shop(id,name) VALUES(2,'Захід'),(3,'Схід'),(4,'Чужа')",
+        "INSERT INTO lst_group VALUES(1,2),(1,3)",
+        "INSERT INTO shops(id,address,group_shop,network_shop,count_day_cycle,block) VALUES"
+        "(10,'Львів',2,'10.0.0.10',7,0),(11,'Київ',3,NULL,1,0),(12,'Склад',3,NULL,0,0),"
+        "(13,'Офіс',3,NULL,-1,0),(14,'Чужий',4,NULL,1,0)",
+        "INSERT INTO kassa(id,id_shop,advertising_str,cashdrive_code,head_edit,block,info_block,ip_address,"
+        "id_type,marka,model,number,id_device) VALUES(20,10,'Каса 1','001',1,0,'інфо','10.0.1.1',2,'М','Мод',"
+        "'777',3),(21,10,'Каса 2',NULL,0,1,NULL,NULL,NULL,NULL,NULL,NULL,NULL),"
+        "(22,11,'Каса 1','000',0,0,NULL,'10.0.1.3',1,NULL,NULL,NULL,NULL),"
+        "(23,14,'Чужа',NULL,0,0,NULL,NULL,NULL,NULL,NULL,NULL,NULL)",
+    });
+    m_started.clear();
+    setProgramStarter([this](const QString &program, const QStringList &arguments) {
+        m_started = QStringList(program) + arguments;
+        return true;
+    });
+    writeSettings("");
+    openTab();
+}
+
+void TstQTabKass::cleanup()
+{
+    setProgramStarter({});
+    m_tab.reset();
+    m_user.reset();
+}
+
+void TstQTabKass::openTab(int right)
+{
+    m_tab.reset();
+    m_base->exec(QString("UPDATE lst_permis SET permission=%1 WHERE id_g_prem=1 AND id_prem=11").arg(right));
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+    QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
+    m_tab = std::make_unique<QTabKass>(m_base->connection(), m_user.get(), &m_base->heard, m_settings.get(),
+                                       nullptr);
+    m_tab->setPermission(Permission::Kassa);
+    m_tab->resize(1000, 400);
+    m_tab->show();
+    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
+    QTRY_VERIFY(!m_tab->isLoading());
+    m_base->heard.forget();
+}
+
+void TstQTabKass::writeSettings(const QByteArray &text)
+{
+    QFile ini(m_home.filePath("Velta.ini"));
+    QVERIFY(ini.open(QIODevice::WriteOnly));
+    ini.write(text);
+    ini.close();
+    m_settings->ReadSetting(m_home.path());
+}
+
+QStringList TstQTabKass::shown(int column)
+{
+    if (!QTest::qWaitFor([this] { return !m_tab->isLoading(); }))
+        qFatal("the search did not end");
+    QStringList texts;
+    for (int row = 0; row < m_tab->model()->rowCount(); ++row)
+        texts.append(m_tab->model()->stored(row, column));
+    return texts;
+}
+
+bool TstQTabKass::edit(int id, const std::function<void(QAddEdtKass *)> &drive)
+{
+    const int row = shown(0).indexOf(QString::number(id));
+    return withModal<QAddEdtKass>([&] { m_tab->Edit(m_tab->model()->index(row, 1)); }, drive);
+}
+
+bool TstQTabKass::add(const std::function<void(QAddEdtKass *)> &drive)
+{
+    return withModal<QAddEdtKass>([&] { m_tab->Add(); }, drive);
+}
+
+void TstQTabKass::set(QDialog *dialog, const QString &name, const QString &text)
+{
+    if (auto *box = dialog->findChild<QComboBox *>(name))
+        box->setCurrentIndex(box->findText(text));
+    else
+        child<QLineEdit>(dialog, name)->setText(text);
+}
+
+/// The warning that the save met; empty when there was none.
+QString TstQTabKass::save(QAddEdtKass *editor)
+{
+    return answerQuestion([&] { child<QPushButton>(editor, "pbOk")->click(); });
+}
+
+QStringList TstQTabKass::stored(const QString &where)
+{
+    return m_base->rows("SELECT id_shop,advertising_str,IFNULL(cashdrive_code,'NULL'),head_edit,block,"
+                        "info_block,marka,model,number,IFNULL(ip_address,'NULL'),IFNULL(id_type,'NULL'),"
+                        "id_device FROM kassa WHERE " +
+                        where);
+}
+
+void TstQTabKass::shopAndGroupNarrowTheList()
+{
+    QCOMPARE(shown(0), QStringList({"20", "21", "22"}));
+    combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("Схід"));
+    QCOMPARE(shown(0), QStringList{"22"});
+    QCOMPARE(combo("cbShop")->itemText(0), QString("Магазин"));
+    QCOMPARE(combo("cbShop")->count(), 4);
+    combo("cbGroup")->setCurrentIndex(0);
+    combo("cbShop")->setCurrentIndex(combo("cbShop")->findText("Львів"));
+    QCOMPARE(shown(0), QStringList({"20", "21"}));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 2"));
+    combo("cbShop")->setCurrentIndex(0);
+    child<QLineEdit>(m_tab.get(), "leSearch")->setText("ки");
+    QCOMPARE(shown(0), QStringList{"22"});
+    child<QLineEdit>(m_tab.get(), "leSearch")->setText("'; DELETE FROM onoffline; -- %");
+    QCOMPARE(shown(0), QStringList());
+    m_base->exec("DELETE FROM lst_group");
+    openTab();
+    QCOMPARE(shown(0), QStringList());
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabKass::loadDataTakesFiltersBack()
+{
+    combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("Схід"));
+    child<QLineEdit>(m_tab.get(), "leSearch")->setText("нічого");
+    m_tab->LoadData(10);
+    QCOMPARE(combo("cbGroup")->currentIndex(), 0);
+    QCOMPARE(combo("cbShop")->currentText(), QString("Львів"));
+    QCOMPARE(shown(0), QStringList({"20", "21"}));
+    m_tab->LoadData(0);
+    QCOMPARE(shown(0), QStringList({"20", "21", "22"}));
+    m_tab->LoadData(14);
+    QCOMPARE(combo("cbShop")->currentIndex(), 0);
+    QVERIFY(!shown(0).contains("23"));
+}
+
+void TstQTabKass::openIntervalIsGreen()
+{
+    m_base->exec("INSERT INTO onoffline VALUES(10,20,1,NOW(),NULL),(11,22,1,NOW(),NOW()),"
+                 "(10,21,0,NOW(),NULL)");
+    m_tab->seerch("");
+    QCOMPARE(shown(0).size(), 3);
+    const auto colour = [this](int row) {
+        return m_tab->model()->index(row, 0).data(Qt::BackgroundRole).value<QBrush>().color().name();
+    };
+    QCOMPARE(colour(0), QString("#00ff00"));
+    QCOMPARE(colour(1), QString("#ff0000"));
+    QCOMPARE(colour(2), QString("#ff0000"));
+    QCOMPARE(m_tab->model()->index(2, 3).data(Qt::ToolTipRole).toString(), QString("Немає зв'язку"));
+}
+
+void TstQTabKass::dragAndClickStartTheirPrograms()
+{
+    const auto drag = [this](int pixels, int row) {
+        m_started.clear();
+        const int y = m_tab->view()->rowViewportPosition(row) + 5;
+        QTest::mousePress(m_tab->view()->viewport(), Qt::LeftButton, {}, {100, y});
+        QTest::mouseRelease(m_tab->view()->viewport(), Qt::LeftButton, {}, {100 + pixels, y});
+        return m_started.join(' ');
+    };
+    const auto click = [this](int row) {
+        m_started.clear();
+        const QPoint place(100, m_tab->view()->rowViewportPosition(row) + 5);
+        QTest::mouseClick(m_tab->view()->viewport(), Qt::RightButton, {}, place);
+        return m_started.join(' ');
+    };
+    QCOMPARE(drag(200, 0) + click(0), QString());
+    writeSettings("[COMAND_RCLICK_KASS]\nPATH_PROGRAM=/opt/click\nPARAM_PRG=[{IP}] [{IP}]\n"
+                  "[COMAND_LMOVE_KASS]\nPATH_PROGRAM=/opt/drag\nPARAM_PRG=plain\n");
+    QCOMPARE(drag(49, 0) + drag(-200, 0), QString());
+    QCOMPARE(drag(50, 0), QString("/opt/drag plain"));
+    QCOMPARE(drag(50, 1), QString("/opt/drag plain"));
+    QCOMPARE(click(0), QString("/opt/click 10.0.1.1 10.0.1.1"));
+    QString started;
+    QCOMPARE(answerQuestion([&] { started = click(1); }), QString("Помилка в IP адресі"));
+    QCOMPARE(started, QString());
+}
+
+void TstQTabKass::addedRegisterIsStored()
+{
+    m_tab->LoadData(10);
+    QCOMPARE(shown(0).size(), 2);
+    m_base->exec("UPDATE updat SET updat='2020-01-01'");
+    QVERIFY(add([](QAddEdtKass *editor) {
+        QCOMPARE(editor->windowTitle(), QString("Додавання нового запису"));
+        QCOMPARE(child<QComboBox>(editor, "cbGroup")->currentText(), QString("Захід"));
+        QCOMPARE(child<QComboBox>(editor, "cbShop")->currentText(), QString("Львів"));
+        QCOMPARE(child<QLineEdit>(editor, "leGateway")->text(), QString("10.0.0.10"));
+        set(editor, "leAdver", "Каса \"О'Г\" \\");
+        set(editor, "leCashDrive", "042");
+        set(editor, "cbHeadEdit", "Так");
+        set(editor, "cbBlock", "Так");
+        set(editor, "leInfoBlock", "ремонт");
+        set(editor, "cbType", "Камера");
+        set(editor, "leMarka", "марка");
+        set(editor, "leModel", "модель");
+        set(editor, "leNumber", "№ 5");
+        set(editor, "leIp", "10.0.1.77");
+        QTest::keyClick(editor, Qt::Key_Return);
+    }));
+    QCOMPARE(stored("id>23"), QStringList{"10|Каса \"О'Г\" \\|042|1|1|ремонт|марка|модель|№ 5|10.0.1.77|3|"});
+    QCOMPARE(m_tab->view()->currentIndex().row(), 2);
+    QCOMPARE(m_tab->model()->stored(2, 3), QString("10.0.1.77"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("kassa"));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabKass::emptyFieldsAreNull()
+{
+    for (const char *adver : {"А", "Б"}) {
+        QVERIFY(add([adver](QAddEdtKass *editor) {
+            set(editor, "cbGroup", "Захід");
+            set(editor, "cbShop", "Львів");
+            set(editor, "leAdver", adver);
+            set(editor, "cbType", "інше");
+            QCOMPARE(save(editor), QString());
+        }));
+    }
+    QCOMPARE(stored("id>23"), QStringList({"10|А|NULL|0|0|||||NULL|NULL|", "10|Б|NULL|0|0|||||NULL|NULL|"}));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabKass::refusals()
+{
+    QVERIFY(add([](QAddEdtKass *editor) {
+        QCOMPARE(save(editor), QString("Рекламний рядок ідентифікації каси не може бути порожній!"));
+        set(editor, "leAdver", "Каса 1");
+        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
+        set(editor, "cbGroup", "Схід");
+        const auto *shops = child<QComboBox>(editor, "cbShop");
+        QCOMPARE(shops->count(), 1);
+        QCOMPARE(shops->itemText(0), QString("Київ"));
+        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
+        set(editor, "cbShop", "Київ");
+        for (const char *code : {"1", "12"}) {
+            set(editor, "leCashDrive", code);
+            QCOMPARE(save(editor),
+                     QString("Код CashDrive повинен складатися з трьох цифр або бути порожнім!"));
+        }
+        set(editor, "leCashDrive", "000");
+        QCOMPARE(
+            save(editor),
+            QString("Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!"));
+        set(editor, "leAdver", "Каса 9");
+        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!"));
+        QVERIFY(editor->isVisible());
+        auto *code = child<QLineEdit>(editor, "leCashDrive");
+        code->clear();
+        QTest::keyClicks(code, "a12x34");
+        QCOMPARE(code->text(), QString("123"));
+    }));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM kassa"), QString("4"));
+}
+
+void TstQTabKass::adverIsUniqueWithinAShop()
+{
+    QVERIFY(edit(21, [](QAddEdtKass *editor) {
+        set(editor, "leAdver", "Каса 1");
+        QVERIFY(save(editor).startsWith("Рекламний рядок"));
+        set(editor, "cbGroup", "Схід");
+        set(editor, "cbShop", "Київ");
+        set(editor, "leAdver", "Каса 2");
+        set(editor, "leCashDrive", "001");
+        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!"));
+        set(editor, "leCashDrive", "");
+        QCOMPARE(save(editor), QString());
+    }));
+    QCOMPARE(stored("id=21"), QStringList{"11|Каса 2|NULL|0|1|||||NULL|NULL|"});
+    QCOMPARE(shown(1).at(1), QString("Київ"));
+}
+
+void TstQTabKass::editingKeepsWhatIsNotShown()
+{
+    QVERIFY(edit(20, [](QAddEdtKass *editor) {
+        QCOMPARE(editor->windowTitle(), QString("Редагування запису №20"));
+        QCOMPARE(child<QComboBox>(editor, "cbType")->currentText(), QString("РРО"));
+        QCOMPARE(child<QLineEdit>(editor, "leAdver")->maxLength(), 50);
+        set(editor, "leModel", "Мод 2");
+        QCOMPARE(save(editor), QString());
+    }));
+    QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|0|інфо|М|Мод 2|777|10.0.1.1|2|3"});
+    m_base->exec("UPDATE shops SET count_day_cycle=0 WHERE id=10");
+    QVERIFY(edit(20, [](QAddEdtKass *editor) {
+        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
+    }));
+    QCOMPARE(m_base->value("SELECT id_shop FROM kassa WHERE id=20"), QString("10"));
+}
+
+void TstQTabKass::wrongGatewayIsTold()
+{
+    m_base->exec("UPDATE shops SET network_shop='10.0..1' WHERE id=11");
+    QVERIFY(edit(20, [](QAddEdtKass *editor) {
+        const auto *warning = child<QLabel>(editor, "labelGateway");
+        QCOMPARE(warning->text(), QString("Не коректна ip адреса шлюзу;"));
+        QVERIFY(warning->isHidden());
+        set(editor, "cbGroup", "Схід");
+        set(editor, "cbShop", "Київ");
+        QCOMPARE(child<QLineEdit>(editor, "leGateway")->text(), QString("10.0..1"));
+        QVERIFY(!warning->isHidden());
+        set(editor, "leAdver", "Каса 3");
+        QCOMPARE(save(editor), QString());
+    }));
+    QCOMPARE(m_base->value("SELECT id_shop FROM kassa WHERE id=20"), QString("11"));
+}
+
+void TstQTabKass::wrongAddressIsColouredOnLeaving()
+{
+    QVERIFY(edit(20, [](QAddEdtKass *editor) {
+        auto *ip = child<QLineEdit>(editor, "leIp");
+        const QColor usual = ip->palette().color(QPalette::Base);
+        const auto leave = [ip] {
+            QFocusEvent event(QEvent::FocusOut);
+            QApplication::sendEvent(ip, &event);
+            return ip->palette().color(QPalette::Base);
+        };
+        QCOMPARE(leave(), usual);
+        ip->setText("300.1.1.1");
+        QCOMPARE(ip->palette().color(QPalette::Base), usual);
+        QVERIFY(leave() != usual);
+        ip->setText("30.1.1.1");
+        QCOMPARE(ip->palette().color(QPalette::Base), usual);
+        ip->setText("300.1.1.1");
+        QVERIFY2(save(editor).isEmpty(), "it is coloured, not refused");
+    }));
+    QCOMPARE(m_base->value("SELECT ip_address FROM kassa WHERE id=20"), QString("300.1.1.1"));
+}
+
+void TstQTabKass::noGroupNoEditor()
+{
+    m_base->exec("DELETE FROM lst_group");
+    openTab();
+    QCOMPARE(answerQuestion([this] { m_tab->Add(); }), QString("Не має доступних груп!"));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM kassa"), QString("4"));
+}
+
+void TstQTabKass::viewerMayOnlyLook()
+{
+    openTab(2);
+    m_tab->Add();
+    QVERIFY(edit(20, [](QAddEdtKass *editor) {
+        QVERIFY(child<QLineEdit>(editor, "leIp")->isReadOnly());
+        QVERIFY(!child<QPushButton>(editor, "pbOk")->isEnabled());
+        QTest::keyClick(editor, Qt::Key_Escape);
+        QVERIFY(!editor->isVisible());
+    }));
+    QVERIFY(!m_base->heard.has("відмінено користувачем"));
+    openTab();
+    QVERIFY(edit(20, [](QAddEdtKass *editor) { editor->reject(); }));
+    QVERIFY(m_base->heard.has("Зміни не внесені, відмінено користувачем!"));
+}
+
+QTEST_MAIN(TstQTabKass)
+#include "tst_qtabkass.moc"
