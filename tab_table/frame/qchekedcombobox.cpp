@@ -55,21 +55,19 @@ QVariantList QChekedComboBox::listData(int role) const
 
 void QChekedComboBox::slotModelItemChanged(QStandardItem *item)
 {
-    {
-        const QSignalBlocker hold(m_items);
-        if (item->row() == 0) {
-            for (int row = 1; row < m_items->rowCount(); ++row)
-                m_items->item(row)->setCheckState(item->checkState());
-        } else {
-            bool all = true;
-            for (int row = 1; row < m_items->rowCount(); ++row)
-                all = all && m_items->item(row)->checkState() == Qt::Checked;
-            m_items->item(0)->setCheckState(all ? Qt::Checked : Qt::Unchecked);
-        }
+    if (m_isFollowing)
+        return;
+    m_isFollowing = true;
+    if (item->row() == 0) {
+        for (int row = 1; row < m_items->rowCount(); ++row)
+            m_items->item(row)->setCheckState(item->checkState());
+    } else {
+        bool all = true;
+        for (int row = 1; row < m_items->rowCount(); ++row)
+            all = all && m_items->item(row)->checkState() == Qt::Checked;
+        m_items->item(0)->setCheckState(all ? Qt::Checked : Qt::Unchecked);
     }
-    // The blocked changes still have to be painted in an open list.
-    emit m_items->dataChanged(m_items->index(0, 0), m_items->index(m_items->rowCount() - 1, 0),
-                              {Qt::CheckStateRole});
+    m_isFollowing = false;
     updateDisplayText();
     emit checkedChanged();
 }

@@ -38,4 +38,6 @@ private slots:
 private:
     QStandardItemModel *m_items;
     QString m_displayText;
+    /// Its own changes of checks do not call it again.
+    bool m_isFollowing = false;
 };
