@@ -6,11 +6,14 @@
 #include "qtab.h"
 #include "qupdatebd.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
 const int idColumn = 0;
 const int nameColumn = 1;
+const QLatin1String idEditor("editId");
+const QLatin1String nameEditor("editName");
 } // namespace
 
 QTabDelegate::QTabDelegate(const QString &table, QSqlDatabase *db, QObject *parent)
@@ -29,6 +32,7 @@ QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     if (index.column() != nameColumn && !(index.column() == idColumn && m_isAdding))
         return nullptr;
     auto *edit = new QLineEdit(parent);
+    edit->setObjectName(index.column() == nameColumn ? nameEditor : idEditor);
     if (index.column() == nameColumn) {
         if (m_maxLength < 0)
             m_maxLength = QTab::GetMaxChar(m_db, m_receiver, m_table, QStringLiteral("name"));
@@ -40,7 +44,27 @@ QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         edit->setAccessibleName(tr("Код"));
     }
     connect(edit, &QObject::destroyed, this, &QTabDelegate::esc);
+    ++m_openEditors;
     return edit;
+}
+
+bool QTabDelegate::eventFilter(QObject *editor, QEvent *event)
+{
+    auto *edit = qobject_cast<QLineEdit *>(editor);
+    if (!m_isAdding || edit == nullptr || event->type() != QEvent::KeyPress)
+        return QItemDelegate::eventFilter(editor, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (edit->objectName() == nameEditor && key == Qt::Key_Backtab) {
+        // Without storing: there need not be a name yet.
+        emit closeEditor(edit, EditPreviousItem);
+        return true;
+    }
+    if (edit->objectName() == idEditor && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        emit commitData(edit);
+        emit closeEditor(edit, EditNextItem);
+        return true;
+    }
+    return QItemDelegate::eventFilter(editor, event);
 }
 
 void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
@@ -86,13 +110,14 @@ void QTabDelegate::insertName(QWidget *editor, QAbstractItemModel *model, const 
     if (isTaken(editor, name, QString()))
         return;
     const QModelIndex idIndex = index.sibling(index.row(), idColumn);
-    const QString typedId = idIndex.data(Qt::EditRole).toString();
+    const quint64 typedId = idIndex.data(Qt::EditRole).toString().toULongLong();
+    const QVariant id = typedId == 0 ? QVariant(QVariant::ULongLong) : QVariant(typedId);
     const Db db(m_db, m_receiver);
     if (!db.run(QStringLiteral("INSERT INTO ") + m_table + QStringLiteral(" (id,name) VALUES(:id,:name)"),
-                {{QStringLiteral(":id"), nullIfEmpty(typedId)}, {QStringLiteral(":name"), name}}))
+                {{QStringLiteral(":id"), id}, {QStringLiteral(":name"), name}}))
         return;
     // LAST_INSERT_ID tells nothing about a row whose id was given.
-    const auto newId = typedId.isEmpty() ? db.lastInsertId() : std::optional<quint64>(typedId.toULongLong());
+    const auto newId = typedId == 0 ? db.lastInsertId() : std::optional<quint64>(typedId);
     if (!newId)
         return;
     model->setData(idIndex, QString::number(*newId));
@@ -123,6 +148,8 @@ void QTabDelegate::updateName(QWidget *editor, QAbstractItemModel *model, const 
 void QTabDelegate::esc(QObject *editor)
 {
     disconnect(editor, &QObject::destroyed, this, &QTabDelegate::esc);
+    if (--m_openEditors > 0)
+        return;
     const bool wasStored = !m_isAdding;
     if (m_hasNextEdit) {
         m_hasNextEdit = false;

@@ -31,6 +31,10 @@ signals:
     /// The added row was stored: go on with another one.
     void extNextEdit();
 
+protected:
+    /// While a record is added, Backtab goes from its name to its id, Tab and Enter go back.
+    bool eventFilter(QObject *editor, QEvent *event) override;
+
 private slots:
     void esc(QObject *editor);
     void clradd();
@@ -48,6 +52,8 @@ private:
     QSqlDatabase *m_db;
     QString m_table;
     mutable int m_maxLength = -1;
+    /// Moving between the two cells of a new record opens the next editor before the last one is gone.
+    mutable int m_openEditors = 0;
     bool m_isAdding = false;
     bool m_hasNextEdit = false;
     QObject *m_receiver;
