@@ -23,8 +23,8 @@ QAddEdtShop::QAddEdtShop(QTabShops *tab, QLoadedUser *user, QSqlDatabase *db, QS
     , m_id(id != nullptr ? id : &m_newId)
 {
     ui->setupUi(this);
-    ui->leAddress->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
-    ui->leTitle1->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+    ui->leAddress->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
+    ui->leTitle1->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
     setRecordTitle(*m_id);
     limitLengths(tab);
     connectFields();

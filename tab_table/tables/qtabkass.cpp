@@ -33,7 +33,7 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
     setColumns({{tr("Код"), 70, &asNumber},
                 {tr("Адреса магазину"), 320},
                 {tr("Рекламний рядок"), 240},
-                {tr("IP адреса"), 130},
+                {tr("IP адреса"), 150},
                 {tr("Тип пристрою"), 130},
                 {tr("Блок"), 70},
                 {QString(), 0, &asNumber, true},

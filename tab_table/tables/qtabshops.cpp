@@ -35,7 +35,7 @@ QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     setColumns({{tr("Код"), 70, &asNumber},
                 {tr("Адреса магазину"), 360},
                 {tr("Назва магазину"), 240},
-                {tr("Шлюз"), 130},
+                {tr("Шлюз"), 150},
                 {tr("Блок"), 70},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true},

@@ -77,15 +77,16 @@ void TstQTabKass::init()
         "REPLACE INTO lst_group VALUES(1,1)",
         "INSERT INTO group_shop(id,name) VALUES(2,'Захід'),(3,'Схід'),(4,'Чужа')",
         "INSERT INTO lst_group VALUES(1,2),(1,3)",
-        "INSERT INTO shops(id,address,group_shop,network_shop,count_day_cycle,block) VALUES"
-        "(10,'Львів',2,'10.0.0.10',7,0),(11,'Київ',3,NULL,1,0),(12,'Склад',3,NULL,0,0),"
-        "(13,'Офіс',3,NULL,-1,0),(14,'Чужий',4,NULL,1,0)",
+    });
+    m_base->exec("INSERT INTO shops(id,address,group_shop,network_shop,count_day_cycle,block) VALUES"
+                 "(10,'Львів',2,'10.0.0.10',7,0),(11,'Київ',3,NULL,1,0),(12,'Склад',3,NULL,0,0),"
+                 "(13,'Офіс',3,NULL,-1,0),(14,'Чужий',4,NULL,1,0)");
+    m_base->exec(
         "INSERT INTO kassa(id,id_shop,advertising_str,cashdrive_code,head_edit,block,info_block,ip_address,"
         "id_type,marka,model,number,id_device) VALUES(20,10,'Каса 1','001',1,0,'інфо','10.0.1.1',2,'М','Мод',"
         "'777',3),(21,10,'Каса 2',NULL,0,1,NULL,NULL,NULL,NULL,NULL,NULL,NULL),"
         "(22,11,'Каса 1','000',0,0,NULL,'10.0.1.3',1,NULL,NULL,NULL,NULL),"
-        "(23,14,'Чужа',NULL,0,0,NULL,NULL,NULL,NULL,NULL,NULL,NULL)",
-    });
+        "(23,14,'Чужа',NULL,0,0,NULL,NULL,NULL,NULL,NULL,NULL,NULL)");
     m_started.clear();
     setProgramStarter([this](const QString &program, const QStringList &arguments) {
         m_started = QStringList(program) + arguments;

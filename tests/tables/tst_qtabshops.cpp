@@ -83,13 +83,15 @@ void TstQTabShops::init()
         "REPLACE INTO lst_group VALUES(1,1)",
         "INSERT INTO group_shop(id,name) VALUES(2,'Захід'),(3,'Схід'),(4,'Чужа')",
         "INSERT INTO lst_group VALUES(1,2),(1,3)",
+    });
+    m_base->exec(
         "INSERT INTO shops(id,address,name,group_shop,day_update,network_shop,sum_cash,count_day_cycle,block,"
         "info_block) VALUES(10,'Львів, Ринок 1','Їжак',2,3,'10.0.0.10',700,7,0,'не чіпати'),"
         "(11,'Київ, 100%_ступінь','Їжак',3,1,NULL,0,1,1,NULL),(12,'Суми, Склад','Склад',3,1,'10.0.0.12',0,0,0,"
-        "NULL),(13,'Одеса','Чужий',4,1,NULL,0,1,0,NULL),(14,'Усі групи','Спільний',1,1,NULL,0,1,0,NULL)",
+        "NULL),(13,'Одеса','Чужий',4,1,NULL,0,1,0,NULL),(14,'Усі групи','Спільний',1,1,NULL,0,1,0,NULL)");
+    m_base->exec(
         "INSERT INTO kassa(id,id_shop,advertising_str,ip_address,block) VALUES(20,10,'К1','10.0.1.1',0),"
-        "(21,10,'К2','10.0.1.2',1),(22,10,'К3',NULL,0),(23,11,'К1','10.0.1.3',0)",
-    });
+        "(21,10,'К2','10.0.1.2',1),(22,10,'К3',NULL,0),(23,11,'К1','10.0.1.3',0)");
     openTab();
 }
 
