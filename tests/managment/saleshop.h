@@ -1,0 +1,22 @@
+#pragma once
+
+#include "receipt.h"
+#include "testing.h"
+
+/// A small chain to sell in: shop 1 (group 2, period of three days) with registers 1 and 2, an office and a
+/// warehouse, goods 10 to 15 and the user 2 beside the administrator.
+///
+/// goods | type   | tax  | price  | barcode       |
+/// 10    | piece  | 1    | 50.00  | 4820000000109 |
+/// 11    | weighed| 2    | 80.00  | 0000000000116 |
+/// 12    | piece  | none | 12.30  | none          |
+/// 13    | piece  | 3    | 30.00  | 4820000000130 |
+/// 14    | weighed| 5    | 7.00   | 48200014      |
+/// 15    | none   | 1    | none   | 4820000000154 |
+void fillSaleShop(FreshDatabase *base);
+
+/// Takes back what was sold and priced since.
+void resetSaleShop(FreshDatabase *base);
+
+/// What stands in the list for a goods item of shop 1, as one piece or kilogram.
+ReceiptRow goodsRow(FreshDatabase *base, int id);

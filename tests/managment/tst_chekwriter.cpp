@@ -1,0 +1,506 @@
+#include "chekwriter.h"
+
+#include "goodssearch.h"
+#include "saleshop.h"
+
+#include <QDateTime>
+#include <QSqlError>
+#include <QSqlQuery>
+
+namespace {
+const QDateTime noon(QDate(2026, 11, 21), QTime(12, 30, 5)); // A Saturday.
+
+QString text(const char *sql)
+{
+    return QString::fromUtf8(sql);
+}
+
+ChekPayment inCash(const Receipt &receipt)
+{
+    ChekPayment payment;
+    payment.discount = receipt.discount();
+    payment.toPay = receipt.toPay();
+    payment.cash = receipt.toPay();
+    return payment;
+}
+
+ChekPlace place(int kass = 1, int user = 1)
+{
+    return {QStringLiteral("1"), QString::number(kass), QString::number(user)};
+}
+} // namespace
+
+class tst_chekwriter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void rowsOfASale();
+    void rowsOfADiscountedSale();
+    void numbersGoOn();
+    void dayAndRatesOfANewShift();
+    void oddGoods();
+    void foreignShiftBlocks();
+    void brokenConnection();
+    void brokenAtTheEnd();
+    void refusedStatements();
+    void twoWritersOnOneRegister();
+    void twoWritersOnTwoRegisters();
+    void prices();
+    void promotions_data();
+    void promotions();
+    void searchTakesTextAsData();
+
+private:
+    Receipt receipt(const QVector<QPair<int, qint64>> &goods);
+    ChekWriter::Result sell(const Receipt &receipt, int kass = 1);
+    QString stock(int goods);
+    /// Everything that a sale writes.
+    QStringList written();
+    void checkSums();
+
+    std::unique_ptr<FreshDatabase> m_base;
+};
+
+void tst_chekwriter::initTestCase()
+{
+    m_base = std::make_unique<FreshDatabase>();
+    fillSaleShop(m_base.get());
+}
+
+void tst_chekwriter::init()
+{
+    resetSaleShop(m_base.get());
+    m_base->heard.forget();
+}
+
+void tst_chekwriter::cleanup()
+{
+    Db::setStatementHook({});
+}
+
+void tst_chekwriter::cleanupTestCase()
+{
+    m_base.reset();
+}
+
+Receipt tst_chekwriter::receipt(const QVector<QPair<int, qint64>> &goods)
+{
+    Receipt receipt;
+    for (const auto &[id, quantity] : goods) {
+        ReceiptRow row = goodsRow(m_base.get(), id);
+        row.quantity = quantity;
+        receipt.add(row);
+    }
+    return receipt;
+}
+
+ChekWriter::Result tst_chekwriter::sell(const Receipt &receipt, int kass)
+{
+    return ChekWriter(m_base->db(), place(kass)).write(receipt, inCash(receipt), noon);
+}
+
+QString tst_chekwriter::stock(int goods)
+{
+    return m_base->value(
+        QStringLiteral("SELECT count_showroom FROM goods_shop WHERE id_shop=1 AND id_goods=%1").arg(goods));
+}
+
+QStringList tst_chekwriter::written()
+{
+    return m_base->rows(text("SELECT id_kass,id_chek,id_position,summa FROM cheks ORDER BY 1,2,3")) +
+           m_base->rows(text("SELECT id_kass,id_zzvit,cash,count_cheks FROM z_zvit ORDER BY 1,2")) +
+           m_base->rows(text("SELECT id_goods,count_showroom FROM goods_shop ORDER BY id_shop,id_goods"));
+}
+
+/// What is true of every receipt and every shift, whatever was sold.
+void tst_chekwriter::checkSums()
+{
+    QCOMPARE(m_base->rows(text("SELECT id_kass,id_chek FROM cheks GROUP BY id_shop,id_kass,id_chek HAVING "
+                               "SUM(IF(id_type=1,summa,0))-SUM(IF(id_type=2,summa,0))<>"
+                               "SUM(IF(id_type=3,summa,0)) OR SUM(IF(id_type=3,1,0))<>1")),
+             QStringList());
+    QCOMPARE(m_base->rows(text(
+                 "SELECT id_kass FROM z_zvit WHERE "
+                 "cash<>(SELECT SUM(price) FROM cheks WHERE id_type=3 AND id_kass=z_zvit.id_kass AND "
+                 "id_zvit=id_zzvit) OR beznal_1<>(SELECT SUM(tax) FROM cheks WHERE id_type=3 AND "
+                 "id_kass=z_zvit.id_kass AND id_zvit=id_zzvit) OR count_cheks<>(SELECT COUNT(*) FROM cheks "
+                 "WHERE id_type=3 AND id_kass=z_zvit.id_kass AND id_zvit=id_zzvit) OR "
+                 "Oborot_A<>(SELECT IFNULL(SUM(summa),0) FROM cheks WHERE id_type=1 AND tax=1 AND "
+                 "id_kass=z_zvit.id_kass AND id_zvit=id_zzvit)")),
+             QStringList());
+}
+
+void tst_chekwriter::rowsOfASale()
+{
+    const Receipt sold = receipt({{10, 1000}, {11, 250}, {13, 1000}});
+    ChekPayment payment = inCash(sold);
+    QCOMPARE(payment.toPay, qint64(10000));
+    payment.cash = 6000;
+    payment.card = 4000;
+    const auto result = ChekWriter(m_base->db(), place()).write(sold, payment, noon);
+    QCOMPARE(result.outcome, ChekWriter::Written);
+    QCOMPARE(result.chek.number, 1);
+    QCOMPARE(m_base->rows(text("SELECT id_shop,id_kass,id_zvit,id_chek,id_user,data_time,id_type,id_position,"
+                               "id_good_cln_slujb,name,count,price,summa,tax,dis_bon_bez2,bonus_plus,"
+                               "strihcode,type,id_type_action,sumdisc FROM cheks ORDER BY id_position")),
+             (QStringList{
+                 text("1|1|1|1|1|2026-11-21 12:30:05|1|0|10|Хліб житній|1000|5000|5000|1|0|1|4820000000109|"
+                      "1|1|0"),
+                 text("1|1|1|1|1|2026-11-21 12:30:05|1|1|11|Сир ваговий|250|8000|2000|2|0|1|0000000000116|"
+                      "0|1|0"),
+                 text("1|1|1|1|1|2026-11-21 12:30:05|1|2|13|Молоко|1000|3000|3000|3|0|1|4820000000130|1|1|0"),
+                 text("1|1|1|1|1|2026-11-21 12:30:05|3|4|0||0|6000|10000|4000|0|0||0|0|0")}));
+    QCOMPARE(m_base->value(text("SELECT strihcode IS NULL AND name='' FROM cheks WHERE id_type=3")),
+             QStringLiteral("1"));
+    QCOMPARE(m_base->rows(text("SELECT id_zzvit,id_shop,id_user,id_period,day,cash,beznal_1,beznal_2,"
+                               "beznal_3,Oborot_A,Oborot_B,Oborot_V,Oborot_G,Oborot_D,count_cheks,"
+                               "count_chek_diskount,summ_diskount,data_time+0 FROM z_zvit")),
+             (QStringList{text("1|1|1|0|1|6000|4000|0|0|5000|2000|3000|0|0|1|0|0|0")}));
+    QCOMPARE(stock(10) + stock(11) + stock(12), text("9000975010000"));
+    QCOMPARE(m_base->value(text("SELECT SUM(count_showroom) FROM goods_shop WHERE id_shop=2")),
+             text("80000"));
+    checkSums();
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void tst_chekwriter::rowsOfADiscountedSale()
+{
+    Receipt sold = receipt({{10, 1000}, {11, 250}, {13, 1000}});
+    sold.setDiscount(1000);
+    ChekPayment payment = inCash(sold);
+    payment.cash = 0;
+    payment.certificate = 9000;
+    const ChekWriter writer(m_base->db(), place());
+    QCOMPARE(writer.write(sold, payment, noon).outcome, ChekWriter::Written);
+    const QString rows =
+        text("SELECT id_type,id_position,id_good_cln_slujb,count,price,summa,tax,dis_bon_bez2,"
+             "type,id_type_action,sumdisc FROM cheks WHERE id_chek=%1 ORDER BY id_position");
+    // Without any discount level the anonymous client cannot be created and has no percentage.
+    QCOMPARE(m_base->rows(rows.arg(1)).mid(3),
+             (QStringList{text("2|4|1|0||1000|0|0|0|0|0"), text("3|5|1|0|0|9000|0|9000|0|0|0")}));
+    QCOMPARE(m_base->value(text("SELECT SUM(sumdisc) FROM cheks WHERE id_type=1")), text("1000"));
+    m_base->exec(text("INSERT INTO procent(id,name,discount) VALUES(1,'Перший',300)"));
+    QCOMPARE(writer.write(sold, payment, noon).outcome, ChekWriter::Written);
+    QCOMPARE(m_base->rows(rows.arg(2)).at(3), text("2|4|1|0|300|1000|0|0|0|0|0"));
+    QCOMPARE(m_base->rows(text("SELECT id,fiksed,group_shop FROM clients")), (QStringList{text("1|1|1")}));
+    QCOMPARE(m_base->rows(text("SELECT beznal_2,Oborot_A,count_cheks,count_chek_diskount,summ_diskount FROM "
+                               "z_zvit")),
+             (QStringList{text("18000|10000|2|2|2000")}));
+    checkSums();
+}
+
+void tst_chekwriter::numbersGoOn()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    QCOMPARE(sell(sold, 1).chek.number, 1);
+    QCOMPARE(sell(sold, 1).chek.number, 2);
+    QCOMPARE(sell(sold, 2).chek.number, 1);
+    m_base->exec(text("UPDATE z_zvit SET data_time=20261121130000 WHERE id_kass=1"));
+    const auto next = sell(sold, 1);
+    QCOMPARE(next.chek.number, 3);
+    QCOMPARE(next.chek.zNumber, text("2"));
+    checkSums();
+}
+
+void tst_chekwriter::dayAndRatesOfANewShift()
+{
+    m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,day,data_time) VALUES"
+                      "(7,1,1,1,3,20261120200000),(6,1,1,1,2,20261119200000),(4,1,2,2,2,20261120200000)"));
+    const Receipt sold = receipt({{10, 1000}});
+    QCOMPARE(sell(sold, 1).chek.zNumber, text("8"));
+    QCOMPARE(sell(sold, 2).chek.zNumber, text("5"));
+    QCOMPARE(m_base->rows(text("SELECT day,PDV_A,DOD_A,PDV_B,DOD_B,PDV_V,DOD_V,PDV_G,DOD_G,PDV_D,DOD_D FROM "
+                               "z_zvit WHERE data_time=0 ORDER BY id_kass")),
+             (QStringList{text("1|2000|0|2000|500|700|0|0|0|0|0"), text("3|2000|0|2000|500|700|0|0|0|0|0")}));
+}
+
+/// No barcode, no tax, no type, and one goods item twice.
+void tst_chekwriter::oddGoods()
+{
+    Receipt sold = receipt({{12, 1000}, {15, 250}, {12, 2000}});
+    QVERIFY(sold.refusal().contains(QStringLiteral("Новинка")));
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    QCOMPARE(m_base->rows(text("SELECT id_position,id_good_cln_slujb,name,count,price,tax,type,strihcode IS "
+                               "NULL FROM cheks WHERE id_type=1 ORDER BY id_position")),
+             (QStringList{text("0|12|Пакет O'Neil 5%|1000|1230|0|1|1"), text("1|15|Новинка|250|0|1|0|0"),
+                          text("2|12|Пакет O'Neil 5%|2000|1230|0|1|1")}));
+    QCOMPARE(stock(12), text("7000"));
+    QCOMPARE(m_base->value(text("SELECT Oborot_A+Oborot_B+Oborot_V+Oborot_G+Oborot_D FROM z_zvit")),
+             text("0"));
+    QCOMPARE(m_base->value(text("SELECT cash FROM z_zvit")), text("3690"));
+}
+
+void tst_chekwriter::foreignShiftBlocks()
+{
+    m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(1,1,1,2,0)"));
+    const QStringList before = written();
+    const auto result = sell(receipt({{10, 1000}}));
+    QCOMPARE(result.outcome, ChekWriter::Busy);
+    QVERIFY(ChekWriter::explanation(result).contains(QStringLiteral("інший користувач")));
+    QCOMPARE(written(), before);
+    QCOMPARE(sell(receipt({{10, 1000}}), 2).outcome, ChekWriter::Written);
+}
+
+/// The connection breaks right before each statement in turn: nothing is written, and the next try works.
+void tst_chekwriter::brokenConnection()
+{
+    Receipt sold = receipt({{10, 1000}, {11, 250}});
+    sold.setDiscount(500);
+    QStringList statements;
+    Db::setStatementHook([&](const QString &sql) { statements.append(sql); });
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    Db::setStatementHook({});
+    QVERIFY2(statements.size() == 11, qPrintable(statements.join(QLatin1Char('\n'))));
+    for (int broken = 1; broken < statements.size(); ++broken) {
+        // The first receipt opens the shift, and so must those that are tried.
+        m_base->exec(text("UPDATE z_zvit SET data_time=20261121130000 WHERE data_time=0"));
+        const QStringList before = written();
+        m_base->heard.forget();
+        int sent = 0;
+        Db::setStatementHook([&](const QString &) {
+            if (sent++ == broken)
+                m_base->killConnection();
+        });
+        const auto result = sell(sold);
+        Db::setStatementHook({});
+        QCOMPARE(result.outcome, ChekWriter::Failed);
+        QCOMPARE(written(), before);
+        QVERIFY(m_base->heard.has(QStringLiteral("Помилка запиту:"), 1));
+        QVERIFY(m_base->heard.has(statements.at(broken).left(60), 1));
+        QVERIFY(m_base->heard.all().first().location.contains(QLatin1String("tst_chekwriter")));
+        QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    }
+    checkSums();
+}
+
+/// The server has committed but its answer is lost; or the server cannot be asked any more.
+void tst_chekwriter::brokenAtTheEnd()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    bool isCommitted = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql != QLatin1String("COMMIT") || isCommitted)
+            return;
+        isCommitted = true;
+        // The new transaction keeps the client from reconnecting silently.
+        QSqlQuery(*m_base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
+        m_base->killConnection();
+    });
+    const auto result = sell(sold);
+    Db::setStatementHook({});
+    QVERIFY(isCommitted);
+    QCOMPARE(result.outcome, ChekWriter::Written);
+    QVERIFY(m_base->heard.has(QStringLiteral("COMMIT"), 1));
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=3")), text("1"));
+
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == QLatin1String("COMMIT"))
+            m_base->killConnection();
+        else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks")))
+            m_base->exec(text("RENAME TABLE cheks TO away"));
+    });
+    const auto unclear = sell(sold);
+    Db::setStatementHook({});
+    m_base->exec(text("RENAME TABLE away TO cheks"));
+    QCOMPARE(unclear.outcome, ChekWriter::Unclear);
+    QVERIFY(ChekWriter::explanation(unclear).contains(QStringLiteral("№ 2 і невідомо")));
+    const auto isWritten = ChekWriter(m_base->db(), place()).isWritten(unclear.chek);
+    QVERIFY(isWritten.has_value() && !*isWritten);
+    QVERIFY(ChekWriter(m_base->db(), place()).isWritten(result.chek).value_or(false));
+    checkSums();
+}
+
+void tst_chekwriter::refusedStatements()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    const QStringList before = written();
+    m_base->exec(text("CREATE TRIGGER broken BEFORE UPDATE ON z_zvit FOR EACH ROW SIGNAL SQLSTATE '45000' "
+                      "SET MESSAGE_TEXT='shift is broken'"));
+    QCOMPARE(sell(sold).outcome, ChekWriter::Failed);
+    QCOMPARE(written(), before);
+    QCOMPARE(m_base->heard.texts().size(), 1);
+    QVERIFY(m_base->heard.has(QStringLiteral("shift is broken"), 1));
+    m_base->exec(text("DROP TRIGGER broken"));
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+}
+
+void tst_chekwriter::twoWritersOnOneRegister()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    ChekWriter::Outcome otherOutcome = ChekWriter::Failed;
+    bool isNested = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (isNested || !sql.startsWith(QLatin1String("INSERT INTO cheks")))
+            return;
+        isNested = true;
+        otherOutcome = ChekWriter(otherDb, place()).write(sold, inCash(sold), noon).outcome;
+    });
+    const auto result = sell(sold);
+    Db::setStatementHook({});
+    QCOMPARE(otherOutcome, ChekWriter::Written);
+    QCOMPARE(result.outcome, ChekWriter::Collided);
+    QVERIFY(ChekWriter::explanation(result).contains(QStringLiteral("Повторіть оплату")));
+    QVERIFY(m_base->heard.has(QStringLiteral("Duplicate entry"), 1));
+    QCOMPARE(sell(sold).chek.number, 3);
+    QCOMPARE(stock(10), text("7000"));
+    QCOMPARE(m_base->value(text("SELECT count_cheks FROM z_zvit")), text("3"));
+    checkSums();
+}
+
+/// Both want the whole stock table: the later one waits, and what it does not get it tells.
+void tst_chekwriter::twoWritersOnTwoRegisters()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    QVERIFY(otherDb.run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=1")));
+    ChekWriter::Result waiting;
+    bool isNested = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (isNested || sql != QLatin1String("COMMIT"))
+            return;
+        isNested = true;
+        waiting = ChekWriter(otherDb, place(2)).write(sold, inCash(sold), noon);
+    });
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    Db::setStatementHook({});
+    QCOMPARE(waiting.outcome, ChekWriter::Locked);
+    QVERIFY(ChekWriter::explanation(waiting).contains(QStringLiteral("Повторіть оплату")));
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_kass=2")), text("0"));
+    QCOMPARE(ChekWriter(otherDb, place(2)).write(sold, inCash(sold), noon).outcome, ChekWriter::Written);
+    QCOMPARE(stock(10), text("8000"));
+    checkSums();
+}
+
+/// The less a row of the price list is wanted the later it is put in: each one has to win over those before.
+void tst_chekwriter::prices()
+{
+    const auto price = [&](int priority) {
+        GoodsSearch search;
+        search.idShop = 1;
+        search.by = GoodsSearch::ExactBarcode;
+        search.text = QStringLiteral("4820000000109");
+        search.priority = priority;
+        search.time = noon;
+        auto query = m_base->db().run(goodsListSql(search));
+        return query && query->next() ? toText(query->value(GoodsColumn::Price)) : QString();
+    };
+    QCOMPARE(price(1), text("5000"));
+    const auto insert = [&](int shop, int group, int priority, int kopecks) {
+        m_base->exec(QStringLiteral("INSERT INTO prices(id_goods,id_shop,id_group,priority,price) "
+                                    "VALUES(10,%1,%2,%3,%4)")
+                         .arg(shop)
+                         .arg(group)
+                         .arg(priority)
+                         .arg(kopecks));
+    };
+    insert(0, 1, 5, 4990);
+    QCOMPARE(price(1), text("5000"));
+    // Rows of other shops name the group of all shops; they are no prices of it.
+    insert(2, 1, 1, 111);
+    insert(3, 1, 1, 112);
+    insert(2, 1, 0, 113);
+    insert(3, 1, 0, 114);
+    QCOMPARE(price(1), text("5000"));
+    const int better[][3] = {{0, 1, 1}, {0, 2, 1}, {1, 1, 1}, {0, 1, 0}, {0, 2, 0}, {1, 1, 0}};
+    int kopecks = 4000;
+    for (const auto &row : better) {
+        insert(row[0], row[1], row[2], ++kopecks);
+        QCOMPARE(price(1), QString::number(kopecks));
+    }
+    QCOMPARE(price(5), QString::number(kopecks));
+}
+
+void tst_chekwriter::promotions_data()
+{
+    QTest::addColumn<QString>("dates");
+    QTest::addColumn<QString>("days");
+    QTest::addColumn<bool>("inForce");
+    const QString undated = text("0,0");
+    QTest::newRow("every Saturday") << undated << "Sat,Sun," << true;
+    QTest::newRow("every Monday") << undated << "Mon," << false;
+    QTest::newRow("no day") << undated << "" << false;
+    QTest::newRow("running") << "20261101080000,20261130220000"
+                             << "Fri,Sat," << true;
+    QTest::newRow("other day") << "20261101080000,20261130220000"
+                               << "Fri," << false;
+    QTest::newRow("over") << "20261101080000,20261120220000"
+                          << "Sat," << false;
+    QTest::newRow("not yet") << "20261121123006,20261130220000"
+                             << "Sat," << false;
+    QTest::newRow("from this second") << "20261121123005,20261130220000"
+                                      << "Sat," << true;
+    QTest::newRow("to this second") << "20261101080000,20261121123005"
+                                    << "Sat," << true;
+    QTest::newRow("later hours") << "20261101130000,20261130220000"
+                                 << "Sat," << false;
+    QTest::newRow("earlier hours") << "20261101080000,20261130120000"
+                                   << "Sat," << false;
+}
+
+void tst_chekwriter::promotions()
+{
+    QFETCH(QString, dates);
+    QFETCH(QString, days);
+    QFETCH(bool, inForce);
+    m_base->exec(QStringLiteral("INSERT INTO action(id,name,id_type_action,val,val_1,val_2,datetime_start,"
+                                "datetime_end,week_day) VALUES(2,'Мінус десять',2,1000,7,8,%1,%2)")
+                     .arg(dates, lit(days)));
+    m_base->exec(text("UPDATE goods_shop SET id_action=2 WHERE id_goods=10"));
+    GoodsSearch search;
+    search.idShop = 1;
+    search.text = QStringLiteral("4820000000109");
+    search.time = noon;
+    auto query = m_base->db().run(goodsListSql(search));
+    QVERIFY(query && query->next());
+    QStringList cells;
+    for (int i = 0; i < GoodsColumn::Count; ++i)
+        cells.append(toText(query->value(i)));
+    const ReceiptRow row = receiptRow(cells);
+    QCOMPARE(row.actType, inForce ? 2 : 1);
+    QCOMPARE(row.actName, inForce ? text("Мінус десять") : text("Без акції"));
+    QCOMPARE(row.actDiscount(), inForce ? qint64(500) : qint64(0));
+    QCOMPARE(row.actVal1 * 10 + row.actVal2, qint64(78));
+}
+
+void tst_chekwriter::searchTakesTextAsData()
+{
+    const auto found = [&](const QString &words, GoodsSearch::By by) {
+        GoodsSearch search;
+        search.idShop = 1;
+        search.by = by;
+        search.text = words;
+        search.time = noon;
+        QStringList names;
+        auto query = m_base->db().run(goodsListSql(search));
+        while (query && query->next())
+            names.append(toText(query->value(GoodsColumn::Id)));
+        names.sort();
+        return names.join(QLatin1Char(' '));
+    };
+    QCOMPARE(found(QString(), GoodsSearch::Name), text("10 11 12 13 14 15"));
+    QCOMPARE(found(QString(), GoodsSearch::Barcode), text("10 11 13 14 15"));
+    QCOMPARE(found(text("хліб жит"), GoodsSearch::Name), text("10"));
+    QCOMPARE(found(text("O'Neil 5%"), GoodsSearch::Name), text("12"));
+    QCOMPARE(found(text("000000"), GoodsSearch::Barcode), text("10 11 13 15"));
+    for (const char *word :
+         {"%", "_", "x'; DELETE FROM goods_shop; -- ", "\\' OR 1=1 -- ", ":id_shop ?", "\\"}) {
+        QCOMPARE(found(text(word), GoodsSearch::Barcode), QString());
+        QCOMPARE(found(text(word), GoodsSearch::ExactBarcode), QString());
+        QCOMPARE(found(text(word), GoodsSearch::Name), text(qstrcmp(word, "%") == 0 ? "12" : ""));
+    }
+    QCOMPARE(m_base->heard.texts(), QStringList());
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM goods_shop")), text("16"));
+}
+
+QTEST_GUILESS_MAIN(tst_chekwriter)
+#include "tst_chekwriter.moc"
