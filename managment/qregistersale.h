@@ -1,11 +1,135 @@
 #pragma once
+
+#include "chekwriter.h"
+#include "columns.h"
+#include "goodssearch.h"
+
+#include <QTimer>
 #include <QWidget>
-class QSqlDatabase;
+#include <memory>
+
+namespace Ui {
+class QRegisterSale;
+}
+class ListLoader;
+class QComboBox;
 class QLoadedUser;
+class QNTableView;
+class QRowModel;
+class QSqlDatabase;
+class ReceiptModel;
 class setting;
+struct FoundRows;
+
+/// The tab in which a sale is registered for a shop's cash register: the goods of the shop, the receipt, the
+/// payment. It can be worked with a scanner and the keyboard alone; the search field has the focus.
 class QRegisterSale : public QWidget
 {
     Q_OBJECT
+
 public:
-    QRegisterSale(QSqlDatabase *, QLoadedUser *, QObject *, setting *, QWidget *parent) : QWidget(parent) {}
+    /// receiver gets the messages.
+    QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    ~QRegisterSale() override;
+
+    /// Sells, instead of receiving or moving goods.
+    void salemode();
+
+    /// Writes the receipt that stands in the grid; amounts in kopecks, only the fourth is a number as SQL
+    /// has it. Returns the receipt's number, or -1 when nothing was written (reported).
+    int writeChek(const QString &discount, const QString &toPay, const QString &cash, const QString &card,
+                  const QString &certificate, const QString &fourth);
+    /// The number of the register's next receipt; empty after a failure.
+    QString getIdNewCheck() const;
+    /// The number of the register's open shift, or empty. ok: false after a failure, and when the shift is
+    /// another user's, which is shown.
+    QString isOpenZ(bool *ok);
+    /// The same; without an open shift it opens one. Empty after a failure.
+    QString getIdZ();
+
+public slots:
+    /// Checks the receipt, takes the payment and writes it.
+    void sale();
+    /// Shows the goods that the text fits to.
+    void seerch(const QString &text);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    static QVector<Column> goodsColumns();
+    void setUpGoods();
+    void setUpChek();
+    void setUpGrid(QNTableView *view, const QVector<int> &digits);
+    static QString widthsKey(const QNTableView *view);
+    void connectPlace();
+    void connectReceipt();
+    void connectSearch();
+    void fillShops();
+    void fillKass();
+    void showShift();
+    void showReceipt();
+    void notify(const QString &text);
+    void showRights();
+
+    quint32 idShop() const;
+    Db db() const;
+    ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
+    QDateTime chekTime() const;
+    GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
+    void followToday();
+
+    /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
+    bool mayChange();
+    bool settleUnclear();
+    bool VerifyChek();
+    void afterSale(int number);
+    /// True when the receipt is empty, or the user agreed to lose it.
+    bool leaveReceipt();
+    bool changePlace(QComboBox *box, int *chosen, int index);
+    void dateChanged(const QDate &date);
+
+    void enter();
+    void showFound(const std::shared_ptr<FoundRows> &found);
+    void answerEnter(int count);
+    bool addScanned(const QString &barcode);
+    void addListed(int row);
+    void addGoods(const ReceiptRow &row);
+    bool confirmStock();
+    void changeQuantity(int row, const QString &text);
+    void setQuantity(int row, qint64 thousandths);
+    void stepQuantity(qint64 thousandths);
+    void editQuantity();
+    void removeRow();
+    void discountTyped();
+    void escape();
+    void focusSearch();
+
+    bool searchKey(const QKeyEvent *key);
+    bool goodsKey(QKeyEvent *key);
+    bool chekKey(const QKeyEvent *key);
+    bool quantityKey(const QKeyEvent *key);
+
+    std::unique_ptr<Ui::QRegisterSale> ui;
+    QSqlDatabase *m_db;
+    QLoadedUser *m_user;
+    QObject *m_receiver;
+    ReceiptModel *m_chek;
+    QRowModel *m_goods;
+    ListLoader *m_loader;
+    QTimer m_searchDelay;
+    GoodsSearch::Mode m_mode = GoodsSearch::Sale;
+    /// What is chosen in the boxes; they go back there when the user does not want to lose the receipt.
+    int m_shop = -1;
+    int m_kass = -1;
+    QDate m_date;
+    /// Nobody has chosen another date than today's.
+    bool m_isToday = true;
+    /// Enter was pressed before the list was there.
+    bool m_isEnterWaiting = false;
+    /// A receipt of which the server has not told whether it was written.
+    std::optional<WrittenChek> m_unclear;
 };

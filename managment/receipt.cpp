@@ -148,7 +148,7 @@ QString Receipt::refusal() const
     if (m_rows.isEmpty())
         return tr("У чеку немає товарів.");
     for (const ReceiptRow &row : m_rows) {
-        const QString why = rowRefusal(row);
+        QString why = rowRefusal(row);
         if (!why.isEmpty())
             return why;
     }

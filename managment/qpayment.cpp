@@ -1,0 +1,155 @@
+#include "qpayment.h"
+#include "ui_qpayment.h"
+
+#include "money.h"
+#include "qqestion.h"
+
+#include <QShortcut>
+
+namespace {
+QString kopecks(const MoneySpinBox *box)
+{
+    return QString::number(box->kopecks());
+}
+} // namespace
+
+QPayment::QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash)
+    : QDialog(parent), ui(std::make_unique<Ui::QPayment>()), m_isClosing(closing)
+{
+    ui->setupUi(this);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    showReceipt(total, discount);
+    if (closing)
+        showClosing(cash);
+    else
+        connectReceipt();
+    ui->serviceFields->setVisible(closing);
+    connect(ui->pbOk, &QPushButton::clicked, this, &QPayment::ok);
+    connect(ui->pbCancel, &QPushButton::clicked, this, &QPayment::cancel);
+}
+
+QPayment::~QPayment() = default;
+
+void QPayment::showReceipt(const QString &total, const QString &discount)
+{
+    qint64 sum = 0;
+    qint64 less = 0;
+    kopecksFromText(total, &sum);
+    kopecksFromText(discount, &less);
+    ui->lbSum->setText(moneyText(sum));
+    ui->lbDiscount->setText(moneyText(less));
+    ui->lbToPay->setText(moneyText(sum - less));
+    QFont large = ui->lbToPay->font();
+    large.setPointSize(large.pointSize() * 2);
+    ui->lbToPay->setFont(large);
+}
+
+void QPayment::connectReceipt()
+{
+    for (MoneySpinBox *box : {ui->dsbCash, ui->dsbCertificate, ui->dsbCard})
+        connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::calcsumpaym);
+    for (MoneySpinBox *box : {ui->dsbCash, ui->dsbGiven})
+        connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::showChange);
+    const struct
+    {
+        QPushButton *button;
+        Qt::Key key;
+        MoneySpinBox *box;
+    } rests[] = {{ui->pbRestCash, Qt::Key_F5, ui->dsbCash},
+                 {ui->pbRestCard, Qt::Key_F6, ui->dsbCard},
+                 {ui->pbRestCertificate, Qt::Key_F7, ui->dsbCertificate}};
+    for (const auto &rest : rests) {
+        const auto put = [this, box = rest.box] { putRestInto(box); };
+        connect(rest.button, &QPushButton::clicked, this, put);
+        // Not the button's own shortcut: that presses it a tenth of a second later, after Enter.
+        connect(new QShortcut(rest.key, this), &QShortcut::activated, this, put);
+    }
+    calcsumpaym(0);
+    ui->dsbCash->setFocus();
+}
+
+void QPayment::showClosing(int cash)
+{
+    ui->receiptFields->hide();
+    ui->gbPaid->hide();
+    ui->gbGiven->hide();
+    ui->pbOk->setText(tr("За&крити"));
+    for (QSpinBox *box : {ui->sbCheks, ui->sbDiskount, ui->sbChekCanc, ui->sbPositionCanc})
+        box->setRange(0, 1000000);
+    ui->dsbViluchenia->setKopecks(cash);
+    ui->dsbVnesenia->setFocus();
+}
+
+qint64 QPayment::owed() const
+{
+    qint64 sum = 0;
+    kopecksFromText(ui->lbToPay->text(), &sum);
+    return sum;
+}
+
+qint64 QPayment::paid() const
+{
+    return ui->dsbCash->kopecks() + ui->dsbCertificate->kopecks() + ui->dsbCard->kopecks();
+}
+
+void QPayment::calcsumpaym(double value)
+{
+    Q_UNUSED(value)
+    ui->gbPaid->setTitle(tr("оплачено:") + QLatin1Char(' ') + moneyText(paid()));
+    ui->gbPaid->setStyleSheet(paid() > owed() ? QStringLiteral("font: bold; color: #DD1010;") : QString());
+}
+
+void QPayment::putRestInto(MoneySpinBox *box)
+{
+    box->setKopecks(qMax<qint64>(owed() - (paid() - box->kopecks()), 0));
+    box->setFocus(Qt::ShortcutFocusReason);
+}
+
+/// What is stored is what is owed; what was handed over only tells the change.
+void QPayment::showChange()
+{
+    const qint64 given = ui->dsbGiven->kopecks();
+    ui->lbChange->setText(moneyText(given == 0 ? 0 : given - ui->dsbCash->kopecks()));
+}
+
+void QPayment::warn(const QString &text, QWidget *field)
+{
+    QQestion::question(this, tr("Попередження!"), text, true);
+    field->setFocus(Qt::ShortcutFocusReason);
+}
+
+void QPayment::ok()
+{
+    if (m_isClosing)
+        return acceptClosing();
+    if (paid() != owed())
+        return warn(tr("Сума до оплати повинна дорівнювати оплачено!"), ui->dsbCash);
+    if (ui->dsbGiven->kopecks() != 0 && ui->dsbGiven->kopecks() < ui->dsbCash->kopecks())
+        return warn(tr("Отримано менше, ніж треба сплатити готівкою!"), ui->dsbGiven);
+    acceptPayment();
+}
+
+void QPayment::acceptPayment()
+{
+    m_toPay = QString::number(owed());
+    m_cash = kopecks(ui->dsbCash);
+    m_certificate = kopecks(ui->dsbCertificate);
+    m_card = kopecks(ui->dsbCard);
+    accept();
+}
+
+void QPayment::acceptClosing()
+{
+    m_vnesenia = kopecks(ui->dsbVnesenia);
+    m_viluchenia = kopecks(ui->dsbViluchenia);
+    m_countCheks = QString::number(ui->sbCheks->value());
+    m_countDiskount = QString::number(ui->sbDiskount->value());
+    m_countChekCanc = QString::number(ui->sbChekCanc->value());
+    m_countPositionCanc = QString::number(ui->sbPositionCanc->value());
+    accept();
+}
+
+void QPayment::cancel()
+{
+    reject();
+}

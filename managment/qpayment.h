@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class QPayment;
+}
+class MoneySpinBox;
+
+/// How a receipt is paid; in its other form, what the operator counts when the shift is closed.
+class QPayment : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// total, discount: texts with two decimals. closing: the form for the end of a shift, which proposes to
+    /// withdraw all of cash (kopecks).
+    QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash = 0);
+    ~QPayment() override;
+
+    /// What was accepted, as whole kopecks.
+    QString toPay() const { return m_toPay; }
+    QString cash() const { return m_cash; }
+    QString certificate() const { return m_certificate; }
+    QString card() const { return m_card; }
+    /// The same of the closing form.
+    QString vnesenia() const { return m_vnesenia; }
+    QString viluchenia() const { return m_viluchenia; }
+    QString countCheks() const { return m_countCheks; }
+    QString countDiskount() const { return m_countDiskount; }
+    QString countChekCanc() const { return m_countChekCanc; }
+    QString countPositionCanc() const { return m_countPositionCanc; }
+
+public slots:
+    /// Shows what is paid so far, and in red when it is too much.
+    void calcsumpaym(double value);
+    void ok();
+    void cancel();
+
+private:
+    void showReceipt(const QString &total, const QString &discount);
+    void connectReceipt();
+    void showClosing(int cash);
+    qint64 owed() const;
+    qint64 paid() const;
+    void putRestInto(MoneySpinBox *box);
+    void showChange();
+    void warn(const QString &text, QWidget *field);
+    void acceptPayment();
+    void acceptClosing();
+
+    std::unique_ptr<Ui::QPayment> ui;
+    bool m_isClosing;
+    QString m_toPay, m_cash, m_certificate, m_card;
+    QString m_vnesenia, m_viluchenia;
+    QString m_countCheks, m_countDiskount, m_countChekCanc, m_countPositionCanc;
+};

@@ -1,0 +1,153 @@
+// The parts of the tab and how they are joined.
+
+#include "qregistersale.h"
+#include "ui_qregistersale.h"
+
+#include "listloader.h"
+#include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "receiptmodel.h"
+#include "userstate.h"
+
+#include <QHeaderView>
+#include <QShortcut>
+
+QRegisterSale::~QRegisterSale()
+{
+    for (const QNTableView *view : {ui->viewGoods, ui->viewChek})
+        rememberState(m_user->idUser(), widthsKey(view), view->horizontalHeader()->saveState());
+}
+
+void QRegisterSale::salemode()
+{
+    m_mode = GoodsSearch::Sale;
+    connect(ui->pbSale, &QPushButton::clicked, this, &QRegisterSale::sale, Qt::UniqueConnection);
+    for (int column :
+         {ReceiptModel::Rules, ReceiptModel::Type, ReceiptModel::IsDisk, ReceiptModel::Tax,
+          ReceiptModel::ActType, ReceiptModel::ActVal, ReceiptModel::ActVal1, ReceiptModel::ActVal2})
+        ui->viewChek->setColumnHidden(column, true);
+}
+
+QVector<Column> QRegisterSale::goodsColumns()
+{
+    const Column hidden = {QString(), 0, &asNumber, true};
+    return {{tr("код"), 7, &asNumber},
+            {tr("штрихкод"), 14},
+            {tr("назва"), 32},
+            {tr("зал"), 8, &asQuantity},
+            {tr("склад"), 8, &asQuantity},
+            hidden,
+            hidden,
+            hidden,
+            hidden,
+            {tr("ціна"), 9, &asMoney},
+            hidden,
+            hidden,
+            hidden,
+            hidden,
+            {tr("акція"), 16}};
+}
+
+void QRegisterSale::setUpGoods()
+{
+    m_goods->setColumns(goodsColumns());
+    ui->viewGoods->setModel(m_goods);
+    ui->viewGoods->setSortingEnabled(true);
+    QVector<int> digits;
+    for (int i = 0; i < m_goods->columns().size(); ++i) {
+        digits.append(m_goods->columns().at(i).width);
+        ui->viewGoods->setColumnHidden(i, m_goods->columns().at(i).hidden);
+    }
+    setUpGrid(ui->viewGoods, digits);
+}
+
+void QRegisterSale::setUpChek()
+{
+    ui->viewChek->setModel(m_chek);
+    ui->viewChek->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked);
+    ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
+    ui->lbKeys->setText(tr("+ − * кількість, Delete прибрати рядок, F9 оплата, Esc очистити"));
+    setUpGrid(ui->viewChek, {7, 14, 24, 8, 8, 0, 0, 0, 0, 9, 0, 0, 0, 0, 12, 9, 10, 8});
+}
+
+/// Remembered widths hold for the size of the letters they were chosen with.
+QString QRegisterSale::widthsKey(const QNTableView *view)
+{
+    return QStringLiteral("columns/QRegisterSale_%1_%2")
+        .arg(view->objectName())
+        .arg(view->fontMetrics().height());
+}
+
+/// digits: how many of them each column has room for.
+void QRegisterSale::setUpGrid(QNTableView *view, const QVector<int> &digits)
+{
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->installEventFilter(this);
+    for (int i = 0; i < digits.size(); ++i)
+        view->setColumnWidth(i, qMax(view->horizontalHeader()->sectionSizeHint(i),
+                                     digits.at(i) * view->fontMetrics().horizontalAdvance(QLatin1Char('0'))));
+    const QVariant widths = rememberedState(m_user->idUser(), widthsKey(view));
+    view->horizontalHeader()->restoreState(widths.toByteArray());
+    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+void QRegisterSale::connectPlace()
+{
+    connect(ui->cbShop, qOverload<int>(&QComboBox::currentIndexChanged), this, [this](int index) {
+        if (!changePlace(ui->cbShop, &m_shop, index))
+            return;
+        fillKass();
+        seerch(ui->leSearch->text());
+    });
+    connect(ui->cbKass, qOverload<int>(&QComboBox::currentIndexChanged), this, [this](int index) {
+        if (changePlace(ui->cbKass, &m_kass, index))
+            showShift();
+    });
+    connect(ui->dateEdit, &QDateEdit::dateChanged, this, &QRegisterSale::dateChanged);
+    connect(ui->sbPriority, qOverload<int>(&QSpinBox::valueChanged), this,
+            [this] { seerch(ui->leSearch->text()); });
+}
+
+void QRegisterSale::connectReceipt()
+{
+    connect(m_chek, &ReceiptModel::receiptChanged, this, &QRegisterSale::showReceipt);
+    // After the cell's editor is gone: the change may ask.
+    connect(m_chek, &ReceiptModel::quantityTyped, this, &QRegisterSale::changeQuantity, Qt::QueuedConnection);
+    connect(ui->viewChek->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+            [this] { QTimer::singleShot(0, this, &QRegisterSale::focusSearch); });
+    connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
+    connect(ui->pbRemove, &QPushButton::clicked, this, &QRegisterSale::removeRow);
+    connect(ui->pbClear, &QPushButton::clicked, this, [this] {
+        if (mayChange())
+            leaveReceipt();
+        focusSearch();
+    });
+    // The shortcut of a button would press it a tenth of a second later, after the keys that follow.
+    const auto onKey = [this](Qt::Key key, void (QRegisterSale::*act)()) {
+        auto *shortcut = new QShortcut(key, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    onKey(Qt::Key_Escape, &QRegisterSale::escape);
+    onKey(Qt::Key_F9, &QRegisterSale::sale);
+}
+
+void QRegisterSale::connectSearch()
+{
+    // A scanner types a barcode faster than that: its digits are not searched one by one.
+    m_searchDelay.setSingleShot(true);
+    m_searchDelay.setInterval(120);
+    connect(&m_searchDelay, &QTimer::timeout, this, [this] { seerch(ui->leSearch->text()); });
+    connect(ui->leSearch, &QLineEdit::textChanged, &m_searchDelay, qOverload<>(&QTimer::start));
+    connect(ui->leSearch, &QLineEdit::textEdited, this, [this] { m_isEnterWaiting = false; });
+    connect(ui->rbName, &QRadioButton::toggled, this, [this] {
+        seerch(ui->leSearch->text());
+        focusSearch();
+    });
+    connect(ui->sbLimit, qOverload<int>(&QSpinBox::valueChanged), this,
+            [this] { seerch(ui->leSearch->text()); });
+    connect(ui->viewGoods, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &index) { addListed(index.row()); });
+    connect(m_loader, &ListLoader::found, this, &QRegisterSale::showFound);
+    ui->leSearch->installEventFilter(this);
+}

@@ -1,0 +1,483 @@
+#include "qregistersale.h"
+
+#include "money.h"
+#include "moneyspinbox.h"
+#include "qloadeduser.h"
+#include "qntableview.h"
+#include "qpayment.h"
+#include "saleshop.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QSqlQuery>
+
+namespace {
+QString text(const char *words)
+{
+    return QString::fromUtf8(words);
+}
+
+template<typename T>
+T *in(const QWidget *parent, const char *name)
+{
+    return child<T>(parent, QString::fromLatin1(name));
+}
+
+/// Whatever has the focus. Without a window manager nobody activates the window behind a closed dialog.
+QWidget *focused()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (modal == nullptr && window->isVisible() && qobject_cast<QRegisterSale *>(window) != nullptr)
+            modal = window;
+    }
+    modal->activateWindow();
+    const bool isActive = QTest::qWaitFor([=] { return QApplication::activeWindow() == modal; });
+    return isActive ? modal->focusWidget() : nullptr;
+}
+
+/// The cell as it is shown.
+QString cell(const QTableView *view, int row, int column)
+{
+    return view->model()->index(row, column).data().toString();
+}
+} // namespace
+
+class tst_qregistersale : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void wholeSaleByKeyboard();
+    void paymentDialog_data();
+    void paymentDialog();
+    void closingForm();
+    void columnsAndPlaces();
+    void quantities();
+    void searchByName();
+    void stockQuestion();
+    void whatCannotBeSold();
+    void busyShift();
+    void receiptIsNotLostSilently();
+    void failedSaleKeepsTheReceipt();
+    void unclearReceiptIsNotDoubled();
+    void viewOnlyUser();
+
+private:
+    void type(const QString &words, bool enter = true);
+    void key(int key);
+    void pay(const QString &typed = QString(), const QVector<int> &keys = {Qt::Key_F5, Qt::Key_Return});
+    int rows() const { return m_chek->model()->rowCount(); }
+    QString notice() const { return in<QLabel>(m_tab.get(), "lbNotice")->text(); }
+    QString cheks();
+    void selectKass(const char *name);
+
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<QRegisterSale> m_tab;
+    QLineEdit *m_search = nullptr;
+    QNTableView *m_goods = nullptr;
+    QNTableView *m_chek = nullptr;
+};
+
+void tst_qregistersale::initTestCase()
+{
+    m_base = std::make_unique<FreshDatabase>();
+    fillSaleShop(m_base.get());
+    m_base->exec(text("UPDATE users SET id_shop=1 WHERE id=1"));
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+}
+
+void tst_qregistersale::init()
+{
+    resetSaleShop(m_base.get());
+    m_base->exec(text("UPDATE lst_permis SET permission=1 WHERE id_prem=101"));
+    QVERIFY(m_user->loadpermis(m_base->connection(), text("admin"), QString()));
+    m_base->heard.forget();
+    m_tab =
+        std::make_unique<QRegisterSale>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    m_search = in<QLineEdit>(m_tab.get(), "leSearch");
+    m_goods = in<QNTableView>(m_tab.get(), "viewGoods");
+    m_chek = in<QNTableView>(m_tab.get(), "viewChek");
+    m_tab->resize(1200, 800);
+    m_tab->show();
+    m_tab->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    QTRY_COMPARE(m_goods->model()->rowCount(), 5);
+}
+
+void tst_qregistersale::cleanup()
+{
+    Db::setStatementHook({});
+    m_tab.reset();
+}
+
+void tst_qregistersale::cleanupTestCase()
+{
+    m_user.reset();
+    m_base.reset();
+}
+
+/// To whatever has the focus, as a scanner does.
+void tst_qregistersale::type(const QString &words, bool enter)
+{
+    for (const QChar c : words)
+        QTest::keyClick(focused(), c.toLatin1());
+    if (enter)
+        key(Qt::Key_Return);
+}
+
+void tst_qregistersale::key(int key)
+{
+    QTest::keyClick(focused(), static_cast<Qt::Key>(key));
+}
+
+void tst_qregistersale::pay(const QString &typed, const QVector<int> &keys)
+{
+    QVERIFY(withModal<QPayment>([this] { key(Qt::Key_F9); },
+                                [&](QPayment *) {
+                                    type(typed, false);
+                                    for (int pressed : keys)
+                                        key(pressed);
+                                }));
+}
+
+QString tst_qregistersale::cheks()
+{
+    return m_base->rows(text("SELECT id_type,summa FROM cheks ORDER BY id_kass,id_chek,id_position"))
+        .join(QLatin1Char(' '));
+}
+
+void tst_qregistersale::selectKass(const char *name)
+{
+    auto *box = in<QComboBox>(m_tab.get(), "cbKass");
+    box->setCurrentIndex(box->findText(QString::fromUtf8(name)));
+}
+
+void tst_qregistersale::wholeSaleByKeyboard()
+{
+    QCOMPARE(focused(), m_search);
+    QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
+    type(text("4820000000109"));
+    type(text("0000000000116"));
+    key(Qt::Key_Asterisk);
+    type(text("0,25"));
+    QTRY_COMPARE(focused(), m_search);
+    QTRY_COMPARE(cell(m_chek, 1, 16), text("20.00"));
+    type(text("4820000000130"));
+    key(Qt::Key_Plus);
+    QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbSum")->kopecks(), qint64(13000));
+    pay(text("60,5"), {Qt::Key_F6, Qt::Key_Return});
+    QCOMPARE(notice(), text("Чек № 1 записано."));
+    QCOMPARE(cheks(), text("1|5000 1|2000 1|6000 3|13000"));
+    QCOMPARE(m_base->rows(text("SELECT cash,beznal_1 FROM z_zvit")), (QStringList{text("6050|6950")}));
+    QCOMPARE(rows(), 0);
+    QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна № 1 відкрита."));
+    QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbSum")->kopecks(), qint64(0));
+    QCOMPARE(focused(), m_search);
+    QTRY_COMPARE(cell(m_goods, 0, 3), text("9.000"));
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+}
+
+void tst_qregistersale::paymentDialog_data()
+{
+    QTest::addColumn<double>("cash");
+    QTest::addColumn<double>("certificate");
+    QTest::addColumn<double>("card");
+    QTest::addColumn<double>("given");
+    QTest::addColumn<QString>("warning");
+    QTest::newRow("no double sums") << 0.1 << 0.2 << 0.0 << 0.0 << QString();
+    QTest::newRow("too little") << 0.1 << 0.1 << 0.0 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
+    QTest::newRow("too much") << 0.1 << 0.1 << 0.11 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
+    QTest::newRow("with change") << 0.3 << 0.0 << 0.0 << 5.0 << QString();
+    QTest::newRow("given too little") << 0.3 << 0.0 << 0.0 << 0.29 << "Отримано менше, ніж треба";
+}
+
+void tst_qregistersale::paymentDialog()
+{
+    QFETCH(double, cash);
+    QFETCH(double, certificate);
+    QFETCH(double, card);
+    QFETCH(double, given);
+    QFETCH(QString, warning);
+    QPayment payment(text("10.30"), text("10.00"), false, nullptr);
+    in<MoneySpinBox>(&payment, "dsbCash")->setValue(cash);
+    in<MoneySpinBox>(&payment, "dsbCertificate")->setValue(certificate);
+    in<MoneySpinBox>(&payment, "dsbCard")->setValue(card);
+    in<MoneySpinBox>(&payment, "dsbGiven")->setValue(given);
+    const auto *group = in<QGroupBox>(&payment, "gbPaid");
+    const qint64 paid = wholeUnits(cash, 2) + wholeUnits(certificate, 2) + wholeUnits(card, 2);
+    QCOMPARE(group->title(), text("оплачено: ") + moneyText(paid));
+    QCOMPARE(group->styleSheet(), paid > 30 ? text("font: bold; color: #DD1010;") : QString());
+    QString said;
+    said = answerQuestion([&] { payment.ok(); });
+    QVERIFY2(warning.isEmpty() ? said.isEmpty() : said.contains(warning), qPrintable(said));
+    QCOMPARE(payment.result(), int(warning.isEmpty() ? QDialog::Accepted : QDialog::Rejected));
+    if (!warning.isEmpty())
+        return;
+    QCOMPARE(payment.toPay(), text("30"));
+    QCOMPARE(payment.cash() + payment.certificate() + payment.card(),
+             given > 0 ? text("3000") : text("10200"));
+    QCOMPARE(in<QLabel>(&payment, "lbChange")->text(), given > 0 ? text("4.70") : text("0.00"));
+}
+
+void tst_qregistersale::closingForm()
+{
+    QPayment form(text("0.00"), text("0.00"), true, nullptr, 1998);
+    QVERIFY(in<QWidget>(&form, "gbPaid")->isHidden() && in<QWidget>(&form, "receiptFields")->isHidden());
+    in<QSpinBox>(&form, "sbCheks")->setValue(1234);
+    form.ok();
+    QCOMPARE(form.result(), int(QDialog::Accepted));
+    QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
+}
+
+void tst_qregistersale::columnsAndPlaces()
+{
+    QStringList shown;
+    for (int i = 0; i < m_chek->model()->columnCount(); ++i) {
+        if (!m_chek->isColumnHidden(i))
+            shown.append(m_chek->model()->headerData(i, Qt::Horizontal).toString());
+    }
+    QCOMPARE(
+        shown.join(QLatin1Char('|')),
+        text(" код |   штрихкод   |        назва        |зал|склад|кількість|акція|  ціна  |  вартість  |"
+             "Знижка"));
+    const auto *shops = in<QComboBox>(m_tab.get(), "cbShop");
+    QCOMPARE(shops->count(), 2);
+    QCOMPARE(shops->currentText(), text("вул. Перша, 1"));
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->count(), 2);
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
+    in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0);
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 4"));
+    in<QSpinBox>(m_tab.get(), "sbLimit")->setValue(2);
+    QTRY_COMPARE(m_goods->model()->rowCount(), 2);
+}
+
+void tst_qregistersale::quantities()
+{
+    type(text("4820000000109"));
+    key(Qt::Key_Plus);
+    key(Qt::Key_Plus);
+    key(Qt::Key_Minus);
+    QCOMPARE(cell(m_chek, 0, 9), text("2"));
+    key(Qt::Key_Minus);
+    key(Qt::Key_Minus);
+    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    QVERIFY(notice().contains(QStringLiteral("ціле число від 1")));
+    key(Qt::Key_F2);
+    type(text("1.5"));
+    QTRY_VERIFY(notice().contains(QStringLiteral("ціле число")));
+    m_chek->setFocus();
+    type(text("7"));
+    QTRY_COMPARE(cell(m_chek, 0, 9), text("7"));
+    QTRY_COMPARE(focused(), m_search);
+    // Each scan is a row of its own.
+    type(text("4820000000109"));
+    QCOMPARE(rows(), 2);
+    key(Qt::Key_Delete);
+    key(Qt::Key_Delete);
+    QCOMPARE(rows(), 0);
+    key(Qt::Key_Delete);
+}
+
+void tst_qregistersale::searchByName()
+{
+    in<QRadioButton>(m_tab.get(), "rbName")->click();
+    m_search->setText(text("Хліб"));
+    key(Qt::Key_Return);
+    QTRY_COMPARE(rows(), 1);
+    // Several: on to the list, where Enter adds.
+    m_search->setText(text("о"));
+    key(Qt::Key_Return);
+    QTRY_COMPARE(focused(), m_goods);
+    key(Qt::Key_Down);
+    const QString name = cell(m_goods, 1, 2);
+    key(Qt::Key_Return);
+    QCOMPARE(cell(m_chek, 1, 2), name);
+    QCOMPARE(focused(), m_search);
+    // A scanner read while the list has the focus.
+    m_goods->setFocus();
+    type(text("4820000000130"));
+    QCOMPARE(cell(m_chek, 2, 2), text("Молоко"));
+    for (const char *words : {"x'; DELETE FROM goods_shop; -- ", "\\' OR 1=1 -- ", "100%"}) {
+        m_search->setText(text(words));
+        key(Qt::Key_Return);
+        QTRY_VERIFY(notice().contains(text(words).trimmed()) && notice().contains(text("не знайдено")));
+    }
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM goods_shop")), text("16"));
+}
+
+void tst_qregistersale::stockQuestion()
+{
+    m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
+    type(text("4820000000109"));
+    QCOMPARE(answerQuestion([this] { type(text("4820000000109")); }, false),
+             text("Не достатньо товару для продажу!"));
+    QCOMPARE(rows(), 1);
+    QCOMPARE(answerQuestion([this] { key(Qt::Key_Plus); }, false), text("Не достатньо товару для продажу!"));
+    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    answerQuestion([this] { key(Qt::Key_Plus); }, true);
+    QCOMPARE(cell(m_chek, 0, 9), text("2"));
+    pay();
+    QCOMPARE(m_base->value(text("SELECT count_showroom FROM goods_shop WHERE id_shop=1 AND id_goods=10")),
+             text("-1000"));
+}
+
+void tst_qregistersale::whatCannotBeSold()
+{
+    key(Qt::Key_F9);
+    QCOMPARE(notice(), text("У чеку немає товарів."));
+    type(text("4820000000154"));
+    QVERIFY(notice().contains(QStringLiteral("не має ціни")));
+    QCOMPARE(rows(), 0);
+    type(text("4820000000109"));
+    auto *discount = in<MoneySpinBox>(m_tab.get(), "dsbDiscount");
+    discount->setFocus();
+    discount->setKopecks(5001);
+    key(Qt::Key_Return);
+    key(Qt::Key_F9);
+    QCOMPARE(notice(), text("Знижка більша за суму чека."));
+    discount->setFocus();
+    discount->setKopecks(500);
+    key(Qt::Key_Return);
+    QCOMPARE(cell(m_chek, 0, 17), text("5.00"));
+    pay(QString(), {Qt::Key_Escape});
+    QCOMPARE(rows(), 1);
+    QCOMPARE(cheks(), QString());
+    pay();
+    QCOMPARE(cheks(), text("1|5000 2|500 3|4500"));
+    // Free goods: nothing is written and nothing shown.
+    m_base->exec(text("INSERT INTO prices(id_goods,id_shop,id_group,priority,price) VALUES(10,1,1,0,0)"));
+    type(text("4820000000109"));
+    key(Qt::Key_F9);
+    QCOMPARE(notice(), QString());
+    QCOMPARE(cheks(), text("1|5000 2|500 3|4500"));
+}
+
+void tst_qregistersale::busyShift()
+{
+    m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(5,1,1,2,0)"));
+    selectKass("Каса 2");
+    selectKass("Каса 1");
+    QVERIFY(in<QLabel>(m_tab.get(), "lbShift")->text().contains(QStringLiteral("Друга Зміна")));
+    type(text("4820000000109"));
+    const QString busy =
+        text("З даним магазином працює інший користувач.\nЗачекайте або зв'яжіться з пітримкою.");
+    QCOMPARE(answerQuestion([this] { key(Qt::Key_F9); }), busy);
+    // Somebody opens the shift while the payment is taken: nothing stays open when the box is shown.
+    m_base->exec(text("DELETE FROM z_zvit"));
+    QStringList statements;
+    Db::setStatementHook([&](const QString &sql) {
+        statements.append(sql);
+        if (sql == QLatin1String("START TRANSACTION"))
+            m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) "
+                              "VALUES(6,1,1,2,0)"));
+    });
+    QCOMPARE(answerQuestion([this] { pay(); }), busy);
+    QCOMPARE(statements.last(), text("ROLLBACK"));
+    QCOMPARE(cheks(), QString());
+    QCOMPARE(rows(), 1);
+}
+
+void tst_qregistersale::receiptIsNotLostSilently()
+{
+    type(text("4820000000109"));
+    m_search->setText(text("48"));
+    key(Qt::Key_Escape);
+    QCOMPARE(m_search->text(), QString());
+    QCOMPARE(rows(), 1);
+    const QString question = text("У чеку є товари, чек ще не оплачено.\nОчистити його?");
+    QCOMPARE(answerQuestion([this] { key(Qt::Key_Escape); }, false), question);
+    QCOMPARE(answerQuestion([this] { m_tab->close(); }, false), question);
+    QVERIFY(m_tab->isVisible());
+    QCOMPARE(answerQuestion([this] { selectKass("Каса 2"); }, false), question);
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
+    auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
+    QCOMPARE(answerQuestion([&] { date->setDate(QDate(2026, 1, 2)); }, false), question);
+    QCOMPARE(date->date(), QDate::currentDate());
+    QCOMPARE(rows(), 1);
+    QCOMPARE(answerQuestion([&] { in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0); }, true),
+             question);
+    QCOMPARE(rows(), 0);
+    QVERIFY(m_tab->close());
+}
+
+void tst_qregistersale::failedSaleKeepsTheReceipt()
+{
+    type(text("4820000000109"));
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith(QLatin1String("UPDATE goods_shop")))
+            m_base->killConnection();
+    });
+    pay();
+    Db::setStatementHook({});
+    QCOMPARE(rows(), 1);
+    QVERIFY(notice().contains(QStringLiteral("не записано")));
+    QVERIFY(m_base->heard.has(QStringLiteral("Помилка запиту:"), 1));
+    QVERIFY(m_base->heard.all().first().location.startsWith(
+        QLatin1String("In file: managment/qregistersale line: ")));
+    QCOMPARE(cheks(), QString());
+    pay();
+    QCOMPARE(cheks(), text("1|5000 3|5000"));
+}
+
+/// The server commits, its answer is lost and it cannot be asked either; then it can.
+void tst_qregistersale::unclearReceiptIsNotDoubled()
+{
+    type(text("4820000000109"));
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == QLatin1String("COMMIT")) {
+            QSqlQuery(*m_base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
+            m_base->killConnection();
+        } else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks"))) {
+            m_base->exec(text("RENAME TABLE cheks TO away"));
+        }
+    });
+    pay();
+    QVERIFY(notice().contains(QStringLiteral("невідомо, чи його записано")));
+    QCOMPARE(rows(), 1);
+    Db::setStatementHook({});
+    key(Qt::Key_Plus);
+    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    m_base->exec(text("RENAME TABLE away TO cheks"));
+    key(Qt::Key_F9);
+    QCOMPARE(notice(), text("Чек № 1 записано."));
+    QCOMPARE(rows(), 0);
+    QCOMPARE(cheks(), text("1|5000 3|5000"));
+}
+
+void tst_qregistersale::viewOnlyUser()
+{
+    m_base->exec(text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
+    QVERIFY(m_user->reload(m_base->connection()));
+    QRegisterSale tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    tab.show();
+    tab.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&tab));
+    QVERIFY(!in<QPushButton>(&tab, "pbSale")->isEnabled());
+    QVERIFY(in<QLabel>(&tab, "lbNotice")->text().contains(QStringLiteral("Лише перегляд")));
+    auto *search = in<QLineEdit>(&tab, "leSearch");
+    QTest::keyClicks(search, QStringLiteral("4820000000109"));
+    key(Qt::Key_Return);
+    QCOMPARE(in<QNTableView>(&tab, "viewChek")->model()->rowCount(), 0);
+    key(Qt::Key_F9);
+    tab.sale();
+    QVERIFY(in<QLabel>(&tab, "lbNotice")->text().contains(QStringLiteral("Лише перегляд")));
+    QCOMPARE(cheks(), QString());
+}
+
+QTEST_MAIN(tst_qregistersale)
+#include "tst_qregistersale.moc"
