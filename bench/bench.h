@@ -37,6 +37,7 @@ QVector<Figure> measureSearch(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);
+QVector<Figure> measureSale(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

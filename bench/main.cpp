@@ -18,6 +18,7 @@ const struct
     bool ownProcess;
 } benchmarks[] = {
     {"lists", measureLists, false},  {"start", measureStart, false},       {"search", measureSearch, false},
+    {"sale", measureSale, false},
     {"memory", measureMemory, true}, {"items", measureAgainstItems, true},
 };
 

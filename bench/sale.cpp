@@ -1,0 +1,115 @@
+#include "bench.h"
+
+#include "chekwriter.h"
+#include "qloadeduser.h"
+#include "qregistersale.h"
+#include "testing.h"
+
+#include <QLineEdit>
+
+namespace {
+constexpr int stockShops = 12;
+constexpr int stockGoods = 2000;
+
+/// Shop 1 with registers 1 and 2, and the stock of a chain: every sale writes through all of it.
+bool fillShops(const Db &db)
+{
+    return db.run(QStringLiteral("INSERT IGNORE INTO group_shop(id,name) VALUES(2,'Місто')")) &&
+           db.run(QStringLiteral("INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,2)")) &&
+           db.run(QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT seq,"
+                                 "CONCAT('Магазин ',LPAD(seq,2,'0')),2,1,0 FROM seq_1_to_%1")
+                      .arg(stockShops)) &&
+           db.run(QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) "
+                                 "VALUES(1,1,'Каса 1',0),(2,1,'Каса 2',0)")) &&
+           db.run(
+               QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods,count_showroom) SELECT shops.id,seq,"
+                              "1000000 FROM shops,seq_1_to_%1")
+                   .arg(stockGoods)) &&
+           db.run(QStringLiteral("UPDATE goods SET group_g=1,block=0 WHERE id<4"));
+}
+
+/// A receipt of three goods in the sale tab; writing it leaves it there.
+class SaleWindow
+{
+public:
+    explicit SaleWindow(const Bench &bench) : m_user(nullptr, nullptr)
+    {
+        if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
+            qFatal("Nobody to sell");
+        m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
+        auto *search = child<QLineEdit>(m_tab.get(), QStringLiteral("leSearch"));
+        for (int goods = 1; goods < 4; ++goods) {
+            QTest::keyClicks(search, QString::number(4820000000000 + goods * 13));
+            QTest::keyClick(search, Qt::Key_Return);
+        }
+    }
+
+    double sell()
+    {
+        int number = -1;
+        const double time = milliseconds([&] {
+            const QString sum = QStringLiteral("5000");
+            number = m_tab->writeChek(QStringLiteral("0"), sum, sum, QStringLiteral("0"), QStringLiteral("0"),
+                                      QStringLiteral("0.00"));
+        });
+        if (number == -1)
+            qFatal("The receipt was not written");
+        return time;
+    }
+
+private:
+    QLoadedUser m_user;
+    std::unique_ptr<QRegisterSale> m_tab;
+};
+
+/// The statements of a sale on register 1, sent again for register 2 under the next number.
+class BareSale
+{
+public:
+    BareSale(const Bench &bench, const QStringList &statements) : m_bare(bench.address)
+    {
+        for (QString sql : statements) {
+            sql.replace(QStringLiteral("id_kass=1"), QStringLiteral("id_kass=2"));
+            m_statements.append(sql.replace(QStringLiteral("(1,1,1,2,1,"), QStringLiteral("(1,2,1,%1,1,")));
+        }
+    }
+
+    double sell()
+    {
+        QStringList ready;
+        ++m_number;
+        for (const QString &sql : m_statements)
+            ready.append(sql.contains(QStringLiteral("%1")) ? sql.arg(m_number) : sql);
+        return milliseconds([&] {
+            for (const QString &sql : ready)
+                m_bare.run(sql);
+        });
+    }
+
+private:
+    BareClient m_bare;
+    QStringList m_statements;
+    int m_number = 0;
+};
+} // namespace
+
+/// From the payment's OK to the committed receipt, against its statements alone.
+QVector<Figure> measureSale(const Bench &bench)
+{
+    if (!fillShops(bench.db()))
+        qFatal("The shops could not be filled");
+    SaleWindow window(bench);
+    window.sell();
+    QStringList statements;
+    Db::setStatementHook([&](const QString &sql) { statements.append(sql); });
+    window.sell();
+    Db::setStatementHook({});
+    // Register 2 has a shift of its own.
+    bench.db().run(ChekSql::createZ({QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("1")},
+                                    QStringLiteral("1"), 1));
+    BareSale bare(bench, statements);
+    const double times = ratio(
+        bench.rounds, [&] { return bare.sell(); }, [&] { return window.sell(); });
+    return {
+        {QStringLiteral("sale, from the payment's OK to the receipt"), times, 1.1, QStringLiteral("x bare")}};
+}
