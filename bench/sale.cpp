@@ -39,7 +39,7 @@ public:
         m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
         auto *search = child<QLineEdit>(m_tab.get(), QStringLiteral("leSearch"));
         for (int goods = 1; goods < 4; ++goods) {
-            QTest::keyClicks(search, QString::number(4820000000000 + goods * 13));
+            QTest::keyClicks(search, QString::number(4820000000000 + qint64(13) * goods));
             QTest::keyClick(search, Qt::Key_Return);
         }
     }
