@@ -17,9 +17,8 @@ const struct
     Measure measure;
     bool ownProcess;
 } benchmarks[] = {
-    {"lists", measureLists, false},  {"start", measureStart, false},       {"search", measureSearch, false},
-    {"sale", measureSale, false},
-    {"memory", measureMemory, true}, {"items", measureAgainstItems, true},
+    {"lists", measureLists, false}, {"start", measureStart, false},  {"search", measureSearch, false},
+    {"sale", measureSale, false},   {"memory", measureMemory, true}, {"items", measureAgainstItems, true},
 };
 
 struct Options

@@ -292,6 +292,11 @@ void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths)
 void QTab::setColumns(const QVector<Column> &columns)
 {
     m_model->setColumns(columns);
+    // In the destructor the concrete tab, and with it its name, is gone. Widths hold for the size of the
+    // letters they were chosen with.
+    m_widthsKey = QStringLiteral("columns/%1_%2")
+                      .arg(QLatin1String(metaObject()->className()))
+                      .arg(fontMetrics().height());
     for (int i = 0; i < columns.size(); ++i) {
         const Column &column = columns.at(i);
         const int scaled = column.width * logicalDpiX() / 96;
@@ -302,14 +307,9 @@ void QTab::setColumns(const QVector<Column> &columns)
     restoreWidths();
 }
 
-QString QTab::widthsKey() const
-{
-    return QStringLiteral("columns/") + QLatin1String(metaObject()->className());
-}
-
 void QTab::restoreWidths()
 {
-    const QVariantList widths = rememberedState(m_user->idUser(), widthsKey()).toList();
+    const QVariantList widths = rememberedState(m_user->idUser(), m_widthsKey).toList();
     if (widths.size() != m_model->columnCount())
         return;
     for (int i = 0; i < widths.size(); ++i) {
@@ -320,10 +320,12 @@ void QTab::restoreWidths()
 
 void QTab::saveWidths() const
 {
+    if (m_widthsKey.isEmpty())
+        return;
     QVariantList widths;
     for (int i = 0; i < m_model->columnCount(); ++i)
         widths.append(m_view->columnWidth(i));
-    rememberState(m_user->idUser(), widthsKey(), widths);
+    rememberState(m_user->idUser(), m_widthsKey, widths);
 }
 
 QWidget *QTab::addFilterBar()

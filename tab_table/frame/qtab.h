@@ -136,7 +136,6 @@ private:
     QString statement() const;
     void restoreWidths();
     void saveWidths() const;
-    QString widthsKey() const;
 
     setting *m_setting;
     QLoadedUser *m_user;
@@ -147,6 +146,7 @@ private:
     QObject *m_receiver;
     QTabDelegate *m_delegate;
     ListLoader *m_loader = nullptr;
+    QString m_widthsKey;
     qint64 m_total = 0;
     int m_permission = -1;
 };

@@ -22,6 +22,8 @@ namespace {
 /// A list of names that is edited in place, like the groups and the days.
 class NamesTab : public QTab
 {
+    Q_OBJECT
+
 public:
     NamesTab(FreshDatabase *base, QLoadedUser *user)
         : QTab(base->connection(), user, &base->heard, nullptr, nullptr,
@@ -67,6 +69,7 @@ private slots:
     void vanishedRecordIsTold();
     void orderOutlivesAReload();
 
+    void widthsOutliveTheTab();
     void inlineAddGoesOn();
     void inlineAddTakesATypedId();
     void inlineAddEndsWithEscape();
@@ -381,6 +384,21 @@ void TstFrame::orderOutlivesAReload()
     QCOMPARE(shown(0), QStringList({"10", "2", "1"}));
     m_tab->search(" WHERE id<>2", "");
     QCOMPARE(shown(0), QStringList({"10", "1"}));
+}
+
+void TstFrame::widthsOutliveTheTab()
+{
+    open();
+    m_tab->view()->setColumnWidth(1, 417);
+    m_tab.reset();
+    {
+        // Another list must not take over these widths.
+        QTab plain(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr, nullptr,
+                   new QVBoxLayout);
+        plain.model()->setColumns({{"Код"}, {"Назва"}});
+    }
+    open();
+    QCOMPARE(m_tab->view()->columnWidth(1), 417);
 }
 
 void TstFrame::inlineAddGoesOn()
