@@ -199,13 +199,13 @@ void Veltab::EnableButton(bool enable)
 
 void Veltab::visible(bool vis, bool exp)
 {
-    m_isEditing = vis;
-    m_isExporting = vis || exp;
+    const bool exporting = (vis || exp) && m_user.maySee(Permission::ExportCsv);
     for (QAction *action : {ui->add, ui->edit, ui->dell})
-        action->setVisible(m_isEditing);
+        action->setVisible(vis);
+    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
+        action->setVisible(exporting);
     // Nothing stands behind these commands yet.
-    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251,
-                            ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
+    for (QAction *action : {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
         action->setVisible(false);
     updateMenus();
 }

@@ -15,6 +15,7 @@
 
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -156,6 +157,9 @@ void Veltab::connectRecordCommands()
     connect(ui->add, &QAction::triggered, this, &Veltab::add);
     connect(ui->edit, &QAction::triggered, this, &Veltab::edit);
     connect(ui->dell, &QAction::triggered, this, &Veltab::dell);
+    for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
+        connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
+    connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
     connect(m_tables, qOverload<bool, bool>(&QTableBase::visible), this,
             qOverload<bool, bool>(&Veltab::visible));
     connect(m_tables, qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
@@ -231,6 +235,40 @@ void Veltab::edit()
 void Veltab::dell()
 {
     m_tables->DelRecord();
+}
+
+void Veltab::export_to_csv()
+{
+    askAndExport(QString());
+}
+
+void Veltab::export_to_csvCP1251()
+{
+    askAndExport(QStringLiteral("cp1251"));
+}
+
+void Veltab::askAndExport(const QString &code)
+{
+    if (!m_user.maySee(Permission::ExportCsv))
+        return;
+    const QString path = m_chooseFile(ui->tabWidget->tabText(ui->tabWidget->currentIndex()));
+    if (!path.isEmpty() && !exportCurrent(code, path))
+        refuse(tr("Цю вкладку не можна зберегти у файл."));
+}
+
+/// Whoever owns the tab in front exports it; false when it is nobody's.
+bool Veltab::exportCurrent(const QString &code, const QString &path)
+{
+    return m_tables->export_to_csv(code, path);
+}
+
+QString Veltab::chooseFile(const QString &suggested)
+{
+    QFileDialog dialog(this, tr("Зберегти файл"), QString(), tr("csv (*.csv)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("csv"));
+    dialog.selectFile(suggested + QStringLiteral(".csv"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 void Veltab::refuse(const QString &text)

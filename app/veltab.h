@@ -36,6 +36,10 @@ public:
     QTableBase *tableBase() const { return m_tables; }
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
+    /// Who tells the file to write, from a suggested name; empty when none is wanted. The file dialog at
+    /// first.
+    using FileChooser = std::function<QString(const QString &suggested)>;
+    void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
 
 public slots:
     void s_setting();
@@ -45,6 +49,9 @@ public slots:
     void add();
     void edit();
     void dell();
+    /// Asks for a file and writes the list in front into it: in UTF-8, or in Windows-1251.
+    void export_to_csv();
+    void export_to_csvCP1251();
     void about();
     /// Connects (again) to the database of the settings, in the background.
     void connectDatabase();
@@ -102,6 +109,9 @@ private:
     void askServiceMenu();
     void rememberGeometry();
     void refuse(const QString &text);
+    void askAndExport(const QString &code);
+    bool exportCurrent(const QString &code, const QString &path);
+    QString chooseFile(const QString &suggested);
 
     std::unique_ptr<Ui::Veltab> ui;
     QString m_directory;
@@ -120,7 +130,6 @@ private:
     bool m_isReconnectWanted = false;
     bool m_isUnattended = false;
     bool m_isServiceShown = false;
-    bool m_isEditing = false;
-    bool m_isExporting = false;
+    FileChooser m_chooseFile = [this](const QString &suggested) { return chooseFile(suggested); };
     bool m_showsUpdateNotice = false;
 };

@@ -36,6 +36,7 @@ QVector<Figure> measureLists(const Bench &bench);
 QVector<Figure> measureSearch(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
+QVector<Figure> measureCsv(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);
 QVector<Figure> measureSale(const Bench &bench);
 

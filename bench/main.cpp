@@ -17,8 +17,15 @@ const struct
     Measure measure;
     bool ownProcess;
 } benchmarks[] = {
-    {"lists", measureLists, false}, {"start", measureStart, false},  {"search", measureSearch, false},
-    {"sale", measureSale, false},   {"memory", measureMemory, true}, {"items", measureAgainstItems, true},
+    // clang-format off
+    {"lists", measureLists, false},
+    {"start", measureStart, false},
+    {"search", measureSearch, false},
+    {"sale", measureSale, false},
+    {"csv", measureCsv, false},
+    {"memory", measureMemory, true},
+    {"items", measureAgainstItems, true},
+    // clang-format on
 };
 
 struct Options

@@ -4,7 +4,9 @@
 #include "permissions.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
+#include "qntableview.h"
 #include "qqestion.h"
+#include "qrowmodel.h"
 #include "qtab.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
@@ -253,6 +255,16 @@ bool QTableBase::ChangeTab(int index)
     const bool full = m_user->mayEdit(kinds[kind].permission);
     const bool exportsAnyway = kind == KindShops || kind == KindKass;
     emit visible(full, !full && exportsAnyway);
+    return true;
+}
+
+bool QTableBase::export_to_csv(const QString &code, const QString &path_file_name)
+{
+    const int kind = kindAt(m_tabs->currentIndex());
+    if (kind < 0 || kind == KindAction || kind == KindDevices)
+        return false;
+    const QTab *tab = m_open[static_cast<size_t>(kind)];
+    QTab::export_to_csv(parent(), tab->model(), tab->view(), code, path_file_name);
     return true;
 }
 

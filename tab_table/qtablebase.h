@@ -94,6 +94,8 @@ public slots:
     bool DelRecord();
     bool AddRecord();
     bool ChangeTab(int index);
+    /// The list in front as a CSV file; promotions and devices are not exported. A failure is reported.
+    bool export_to_csv(const QString &code, const QString &path_file_name);
 
 private:
     QTab *open(Kind kind);

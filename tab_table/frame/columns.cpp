@@ -3,6 +3,7 @@
 #include "money.h"
 
 #include <charconv>
+#include <cstring>
 
 namespace {
 QString text(std::string_view stored)
@@ -30,32 +31,69 @@ bool isZeroDate(std::string_view stored)
     return stored.substr(0, 10) == "0000-00-00";
 }
 
-QString date(std::string_view stored)
+std::string_view same(std::string_view stored, char * /*room*/)
 {
-    if (!isIsoDate(stored))
-        return text(stored);
-    if (isZeroDate(stored))
-        return QString();
-    const char shown[] = {stored[8], stored[9], '-',       stored[5], stored[6],
-                          '-',       stored[0], stored[1], stored[2], stored[3]};
-    return QString::fromLatin1(shown, sizeof shown);
+    return stored;
 }
 
-QString dateTime(std::string_view stored)
+template<int decimals>
+std::string_view units(std::string_view stored, char *room)
 {
-    if (!isIsoDate(stored) || stored.size() < 19)
-        return isZeroDate(stored) ? QString() : text(stored);
+    qint64 value = 0;
+    const char *end = stored.data() + stored.size();
+    const auto [stop, error] = std::from_chars(stored.data(), end, value);
+    if (error != std::errc() || stop != end)
+        return stored;
+    char *const last = room + CellFormat::plainRoom;
+    char *at = last;
+    quint64 rest = value < 0 ? 0 - static_cast<quint64>(value) : static_cast<quint64>(value);
+    for (int place = 0; place <= decimals || rest != 0; ++place, rest /= 10) {
+        if (place == decimals)
+            *--at = '.';
+        *--at = static_cast<char>('0' + rest % 10);
+    }
+    if (value < 0)
+        *--at = '-';
+    return {at, static_cast<size_t>(last - at)};
+}
+
+std::string_view date(std::string_view stored, char *room)
+{
+    if (!isIsoDate(stored))
+        return stored;
     if (isZeroDate(stored))
-        return QString();
+        return {};
+    const char shown[] = {stored[8], stored[9], '-',       stored[5], stored[6],
+                          '-',       stored[0], stored[1], stored[2], stored[3]};
+    std::memcpy(room, shown, sizeof shown);
+    return {room, sizeof shown};
+}
+
+std::string_view dateTime(std::string_view stored, char *room)
+{
+    if (isZeroDate(stored))
+        return {};
+    if (!isIsoDate(stored) || stored.size() < 19)
+        return stored;
     const char day[] = {stored[8], stored[9], '-', stored[5], stored[6], '-', stored[2], stored[3]};
-    return QString::fromLatin1(day, sizeof day) + text(stored.substr(10, 9));
+    std::memcpy(room, day, sizeof day);
+    std::memcpy(room + sizeof day, stored.data() + 10, 9);
+    return {room, sizeof day + 9};
+}
+
+/// The text of what a format writes as bytes.
+template<std::string_view (*format)(std::string_view, char *)>
+QString written(std::string_view stored)
+{
+    char room[CellFormat::plainRoom];
+    return text(format(stored, room));
 }
 } // namespace
 
-const CellFormat asText = {text, text, false};
-const CellFormat asNumber = {text, text, true};
-const CellFormat asMoney = {number<moneyText>, number<moneyShown>, true};
-const CellFormat asQuantity = {number<quantityText>, number<quantityShown>, true};
-const CellFormat asRate = {number<rateText>, number<rateText>, true};
-const CellFormat asDateTime = {dateTime, dateTime, false};
-const CellFormat asDate = {date, date, false};
+const CellFormat asText = {text, text, false, same};
+const CellFormat asNumber = {text, text, true, same};
+const CellFormat asMoney = {written<units<2>>, number<moneyShown>, true, units<2>};
+const CellFormat asQuantity = {written<units<3>>, number<quantityShown>, true, units<3>};
+const CellFormat asRate = {written<units<2>>, written<units<2>>, true, units<2>};
+const CellFormat asDateTime = {written<dateTime>, written<dateTime>, false, dateTime};
+const CellFormat asDate = {written<date>, written<date>, false, date};

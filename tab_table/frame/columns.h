@@ -13,6 +13,11 @@ struct CellFormat
     QString (*shown)(std::string_view stored);
     /// Numbers sort by their value and stand right; everything else sorts by the locale.
     bool isNumber;
+    /// The bytes of the plain text: the stored ones, or what is written into room (of plainRoom bytes).
+    /// Null where there is only the plain text itself.
+    std::string_view (*plainBytes)(std::string_view stored, char *room) = nullptr;
+
+    static constexpr size_t plainRoom = 32;
 };
 
 /// As it is.

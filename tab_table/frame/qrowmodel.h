@@ -39,6 +39,10 @@ public:
 
     /// The stored text of a cell, unformatted ("123450").
     QString stored(int row, int column) const;
+    /// The same as bytes, valid until the model changes; row and column have to be there.
+    std::string_view storedBytes(int row, int column) const { return cell(row, column); }
+    /// How the texts of a column are formatted.
+    const CellFormat &format(int column) const;
     /// The background of a whole row, with a text colour that is readable on it; an invalid colour ends it.
     void setRowColour(int row, const QColor &background);
 
@@ -89,7 +93,6 @@ private:
     /// The number of a row in the store: it stays the same when rows are sorted, inserted or removed.
     quint32 idAt(int row) const { return m_order.empty() ? static_cast<quint32>(row) : m_order[row]; }
     std::string_view cell(int row, int column) const;
-    const CellFormat &format(int column) const;
     QVariant extraData(quint32 id, int column, int role) const;
     void setExtra(quint32 id, int column, int role, const QVariant &value);
     void addMissingColumns(const QStringList &names);

@@ -1,5 +1,6 @@
 #include "qtab.h"
 
+#include "csvexport.h"
 #include "db.h"
 #include "ean13.h"
 #include "listloader.h"
@@ -267,6 +268,26 @@ void QTab::delnewrecord()
 void QTab::NextEdit()
 {
     Add();
+}
+
+bool QTab::export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view, const QString &code,
+                         const QString &path_file_name)
+{
+    postTrace(receiver, QStringLiteral("QTab::export_to_csv ") + path_file_name);
+    const WaitCursor wait;
+    const CsvEncoding encoding = code.isEmpty() ? CsvEncoding::Utf8 : CsvEncoding::Windows1251;
+    const QString error = saveCsv(*model, view, encoding, path_file_name);
+    if (!error.isEmpty()) {
+        postMessage(receiver, tr("Файл не збережено: %1\n%2").arg(path_file_name, error));
+        return false;
+    }
+    postMessage(receiver, tr("Файл збережено: %1").arg(path_file_name), QMessEvent::Information);
+    return true;
+}
+
+bool QTab::export_to_csv(const QString &code, const QString &path_file_name)
+{
+    return export_to_csv(m_receiver, m_model, m_view, code, path_file_name);
 }
 
 void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths, QStandardItemModel *model,

@@ -9,6 +9,7 @@
 
 class Db;
 class ListLoader;
+class QAbstractItemModel;
 class QComboBox;
 class QLabel;
 class QLoadedUser;
@@ -89,6 +90,12 @@ public slots:
     virtual void Add();
     void delnewrecord();
     void NextEdit();
+    /// Writes what a list holds, hidden columns left out, into a CSV file: UTF-8, or Windows-1251 with any
+    /// code. False after a reported failure; what the file held before is still there then.
+    static bool export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view,
+                              const QString &code, const QString &path_file_name);
+    /// The same with this tab's list.
+    bool export_to_csv(const QString &code, const QString &path_file_name);
 
 signals:
     /// The rows of a search, or of ShowData, stand in the grid.

@@ -35,6 +35,7 @@ private slots:
     void userWithoutAccessIsRefused();
     void openTabsKeepTheWindow();
     void recordCommandsFollowTheTab();
+    void exportFollowsTheRight();
     void serviceMenuIsRevealed();
     void burstOfErrorsIsOneDialog();
 
@@ -298,6 +299,43 @@ void TstVeltab::recordCommandsFollowTheTab()
     QVERIFY(action("add")->isVisible());
     m_window->closetab(0);
     QVERIFY(!action("add")->isVisible());
+}
+
+void TstVeltab::exportFollowsTheRight()
+{
+    const QString path = m_folder->filePath("список.csv");
+    const auto pressShortcut = [&] { QTest::keyClick(m_window.get(), Qt::Key_E, Qt::ControlModifier); };
+    const auto prepare = [&](const QString &login) {
+        startLoggedIn(login);
+        m_window->setFileChooser([path](const QString &) { return path; });
+        QVERIFY(!action("export_to_csv")->isVisible());
+        action("mt_shops")->trigger();
+    };
+    addUser("reader", "0=1 10=2");
+    prepare("reader");
+    pressShortcut();
+    m_window->export_to_csv();
+    QVERIFY(!action("export_to_csv")->isVisible() && !QFile::exists(path));
+    m_window.reset();
+
+    addUser("exporter", "0=1 10=2 220=2");
+    m_base->exec("INSERT INTO shops(name) VALUES('Їжак ₴')");
+    prepare("exporter");
+    QVERIFY(action("export_to_csv_cp1251")->isVisible() && !action("import_csv_UTF8")->isVisible());
+    pressShortcut();
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(QString::fromUtf8(file.readAll()).contains("Їжак ₴"));
+    file.close();
+    action("export_to_csv_cp1251")->trigger();
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("\xaf\xe6\xe0\xea ?"));
+    m_window->setFileChooser([](const QString &) { return QString("/немає/такого"); });
+    const QString why = answerQuestion([&] {
+        pressShortcut();
+        QTest::qWait(50);
+    });
+    QVERIFY2(why.contains("/немає/такого") && why.contains("No such file"), qPrintable(why));
 }
 
 void TstVeltab::serviceMenuIsRevealed()
