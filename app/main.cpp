@@ -2,6 +2,7 @@
 #include "qmessevent.h"
 #include "screenshots.h"
 #include "setting.h"
+#include "tunecommand.h"
 #include "veltab.h"
 
 #include <QApplication>
@@ -75,6 +76,14 @@ int runProgram(int argc, char *argv[], QStringList *arguments)
     return QApplication::exec();
 }
 
+/// A terminal has no windows to show.
+int runWithoutWindows(int argc, char *argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return runTuneCommand(QCoreApplication::applicationDirPath(), QCoreApplication::arguments());
+}
+
 void startUpdater(int argc, char *argv[], const QString &folder)
 {
     QApplication application(argc, argv);
@@ -91,7 +100,9 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QStringList arguments;
+    QStringList arguments(argv + 1, argv + argc);
+    if (isTuneCommand(arguments))
+        return runWithoutWindows(argc, argv);
     const int code = runProgram(argc, argv, &arguments);
     QSqlDatabase::removeDatabase(QLatin1String(QSqlDatabase::defaultConnection));
     const QString folder = folderOfArgument(arguments.value(0), QDir::separator());

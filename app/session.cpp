@@ -10,6 +10,7 @@
 #include "qtablebase.h"
 #include "qupdatebd.h"
 #include "setting.h"
+#include "tunewindow.h"
 #include "userstate.h"
 
 #include <QTimer>
@@ -129,6 +130,14 @@ void Veltab::CreateTables()
     m_task = QtConcurrent::run(createDatabaseAndSchema, m_setting->databaseAddress(), this);
 }
 
+void Veltab::TuneDatabase()
+{
+    if (m_tuning == nullptr)
+        m_tuning = TuneWindow::ask(&m_db, this);
+    if (m_tuning != nullptr)
+        m_tuning->activateWindow();
+}
+
 void Veltab::login()
 {
     if (!m_isConnected || ui->tabWidget->count() > 0) {
@@ -221,6 +230,7 @@ void Veltab::updateMenus()
     const bool service = m_user.maySee(Permission::Service) || (nobody && m_isServiceShown);
     ui->settings->setVisible(service || nobody || !m_isConnected);
     ui->mt_create_tables->setVisible(service);
+    ui->mt_tune->setVisible(service && m_isConnected);
     ui->reconnect->setVisible(!m_isConnected && !m_task.isRunning());
     ui->login->setVisible(m_isConnected);
     ui->pbLogin->setVisible(m_isConnected && nobody);

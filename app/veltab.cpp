@@ -10,6 +10,7 @@
 #include "qregistersale.h"
 #include "qtablebase.h"
 #include "setting.h"
+#include "tunewindow.h"
 #include "userstate.h"
 #include "version.h"
 
@@ -53,6 +54,8 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
 Veltab::~Veltab()
 {
     m_task.waitForFinished();
+    // It needs the connection to end its statement.
+    delete m_tuning;
     closeTabs();
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(connectionName);
@@ -145,6 +148,7 @@ void Veltab::connectEntries()
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->reconnect, &QAction::triggered, this, &Veltab::connectDatabase);
     connect(ui->mt_create_tables, &QAction::triggered, this, &Veltab::CreateTables);
+    connect(ui->mt_tune, &QAction::triggered, this, &Veltab::TuneDatabase);
     connect(ui->login, &QAction::triggered, this, &Veltab::login);
     connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
     connect(ui->quit, &QAction::triggered, this, &Veltab::close);
@@ -311,6 +315,11 @@ void Veltab::closeEvent(QCloseEvent *event)
 {
     if (ui->tabWidget->count() > 0) {
         refuse(tr("Перед виходом, закрийте всі вкладки!"));
+        event->ignore();
+        return;
+    }
+    if (m_tuning != nullptr) {
+        refuse(tr("Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!"));
         event->ignore();
         return;
     }

@@ -6,6 +6,7 @@
 #include <QFuture>
 #include <QLabel>
 #include <QMainWindow>
+#include <QPointer>
 #include <QSqlDatabase>
 #include <QStringList>
 #include <functional>
@@ -17,6 +18,7 @@ class Veltab;
 class QMessEvent;
 class QProcEvent;
 class QTableBase;
+class TuneWindow;
 class setting;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
@@ -45,6 +47,8 @@ public slots:
     void s_setting();
     void changpass();
     void CreateTables();
+    /// Offers to add the indexes for quick reports to the database, or to take them away again.
+    void TuneDatabase();
     void SaleAdmission();
     void add();
     void edit();
@@ -123,6 +127,7 @@ private:
     std::vector<Entry> m_entries;
     std::vector<QWidget *> m_ownTabs;
     QFuture<void> m_task;
+    QPointer<TuneWindow> m_tuning;
     QLabel *m_userLabel = nullptr;
     QStringList m_errors;
     bool m_isShowingErrors = false;

@@ -1,0 +1,127 @@
+#include "tunecommand.h"
+
+#include "db.h"
+#include "qmessevent.h"
+#include "setting.h"
+#include "tunewindow.h"
+
+#include <QCoreApplication>
+#include <QSqlError>
+#include <QTextStream>
+#include <csignal>
+#include <sys/types.h>
+
+namespace {
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(TuneCommand)
+};
+
+enum ExitCode { ExitDone = 0, ExitFailed = 1, ExitNotWanted = 2 };
+
+volatile std::sig_atomic_t isInterrupted = 0;
+
+void interrupt(int)
+{
+    isInterrupted = 1;
+}
+
+void print(FILE *file, const QString &text)
+{
+    QTextStream stream(file);
+    stream.setCodec("UTF-8");
+    stream << text;
+}
+
+/// Writes errors and warnings on the terminal.
+class Terminal : public QWidget
+{
+public:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QMessEvent::eventType)
+            return QWidget::event(event);
+        const auto *message = static_cast<QMessEvent *>(event);
+        if (message->kind() <= QMessEvent::Warning)
+            print(stderr, message->text() + QLatin1Char('\n'));
+        return true;
+    }
+};
+
+bool isAgreed(const QString &question, const QStringList &arguments)
+{
+    print(stdout, question + QLatin1Char('\n'));
+    if (arguments.contains(QStringLiteral("--yes")))
+        return true;
+    print(stdout, Texts::tr("[т/н] "));
+    QTextStream in(stdin);
+    in.setCodec("UTF-8");
+    const QString answer = in.readLine().trimmed().toLower();
+    return QStringList{QStringLiteral("т"), QStringLiteral("так"), QStringLiteral("y"), QStringLiteral("yes")}
+        .contains(answer);
+}
+
+DatabaseTuning::Outcome work(const QString &connection, DatabaseTuning::Work work, QObject *receiver)
+{
+    DatabaseTuning tuning(connection, receiver);
+    DatabaseTuning::Outcome result = DatabaseTuning::Failed;
+    QObject::connect(&tuning, &DatabaseTuning::progressed, &tuning, [](int percent) {
+        print(stdout, QLatin1Char('\r') + Texts::tr("Зроблено: %1 %").arg(percent) + QStringLiteral("   "));
+    });
+    bool isOver = false;
+    QObject::connect(&tuning, &DatabaseTuning::finished, &tuning, [&](DatabaseTuning::Outcome outcome) {
+        result = outcome;
+        isOver = true;
+    });
+    std::signal(SIGINT, interrupt);
+    tuning.start(work);
+    bool isStopped = false;
+    while (!isOver) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (isInterrupted != 0 && !isStopped) {
+            isStopped = true;
+            tuning.stop();
+        }
+    }
+    std::signal(SIGINT, SIG_DFL);
+    return result;
+}
+
+int tune(QSqlDatabase *db, const QStringList &arguments, QObject *receiver)
+{
+    const auto isTuned = isDatabaseTuned(Db(db, receiver));
+    if (!isTuned)
+        return ExitFailed;
+    if (!isAgreed(tuningQuestion(*isTuned), arguments))
+        return ExitNotWanted;
+    const auto kind = *isTuned ? DatabaseTuning::Remove : DatabaseTuning::Add;
+    const DatabaseTuning::Outcome outcome = work(db->connectionName(), kind, receiver);
+    QCoreApplication::sendPostedEvents(receiver, QMessEvent::eventType);
+    print(stdout, QLatin1Char('\n') + tuningResult(kind, outcome) + QLatin1Char('\n'));
+    return outcome == DatabaseTuning::Done ? ExitDone : ExitFailed;
+}
+} // namespace
+
+bool isTuneCommand(const QStringList &arguments)
+{
+    return arguments.contains(QStringLiteral("--tune-database"));
+}
+
+int runTuneCommand(const QString &directory, const QStringList &arguments)
+{
+    const QString name = QStringLiteral("tune");
+    Terminal terminal;
+    int code = ExitFailed;
+    {
+        const setting settings(directory, &terminal);
+        QSqlDatabase db = addConnection(name, settings.databaseAddress());
+        if (openConnection(db, &terminal))
+            code = tune(&db, arguments, &terminal);
+        else
+            postMessage(&terminal,
+                        Texts::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + errorText(db.lastError()));
+    }
+    QSqlDatabase::removeDatabase(name);
+    QCoreApplication::sendPostedEvents(&terminal, QMessEvent::eventType);
+    return code;
+}

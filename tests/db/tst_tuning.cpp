@@ -1,0 +1,126 @@
+#include "testing.h"
+
+#include "tuning.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+/// The indexes for quick reports: added, taken away, and what is left when that is interrupted.
+class TstTuning : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void addedAndTakenAway();
+    void halfOfThemIsCompleted();
+    void stoppedWorkChangesNothing();
+    void endedStatementIsReported();
+
+private:
+    /// The columns of the indexes that the schema does not make.
+    QStringList added();
+    DatabaseTuning::Outcome work(DatabaseTuning::Work work,
+                                 const std::function<void(DatabaseTuning *)> &meanwhile = {});
+    /// Somebody has read the receipts and not ended: the work waits for that.
+    void openForeignTransaction(QSqlDatabase *other);
+
+    FreshDatabase m_base;
+};
+
+QStringList TstTuning::added()
+{
+    return m_base.rows(
+        "SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY SEQ_IN_INDEX) FROM "
+        "INFORMATION_SCHEMA.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks' AND "
+        "INDEX_NAME LIKE 'tune%' GROUP BY INDEX_NAME ORDER BY 1");
+}
+
+DatabaseTuning::Outcome TstTuning::work(DatabaseTuning::Work work,
+                                        const std::function<void(DatabaseTuning *)> &meanwhile)
+{
+    DatabaseTuning tuning(m_base.connection()->connectionName(), &m_base.heard);
+    DatabaseTuning::Outcome result = DatabaseTuning::Failed;
+    QSignalSpy finished(&tuning, &DatabaseTuning::finished);
+    connect(&tuning, &DatabaseTuning::finished, &tuning,
+            [&](DatabaseTuning::Outcome outcome) { result = outcome; });
+    tuning.start(work);
+    if (meanwhile)
+        meanwhile(&tuning);
+    if (finished.isEmpty() && !finished.wait(20000))
+        qFatal("The work has not ended");
+    return result;
+}
+
+void TstTuning::openForeignTransaction(QSqlDatabase *other)
+{
+    *other = addConnection(QStringLiteral("other"), m_base.address());
+    QVERIFY(openConnection(*other, nullptr));
+    QSqlQuery query(*other);
+    QVERIFY(query.exec("START TRANSACTION") && query.exec("SELECT COUNT(*) FROM cheks"));
+}
+
+void TstTuning::addedAndTakenAway()
+{
+    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(false));
+    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(added(),
+             QStringList({"data_time,id_type,id_kass,id_chek,id_zvit,summa,count", "id_kass,id_chek"}));
+    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(true));
+    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+    QCOMPARE(added(), QStringList());
+    QCOMPARE(m_base.heard.texts(), QStringList());
+}
+
+void TstTuning::halfOfThemIsCompleted()
+{
+    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    m_base.exec("DROP INDEX tune_data_time ON cheks");
+    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(false));
+    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(added().size(), 2);
+    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+}
+
+void TstTuning::stoppedWorkChangesNothing()
+{
+    QSqlDatabase other;
+    openForeignTransaction(&other);
+    QElapsedTimer clock;
+    clock.start();
+    const auto outcome = work(DatabaseTuning::Add, [](DatabaseTuning *tuning) {
+        QTest::qWait(200);
+        tuning->stop();
+    });
+    QCOMPARE(outcome, DatabaseTuning::Stopped);
+    QVERIFY2(clock.elapsed() < 5000, "Waited for the other transaction");
+    QCOMPARE(added(), QStringList());
+    QCOMPARE(m_base.heard.texts(), QStringList());
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase("other");
+}
+
+void TstTuning::endedStatementIsReported()
+{
+    QSqlDatabase other;
+    openForeignTransaction(&other);
+    const auto outcome = work(DatabaseTuning::Add, [this](DatabaseTuning *) {
+        QString id;
+        const char *const running = "SELECT MAX(ID) FROM INFORMATION_SCHEMA.PROCESSLIST WHERE DB=DATABASE() "
+                                    "AND INFO LIKE 'ALTER TABLE cheks%'";
+        QTRY_VERIFY(!(id = m_base.value(running)).isEmpty());
+        m_base.exec("KILL QUERY " + id);
+    });
+    QCOMPARE(outcome, DatabaseTuning::Failed);
+    QCOMPARE(added(), QStringList());
+    QCOMPARE(m_base.heard.texts().size(), 1);
+    QVERIFY(m_base.heard.texts().constFirst().startsWith("Помилка запиту:"));
+    QVERIFY(m_base.heard.has("Query execution was interrupted"));
+    QVERIFY(m_base.heard.has("ADD INDEX tune_kass_chek(id_kass,id_chek)"));
+    QVERIFY(m_base.heard.all().constFirst().location.startsWith("In file: tab_table/db/tuning line:"));
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase("other");
+}
+
+QTEST_MAIN(TstTuning)
+#include "tst_tuning.moc"
