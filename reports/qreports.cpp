@@ -1,11 +1,19 @@
 #include "qreports.h"
 
+#include "qzreport.h"
 #include "reportwindow.h"
 
 #include <QTabWidget>
 
 namespace {
 using Factory = QWidget *(*)(QSqlDatabase *, QLoadedUser *, QObject *, setting *, QWidget *);
+
+template<typename Window>
+QWidget *make(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set, QWidget *parent)
+{
+    Q_UNUSED(set)
+    return new Window(db, user, mainWindow, parent);
+}
 
 /// In the order of QReports::Report. A report without a factory does not exist yet.
 struct ReportKind
@@ -16,7 +24,7 @@ struct ReportKind
 
 const ReportKind kinds[] = {
     {QT_TRANSLATE_NOOP("QReports", "Чеки"), nullptr},
-    {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), make<QZReport>},
     {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), nullptr},
     {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), nullptr},
 };
@@ -50,6 +58,8 @@ QWidget *QReports::open(Report report)
         return nullptr;
     if (m_open[report] == nullptr) {
         m_open[report] = kinds[report].make(m_db, m_user, parent(), m_setting, m_tabs);
+        if (window(report) != nullptr)
+            connect(window(report), &ReportWindow::cheksWanted, this, &QReports::showCheks);
         m_tabs->addTab(m_open[report], tr(kinds[report].caption));
     }
     m_tabs->setCurrentWidget(m_open[report]);

@@ -44,6 +44,8 @@ public slots:
 signals:
     /// The rows stand in the list, or the load failed (reported) and it is as it was.
     void loaded();
+    /// The receipts of a register's shifts, those behind a line of the list, are to be shown.
+    void cheksWanted(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
 
 protected:
     /// Makes the form's grid the list of this report. pbLoad is disabled while loading, stopping is

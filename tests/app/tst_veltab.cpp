@@ -37,6 +37,7 @@ private slots:
     void recordCommandsFollowTheTab();
     void exportFollowsTheRight();
     void serviceMenuIsRevealed();
+    void indexesAreOfferedAndTakenBack();
     void burstOfErrorsIsOneDialog();
 
 private:
@@ -350,6 +351,28 @@ void TstVeltab::serviceMenuIsRevealed()
     QVERIFY(!action("mt_create_tables")->isVisible());
     answerQuestion(press);
     QVERIFY(action("mt_create_tables")->isVisible() && action("settings")->isVisible());
+}
+
+void TstVeltab::indexesAreOfferedAndTakenBack()
+{
+    startLoggedIn("admin");
+    QVERIFY(action("mt_tune")->isVisible());
+    const auto indexes = [this] {
+        return m_base->value("SELECT COUNT(DISTINCT INDEX_NAME) FROM INFORMATION_SCHEMA.STATISTICS WHERE "
+                             "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks' AND INDEX_NAME LIKE 'tune%'");
+    };
+    const auto isWorking = [this] { return m_window->findChild<QDialog *>("TuneWindow") != nullptr; };
+    const auto tune = [this] { action("mt_tune")->trigger(); };
+    QVERIFY(answerQuestion(tune, false).startsWith("Додати до чеків у базі два індекси?"));
+    QVERIFY(!isWorking());
+    answerQuestion(tune);
+    QVERIFY(isWorking());
+    QVERIFY(answerQuestion([this] { m_window->close(); }).startsWith("Перед виходом дочекайтесь"));
+    QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
+    QCOMPARE(indexes(), QString("2"));
+    QVERIFY(answerQuestion(tune).startsWith("Індекси для швидких звітів уже є у базі."));
+    QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
+    QCOMPARE(indexes(), QString("0"));
 }
 
 void TstVeltab::burstOfErrorsIsOneDialog()

@@ -1,0 +1,174 @@
+#include "qzreport.h"
+#include "ui_qzreport.h"
+
+#include "money.h"
+#include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "qtab.h"
+#include "reportformats.h"
+#include "userstate.h"
+#include "zstatements.h"
+
+#include <QRegularExpressionValidator>
+
+namespace {
+enum ListColumn { Number, Shop, Register, Turnover, Cash, NonCash, Discount = 7, Returns = 10, Tax, Time };
+enum ChartKind { ByDay, ByShop };
+
+const QLatin1String chartKey("zreport/chart");
+const QLatin1String summedMark("summ");
+} // namespace
+
+QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
+    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QZReport>())
+{
+    ui->setupUi(this);
+    ui->leLimit->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), ui->leLimit));
+    buildList();
+    buildChart();
+    connect(ui->place, &PlaceSelector::groupChanged, this, &QZReport::GroupChanged);
+    connect(ui->place, &PlaceSelector::shopChanged, this, &QZReport::ShopChanged);
+    connect(ui->pbLoad, &QPushButton::clicked, this, &QZReport::load);
+    connect(ui->leLimit, &QLineEdit::returnPressed, this, &QZReport::load);
+    fillGroups();
+}
+
+QZReport::~QZReport() = default;
+
+void QZReport::buildList()
+{
+    takeList(ui->view, ui->pbLoad, ui->pbStop);
+    const QString money = QStringLiteral("9999999.99");
+    const QString count = QStringLiteral("99999");
+    setColumns({{tr("Z-звіт"), 0, &asNumber},
+                {tr("магазин")},
+                {tr("каса")},
+                {tr("продаж"), 0, &asMoney},
+                {tr("Оплата готівкою"), 0, &asMoney},
+                {tr("безготівкою"), 0, &asMoney},
+                {tr("Звіт чеків"), 0, &asNumber},
+                {tr("знижка"), 0, &asMoney},
+                {tr("чеків зі знижкою"), 0, &asNumber},
+                {tr("позицій анульовано"), 0, &asNumber},
+                {tr("повернення"), 0, &asMoney},
+                {tr("податок"), 0, &asRoundedMoney},
+                {tr("дата час"), 0, &asDateTime}},
+               {count, tr("магазин_магазинмагазин"), tr("магазин_магазин"), money, money, money, count, money,
+                count, count, money, money, QStringLiteral("01-01-15/12:12:00")});
+    connect(ui->view, &QAbstractItemView::doubleClicked, this, &QZReport::dclicktable);
+}
+
+void QZReport::buildChart()
+{
+    ui->splitter->setStretchFactor(0, 3);
+    ui->splitter->setStretchFactor(1, 1);
+    ui->chChart->setChecked(rememberedState(user()->idUser(), chartKey).toString() != QLatin1String("off"));
+    connect(ui->chChart, &QCheckBox::toggled, this, [this](bool on) {
+        rememberState(user()->idUser(), chartKey, on ? QStringLiteral("on") : QStringLiteral("off"));
+        showChart();
+    });
+    connect(ui->cbChart, qOverload<int>(&QComboBox::activated), this, &QZReport::drawChart);
+    showChart();
+}
+
+void QZReport::fillGroups()
+{
+    ui->place->refillGroups(db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
+                                      QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("id"), true));
+    GroupChanged();
+}
+
+void QZReport::GroupChanged()
+{
+    // Without brackets: of the chosen group blocked shops are offered too, their reports are still asked for.
+    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE group_shop=") +
+                                     QString::number(ui->place->groupId()) +
+                                     QStringLiteral(" or group_shop=1 AND block=0"));
+}
+
+void QZReport::ShopChanged()
+{
+    ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
+                                         QString::number(ui->place->shopId()) +
+                                         QStringLiteral(" AND block=0"));
+}
+
+void QZReport::showid(bool byNumber)
+{
+    ui->range->setByNumber(byNumber);
+}
+
+void QZReport::load()
+{
+    if (refuse(ui->range->refusal()))
+        return;
+    m_heading = QStringList{tr("Z - Звіти"), ui->place->description(), ui->range->description()};
+    if (!ui->leLimit->text().isEmpty())
+        m_heading.append(tr("не більше %1").arg(ui->leLimit->text()));
+    const ZRange range = {ui->range->isByNumber(), ui->range->from(), ui->range->to()};
+    const ZPlace place = {ui->place->groupName(), ui->place->shopName(), ui->place->registerName()};
+    loadList(zStatement(ui->chSum->isChecked()) + zCondition(place, range) + zLimit(ui->leLimit->text()));
+}
+
+bool QZReport::isSummed() const
+{
+    return model()->rowCount() == 1 && model()->stored(0, Number) == summedMark;
+}
+
+QStringList QZReport::totals() const
+{
+    if (isSummed() || model()->rowCount() == 0)
+        return {};
+    QStringList sums = {tr("Звітів: %1").arg(model()->rowCount())};
+    for (const int column : {Turnover, Cash, NonCash, Discount, Returns}) {
+        qint64 sum = 0;
+        for (int row = 0; row < model()->rowCount(); ++row)
+            sum += model()->stored(row, column).toLongLong();
+        sums.append(model()->columns().at(column).caption + QStringLiteral(": ") + moneyShown(sum));
+    }
+    return sums;
+}
+
+void QZReport::dclicktable(const QModelIndex &index)
+{
+    if (!index.isValid() || isSummed())
+        return;
+    const auto stored = [this, &index](int column) { return model()->stored(index.row(), column); };
+    // The list has no ids; two registers of a shop may bear the same text, their shifts end at other times.
+    auto found =
+        db().run(QStringLiteral(
+                     "SELECT z_zvit.id_shop,z_zvit.id_kass FROM z_zvit JOIN kassa ON z_zvit.id_kass=kassa.id "
+                     "JOIN shops ON z_zvit.id_shop=shops.id WHERE z_zvit.id_zzvit=:zvit AND "
+                     "shops.address=:addres AND kassa.advertising_str=:kassa "
+                     "ORDER BY z_zvit.data_time=:time DESC LIMIT 1"),
+                 {{QStringLiteral(":zvit"), stored(Number)},
+                  {QStringLiteral(":addres"), stored(Shop)},
+                  {QStringLiteral(":kassa"), stored(Register)},
+                  {QStringLiteral(":time"), stored(Time)}});
+    if (found && found->next())
+        emit cheksWanted(found->value(0).toUInt(), found->value(1).toUInt(), stored(Number), stored(Number));
+}
+
+void QZReport::rowsShown()
+{
+    const bool severalShops = barsByName(*model(), Turnover, Shop).size() > 1;
+    ui->cbChart->setCurrentIndex(severalShops ? ByShop : ByDay);
+    showChart();
+}
+
+void QZReport::showChart()
+{
+    const bool possible = model()->rowCount() > 0 && !isSummed();
+    const bool visible = possible && ui->chChart->isChecked();
+    ui->cbChart->setEnabled(visible);
+    ui->chart->setVisible(visible);
+    if (visible)
+        drawChart();
+}
+
+void QZReport::drawChart()
+{
+    ui->chart->setBars(ui->cbChart->currentIndex() == ByShop ? barsByName(*model(), Turnover, Shop)
+                                                             : barsByDay(*model(), Turnover, Time));
+}

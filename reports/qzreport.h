@@ -1,0 +1,46 @@
+#pragma once
+
+#include "reportwindow.h"
+
+#include <QModelIndex>
+
+namespace Ui {
+class QZReport;
+}
+
+/// The closed shifts of a register, a shop, a group or all of them, one line a Z-report or all in one line of
+/// sums, with a picture of their turnover.
+class QZReport : public ReportWindow
+{
+    Q_OBJECT
+
+public:
+    QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
+    ~QZReport() override;
+
+    QStringList heading() const override { return m_heading; }
+    QStringList totals() const override;
+
+public slots:
+    void GroupChanged();
+    void ShopChanged();
+    void showid(bool byNumber);
+    void load() override;
+    /// Opens the receipts behind a Z-report.
+    void dclicktable(const QModelIndex &index);
+
+protected:
+    void rowsShown() override;
+
+private:
+    void buildList();
+    void buildChart();
+    void fillGroups();
+    bool isSummed() const;
+    void showChart();
+    void drawChart();
+
+    std::unique_ptr<Ui::QZReport> ui;
+    /// Of the list that is shown or on its way.
+    QStringList m_heading;
+};

@@ -1,0 +1,209 @@
+#include "turnoverchart.h"
+
+#include "money.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+namespace {
+const int mostLines = 4;
+
+/// The smallest of 1, 2, 5, 10, 20, ... hryvnias that parts a span into few lines.
+qint64 niceStep(qint64 span)
+{
+    qint64 decade = 100;
+    while (decade * 10 * mostLines < span)
+        decade *= 10;
+    for (const qint64 factor : {1, 2, 5}) {
+        if (decade * factor * mostLines >= span)
+            return decade * factor;
+    }
+    return decade * 10;
+}
+
+QString wholeHryvnias(qint64 kopecks)
+{
+    return moneyShown(kopecks).chopped(3);
+}
+} // namespace
+
+TurnoverChart::TurnoverChart(QWidget *parent) : QWidget(parent)
+{
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+}
+
+void TurnoverChart::setBars(const QVector<TurnoverBar> &bars)
+{
+    m_bars = bars;
+    findScale();
+    QStringList figures;
+    for (const TurnoverBar &bar : m_bars)
+        figures.append(bar.name + QStringLiteral(": ") + moneyText(bar.kopecks));
+    setAccessibleDescription(figures.join(QStringLiteral("; ")));
+    update();
+}
+
+void TurnoverChart::findScale()
+{
+    qint64 lowest = 0;
+    qint64 highest = 0;
+    for (const TurnoverBar &bar : qAsConst(m_bars)) {
+        lowest = qMin(lowest, bar.kopecks);
+        highest = qMax(highest, bar.kopecks);
+    }
+    m_step = niceStep(highest - lowest);
+    m_lowest = (lowest - m_step + 1) / m_step * m_step;
+    m_highest = qMax(m_lowest + m_step, (highest + m_step - 1) / m_step * m_step);
+}
+
+QSize TurnoverChart::sizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 11};
+}
+
+QSize TurnoverChart::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 6};
+}
+
+int TurnoverChart::scaleWidth() const
+{
+    const QFontMetrics metrics = fontMetrics();
+    return qMax(metrics.horizontalAdvance(wholeHryvnias(m_highest)),
+                metrics.horizontalAdvance(wholeHryvnias(m_lowest))) +
+           metrics.height();
+}
+
+int TurnoverChart::slotWidth() const
+{
+    return qMax(1, (width() - scaleWidth() - fontMetrics().height() / 2) / qMax(1, m_bars.size()));
+}
+
+QRect TurnoverChart::plot() const
+{
+    const int height = fontMetrics().height();
+    return rect().adjusted(scaleWidth(), height, -height / 2, -height * nameLines() - height / 2);
+}
+
+int TurnoverChart::yOf(qint64 kopecks) const
+{
+    const QRect area = plot();
+    return area.bottom() - static_cast<int>((kopecks - m_lowest) * area.height() / (m_highest - m_lowest));
+}
+
+QRect TurnoverChart::slot(int bar) const
+{
+    const QRect area = plot();
+    const int count = m_bars.size();
+    const int left = area.left() + static_cast<int>(qint64(area.width()) * bar / count);
+    const int right = area.left() + static_cast<int>(qint64(area.width()) * (bar + 1) / count);
+    return {left, area.top(), right - left, area.height()};
+}
+
+void TurnoverChart::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    if (m_bars.isEmpty())
+        return;
+    QPainter painter(this);
+    drawScale(&painter);
+    drawBars(&painter);
+    drawNames(&painter);
+}
+
+void TurnoverChart::drawScale(QPainter *painter) const
+{
+    const QRect area = plot();
+    const int height = fontMetrics().height();
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlpha(60);
+    for (qint64 line = m_lowest; line <= m_highest; line += m_step) {
+        const int y = yOf(line);
+        painter->setPen(line == 0 ? palette().color(QPalette::Text) : faint);
+        painter->drawLine(area.left(), y, area.right(), y);
+        painter->setPen(palette().color(QPalette::Text));
+        painter->drawText(QRect(0, y - height / 2, area.left() - height / 3, height),
+                          Qt::AlignRight | Qt::AlignVCenter, wholeHryvnias(line));
+    }
+}
+
+void TurnoverChart::drawBars(QPainter *painter) const
+{
+    for (int i = 0; i < m_bars.size(); ++i) {
+        const qint64 kopecks = m_bars.at(i).kopecks;
+        const QRect place = slot(i);
+        const int gap = place.width() / 6;
+        const int top = yOf(qMax<qint64>(0, kopecks));
+        const int bottom = yOf(qMin<qint64>(0, kopecks));
+        painter->fillRect(place.left() + gap, top, qMax(1, place.width() - 2 * gap), bottom - top,
+                          palette().color(QPalette::Highlight));
+        const QString sum = wholeHryvnias(kopecks);
+        if (fontMetrics().horizontalAdvance(sum) > place.width())
+            continue;
+        painter->setPen(palette().color(QPalette::Text));
+        painter->drawText(
+            QRect(place.left(), top - fontMetrics().height(), place.width(), fontMetrics().height()),
+            Qt::AlignCenter, sum);
+    }
+}
+
+int TurnoverChart::widestName() const
+{
+    int widest = 0;
+    for (const TurnoverBar &bar : m_bars)
+        widest = qMax(widest, fontMetrics().horizontalAdvance(bar.label) + fontMetrics().averageCharWidth());
+    return widest;
+}
+
+int TurnoverChart::nameEvery() const
+{
+    const int wanted = qMin(widestName(), fontMetrics().averageCharWidth() * 10);
+    return (wanted + slotWidth() - 1) / slotWidth();
+}
+
+int TurnoverChart::nameLines() const
+{
+    return nameEvery() > 1 || widestName() <= slotWidth() ? 1 : 3;
+}
+
+void TurnoverChart::drawNames(QPainter *painter) const
+{
+    const int every = nameEvery();
+    const bool isWrapped = nameLines() > 1;
+    painter->setPen(palette().color(QPalette::Text));
+    for (int i = 0; i < m_bars.size(); i += every) {
+        QRect place = slot(i);
+        place.setTop(plot().bottom() + fontMetrics().height() / 4);
+        place.setHeight(fontMetrics().height() * nameLines());
+        // A name that has the room of its neighbours begins at its own bar.
+        place.setWidth(place.width() * qMin(every, m_bars.size() - i) - fontMetrics().averageCharWidth() / 2);
+        const QString &name = m_bars.at(i).label;
+        if (isWrapped)
+            painter->drawText(place, Qt::AlignHCenter | Qt::TextWordWrap, name);
+        else if (i == 0 || i + every <= m_bars.size() ||
+                 fontMetrics().horizontalAdvance(name) <= place.width())
+            painter->drawText(place, every > 1 ? Qt::AlignLeft : Qt::AlignHCenter,
+                              fontMetrics().elidedText(name, Qt::ElideRight, place.width()));
+    }
+}
+
+bool TurnoverChart::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    for (int i = 0; i < m_bars.size(); ++i) {
+        const QRect place = slot(i);
+        if (help->pos().x() >= place.left() && help->pos().x() <= place.right()) {
+            QToolTip::showText(help->globalPos(),
+                               m_bars.at(i).name + QLatin1Char('\n') + moneyShown(m_bars.at(i).kopecks),
+                               this);
+            return true;
+        }
+    }
+    QToolTip::hideText();
+    return true;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "turnoverbars.h"
+
+#include <QWidget>
+
+/// Upright bars of money over their names, below the zero line where they are negative. The figures are in
+/// the tool tips and, all of them, in the accessible description.
+class TurnoverChart : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TurnoverChart(QWidget *parent = nullptr);
+
+    void setBars(const QVector<TurnoverBar> &bars);
+    const QVector<TurnoverBar> &bars() const { return m_bars; }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    bool event(QEvent *event) override;
+
+private:
+    /// Where the bars stand, without the scale on the left and the names below.
+    QRect plot() const;
+    int yOf(qint64 kopecks) const;
+    /// The width that a bar has, with the gap beside it.
+    QRect slot(int bar) const;
+    void findScale();
+    void drawScale(QPainter *painter) const;
+    void drawBars(QPainter *painter) const;
+    void drawNames(QPainter *painter) const;
+    /// Every n-th bar has its name below it, in so many lines.
+    int nameEvery() const;
+    int nameLines() const;
+    int widestName() const;
+    int scaleWidth() const;
+    int slotWidth() const;
+
+    QVector<TurnoverBar> m_bars;
+    /// The scale: lines stand at the multiples of the step from the lowest to the highest.
+    qint64 m_lowest = 0;
+    qint64 m_highest = 0;
+    qint64 m_step = 1;
+};
