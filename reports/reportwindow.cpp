@@ -59,12 +59,12 @@ void ReportWindow::setColumns(const QVector<Column> &columns, const QStringList 
     }
 }
 
-void ReportWindow::loadList(const QString &sql)
+void ReportWindow::loadList(const QString &sql, const QString &numberSql)
 {
     postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);
     m_clock.start();
     showState(tr("Завантаження…"), true);
-    m_loader->load(sql, QString());
+    m_loader->load(sql, numberSql);
 }
 
 void ReportWindow::stopLoading()
@@ -83,13 +83,18 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
         emit loaded();
         return;
     }
+    m_number = found->count;
     m_model->replaceRows(std::move(found->rows));
     sortAsBefore();
     m_list->setEmptyText(tr("немає даних"));
     rowsShown();
-    showState(tr("Рядків: %1, час: %2 с").arg(m_model->rowCount()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2),
-              false);
+    showState(tr("Рядків: %1, час: %2 с").arg(shownRows()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2), false);
     emit loaded();
+}
+
+int ReportWindow::shownRows() const
+{
+    return m_model->rowCount();
 }
 
 void ReportWindow::sortAsBefore()

@@ -44,7 +44,8 @@ public slots:
 signals:
     /// The rows stand in the list, or the load failed (reported) and it is as it was.
     void loaded();
-    /// The receipts of a register's shifts, those behind a line of the list, are to be shown.
+    /// The receipts of a register's shifts, those behind a line of the list, are to be shown; 0 stands for a
+    /// shop or register that was not chosen.
     void cheksWanted(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
 
 protected:
@@ -53,8 +54,13 @@ protected:
     void takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop);
     /// Column widths by sample texts, as wide as the widest of sample and caption.
     void setColumns(const QVector<Column> &columns, const QStringList &samples);
-    /// Runs the statement in the background. Values of people go in through lit().
-    void loadList(const QString &sql);
+    /// Runs the statement in the background. Values of people go in through lit(). numberSql: a statement
+    /// of one whole number that is asked for before the list, see number().
+    void loadList(const QString &sql, const QString &numberSql = {});
+    /// What numberSql gave for the rows in the list, 0 for NULL.
+    qint64 number() const { return m_number; }
+    /// How many rows the line below tells; those of the model.
+    virtual int shownRows() const;
     /// Called with the rows in the model, before loaded(): totals, colours, a chart.
     virtual void rowsShown() {}
     /// Shows why a load is refused; true when there is a reason.
@@ -80,4 +86,5 @@ private:
     QLabel *m_state = nullptr;
     ListLoader *m_loader;
     QElapsedTimer m_clock;
+    qint64 m_number = 0;
 };

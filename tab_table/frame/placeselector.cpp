@@ -23,7 +23,9 @@ QString PlaceSelector::firstItem(const QComboBox *box) const
 {
     if (box == ui->cbGroup)
         return tr("Усі групи");
-    return box == ui->cbShop ? tr("Усі магазини") : tr("Усі каси");
+    if (box == ui->cbShop)
+        return m_shopPrompt.isEmpty() ? tr("Усі магазини") : m_shopPrompt;
+    return tr("Усі каси");
 }
 
 void PlaceSelector::empty(QComboBox *box)
@@ -68,6 +70,12 @@ void PlaceSelector::hideRegisters()
 {
     ui->labelRegister->hide();
     ui->cbRegister->hide();
+}
+
+void PlaceSelector::setShopPrompt(const QString &prompt)
+{
+    m_shopPrompt = prompt;
+    ui->cbShop->setItemText(0, prompt);
 }
 
 PlaceSelector::Narrowest PlaceSelector::narrowest() const

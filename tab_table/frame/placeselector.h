@@ -31,6 +31,8 @@ public:
 
     /// For places without registers.
     void hideRegisters();
+    /// The shop's first item where a shop has to be chosen: it asks for one instead of standing for all.
+    void setShopPrompt(const QString &prompt);
 
     Narrowest narrowest() const;
     /// The ids of the choices; 0 for all.
@@ -61,4 +63,5 @@ private:
     QString firstItem(const QComboBox *box) const;
 
     std::unique_ptr<Ui::PlaceSelector> ui;
+    QString m_shopPrompt;
 };
