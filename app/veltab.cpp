@@ -8,6 +8,7 @@
 #include "qprocevent.h"
 #include "qqestion.h"
 #include "qregistersale.h"
+#include "qreports.h"
 #include "qtablebase.h"
 #include "setting.h"
 #include "tunewindow.h"
@@ -42,6 +43,7 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
                   QStringLiteral(" ver:") + QLatin1String(programVersion));
     m_setting = new setting(directory, this);
     m_tables = new QTableBase(ui->tabWidget, &m_db, m_setting, &m_user, this);
+    m_reports = new QReports(ui->tabWidget, &m_db, m_setting, &m_user, this);
     buildEntries();
     connectEntries();
     connectRecordCommands();
@@ -114,10 +116,10 @@ void Veltab::buildEntries()
         {ui->mt_slujb_op, Permission::SlujbOp, table(Host::KindSlujbOp, &Host::SlujbOp)},
         {ui->mt_day_update, Permission::DayUpdate, table(Host::KindDayUpdate, &Host::Day_Update)},
         {ui->mt_tax, Permission::Tax, table(Host::KindTax, &Host::Tax)},
-        {ui->mz_cheks, Permission::Cheks, {}},
-        {ui->mz_zzvit, Permission::ZReports, {}},
-        {ui->mz_art_zvit, Permission::Articles, {}},
-        {ui->mz_StatisticOnLine, Permission::Online, {}},
+        {ui->mz_cheks, Permission::Cheks, [this] { m_reports->ChekViewer(); }},
+        {ui->mz_zzvit, Permission::ZReports, [this] { m_reports->ZReports(); }},
+        {ui->mz_art_zvit, Permission::Articles, [this] { m_reports->ArtReports(); }},
+        {ui->mz_StatisticOnLine, Permission::Online, [this] { m_reports->StatOnLine(); }},
         {ui->cashdrive, Permission::RegisterServer, {}},
         {ui->importcln, Permission::ClientImport, {}},
         {ui->comands, Permission::Comands, {}},
@@ -166,6 +168,8 @@ void Veltab::connectRecordCommands()
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
     connect(m_tables, qOverload<bool, bool>(&QTableBase::visible), this,
             qOverload<bool, bool>(&Veltab::visible));
+    connect(m_reports, &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
+    connect(m_tables, &QTableBase::statOnLine, this, [this](uint shop) { m_reports->StatOnLine(shop); });
     connect(m_tables, qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
 }
 
@@ -196,7 +200,7 @@ QWidget *Veltab::openOwnTab(OwnTab kind, const QString &title, const std::functi
 
 void Veltab::closetab(int index)
 {
-    if (m_tables->closetab(index))
+    if (m_tables->closetab(index) || m_reports->closetab(index))
         return;
     QWidget *widget = ui->tabWidget->widget(index);
     // The tab may ask about what would be lost, and stay.
@@ -210,7 +214,7 @@ void Veltab::closetab(int index)
 void Veltab::closeTabs()
 {
     while (ui->tabWidget->count() > 0) {
-        if (m_tables->closetab(0))
+        if (m_tables->closetab(0) || m_reports->closetab(0))
             continue;
         QWidget *widget = ui->tabWidget->widget(0);
         ui->tabWidget->removeTab(0);
@@ -222,7 +226,7 @@ void Veltab::closeTabs()
 void Veltab::changetab(int index)
 {
     ui->close_tab->setVisible(index >= 0);
-    if (!m_tables->ChangeTab(index))
+    if (!m_tables->ChangeTab(index) && !m_reports->changetab(index))
         visible(false);
 }
 
@@ -263,7 +267,7 @@ void Veltab::askAndExport(const QString &code)
 /// Whoever owns the tab in front exports it; false when it is nobody's.
 bool Veltab::exportCurrent(const QString &code, const QString &path)
 {
-    return m_tables->export_to_csv(code, path);
+    return m_tables->export_to_csv(code, path) || m_reports->export_to_csv(code, path);
 }
 
 QString Veltab::chooseFile(const QString &suggested)

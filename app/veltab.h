@@ -17,6 +17,7 @@ class Veltab;
 }
 class QMessEvent;
 class QProcEvent;
+class QReports;
 class QTableBase;
 class TuneWindow;
 class setting;
@@ -124,6 +125,7 @@ private:
     QSqlDatabase m_db;
     QLoadedUser m_user;
     QTableBase *m_tables = nullptr;
+    QReports *m_reports = nullptr;
     std::vector<Entry> m_entries;
     std::vector<QWidget *> m_ownTabs;
     QFuture<void> m_task;

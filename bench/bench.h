@@ -32,6 +32,7 @@ struct Figure
 /// Measures in this process; or in a child process that the benchmark starts by its name.
 using Measure = QVector<Figure> (*)(const Bench &bench);
 
+QVector<Figure> measureArticles(const Bench &bench);
 QVector<Figure> measureLists(const Bench &bench);
 QVector<Figure> measureSearch(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);

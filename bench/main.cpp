@@ -23,6 +23,7 @@ const struct
     {"search", measureSearch, false},
     {"sale", measureSale, false},
     {"csv", measureCsv, false},
+    {"articles", measureArticles, false},
     {"memory", measureMemory, true},
     {"items", measureAgainstItems, true},
     // clang-format on

@@ -1,5 +1,8 @@
 #include "qreports.h"
 
+#include "qartreport.h"
+#include "qchekviewer.h"
+#include "qstatonline.h"
 #include "qzreport.h"
 #include "reportwindow.h"
 
@@ -9,10 +12,15 @@ namespace {
 using Factory = QWidget *(*)(QSqlDatabase *, QLoadedUser *, QObject *, setting *, QWidget *);
 
 template<typename Window>
-QWidget *make(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set, QWidget *parent)
+QWidget *make(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting * /*set*/, QWidget *parent)
 {
-    Q_UNUSED(set)
     return new Window(db, user, mainWindow, parent);
+}
+
+QWidget *makeStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set,
+                        QWidget *parent)
+{
+    return new QStatOnLine(db, user, mainWindow, set, parent);
 }
 
 /// In the order of QReports::Report. A report without a factory does not exist yet.
@@ -23,10 +31,10 @@ struct ReportKind
 };
 
 const ReportKind kinds[] = {
-    {QT_TRANSLATE_NOOP("QReports", "Чеки"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Чеки"), make<QChekViewer>},
     {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), make<QZReport>},
-    {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), nullptr},
-    {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), nullptr},
+    {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), make<QArtReport>},
+    {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), makeStatOnLine},
 };
 static_assert(sizeof(kinds) / sizeof(kinds[0]) == QReports::ReportCount, "one line a report");
 } // namespace
@@ -88,17 +96,15 @@ void QReports::StatOnLine()
 
 void QReports::StatOnLine(unsigned int shop)
 {
-    Q_UNUSED(shop)
-    open(OnLine);
+    auto *statistics = qobject_cast<QStatOnLine *>(open(OnLine));
+    if (statistics != nullptr && shop != 0)
+        statistics->showShop(shop);
 }
 
 void QReports::showCheks(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo)
 {
-    Q_UNUSED(id_shop)
-    Q_UNUSED(id_kass)
-    Q_UNUSED(zFrom)
-    Q_UNUSED(zTo)
-    open(Cheks);
+    if (auto *viewer = qobject_cast<QChekViewer *>(open(Cheks)))
+        viewer->showRange(id_shop, id_kass, zFrom, zTo);
 }
 
 int QReports::reportAt(int index) const
@@ -133,7 +139,9 @@ bool QReports::changetab(int index)
 
 bool QReports::export_to_csv(const QString &code, const QString &path)
 {
-    Q_UNUSED(code)
-    Q_UNUSED(path)
-    return false;
+    const int report = reportAt(m_tabs->currentIndex());
+    if (report != Articles && report != Zvits)
+        return false;
+    current()->export_to_csv(code, path);
+    return true;
 }

@@ -5,6 +5,7 @@
 #include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
+#include "qtab.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -59,6 +60,11 @@ void ReportWindow::setColumns(const QVector<Column> &columns, const QStringList 
     }
 }
 
+void ReportWindow::export_to_csv(const QString &code, const QString &path)
+{
+    QTab::export_to_csv(m_mainWindow, m_model, m_list, code, path);
+}
+
 void ReportWindow::loadList(const QString &sql, const QString &numberSql)
 {
     postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);
@@ -84,7 +90,7 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
         return;
     }
     m_number = found->count;
-    m_model->replaceRows(std::move(found->rows));
+    m_model->replaceRows(arranged(std::move(found->rows)));
     sortAsBefore();
     m_list->setEmptyText(tr("немає даних"));
     rowsShown();

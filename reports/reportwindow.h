@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "db.h"
+#include "rowstore.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>
@@ -29,6 +30,9 @@ public:
     QNTableView *list() const { return m_list; }
     QRowModel *model() const { return m_model; }
     bool isLoading() const;
+
+    /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
+    void export_to_csv(const QString &code, const QString &path);
 
     /// Report, place, range: the lines over a printed list.
     virtual QStringList heading() const = 0;
@@ -61,6 +65,8 @@ protected:
     qint64 number() const { return m_number; }
     /// How many rows the line below tells; those of the model.
     virtual int shownRows() const;
+    /// The rows of the list out of those that the statement found, where they differ.
+    virtual RowStore arranged(RowStore &&found) { return std::move(found); }
     /// Called with the rows in the model, before loaded(): totals, colours, a chart.
     virtual void rowsShown() {}
     /// Shows why a load is refused; true when there is a reason.

@@ -100,6 +100,16 @@ bool choose(QComboBox *box, uint id)
         box->setCurrentIndex(index);
     return index >= 0;
 }
+
+void showText(QComboBox *box, const QString &name)
+{
+    int index = name.isEmpty() ? 0 : box->findText(name);
+    if (index < 0) {
+        index = box->count();
+        box->addItem(name);
+    }
+    box->setCurrentIndex(index);
+}
 } // namespace
 
 uint PlaceSelector::groupId() const
@@ -145,6 +155,16 @@ bool PlaceSelector::chooseShop(uint id)
 bool PlaceSelector::chooseRegister(uint id)
 {
     return choose(ui->cbRegister, id);
+}
+
+void PlaceSelector::showShop(const QString &name)
+{
+    showText(ui->cbShop, name);
+}
+
+void PlaceSelector::showRegister(const QString &name)
+{
+    showText(ui->cbRegister, name);
 }
 
 QString PlaceSelector::description() const

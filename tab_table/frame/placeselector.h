@@ -48,6 +48,11 @@ public:
     bool chooseShop(uint id);
     bool chooseRegister(uint id);
 
+    /// Chooses by text and tells it; what the box does not offer (a blocked shop, a register that has moved)
+    /// is added to it. An empty text chooses all.
+    void showShop(const QString &name);
+    void showRegister(const QString &name);
+
     /// The place in words, for headings: "Група, магазин, каса" or "усі магазини".
     QString description() const;
 

@@ -40,6 +40,8 @@ public:
         }
     }
 
+    /// Appends a row; the texts are copied.
+    void append(const std::vector<std::string_view> &cells) { m_rows.push_back(pack(cells, nullptr)); }
     /// Appends rows whose cells are all empty.
     void appendEmptyRows(int count) { m_rows.resize(m_rows.size() + static_cast<size_t>(count), nullptr); }
     /// Replaces the texts from a column on; the row gets wider when that is needed.
@@ -55,7 +57,6 @@ private:
     struct Head;
 
     static RowStore readValues(QSqlQuery &query);
-    void append(const Cells &cells) { m_rows.push_back(pack(cells, nullptr)); }
     const char *pack(const Cells &cells, const char *replaced);
     char *reserve(size_t bytes);
 

@@ -1,0 +1,276 @@
+#include "qartreport.h"
+#include "ui_qartreport.h"
+
+#include "combos.h"
+#include "money.h"
+#include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "qtab.h"
+#include "reportformats.h"
+
+#include <QHash>
+#include <QRegularExpressionValidator>
+#include <algorithm>
+
+namespace {
+enum ArtColumn { Code, Barcode, Name, Price, Count, Sum, Discount, Day, IsNoWeight };
+
+constexpr int topCount = 10;
+
+qint64 units(const QRowModel *model, int row, int column)
+{
+    qint64 value = 0;
+    roundedUnits(model->stored(row, column).toStdString(), &value);
+    return value;
+}
+
+/// Thousandths as whole pieces, halves away from zero.
+QString piecesShown(qint64 thousandths)
+{
+    const qint64 pieces = (qAbs(thousandths) + 500) / 1000 * (thousandths < 0 ? -1 : 1);
+    QString text = quantityShown(pieces * 1000);
+    text.chop(4);
+    return text;
+}
+
+/// The articles with the largest sums; the lines of an article (its prices and days) count together.
+QVector<BarList::Bar> topArticles(const QRowModel *model)
+{
+    QVector<BarList::Bar> articles;
+    QHash<QString, int> places;
+    for (int row = 0; row < model->rowCount(); ++row) {
+        const QString code = model->stored(row, Code);
+        const auto found = places.constFind(code);
+        if (found == places.constEnd()) {
+            places.insert(code, articles.size());
+            articles.append({model->stored(row, Name), units(model, row, Sum), QString()});
+        } else {
+            articles[*found].value += units(model, row, Sum);
+        }
+    }
+    const int count = qMin(topCount, articles.size());
+    std::partial_sort(articles.begin(), articles.begin() + count, articles.end(),
+                      [](const auto &one, const auto &other) { return one.value > other.value; });
+    articles.resize(count);
+    for (BarList::Bar &bar : articles)
+        bar.valueText = moneyShown(bar.value);
+    return articles;
+}
+} // namespace
+
+QArtReport::QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
+    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QArtReport>())
+{
+    ui->setupUi(this);
+    setUpList();
+    setUpChoice();
+    fillGoodsGroups();
+    ui->place->refillGroups(this->db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
+                                            QTab::GetStrLstGroupFromPermis(user, QStringLiteral("id"), true));
+    GroupChanged(QString());
+    refillNumbers();
+}
+
+QArtReport::~QArtReport() = default;
+
+void QArtReport::setUpList()
+{
+    takeList(ui->listArticles, ui->pbLoad, ui->pbStop);
+    setColumns({{tr("Початковий код"), 0, &asNumber},
+                {tr("штрихкод")},
+                {tr("назва")},
+                {tr("середня ціна"), 0, &asRoundedMoney},
+                {tr("сума / кількість"), 0, &asQuantity},
+                {tr("сума"), 0, &asRoundedMoney},
+                {tr("знижка"), 0, &asRoundedMoney},
+                {tr("дата"), 0, &asDay},
+                {QStringLiteral("isNoWeight"), 0, &asText, true}},
+               {QStringLiteral("99999"), QStringLiteral("01234456789112"),
+                tr("коротка назва коротка назва коротка назва"), QStringLiteral("9999999.99"),
+                QStringLiteral("9999999.999"), QStringLiteral("9999999.99"), QStringLiteral("9999999.99"),
+                QStringLiteral("01-01-2015")});
+    connect(ui->listArticles, &QNTableView::doubleClicked, this, &QArtReport::showReceipts);
+}
+
+void QArtReport::setUpChoice()
+{
+    ui->range->hideNumbers();
+    ui->leLimit->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{0,9}$")), ui->leLimit));
+    connect(ui->place, &PlaceSelector::groupChanged, this, &QArtReport::GroupChanged);
+    connect(ui->place, &PlaceSelector::shopChanged, this, &QArtReport::ShopChanged);
+    connect(ui->place, &PlaceSelector::registerChanged, this, &QArtReport::showNumbersPlace);
+    connect(ui->range, &RangeSelector::firstDayChanged, this, &QArtReport::changDateStart);
+    connect(ui->range, &RangeSelector::lastDayChanged, this, &QArtReport::changDateEnd);
+    connect(ui->pbNumbers, &QPushButton::clicked, this, &QArtReport::refillNumbers);
+    connect(ui->pbLoad, &QPushButton::clicked, this, &QArtReport::load);
+    connect(ui->leLimit, &QLineEdit::returnPressed, this, &QArtReport::load);
+    connect(ui->chChart, &QCheckBox::toggled, ui->chart, &QWidget::setVisible);
+}
+
+void QArtReport::fillGoodsGroups()
+{
+    auto query = db().run(QStringLiteral("SELECT name,id FROM group_goods"));
+    ui->cbGoodsGroups->addItem(tr("Усі групи товарів"), 0);
+    while (query && query->next())
+        ui->cbGoodsGroups->addItem(toText(query->value(0)), query->value(1));
+    ui->cbGoodsGroups->setChekedItem(0, Qt::Checked);
+}
+
+void QArtReport::GroupChanged(const QString &group)
+{
+    Q_UNUSED(group)
+    const uint id = ui->place->groupId();
+    const QString condition =
+        id == 0 ? QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("group_shop"), true)
+                : QStringLiteral(" (group_shop=") + QString::number(id) + QStringLiteral(" OR group_shop=1)");
+    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE") + condition +
+                                     QStringLiteral(" AND block=0"));
+    showNumbersPlace();
+}
+
+void QArtReport::ShopChanged(const QString &shop)
+{
+    Q_UNUSED(shop)
+    ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
+                                         QString::number(ui->place->shopId()) +
+                                         QStringLiteral(" AND block=0"));
+    showNumbersPlace();
+}
+
+void QArtReport::changDateStart(const QDate &day)
+{
+    fillNumbers(ui->cbZStart, day);
+}
+
+void QArtReport::changDateEnd(const QDate &day)
+{
+    // The day's last shift, so that the whole day is in the range.
+    if (fillNumbers(ui->cbZEnd, day))
+        ui->cbZEnd->setCurrentIndex(ui->cbZEnd->count() - 1);
+}
+
+void QArtReport::refillNumbers()
+{
+    changDateStart(ui->range->firstDay());
+    changDateEnd(ui->range->lastDay());
+}
+
+bool QArtReport::fillNumbers(QComboBox *box, const QDate &day)
+{
+    const QString permitted =
+        QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("shops.group_shop"), true);
+    const bool filled = fillCombo(box, db(), zNumbersStatement(place(), permitted, day));
+    m_numbersPlace = ui->place->description();
+    showNumbersPlace();
+    return filled;
+}
+
+void QArtReport::showNumbersPlace()
+{
+    const bool isSame = m_numbersPlace == ui->place->description();
+    ui->labelNumbersPlace->setText(
+        isSame ? QString() : tr("Номери змін узято для іншого місця: %1.").arg(m_numbersPlace));
+}
+
+ArtPlace QArtReport::place() const
+{
+    return {ui->place->groupId(), ui->place->shopId(), ui->place->registerId(), user()->groups()};
+}
+
+ArtChoice QArtReport::choice() const
+{
+    ArtChoice choice;
+    choice.place = place();
+    choice.zFrom = QString::number(ui->cbZStart->currentText().toUInt());
+    choice.zTo = QString::number(ui->cbZEnd->currentText().toUInt());
+    choice.averagePrice = ui->chAverage->isChecked();
+    choice.byDay = !ui->chNoDate->isChecked();
+    choice.allGoods = ui->cbGoodsGroups->isAllSelect();
+    const QVariantList checked = ui->cbGoodsGroups->listData(Qt::UserRole);
+    for (const QVariant &id : checked)
+        choice.goodsGroups.append(QString::number(id.toUInt()));
+    choice.limit = ui->leLimit->text();
+    return choice;
+}
+
+QString QArtReport::missingNumbers(const QDate &day) const
+{
+    return tr("За %1 немає Z-звітів (%2). Виберіть день, за який вони є, або оновіть номери змін.")
+        .arg(day.toString(QStringLiteral("dd.MM.yyyy")), m_numbersPlace);
+}
+
+QString QArtReport::refusal() const
+{
+    if (ui->cbZStart->count() == 0)
+        return missingNumbers(ui->range->firstDay());
+    if (ui->cbZEnd->count() == 0)
+        return missingNumbers(ui->range->lastDay());
+    if (ui->cbZStart->currentText().toUInt() > ui->cbZEnd->currentText().toUInt())
+        return tr("Початковий номер зміни більший за кінцевий.");
+    return ui->leLimit->hasAcceptableInput() ? QString() : tr("Ліміт має бути цілим числом.");
+}
+
+void QArtReport::load()
+{
+    if (refuse(refusal()))
+        return;
+    m_asked = choice();
+    m_askedHeading =
+        QStringList{tr("Звіт по товарах"), ui->place->description(),
+                    tr("зміни %1 – %2 (%3)").arg(m_asked.zFrom, m_asked.zTo, ui->range->description())};
+    if (!m_asked.allGoods)
+        m_askedHeading.append(
+            tr("Групи товарів: %1").arg(ui->cbGoodsGroups->listTexts().join(QStringLiteral(", "))));
+    loadList(articlesStatement(m_asked), bonusStatement(m_asked));
+}
+
+void QArtReport::rowsShown()
+{
+    m_shown = m_asked;
+    m_shownHeading = m_askedHeading;
+    model()->setHeaderData(Price, Qt::Horizontal, m_shown.averagePrice ? tr("середня ціна") : tr("ціна"));
+    ui->leBonus->setText(moneyShown(number()));
+    calcsum();
+    drawTop();
+}
+
+void QArtReport::calcsum()
+{
+    qint64 weight = 0;
+    qint64 pieces = 0;
+    qint64 value = 0;
+    for (int row = model()->rowCount() - 1; row >= 0; --row) {
+        const bool isPiece = model()->stored(row, IsNoWeight) == QLatin1String("1");
+        (isPiece ? pieces : weight) += units(model(), row, Count);
+        value += units(model(), row, Sum);
+    }
+    ui->leWeight->setText(quantityShown(weight));
+    ui->lePieces->setText(piecesShown(pieces));
+    ui->leValue->setText(moneyShown(value - number()));
+}
+
+void QArtReport::drawTop()
+{
+    ui->topArticles->setBars(topArticles(model()));
+}
+
+void QArtReport::showReceipts(const QModelIndex &index)
+{
+    if (index.isValid())
+        emit cheksWanted(m_shown.place.shop, m_shown.place.kass, m_shown.zFrom, m_shown.zTo);
+}
+
+QStringList QArtReport::heading() const
+{
+    return m_shownHeading;
+}
+
+QStringList QArtReport::totals() const
+{
+    QStringList lines;
+    for (const QLabel *label : {ui->labelBonus, ui->labelWeight, ui->labelPieces, ui->labelValue})
+        lines.append(label->text() + QLatin1Char(' ') +
+                     qobject_cast<const QLineEdit *>(label->buddy())->text());
+    return lines;
+}

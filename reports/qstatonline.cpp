@@ -1,0 +1,186 @@
+#include "qstatonline.h"
+#include "ui_qstatonline.h"
+
+#include "onlinegrid.h"
+#include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "qtab.h"
+
+#include <QHeaderView>
+
+namespace {
+QString intervalsStatement(unsigned int shop, const QDate &day)
+{
+    const QString id = QString::number(shop);
+    const QString start = day.toString(QStringLiteral("yyyyMMdd"));
+    return QStringLiteral("SELECT id_kass,onoff,dt_start,dt_end FROM onoffline WHERE id_shop=") + id +
+           QStringLiteral(" AND ((onoffline.dt_start>=") + start +
+           QStringLiteral(" AND onoffline.dt_start<=") + start +
+           QStringLiteral("235959 ) OR (onoffline.dt_end IS NULL AND onoffline.dt_start>=") + start +
+           QStringLiteral("))  OR ((onoffline.dt_end IS NULL OR onoffline.dt_end>=") + start +
+           QStringLiteral(") AND id_shop=") + id + QStringLiteral(") ORDER BY onoffline.dt_start,id_kass");
+}
+
+/// This moment as the database would write it.
+QDateTime databaseNow()
+{
+    return QDateTime(QDate::currentDate(), QTime::currentTime(), Qt::UTC);
+}
+} // namespace
+
+QStatOnLine::QStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set,
+                         QWidget *parent)
+    : ReportWindow(db, user, mainWindow, parent)
+    , ui(std::make_unique<Ui::QStatOnLine>())
+    , m_grid(new OnLineGrid(this))
+{
+    Q_UNUSED(set)
+    ui->setupUi(this);
+    setUpGrid();
+    setUpChoice();
+    ChangeGroup(0);
+}
+
+QStatOnLine::~QStatOnLine() = default;
+
+void QStatOnLine::setUpGrid()
+{
+    takeList(ui->listTimes, ui->pbLoad, ui->pbStop);
+    // The rows of the statement are its source; what is seen are times and registers.
+    ui->listTimes->setSortingEnabled(false);
+    ui->listTimes->setModel(m_grid);
+    // A selection would cover the colours.
+    ui->listTimes->setSelectionMode(QAbstractItemView::NoSelection);
+    ui->listTimes->horizontalHeader()->setMinimumSectionSize(
+        fontMetrics().horizontalAdvance(onLineText(false)) + 2 * fontMetrics().averageCharWidth());
+}
+
+void QStatOnLine::setUpChoice()
+{
+    ui->place->hideRegisters();
+    ui->place->setShopPrompt(tr("Виберіть магазин"));
+    ui->place->refillGroups(db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
+                                      QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("id"), true));
+    ui->deDay->setDate(QDate::currentDate());
+    connect(ui->place, &PlaceSelector::groupChanged, this, [this] { ChangeGroup(0); });
+    connect(ui->place, &PlaceSelector::shopChanged, this, [this] { ChangeShop(0); });
+    connect(ui->deDay, &QDateEdit::dateChanged, this, &QStatOnLine::DateChang);
+    connect(ui->pbLoad, &QPushButton::clicked, this, &QStatOnLine::load);
+    connect(ui->chTimeline, &QCheckBox::toggled, ui->areaTimeline, &QWidget::setVisible);
+}
+
+void QStatOnLine::ChangeGroup(int index)
+{
+    Q_UNUSED(index)
+    const uint group = ui->place->groupId();
+    const QString condition =
+        group == 0 ? QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("group_shop"), true)
+                   : QStringLiteral(" group_shop=") + QString::number(group) + QStringLiteral(" AND block=0");
+    ui->place->refillShops(db(), QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") +
+                                     condition);
+    ChangeShop(0);
+}
+
+void QStatOnLine::ChangeShop(int index)
+{
+    Q_UNUSED(index)
+    const uint shop = ui->place->shopId();
+    stopLoading();
+    if (readRegisters(shop))
+        LoadData(shop);
+}
+
+void QStatOnLine::DateChang(const QDate &day)
+{
+    Q_UNUSED(day)
+    LoadData(ui->place->shopId());
+}
+
+void QStatOnLine::load()
+{
+    ChangeShop(0);
+}
+
+bool QStatOnLine::readRegisters(unsigned int shop)
+{
+    m_columns.clear();
+    m_registers.clear();
+    auto query =
+        shop == 0 ? std::nullopt
+                  : db().run(QStringLiteral("SELECT kassa.advertising_str,onoffline.id_kass FROM onoffline "
+                                            "LEFT JOIN kassa ON kassa.id=onoffline.id_kass WHERE "
+                                            "kassa.block=0 AND onoffline.id_kass IS NOT NULL  AND "
+                                            "onoffline.id_shop=") +
+                             QString::number(shop) + QStringLiteral(" GROUP BY onoffline.id_kass"));
+    while (query && query->next()) {
+        const QString id = toText(query->value(1));
+        m_columns.insert(id, m_registers.size());
+        m_registers.append(query->value(0).isNull() ? id : toText(query->value(0)));
+    }
+    showIntervals({});
+    giveTimelineRoom();
+    ui->listTimes->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
+    return shop != 0 && query.has_value();
+}
+
+void QStatOnLine::LoadData(unsigned int shop)
+{
+    if (shop == 0)
+        return;
+    m_askedDay = ui->deDay->date();
+    loadList(intervalsStatement(shop, m_askedDay));
+}
+
+void QStatOnLine::rowsShown()
+{
+    m_heading = QStringList{tr("Статистика OnLine"), ui->place->description(),
+                            m_askedDay.toString(QStringLiteral("dd.MM.yyyy"))};
+    showIntervals(readIntervals());
+}
+
+QVector<OnLineInterval> QStatOnLine::readIntervals() const
+{
+    QVector<OnLineInterval> intervals;
+    for (int row = 0; row < model()->rowCount(); ++row) {
+        // The shop's own line and blocked registers have no column.
+        const int column = m_columns.value(model()->stored(row, 0), -1);
+        if (column >= 0) {
+            intervals.append({column, model()->stored(row, 1) == QLatin1String("1"),
+                              databaseTime(model()->stored(row, 2)), databaseTime(model()->stored(row, 3))});
+        }
+    }
+    return intervals;
+}
+
+void QStatOnLine::showIntervals(const QVector<OnLineInterval> &intervals)
+{
+    m_grid->setIntervals(m_registers, intervals);
+    ui->listTimes->resizeColumnsToContents();
+    ui->timeline->setDay(m_registers, daySpans(intervals, m_askedDay, databaseNow()));
+}
+
+void QStatOnLine::giveTimelineRoom()
+{
+    const int all = ui->splitter->height();
+    const int wanted = ui->timelinePage->sizeHint().height() + 2 * ui->areaTimeline->frameWidth();
+    ui->splitter->setSizes({all - qMin(wanted, all / 2), qMin(wanted, all / 2)});
+}
+
+int QStatOnLine::shownRows() const
+{
+    return m_grid->rowCount();
+}
+
+void QStatOnLine::showShop(unsigned int shop)
+{
+    ui->place->chooseGroup(0);
+    if (ui->place->shopId() == shop)
+        load();
+    else if (!ui->place->chooseShop(shop))
+        refuse(tr("Цей магазин вам недоступний."));
+}
+
+QStringList QStatOnLine::heading() const
+{
+    return m_heading;
+}
