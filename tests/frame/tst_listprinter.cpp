@@ -1,0 +1,212 @@
+#include "listpages.h"
+#include "qrowmodel.h"
+#include "testing.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QProgressDialog>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <cmath>
+
+namespace {
+/// Remembers where which text was painted.
+class TextRecorder : public QPaintEngine
+{
+public:
+    struct Text
+    {
+        QRectF place;
+        QString text;
+    };
+
+    TextRecorder() : QPaintEngine(AllFeatures) {}
+    bool begin(QPaintDevice *) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState &) override {}
+    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
+    void drawPolygon(const QPointF *, int, PolygonDrawMode) override {}
+    void drawPolygon(const QPoint *, int, PolygonDrawMode) override {}
+    Type type() const override { return User; }
+    void drawTextItem(const QPointF &at, const QTextItem &item) override
+    {
+        texts.append({QRectF(at.x(), std::round(at.y()), item.width(), 1), item.text()});
+    }
+
+    QVector<Text> texts;
+};
+
+/// A page of 600 x 400 pixels at 96 dpi.
+class RecordingPage : public QPaintDevice
+{
+public:
+    QPaintEngine *paintEngine() const override { return &recorder; }
+    int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmWidth:
+            return 600;
+        case PdmHeight:
+            return 400;
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 96;
+        default:
+            return QPaintDevice::metric(metric);
+        }
+    }
+
+    mutable TextRecorder recorder;
+};
+
+/// Two shown columns and a hidden one between them.
+struct ListOfRows
+{
+    explicit ListOfRows(int rows)
+    {
+        model.setColumns({{QStringLiteral("Назва товару"), 0, &asText},
+                          {QStringLiteral("Таємне"), 0, &asText, true},
+                          {QStringLiteral("Сума"), 0, &asMoney}});
+        view.setModel(&model);
+        view.setColumnHidden(1, true);
+        view.setColumnWidth(0, 300);
+        view.setColumnWidth(2, 100);
+        model.insertRows(0, rows);
+        for (int row = 0; row < rows; ++row) {
+            model.setData(model.index(row, 0), QStringLiteral("рядок%1").arg(row));
+            model.setData(model.index(row, 1), QStringLiteral("сховане"));
+            model.setData(model.index(row, 2), 123450);
+        }
+    }
+
+    PrintedList printed(const QStringList &totals = {})
+    {
+        return {{QStringLiteral("Звіт по товарах"), QStringLiteral("Магазин 1")}, &model, &view, totals};
+    }
+
+    QRowModel model;
+    QTableView view;
+};
+
+QVector<TextRecorder::Text> paintedTexts(const PrintedList &list, int page, int *pageCount)
+{
+    RecordingPage device;
+    const ListPages pages(list, &device, QSizeF(600, 400));
+    *pageCount = pages.count();
+    QPainter painter(&device);
+    pages.paint(&painter, page);
+    painter.end();
+    return device.recorder.texts;
+}
+
+QString joined(const QVector<TextRecorder::Text> &texts)
+{
+    QString all;
+    for (const TextRecorder::Text &text : texts)
+        all += text.text + QLatin1Char('|');
+    return all.remove(QLatin1Char(' '));
+}
+
+int pagesOfPdf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().count("/Type /Page\n") : -1;
+}
+} // namespace
+
+/// The pages of a printed list: what stands on each, where, and the file of them.
+class TestListPrinter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyPageTellsWhatItIs();
+    void longTextsStayInTheirColumns();
+    void pdfHoldsAllPagesOrIsNotWritten();
+};
+
+void TestListPrinter::everyPageTellsWhatItIs()
+{
+    ListOfRows rows(50);
+    const PrintedList list = rows.printed({QStringLiteral("Разом: 61 725.00")});
+    int count = 0;
+    QString all;
+    paintedTexts(list, 0, &count);
+    QVERIFY2(count > 1 && count < 8, qPrintable(QString::number(count)));
+    for (int page = 0; page < count; ++page) {
+        const QString text = joined(paintedTexts(list, page, &count));
+        QVERIFY2(text.contains(QStringLiteral("Назватовару|")) && text.contains(QStringLiteral("Сума|")) &&
+                     text.contains(QStringLiteral("сторінка%1з%2|").arg(page + 1).arg(count)),
+                 qPrintable(text));
+        QCOMPARE(text.contains(QStringLiteral("Магазин1")), page == 0);
+        QCOMPARE(text.contains(QStringLiteral("Разом:61725.00")), page == count - 1);
+        QVERIFY(!text.contains(QStringLiteral("Таємне")) && !text.contains(QStringLiteral("сховане")));
+        all += text;
+    }
+    for (int row = 0; row < 50; ++row)
+        QCOMPARE(all.count(QStringLiteral("рядок%1|").arg(row)), 1);
+
+    // Totals that do not fit behind the last row get a page; an empty list has one too.
+    QStringList many;
+    for (int i = 0; i < 20; ++i)
+        many.append(QStringLiteral("підсумок%1").arg(i));
+    ListOfRows few(10);
+    paintedTexts(few.printed(many), 0, &count);
+    QCOMPARE(count, 2);
+    ListOfRows none(0);
+    QVERIFY(joined(paintedTexts(none.printed(), 0, &count)).contains(QStringLiteral("сторінка1з1")));
+}
+
+void TestListPrinter::longTextsStayInTheirColumns()
+{
+    ListOfRows rows(3);
+    rows.model.setData(rows.model.index(0, 0), QString(300, QChar(0x416)));
+    rows.model.setData(rows.model.index(1, 0), QStringLiteral("два\nрядки"));
+    rows.model.setData(rows.model.index(2, 2), 5);
+    int count = 0;
+    const auto texts = paintedTexts(rows.printed(), 0, &count);
+    QVERIFY(joined(texts).contains(QStringLiteral("дварядки")));
+    QVERIFY(joined(texts).contains(QChar(0x2026)));
+    QVector<double> rightEdges;
+    for (const TextRecorder::Text &text : texts) {
+        if (text.text.contains(QLatin1Char('.')))
+            rightEdges.append(text.place.right());
+        for (const TextRecorder::Text &other : texts)
+            QVERIFY2(&text == &other || !text.place.intersects(other.place), qPrintable(text.text));
+        QVERIFY2(text.place.right() <= 600, qPrintable(text.text));
+    }
+    QCOMPARE(rightEdges.size(), 3);
+    QVERIFY(qAbs(rightEdges.first() - rightEdges.last()) < 1.5 && rightEdges.first() > 580);
+}
+
+void TestListPrinter::pdfHoldsAllPagesOrIsNotWritten()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("звіт.pdf"));
+    ListOfRows rows(200);
+    QVERIFY(saveListPdf(rows.printed(), path));
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    const int portrait = pagesOfPdf(path);
+    QVERIFY2(portrait > 2 && portrait < 8, qPrintable(QString::number(portrait)));
+    rows.view.setColumnWidth(0, 900);
+    QVERIFY(saveListPdf(rows.printed(), path));
+    QVERIFY(pagesOfPdf(path) > portrait);
+
+    QString error;
+    QVERIFY(!saveListPdf(rows.printed(), QStringLiteral("/немає/звіт.pdf"), &error));
+    QVERIFY2(error.contains(QStringLiteral("No such file")), qPrintable(error));
+
+    QVERIFY(!saveListPdf(rows.printed(), folder.path(), &error) && !error.isEmpty());
+
+    ListOfRows many(4000);
+    const QString cancelled = folder.filePath(QStringLiteral("довгий.pdf"));
+    bool saved = true;
+    QVERIFY(withModal<QProgressDialog>([&] { saved = saveListPdf(many.printed(), cancelled, &error); },
+                                       [](QProgressDialog *dialog) { dialog->cancel(); }));
+    QVERIFY(!saved && error.isEmpty() && !QFile::exists(cancelled));
+}
+
+QTEST_MAIN(TestListPrinter)
+#include "tst_listprinter.moc"
