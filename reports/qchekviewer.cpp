@@ -41,8 +41,8 @@ QChekViewer::QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindo
     ui->setupUi(this);
     takeList(ui->tvCheks, ui->pbLoad, ui->pbStop);
     InsertColumnsListCheks();
-    ui->splitter->setStretchFactor(0, 3);
-    ui->splitter->setStretchFactor(1, 2);
+    ui->splitter->setStretchFactor(0, 7);
+    ui->splitter->setStretchFactor(1, 3);
     fillGroups();
     connectWidgets();
 }

@@ -56,7 +56,7 @@ QString nameOf(const SlipRow &row)
 
 QString goodsLine(const SlipRow &row)
 {
-    return cells(nameOf(row), quantity(row) + QStringLiteral(" × ") + moneyShown(row.price),
+    return cells(nameOf(row), quantity(row) + QStringLiteral(" ×\u00a0") + moneyShown(row.price),
                  moneyShown(row.summa));
 }
 

@@ -18,7 +18,7 @@ constexpr double mmPerInch = 25.4;
 void layOut(QTextDocument *document, const QString &html, QPrinter *printer)
 {
     document->documentLayout()->setPaintDevice(printer);
-    document->setDefaultFont(QFont(QStringLiteral("sans-serif"), 9));
+    document->setDefaultFont(QFont(QStringLiteral("sans-serif"), 8));
     document->setDocumentMargin(0);
     document->setHtml(html);
     document->setTextWidth(slipWidthMm / mmPerInch * printer->logicalDpiX());

@@ -1,0 +1,417 @@
+#include "testing.h"
+
+#include "cheklist.h"
+#include "placeselector.h"
+#include "qchekviewer.h"
+#include "qloadeduser.h"
+#include "qntableview.h"
+#include "qreports.h"
+#include "qrowmodel.h"
+#include "rangeselector.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrintPreviewDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+/// The receipt viewer over receipts of a few registers.
+class TstQChekViewer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+
+    void dayOfAllShops();
+    void placesAndRanges();
+    void placesOffered();
+    void receiptsBehindAZReport();
+    void slipsOfEachKind();
+    void sumsThatDoNotAgreeAreRed();
+    void slipOnPaper();
+    void failuresLeaveWhatIsShown();
+
+private:
+    QChekViewer &viewer() { return *m_viewer; }
+    void load();
+    void showDay(int day);
+    /// The listed rows: number, register, type and amount as shown.
+    QStringList listed();
+    /// The same out of the table.
+    QStringList stored(const QString &condition);
+    qint64 storedSum(const QString &condition);
+    QStringList items(const char *box) { return itemsOf(child<QComboBox>(m_viewer.get(), box)); }
+    static QStringList itemsOf(const QComboBox *box);
+    void open(int row);
+    QString page() { return child<QTextBrowser>(m_viewer.get(), "tbSlip")->toPlainText(); }
+
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<QChekViewer> m_viewer;
+};
+
+namespace {
+const QString people = "O'Neil \\ <b>%";
+
+/// Shop, register, Z number, number and time, then rows of: type, position, code, name, count, price, sum,
+/// tax, certificate, kind of goods.
+void write(FreshDatabase *base, const QString &document, const QStringList &rows)
+{
+    for (const QString &row : rows)
+        base->exec("INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,data_time,id_user,id_type,id_position,"
+                   "id_good_cln_slujb,name,count,price,summa,tax,dis_bon_bez2,type) VALUES(" +
+                   document + ",1," + row + ")");
+}
+
+void fillPlaces(FreshDatabase *base)
+{
+    base->exec({"INSERT INTO group_shop(id,name) VALUES(2,'Місто'),(3,'Чужа')",
+                "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2)",
+                "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'Перша',2,0),(2,'Спільна',1,0),(3," +
+                    lit(people) + ",3,0),(4,'Зачинена',2,1)",
+                "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(1,1,'К1',0),(2,1," + lit(people) +
+                    ",0),(3,2,'К3',0),(4,3,'К4',0),(5,4,'К5',1),(6,1,'К6',1)"});
+}
+
+void fillCheks(FreshDatabase *base)
+{
+    // A sale with a discount, paid in three ways, at the first second of the day.
+    write(base, "1,1,1,1,20260301000000",
+          {"1,0,10,'<i>Хліб</i>',2000,5000,10000,1,0,1", "1,1,11,'Сир',250,8000,2000,2,0,0",
+           "2,3,1,'',0,500,600,0,0,0", "3,4,1,'',0,6400,11400,4000,1000,0"});
+    // The same number at another register, at the last second.
+    write(base, "1,2,1,1,20260301235959",
+          {"1,0,12,'Пакет',1000,1230,1230,1,0,1", "3,2,0,'',0,1230,1230,0,0,0"});
+    write(base, "1,1,1,2,20260301120000", {"6,0,10,'Хліб',1000,5000,5000,1,0,1"});
+    write(base, "1,1,1,3,20260301120001", {"4,0,1,'Розмін',0,0,30000,0,0,0"});
+    write(base, "1,1,1,4,20260301120002", {"5,0,2,'Інкасація',0,0,40000,0,0,0"});
+    write(base, "1,1,1,5,20260301120003",
+          {"7,0,10,'Хліб',3000,5000,15000,1,0,1", "7,1,11,'Сир',500,8000,4000,2,0,0"});
+    write(base, "1,1,1,6,20260301120004", {"8,0,11,'Сир',2500,8000,20000,2,0,0"});
+    base->exec(
+        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,summa,data_time)"
+        "VALUES(1,1,1,7,0,1,10,11400,20260301210000)");
+    // The days around, the other shops.
+    write(base, "1,1,1,8,20260228235959", {"3,2,0,'',0,100,100,0,0,0"});
+    write(base, "1,1,2,9,20260302000000", {"3,2,0,'',0,100,100,0,0,0"});
+    write(base, "2,3,1,1,20260301130000",
+          {"1,0,12,'Пакет',3000,1230,3690,1,0,1", "3,2,0,'',0,0,3690,3690,0,0"});
+    write(base, "3,4,1,1,20260301130000",
+          {"1,0,12,'Пакет',1000,1230,1230,1,0,1", "3,2,0,'',0,1230,1230,0,0,0"});
+    write(base, "4,5,7,1,20260301130000",
+          {"1,0,12,'Пакет',1000,1230,1230,1,0,1", "3,2,0,'',0,1230,1230,0,0,0"});
+    write(base, "2,6,4,1,20260305130000",
+          {"1,0,12,'Пакет',1000,1230,1230,1,0,1", "3,2,0,'',0,1230,1230,0,0,0"});
+}
+} // namespace
+
+void TstQChekViewer::initTestCase()
+{
+    m_base = std::make_unique<FreshDatabase>();
+    fillPlaces(m_base.get());
+    fillCheks(m_base.get());
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+    QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
+}
+
+void TstQChekViewer::cleanupTestCase()
+{
+    m_viewer.reset();
+    m_user.reset();
+    m_base.reset();
+}
+
+void TstQChekViewer::init()
+{
+    m_base->heard.forget();
+    m_viewer = std::make_unique<QChekViewer>(m_base->connection(), m_user.get(), &m_base->heard, nullptr);
+}
+
+void TstQChekViewer::cleanup()
+{
+    m_viewer.reset();
+}
+
+void TstQChekViewer::load()
+{
+    QSignalSpy loaded(m_viewer.get(), &ReportWindow::loaded);
+    child<QPushButton>(m_viewer.get(), "pbLoad")->click();
+    QVERIFY(loaded.wait());
+}
+
+void TstQChekViewer::showDay(int day)
+{
+    child<RangeSelector>(m_viewer.get(), "range")->setDays(QDate(2026, 3, day), QDate(2026, 3, day));
+    load();
+}
+
+QStringList TstQChekViewer::listed()
+{
+    QStringList rows;
+    const QRowModel *model = viewer().model();
+    for (int row = 0; row < model->rowCount(); ++row) {
+        QStringList cells;
+        for (const int column : {ChekList::Register, ChekList::Number, ChekList::Type, ChekList::Amount})
+            cells.append(model->index(row, column).data(Qt::EditRole).toString());
+        rows.append(cells.join('|'));
+    }
+    rows.sort();
+    return rows;
+}
+
+QStringList TstQChekViewer::stored(const QString &condition)
+{
+    // No document here has two rows of a listed type but the one of goods received.
+    QStringList rows = m_base->rows(
+        "SELECT id_kass,id_chek,id_type,IF(id_type IN (7,8),CONCAT(CAST(SUM(count)/1000 AS DECIMAL(12,3))),"
+        "CONCAT(CAST(SUM(summa)/100 AS DECIMAL(12,2)))) FROM cheks WHERE id_type>2 AND " +
+        condition + " GROUP BY id_shop,id_kass,id_chek,id_type");
+    rows.sort();
+    return rows;
+}
+
+qint64 TstQChekViewer::storedSum(const QString &condition)
+{
+    return m_base
+        ->value("SELECT IFNULL(SUM(CASE id_type WHEN 1 THEN summa WHEN 2 THEN -summa WHEN 6 THEN -summa "
+                "ELSE 0 END),0) FROM cheks WHERE " +
+                condition)
+        .toLongLong();
+}
+
+QStringList TstQChekViewer::itemsOf(const QComboBox *box)
+{
+    QStringList texts;
+    for (int i = 1; i < box->count(); ++i)
+        texts.append(box->itemText(i));
+    texts.sort();
+    return texts;
+}
+
+void TstQChekViewer::open(int row)
+{
+    emit viewer().list()->doubleClicked(viewer().model()->index(row, 0));
+}
+
+void TstQChekViewer::dayOfAllShops()
+{
+    showDay(1);
+    const QString day = "DATE(data_time)='2026-03-01'";
+    QCOMPARE(listed(), stored(day));
+    QCOMPARE(viewer().sum(), storedSum(day));
+    QCOMPARE(viewer().sum(), 11400LL + 1230 - 5000 + 3690 + 1230 + 1230);
+    QCOMPARE(child<QLabel>(m_viewer.get(), "labelSum")->text(), QString("Сума по чеках: 137.80"));
+    QCOMPARE(viewer().heading(), QStringList({"Чеки", "усі магазини", "01.03.2026"}));
+    const QStringList rows = listed();
+    // Two registers with the same number; a movement of 2.5 kg; both ends of the day.
+    QVERIFY(rows.contains("1|1|3|114.00") && rows.contains("2|1|3|12.30"));
+    QVERIFY(rows.contains("1|6|8|2.500") && rows.contains("1|5|7|3.500"));
+    // By value, whether money or quantity.
+    viewer().model()->sort(ChekList::Amount);
+    QCOMPARE(viewer().model()->index(0, ChekList::Amount).data().toString(), QString("2.500"));
+    showDay(3);
+    QCOMPARE(viewer().model()->rowCount(), 0);
+    QCOMPARE(viewer().sum(), 0LL);
+}
+
+void TstQChekViewer::placesAndRanges()
+{
+    auto *place = child<PlaceSelector>(m_viewer.get(), "place");
+    const QString day = "DATE(data_time)='2026-03-01' AND ";
+    QVERIFY(place->chooseGroup(2));
+    showDay(1);
+    QCOMPARE(listed(), stored(day + "id_shop IN (1,4)"));
+    place->showShop("Перша");
+    load();
+    QCOMPARE(listed(), stored(day + "id_shop=1"));
+    QCOMPARE(viewer().sum(), storedSum(day + "id_shop=1"));
+    place->showRegister(people);
+    load();
+    QCOMPARE(listed(), stored(day + "id_kass=2"));
+    QCOMPARE(viewer().sum(), 1230LL);
+    place->showShop(people);
+    load();
+    QCOMPARE(listed(), stored(day + "id_shop=3"));
+
+    // Z numbers, here of one register.
+    place->showShop("Перша");
+    place->showRegister("К1");
+    viewer().showid(true);
+    auto *from = child<QLineEdit>(m_viewer.get(), "leNumberFrom");
+    child<QLineEdit>(m_viewer.get(), "leNumberTo")->setText("2");
+    from->setText("2");
+    load();
+    QCOMPARE(listed(), stored("id_kass=1 AND id_zvit=2"));
+    from->setText("");
+    QVERIFY(!answerQuestion([this] { viewer().load(); }).isEmpty());
+    QVERIFY(!viewer().isLoading());
+    QCOMPARE(listed().size(), 1);
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQChekViewer::placesOffered()
+{
+    // Group 3 is not the user's.
+    QVERIFY2(items("cbGroup").contains("Місто") && !items("cbGroup").contains("Чужа"),
+             qPrintable(items("cbGroup").join('|')));
+    auto *place = child<PlaceSelector>(m_viewer.get(), "place");
+    place->chooseGroup(2);
+    QCOMPARE(items("cbShop"), QStringList({"Перша", "Спільна"}));
+    place->showShop("Перша");
+    QCOMPARE(items("cbRegister"), QStringList({people, "К1"}));
+    viewer().GroupChanged("Чужа");
+    QCOMPARE(items("cbShop"), QStringList({people, "Спільна"}));
+    QCOMPARE(items("cbRegister"), QStringList());
+    viewer().ShopChanged(people);
+    QCOMPARE(items("cbRegister"), QStringList({"К4"}));
+    QVERIFY(m_base->heard.has("QCashDrive::ShopChanged(QString str)"));
+}
+
+void TstQChekViewer::receiptsBehindAZReport()
+{
+    QTabWidget tabs;
+    QObject window;
+    QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
+    // Of a blocked register of a blocked shop.
+    reports.showCheks(4, 5, "7", "7");
+    auto *opened = qobject_cast<QChekViewer *>(reports.current());
+    QVERIFY(opened != nullptr);
+    QSignalSpy loaded(opened, &ReportWindow::loaded);
+    QVERIFY(loaded.wait());
+    QCOMPARE(opened->heading(), QStringList({"Чеки", "Місто, Зачинена, К5", "зміни 7 – 7"}));
+    QCOMPARE(opened->sum(), 1230LL);
+    // A whole shop; the same tab.
+    reports.showCheks(1, 0, "1", "2");
+    QVERIFY(loaded.wait());
+    QCOMPARE(tabs.count(), 1);
+    QCOMPARE(opened->heading().at(1), QString("Місто, Перша"));
+    QCOMPARE(opened->sum(), storedSum("id_shop=1") + 200); // the days around have a payment only
+    // A register that has moved: its receipts stay with the shop they were written in.
+    reports.showCheks(2, 6, "4", "4");
+    QVERIFY(loaded.wait());
+    QCOMPARE(opened->heading().at(1), QString("default, Спільна, К6"));
+    QCOMPARE(opened->sum(), 1230LL);
+    QVERIFY(reports.closetab(0));
+}
+
+void TstQChekViewer::slipsOfEachKind()
+{
+    const QList<QStringList> documents = {
+        {"3", "1", "Чек №1", "<i>Хліб</i>", "2 × 50.00", "Картка", "40.00", "Сертифікат", "10.00"},
+        {"6", "2", "ПОВЕРНЕННЯ", "Чек №2", "До повернення", "50.00"},
+        {"4", "3", "Чек №3", "Розмін", "300.00"},
+        {"5", "4", "Чек №4", "Інкасація", "400.00"},
+        {"7", "5", "ПРИЙОМ", "10 Хліб", "0.500", "3.500"},
+        {"8", "6", "ПЕРЕМІЩЕННЯ", "11 Сир", "2.500"},
+        {"10", "7", "Звіт №1", "Оборот зміни", "114.00"}};
+    for (const QStringList &document : documents) {
+        viewer().showChekOrZvit(document.at(0), document.at(1), "1");
+        for (const QString &part : document.mid(2))
+            QVERIFY2(page().contains(part), qPrintable(part + " in\n" + page()));
+        QVERIFY(page().startsWith("Перша\nК1\n"));
+        QVERIFY(page().contains("01-03-2026"));
+        QVERIFY2(!viewer().slip().contains("#FF3333"), qPrintable(document.at(1)));
+    }
+    // From the list; names are text.
+    auto *place = child<PlaceSelector>(m_viewer.get(), "place");
+    place->showShop(people);
+    showDay(1);
+    open(0);
+    QVERIFY2(page().startsWith(people + "\nК4\nЧек №1\n"), qPrintable(page()));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQChekViewer::sumsThatDoNotAgreeAreRed()
+{
+    // Paid a kopeck less at register 1, goods of a kopeck more at register 2.
+    m_base->exec({"UPDATE cheks SET price=6399 WHERE id_kass=1 AND id_chek=1 AND id_type=3",
+                  "UPDATE cheks SET summa=1231 WHERE id_kass=2 AND id_chek=1 AND id_type=1"});
+    const auto red = [this] {
+        QStringList rows;
+        for (int row = 0; row < viewer().model()->rowCount(); ++row) {
+            if (viewer().model()->index(row, 0).data(Qt::BackgroundRole).value<QBrush>().color() == "#FF3333")
+                rows.append(viewer().model()->stored(row, ChekList::Register) + '/' +
+                            viewer().model()->stored(row, ChekList::Number));
+        }
+        rows.sort();
+        return rows;
+    };
+    auto *check = child<QCheckBox>(m_viewer.get(), "chCheckSums");
+    auto *label = child<QLabel>(m_viewer.get(), "labelCheck");
+    QSignalSpy checked(m_viewer.get(), &QChekViewer::checked);
+    child<PlaceSelector>(m_viewer.get(), "place")->showShop("Перша");
+    showDay(1);
+    QCOMPARE(red(), QStringList());
+    check->setChecked(true);
+    QVERIFY(checked.wait());
+    QCOMPARE(red(), QStringList({"1/1", "2/1"}));
+    QCOMPARE(label->text(), QString("Суми не збігаються, чеків: 2"));
+    viewer().showChekOrZvit("3", "1", "1");
+    QVERIFY2(page().contains("до сплати 114.00, оплачено 113.99"), qPrintable(page()));
+    viewer().showChekOrZvit("3", "1", "2");
+    QVERIFY2(page().contains("товари зі знижкою 12.31, до сплати 12.30"), qPrintable(page()));
+    check->setChecked(false);
+    QCOMPARE(red(), QStringList());
+
+    m_base->exec({"UPDATE cheks SET price=6400 WHERE id_kass=1 AND id_chek=1 AND id_type=3",
+                  "UPDATE cheks SET summa=1230 WHERE id_kass=2 AND id_chek=1 AND id_type=1"});
+    check->setChecked(true);
+    load();
+    QVERIFY(checked.wait());
+    QCOMPARE(label->text(), QString("Суми збігаються."));
+    QCOMPARE(red(), QStringList());
+}
+
+void TstQChekViewer::slipOnPaper()
+{
+    auto *pdf = child<QPushButton>(m_viewer.get(), "pbPdf");
+    QVERIFY(!pdf->isEnabled());
+    viewer().showChekOrZvit("3", "1", "1");
+    QTemporaryDir folder;
+    const QString path = folder.filePath("чек.pdf");
+    const auto saveTo = [&](const QString &file) {
+        return withModal<QFileDialog>([&] { pdf->click(); },
+                                      [&](QFileDialog *dialog) {
+                                          child<QLineEdit>(dialog, "fileNameEdit")->setText(file);
+                                          QMetaObject::invokeMethod(dialog, "accept");
+                                      });
+    };
+    QVERIFY(saveTo(path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith("%PDF"));
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    QVERIFY(withModal<QPrintPreviewDialog>([&] { child<QPushButton>(m_viewer.get(), "pbPrint")->click(); },
+                                           [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
+}
+
+void TstQChekViewer::failuresLeaveWhatIsShown()
+{
+    showDay(1);
+    open(0);
+    const QString shown = page();
+    const int rows = viewer().model()->rowCount();
+    viewer().showChekOrZvit("3", "777", "1");
+    QVERIFY(m_base->heard.has("Відсутні дані після запиту:", 1));
+    QCOMPARE(page(), shown);
+    m_base->exec("RENAME TABLE cheks TO cheks_away");
+    viewer().showChekOrZvit("3", "1", "2");
+    load();
+    m_base->exec("RENAME TABLE cheks_away TO cheks");
+    QVERIFY(m_base->heard.has("Помилка запиту:", 1));
+    QCOMPARE(page(), shown);
+    QCOMPARE(viewer().model()->rowCount(), rows);
+}
+
+QTEST_MAIN(TstQChekViewer)
+#include "tst_qchekviewer.moc"
