@@ -12,7 +12,7 @@ QString anyOf(const QString &field, const QStringList &ids)
 
 QString placeCondition(const ArtPlace &place)
 {
-    const QString shop = QStringLiteral("cheks.id_shop=") + QString::number(place.shop);
+    QString shop = QStringLiteral("cheks.id_shop=") + QString::number(place.shop);
     if (place.kass != 0)
         return QStringLiteral("cheks.id_kass=") + QString::number(place.kass) + QStringLiteral(" AND ") +
                shop;

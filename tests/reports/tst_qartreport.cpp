@@ -21,6 +21,16 @@ namespace {
 const QDate firstDay(2026, 3, 1);
 const QDate lastDay(2026, 3, 2);
 
+/// One receipt a line, in every register, shift and of every type; two prices an article.
+const QString fillReceipts =
+    "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,id_good_cln_slujb,name,"
+    "strihcode,count,price,summa,type,sumdisc,bonus_plus,data_time) "
+    "SELECT z.id_shop,z.id_kass,z.id_zzvit,z.id_zzvit*1000+seq,0,1,ELT(1+seq%5,1,1,2,1,6),1+seq*7%15,"
+    "CONCAT('Товар ',1+seq*7%15),LPAD(1+seq*7%15,13,'0'),IF((1+seq*7%15)%2,1000*(1+seq%3),125+seq*37%900),"
+    "1000+seq*7%15+IF(seq%4,0,50),300+seq*7919%9001,(1+seq*7%15)%2,seq%3*seq,seq%11,"
+    "20260300000000+(z.id_zzvit-4)*1000000+100000 "
+    "FROM z_zvit z JOIN seq_1_to_90 WHERE seq%4<>z.id_kass%4";
+
 QStringList items(const QComboBox *box)
 {
     QStringList texts;
@@ -84,15 +94,7 @@ void TstQArtReport::initTestCase()
         "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(5,2,21,20260301210000),"
         "(6,2,21,20260302210000),(7,2,21,0),(5,2,22,20260301220000),(8,1,11,20260302200000),"
         "(9,4,41,20260301200000)",
-        // One receipt a line, in every register, shift and of every type; two prices an article.
-        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,id_good_cln_slujb,name,"
-        "strihcode,count,price,summa,type,sumdisc,bonus_plus,data_time) "
-        "SELECT z.id_shop,z.id_kass,z.id_zzvit,z.id_zzvit*1000+seq,0,1,ELT(1+seq%5,1,1,2,1,6),1+seq*7%15,"
-        "CONCAT('Товар ',1+seq*7%15),LPAD(1+seq*7%15,13,'0'),IF((1+seq*7%15)%2,1000*(1+seq%3),125+seq*37%900),"
-        "1000+seq*7%15+IF(seq%4,0,50),300+seq*7919%9001,(1+seq*7%15)%2,seq%3*seq,seq%11,"
-        "20260300000000+(z.id_zzvit-4)*1000000+100000 "
-        "FROM z_zvit z JOIN seq_1_to_90 WHERE seq%4<>z.id_kass%4",
-        "SET foreign_key_checks=1"});
+        fillReceipts, "SET foreign_key_checks=1"});
 }
 
 void TstQArtReport::init()
