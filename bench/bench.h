@@ -40,6 +40,8 @@ QVector<Figure> measureAgainstItems(const Bench &bench);
 QVector<Figure> measureCsv(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);
 QVector<Figure> measureSale(const Bench &bench);
+QVector<Figure> measureReports(const Bench &bench);
+QVector<Figure> measureTuning(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

@@ -24,6 +24,8 @@ const struct
     {"sale", measureSale, false},
     {"csv", measureCsv, false},
     {"articles", measureArticles, false},
+    {"reports", measureReports, false},
+    {"tuning", measureTuning, false},
     {"memory", measureMemory, true},
     {"items", measureAgainstItems, true},
     // clang-format on

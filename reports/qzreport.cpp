@@ -152,9 +152,18 @@ void QZReport::dclicktable(const QModelIndex &index)
 
 void QZReport::rowsShown()
 {
-    const bool severalShops = barsByName(*model(), Turnover, Shop).size() > 1;
-    ui->cbChart->setCurrentIndex(severalShops ? ByShop : ByDay);
+    ui->cbChart->setCurrentIndex(hasSeveralShops() ? ByShop : ByDay);
     showChart();
+}
+
+bool QZReport::hasSeveralShops() const
+{
+    const QString first = model()->rowCount() > 0 ? model()->stored(0, Shop) : QString();
+    for (int row = 1; row < model()->rowCount(); ++row) {
+        if (model()->stored(row, Shop) != first)
+            return true;
+    }
+    return false;
 }
 
 void QZReport::showChart()

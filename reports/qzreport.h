@@ -37,6 +37,7 @@ private:
     void buildChart();
     void fillGroups();
     bool isSummed() const;
+    bool hasSeveralShops() const;
     void showChart();
     void drawChart();
 

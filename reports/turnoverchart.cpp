@@ -33,6 +33,9 @@ TurnoverChart::TurnoverChart(QWidget *parent) : QWidget(parent)
 {
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
+    QFont smaller = font();
+    smaller.setPointSizeF(QFontInfo(smaller).pointSizeF() * 0.85);
+    setFont(smaller);
 }
 
 void TurnoverChart::setBars(const QVector<TurnoverBar> &bars)
@@ -61,7 +64,7 @@ void TurnoverChart::findScale()
 
 QSize TurnoverChart::sizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 11};
+    return {fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 16};
 }
 
 QSize TurnoverChart::minimumSizeHint() const
@@ -85,7 +88,7 @@ int TurnoverChart::slotWidth() const
 QRect TurnoverChart::plot() const
 {
     const int height = fontMetrics().height();
-    return rect().adjusted(scaleWidth(), height, -height / 2, -height * nameLines() - height / 2);
+    return rect().adjusted(scaleWidth(), height, -height / 2, -fontMetrics().lineSpacing() * nameLines() - height / 2);
 }
 
 int TurnoverChart::yOf(qint64 kopecks) const
@@ -166,7 +169,7 @@ int TurnoverChart::nameEvery() const
 
 int TurnoverChart::nameLines() const
 {
-    return nameEvery() > 1 || widestName() <= slotWidth() ? 1 : 3;
+    return nameEvery() > 1 || widestName() <= slotWidth() ? 1 : 4;
 }
 
 void TurnoverChart::drawNames(QPainter *painter) const
@@ -177,7 +180,7 @@ void TurnoverChart::drawNames(QPainter *painter) const
     for (int i = 0; i < m_bars.size(); i += every) {
         QRect place = slot(i);
         place.setTop(plot().bottom() + fontMetrics().height() / 4);
-        place.setHeight(fontMetrics().height() * nameLines());
+        place.setHeight(fontMetrics().lineSpacing() * nameLines());
         // A name that has the room of its neighbours begins at its own bar.
         place.setWidth(place.width() * qMin(every, m_bars.size() - i) - fontMetrics().averageCharWidth() / 2);
         const QString &name = m_bars.at(i).label;

@@ -145,11 +145,13 @@ void DatabaseTuning::watch()
     }
     QSqlDatabase connection = QSqlDatabase::database(m_source, false);
     QString error;
-    auto query = Db(&connection, m_receiver)
-                     .attempt(QStringLiteral("SELECT FLOOR((100*(STAGE-1)+PROGRESS)/MAX_STAGE) FROM "
-                                             "INFORMATION_SCHEMA.PROCESSLIST WHERE MAX_STAGE>0 AND ID=") +
-                                  QString::number(m_runningId),
-                              &error);
-    if (query && query->next())
-        emit progressed(qBound(0, query->value(0).toInt(), 100));
+    // In hundredths of a per cent; it falls back to zero right before the end.
+    auto status =
+        Db(&connection, m_receiver)
+            .attempt(QStringLiteral("SHOW GLOBAL STATUS LIKE 'Innodb_onlineddl_pct_progress'"), &error);
+    const int percent = status && status->next() ? qMin(status->value(1).toInt() / 100, 100) : 0;
+    if (percent <= m_percent)
+        return;
+    m_percent = percent;
+    emit progressed(percent);
 }

@@ -43,7 +43,7 @@ public:
     void stop();
 
 signals:
-    /// As far as the server tells it.
+    /// As far as the server tells it; it only grows.
     void progressed(int percent);
     void finished(DatabaseTuning::Outcome outcome);
 
@@ -59,4 +59,5 @@ private:
     std::atomic<qint64> m_runningId{0};
     std::atomic<bool> m_isStopping{false};
     Outcome m_outcome = Failed;
+    int m_percent = 0;
 };

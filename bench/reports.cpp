@@ -1,0 +1,151 @@
+#include "bench.h"
+
+#include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "qzreport.h"
+#include "rangeselector.h"
+#include "tuning.h"
+#include "zstatements.h"
+
+#include <QCheckBox>
+#include <QEventLoop>
+
+namespace {
+const int shifts = 108000;
+const int registers = 30;
+/// Days of the receipts; the shifts go on for ten years.
+const int days = 365;
+
+void exec(const Bench &bench, const QString &sql)
+{
+    if (!bench.db().run(sql))
+        qFatal("A statement of the benchmark failed");
+}
+
+void fillShifts(const Bench &bench)
+{
+    exec(bench, QStringLiteral(
+                    "INSERT INTO shops(id,address,group_shop) SELECT 100+seq,CONCAT('вул. Довга, ',seq),1 "
+                    "FROM seq_1_to_10"));
+    exec(bench, QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str) SELECT 100+seq,101+seq%10,"
+                               "CONCAT('Каса ',seq) FROM seq_1_to_30"));
+    exec(
+        bench,
+        QStringLiteral(
+            "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,cash,beznal_1,beznal_2,Oborot_A,Oborot_B,"
+            "summ_diskount,count_cheks,PDV_A,DOD_A,PDV_B,DOD_B,PDV_V,DOD_V,PDV_G,DOD_G,PDV_D,DOD_D,data_time) "
+            "SELECT 1+seq DIV %1,101+(1+seq%%1)%10,101+seq%%1,1,1000000+seq*7919%500000,seq*31%900000,0,"
+            "1500000+seq*17%300000,400000+seq%1000,seq%30000,90+seq%50,2000,0,700,500,0,0,0,0,0,0,"
+            "ADDTIME(DATE_ADD('2016-01-01',INTERVAL seq DIV %1 DAY),'21:00:00') FROM seq_0_to_%2")
+            .arg(registers)
+            .arg(shifts - 1));
+}
+
+/// Receipts of four lines, each register's in the order of time.
+void fillReceipts(const Bench &bench, int lines)
+{
+    exec(bench, QStringLiteral("SET SESSION foreign_key_checks=0, unique_checks=0"));
+    exec(bench,
+         QStringLiteral(
+             "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,"
+             "id_good_cln_slujb,name,strihcode,count,price,summa,data_time) "
+             "SELECT 101+(1+seq DIV 4%%1)%10,101+seq DIV 4%%1,1,1+seq DIV 4 DIV %1,seq%4,1,IF(seq%4=3,2,1),"
+             "1+seq%2000,'Молоко пшеничне','4820000000017',1000,4250,4250,"
+             "DATE_ADD('2026-01-01',INTERVAL seq*86400.0*%2/%3 SECOND) FROM seq_0_to_%3")
+             .arg(registers)
+             .arg(days)
+             .arg(lines - 1));
+    exec(bench, QStringLiteral("ANALYZE TABLE cheks,z_zvit"));
+}
+
+void awaitLoaded(QZReport *report)
+{
+    QEventLoop loop;
+    QObject::connect(report, &ReportWindow::loaded, &loop, &QEventLoop::quit);
+    report->load();
+    loop.exec();
+}
+
+double zReportRatio(const Bench &bench, QLoadedUser *user, bool summed)
+{
+    QZReport report(bench.connection, user, nullptr, nullptr);
+    report.resize(1400, 900);
+    report.show();
+    report.findChild<QCheckBox *>(QStringLiteral("chSum"))->setChecked(summed);
+    report.findChild<RangeSelector *>()->setDays(QDate(2016, 1, 1), QDate(2030, 1, 1));
+    const QString sql = zStatement(summed) + zCondition({}, {false, QStringLiteral("20160101000000"),
+                                                             QStringLiteral("20300101235959")});
+    BareClient bare(bench.address);
+    return ratio(
+        bench.rounds, [&] { return milliseconds([&] { bare.run(sql); }); },
+        [&] {
+            return milliseconds([&] {
+                awaitLoaded(&report);
+                report.grab();
+            });
+        });
+}
+
+/// The median time of statements that differ in their number.
+double timeOf(const Bench &bench, BareClient *bare, const QString &sql)
+{
+    bare->run(sql.arg(1));
+    QVector<double> times;
+    for (int i = 0; i < bench.rounds; ++i)
+        times.append(milliseconds([&] { bare->run(sql.arg(1 + i % registers)); }));
+    return median(times);
+}
+
+bool tune(const Bench &bench, DatabaseTuning::Work work)
+{
+    DatabaseTuning tuning(bench.connection->connectionName(), nullptr);
+    QEventLoop loop;
+    bool done = false;
+    QObject::connect(&tuning, &DatabaseTuning::finished, &loop, [&](DatabaseTuning::Outcome outcome) {
+        done = outcome == DatabaseTuning::Done;
+        loop.quit();
+    });
+    tuning.start(work);
+    loop.exec();
+    return done;
+}
+} // namespace
+
+QVector<Figure> measureReports(const Bench &bench)
+{
+    fillShifts(bench);
+    QLoadedUser user(nullptr, nullptr);
+    user.load(bench.connection, QStringLiteral("1"), QStringLiteral("1"), QString());
+    return {{QStringLiteral("Z-reports, 108,000 x 13, to bare"), zReportRatio(bench, &user, false), 1.3,
+             QStringLiteral("x")},
+            {QStringLiteral("Z-reports summed, to bare"), zReportRatio(bench, &user, true), 1.1,
+             QStringLiteral("x")}};
+}
+
+QVector<Figure> measureTuning(const Bench &bench)
+{
+    const QString day = QStringLiteral(
+        "SELECT id_kass,id_chek,id_zvit,SUM(summa),SUM(count) FROM cheks WHERE data_time>=20260215000000+INTERVAL %1 DAY AND "
+        "data_time<=20260215235959+INTERVAL %1 DAY AND id_type=1 GROUP BY id_kass,id_chek");
+    const QString next = QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE id_kass=100+%1");
+    const QString slip = QStringLiteral("SELECT * FROM cheks WHERE id_kass=100+%1 AND id_chek=77");
+    fillReceipts(bench, bench.cards);
+    BareClient bare(bench.address);
+    const double dayBefore = timeOf(bench, &bare, day);
+    const double nextBefore = timeOf(bench, &bare, next);
+    const double adding = milliseconds([&] {
+        if (!tune(bench, DatabaseTuning::Add))
+            qFatal("The indexes were not added");
+    });
+    const double dayAfter = timeOf(bench, &bare, day);
+    const double nextAfter = timeOf(bench, &bare, next);
+    const double slipAfter = timeOf(bench, &bare, slip);
+    if (qEnvironmentVariableIsSet("VELTAB_BENCH_VERBOSE"))
+        qInfo("a day %.1f -> %.1f ms, next number %.1f -> %.2f ms, slip %.2f ms, added in %.1f s", dayBefore,
+              dayAfter, nextBefore, nextAfter, slipAfter, adding / 1000);
+    tune(bench, DatabaseTuning::Remove);
+    return {{QStringLiteral("a day's receipts, indexes to none"), dayAfter / dayBefore, 0.01,
+             QStringLiteral("x")},
+            {QStringLiteral("next receipt number, with indexes"), nextAfter, 2, QStringLiteral("ms")},
+            {QStringLiteral("a receipt's lines, with indexes"), slipAfter, 5, QStringLiteral("ms")}};
+}
