@@ -2,110 +2,612 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>ChekWriter</name>
+    <message>
+        <source>Нема даних після запиту:</source>
+        <translation>No data after the query:</translation>
+    </message>
+    <message>
+        <source>З даним магазином працює інший користувач.
+Зачекайте або зв&apos;яжіться з пітримкою.</source>
+        <translation>Another user is working with this shop.
+Wait or contact support.</translation>
+    </message>
+    <message>
+        <source>Чек з таким номером щойно записала інша програма на цій касі. Чек не записано. Повторіть оплату.</source>
+        <translation>Another program at this cash register has just recorded a receipt with this number. The receipt is not recorded. Repeat the payment.</translation>
+    </message>
+    <message>
+        <source>Залишки зараз записує інша програма. Чек не записано. Повторіть оплату.</source>
+        <translation>Another program is writing the stock now. The receipt is not recorded. Repeat the payment.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису чека № %1 і невідомо, чи його записано. Перед новою оплатою програма запитає сервер ще раз.</source>
+        <translation>The connection broke while receipt No. %1 was being recorded, and it is not known whether it was recorded. Before a new payment the program will ask the server again.</translation>
+    </message>
+    <message>
+        <source>Чек не записано. Повторіть оплату.</source>
+        <translation>The receipt is not recorded. Repeat the payment.</translation>
+    </message>
+</context>
+<context>
     <name>Db</name>
     <message>
         <source>Значення запиту не відповідають його місцям.</source>
-        <translation type="unfinished"></translation>
+        <translation>The values of the query do not match its places.</translation>
     </message>
     <message>
         <source>Помилка запиту:</source>
-        <translation type="unfinished"></translation>
+        <translation>Query error:</translation>
     </message>
     <message>
         <source>Не має даних після запиту</source>
-        <translation type="unfinished"></translation>
+        <translation>No data after the query</translation>
     </message>
 </context>
 <context>
     <name>EditDialog</name>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Додавання нового запису</source>
-        <translation type="unfinished"></translation>
+        <translation>Adding a new record</translation>
     </message>
     <message>
         <source>Редагування запису №</source>
-        <translation type="unfinished"></translation>
+        <translation>Editing record No. </translation>
+    </message>
+</context>
+<context>
+    <name>Goods</name>
+    <message>
+        <source>Товар не збережено: штрихкод %1 вже має товар №%2 &quot;%3&quot;.</source>
+        <translation>The goods item is not saved: goods item No. %2 &quot;%3&quot; already has barcode %1.</translation>
+    </message>
+    <message>
+        <source>Товар не збережено: для групи магазинів &quot;%1&quot; ціну зберегти не можна. Оберіть групу &quot;default&quot; або магазин у ній.</source>
+        <translation>The goods item is not saved: no price can be saved for the shop group &quot;%1&quot;. Choose the group &quot;default&quot; or a shop in it.</translation>
+    </message>
+    <message>
+        <source>Запис не знайдено id=</source>
+        <translation>Record not found id=</translation>
+    </message>
+</context>
+<context>
+    <name>GoodsPriceTable</name>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Пріоритет</source>
+        <translation>Priority</translation>
+    </message>
+    <message>
+        <source>Група магазинів</source>
+        <translation>Shop group</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Ціни магазинів, рядки %1 і %2: однакові пріоритет, група і магазин.</source>
+        <translation>Shop prices, rows %1 and %2: the same priority, group and shop.</translation>
+    </message>
+    <message>
+        <source>Ціни магазинів, рядок %1: &quot;%2&quot; не є ціною від 0 до %3.</source>
+        <translation>Shop prices, row %1: &quot;%2&quot; is not a price from 0 to %3.</translation>
     </message>
 </context>
 <context>
     <name>Launch</name>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Помилка в IP адресі</source>
-        <translation type="unfinished"></translation>
+        <translation>Error in the IP address</translation>
     </message>
     <message>
         <source>Помилка запуску зовнішньої програми.</source>
-        <translation type="unfinished"></translation>
+        <translation>The external program failed to start.</translation>
     </message>
     <message>
         <source>Не вірний шлях до програми:</source>
-        <translation type="unfinished"></translation>
+        <translation>Wrong path to the program:</translation>
+    </message>
+</context>
+<context>
+    <name>LineState</name>
+    <message>
+        <source>На зв&apos;язку</source>
+        <translation>On line</translation>
+    </message>
+    <message>
+        <source>Не всі каси на зв&apos;язку</source>
+        <translation>Not all cash registers are on line</translation>
+    </message>
+    <message>
+        <source>Немає зв&apos;язку</source>
+        <translation>Off line</translation>
     </message>
 </context>
 <context>
     <name>ListWorker</name>
     <message>
         <source>Немає зв&apos;язку з базою даних.</source>
-        <translation type="unfinished"></translation>
+        <translation>No connection to the database.</translation>
+    </message>
+</context>
+<context>
+    <name>PlaceSelector</name>
+    <message>
+        <source>&amp;Група</source>
+        <translation>&amp;Group</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин</source>
+        <translation>&amp;Shop</translation>
+    </message>
+    <message>
+        <source>&amp;Каса</source>
+        <translation>&amp;Cash register</translation>
+    </message>
+    <message>
+        <source>Усі групи</source>
+        <translation>All groups</translation>
+    </message>
+    <message>
+        <source>Усі магазини</source>
+        <translation>All shops</translation>
+    </message>
+    <message>
+        <source>Усі каси</source>
+        <translation>All cash registers</translation>
+    </message>
+    <message>
+        <source>усі магазини</source>
+        <translation>all shops</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtGoods</name>
+    <message>
+        <source>Товар</source>
+        <translation>Goods item</translation>
+    </message>
+    <message>
+        <source>&amp;Код:</source>
+        <translation>&amp;Code:</translation>
+    </message>
+    <message>
+        <source>&amp;Назва товару:</source>
+        <translation>Item &amp;name:</translation>
+    </message>
+    <message>
+        <source>Ко&amp;ротка назва:</source>
+        <translation>Shor&amp;t name:</translation>
+    </message>
+    <message>
+        <source>&amp;Ціна:</source>
+        <translation>&amp;Price:</translation>
+    </message>
+    <message>
+        <source>&amp;Тип товару:</source>
+        <translation>Item t&amp;ype:</translation>
+    </message>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>&amp;Податкова група:</source>
+        <translation>Ta&amp;x group:</translation>
+    </message>
+    <message>
+        <source>Правил&amp;о:</source>
+        <translation>R&amp;ule:</translation>
+    </message>
+    <message>
+        <source>Оплата &amp;бонусами:</source>
+        <translation>Payment with &amp;bonuses:</translation>
+    </message>
+    <message>
+        <source>&amp;Знижка/Бонус:</source>
+        <translation>&amp;Discount/Bonus:</translation>
+    </message>
+    <message>
+        <source>Б&amp;локування:</source>
+        <translation>Bloc&amp;ked:</translation>
+    </message>
+    <message>
+        <source>Штри&amp;хкод:</source>
+        <translation>Ba&amp;rcode:</translation>
+    </message>
+    <message>
+        <source>13 цифр</source>
+        <translation>13 digits</translation>
+    </message>
+    <message>
+        <source>&amp;Додати</source>
+        <translation>&amp;Add</translation>
+    </message>
+    <message>
+        <source>Штрихкоди товару</source>
+        <translation>Barcodes of the goods item</translation>
+    </message>
+    <message>
+        <source>&amp;Видалити</source>
+        <translation>Re&amp;move</translation>
+    </message>
+    <message>
+        <source>Ціни &amp;магазинів:</source>
+        <translation>Shop pr&amp;ices:</translation>
+    </message>
+    <message>
+        <source>Додати ц&amp;іну</source>
+        <translation>Add pric&amp;e</translation>
+    </message>
+    <message>
+        <source>Видалити цін&amp;у</source>
+        <translation>Remo&amp;ve price</translation>
+    </message>
+    <message>
+        <source>Зб&amp;ерегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>Невідоме значення по замовчуванню для групи магазинів!</source>
+        <translation>Unknown default value for the shop group!</translation>
+    </message>
+    <message>
+        <source>Новий штрихкод повинен мати 13 цифр.</source>
+        <translation>A new barcode must have 13 digits.</translation>
+    </message>
+    <message>
+        <source>Такий штрихкод вже є у списку.</source>
+        <translation>This barcode is already in the list.</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Увага.</source>
+        <translation>Attention.</translation>
+    </message>
+    <message>
+        <source>Контрольна цифра штрихкоду %1 невірна. Додати його?</source>
+        <translation>The check digit of barcode %1 is wrong. Add it?</translation>
+    </message>
+    <message>
+        <source>Лише один товар групи може мати це правило.</source>
+        <translation>Only one goods item of a group can have this rule.</translation>
+    </message>
+    <message>
+        <source>Назва товару не може бути пустою</source>
+        <translation>The name of the goods item cannot be empty</translation>
+    </message>
+    <message>
+        <source>Ціна &quot;%1&quot; не є ціною від 0 до %2.</source>
+        <translation>Price: &quot;%1&quot; is not a price from 0 to %2.</translation>
+    </message>
+    <message>
+        <source>Товар повинен мати хоча б один штрихкод!</source>
+        <translation>A goods item must have at least one barcode!</translation>
+    </message>
+    <message>
+        <source>штрих код повинен місти 8 або 13 цифр</source>
+        <translation>a barcode must have 8 or 13 digits</translation>
+    </message>
+    <message>
+        <source>Штрихкод %1 ще не додано до списку: додайте або зітріть його.</source>
+        <translation>Barcode %1 is not in the list yet: add or erase it.</translation>
+    </message>
+    <message>
+        <source>Код товару повинен бути від 1 до %1.</source>
+        <translation>The code of the goods item must be from 1 to %1.</translation>
+    </message>
+    <message>
+        <source>Код товару не перевірено: сервер відповів помилкою.</source>
+        <translation>The code of the goods item is not checked: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>Товар №%1 вже є: &quot;%2&quot;.</source>
+        <translation>Goods item No. %1 already exists: &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Правило товару не перевірено: сервер відповів помилкою.</source>
+        <translation>The rule of the goods item is not checked: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>В групі</source>
+        <translation>In group</translation>
+    </message>
+    <message>
+        <source>з правилом</source>
+        <translation>with rule</translation>
+    </message>
+    <message>
+        <source> вже є товар №</source>
+        <translation> there is already goods item No. </translation>
+    </message>
+    <message>
+        <source>Згідно даного правила, в одній групі може бути тільки один товар з таким правилом</source>
+        <translation>By this rule, one group can have only one goods item with it</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtKass</name>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>&amp;Адреса магазину:</source>
+        <translation>Shop &amp;address:</translation>
+    </message>
+    <message>
+        <source>&amp;Шлюз магазину:</source>
+        <translation>Shop gate&amp;way:</translation>
+    </message>
+    <message>
+        <source>Не коректна ip адреса шлюзу;</source>
+        <translation>Incorrect IP address of the gateway;</translation>
+    </message>
+    <message>
+        <source>&amp;Рекламний рядок:</source>
+        <translation>Adve&amp;rtising line:</translation>
+    </message>
+    <message>
+        <source>&amp;Код CashDrive:</source>
+        <translation>CashDrive &amp;code:</translation>
+    </message>
+    <message>
+        <source>Редагування ша&amp;пки:</source>
+        <translation>&amp;Header editing:</translation>
+    </message>
+    <message>
+        <source>&amp;Блок:</source>
+        <translation>&amp;Blocked:</translation>
+    </message>
+    <message>
+        <source>&amp;Інформація блоку:</source>
+        <translation>Block &amp;information:</translation>
+    </message>
+    <message>
+        <source>&amp;Тип пристрою:</source>
+        <translation>Device &amp;type:</translation>
+    </message>
+    <message>
+        <source>&amp;Марка:</source>
+        <translation>Ma&amp;ke:</translation>
+    </message>
+    <message>
+        <source>Мо&amp;дель:</source>
+        <translation>&amp;Model:</translation>
+    </message>
+    <message>
+        <source>Серійний &amp;номер:</source>
+        <translation>Serial &amp;number:</translation>
+    </message>
+    <message>
+        <source>IP адре&amp;са:</source>
+        <translation>I&amp;P address:</translation>
+    </message>
+    <message>
+        <source>990.990.990.990</source>
+        <translation>990.990.990.990</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Не має доступних груп!</source>
+        <translation>No groups available!</translation>
+    </message>
+    <message>
+        <source>інше</source>
+        <translation>other</translation>
+    </message>
+    <message>
+        <source>Запис не знайдено в базі!</source>
+        <translation>The record is not found in the database!</translation>
+    </message>
+    <message>
+        <source>Рекламний рядок ідентифікації каси не може бути порожній!</source>
+        <translation>The advertising line that identifies the cash register cannot be empty!</translation>
+    </message>
+    <message>
+        <source>Адреса магазину не може бути порожня!</source>
+        <translation>The shop address cannot be empty!</translation>
+    </message>
+    <message>
+        <source>Код CashDrive повинен складатися з трьох цифр або бути порожнім!</source>
+        <translation>The CashDrive code must have three digits or be empty!</translation>
+    </message>
+    <message>
+        <source>Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!</source>
+        <translation>The advertising line that identifies the cash register must be unique within one shop!</translation>
+    </message>
+    <message>
+        <source>Код CashDrive повинен бути унікальним!</source>
+        <translation>The CashDrive code must be unique!</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtShop</name>
+    <message>
+        <source>&amp;Адреса магазину:</source>
+        <translation>Shop &amp;address:</translation>
+    </message>
+    <message>
+        <source>&amp;Назва магазину:</source>
+        <translation>Shop &amp;name:</translation>
+    </message>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>&amp;День оновлення:</source>
+        <translation>&amp;Update day:</translation>
+    </message>
+    <message>
+        <source>&amp;Тип магазину:</source>
+        <translation>Shop &amp;type:</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Склад</source>
+        <translation>Warehouse</translation>
+    </message>
+    <message>
+        <source>Офіс</source>
+        <translation>Office</translation>
+    </message>
+    <message>
+        <source>&amp;Цикл днів:</source>
+        <translation>&amp;Cycle in days:</translation>
+    </message>
+    <message>
+        <source>&amp;Шлюз:</source>
+        <translation>Gate&amp;way:</translation>
+    </message>
+    <message>
+        <source>990.990.990.990</source>
+        <translation>990.990.990.990</translation>
+    </message>
+    <message>
+        <source>Не коректна ip адреса шлюзу;</source>
+        <translation>Incorrect IP address of the gateway;</translation>
+    </message>
+    <message>
+        <source>&amp;Блок:</source>
+        <translation>&amp;Blocked:</translation>
+    </message>
+    <message>
+        <source>&amp;1 рядок заголовка чека:</source>
+        <translation>Receipt header line &amp;1:</translation>
+    </message>
+    <message>
+        <source>&amp;2 рядок заголовка чека:</source>
+        <translation>Receipt header line &amp;2:</translation>
+    </message>
+    <message>
+        <source>&amp;3 рядок заголовка чека:</source>
+        <translation>Receipt header line &amp;3:</translation>
+    </message>
+    <message>
+        <source>&amp;4 рядок заголовка чека:</source>
+        <translation>Receipt header line &amp;4:</translation>
+    </message>
+    <message>
+        <source>&amp;Перший рядок низу чека:</source>
+        <translation>&amp;First receipt footer line:</translation>
+    </message>
+    <message>
+        <source>Д&amp;ругий рядок низу чека:</source>
+        <translation>S&amp;econd receipt footer line:</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>Запис не знайдено в базі!</source>
+        <translation>The record is not found in the database!</translation>
+    </message>
+    <message>
+        <source>Адреса магазину не може бути пустою</source>
+        <translation>The shop address cannot be empty</translation>
+    </message>
+    <message>
+        <source>Група магазину не може бути пустою</source>
+        <translation>The shop group cannot be empty</translation>
+    </message>
+    <message>
+        <source>Адреса магазину вже існує в базі!</source>
+        <translation>The shop address already exists in the database!</translation>
+    </message>
+    <message>
+        <source>Шлюз %1 вже має інший магазин!</source>
+        <translation>Another shop already has the gateway %1!</translation>
     </message>
 </context>
 <context>
     <name>QChangPass</name>
     <message>
         <source>Зміна пароля</source>
-        <translation type="unfinished"></translation>
+        <translation>Password change</translation>
     </message>
     <message>
         <source>&amp;Поточний пароль:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Current password:</translation>
     </message>
     <message>
         <source>&amp;Новий пароль:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;New password:</translation>
     </message>
     <message>
         <source>Новий пароль &amp;ще раз:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Repeat new password:</translation>
     </message>
     <message>
         <source>&amp;Змінити</source>
-        <translation type="unfinished"></translation>
+        <translation>Chan&amp;ge</translation>
     </message>
     <message>
         <source>За&amp;крити</source>
-        <translation type="unfinished"></translation>
+        <translation>C&amp;lose</translation>
     </message>
     <message>
         <source>Попередження</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning</translation>
     </message>
     <message>
         <source>Помилка запиту</source>
-        <translation type="unfinished"></translation>
+        <translation>Query error</translation>
     </message>
     <message>
         <source>Нові паролі не співпадають!</source>
-        <translation type="unfinished"></translation>
+        <translation>The new passwords do not match!</translation>
     </message>
     <message>
         <source>Новий пароль не може бути пустим!</source>
-        <translation type="unfinished"></translation>
+        <translation>The new password cannot be empty!</translation>
     </message>
     <message>
         <source>Поточний пароль не вірний!</source>
-        <translation type="unfinished"></translation>
+        <translation>The current password is wrong!</translation>
     </message>
     <message>
         <source>Цей пароль використати не можна. Оберіть інший пароль.</source>
-        <translation type="unfinished"></translation>
+        <translation>This password cannot be used. Choose another password.</translation>
     </message>
 </context>
 <context>
@@ -113,954 +615,1715 @@
     <message>
         <source>Користувача не знайдено!
 Перезавантажте програму!</source>
-        <translation type="unfinished"></translation>
+        <translation>The user is not found!
+Restart the program!</translation>
     </message>
     <message>
         <source>Id параметру виходить за межі списку!</source>
-        <translation type="unfinished"></translation>
+        <translation>The parameter id is outside the list!</translation>
     </message>
     <message>
         <source>Користувача не знайдено!</source>
-        <translation type="unfinished"></translation>
+        <translation>The user is not found!</translation>
+    </message>
+</context>
+<context>
+    <name>QPayment</name>
+    <message>
+        <source>Оплата</source>
+        <translation>Payment</translation>
+    </message>
+    <message>
+        <source>сума по чеку:</source>
+        <translation>receipt total:</translation>
+    </message>
+    <message>
+        <source>0.00</source>
+        <translation>0.00</translation>
+    </message>
+    <message>
+        <source>знижка:</source>
+        <translation>discount:</translation>
+    </message>
+    <message>
+        <source>до оплати:</source>
+        <translation>to pay:</translation>
+    </message>
+    <message>
+        <source>оплачено:</source>
+        <translation>paid:</translation>
+    </message>
+    <message>
+        <source>&amp;готівкою:</source>
+        <translation>c&amp;ash:</translation>
+    </message>
+    <message>
+        <source>color: palette(button-text);</source>
+        <translation>color: palette(button-text);</translation>
+    </message>
+    <message>
+        <source>Залишок готівкою F5</source>
+        <translation>Rest in cash F5</translation>
+    </message>
+    <message>
+        <source>&amp;сертифікатом:</source>
+        <translation>&amp;certificate:</translation>
+    </message>
+    <message>
+        <source>Залишок сертифікатом F7</source>
+        <translation>Rest by certificate F7</translation>
+    </message>
+    <message>
+        <source>&amp;карткою:</source>
+        <translation>car&amp;d:</translation>
+    </message>
+    <message>
+        <source>Залишок карткою F6</source>
+        <translation>Rest by card F6</translation>
+    </message>
+    <message>
+        <source>Решта покупцеві</source>
+        <translation>Change for the customer</translation>
+    </message>
+    <message>
+        <source>&amp;отримано готівкою:</source>
+        <translation>cash &amp;received:</translation>
+    </message>
+    <message>
+        <source>решта:</source>
+        <translation>change:</translation>
+    </message>
+    <message>
+        <source>&amp;Внесення</source>
+        <translation>Cash &amp;in</translation>
+    </message>
+    <message>
+        <source>Ви&amp;лучення</source>
+        <translation>Cash &amp;out</translation>
+    </message>
+    <message>
+        <source>чеків &amp;продажу:</source>
+        <translation>&amp;sale receipts:</translation>
+    </message>
+    <message>
+        <source>чеків зі &amp;знижкою:</source>
+        <translation>disco&amp;unted receipts:</translation>
+    </message>
+    <message>
+        <source>&amp;анульованих чеків:</source>
+        <translation>&amp;voided receipts:</translation>
+    </message>
+    <message>
+        <source>анульованих по&amp;зицій:</source>
+        <translation>voided i&amp;tems:</translation>
+    </message>
+    <message>
+        <source>О&amp;платити</source>
+        <translation>&amp;Pay</translation>
+    </message>
+    <message>
+        <source>Скас&amp;увати</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>За&amp;крити</source>
+        <translation>Clos&amp;e</translation>
+    </message>
+    <message>
+        <source>Попередження!</source>
+        <translation>Warning!</translation>
+    </message>
+    <message>
+        <source>Сума до оплати повинна дорівнювати оплачено!</source>
+        <translation>The sum paid must equal the sum to pay!</translation>
+    </message>
+    <message>
+        <source>Отримано менше, ніж треба сплатити готівкою!</source>
+        <translation>Less cash was received than is to be paid in cash!</translation>
     </message>
 </context>
 <context>
     <name>QQestion</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
     <message>
         <source>ТАК [Enter]</source>
-        <translation type="unfinished"></translation>
+        <translation>YES [Enter]</translation>
     </message>
     <message>
         <source>ВІДМІНИТИ [Bakspace]</source>
-        <translation type="unfinished"></translation>
+        <translation>CANCEL [Backspace]</translation>
+    </message>
+</context>
+<context>
+    <name>QRegisterSale</name>
+    <message>
+        <source>Продаж</source>
+        <translation>Sale</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>&amp;Каса:</source>
+        <translation>&amp;Cash register:</translation>
+    </message>
+    <message>
+        <source>&amp;Дата:</source>
+        <translation>&amp;Date:</translation>
+    </message>
+    <message>
+        <source>П&amp;ріоритет ціни:</source>
+        <translation>Price priorit&amp;y:</translation>
+    </message>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Пошук по:</source>
+        <translation>Search by:</translation>
+    </message>
+    <message>
+        <source>&amp;штрихкоду</source>
+        <translation>&amp;barcode</translation>
+    </message>
+    <message>
+        <source>&amp;назві</source>
+        <translation>&amp;name</translation>
+    </message>
+    <message>
+        <source>&amp;Товар:</source>
+        <translation>&amp;Goods item:</translation>
+    </message>
+    <message>
+        <source>&amp;Ліміт</source>
+        <translation>&amp;Limit</translation>
+    </message>
+    <message>
+        <source>Товари магазину</source>
+        <translation>Goods of the shop</translation>
+    </message>
+    <message>
+        <source>Чек</source>
+        <translation>Receipt</translation>
+    </message>
+    <message>
+        <source>&amp;Видалити рядок</source>
+        <translation>Delete ro&amp;w</translation>
+    </message>
+    <message>
+        <source>&amp;Очистити чек</source>
+        <translation>Cle&amp;ar receipt</translation>
+    </message>
+    <message>
+        <source>сума</source>
+        <translation>amount</translation>
+    </message>
+    <message>
+        <source>&amp;Знижка:</source>
+        <translation>Disc&amp;ount:</translation>
+    </message>
+    <message>
+        <source>до оплати:</source>
+        <translation>to pay:</translation>
+    </message>
+    <message>
+        <source>0.00</source>
+        <translation>0.00</translation>
+    </message>
+    <message>
+        <source>Оплата F9</source>
+        <translation>Payment F9</translation>
+    </message>
+    <message>
+        <source>Немає магазину, в якому ви можете продавати.</source>
+        <translation>There is no shop in which you may sell.</translation>
+    </message>
+    <message>
+        <source>У магазині немає незаблокованої каси.</source>
+        <translation>The shop has no cash register that is not blocked.</translation>
+    </message>
+    <message>
+        <source>Стан зміни невідомий.</source>
+        <translation>The state of the shift is unknown.</translation>
+    </message>
+    <message>
+        <source>Зміна буде відкрита першим чеком.</source>
+        <translation>The first receipt will open the shift.</translation>
+    </message>
+    <message>
+        <source>Зміна № %1 відкрита.</source>
+        <translation>Shift No. %1 is open.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 відкрив інший користувач: %2</source>
+        <translation>Shift No. %1 was opened by another user: %2</translation>
+    </message>
+    <message>
+        <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
+        <translation>View only: selling needs full permission.</translation>
+    </message>
+    <message>
+        <source>Магазин зайнятий!</source>
+        <translation>The shop is busy!</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин і касу.</source>
+        <translation>Choose a shop and a cash register.</translation>
+    </message>
+    <message>
+        <source>Чек № %1 записано.</source>
+        <translation>Receipt No. %1 is recorded.</translation>
+    </message>
+    <message>
+        <source>Очистити чек?</source>
+        <translation>Clear the receipt?</translation>
+    </message>
+    <message>
+        <source>У чеку є товари, чек ще не оплачено.
+Очистити його?</source>
+        <translation>The receipt has goods and is not paid yet.
+Clear it?</translation>
+    </message>
+    <message>
+        <source>Пошук…</source>
+        <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Список не прочитано: сервер відповів помилкою.</source>
+        <translation>The list is not read: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>У магазині немає товарів для продажу.</source>
+        <translation>The shop has no goods for sale.</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не знайдено.</source>
+        <translation>Nothing matches these conditions.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не знайдено.</source>
+        <translation>Goods item “%1” is not found.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не має ціни.</source>
+        <translation>Goods item “%1” has no price.</translation>
+    </message>
+    <message>
+        <source>Попередження!</source>
+        <translation>Warning!</translation>
+    </message>
+    <message>
+        <source>Не достатньо товару для продажу!</source>
+        <translation>Not enough stock for the sale!</translation>
+    </message>
+    <message>
+        <source>«%1» не є кількістю.</source>
+        <translation>“%1” is not a quantity.</translation>
+    </message>
+    <message>
+        <source>Кількість штучного товару — ціле число від 1.</source>
+        <translation>The quantity of a piece item is a whole number from 1.</translation>
+    </message>
+    <message>
+        <source>Кількість повинна бути більша за нуль.</source>
+        <translation>The quantity must be greater than zero.</translation>
+    </message>
+    <message>
+        <source>код</source>
+        <translation>code</translation>
+    </message>
+    <message>
+        <source>штрихкод</source>
+        <translation>barcode</translation>
+    </message>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>ціна</source>
+        <translation>price</translation>
+    </message>
+    <message>
+        <source>акція</source>
+        <translation>promotion</translation>
+    </message>
+    <message>
+        <source>Чек порожній. Скануйте товар або знайдіть його та натисніть Enter.</source>
+        <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
+    </message>
+    <message>
+        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, F9 payment, Esc clears</translation>
+    </message>
+</context>
+<context>
+    <name>QReports</name>
+    <message>
+        <source>Чеки</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Z - Звіти</source>
+        <translation>Z-reports</translation>
+    </message>
+    <message>
+        <source>Звіт по товарах</source>
+        <translation>Goods report</translation>
+    </message>
+    <message>
+        <source>Статистика OnLine</source>
+        <translation>On-line statistics</translation>
     </message>
 </context>
 <context>
     <name>QSelUser</name>
     <message>
         <source>Введіть дані користувача</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter user data</translation>
     </message>
     <message>
         <source>&amp;Користувач:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;User:</translation>
     </message>
     <message>
         <source>&amp;Пароль або картка:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Password or card:</translation>
     </message>
     <message>
         <source>Вхід к&amp;арткою</source>
-        <translation type="unfinished"></translation>
+        <translation>Log in by c&amp;ard</translation>
     </message>
     <message>
         <source>&amp;Запам&apos;ятати</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Remember</translation>
     </message>
     <message>
         <source>&amp;OK</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;OK</translation>
     </message>
     <message>
         <source>&amp;Відмінити</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Cancel</translation>
     </message>
     <message>
         <source>Не вдалося записати файл налаштувань:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>The settings file could not be written:
+%1</translation>
     </message>
     <message>
         <source>Попередження</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning</translation>
     </message>
     <message>
         <source>Імя користувача не може бути пустим</source>
-        <translation type="unfinished"></translation>
+        <translation>The user name cannot be empty</translation>
     </message>
     <message>
         <source>Невірний ідентифікатор</source>
-        <translation type="unfinished"></translation>
+        <translation>Wrong identifier</translation>
     </message>
 </context>
 <context>
     <name>QTab</name>
     <message>
         <source>Помилка при запиті отримання максимального розміру поля</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when asking for the maximum size of field</translation>
     </message>
     <message>
         <source>в таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>in table</translation>
     </message>
     <message>
         <source>Помилка запиту.</source>
-        <translation type="unfinished"></translation>
+        <translation>Query error.</translation>
     </message>
     <message>
         <source>Список не прочитано: сервер відповів помилкою.</source>
-        <translation type="unfinished"></translation>
+        <translation>The list is not read: the server answered with an error.</translation>
     </message>
     <message>
         <source>Пошук…</source>
-        <translation type="unfinished"></translation>
+        <translation>Searching…</translation>
     </message>
     <message>
         <source>Записів ще немає.</source>
-        <translation type="unfinished"></translation>
+        <translation>No records yet.</translation>
     </message>
     <message>
         <source>За цими умовами нічого не знайдено.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nothing matches these conditions.</translation>
     </message>
     <message>
         <source>Записів: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Records: %1</translation>
     </message>
     <message>
         <source>Повне оновлення таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Full refresh of the table</translation>
     </message>
     <message>
         <source>Оновлення одного запису id=</source>
-        <translation type="unfinished"></translation>
+        <translation>Refresh of one record id=</translation>
     </message>
     <message>
         <source>Помилка при зчитуванні запису.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when reading the record.</translation>
     </message>
     <message>
         <source>Запис не знайдено в базі!</source>
-        <translation type="unfinished"></translation>
+        <translation>The record is not found in the database!</translation>
     </message>
     <message>
         <source>Зміни не внесені, відмінено користувачем!</source>
-        <translation type="unfinished"></translation>
+        <translation>No changes made, cancelled by the user!</translation>
     </message>
     <message>
         <source>Запис не додано, відмінено користувачем!</source>
-        <translation type="unfinished"></translation>
+        <translation>The record is not added, cancelled by the user!</translation>
     </message>
 </context>
 <context>
     <name>QTabDelegate</name>
     <message>
         <source>Назва</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Код</source>
-        <translation type="unfinished"></translation>
+        <translation>Code</translation>
     </message>
     <message>
         <source>Поле не може бути пустим.</source>
-        <translation type="unfinished"></translation>
+        <translation>The field cannot be empty.</translation>
     </message>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Такий запис вже існує в базі!</source>
-        <translation type="unfinished"></translation>
+        <translation>This record already exists in the database!</translation>
     </message>
     <message>
         <source>Помилка оновлення запису.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when updating the record.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabGoods</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Назва товару</source>
+        <translation>Name of the goods item</translation>
+    </message>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Тип товару</source>
+        <translation>Item type</translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Податкова група</source>
+        <translation>Tax group</translation>
+    </message>
+    <message>
+        <source>Знижка/Бонус</source>
+        <translation>Discount/Bonus</translation>
+    </message>
+    <message>
+        <source>Блокування</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>Всі групи</source>
+        <translation>All groups</translation>
+    </message>
+    <message>
+        <source>Помилка при зчитуванні запису.</source>
+        <translation>Error when reading the record.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabGoodsFilter</name>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Штрихкод, назва або код товару</source>
+        <translation>Barcode, name or code of a goods item</translation>
+    </message>
+    <message>
+        <source>Групувати по &amp;коду</source>
+        <translation>Group by &amp;code</translation>
+    </message>
+</context>
+<context>
+    <name>QTabGoodsShops</name>
+    <message>
+        <source>Назва магазину</source>
+        <translation>Shop name</translation>
+    </message>
+    <message>
+        <source>Назва товару</source>
+        <translation>Name of the goods item</translation>
+    </message>
+    <message>
+        <source>Кількість в торговому залі</source>
+        <translation>Quantity on the sales floor</translation>
+    </message>
+    <message>
+        <source>Кількість на складі</source>
+        <translation>Quantity in stock</translation>
+    </message>
+    <message>
+        <source>Всі магазини</source>
+        <translation>All shops</translation>
+    </message>
+</context>
+<context>
+    <name>QTabGoodsShopsFilter</name>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Назва товару або магазину</source>
+        <translation>Name of a goods item or a shop</translation>
+    </message>
+</context>
+<context>
+    <name>QTabKass</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Адреса магазину</source>
+        <translation>Shop address</translation>
+    </message>
+    <message>
+        <source>Рекламний рядок</source>
+        <translation>Advertising line</translation>
+    </message>
+    <message>
+        <source>IP адреса</source>
+        <translation>IP address</translation>
+    </message>
+    <message>
+        <source>Тип пристрою</source>
+        <translation>Device type</translation>
+    </message>
+    <message>
+        <source>Блок</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>Усі групи</source>
+        <translation>All groups</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+</context>
+<context>
+    <name>QTabKassFilter</name>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Адреса магазину</source>
+        <translation>Shop address</translation>
+    </message>
+</context>
+<context>
+    <name>QTabShops</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Адреса магазину</source>
+        <translation>Shop address</translation>
+    </message>
+    <message>
+        <source>Назва магазину</source>
+        <translation>Shop name</translation>
+    </message>
+    <message>
+        <source>Шлюз</source>
+        <translation>Gateway</translation>
+    </message>
+    <message>
+        <source>Блок</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>Усі групи</source>
+        <translation>All groups</translation>
+    </message>
+</context>
+<context>
+    <name>QTabShopsFilter</name>
+    <message>
+        <source>&amp;Група:</source>
+        <translation>&amp;Group:</translation>
+    </message>
+    <message>
+        <source>&amp;Стан:</source>
+        <translation>&amp;State:</translation>
+    </message>
+    <message>
+        <source>Показати всі</source>
+        <translation>Show all</translation>
+    </message>
+    <message>
+        <source>Показати діючі</source>
+        <translation>Show active</translation>
+    </message>
+    <message>
+        <source>Показати заблоковані</source>
+        <translation>Show blocked</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Адреса або назва магазину</source>
+        <translation>Address or name of a shop</translation>
     </message>
 </context>
 <context>
     <name>QTableBase</name>
     <message>
         <source>Помилка створення таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when creating table</translation>
     </message>
     <message>
         <source>Помилка запиту:</source>
-        <translation type="unfinished"></translation>
+        <translation>Query error:</translation>
     </message>
     <message>
         <source>Зачекайте. Створюються таблиці.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wait. The tables are being created.</translation>
     </message>
     <message>
         <source>Перезавантажте програму!</source>
-        <translation type="unfinished"></translation>
+        <translation>Restart the program!</translation>
     </message>
     <message>
         <source>Помилка ініціалізації таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when initialising table</translation>
     </message>
     <message>
         <source>&apos;Ні&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;No&apos;</translation>
     </message>
     <message>
         <source>&apos;Так&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;Yes&apos;</translation>
     </message>
     <message>
         <source>&apos;Знижка&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;Discount&apos;</translation>
     </message>
     <message>
         <source>&apos;Бонус&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;Bonus&apos;</translation>
     </message>
     <message>
         <source>&apos;Ваговий&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;By weight&apos;</translation>
     </message>
     <message>
         <source>&apos;Штучний&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;By piece&apos;</translation>
     </message>
     <message>
         <source>Магазини</source>
-        <translation type="unfinished"></translation>
+        <translation>Shops</translation>
     </message>
     <message>
         <source>Обладнання</source>
-        <translation type="unfinished"></translation>
+        <translation>Equipment</translation>
     </message>
     <message>
         <source>Групи магазинів</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop groups</translation>
     </message>
     <message>
         <source>Товари</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods</translation>
     </message>
     <message>
         <source>Групи товарів</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods groups</translation>
     </message>
     <message>
         <source>Товари магазинів</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods in shops</translation>
     </message>
     <message>
         <source>Клієнти</source>
-        <translation type="unfinished"></translation>
+        <translation>Clients</translation>
     </message>
     <message>
         <source>Знижки</source>
-        <translation type="unfinished"></translation>
+        <translation>Discounts</translation>
     </message>
     <message>
         <source>Акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Promotions</translation>
     </message>
     <message>
         <source>Транзакції</source>
-        <translation type="unfinished"></translation>
+        <translation>Transactions</translation>
     </message>
     <message>
         <source>Типи транзакцій</source>
-        <translation type="unfinished"></translation>
+        <translation>Transaction types</translation>
     </message>
     <message>
         <source>Зміни</source>
-        <translation type="unfinished"></translation>
+        <translation>Shifts</translation>
     </message>
     <message>
         <source>Службові операції</source>
-        <translation type="unfinished"></translation>
+        <translation>Service operations</translation>
     </message>
     <message>
         <source>Дні оновлення</source>
-        <translation type="unfinished"></translation>
+        <translation>Update days</translation>
     </message>
     <message>
         <source>Податкові групи</source>
-        <translation type="unfinished"></translation>
+        <translation>Tax groups</translation>
     </message>
     <message>
         <source>Пристрої</source>
-        <translation type="unfinished"></translation>
+        <translation>Devices</translation>
     </message>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Видалення заборонене!!!</source>
-        <translation type="unfinished"></translation>
+        <translation>Deletion is forbidden!!!</translation>
     </message>
     <message>
         <source>Помилка отримання кількості записів у таблиц</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when counting the records of table</translation>
     </message>
     <message>
         <source>Помилка отримання кількості змінених / оновлених записів</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when counting the changed / updated records</translation>
     </message>
     <message>
         <source>В таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>In table</translation>
     </message>
     <message>
         <source> виконано:</source>
-        <translation type="unfinished"></translation>
+        <translation> done:</translation>
     </message>
     <message>
         <source> записів:</source>
-        <translation type="unfinished"></translation>
+        <translation> records:</translation>
     </message>
 </context>
 <context>
     <name>QUpdateBD</name>
     <message>
         <source>Немає даних після запиту</source>
-        <translation type="unfinished"></translation>
+        <translation>No data after the query</translation>
     </message>
     <message>
         <source>Створіть таблиці та перезапустіть програму.Не знайдено таблицю</source>
-        <translation type="unfinished"></translation>
+        <translation>Create the tables and restart the program. Table not found:</translation>
     </message>
     <message>
         <source>Помилка оновлення запису в таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when updating a record in table</translation>
     </message>
     <message>
         <source>Помилка запиту на здійснене оновленя таблиці.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error in the query for the last update of the table.</translation>
+    </message>
+</context>
+<context>
+    <name>RangeSelector</name>
+    <message>
+        <source>по &amp;змінах</source>
+        <translation>&amp;by shifts</translation>
+    </message>
+    <message>
+        <source>&amp;від</source>
+        <translation>&amp;from</translation>
+    </message>
+    <message>
+        <source>д&amp;о</source>
+        <translation>t&amp;o</translation>
+    </message>
+    <message>
+        <source>Проміжок днів</source>
+        <translation>Range of days</translation>
+    </message>
+    <message>
+        <source>&amp;з</source>
+        <translation>d&amp;ate from</translation>
+    </message>
+    <message>
+        <source>&amp;по</source>
+        <translation>&amp;date to</translation>
+    </message>
+    <message>
+        <source>Дні…</source>
+        <translation>Days…</translation>
+    </message>
+    <message>
+        <source>Сьогодні</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>Вчора</source>
+        <translation>Yesterday</translation>
+    </message>
+    <message>
+        <source>Цей тиждень</source>
+        <translation>This week</translation>
+    </message>
+    <message>
+        <source>Останні 7 днів</source>
+        <translation>Last 7 days</translation>
+    </message>
+    <message>
+        <source>Цей місяць</source>
+        <translation>This month</translation>
+    </message>
+    <message>
+        <source>Минулий місяць</source>
+        <translation>Last month</translation>
+    </message>
+    <message>
+        <source>Введіть номери змін: від і до.</source>
+        <translation>Enter the shift numbers: from and to.</translation>
+    </message>
+    <message>
+        <source>Початковий номер зміни більший за кінцевий.</source>
+        <translation>The first shift number is greater than the last one.</translation>
+    </message>
+    <message>
+        <source>Початкова дата пізніша за кінцеву.</source>
+        <translation>The first date is later than the last one.</translation>
+    </message>
+    <message>
+        <source>зміни %1 – %2</source>
+        <translation>shifts %1 – %2</translation>
+    </message>
+</context>
+<context>
+    <name>Receipt</name>
+    <message>
+        <source>Кількість товару «%1» повинна бути більша за нуль.</source>
+        <translation>The quantity of goods item “%1” must be greater than zero.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» продається цілими одиницями.</source>
+        <translation>Goods item “%1” is sold in whole units.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не має ціни.</source>
+        <translation>Goods item “%1” has no price.</translation>
+    </message>
+    <message>
+        <source>Вартість товару «%1» завелика для одного чека.</source>
+        <translation>The value of goods item “%1” is too large for one receipt.</translation>
+    </message>
+    <message>
+        <source>У чеку немає товарів.</source>
+        <translation>The receipt has no goods.</translation>
+    </message>
+    <message>
+        <source>Сума завелика для одного чека.</source>
+        <translation>The total is too large for one receipt.</translation>
+    </message>
+    <message>
+        <source>Знижка більша за суму чека.</source>
+        <translation>The discount is greater than the receipt total.</translation>
+    </message>
+    <message>
+        <source>Знижка більша за вартість товарів, на які вона дозволена.</source>
+        <translation>The discount is greater than the value of the goods for which it is allowed.</translation>
+    </message>
+</context>
+<context>
+    <name>ReceiptModel</name>
+    <message>
+        <source> код </source>
+        <translation> code </translation>
+    </message>
+    <message>
+        <source>   штрихкод   </source>
+        <translation>   barcode   </translation>
+    </message>
+    <message>
+        <source>        назва        </source>
+        <translation>        name        </translation>
+    </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>кількість</source>
+        <translation>quantity</translation>
+    </message>
+    <message>
+        <source>акція</source>
+        <translation>promotion</translation>
+    </message>
+    <message>
+        <source>  ціна  </source>
+        <translation>  price  </translation>
+    </message>
+    <message>
+        <source>  вартість  </source>
+        <translation>  value  </translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+</context>
+<context>
+    <name>ReportWindow</name>
+    <message>
+        <source>Завантаження…</source>
+        <translation>Loading…</translation>
+    </message>
+    <message>
+        <source>Завантаження зупинено.</source>
+        <translation>Loading stopped.</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Не завантажено: сервер відповів помилкою.</source>
+        <translation>Not loaded: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>немає даних</source>
+        <translation>no data</translation>
+    </message>
+    <message>
+        <source>Рядків: %1, час: %2 с</source>
+        <translation>Rows: %1, time: %2 s</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
     </message>
 </context>
 <context>
     <name>Screenshots</name>
     <message>
         <source>Ви впевнені?</source>
-        <translation type="unfinished"></translation>
+        <translation>Are you sure?</translation>
     </message>
     <message>
         <source>Невірні налаштування
 можуть пошкодити дані в базі!</source>
-        <translation type="unfinished"></translation>
+        <translation>Wrong settings
+can damage the data in the database!</translation>
     </message>
 </context>
 <context>
     <name>Veltab</name>
     <message>
         <source>Veltab  База:</source>
-        <translation type="unfinished"></translation>
+        <translation>Veltab  Database:</translation>
     </message>
     <message>
         <source>&amp;Увійти…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Log in…</translation>
     </message>
     <message>
         <source>&amp;Підключитись знову</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Connect again</translation>
     </message>
     <message>
         <source>&amp;Налаштування…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Settings…</translation>
     </message>
     <message>
         <source>Упр&amp;авління</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Management</translation>
     </message>
     <message>
         <source>&amp;Таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Tables</translation>
     </message>
     <message>
         <source>&amp;Звіти</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Reports</translation>
     </message>
     <message>
         <source>&amp;Обмін</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;xchange</translation>
     </message>
     <message>
         <source>&amp;Правка</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Edit</translation>
     </message>
     <message>
         <source>&amp;Експорт</source>
-        <translation type="unfinished"></translation>
+        <translation>Ex&amp;port</translation>
     </message>
     <message>
         <source>&amp;Імпорт</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Import</translation>
     </message>
     <message>
         <source>&amp;Користувачі</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Users</translation>
     </message>
     <message>
         <source>&amp;Сервіс</source>
-        <translation type="unfinished"></translation>
+        <translation>Ser&amp;vice</translation>
     </message>
     <message>
         <source>&amp;Довідка</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Help</translation>
     </message>
     <message>
         <source>Пр&amp;одаж, прийом, переміщення</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Sale, goods in, transfer</translation>
     </message>
     <message>
         <source>Управління &amp;товарами</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Goods management</translation>
     </message>
     <message>
         <source>&amp;Фінанси</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Finance</translation>
     </message>
     <message>
         <source>Управління &amp;акціями</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Promotion management</translation>
     </message>
     <message>
         <source>&amp;Магазини</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Shops</translation>
     </message>
     <message>
         <source>&amp;Обладнання</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Equipment</translation>
     </message>
     <message>
         <source>&amp;Пристрої</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Devices</translation>
     </message>
     <message>
         <source>Групи м&amp;агазинів</source>
-        <translation type="unfinished"></translation>
+        <translation>Sh&amp;op groups</translation>
     </message>
     <message>
         <source>&amp;Товари</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Goods</translation>
     </message>
     <message>
         <source>&amp;Групи товарів</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods gro&amp;ups</translation>
     </message>
     <message>
         <source>Товари магазин&amp;ів</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods i&amp;n shops</translation>
     </message>
     <message>
         <source>&amp;Клієнти</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Clients</translation>
     </message>
     <message>
         <source>&amp;Знижки</source>
-        <translation type="unfinished"></translation>
+        <translation>D&amp;iscounts</translation>
     </message>
     <message>
         <source>Ак&amp;ції</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Promotions</translation>
     </message>
     <message>
         <source>Т&amp;ранзакції</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Transactions</translation>
     </message>
     <message>
         <source>Т&amp;ипи транзакцій</source>
-        <translation type="unfinished"></translation>
+        <translation>T&amp;ransaction types</translation>
     </message>
     <message>
         <source>&amp;Зміни</source>
-        <translation type="unfinished"></translation>
+        <translation>Shi&amp;fts</translation>
     </message>
     <message>
         <source>&amp;Службові операції</source>
-        <translation type="unfinished"></translation>
+        <translation>Ser&amp;vice operations</translation>
     </message>
     <message>
         <source>&amp;Дні оновлення</source>
-        <translation type="unfinished"></translation>
+        <translation>Update da&amp;ys</translation>
     </message>
     <message>
         <source>Подат&amp;кові групи</source>
-        <translation type="unfinished"></translation>
+        <translation>Ta&amp;x groups</translation>
     </message>
     <message>
         <source>&amp;Чеки</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Receipts</translation>
     </message>
     <message>
         <source>&amp;Z-звіти</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Z-reports</translation>
     </message>
     <message>
         <source>&amp;Артикульний звіт</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Goods report</translation>
     </message>
     <message>
         <source>&amp;Статистика онлайн</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;On-line statistics</translation>
     </message>
     <message>
         <source>&amp;Автодозвін</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Auto-dial</translation>
     </message>
     <message>
         <source>&amp;Імпорт клієнтів</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Import of clients</translation>
     </message>
     <message>
         <source>&amp;Команди</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Commands</translation>
     </message>
     <message>
         <source>&amp;Додати</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Add</translation>
     </message>
     <message>
         <source>&amp;Редагувати</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Edit</translation>
     </message>
     <message>
         <source>&amp;Видалити</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Delete</translation>
     </message>
     <message>
         <source>&amp;CSV</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;CSV</translation>
     </message>
     <message>
         <source>CSV &amp;UTF-8</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV &amp;UTF-8</translation>
     </message>
     <message>
         <source>CSV &amp;Windows-1251</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV &amp;Windows-1251</translation>
     </message>
     <message>
         <source>CSV UTF-8, &amp;табуляція</source>
-        <translation type="unfinished"></translation>
+        <translation>CSV UTF-8, &amp;tabs</translation>
     </message>
     <message>
         <source>&amp;Змінити пароль…</source>
-        <translation type="unfinished"></translation>
+        <translation>Change &amp;password…</translation>
     </message>
     <message>
         <source>&amp;Групи прав</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission &amp;groups</translation>
     </message>
     <message>
         <source>&amp;Вихід</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;xit</translation>
     </message>
     <message>
         <source>&amp;Підключитись до бази</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Connect to the database</translation>
     </message>
     <message>
         <source>&amp;Створити таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Create &amp;tables</translation>
     </message>
     <message>
         <source>&amp;Імпорт з попередньої версії</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Import from the previous version</translation>
     </message>
     <message>
         <source>&amp;Про програму</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;About</translation>
     </message>
     <message>
         <source>Помилка з&apos;єднання з БД.</source>
-        <translation type="unfinished"></translation>
+        <translation>Database connection error.</translation>
     </message>
     <message>
         <source>Підключення до бази даних на %1:%2</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecting to the database at %1:%2</translation>
     </message>
     <message>
         <source>Зєднання з БД всановлено.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connected to the database.</translation>
     </message>
     <message>
         <source>Не вдалося створити базу даних.</source>
-        <translation type="unfinished"></translation>
+        <translation>The database could not be created.</translation>
     </message>
     <message>
         <source>File:</source>
-        <translation type="unfinished"></translation>
+        <translation>File:</translation>
     </message>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Немає зв&apos;язку з базою даних. Перевірте налаштування або мережу і підключіться знову.</source>
-        <translation type="unfinished"></translation>
+        <translation>No connection to the database. Check the settings or the network and connect again.</translation>
     </message>
     <message>
         <source>Таблиці не створено. Перевірте права користувача бази і підключіться знову.</source>
-        <translation type="unfinished"></translation>
+        <translation>The tables are not created. Check the rights of the database user and connect again.</translation>
     </message>
     <message>
         <source>На сервері немає бази даних «%1».
 Створити її та таблиці програми?</source>
-        <translation type="unfinished"></translation>
+        <translation>The server has no database “%1”.
+Create it and the tables of the program?</translation>
     </message>
     <message>
         <source>У базі даних «%1» немає таблиць програми.
 Створити таблиці?</source>
-        <translation type="unfinished"></translation>
+        <translation>The database “%1” has no tables of the program.
+Create the tables?</translation>
     </message>
     <message>
         <source>Створити?</source>
-        <translation type="unfinished"></translation>
+        <translation>Create?</translation>
     </message>
     <message>
         <source>База даних не готова: таблиць програми немає.</source>
-        <translation type="unfinished"></translation>
+        <translation>The database is not ready: it has no tables of the program.</translation>
     </message>
     <message>
         <source>Зачекайте. Створюються таблиці.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wait. The tables are being created.</translation>
     </message>
     <message>
         <source>Перед входом закрийте всі вкладки!</source>
-        <translation type="unfinished"></translation>
+        <translation>Close all tabs before logging in!</translation>
     </message>
     <message>
         <source>Користувач не увійшов.</source>
-        <translation type="unfinished"></translation>
+        <translation>No user is logged in.</translation>
     </message>
     <message>
         <source>Користувач</source>
-        <translation type="unfinished"></translation>
+        <translation>User</translation>
     </message>
     <message>
         <source>У вас немає доступу до бекофісу.</source>
-        <translation type="unfinished"></translation>
+        <translation>You have no access to the back office.</translation>
     </message>
     <message>
         <source>Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову.</source>
-        <translation type="unfinished"></translation>
+        <translation>The new database settings will take effect when you close all tabs and log in again.</translation>
     </message>
     <message>
         <source>Ви впевнені?</source>
-        <translation type="unfinished"></translation>
+        <translation>Are you sure?</translation>
     </message>
     <message>
         <source>Невірні налаштування
 можуть пошкодити дані в базі!</source>
-        <translation type="unfinished"></translation>
+        <translation>Wrong settings
+can damage the data in the database!</translation>
     </message>
     <message>
         <source>Вкладки</source>
-        <translation type="unfinished"></translation>
+        <translation>Tabs</translation>
     </message>
     <message>
         <source>Продаж</source>
-        <translation type="unfinished"></translation>
+        <translation>Sale</translation>
     </message>
     <message>
         <source>Про програму</source>
-        <translation type="unfinished"></translation>
+        <translation>About the program</translation>
     </message>
     <message>
         <source>Версія:</source>
-        <translation type="unfinished"></translation>
+        <translation>Version:</translation>
     </message>
     <message>
         <source>Зібрано у версії Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>Built with Qt version</translation>
     </message>
     <message>
         <source>Розробник:</source>
-        <translation type="unfinished"></translation>
+        <translation>Developer:</translation>
     </message>
     <message>
         <source>команда Veltab, підтримка у вашому головному офісі</source>
-        <translation type="unfinished"></translation>
+        <translation>the Veltab team, support at your head office</translation>
     </message>
     <message>
         <source>Перед виходом, закрийте всі вкладки!</source>
-        <translation type="unfinished"></translation>
+        <translation>Close all tabs before exiting!</translation>
     </message>
     <message>
         <source>ПРОГРАМА ОНОВЛЕНА
 ДО ВЕРСІЇ
 3. 0. 0. 17</source>
-        <translation type="unfinished"></translation>
+        <translation>THE PROGRAM IS UPDATED
+TO VERSION
+3. 0. 0. 17</translation>
+    </message>
+    <message>
+        <source>Закрити в&amp;кладку</source>
+        <translation>&amp;Close tab</translation>
     </message>
 </context>
 <context>
     <name>connection</name>
     <message>
         <source>Помилка запиту:</source>
-        <translation type="unfinished"></translation>
+        <translation>Query error:</translation>
     </message>
     <message>
         <source>Сервер не дозволив сеансове налаштування:</source>
-        <translation type="unfinished"></translation>
+        <translation>The server refused a session setting:</translation>
     </message>
     <message>
         <source>Помилка з&apos;єднання з БД.</source>
-        <translation type="unfinished"></translation>
+        <translation>Database connection error.</translation>
     </message>
 </context>
 <context>
     <name>setting</name>
     <message>
         <source>Налаштування</source>
-        <translation type="unfinished"></translation>
+        <translation>Settings</translation>
     </message>
     <message>
         <source>База дани&amp;х</source>
-        <translation type="unfinished"></translation>
+        <translation>Da&amp;tabase</translation>
     </message>
     <message>
         <source>&amp;Сервер:</source>
-        <translation type="unfinished"></translation>
+        <translation>Se&amp;rver:</translation>
     </message>
     <message>
         <source>&amp;Порт:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Port:</translation>
     </message>
     <message>
         <source>Ім&apos;я &amp;користувача:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;User name:</translation>
     </message>
     <message>
         <source>П&amp;ароль:</source>
-        <translation type="unfinished"></translation>
+        <translation>Pass&amp;word:</translation>
     </message>
     <message>
         <source>&amp;База даних:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Database:</translation>
     </message>
     <message>
         <source>&amp;Драйвер:</source>
-        <translation type="unfinished"></translation>
+        <translation>Dri&amp;ver:</translation>
     </message>
     <message>
         <source>QDB2</source>
-        <translation type="unfinished"></translation>
+        <translation>QDB2</translation>
     </message>
     <message>
         <source>QIBASE</source>
-        <translation type="unfinished"></translation>
+        <translation>QIBASE</translation>
     </message>
     <message>
         <source>QMYSQL</source>
-        <translation type="unfinished"></translation>
+        <translation>QMYSQL</translation>
     </message>
     <message>
         <source>QOCI</source>
-        <translation type="unfinished"></translation>
+        <translation>QOCI</translation>
     </message>
     <message>
         <source>QODBC</source>
-        <translation type="unfinished"></translation>
+        <translation>QODBC</translation>
     </message>
     <message>
         <source>QPSQL</source>
-        <translation type="unfinished"></translation>
+        <translation>QPSQL</translation>
     </message>
     <message>
         <source>QSQLITE</source>
-        <translation type="unfinished"></translation>
+        <translation>QSQLITE</translation>
     </message>
     <message>
         <source>QSQLITE2</source>
-        <translation type="unfinished"></translation>
+        <translation>QSQLITE2</translation>
     </message>
     <message>
         <source>QTDS</source>
-        <translation type="unfinished"></translation>
+        <translation>QTDS</translation>
     </message>
     <message>
         <source>Інтер&amp;фейс</source>
-        <translation type="unfinished"></translation>
+        <translation>Inter&amp;face</translation>
     </message>
     <message>
         <source>Файл &amp;мови:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Language file:</translation>
     </message>
     <message>
         <source>&amp;Вибрати…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Browse…</translation>
     </message>
     <message>
         <source>Вибрати файл мови</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the language file</translation>
     </message>
     <message>
         <source>С&amp;тиль:</source>
-        <translation type="unfinished"></translation>
+        <translation>St&amp;yle:</translation>
     </message>
     <message>
         <source>Кількість &amp;повідомлень:</source>
-        <translation type="unfinished"></translation>
+        <translation>Number of &amp;messages:</translation>
     </message>
     <message>
         <source>Префікс &amp;картки користувача:</source>
-        <translation type="unfinished"></translation>
+        <translation>User &amp;card prefix:</translation>
     </message>
     <message>
         <source>Зовні&amp;шні програми</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;xternal programs</translation>
     </message>
     <message>
         <source>Замість [{IP}] у параметрах буде підставлено IP адресу магазину або каси.</source>
-        <translation type="unfinished"></translation>
+        <translation>[{IP}] in the parameters is replaced by the IP address of the shop or cash register.</translation>
     </message>
     <message>
         <source>&amp;Тип пристрою для прикладу:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Device type for the example:</translation>
     </message>
     <message>
         <source>Відеосервер Avtech</source>
-        <translation type="unfinished"></translation>
+        <translation>Avtech video server</translation>
     </message>
     <message>
         <source>NAS-PC</source>
-        <translation type="unfinished"></translation>
+        <translation>NAS-PC</translation>
     </message>
     <message>
         <source>NVR-Hikvision</source>
-        <translation type="unfinished"></translation>
+        <translation>NVR-Hikvision</translation>
     </message>
     <message>
         <source>інше</source>
-        <translation type="unfinished"></translation>
+        <translation>other</translation>
     </message>
     <message>
         <source>Магазин, права кнопка миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop, right mouse button</translation>
     </message>
     <message>
         <source>Програма &amp;1:</source>
-        <translation type="unfinished"></translation>
+        <translation>Program &amp;1:</translation>
     </message>
     <message>
         <source>Вибрати програму: Магазин, права кнопка миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the program: Shop, right mouse button</translation>
     </message>
     <message>
         <source>Параметри &amp;4:</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameters &amp;4:</translation>
     </message>
     <message>
         <source>Каса, права кнопка миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Cash register, right mouse button</translation>
     </message>
     <message>
         <source>Програма &amp;2:</source>
-        <translation type="unfinished"></translation>
+        <translation>Program &amp;2:</translation>
     </message>
     <message>
         <source>В&amp;ибрати…</source>
-        <translation type="unfinished"></translation>
+        <translation>B&amp;rowse…</translation>
     </message>
     <message>
         <source>Вибрати програму: Каса, права кнопка миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the program: Cash register, right mouse button</translation>
     </message>
     <message>
         <source>Параметри &amp;5:</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameters &amp;5:</translation>
     </message>
     <message>
         <source>Каса, рух лівою кнопкою миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Cash register, drag with the left mouse button</translation>
     </message>
     <message>
         <source>Програма &amp;3:</source>
-        <translation type="unfinished"></translation>
+        <translation>Program &amp;3:</translation>
     </message>
     <message>
         <source>Ви&amp;брати…</source>
-        <translation type="unfinished"></translation>
+        <translation>Br&amp;owse…</translation>
     </message>
     <message>
         <source>Вибрати програму: Каса, рух лівою кнопкою миші</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the program: Cash register, drag with the left mouse button</translation>
     </message>
     <message>
         <source>Параметри &amp;6:</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameters &amp;6:</translation>
     </message>
     <message>
         <source>Оновле&amp;ння та вхід</source>
-        <translation type="unfinished"></translation>
+        <translation>Update and lo&amp;gin</translation>
     </message>
     <message>
         <source>Автоматично &amp;оновлювати програму</source>
-        <translation type="unfinished"></translation>
+        <translation>Update the program &amp;automatically</translation>
     </message>
     <message>
         <source>Режим &amp;передачі</source>
-        <translation type="unfinished"></translation>
+        <translation>Transfer &amp;mode</translation>
     </message>
     <message>
         <source>&amp;Версія:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Version:</translation>
     </message>
     <message>
         <source>Запам&apos;ятований &amp;логін:</source>
-        <translation type="unfinished"></translation>
+        <translation>Remembered &amp;login:</translation>
     </message>
     <message>
         <source>Запам&apos;ятований &amp;ідентифікатор:</source>
-        <translation type="unfinished"></translation>
+        <translation>Remembered &amp;identifier:</translation>
     </message>
     <message>
         <source>&amp;Зберегти</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Save</translation>
     </message>
     <message>
         <source>Відмінити</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancel</translation>
     </message>
     <message>
         <source>Esc</source>
-        <translation type="unfinished"></translation>
+        <translation>Esc</translation>
     </message>
     <message>
         <source>Не вдалося завантажити криптографічну бібліотеку.</source>
-        <translation type="unfinished"></translation>
+        <translation>The cryptographic library could not be loaded.</translation>
     </message>
     <message>
         <source>Це означає що пароль буде збережено без шифрування</source>
-        <translation type="unfinished"></translation>
+        <translation>This means that the password will be saved without encryption</translation>
     </message>
     <message>
         <source>та не вдасться розшифрувати вже зашифрований пароль в налаштуваннях!</source>
-        <translation type="unfinished"></translation>
+        <translation>and that a password already encrypted in the settings cannot be decrypted!</translation>
     </message>
     <message>
         <source>Помилка виклику фунції розшифровки паолю</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when calling the password decryption function</translation>
     </message>
     <message>
         <source>Помилка виклику фунції шифрування паолю</source>
-        <translation type="unfinished"></translation>
+        <translation>Error when calling the password encryption function</translation>
     </message>
     <message>
         <source>Попередження.</source>
-        <translation type="unfinished"></translation>
+        <translation>Warning.</translation>
     </message>
     <message>
         <source>Не вдалося записати файл налаштувань:
 %1
 Зміни діятимуть лише до закриття програми. Щоб зберегти їх, дозвольте запис у цей каталог і збережіть налаштування ще раз.</source>
-        <translation type="unfinished"></translation>
+        <translation>The settings file could not be written:
+%1
+The changes last only until the program is closed. To keep them, allow writing to this folder and save the settings again.</translation>
     </message>
     <message>
         <source>Вибрати файл мови.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the language file.</translation>
     </message>
     <message>
         <source>Файл перекладу (*.qm)</source>
-        <translation type="unfinished"></translation>
+        <translation>Translation file (*.qm)</translation>
     </message>
     <message>
         <source>Вибрати програму.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the program.</translation>
     </message>
 </context>
 </TS>
