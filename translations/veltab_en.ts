@@ -31,6 +31,36 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>CsvExport</name>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseTuning</name>
+    <message>
+        <source>Індекси для швидких звітів уже є у базі.
+Прибрати їх? Звіти і нові чеки стануть повільнішими, база – меншою.</source>
+        <translation>The database already has the indexes for fast reports.
+Remove them? Reports and new receipts will become slower, the database smaller.</translation>
+    </message>
+    <message>
+        <source>Додати до чеків у базі два індекси?
+Звіти за день, перегляд чека і продаж стануть швидшими, база – більшою.
+На великій базі це триває кілька хвилин; продавати можна й тоді.
+Прибрати індекси можна так само.</source>
+        <translation>Add two indexes to the receipts in the database?
+Reports for a day, viewing a receipt and selling will become faster, the database larger.
+On a large database this takes several minutes; selling can go on meanwhile.
+The indexes can be removed in the same way.</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+</context>
+<context>
     <name>Db</name>
     <message>
         <source>Значення запиту не відповідають його місцям.</source>
@@ -1100,6 +1130,16 @@ Clear it?</translation>
         <source>Запис не додано, відмінено користувачем!</source>
         <translation>The record is not added, cancelled by the user!</translation>
     </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>The file is not saved: %1
+%2</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>The file is saved: %1</translation>
+    </message>
 </context>
 <context>
     <name>QTabDelegate</name>
@@ -1503,6 +1543,121 @@ Clear it?</translation>
     </message>
 </context>
 <context>
+    <name>QZReport</name>
+    <message>
+        <source>&amp;ліміт</source>
+        <translation>&amp;limit</translation>
+    </message>
+    <message>
+        <source>Скільки звітів показати щонайбільше; порожньо – усі</source>
+        <translation>How many reports to show at most; empty: all</translation>
+    </message>
+    <message>
+        <source>підс&amp;умувати</source>
+        <translation>summari&amp;ze</translation>
+    </message>
+    <message>
+        <source>зав&amp;антажити</source>
+        <translation>sho&amp;w</translation>
+    </message>
+    <message>
+        <source>зупини&amp;ти</source>
+        <translation>stop quer&amp;y</translation>
+    </message>
+    <message>
+        <source>Z - Звіти</source>
+        <translation>Z-reports</translation>
+    </message>
+    <message>
+        <source>Діаграма продажу</source>
+        <translation>Sales turnover chart</translation>
+    </message>
+    <message>
+        <source>&amp;Діаграма продажу</source>
+        <translation>Sales tur&amp;nover chart</translation>
+    </message>
+    <message>
+        <source>Що показує діаграма</source>
+        <translation>What the chart shows</translation>
+    </message>
+    <message>
+        <source>по днях</source>
+        <translation>by days</translation>
+    </message>
+    <message>
+        <source>по магазинах</source>
+        <translation>by shops</translation>
+    </message>
+    <message>
+        <source>Z-звіт</source>
+        <translation>Z-report</translation>
+    </message>
+    <message>
+        <source>магазин</source>
+        <translation>shop</translation>
+    </message>
+    <message>
+        <source>каса</source>
+        <translation>cash register</translation>
+    </message>
+    <message>
+        <source>продаж</source>
+        <translation>sale</translation>
+    </message>
+    <message>
+        <source>Оплата готівкою</source>
+        <translation>Paid in cash</translation>
+    </message>
+    <message>
+        <source>безготівкою</source>
+        <translation>cashless</translation>
+    </message>
+    <message>
+        <source>Звіт чеків</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>знижка</source>
+        <translation>discount</translation>
+    </message>
+    <message>
+        <source>чеків зі знижкою</source>
+        <translation>discounted receipts</translation>
+    </message>
+    <message>
+        <source>позицій анульовано</source>
+        <translation>items voided</translation>
+    </message>
+    <message>
+        <source>повернення</source>
+        <translation>return</translation>
+    </message>
+    <message>
+        <source>податок</source>
+        <translation>tax</translation>
+    </message>
+    <message>
+        <source>дата час</source>
+        <translation>date time</translation>
+    </message>
+    <message>
+        <source>магазин_магазинмагазин</source>
+        <translation>shop_shop_shop_shop_sh</translation>
+    </message>
+    <message>
+        <source>магазин_магазин</source>
+        <translation>shop_shop_shop_</translation>
+    </message>
+    <message>
+        <source>не більше %1</source>
+        <translation>at most %1</translation>
+    </message>
+    <message>
+        <source>Звітів: %1</source>
+        <translation>Reports: %1</translation>
+    </message>
+</context>
+<context>
     <name>RangeSelector</name>
     <message>
         <source>по &amp;змінах</source>
@@ -1693,6 +1848,83 @@ Clear it?</translation>
 можуть пошкодити дані в базі!</source>
         <translation>Wrong settings
 can damage the data in the database!</translation>
+    </message>
+</context>
+<context>
+    <name>TuneCommand</name>
+    <message>
+        <source>[т/н] </source>
+        <translation>[y/n] </translation>
+    </message>
+    <message>
+        <source>Зроблено: %1 %</source>
+        <translation>Done: %1 %</translation>
+    </message>
+    <message>
+        <source>Помилка з&apos;єднання з БД.</source>
+        <translation>Database connection error.</translation>
+    </message>
+</context>
+<context>
+    <name>TuneWindow</name>
+    <message>
+        <source>Прискорення звітів</source>
+        <translation>Speeding up reports</translation>
+    </message>
+    <message>
+        <source>Зачекайте…</source>
+        <translation>Wait…</translation>
+    </message>
+    <message>
+        <source>Скільки зроблено</source>
+        <translation>How much is done</translation>
+    </message>
+    <message>
+        <source>&amp;Зупинити</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message>
+        <source>Індекси додаються…</source>
+        <translation>The indexes are being added…</translation>
+    </message>
+    <message>
+        <source>Індекси прибираються…</source>
+        <translation>The indexes are being removed…</translation>
+    </message>
+    <message>
+        <source>Прискорити звіти?</source>
+        <translation>Speed up reports?</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
+    </message>
+    <message>
+        <source>Зупинено; у базі нічого не змінено.</source>
+        <translation>Stopped; nothing is changed in the database.</translation>
+    </message>
+    <message>
+        <source>Індекси додано: звіти прискорено.</source>
+        <translation>The indexes are added: reports are sped up.</translation>
+    </message>
+    <message>
+        <source>Індекси прибрано.</source>
+        <translation>The indexes are removed.</translation>
+    </message>
+</context>
+<context>
+    <name>TurnoverBars</name>
+    <message>
+        <source>відкриті зміни</source>
+        <translation>open shifts</translation>
+    </message>
+    <message>
+        <source>відкриті</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>інші (%1)</source>
+        <translation>others (%1)</translation>
     </message>
 </context>
 <context>
@@ -2046,6 +2278,26 @@ TO VERSION
     <message>
         <source>Закрити в&amp;кладку</source>
         <translation>&amp;Close tab</translation>
+    </message>
+    <message>
+        <source>П&amp;рискорити звіти…</source>
+        <translation>Speed &amp;up reports…</translation>
+    </message>
+    <message>
+        <source>Цю вкладку не можна зберегти у файл.</source>
+        <translation>This tab cannot be saved to a file.</translation>
+    </message>
+    <message>
+        <source>Зберегти файл</source>
+        <translation>Save file</translation>
+    </message>
+    <message>
+        <source>csv (*.csv)</source>
+        <translation>csv (*.csv)</translation>
+    </message>
+    <message>
+        <source>Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!</source>
+        <translation>Before exiting, wait until the reports are sped up, or stop it!</translation>
     </message>
 </context>
 <context>
