@@ -53,6 +53,7 @@ private slots:
     void chartDrawsWhatIsListed();
     void chartIsPutTogether();
     void doubleClickAsksForTheReceipts();
+    void reportInFrontIsExported();
 
 private:
     void load();
@@ -362,6 +363,24 @@ void TstQZReport::doubleClickAsksForTheReceipts()
     QStringList expected = m_base->rows("SELECT id_shop,id_kass,id_zzvit FROM z_zvit WHERE data_time>0");
     expected.sort();
     QCOMPARE(asked, expected);
+}
+
+void TstQZReport::reportInFrontIsExported()
+{
+    QVERIFY(place()->chooseGroup(2) && place()->chooseShop(3));
+    load();
+    const QString path = m_config.filePath("z.csv");
+    QVERIFY(m_reports->export_to_csv(QString(), path));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
+    QVERIFY(
+        lines.at(0).startsWith("Z-звіт;магазин;каса;продаж;Оплата готівкою;безготівкою;Звіт чеків;знижка"));
+    QCOMPARE(lines.at(1),
+             QString("9;вул. Закрита, 3;Каса 1;70.00;70.00;0.00;2;0.00;0;0;0.00;11.67;01-03-26 10:00:00"));
+    m_tabs->addTab(new QWidget(m_tabs.get()), "інше");
+    m_tabs->setCurrentIndex(1);
+    QVERIFY(!m_reports->export_to_csv(QString(), path));
 }
 
 QTEST_MAIN(TstQZReport)
