@@ -7,7 +7,6 @@
 
 namespace {
 enum RowType { SaleRow = 1, DiscountRow = 2, PaymentRow = 3 };
-enum ServerError { DuplicateKey = 1062, LockWait = 1205, Deadlock = 1213 };
 
 const QLatin1String anonymousClient("INSERT IGNORE INTO clients(id,fiksed,group_shop) VALUES(1,1,1)");
 
@@ -154,18 +153,24 @@ bool ChekWriter::run(const QString &sql) const
     return m_db.run(sql, {}, {}, m_file, m_line).has_value();
 }
 
-/// The first row as texts; empty when there is none.
-std::optional<QStringList> ChekWriter::row(const QString &sql) const
+std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line)
 {
-    auto query = m_db.run(sql, {}, {}, m_file, m_line);
+    auto query = db.run(sql, {}, {}, file, line);
     if (!query)
         return std::nullopt;
     QStringList cells;
     if (query->next()) {
-        for (int i = 0; i < query->record().count(); ++i)
+        // Built from the answer at each call.
+        const int columns = query->record().count();
+        for (int i = 0; i < columns; ++i)
             cells.append(toText(query->value(i)));
     }
     return cells;
+}
+
+std::optional<QStringList> ChekWriter::row(const QString &sql) const
+{
+    return firstRow(m_db, sql, m_file, m_line);
 }
 
 std::optional<OpenZ> ChekWriter::openZ() const
@@ -207,10 +212,10 @@ QString ChekWriter::createZ() const
 ChekWriter::Outcome ChekWriter::failure() const
 {
     switch (m_db.lastErrorNumber()) {
-    case DuplicateKey:
+    case ServerError::DuplicateKey:
         return Collided;
-    case LockWait:
-    case Deadlock:
+    case ServerError::LockWait:
+    case ServerError::Deadlock:
         return Locked;
     default:
         return Failed;

@@ -104,6 +104,14 @@ private:
     int m_line;
 };
 
+/// Error numbers of the server that tell of another program.
+namespace ServerError {
+enum { DuplicateKey = 1062, LockWait = 1205, Deadlock = 1213 };
+}
+
+/// The first row as texts; empty when there is none, nothing after a failure.
+std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line);
+
 /// The texts of the statements.
 namespace ChekSql {
 /// "(shop,register,Z,receipt,user,time": what all rows of a receipt begin with.

@@ -3,6 +3,7 @@
 
 #include "money.h"
 #include "qqestion.h"
+#include "shiftcloser.h"
 
 #include <QShortcut>
 
@@ -76,8 +77,46 @@ void QPayment::showClosing(int cash)
     ui->pbOk->setText(tr("За&крити"));
     for (QSpinBox *box : {ui->sbCheks, ui->sbDiskount, ui->sbChekCanc, ui->sbPositionCanc})
         box->setRange(0, 1000000);
+    m_expectedCash = cash;
+    ui->dsbCounted->setKopecks(cash);
     ui->dsbViluchenia->setKopecks(cash);
-    ui->dsbVnesenia->setFocus();
+    for (MoneySpinBox *box : {ui->dsbCounted, ui->dsbVnesenia, ui->dsbViluchenia})
+        connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::showDifferences);
+    showDifferences();
+    ui->dsbCounted->setFocus();
+}
+
+void QPayment::setExpected(const ShiftFigures &figures)
+{
+    setWindowTitle(tr("Закриття зміни № %1").arg(figures.zNumber));
+    m_expectedCash = figures.expectedCash();
+    m_expectedVnesenia = figures.vnesenia;
+    ui->dsbCounted->setKopecks(m_expectedCash);
+    ui->dsbVnesenia->setKopecks(m_expectedVnesenia);
+    ui->sbCheks->setValue(figures.countCheks);
+    ui->sbDiskount->setValue(figures.countDiskount);
+    ui->sbChekCanc->setValue(figures.countChekCanc);
+    ui->sbPositionCanc->setValue(figures.countPositionCanc);
+    showDifferences();
+}
+
+/// Expected to be taken out is all that was sold for and brought in.
+void QPayment::showDifferences()
+{
+    const qint64 expectedOut = m_expectedCash + m_expectedVnesenia;
+    ui->lbExpectedCounted->setText(moneyShown(m_expectedCash));
+    ui->lbExpectedVnesenia->setText(moneyShown(m_expectedVnesenia));
+    ui->lbExpectedViluchenia->setText(moneyShown(expectedOut));
+    showDifference(ui->lbDifferenceCounted, ui->dsbCounted->kopecks() - m_expectedCash);
+    showDifference(ui->lbDifferenceVnesenia, ui->dsbVnesenia->kopecks() - m_expectedVnesenia);
+    showDifference(ui->lbDifferenceViluchenia, ui->dsbViluchenia->kopecks() - expectedOut);
+    ui->lbRest->setText(
+        moneyShown(ui->dsbCounted->kopecks() + ui->dsbVnesenia->kopecks() - ui->dsbViluchenia->kopecks()));
+}
+
+void QPayment::showDifference(QLabel *label, qint64 difference)
+{
+    label->setText((difference > 0 ? QStringLiteral("+") : QString()) + moneyShown(difference));
 }
 
 qint64 QPayment::owed() const

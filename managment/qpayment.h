@@ -7,6 +7,8 @@ namespace Ui {
 class QPayment;
 }
 class MoneySpinBox;
+class QLabel;
+struct ShiftFigures;
 
 /// How a receipt is paid; in its other form, what the operator counts when the shift is closed.
 class QPayment : public QDialog
@@ -18,6 +20,9 @@ public:
     /// withdraw all of cash (kopecks).
     QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash = 0);
     ~QPayment() override;
+
+    /// What the closing form compares the count with, and from where its counters start.
+    void setExpected(const ShiftFigures &figures);
 
     /// What was accepted, as whole kopecks.
     QString toPay() const { return m_toPay; }
@@ -42,6 +47,8 @@ private:
     void showReceipt(const QString &total, const QString &discount);
     void connectReceipt();
     void showClosing(int cash);
+    void showDifferences();
+    static void showDifference(QLabel *label, qint64 difference);
     qint64 owed() const;
     qint64 paid() const;
     void putRestInto(MoneySpinBox *box);
@@ -52,6 +59,8 @@ private:
 
     std::unique_ptr<Ui::QPayment> ui;
     bool m_isClosing;
+    qint64 m_expectedCash = 0;
+    qint64 m_expectedVnesenia = 0;
     QString m_toPay, m_cash, m_certificate, m_card;
     QString m_vnesenia, m_viluchenia;
     QString m_countCheks, m_countDiskount, m_countChekCanc, m_countPositionCanc;

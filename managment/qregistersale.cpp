@@ -1,7 +1,6 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
-#include "combos.h"
 #include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"
@@ -9,9 +8,9 @@
 #include "qpayment.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
-#include "qtab.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
+#include "saleplaces.h"
 
 #include <QCloseEvent>
 
@@ -47,12 +46,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
 
 void QRegisterSale::fillShops()
 {
-    // A shop without days of trade is an office or a warehouse.
-    QTab::GetLstShopFromPermis(
-        m_db, m_user, m_receiver,
-        QStringLiteral(" AND shops.count_day_cycle>0 AND (shops.block=0 OR shops.block "
-                       "IS NULL) GROUP BY shops.id ORDER BY shops.address"),
-        ui->cbShop);
+    SalePlaces::fillShops(ui->cbShop, m_db, m_user, m_receiver);
     const int home = ui->cbShop->findData(m_user->idShop().toUInt());
     if (home >= 0)
         ui->cbShop->setCurrentIndex(home);
@@ -62,31 +56,32 @@ void QRegisterSale::fillShops()
 
 void QRegisterSale::fillKass()
 {
-    fillCombo(
-        ui->cbKass, db(),
-        QStringLiteral("SELECT IF(IFNULL(advertising_str,'')='',CONCAT('№ ',id),advertising_str),id FROM "
-                       "kassa WHERE id_shop=%1 AND (block=0 OR block IS NULL) ORDER BY id")
-            .arg(idShop()));
+    SalePlaces::fillRegisters(ui->cbKass, ui->cbShop, m_db, m_receiver);
     m_kass = ui->cbKass->currentIndex();
     showShift();
 }
 
 void QRegisterSale::showShift()
 {
+    ui->lbShift->setText(shiftText());
+    ui->pbSale->setEnabled(m_user->mayEdit(Permission::Sales) && !SalePlaces::isClosingOnly(ui->cbKass));
+}
+
+QString QRegisterSale::shiftText() const
+{
     if (m_shop < 0)
-        return ui->lbShift->setText(tr("Немає магазину, в якому ви можете продавати."));
+        return tr("Немає магазину, в якому ви можете продавати.");
     if (m_kass < 0)
-        return ui->lbShift->setText(tr("У магазині немає незаблокованої каси."));
+        return tr("У магазині немає незаблокованої каси.");
     const auto z = writer().openZ();
     if (!z)
-        ui->lbShift->setText(tr("Стан зміни невідомий."));
-    else if (z->number.isEmpty())
-        ui->lbShift->setText(tr("Зміна буде відкрита першим чеком."));
-    else if (writer().isOwn(*z))
-        ui->lbShift->setText(tr("Зміна № %1 відкрита.").arg(z->number));
-    else
-        ui->lbShift->setText(tr("Зміну № %1 відкрив інший користувач: %2")
-                                 .arg(z->number, m_user->getNameSename(m_db, z->user.toInt())));
+        return tr("Стан зміни невідомий.");
+    if (z->number.isEmpty())
+        return tr("Зміна буде відкрита першим чеком.");
+    if (writer().isOwn(*z))
+        return tr("Зміна № %1 відкрита, день періоду: %2.").arg(z->number, z->day);
+    return tr("Зміну № %1 відкрив інший користувач: %2")
+        .arg(z->number, m_user->getNameSename(m_db, z->user.toInt()));
 }
 
 void QRegisterSale::showRights()
@@ -94,7 +89,8 @@ void QRegisterSale::showRights()
     if (m_user->mayEdit(Permission::Sales))
         return;
     const QString why = tr("Лише перегляд: продавати може користувач з повним дозволом.");
-    for (QWidget *widget : QVector<QWidget *>{ui->pbSale, ui->pbRemove, ui->pbClear, ui->dsbDiscount}) {
+    for (QWidget *widget : QVector<QWidget *>{ui->pbSale, ui->pbRemove, ui->pbClear, ui->dsbDiscount,
+                                              ui->pbCloseZ, ui->pbPeriod}) {
         widget->setEnabled(false);
         widget->setToolTip(why);
     }
@@ -126,10 +122,19 @@ Db QRegisterSale::db() const
     return Db(m_db, m_receiver);
 }
 
+ChekPlace QRegisterSale::place() const
+{
+    return {QString::number(idShop()), QString::number(ui->cbKass->currentData().toUInt()), m_user->idUser()};
+}
+
 ChekWriter QRegisterSale::writer(const char *file, int line) const
 {
-    const QString kass = QString::number(ui->cbKass->currentData().toUInt());
-    return ChekWriter(db(), {QString::number(idShop()), kass, m_user->idUser()}, file, line);
+    return ChekWriter(db(), place(), file, line);
+}
+
+ShiftCloser QRegisterSale::closer() const
+{
+    return ShiftCloser(db(), place());
 }
 
 QDateTime QRegisterSale::chekTime() const
@@ -209,11 +214,27 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
     return -1;
 }
 
+/// Why nothing can be sold here; empty when it can.
+QString QRegisterSale::placeRefusal() const
+{
+    if (m_shop < 0 || m_kass < 0)
+        return tr("Виберіть магазин і касу.");
+    if (SalePlaces::isClosingOnly(ui->cbKass))
+        return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
+    // A shift is listed in one shop; what is sold in another one does not belong into it.
+    const QString other = SalePlaces::otherShopOfShift(m_db, m_receiver, ui->cbKass->currentData().toString(),
+                                                       QString::number(idShop()));
+    return other.isEmpty()
+               ? QString()
+               : tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
+}
+
 bool QRegisterSale::VerifyChek()
 {
     QString why = m_chek->receipt().refusal();
-    if (m_shop < 0 || m_kass < 0)
-        why = tr("Виберіть магазин і касу.");
+    const QString place = placeRefusal();
+    if (!place.isEmpty())
+        why = place;
     notify(why);
     if (!why.isEmpty())
         return false;

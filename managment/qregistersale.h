@@ -3,6 +3,7 @@
 #include "chekwriter.h"
 #include "columns.h"
 #include "goodssearch.h"
+#include "shiftcloser.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -52,6 +53,13 @@ public slots:
     void sale();
     /// Shows the goods that the text fits to.
     void seerch(const QString &text);
+    /// Closes the register's shift: on the last day of the period asks about the period, then takes what the
+    /// operator has counted and writes.
+    void CloseZ_zvit();
+    /// The button of the period: tells when it could not be closed.
+    void pbClosePeriod();
+    /// Closes the shop's trading period; false, with the reason shown, when it cannot be closed.
+    bool ClosePeriod();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -71,13 +79,16 @@ private:
     void fillShops();
     void fillKass();
     void showShift();
+    QString shiftText() const;
     void showReceipt();
     void notify(const QString &text);
     void showRights();
 
     quint32 idShop() const;
     Db db() const;
+    ChekPlace place() const;
     ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
+    ShiftCloser closer() const;
     QDateTime chekTime() const;
     GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
     void followToday();
@@ -86,11 +97,19 @@ private:
     bool mayChange();
     bool settleUnclear();
     bool VerifyChek();
+    QString placeRefusal() const;
     void afterSale(int number);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
     bool changePlace(QComboBox *box, int *chosen, int index);
     void dateChanged(const QDate &date);
+
+    QString shiftToClose();
+    bool takeOver(const OpenZ &z);
+    bool offerPeriod(const QString &zNumber);
+    void countAndClose(const ShiftFigures &figures, const QDateTime &time);
+    void afterClosing(const QString &zNumber);
+    QString shiftKey(const QString &zNumber) const;
 
     void enter();
     void showFound(const std::shared_ptr<FoundRows> &found);
@@ -132,4 +151,6 @@ private:
     bool m_isEnterWaiting = false;
     /// A receipt of which the server has not told whether it was written.
     std::optional<WrittenChek> m_unclear;
+    /// The shift during which the period was closed: its closing does not ask for that again.
+    QString m_closedPeriod;
 };

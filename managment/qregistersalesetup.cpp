@@ -66,7 +66,8 @@ void QRegisterSale::setUpChek()
     ui->viewChek->setModel(m_chek);
     ui->viewChek->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked);
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
-    ui->lbKeys->setText(tr("+ − * кількість, Delete прибрати рядок, F9 оплата, Esc очистити"));
+    ui->lbKeys->setText(
+        tr("+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити"));
     setUpGrid(ui->viewChek, {7, 14, 32, 8, 8, 0, 0, 0, 0, 9, 0, 0, 0, 0, 12, 9, 10, 8});
 }
 
@@ -104,6 +105,8 @@ void QRegisterSale::connectPlace()
         if (changePlace(ui->cbKass, &m_kass, index))
             showShift();
     });
+    connect(ui->pbCloseZ, &QPushButton::clicked, this, &QRegisterSale::CloseZ_zvit);
+    connect(ui->pbPeriod, &QPushButton::clicked, this, &QRegisterSale::pbClosePeriod);
     connect(ui->dateEdit, &QDateEdit::dateChanged, this, &QRegisterSale::dateChanged);
     connect(ui->sbPriority, qOverload<int>(&QSpinBox::valueChanged), this,
             [this] { seerch(ui->leSearch->text()); });
@@ -131,6 +134,7 @@ void QRegisterSale::connectReceipt()
     };
     onKey(Qt::Key_Escape, &QRegisterSale::escape);
     onKey(Qt::Key_F9, &QRegisterSale::sale);
+    onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
 }
 
 void QRegisterSale::connectSearch()

@@ -184,7 +184,7 @@ void tst_qregistersale::wholeSaleByKeyboard()
     QCOMPARE(cheks(), text("1|5000 1|2000 1|6000 3|13000"));
     QCOMPARE(m_base->rows(text("SELECT cash,beznal_1 FROM z_zvit")), (QStringList{text("6050|6950")}));
     QCOMPARE(rows(), 0);
-    QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна № 1 відкрита."));
+    QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна № 1 відкрита, день періоду: 1."));
     QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbSum")->kopecks(), qint64(0));
     QCOMPARE(focused(), m_search);
     QTRY_COMPARE(cell(m_goods, 0, 3), text("9.000"));

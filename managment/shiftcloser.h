@@ -1,0 +1,112 @@
+#pragma once
+
+#include "chekwriter.h"
+
+/// What the database knows of a shift that is still open; amounts in kopecks.
+struct ShiftFigures
+{
+    QString zNumber;
+    /// Where it was opened: its register may stand in another shop by now.
+    QString shop;
+    qint64 cash = 0;
+    /// Paid back in cash.
+    qint64 cashRet = 0;
+    /// Service cash that the shift's receipts brought in.
+    qint64 vnesenia = 0;
+    int countCheks = 0;
+    int countDiskount = 0;
+    int countPositionCanc = 0;
+    int countChekCanc = 0;
+
+    qint64 expectedCash() const { return cash - cashRet; }
+};
+
+/// What the operator enters, as whole numbers; amounts in kopecks.
+struct ShiftCount
+{
+    QString countCheks;
+    QString countDiskount;
+    QString countPositionCanc;
+    QString countChekCanc;
+    QString vnesenia;
+    QString viluchenia;
+};
+
+/// What tells one Z receipt from every other.
+struct ClosedShift
+{
+    ChekPlace place;
+    QString zNumber;
+    QString chekNumber;
+    /// yyyyMMddhhmmss
+    QString time;
+};
+
+/// The day of a register in its shop's trading period: of its open shift, else of the one closed last; 0
+/// before the first.
+struct PeriodDay
+{
+    int day = 0;
+    /// At least 1.
+    int last = 1;
+
+    bool isLast() const { return day >= last; }
+};
+
+/// Closes the shift of a register. Failures of statements are reported by Db under the place that is given
+/// to the constructor.
+class ShiftCloser
+{
+    Q_DECLARE_TR_FUNCTIONS(ShiftCloser)
+
+public:
+    enum Outcome {
+        Closed,
+        /// Nothing was written; the reason is reported.
+        Failed,
+        /// Nothing was written: another program has closed the shift.
+        AlreadyClosed,
+        /// Nothing was written: something was sold since the figures were read.
+        Changed,
+        /// Nothing was written: another program has taken the number of the Z receipt.
+        Collided,
+        /// Nothing was written: another program is writing to the shift.
+        Locked,
+        /// The connection broke while the closing was confirmed, and the server cannot be asked.
+        Unclear
+    };
+
+    ShiftCloser(const Db &db, const ChekPlace &place, const char *file = __builtin_FILE(),
+                int line = __builtin_LINE());
+
+    /// Nothing after a failure, and when the register has no such shift.
+    std::optional<ShiftFigures> figures(const QString &zNumber) const;
+    /// Nothing after a failure.
+    std::optional<PeriodDay> periodDay() const;
+    /// Writes the Z receipt and completes the shift, both or nothing. figures: what the operator was shown.
+    Outcome close(const ShiftFigures &figures, const ShiftCount &count, const QDateTime &time) const;
+
+    /// What an outcome means for the user, and what to do; empty for Closed.
+    static QString explanation(Outcome outcome, const QString &zNumber);
+    /// Why the period cannot be closed on that day; empty when it can.
+    static QString periodRefusal(const PeriodDay &day);
+
+private:
+    bool run(const QString &sql) const;
+    Outcome failure() const;
+    Outcome closeInTransaction(const ClosedShift &shift, const ShiftFigures &figures,
+                               const ShiftCount &count) const;
+    std::optional<bool> isClosed(const ClosedShift &shift) const;
+
+    const Db m_db;
+    const ChekPlace m_place;
+    const char *m_file;
+    int m_line;
+};
+
+/// The texts of the statements.
+namespace ClosingSql {
+QString cash(const QString &kass, const QString &zNumber);
+QString insertChek(const ClosedShift &shift);
+QString completeZ(const ClosedShift &shift, const ShiftCount &count);
+} // namespace ClosingSql
