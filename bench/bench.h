@@ -42,6 +42,7 @@ QVector<Figure> measureStart(const Bench &bench);
 QVector<Figure> measureSale(const Bench &bench);
 QVector<Figure> measureReports(const Bench &bench);
 QVector<Figure> measureTuning(const Bench &bench);
+QVector<Figure> measureClosing(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

@@ -22,6 +22,7 @@ const struct
     {"start", measureStart, false},
     {"search", measureSearch, false},
     {"sale", measureSale, false},
+    {"closing", measureClosing, false},
     {"csv", measureCsv, false},
     {"articles", measureArticles, false},
     {"reports", measureReports, false},
