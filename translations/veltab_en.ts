@@ -1677,11 +1677,11 @@ Clear it?</translation>
     </message>
     <message>
         <source>&amp;з</source>
-        <translation>d&amp;ate from</translation>
+        <translation>d&amp;ay</translation>
     </message>
     <message>
         <source>&amp;по</source>
-        <translation>&amp;date to</translation>
+        <translation>to &amp;day</translation>
     </message>
     <message>
         <source>Дні…</source>
