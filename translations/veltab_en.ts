@@ -2,6 +2,68 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>ChekList</name>
+    <message>
+        <source>Z-звіт</source>
+        <translation>Z-report</translation>
+    </message>
+    <message>
+        <source>номер</source>
+        <translation>number</translation>
+    </message>
+    <message>
+        <source>тип</source>
+        <translation>type</translation>
+    </message>
+    <message>
+        <source>сума / кількість</source>
+        <translation>amount / quantity</translation>
+    </message>
+    <message>
+        <source>дата час</source>
+        <translation>date time</translation>
+    </message>
+    <message>
+        <source>каса</source>
+        <translation>cash register</translation>
+    </message>
+</context>
+<context>
+    <name>ChekType</name>
+    <message>
+        <source>продаж</source>
+        <translation>sale</translation>
+    </message>
+    <message>
+        <source>внесення</source>
+        <translation>cash in</translation>
+    </message>
+    <message>
+        <source>вилучення</source>
+        <translation>cash out</translation>
+    </message>
+    <message>
+        <source>повернення</source>
+        <translation>return</translation>
+    </message>
+    <message>
+        <source>прийом</source>
+        <translation>goods in</translation>
+    </message>
+    <message>
+        <source>переміщення</source>
+        <translation>transfer</translation>
+    </message>
+    <message>
+        <source>Z-звіт</source>
+        <translation>Z-report</translation>
+    </message>
+    <message>
+        <source>невідомо</source>
+        <translation>unknown</translation>
+    </message>
+</context>
+<context>
     <name>ChekWriter</name>
     <message>
         <source>Нема даних після запиту:</source>
@@ -58,6 +120,17 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Помилка запиту:</source>
         <translation>Query error:</translation>
+    </message>
+</context>
+<context>
+    <name>DayTimeline</name>
+    <message>
+        <source>%1 %2 – %3</source>
+        <translation>%1 %2 – %3</translation>
+    </message>
+    <message>
+        <source>немає даних</source>
+        <translation>no data</translation>
     </message>
 </context>
 <context>
@@ -167,10 +240,61 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>ListPages</name>
+    <message>
+        <source>сторінка %1 з %2</source>
+        <translation>page %1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>ListPrinter</name>
+    <message>
+        <source>Готуються сторінки…</source>
+        <translation>Preparing the pages…</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Перегляд перед друком</source>
+        <translation>Print preview</translation>
+    </message>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+</context>
+<context>
     <name>ListWorker</name>
     <message>
         <source>Немає зв&apos;язку з базою даних.</source>
         <translation>No connection to the database.</translation>
+    </message>
+</context>
+<context>
+    <name>OnLineGrid</name>
+    <message>
+        <source>на зв&apos;язку</source>
+        <translation>on line</translation>
+    </message>
+    <message>
+        <source>без зв&apos;язку</source>
+        <translation>off line</translation>
+    </message>
+    <message>
+        <source>%1: %2
+%3 – %4</source>
+        <translation>%1: %2
+%3 – %4</translation>
+    </message>
+    <message>
+        <source>триває</source>
+        <translation>in progress</translation>
+    </message>
+    <message>
+        <source>__ Дата та час __</source>
+        <translation>__ Date and time __</translation>
     </message>
 </context>
 <context>
@@ -590,6 +714,153 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>QArtReport</name>
+    <message>
+        <source>зміна &amp;від</source>
+        <translation>shifts (&amp;1)</translation>
+    </message>
+    <message>
+        <source>зміна &amp;до</source>
+        <translation>to (&amp;2)</translation>
+    </message>
+    <message>
+        <source>&amp;Оновити номери</source>
+        <translation>Ta&amp;ke numbers</translation>
+    </message>
+    <message>
+        <source>Номери змін обох днів для вибраного місця</source>
+        <translation>Shift numbers of both days for the chosen place</translation>
+    </message>
+    <message>
+        <source>Групи &amp;товарів</source>
+        <translation>Goods gro&amp;ups</translation>
+    </message>
+    <message>
+        <source>&amp;середня ціна</source>
+        <translation>a&amp;verage price</translation>
+    </message>
+    <message>
+        <source>&amp;Не групувати по даті</source>
+        <translation>do &amp;not group by date</translation>
+    </message>
+    <message>
+        <source>&amp;ліміт</source>
+        <translation>&amp;limit</translation>
+    </message>
+    <message>
+        <source>без обмеження</source>
+        <translation>no limit</translation>
+    </message>
+    <message>
+        <source>завантажит&amp;и</source>
+        <translation>sho&amp;w</translation>
+    </message>
+    <message>
+        <source>З&amp;упинити</source>
+        <translation>Stop quer&amp;y</translation>
+    </message>
+    <message>
+        <source>діаграм&amp;а</source>
+        <translation>c&amp;hart</translation>
+    </message>
+    <message>
+        <source>Звіт по товарах</source>
+        <translation>Goods report</translation>
+    </message>
+    <message>
+        <source>Сумарні дані:</source>
+        <translation>Totals:</translation>
+    </message>
+    <message>
+        <source>знижка бонусами:</source>
+        <translation>discount with bonuses:</translation>
+    </message>
+    <message>
+        <source>Кількість кг:</source>
+        <translation>Quantity, kg:</translation>
+    </message>
+    <message>
+        <source>Кількість шт.:</source>
+        <translation>Quantity, pcs.:</translation>
+    </message>
+    <message>
+        <source>Вартість:</source>
+        <translation>Value:</translation>
+    </message>
+    <message>
+        <source>Десять товарів з найбільшою сумою</source>
+        <translation>Ten goods items with the largest amount</translation>
+    </message>
+    <message>
+        <source>Початковий код</source>
+        <translation>Original code</translation>
+    </message>
+    <message>
+        <source>штрихкод</source>
+        <translation>barcode</translation>
+    </message>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>середня ціна</source>
+        <translation>average price</translation>
+    </message>
+    <message>
+        <source>сума / кількість</source>
+        <translation>amount / quantity</translation>
+    </message>
+    <message>
+        <source>сума</source>
+        <translation>amount</translation>
+    </message>
+    <message>
+        <source>знижка</source>
+        <translation>discount</translation>
+    </message>
+    <message>
+        <source>дата</source>
+        <translation>date</translation>
+    </message>
+    <message>
+        <source>коротка назва коротка назва коротка назва</source>
+        <translation>short name short name short name short na</translation>
+    </message>
+    <message>
+        <source>Усі групи товарів</source>
+        <translation>All goods groups</translation>
+    </message>
+    <message>
+        <source>Номери змін узято для іншого місця: %1.</source>
+        <translation>The shift numbers were taken for another place: %1.</translation>
+    </message>
+    <message>
+        <source>За %1 немає Z-звітів (%2). Виберіть день, за який вони є, або оновіть номери змін.</source>
+        <translation>There are no Z-reports for %1 (%2). Choose a day that has some, or take the shift numbers again.</translation>
+    </message>
+    <message>
+        <source>Початковий номер зміни більший за кінцевий.</source>
+        <translation>The first shift number is greater than the last one.</translation>
+    </message>
+    <message>
+        <source>Ліміт має бути цілим числом.</source>
+        <translation>The limit must be a whole number.</translation>
+    </message>
+    <message>
+        <source>зміни %1 – %2 (%3)</source>
+        <translation>shifts %1 – %2 (%3)</translation>
+    </message>
+    <message>
+        <source>Групи товарів: %1</source>
+        <translation>Goods groups: %1</translation>
+    </message>
+    <message>
+        <source>ціна</source>
+        <translation>price</translation>
+    </message>
+</context>
+<context>
     <name>QChangPass</name>
     <message>
         <source>Зміна пароля</source>
@@ -638,6 +909,81 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Цей пароль використати не можна. Оберіть інший пароль.</source>
         <translation>This password cannot be used. Choose another password.</translation>
+    </message>
+</context>
+<context>
+    <name>QChekViewer</name>
+    <message>
+        <source>Чеки</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Заванта&amp;жити</source>
+        <translation>Sho&amp;w</translation>
+    </message>
+    <message>
+        <source>Зупи&amp;нити</source>
+        <translation>Stop quer&amp;y</translation>
+    </message>
+    <message>
+        <source>Список чеків</source>
+        <translation>List of receipts</translation>
+    </message>
+    <message>
+        <source>Сума по чеках</source>
+        <translation>Total of the receipts</translation>
+    </message>
+    <message>
+        <source>перевірити с&amp;уми</source>
+        <translation>chec&amp;k sums</translation>
+    </message>
+    <message>
+        <source>Червоним — чеки, суми яких не збігаються</source>
+        <translation>In red: receipts whose sums do not match</translation>
+    </message>
+    <message>
+        <source>Документ</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>&amp;Друк…</source>
+        <translation>Pri&amp;nt…</translation>
+    </message>
+    <message>
+        <source>Зберегти PD&amp;F…</source>
+        <translation>Sa&amp;ve PDF…</translation>
+    </message>
+    <message>
+        <source>переміщення</source>
+        <translation>transfer</translation>
+    </message>
+    <message>
+        <source>Перевірка сум…</source>
+        <translation>Checking the sums…</translation>
+    </message>
+    <message>
+        <source>Суми збігаються.</source>
+        <translation>The sums match.</translation>
+    </message>
+    <message>
+        <source>Суми не збігаються, чеків: %1</source>
+        <translation>The sums do not match, receipts: %1</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Суми не перевірено.</source>
+        <translation>The sums are not checked.</translation>
+    </message>
+    <message>
+        <source>Зберегти PDF</source>
+        <translation>Save PDF</translation>
+    </message>
+    <message>
+        <source>Не вдалося записати файл %1.</source>
+        <translation>The file %1 could not be written.</translation>
     </message>
 </context>
 <context>
@@ -771,6 +1117,54 @@ Restart the program!</translation>
         <source>Отримано менше, ніж треба сплатити готівкою!</source>
         <translation>Less cash was received than is to be paid in cash!</translation>
     </message>
+    <message>
+        <source>очікується</source>
+        <translation>expected</translation>
+    </message>
+    <message>
+        <source>пораховано</source>
+        <translation>counted</translation>
+    </message>
+    <message>
+        <source>різниця</source>
+        <translation>difference</translation>
+    </message>
+    <message>
+        <source>&amp;готівка від продажу:</source>
+        <translation>cash &amp;from sales:</translation>
+    </message>
+    <message>
+        <source>Очікується готівки від продажу</source>
+        <translation>Expected cash from sales</translation>
+    </message>
+    <message>
+        <source>Різниця готівки від продажу</source>
+        <translation>Difference of the cash from sales</translation>
+    </message>
+    <message>
+        <source>Очікується внесення</source>
+        <translation>Expected cash in</translation>
+    </message>
+    <message>
+        <source>Різниця внесення</source>
+        <translation>Difference of the cash in</translation>
+    </message>
+    <message>
+        <source>Очікується вилучення</source>
+        <translation>Expected cash out</translation>
+    </message>
+    <message>
+        <source>Різниця вилучення</source>
+        <translation>Difference of the cash out</translation>
+    </message>
+    <message>
+        <source>залишиться в касі:</source>
+        <translation>will stay in the register:</translation>
+    </message>
+    <message>
+        <source>Закриття зміни № %1</source>
+        <translation>Closing of shift No. %1</translation>
+    </message>
 </context>
 <context>
     <name>QQestion</name>
@@ -886,10 +1280,6 @@ Restart the program!</translation>
         <translation>The first receipt will open the shift.</translation>
     </message>
     <message>
-        <source>Зміна № %1 відкрита.</source>
-        <translation>Shift No. %1 is open.</translation>
-    </message>
-    <message>
         <source>Зміну № %1 відкрив інший користувач: %2</source>
         <translation>Shift No. %1 was opened by another user: %2</translation>
     </message>
@@ -1000,8 +1390,88 @@ Clear it?</translation>
         <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
     </message>
     <message>
-        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, Esc очистити</source>
-        <translation>+ − * quantity, Delete removes the row, F9 payment, Esc clears</translation>
+        <source>Закрит&amp;и зміну</source>
+        <translation>Close shi&amp;ft</translation>
+    </message>
+    <message>
+        <source>F12</source>
+        <translation>F12</translation>
+    </message>
+    <message>
+        <source>Закрити &amp;період</source>
+        <translation>Close per&amp;iod</translation>
+    </message>
+    <message>
+        <source>Зміна № %1 відкрита, день періоду: %2.</source>
+        <translation>Shift No. %1 is open, day of the period: %2.</translation>
+    </message>
+    <message>
+        <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
+        <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
+        <translation>The shift of this cash register was opened in shop “%1”. Close it before selling.</translation>
+    </message>
+    <message>
+        <source>У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.</source>
+        <translation>The receipt has goods. Pay or clear it before closing the shift.</translation>
+    </message>
+    <message>
+        <source>На цій касі немає відкритої зміни: закривати нічого.</source>
+        <translation>This cash register has no open shift: there is nothing to close.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?</source>
+        <translation>Shift No. %1 was opened by another user: %2. Close it in their place?</translation>
+    </message>
+    <message>
+        <source>закрити?</source>
+        <translation>close?</translation>
+    </message>
+    <message>
+        <source>Ви збираєтесь закрити зміну
+в останні день періоду.
+Закрити період перед закриттям зміни?</source>
+        <translation>You are about to close the shift
+on the last day of the period.
+Close the period before closing the shift?</translation>
+    </message>
+    <message>
+        <source>Відмінити закриття</source>
+        <translation>Cancel closing</translation>
+    </message>
+    <message>
+        <source>Закрити тільки зміну</source>
+        <translation>Close the shift only</translation>
+    </message>
+    <message>
+        <source>Закрити період та зміну</source>
+        <translation>Close the period and the shift</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 закрито.</source>
+        <translation>Shift No. %1 is closed.</translation>
+    </message>
+    <message>
+        <source>Період закрито. Наступна зміна почне новий.</source>
+        <translation>The period is closed. The next shift starts a new one.</translation>
+    </message>
+    <message>
+        <source>Попередження?</source>
+        <translation>Warning?</translation>
+    </message>
+    <message>
+        <source>Період не закрито!</source>
+        <translation>The period is not closed!</translation>
+    </message>
+    <message>
+        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
     </message>
 </context>
 <context>
@@ -1070,6 +1540,45 @@ Clear it?</translation>
     <message>
         <source>Невірний ідентифікатор</source>
         <translation>Wrong identifier</translation>
+    </message>
+</context>
+<context>
+    <name>QStatOnLine</name>
+    <message>
+        <source>&amp;день</source>
+        <translation>&amp;day</translation>
+    </message>
+    <message>
+        <source>&amp;завантажити</source>
+        <translation>sho&amp;w</translation>
+    </message>
+    <message>
+        <source>З&amp;упинити</source>
+        <translation>Stop quer&amp;y</translation>
+    </message>
+    <message>
+        <source>&amp;шкала дня</source>
+        <translation>day time&amp;line</translation>
+    </message>
+    <message>
+        <source>Статистика OnLine</source>
+        <translation>On-line statistics</translation>
+    </message>
+    <message>
+        <source>Шкала дня</source>
+        <translation>Day timeline</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин</source>
+        <translation>Choose a shop</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, каси якого показати.</source>
+        <translation>Choose the shop whose cash registers are to be shown.</translation>
+    </message>
+    <message>
+        <source>Цей магазин вам недоступний.</source>
+        <translation>This shop is not available to you.</translation>
     </message>
 </context>
 <context>
@@ -1838,6 +2347,17 @@ Clear it?</translation>
     </message>
 </context>
 <context>
+    <name>SalePlaces</name>
+    <message>
+        <source>%1 (заблоковано, лише закриття зміни)</source>
+        <translation>%1 (blocked, shift closing only)</translation>
+    </message>
+    <message>
+        <source>%1 (лише закриття зміни)</source>
+        <translation>%1 (shift closing only)</translation>
+    </message>
+</context>
+<context>
     <name>Screenshots</name>
     <message>
         <source>Ви впевнені?</source>
@@ -1848,6 +2368,128 @@ Clear it?</translation>
 можуть пошкодити дані в базі!</source>
         <translation>Wrong settings
 can damage the data in the database!</translation>
+    </message>
+</context>
+<context>
+    <name>ShiftCloser</name>
+    <message>
+        <source>Зміну № %1 вже закрито в іншій програмі. Нічого не записано.</source>
+        <translation>Shift No. %1 has already been closed in another program. Nothing is recorded.</translation>
+    </message>
+    <message>
+        <source>Поки ви рахували, на касі записано ще чеки. Зміну № %1 не закрито. Перевірте суми та закрийте її ще раз.</source>
+        <translation>While you were counting, more receipts were recorded at the cash register. Shift No. %1 is not closed. Check the sums and close it again.</translation>
+    </message>
+    <message>
+        <source>На касі зараз записує інша програма. Зміну № %1 не закрито. Закрийте її ще раз.</source>
+        <translation>Another program is recording at the cash register now. Shift No. %1 is not closed. Close it again.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час закриття зміни № %1 і невідомо, чи її закрито. Закрийте її ще раз: двічі вона не закриється.</source>
+        <translation>The connection broke while shift No. %1 was being closed, and it is not known whether it was closed. Close it again: it will not close twice.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 не закрито. Закрийте її ще раз.</source>
+        <translation>Shift No. %1 is not closed. Close it again.</translation>
+    </message>
+    <message>
+        <source>В даному магазині періодичність один день.
+Період не може бути закритий</source>
+        <translation>This shop has a one-day cycle.
+The period cannot be closed</translation>
+    </message>
+    <message>
+        <source>Період не може бути закритий
+не в останній день!</source>
+        <translation>The period cannot be closed
+before its last day!</translation>
+    </message>
+</context>
+<context>
+    <name>Slip</name>
+    <message>
+        <source>код %1</source>
+        <translation>code %1</translation>
+    </message>
+    <message>
+        <source>Сума</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>До сплати</source>
+        <translation>To pay</translation>
+    </message>
+    <message>
+        <source>Готівка</source>
+        <translation>Cash</translation>
+    </message>
+    <message>
+        <source>Картка</source>
+        <translation>Card</translation>
+    </message>
+    <message>
+        <source>Сертифікат</source>
+        <translation>Certificate</translation>
+    </message>
+    <message>
+        <source>Інша оплата</source>
+        <translation>Other payment</translation>
+    </message>
+    <message>
+        <source>Службове внесення</source>
+        <translation>Service cash in</translation>
+    </message>
+    <message>
+        <source>Службова видача</source>
+        <translation>Service cash out</translation>
+    </message>
+    <message>
+        <source>Оборот зміни</source>
+        <translation>Shift turnover</translation>
+    </message>
+    <message>
+        <source>невідомий тип</source>
+        <translation>unknown type</translation>
+    </message>
+    <message>
+        <source>Позицій: %1</source>
+        <translation>Items: %1</translation>
+    </message>
+    <message>
+        <source>До повернення</source>
+        <translation>To return</translation>
+    </message>
+    <message>
+        <source>Суми чека не збігаються: товари зі знижкою %1, до сплати %2, оплачено %3</source>
+        <translation>The sums of the receipt do not match: goods with discount %1, to pay %2, paid %3</translation>
+    </message>
+    <message>
+        <source>Звіт №</source>
+        <translation>Report No. </translation>
+    </message>
+    <message>
+        <source>ПРИЙОМ</source>
+        <translation>GOODS IN</translation>
+    </message>
+    <message>
+        <source>ПЕРЕМІЩЕННЯ</source>
+        <translation>TRANSFER</translation>
+    </message>
+    <message>
+        <source>ПОВЕРНЕННЯ</source>
+        <translation>RETURN</translation>
+    </message>
+    <message>
+        <source>Чек №</source>
+        <translation>Receipt No. </translation>
+    </message>
+    <message>
+        <source>Відсутні дані після запиту:</source>
+        <translation>No data after the query:</translation>
     </message>
 </context>
 <context>

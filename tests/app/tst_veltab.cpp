@@ -139,7 +139,7 @@ void TstVeltab::addUser(const QString &login, const QString &permissions)
     for (const QString &pair : permissions.split(' ', Qt::SkipEmptyParts))
         m_base->exec("INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(" + id + "," +
                      QString(pair).replace('=', ',') + ")");
-    m_base->exec("UPDATE users SET pass='x' WHERE login='admin'");
+    m_base->exec("UPDATE users SET pass=CONCAT('x',id) WHERE pass=''");
     m_base->exec("UPDATE users SET pass='' WHERE login='" + login + "'");
 }
 
