@@ -1,12 +1,15 @@
 #include "reportwindow.h"
 
 #include "listloader.h"
+#include "listprinter.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtab.h"
 
+#include <QDateTime>
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -25,10 +28,65 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
     m_state->setObjectName(QStringLiteral("labelState"));
     statusBar()->setSizeGripEnabled(false);
     statusBar()->addWidget(m_state);
+    addPrintButtons();
     connect(m_loader, &ListLoader::found, this, &ReportWindow::showFound);
 }
 
 ReportWindow::~ReportWindow() = default;
+
+void ReportWindow::addPrintButtons()
+{
+    const auto add = [this](const QString &name, const QString &text, const QKeySequence &keys) {
+        auto *button = new QPushButton(text, this);
+        button->setObjectName(name);
+        button->setShortcut(keys);
+        button->setToolTip(keys.toString(QKeySequence::NativeText));
+        statusBar()->addPermanentWidget(button);
+        return button;
+    };
+    m_print = add(QStringLiteral("pbPrintList"), tr("Друк списку…"), QKeySequence(Qt::CTRL + Qt::Key_P));
+    m_pdf =
+        add(QStringLiteral("pbPdfList"), tr("Список у PDF…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P));
+    connect(m_print, &QPushButton::clicked, this, &ReportWindow::preview);
+    connect(m_pdf, &QPushButton::clicked, this, &ReportWindow::savePdf);
+}
+
+PrintedList ReportWindow::printed() const
+{
+    PrintedList list;
+    list.heading = heading();
+    list.heading.append(
+        tr("Складено: %1").arg(QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))));
+    list.model = m_list->model();
+    list.view = m_list;
+    list.totals = totals();
+    return list;
+}
+
+void ReportWindow::preview()
+{
+    previewList(this, printed());
+}
+
+void ReportWindow::savePdf()
+{
+    const PrintedList list = printed();
+    const QString path = m_chooseFile(list.heading.first());
+    if (path.isEmpty())
+        return;
+    QString error;
+    if (!saveListPdf(list, path, &error) && !error.isEmpty())
+        postMessage(m_mainWindow, tr("Файл не збережено: %1\n%2").arg(path, error));
+}
+
+QString ReportWindow::chooseFile(const QString &suggested)
+{
+    QFileDialog dialog(this, tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(suggested + QStringLiteral(".pdf"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
 
 bool ReportWindow::isLoading() const
 {
@@ -113,6 +171,8 @@ void ReportWindow::sortAsBefore()
 void ReportWindow::showState(const QString &text, bool loading)
 {
     m_state->setText(text);
+    for (QPushButton *button : {m_print, m_pdf})
+        button->setDisabled(loading || m_list->model()->rowCount() == 0);
     if (m_load != nullptr)
         m_load->setDisabled(loading);
     if (m_stop != nullptr)

@@ -6,6 +6,7 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 class ListLoader;
@@ -15,6 +16,7 @@ class QNTableView;
 class QPushButton;
 class QRowModel;
 struct FoundRows;
+struct PrintedList;
 
 /// The base of a report: a list that is loaded away from the window, with its state told below it. The
 /// concrete report has a form, takes its grid with takeList() and gives a statement to loadList().
@@ -34,6 +36,11 @@ public:
     /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
     void export_to_csv(const QString &code, const QString &path);
 
+    /// Who tells the PDF file to write, from a suggested name; empty when none is wanted. The file dialog at
+    /// first.
+    using FileChooser = std::function<QString(const QString &suggested)>;
+    void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
+
     /// Report, place, range: the lines over a printed list.
     virtual QStringList heading() const = 0;
     /// What stands under a printed list; nothing by default.
@@ -44,6 +51,10 @@ public slots:
     virtual void load() = 0;
     /// Ends a load on its way; the list stays as it was.
     void stopLoading();
+    /// Shows the list as it would be printed, with the way to the printer.
+    void preview();
+    /// Asks for a file and writes the list into it; a failure is reported.
+    void savePdf();
 
 signals:
     /// The rows stand in the list, or the load failed (reported) and it is as it was.
@@ -79,6 +90,9 @@ protected:
 
 private:
     void showFound(const std::shared_ptr<FoundRows> &found);
+    void addPrintButtons();
+    PrintedList printed() const;
+    QString chooseFile(const QString &suggested);
     void showState(const QString &text, bool loading);
     void sortAsBefore();
 
@@ -90,6 +104,9 @@ private:
     QPushButton *m_load = nullptr;
     QPushButton *m_stop = nullptr;
     QLabel *m_state = nullptr;
+    QPushButton *m_print = nullptr;
+    QPushButton *m_pdf = nullptr;
+    FileChooser m_chooseFile = [this](const QString &suggested) { return chooseFile(suggested); };
     ListLoader *m_loader;
     QElapsedTimer m_clock;
     qint64 m_number = 0;

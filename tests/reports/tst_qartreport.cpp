@@ -7,6 +7,7 @@
 #include "qchekedcombobox.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
+#include "qreports.h"
 #include "qrowmodel.h"
 #include "rangeselector.h"
 
@@ -16,13 +17,15 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTabWidget>
+#include <QTemporaryDir>
 
 namespace {
 const QDate firstDay(2026, 3, 1);
 const QDate lastDay(2026, 3, 2);
 
 /// One receipt a line, in every register, shift and of every type; two prices an article.
-const QString fillReceipts =
+const char *const fillReceipts =
     "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,id_good_cln_slujb,name,"
     "strihcode,count,price,summa,type,sumdisc,bonus_plus,data_time) "
     "SELECT z.id_shop,z.id_kass,z.id_zzvit,z.id_zzvit*1000+seq,0,1,ELT(1+seq%5,1,1,2,1,6),1+seq*7%15,"
@@ -63,6 +66,8 @@ private slots:
     void failedLoadKeepsTheList();
     void doubleClickAsksForTheReceipts();
     void chartShowsTheTenLargest();
+    void listIsExported();
+    void listIsSavedAsPdf();
 
 private:
     /// Loads and gives the lines, sorted: code, price, thousandths, sum, discount.
@@ -83,18 +88,22 @@ void TstQArtReport::initTestCase()
         "INSERT INTO group_goods(id,name) VALUES(2,'Молочні'),(3,'Хліб')",
         "INSERT INTO group_shop(id,name) VALUES(2,'Північ'),(3,'Південь')",
         "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2) ON DUPLICATE KEY UPDATE id_group=2",
-        "INSERT INTO shops(id,address,name,group_shop,block) VALUES(1,'Спільний','',1,0),(2,'Північний','',2,0),"
-        "(3,'Закритий','',2,1),(4,'Південний','',3,0)",
-        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(11,1,'Спільна',0),(21,2,'Перша',0),"
-        "(22,2,'Друга',0),(23,2,'Стара',1),(41,4,'Чужа',0)",
+        "INSERT INTO shops(id,address,name,group_shop,block) VALUES(1,'Спільний','',1,0)",
+        "INSERT INTO shops(id,address,name,group_shop,block) VALUES(2,'Північний','',2,0)",
+        "INSERT INTO shops(id,address,name,group_shop,block) VALUES(3,'Закритий','',2,1)",
+        "INSERT INTO shops(id,address,name,group_shop,block) VALUES(4,'Південний','',3,0)",
+        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(11,1,'Спільна',0),(21,2,'Перша',0)",
+        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(22,2,'Друга',0),(23,2,'Стара',1)",
+        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(41,4,'Чужа',0)",
         "SET foreign_key_checks=0",
         // Group 0, 2 or 3; articles with an odd code are sold by the piece.
-        "INSERT INTO goods(id,name,type,group_g) SELECT seq,CONCAT('Товар ',seq),seq%2,ELT(1+seq%3,0,2,3) "
-        "FROM seq_1_to_15",
-        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(5,2,21,20260301210000),"
-        "(6,2,21,20260302210000),(7,2,21,0),(5,2,22,20260301220000),(8,1,11,20260302200000),"
-        "(9,4,41,20260301200000)",
-        fillReceipts, "SET foreign_key_checks=1"});
+        "INSERT INTO goods(id,name,type,group_g) SELECT seq,seq,seq%2,ELT(1+seq%3,0,2,3) FROM seq_1_to_15",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(5,2,21,20260301210000)",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(6,2,21,20260302210000),(7,2,21,0)",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(5,2,22,20260301220000)",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(8,1,11,20260302200000)",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(9,4,41,20260301200000)", fillReceipts,
+        "SET foreign_key_checks=1"});
 }
 
 void TstQArtReport::init()
@@ -342,6 +351,54 @@ void TstQArtReport::chartShowsTheTenLargest()
     QVERIFY(chart->accessibleDescription().startsWith(chart->bars().first().label));
     child<QCheckBox>(m_report.get(), "chChart")->setChecked(false);
     QVERIFY(child<QWidget>(m_report.get(), "chart")->isHidden());
+}
+
+void TstQArtReport::listIsExported()
+{
+    QTemporaryDir folder;
+    QTabWidget tabs;
+    QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
+    reports.ArtReports();
+    QVERIFY(reports.current() != nullptr);
+    child<RangeSelector>(reports.current(), "range")->setDays(firstDay, lastDay);
+    child<QLineEdit>(reports.current(), "leLimit")->setText("1");
+    QSignalSpy spy(reports.current(), &ReportWindow::loaded);
+    reports.current()->load();
+    QVERIFY(spy.wait(5000));
+    QVERIFY(reports.export_to_csv(QString(), folder.filePath("a.csv")));
+    QFile file(folder.filePath("a.csv"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines.first(), QString("Початковий код;штрихкод;назва;ціна;сума / кількість;сума;знижка;дата"));
+    QCOMPARE(lines.last().section(';', 5, 5),
+             reports.current()->model()->index(0, 5).data(Qt::EditRole).toString());
+    reports.StatOnLine();
+    QVERIFY(!reports.export_to_csv(QString(), folder.filePath("b.csv")));
+    QVERIFY(!QFile::exists(folder.filePath("b.csv")));
+}
+
+void TstQArtReport::listIsSavedAsPdf()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath("list.pdf");
+    auto *button = child<QPushButton>(m_report.get(), "pbPdfList");
+    QVERIFY(!button->isEnabled());
+    load();
+    QString suggested;
+    m_report->setFileChooser([&](const QString &name) {
+        suggested = name;
+        return path;
+    });
+    button->click();
+    QCOMPARE(suggested, QString("Звіт по товарах"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.read(5) == "%PDF-");
+    QVERIFY(m_report->totals().contains("Вартість: " + text("leValue")));
+    m_report->setFileChooser([&](const QString &) { return folder.filePath("none/list.pdf"); });
+    button->click();
+    QVERIFY(m_base->heard.has("Файл не збережено"));
 }
 
 QTEST_MAIN(TstQArtReport)
