@@ -88,7 +88,8 @@ int TurnoverChart::slotWidth() const
 QRect TurnoverChart::plot() const
 {
     const int height = fontMetrics().height();
-    return rect().adjusted(scaleWidth(), height, -height / 2, -fontMetrics().lineSpacing() * nameLines() - height / 2);
+    return rect().adjusted(scaleWidth(), height, -height / 2,
+                           -fontMetrics().lineSpacing() * nameLines() - height / 2);
 }
 
 int TurnoverChart::yOf(qint64 kopecks) const

@@ -2345,6 +2345,28 @@ Close the period before closing the shift?</translation>
         <source>Попередження.</source>
         <translation>Warning.</translation>
     </message>
+    <message>
+        <source>Друк списку…</source>
+        <translation>Print list…</translation>
+    </message>
+    <message>
+        <source>Список у PDF…</source>
+        <translation>List to PDF…</translation>
+    </message>
+    <message>
+        <source>Складено: %1</source>
+        <translation>Made: %1</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>The file is not saved: %1
+%2</translation>
+    </message>
+    <message>
+        <source>Зберегти PDF</source>
+        <translation>Save PDF</translation>
+    </message>
 </context>
 <context>
     <name>SalePlaces</name>
