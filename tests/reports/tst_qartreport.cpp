@@ -381,12 +381,12 @@ void TstQArtReport::listIsExported()
 void TstQArtReport::listIsSavedAsPdf()
 {
     QTemporaryDir folder;
-    const QString path = folder.filePath("list.pdf");
+    QString path = folder.filePath("list.pdf");
     auto *button = child<QPushButton>(m_report.get(), "pbPdfList");
     QVERIFY(!button->isEnabled());
     load();
     QString suggested;
-    m_report->setFileChooser([&](const QString &name) {
+    m_report->setFileChooser([&](const QString &name) -> QString {
         suggested = name;
         return path;
     });
