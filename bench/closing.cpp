@@ -33,7 +33,7 @@ public:
 
     QString open()
     {
-        const QString zNumber = QString::number(++m_number);
+        QString zNumber = QString::number(++m_number);
         if (!m_db.run(ChekSql::createZ(place(m_kass), zNumber, 1)))
             qFatal("The shift was not opened");
         return zNumber;
