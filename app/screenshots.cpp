@@ -1,17 +1,26 @@
 #include "screenshots.h"
 
+#include "qartreport.h"
+#include "qchekviewer.h"
 #include "qntableview.h"
 #include "qqestion.h"
+#include "qregistersale.h"
+#include "qrowmodel.h"
 #include "qseluser.h"
+#include "qstatonline.h"
 #include "qtab.h"
 #include "qtablebase.h"
+#include "rangeselector.h"
 #include "veltab.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 
 namespace {
@@ -80,9 +89,64 @@ void Screenshots::takeTab(const QString &name)
     auto *tab = qobject_cast<QTab *>(tabs->currentWidget());
     workUntil([tab] { return tab == nullptr || !tab->isLoading(); }, tabLimitMs);
     workFor(200);
+    if (qobject_cast<QRegisterSale *>(tabs->currentWidget()) != nullptr) {
+        takeSale(name);
+    } else if (qobject_cast<ReportWindow *>(tabs->currentWidget()) != nullptr) {
+        takeReport(name);
+    } else {
+        save(m_window, name);
+        if (tab != nullptr)
+            takeEditors(name);
+    }
+}
+
+namespace {
+/// The article report wants a register, the on-line statistics a shop; the others show all places.
+void choosePlace(ReportWindow *report)
+{
+    if (qobject_cast<QArtReport *>(report) == nullptr && qobject_cast<QStatOnLine *>(report) == nullptr)
+        return;
+    for (const char *name : {"cbGroup", "cbShop", "cbRegister"}) {
+        if (auto *box = report->findChild<QComboBox *>(QLatin1String(name)))
+            box->setCurrentIndex(qMin(1, box->count() - 1));
+    }
+}
+} // namespace
+
+void Screenshots::takeReport(const QString &name)
+{
+    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
+    auto *report = static_cast<ReportWindow *>(tabs->currentWidget());
+    choosePlace(report);
+    const QDate today = QDate::currentDate();
+    if (auto *range = report->findChild<RangeSelector *>())
+        range->setDays(today.addDays(-7), today.addDays(-1));
+    // A report that refuses to load says so in a box, which is its picture then.
+    takeModal(name + QStringLiteral("_refusal"), [report] { report->load(); });
+    workUntil([report] { return !report->isLoading(); }, tabLimitMs);
+    workFor(300);
+    if (auto *viewer = qobject_cast<QChekViewer *>(report)) {
+        viewer->dclicktable(viewer->model()->index(0, 0));
+        workFor(200);
+    }
     save(m_window, name);
-    if (tab != nullptr)
-        takeEditors(name);
+}
+
+void Screenshots::takeSale(const QString &name)
+{
+    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
+    auto *sale = static_cast<QRegisterSale *>(tabs->currentWidget());
+    auto *goods = sale->findChild<QTableView *>(QStringLiteral("viewGoods"));
+    workUntil([goods] { return goods->model()->rowCount() > 0; }, tabLimitMs);
+    for (int row = 0; row < 3; ++row) {
+        goods->setFocus();
+        goods->setCurrentIndex(goods->model()->index(row, 0));
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(goods, &enter);
+        workFor(100);
+    }
+    save(m_window, name);
+    takeModal(name + QStringLiteral("_payment"), [sale] { sale->sale(); });
 }
 
 void Screenshots::takeEditors(const QString &name)

@@ -22,6 +22,10 @@ private:
     void takeLogin();
     void takeTab(const QString &name);
     void takeEditors(const QString &name);
+    /// Pictures a report with the last month in it, and the first document of the receipt viewer.
+    void takeReport(const QString &name);
+    /// Pictures a receipt with three goods, and its payment.
+    void takeSale(const QString &name);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);
     void save(QWidget *widget, const QString &name);
