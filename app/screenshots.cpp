@@ -108,7 +108,7 @@ void choosePlace(ReportWindow *report)
         return;
     for (const char *name : {"cbGroup", "cbShop", "cbRegister"}) {
         if (auto *box = report->findChild<QComboBox *>(QLatin1String(name)))
-            box->setCurrentIndex(qMin(1, box->count() - 1));
+            box->setCurrentIndex(box->count() - 1);
     }
 }
 } // namespace

@@ -81,17 +81,10 @@ void Veltab::buildStatusBar()
     ui->statusbar->addPermanentWidget(m_userLabel);
 }
 
-std::function<void()> Veltab::opener(int kind, void (QTableBase::*slot)())
-{
-    if (!QTableBase::canOpen(static_cast<QTableBase::Kind>(kind)))
-        return {};
-    return [this, slot] { (m_tables->*slot)(); };
-}
-
 void Veltab::buildEntries()
 {
-    const auto table = [this](QTableBase::Kind kind, void (QTableBase::*slot)()) {
-        return opener(kind, slot);
+    const auto table = [](QTableBase::Kind kind, const std::function<void()> &open) {
+        return QTableBase::canOpen(kind) ? open : std::function<void()>();
     };
     using Host = QTableBase;
     m_entries = {
@@ -99,23 +92,28 @@ void Veltab::buildEntries()
         {ui->man_goods, Permission::GoodsManagement, {}},
         {ui->man_finance, Permission::Finance, {}},
         {ui->man_action, Permission::ActionsManagement, {}},
-        {ui->mt_shops, Permission::Shops, table(Host::KindShops, &Host::shops)},
-        {ui->mt_kass, Permission::Kassa, table(Host::KindKass, &Host::kass)},
-        {ui->mt_devices, Permission::Devices, table(Host::KindDevices, &Host::devices)},
-        {ui->mt_group_shops, Permission::GroupShops, table(Host::KindGroupShops, &Host::Group_Shops)},
-        {ui->mt_goods, Permission::Goods, table(Host::KindGoods, &Host::Goods)},
-        {ui->mt_group_goods, Permission::GroupGoods, table(Host::KindGroupGoods, &Host::GroupGoods)},
-        {ui->mt_goods_shops, Permission::GoodsShops, table(Host::KindGoodsShops, &Host::GoodsShops)},
-        {ui->mt_clients, Permission::Clients, table(Host::KindClients, &Host::Clients)},
-        {ui->mt_diskount, Permission::Discount, table(Host::KindDiscount, &Host::Discount)},
-        {ui->mt_action, Permission::Actions, table(Host::KindAction, &Host::Action)},
-        {ui->mt_cheks, Permission::Transactions, table(Host::KindTrancaction, &Host::Trancaction)},
+        {ui->mt_shops, Permission::Shops, table(Host::KindShops, [this] { m_tables->shops(); })},
+        {ui->mt_kass, Permission::Kassa, table(Host::KindKass, [this] { m_tables->kass(); })},
+        {ui->mt_devices, Permission::Devices, table(Host::KindDevices, [this] { m_tables->devices(); })},
+        {ui->mt_group_shops, Permission::GroupShops,
+         table(Host::KindGroupShops, [this] { m_tables->Group_Shops(); })},
+        {ui->mt_goods, Permission::Goods, table(Host::KindGoods, [this] { m_tables->Goods(); })},
+        {ui->mt_group_goods, Permission::GroupGoods,
+         table(Host::KindGroupGoods, [this] { m_tables->GroupGoods(); })},
+        {ui->mt_goods_shops, Permission::GoodsShops,
+         table(Host::KindGoodsShops, [this] { m_tables->GoodsShops(); })},
+        {ui->mt_clients, Permission::Clients, table(Host::KindClients, [this] { m_tables->Clients(); })},
+        {ui->mt_diskount, Permission::Discount, table(Host::KindDiscount, [this] { m_tables->Discount(); })},
+        {ui->mt_action, Permission::Actions, table(Host::KindAction, [this] { m_tables->Action(); })},
+        {ui->mt_cheks, Permission::Transactions,
+         table(Host::KindTrancaction, [this] { m_tables->Trancaction(); })},
         {ui->mt_type_cheks, Permission::TypeTransactions,
-         table(Host::KindTypeTransaction, &Host::TypeTransaction)},
-        {ui->mt_z_zvits, Permission::ZZvit, table(Host::KindZzvit, &Host::Zzvit)},
-        {ui->mt_slujb_op, Permission::SlujbOp, table(Host::KindSlujbOp, &Host::SlujbOp)},
-        {ui->mt_day_update, Permission::DayUpdate, table(Host::KindDayUpdate, &Host::Day_Update)},
-        {ui->mt_tax, Permission::Tax, table(Host::KindTax, &Host::Tax)},
+         table(Host::KindTypeTransaction, [this] { m_tables->TypeTransaction(); })},
+        {ui->mt_z_zvits, Permission::ZZvit, table(Host::KindZzvit, [this] { m_tables->Zzvit(); })},
+        {ui->mt_slujb_op, Permission::SlujbOp, table(Host::KindSlujbOp, [this] { m_tables->SlujbOp(); })},
+        {ui->mt_day_update, Permission::DayUpdate,
+         table(Host::KindDayUpdate, [this] { m_tables->Day_Update(); })},
+        {ui->mt_tax, Permission::Tax, table(Host::KindTax, [this] { m_tables->Tax(); })},
         {ui->mz_cheks, Permission::Cheks, [this] { m_reports->ChekViewer(); }},
         {ui->mz_zzvit, Permission::ZReports, [this] { m_reports->ZReports(); }},
         {ui->mz_art_zvit, Permission::Articles, [this] { m_reports->ArtReports(); }},

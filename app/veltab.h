@@ -98,7 +98,6 @@ private:
     void connectRecordCommands();
     void connectSession();
     void announceUpdate();
-    std::function<void()> opener(int kind, void (QTableBase::*slot)());
     QWidget *openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make);
     void closeTabs();
     void applySettings();
