@@ -108,7 +108,8 @@ void choosePlace(ReportWindow *report)
         return;
     for (const char *name : {"cbGroup", "cbShop", "cbRegister"}) {
         if (auto *box = report->findChild<QComboBox *>(QLatin1String(name)))
-            box->setCurrentIndex(box->count() - 1);
+            box->setCurrentIndex(
+                qMin(box->objectName() == QLatin1String("cbGroup") ? 2 : 1, box->count() - 1));
     }
 }
 } // namespace
@@ -126,7 +127,7 @@ void Screenshots::takeReport(const QString &name)
     workUntil([report] { return !report->isLoading(); }, tabLimitMs);
     workFor(300);
     if (auto *viewer = qobject_cast<QChekViewer *>(report)) {
-        viewer->dclicktable(viewer->model()->index(0, 0));
+        viewer->dclicktable(viewer->model()->index(2, 0));
         workFor(200);
     }
     save(m_window, name);
