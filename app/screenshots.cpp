@@ -19,13 +19,17 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTextBrowser>
 #include <QTimer>
 
 namespace {
 const int startLimitMs = 60000;
 const int tabLimitMs = 20000;
+/// As wide as the paper of a register is drawn.
+const int slipWidth = 300;
 
 /// Lets the window work until the condition holds.
 void workUntil(const std::function<bool()> &done, int limitMs)
@@ -129,8 +133,23 @@ void Screenshots::takeReport(const QString &name)
     if (auto *viewer = qobject_cast<QChekViewer *>(report)) {
         viewer->dclicktable(viewer->model()->index(2, 0));
         workFor(200);
+        takeSlip(viewer->findChild<QTextBrowser *>(QStringLiteral("tbSlip"))->toHtml());
     }
     save(m_window, name);
+}
+
+void Screenshots::takeSlip(const QString &html)
+{
+    QTextDocument document;
+    document.setHtml(html);
+    document.setTextWidth(slipWidth);
+    QImage paper(document.size().toSize(), QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    document.drawContents(&painter);
+    painter.end();
+    const QString file = fileFor(QStringLiteral("slip"));
+    m_failed = !paper.save(file) || m_failed;
 }
 
 void Screenshots::takeSale(const QString &name)
@@ -176,11 +195,15 @@ void Screenshots::takeModal(const QString &name, const std::function<void()> &ac
         workFor(350);
 }
 
+QString Screenshots::fileFor(const QString &name)
+{
+    return m_folder.filePath(QStringLiteral("%1_%2.png").arg(++m_number, 2, 10, QLatin1Char('0')).arg(name));
+}
+
 void Screenshots::save(QWidget *widget, const QString &name)
 {
     workFor(100);
-    const QString file =
-        m_folder.filePath(QStringLiteral("%1_%2.png").arg(++m_number, 2, 10, QLatin1Char('0')).arg(name));
+    const QString file = fileFor(name);
     if (!widget->grab().save(file)) {
         qWarning("Cannot write %s", qPrintable(file));
         m_failed = true;

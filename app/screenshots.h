@@ -28,6 +28,9 @@ private:
     void takeSale(const QString &name);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);
+    /// Pictures a slip as it is printed: black on white, as narrow as the paper.
+    void takeSlip(const QString &html);
+    QString fileFor(const QString &name);
     void save(QWidget *widget, const QString &name);
 
     Veltab *m_window;
