@@ -1,5 +1,7 @@
 #include "bench.h"
 
+#include "chekquery.h"
+#include "qchekviewer.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
 #include "qzreport.h"
@@ -13,6 +15,7 @@
 namespace {
 const int shifts = 108000;
 const int registers = 30;
+const int monthLines = 380000;
 /// Days of the receipts; the shifts go on for ten years.
 const int days = 365;
 
@@ -58,7 +61,7 @@ void fillReceipts(const Bench &bench, int lines)
     exec(bench, QStringLiteral("ANALYZE TABLE cheks,z_zvit"));
 }
 
-void awaitLoaded(QZReport *report)
+void awaitLoaded(ReportWindow *report)
 {
     QEventLoop loop;
     QObject::connect(report, &ReportWindow::loaded, &loop, &QEventLoop::quit);
@@ -66,24 +69,48 @@ void awaitLoaded(QZReport *report)
     loop.exec();
 }
 
-double zReportRatio(const Bench &bench, QLoadedUser *user, bool summed)
+/// From the statement to the painted report, against the statement alone.
+double reportRatio(const Bench &bench, ReportWindow *report, const QString &sql)
 {
-    QZReport report(bench.connection, user, nullptr, nullptr);
-    report.resize(1400, 900);
-    report.show();
-    report.findChild<QCheckBox *>(QStringLiteral("chSum"))->setChecked(summed);
-    report.findChild<RangeSelector *>()->setDays(QDate(2016, 1, 1), QDate(2030, 1, 1));
-    const QString sql = zStatement(summed) + zCondition({}, {false, QStringLiteral("20160101000000"),
-                                                             QStringLiteral("20300101235959")});
+    report->resize(1400, 900);
+    report->show();
     BareClient bare(bench.address);
     return ratio(
         bench.rounds, [&] { return milliseconds([&] { bare.run(sql); }); },
         [&] {
             return milliseconds([&] {
-                awaitLoaded(&report);
-                report.grab();
+                awaitLoaded(report);
+                report->grab();
             });
         });
+}
+
+double zReportRatio(const Bench &bench, QLoadedUser *user, bool summed)
+{
+    QZReport report(bench.connection, user, nullptr, nullptr);
+    report.findChild<QCheckBox *>(QStringLiteral("chSum"))->setChecked(summed);
+    report.findChild<RangeSelector *>()->setDays(QDate(2016, 1, 1), QDate(2030, 1, 1));
+    return reportRatio(bench, &report,
+                       zStatement(summed) + zCondition({}, {false, QStringLiteral("20160101000000"),
+                                                            QStringLiteral("20300101235959")}));
+}
+
+/// A month of payments, one a receipt.
+double monthRatio(const Bench &bench, QLoadedUser *user)
+{
+    exec(bench, QStringLiteral("SET SESSION foreign_key_checks=0"));
+    exec(bench, QStringLiteral(
+                    "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,"
+                    "price,summa,data_time) SELECT 101+(1+seq%%1)%10,101+seq%%1,1,9000000+seq DIV %1,2,1,3,"
+                    "4250+seq%7919,4250+seq%7919,'2036-03-01'+INTERVAL seq*7 SECOND FROM seq_0_to_%2")
+                    .arg(registers)
+                    .arg(monthLines - 1));
+    QChekViewer viewer(bench.connection, user, nullptr, nullptr);
+    viewer.findChild<RangeSelector *>()->setDays(QDate(2036, 3, 1), QDate(2036, 3, 31));
+    ChekFilter month;
+    month.from = QStringLiteral("20360301000000");
+    month.to = QStringLiteral("20360331235959");
+    return reportRatio(bench, &viewer, chekListSql(month));
 }
 
 /// The median time of statements that differ in their number.
@@ -119,6 +146,8 @@ QVector<Figure> measureReports(const Bench &bench)
     return {{QStringLiteral("Z-reports, 108,000 x 13, to bare"), zReportRatio(bench, &user, false), 1.3,
              QStringLiteral("x")},
             {QStringLiteral("Z-reports summed, to bare"), zReportRatio(bench, &user, true), 1.1,
+             QStringLiteral("x")},
+            {QStringLiteral("a month of 380,000 receipts, to bare"), monthRatio(bench, &user), 1.3,
              QStringLiteral("x")}};
 }
 
