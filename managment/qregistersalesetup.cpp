@@ -68,7 +68,7 @@ void QRegisterSale::setUpChek()
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
     ui->lbKeys->setText(
         tr("+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити"));
-    setUpGrid(ui->viewChek, {7, 14, 32, 8, 8, 0, 0, 0, 0, 9, 0, 0, 0, 0, 12, 9, 10, 8});
+    setUpGrid(ui->viewChek, {6, 13, 20, 7, 7, 0, 0, 0, 0, 8, 0, 0, 0, 0, 10, 8, 9, 7});
 }
 
 /// Remembered widths hold for the size of the letters they were chosen with.
@@ -87,7 +87,7 @@ void QRegisterSale::setUpGrid(QNTableView *view, const QVector<int> &digits)
     for (int i = 0; i < digits.size(); ++i)
         view->setColumnWidth(i, qMax(view->horizontalHeader()->sectionSizeHint(i),
                                      digits.at(i) * view->fontMetrics().horizontalAdvance(QLatin1Char('0')) +
-                                         view->fontMetrics().height()));
+                                         view->fontMetrics().height() / 2));
     const QVariant widths = rememberedState(m_user->idUser(), widthsKey(view));
     view->horizontalHeader()->restoreState(widths.toByteArray());
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
