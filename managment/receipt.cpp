@@ -1,7 +1,5 @@
 #include "receipt.h"
 
-#include "money.h"
-
 #include <algorithm>
 #include <numeric>
 

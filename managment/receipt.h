@@ -1,5 +1,7 @@
 #pragma once
 
+#include "money.h"
+
 #include <QCoreApplication>
 #include <QString>
 #include <QVector>
@@ -54,7 +56,7 @@ public:
     /// Turnover of the tax groups 1 to 5.
     using Turnover = std::array<qint64, 5>;
     /// The largest amount and quantity that the database holds.
-    static constexpr qint64 maximum = 2147483647;
+    static constexpr qint64 maximum = maximumKopecks;
 
     struct GoodsQuantity
     {

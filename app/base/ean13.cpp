@@ -1,5 +1,14 @@
 #include "ean13.h"
 
+#include <algorithm>
+
+namespace {
+bool allDigits(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+} // namespace
+
 QChar eanCheckDigit(const QString &code, int len)
 {
     int sum = 0;
@@ -11,11 +20,12 @@ QChar eanCheckDigit(const QString &code, int len)
 
 bool isSoundEan(const QString &code)
 {
-    if (code.size() != 8 && code.size() != 13)
+    if ((code.size() != 8 && code.size() != 13) || !allDigits(code))
         return false;
-    for (const QChar c : code) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
     return code.back() == eanCheckDigit(code, code.size() - 1);
+}
+
+bool looksScanned(const QString &text)
+{
+    return (text.size() == 8 || (text.size() >= 12 && text.size() <= 14)) && allDigits(text);
 }

@@ -9,3 +9,7 @@ QChar eanCheckDigit(const QString &code, int len);
 
 /// True for 8 or 13 digits whose last is the check digit of the others.
 bool isSoundEan(const QString &code);
+
+/// True for what a scanner sends and nobody types as an amount or a quantity: 8 or 12 to 14 digits and
+/// nothing else.
+bool looksScanned(const QString &text);

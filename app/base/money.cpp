@@ -1,9 +1,11 @@
 #include "money.h"
 
+#include <QRegularExpression>
 #include <QtMath>
 
 namespace {
 const QChar noBreakBlank(0x00a0);
+const QChar narrowNoBreakBlank(0x202f);
 
 qint64 powerOfTen(int decimals)
 {
@@ -32,31 +34,36 @@ QString unitsText(qint64 units, int decimals, bool separators)
            QLatin1Char('.') + rest;
 }
 
-bool allDigits(const QString &text)
+/// The sign, the whole part without its blanks and the decimals of a number as people write it.
+struct NumberParts
 {
-    for (const QChar c : text) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
-    return true;
+    bool isNumber = false;
+    bool isNegative = false;
+    QString whole;
+    QString decimals;
+};
+
+NumberParts partsOf(const QString &text)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^(-?)(\\d{1,15}|\\d{1,3}(?:[ \u00a0\u202f]\\d{3}){1,4})(?:[.,](\\d+))?\\z"));
+    const QRegularExpressionMatch match = form.match(text.trimmed());
+    if (!match.hasMatch())
+        return {};
+    NumberParts parts{true, !match.captured(1).isEmpty(), match.captured(2), match.captured(3)};
+    for (const QChar blank : {QChar(u' '), noBreakBlank, narrowNoBreakBlank})
+        parts.whole.remove(blank);
+    return parts;
 }
 
 bool unitsFromText(const QString &text, int decimals, qint64 *units)
 {
-    QString number = text.simplified();
-    number.remove(QLatin1Char(' ')).remove(noBreakBlank).replace(QLatin1Char(','), QLatin1Char('.'));
-    const bool negative = number.startsWith(QLatin1Char('-'));
-    if (negative)
-        number.remove(0, 1);
-    const int point = number.indexOf(QLatin1Char('.'));
-    const QString whole = point < 0 ? number : number.left(point);
-    const QString rest = point < 0 ? QString() : number.mid(point + 1);
-    if (whole.isEmpty() || whole.size() > 15 || rest.size() > decimals || (point >= 0 && rest.isEmpty()) ||
-        !allDigits(whole) || !allDigits(rest))
+    const NumberParts parts = partsOf(text);
+    if (!parts.isNumber || parts.decimals.size() > decimals)
         return false;
-    const qint64 size = whole.toLongLong() * powerOfTen(decimals) +
-                        rest.leftJustified(decimals, QLatin1Char('0')).toLongLong();
-    *units = negative ? -size : size;
+    const qint64 size = parts.whole.toLongLong() * powerOfTen(decimals) +
+                        parts.decimals.leftJustified(decimals, QLatin1Char('0')).toLongLong();
+    *units = parts.isNegative ? -size : size;
     return true;
 }
 
@@ -100,6 +107,11 @@ bool kopecksFromText(const QString &text, qint64 *kopecks)
 bool thousandthsFromText(const QString &text, qint64 *thousandths)
 {
     return unitsFromText(text, 3, thousandths);
+}
+
+bool rateFromText(const QString &text, qint64 *hundredths)
+{
+    return unitsFromText(text, 2, hundredths);
 }
 
 qint64 sumOf(qint64 priceKopecks, qint64 quantityThousandths)

@@ -20,6 +20,7 @@ private slots:
     void moneyBecomesTextAndBack();
     void noMoneyIsRefused_data();
     void noMoneyIsRefused();
+    void numbersAsPeopleWriteThem();
     void sumsAreRoundedToTheKopeck();
     void spinBoxesLoseNothing();
     void checkDigits();
@@ -62,8 +63,41 @@ void TstValues::moneyBecomesTextAndBack()
 void TstValues::noMoneyIsRefused_data()
 {
     QTest::addColumn<QString>("text");
-    for (const char *text : {"", " ", "-", ".", ".5", "5.", "1.234", "1,2,3", "12a", "1e5", "+1", "--1", "٣",
-                             "1234567890123456"})
+    for (const char *text : {"",
+                             " ",
+                             "-",
+                             ".",
+                             ".5",
+                             "5.",
+                             "12,",
+                             "1.234",
+                             "1,2,3",
+                             "1,234,567",
+                             "1,234.50",
+                             "1.234,50",
+                             "12a",
+                             "1e5",
+                             "+1",
+                             "--1",
+                             "- 1",
+                             "٣",
+                             "1234567890123456",
+                             "12 50",
+                             "1 2 3",
+                             "1 23",
+                             "1  234",
+                             "1234 567",
+                             "1 234567",
+                             "12. 50",
+                             "12.5 0",
+                             "12.50 00",
+                             "49\u00a090",
+                             "1\t234",
+                             "1\n234",
+                             "1\u2009234",
+                             "0x10",
+                             "1/2",
+                             "12.50 грн"})
         QTest::newRow(text) << QString::fromUtf8(text);
 }
 
@@ -75,6 +109,36 @@ void TstValues::noMoneyIsRefused()
     QCOMPARE(kopecks, qint64(7));
 }
 
+void TstValues::numbersAsPeopleWriteThem()
+{
+    const struct
+    {
+        const char *text;
+        bool (*read)(const QString &, qint64 *);
+        qint64 number;
+    } rows[] = {{"49,90", kopecksFromText, 4990},
+                {"1 234,5", kopecksFromText, 123450},
+                {" 12.50\n", kopecksFromText, 1250},
+                {"1\u202f234\u202f567.05", kopecksFromText, 123456705},
+                {"21\u00a0474\u00a0836,47", kopecksFromText, maximumKopecks},
+                {"123456789012345", kopecksFromText, 12345678901234500},
+                {"-0,05", kopecksFromText, -5},
+                {"007.10", kopecksFromText, 710},
+                {"1,234", thousandthsFromText, 1234},
+                {"1 234", thousandthsFromText, 1234000},
+                {"2 147 483,647", thousandthsFromText, maximumThousandths},
+                {"17,5", rateFromText, 1750},
+                {"100", rateFromText, 10000}};
+    for (const auto &row : rows) {
+        qint64 number = -7;
+        QVERIFY2(row.read(QString::fromUtf8(row.text), &number), row.text);
+        QCOMPARE(number, row.number);
+    }
+    qint64 number = -7;
+    QVERIFY(!rateFromText("17.505", &number) && !thousandthsFromText("1.2345", &number));
+    QCOMPARE(number, qint64(-7));
+}
+
 void TstValues::sumsAreRoundedToTheKopeck()
 {
     QCOMPARE(sumOf(8000, 250), qint64(2000));
@@ -83,6 +147,10 @@ void TstValues::sumsAreRoundedToTheKopeck()
     QCOMPARE(sumOf(-1, 500), qint64(-1));
     QCOMPARE(shareOf(999, 1500), qint64(150));
     QCOMPARE(shareOf(2147483647, 10000), qint64(2147483647));
+    // 17.5 %: half a kopeck is the buyer's, less than half is not.
+    QCOMPARE(shareOf(43460, 1750), qint64(7606));
+    QCOMPARE(shareOf(43471, 1750), qint64(7607));
+    QCOMPARE(shareOf(-43460, 1750), qint64(-7606));
     QCOMPARE(quantityText(250), QString("0.250"));
     qint64 quantity = 0;
     QVERIFY(thousandthsFromText("0,25", &quantity));
@@ -104,6 +172,10 @@ void TstValues::checkDigits()
     QCOMPARE(eanCheckDigit("0000000000000", 12), QChar('0'));
     QCOMPARE(eanCheckDigit("9638507", 7), QChar('4'));
     QVERIFY(isSoundEan("4006381333931") && isSoundEan("96385074"));
+    for (const char *code : {"96385074", "482000000001", "4820000000017", "14820000000014"})
+        QVERIFY2(looksScanned(code), code);
+    for (const char *typed : {"", "1234567", "123456789", "12345678.00", "12 345 678", "482000000001a"})
+        QVERIFY2(!looksScanned(typed), typed);
     QVERIFY(!isSoundEan("4006381333932") && !isSoundEan("400638133393") && !isSoundEan("40063813339a1"));
 }
 

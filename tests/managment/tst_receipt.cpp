@@ -42,6 +42,7 @@ class tst_receipt : public QObject
 private slots:
     void sumsAndTurnovers();
     void discountsBelongToRows();
+    void halfAKopeckIsTheBuyers();
     void typedDiscountStaysBeyondPromotions();
     void proportionsAddUp();
     void quantitiesOfOneGoodsItem();
@@ -82,6 +83,20 @@ void tst_receipt::discountsBelongToRows()
     QCOMPARE(receipt.discount(), qint64(3000));
     receipt.remove(0);
     QCOMPARE(receipt.discount(), qint64(0));
+}
+
+/// Half a kopeck is the buyer's in every row; the receipt takes off what its rows take off.
+void tst_receipt::halfAKopeckIsTheBuyers()
+{
+    Receipt receipt;
+    receipt.add(onAction(row(1, 43471, 1000), 1750));
+    QCOMPARE(receipt.toPay(), qint64(35864));
+    receipt.clear();
+    for (const qint64 price : {10020, 10020, 10020, 13411})
+        receipt.add(onAction(row(1, price, 1000), 1750));
+    QCOMPARE(receipt.total(), qint64(43471));
+    QCOMPARE(discounts(receipt), (QVector<qint64>{1754, 1754, 1754, 2347}));
+    QCOMPARE(receipt.toPay(), qint64(35862));
 }
 
 void tst_receipt::typedDiscountStaysBeyondPromotions()
