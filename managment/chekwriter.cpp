@@ -1,6 +1,7 @@
 #include "chekwriter.h"
 
 #include "qmessevent.h"
+#include "servererror.h"
 #include "sqldate.h"
 
 #include <QSqlRecord>

@@ -104,11 +104,6 @@ private:
     int m_line;
 };
 
-/// Error numbers of the server that tell of another program.
-namespace ServerError {
-enum { DuplicateKey = 1062, LockWait = 1205, Deadlock = 1213 };
-}
-
 /// The first row as texts; empty when there is none, nothing after a failure.
 std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line);
 

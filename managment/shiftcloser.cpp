@@ -1,5 +1,6 @@
 #include "shiftcloser.h"
 
+#include "servererror.h"
 #include "sqldate.h"
 
 namespace {

@@ -2393,6 +2393,25 @@ can damage the data in the database!</translation>
     </message>
 </context>
 <context>
+    <name>ServerError</name>
+    <message>
+        <source>Немає зв&apos;язку із сервером бази даних. Програма підключається знову сама; перевірте мережу, якщо це триває.</source>
+        <translation>There is no connection to the database server. The program is reconnecting by itself; check the network if this lasts.</translation>
+    </message>
+    <message>
+        <source>Сервер бази даних зараз нічого не приймає: він утратив зв&apos;язок з іншими серверами кластера. Нічого не записано. Повторіть за хвилину або зверніться до адміністратора бази.</source>
+        <translation>The database server accepts nothing at the moment: it has lost the other servers of its cluster. Nothing was written. Try again in a minute or ask the database administrator.</translation>
+    </message>
+    <message>
+        <source>Ці дані зараз тримає інша програма (продаж, звіт або резервне копіювання). Повторіть за хвилину.</source>
+        <translation>Another program holds these data at the moment (a sale, a report or a backup). Try again in a minute.</translation>
+    </message>
+    <message>
+        <source>Інша програма щойно записала ті самі дані. Нічого не записано. Повторіть.</source>
+        <translation>Another program has just written the same data. Nothing was written. Try again.</translation>
+    </message>
+</context>
+<context>
     <name>ShiftCloser</name>
     <message>
         <source>Зміну № %1 вже закрито в іншій програмі. Нічого не записано.</source>

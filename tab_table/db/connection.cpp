@@ -11,12 +11,18 @@
 #include <mysql.h>
 
 namespace {
+/// A table that somebody alters or a backup locks is waited for as long as a row: the default is a day.
 const char *const sessionSettings = "SET SESSION "
                                     "sql_mode='STRICT_TRANS_TABLES,NO_ENGINE_SUBSTITUTION,"
                                     "NO_UNSIGNED_SUBTRACTION',"
-                                    "innodb_lock_wait_timeout=5";
+                                    "innodb_lock_wait_timeout=5,lock_wait_timeout=5,"
+                                    "default_storage_engine=InnoDB";
 /// Needs a right of its own on some servers, therefore apart.
 const char *const timestampSetting = "SET SESSION explicit_defaults_for_timestamp=OFF";
+/// A node of a cluster waits before it reads until it has caught up: asked whether a receipt is written, a
+/// lagging one would say no. Servers without clusters do not know the variable.
+const char *const clusterSetting = "SET SESSION wsrep_sync_wait=1";
+const char *const clusterQuestion = "SHOW VARIABLES LIKE 'wsrep_sync_wait'";
 
 const char *const connectOptions =
     "MYSQL_OPT_RECONNECT=1; CLIENT_INTERACTIVE=1; MYSQL_OPT_CONNECT_TIMEOUT=10";
@@ -49,6 +55,9 @@ bool setSession(QSqlDatabase &db, QObject *receiver)
         mysql_set_character_set(client, "utf8mb4");
         keepOverReconnect(client, sessionSettings);
     }
+    if (query.exec(QLatin1String(clusterQuestion)) && query.next() &&
+        query.exec(QLatin1String(clusterSetting)) && client != nullptr)
+        keepOverReconnect(client, clusterSetting);
     if (query.exec(QLatin1String(timestampSetting))) {
         if (client != nullptr)
             keepOverReconnect(client, timestampSetting);

@@ -19,7 +19,8 @@ struct DatabaseAddress
 QSqlDatabase addConnection(const QString &connectionName, const DatabaseAddress &address);
 
 /// Opens the connection with the session that every statement of the program relies on (sql_mode,
-/// automatic time stamps, utf8mb4, a lock wait of five seconds), kept over a silent reconnect.
+/// automatic time stamps, utf8mb4, InnoDB for new tables, five seconds' wait for rows and for tables, reads
+/// that a cluster's node has caught up with), kept over a silent reconnect.
 /// On failure db.lastError() tells why; blocks at most about ten seconds when nobody answers.
 bool openConnection(QSqlDatabase &db, QObject *receiver);
 

@@ -128,9 +128,10 @@ void TstDb::killedInsideATransactionLeavesNothing()
 void TstDb::sessionSurvivesAReconnect()
 {
     const QString settings = "SELECT @@sql_mode,@@explicit_defaults_for_timestamp,@@innodb_lock_wait_timeout,"
+                             "@@lock_wait_timeout,@@default_storage_engine,@@wsrep_sync_wait,"
                              "@@character_set_client,@@character_set_results";
     const QString before = m_base->value(settings);
-    QVERIFY2(before.contains("NO_UNSIGNED_SUBTRACTION") && before.endsWith("|0|5|utf8mb4|utf8mb4"),
+    QVERIFY2(before.contains("NO_UNSIGNED_SUBTRACTION") && before.endsWith("|0|5|5|InnoDB|1|utf8mb4|utf8mb4"),
              qPrintable(before));
     for (int i = 0; i < 2; ++i) {
         m_base->killConnection();

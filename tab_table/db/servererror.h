@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+/// Error numbers of the server and of its client library that a program answers in its own way.
+namespace ServerError {
+enum {
+    NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
+    DuplicateKey = 1062,
+    LockWait = 1205,
+    Deadlock = 1213, ///< in a cluster also the answer to a COMMIT that another node's was quicker than
+    Interrupted = 1317,
+    ConnectionKilled = 1927,
+    CannotConnect = 2003,
+    ServerGone = 2006,
+    ConnectionLost = 2013
+};
+} // namespace ServerError
+
+/// True when this connection is of no use any more, whatever it was doing: nobody answers, or the server is
+/// ending it. A transaction of it is rolled back by the server.
+bool isConnectionLost(int error);
+
+/// True when another program was in the way (a lock, a deadlock, the same number written first): what was
+/// sent in the transaction is not written, and the same may be tried again.
+bool isOtherProgram(int error);
+
+/// True when a COMMIT that failed so has certainly written nothing. After any other failure of a COMMIT the
+/// server has to be asked.
+bool isCommitRefused(int error);
+
+/// What such an error means and what to do, for the user; empty for errors that need no words of their own.
+QString serverWords(int error);
