@@ -145,19 +145,21 @@ void Veltab::login()
             refuse(tr("Перед входом закрийте всі вкладки!"));
         return;
     }
-    logout();
     QSelUser dialog(m_directory, m_setting->prefIdentify(), this, false, false);
-    while (!m_user.isLoaded()) {
+    bool isFound = false;
+    while (!isFound) {
         if (m_isUnattended)
             dialog.ok();
         else if (dialog.exec() != QDialog::Accepted)
             break;
-        if (findUser(dialog.login(), dialog.identifier(), dialog.isCard()))
-            welcome();
-        else if (m_isUnattended)
+        isFound = findUser(dialog.login(), dialog.identifier(), dialog.isCard());
+        if (m_isUnattended)
             break;
     }
-    if (!m_user.isLoaded())
+    // Whoever worked before goes on when nobody else came in.
+    if (isFound)
+        welcome();
+    else if (!m_user.isLoaded())
         showConnectionState(tr("Користувач не увійшов."));
     updateMenus();
 }
@@ -170,6 +172,12 @@ bool Veltab::findUser(const QString &name, const QString &identifier, bool isCar
     QCoreApplication::sendPostedEvents(this, QMessEvent::eventType);
     showErrors();
     return found;
+}
+
+void Veltab::readRights()
+{
+    if (m_user.isLoaded())
+        m_user.reload(&m_db);
 }
 
 void Veltab::logout()
@@ -195,15 +203,20 @@ void Veltab::welcome()
 
 void Veltab::EnableButton(bool enable)
 {
-    const bool allowed = enable && m_user.maySee(Permission::BackOffice);
-    for (const Entry &entry : m_entries)
-        entry.action->setVisible(allowed && entry.open && m_user.maySee(entry.permission));
-    visible(false);
-    updateMenus();
-    if (enable && !allowed) {
+    showRights();
+    if (enable && !m_user.maySee(Permission::BackOffice)) {
         refuse(tr("У вас немає доступу до бекофісу."));
         showConnectionState(tr("У вас немає доступу до бекофісу."));
     }
+}
+
+void Veltab::showRights()
+{
+    const bool allowed = m_user.maySee(Permission::BackOffice);
+    for (const Entry &entry : m_entries)
+        entry.action->setVisible(allowed && entry.open && m_user.maySee(entry.permission));
+    changetab(ui->tabWidget->currentIndex());
+    updateMenus();
 }
 
 void Veltab::visible(bool vis, bool exp)

@@ -177,6 +177,7 @@ void Veltab::connectSession()
     connect(ui->pbReconnect, &QPushButton::clicked, this, &Veltab::connectDatabase);
     connect(ui->pbSettings, &QPushButton::clicked, this, &Veltab::s_setting);
     connect(m_setting, &setting::saved, this, &Veltab::applySettings);
+    connect(&m_user, &QLoadedUser::rightsChanged, this, &Veltab::showRights);
 }
 
 void Veltab::SaleAdmission()

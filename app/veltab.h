@@ -61,13 +61,15 @@ public slots:
     /// Connects (again) to the database of the settings, in the background.
     void connectDatabase();
     void login();
+    /// Reads the rights of the user again; menus and tabs follow.
+    void readRights();
     void closetab(int index);
     void changetab(int index);
     void LogErrorDwl(const QString &text);
     /// edit: the record commands; exportOnly: the export commands without them.
     void visible(bool vis, bool exp);
     void visible(bool vis);
-    /// Shows the actions by the user's rights, or none.
+    /// Shows the actions by the user's rights, and with enable tells a user who may see none.
     void EnableButton(bool enable);
 
 signals:
@@ -108,6 +110,7 @@ private:
     void showErrors();
     void offerSchema(bool databaseIsMissing);
     void showConnectionState(const QString &text);
+    void showRights();
     void updateMenus();
     bool findUser(const QString &name, const QString &identifier, bool isCard);
     void askServiceMenu();

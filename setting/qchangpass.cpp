@@ -4,6 +4,7 @@
 #include "db.h"
 #include "qloadeduser.h"
 #include "qqestion.h"
+#include "secretquery.h"
 
 QChangPass::QChangPass(quint32 idUser, QSqlDatabase *db, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::QChangPass>()), m_idUser(idUser), m_db(db)
@@ -44,10 +45,12 @@ std::optional<bool> QChangPass::isCurrentRight(const Db &db) const
 
 bool QChangPass::store(const Db &db) const
 {
-    return db
-        .run(QStringLiteral("UPDATE users SET pass=:pass WHERE id=:id"),
-             {{QStringLiteral(":pass"), passwordHash(ui->leNew->text())}, {QStringLiteral(":id"), m_idUser}},
-             tr("Помилка запиту"))
+    // Another program may have stored the same password meanwhile: the server's words would quote it.
+    const QString hash = passwordHash(ui->leNew->text());
+    return runSecret(db,
+                     QStringLiteral("UPDATE users SET pass=") + lit(hash) + QStringLiteral(" WHERE id=") +
+                         QString::number(m_idUser),
+                     {hash}, tr("Помилка запиту"))
         .has_value();
 }
 

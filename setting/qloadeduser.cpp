@@ -2,6 +2,7 @@
 
 #include "db.h"
 #include "qmessevent.h"
+#include "secretquery.h"
 
 #include <QCryptographicHash>
 
@@ -31,6 +32,21 @@ bool fillList(const Db &db, const QString &sql, QStringList *list)
         *list = *read;
     return read.has_value();
 }
+
+QString groupsOf(const QString &idGroupPremission)
+{
+    // No group has the id 0: group 1, which stands for all groups, stays in the list.
+    return QStringLiteral("SELECT id_group FROM lst_group WHERE id_g_prem=") + idGroupPremission +
+           QStringLiteral(" AND id_group<>0");
+}
+
+QString shopsTransmitOf(const QString &idGroupPremission, const QString &idShop)
+{
+    const QString home = idShop.isEmpty() ? QStringLiteral("0") : idShop;
+    return QStringLiteral("SELECT id_shop FROM lst_shops_transmit WHERE id_g_prem=") + idGroupPremission +
+           QStringLiteral(" AND id_shop<>(SELECT IF( (SELECT id FROM shops WHERE count_day_cycle>0 AND id=") +
+           home + QStringLiteral(") IS NULL,0,") + home + QStringLiteral("))");
+}
 } // namespace
 
 QString passwordHash(const QString &password)
@@ -45,112 +61,92 @@ QLoadedUser::QLoadedUser(QLogger *logger, QObject *receiver) : m_logger(logger),
 
 void QLoadedUser::clear()
 {
-    m_rights = {};
-    m_idUser.clear();
-    m_idGroupPremission.clear();
-    m_idGroup.clear();
-    m_idShop.clear();
+    const bool wasLoaded = isLoaded();
+    m_person = {};
+    if (wasLoaded)
+        emit rightsChanged();
 }
 
 bool QLoadedUser::loadpermis(QSqlDatabase *db, const QString &login, const QString &pass)
 {
-    return loadFound(db, findUser() + QStringLiteral("login=") + lit(login) + QStringLiteral(" AND (pass=") +
-                             lit(pass) + QStringLiteral(" OR pass=") + lit(passwordHash(pass)) +
-                             QLatin1Char(')'));
+    return loadFound(db,
+                     findUser() + QStringLiteral("login=") + lit(login) + QStringLiteral(" AND (pass=") +
+                         lit(pass) + QStringLiteral(" OR pass=") + lit(passwordHash(pass)) + QLatin1Char(')'),
+                     {pass, passwordHash(pass)});
 }
 
 bool QLoadedUser::loadpermis(QSqlDatabase *db, const QString &pass)
 {
     // The seeded administrator has an empty password, which an empty key or one of blanks would equal.
     const QString nobody = pass.trimmed().isEmpty() ? QStringLiteral("0 AND ") : QString();
-    return loadFound(db, findUser() + nobody + QStringLiteral("pass=") + lit(pass) +
-                             QStringLiteral(" OR key_prem=") + lit(pass));
+    return loadFound(db,
+                     findUser() + nobody + QStringLiteral("pass=") + lit(pass) +
+                         QStringLiteral(" OR key_prem=") + lit(pass),
+                     {pass});
 }
 
-bool QLoadedUser::loadFound(QSqlDatabase *db, const QString &sql)
+bool QLoadedUser::loadFound(QSqlDatabase *db, const QString &sql, const QStringList &secrets)
 {
-    clear();
-    auto query = Db(db, m_receiver).run(sql);
+    auto query = runSecret(Db(db, m_receiver), sql, secrets, tr("Помилка запиту:"));
     if (!query)
         return false;
     if (!query->next()) {
         postMessage(m_receiver, tr("Користувача не знайдено!\nПерезавантажте програму!"));
         return false;
     }
-    const QString idGroup = toText(query->value(2));
-    const bool loaded = load(db, toText(query->value(0)), toText(query->value(1)), toText(query->value(3)));
-    m_idGroup = idGroup;
-    return loaded;
+    return take(db, {toText(query->value(1)),
+                     toText(query->value(0)),
+                     toText(query->value(2)),
+                     toText(query->value(3)),
+                     {}});
 }
 
 bool QLoadedUser::load(QSqlDatabase *db, const QString &id_g_prem, const QString &id_user,
                        const QString &id_shop)
 {
-    clear();
-    m_idGroupPremission = id_g_prem;
-    m_idUser = id_user;
-    if (id_shop != QLatin1String("0"))
-        m_idShop = id_shop;
-    return fill(Db(db, m_receiver));
+    return take(db, {id_user, id_g_prem, QString(), id_shop, {}});
 }
 
 bool QLoadedUser::reload(QSqlDatabase *db)
 {
-    if (!isLoaded())
-        return false;
-    const Rights old = m_rights;
-    m_rights = {};
-    if (fill(Db(db, m_receiver)))
-        return true;
-    m_rights = old;
-    return false;
+    return isLoaded() && take(db, m_person);
 }
 
-bool QLoadedUser::fill(const Db &db)
+bool QLoadedUser::take(QSqlDatabase *connection, Person person)
 {
-    return fillPermissions(db) && fillGroups(db) && fillShopsTransmit(db);
+    const Db db(connection, m_receiver);
+    if (person.idShop == QLatin1String("0"))
+        person.idShop.clear();
+    person.rights = {};
+    if (!fillPermissions(db, &person) ||
+        !fillList(db, groupsOf(person.idGroupPremission), &person.rights.groups) ||
+        !fillList(db, shopsTransmitOf(person.idGroupPremission, person.idShop), &person.rights.shopsTransmit))
+        return false;
+    m_person = person;
+    emit rightsChanged();
+    return true;
 }
 
-bool QLoadedUser::fillPermissions(const Db &db)
+bool QLoadedUser::fillPermissions(const Db &db, Person *person) const
 {
     auto query = db.run(QStringLiteral("SELECT id_prem,permission FROM lst_permis WHERE id_g_prem=") +
-                        m_idGroupPremission);
+                        person->idGroupPremission);
     if (!query)
         return false;
     while (query->next()) {
         const qlonglong id = query->value(0).toLongLong();
         if (id >= 0 && id < Permission::Count)
-            m_rights.permissions[static_cast<size_t>(id)] = static_cast<qint16>(query->value(1).toInt());
+            person->rights.permissions[static_cast<size_t>(id)] =
+                static_cast<qint16>(query->value(1).toInt());
         else
             postMessage(m_receiver, tr("Id параметру виходить за межі списку!"));
     }
     return true;
 }
 
-bool QLoadedUser::fillGroups(const Db &db)
-{
-    // No group has the id 0: group 1, which stands for all groups, stays in the list.
-    return fillList(db,
-                    QStringLiteral("SELECT id_group FROM lst_group WHERE id_g_prem=") + m_idGroupPremission +
-                        QStringLiteral(" AND id_group<>0"),
-                    &m_rights.groups);
-}
-
-bool QLoadedUser::fillShopsTransmit(const Db &db)
-{
-    const QString home = m_idShop.isEmpty() ? QStringLiteral("0") : m_idShop;
-    return fillList(db,
-                    QStringLiteral("SELECT id_shop FROM lst_shops_transmit WHERE id_g_prem=") +
-                        m_idGroupPremission +
-                        QStringLiteral(" AND id_shop<>(SELECT IF( (SELECT id FROM shops WHERE "
-                                       "count_day_cycle>0 AND id=") +
-                        home + QStringLiteral(") IS NULL,0,") + home + QStringLiteral("))"),
-                    &m_rights.shopsTransmit);
-}
-
 int QLoadedUser::permission(int id) const
 {
-    return id >= 0 && id < Permission::Count ? m_rights.permissions[static_cast<size_t>(id)]
+    return id >= 0 && id < Permission::Count ? m_person.rights.permissions[static_cast<size_t>(id)]
                                              : static_cast<int>(Permission::Denied);
 }
 
@@ -158,7 +154,8 @@ bool QLoadedUser::isPermissionForShop(const QString &idShop, const QString &idGr
 {
     if (idShop.isEmpty())
         return false;
-    return idShop == m_idShop || m_rights.shopsTransmit.contains(idShop) || m_rights.groups.contains(idGroup);
+    return idShop == m_person.idShop || m_person.rights.shopsTransmit.contains(idShop) ||
+           m_person.rights.groups.contains(idGroup);
 }
 
 QString QLoadedUser::getNameSename(QSqlDatabase *db, int id) const

@@ -10,7 +10,8 @@ class Db;
 class QLogger;
 class QSqlDatabase;
 
-/// The user who is logged in, and what that user may do and see.
+/// The user who is logged in, and what that user may do and see. A reading that fails half way changes
+/// nothing: who was loaded stays, with the rights that were read last.
 class QLoadedUser : public QObject
 {
     Q_OBJECT
@@ -22,32 +23,32 @@ public:
     void clear();
 
     /// Finds the user of that login whose stored password is the given one, in clear or hashed, and loads
-    /// the rights. Whoever was loaded before is forgotten, also when this fails (reported).
+    /// the rights. False, with the reason reported, when nobody is found or a statement fails.
     bool loadpermis(QSqlDatabase *db, const QString &login, const QString &pass);
     /// The same by the key of a user card alone; an empty key finds nobody.
     bool loadpermis(QSqlDatabase *db, const QString &pass);
     /// Loads rights and lists of a permission group for a user whose home shop is id_shop (empty or 0:
-    /// none). After a failed statement (reported) what was read so far stays, and the answer is false.
+    /// none). False after a failed statement (reported).
     bool load(QSqlDatabase *db, const QString &id_g_prem, const QString &id_user, const QString &id_shop);
-    /// Reads rights and lists of the loaded user again; on failure (reported) the old ones stay.
+    /// Reads rights and lists of the loaded user again; false after a failed statement (reported).
     bool reload(QSqlDatabase *db);
 
-    bool isLoaded() const { return !m_idUser.isEmpty(); }
+    bool isLoaded() const { return !m_person.idUser.isEmpty(); }
     /// The value of a permission; 0 outside 0 to 399.
     int permission(int id) const;
     bool maySee(int id) const { return permission(id) != Permission::Denied; }
     bool mayEdit(int id) const { return permission(id) == Permission::Full; }
 
-    QString idUser() const { return m_idUser; }
-    QString idGroupPremission() const { return m_idGroupPremission; }
+    QString idUser() const { return m_person.idUser; }
+    QString idGroupPremission() const { return m_person.idGroupPremission; }
     /// The home shop group.
-    QString idGroup() const { return m_idGroup; }
+    QString idGroup() const { return m_person.idGroup; }
     /// The home shop; empty when there is none.
-    QString idShop() const { return m_idShop; }
+    QString idShop() const { return m_person.idShop; }
     /// The shop groups that the user may see.
-    const QStringList &groups() const { return m_rights.groups; }
+    const QStringList &groups() const { return m_person.rights.groups; }
     /// The shops that the user may send goods and cash to; a home shop with a day cycle is left out.
-    const QStringList &shopsTransmit() const { return m_rights.shopsTransmit; }
+    const QStringList &shopsTransmit() const { return m_person.rights.shopsTransmit; }
 
     /// True when the user may work with the shop of that id in that shop group: the home shop, a shop of a
     /// group that the user sees, or one that the user may send to. An empty group counts as not seen.
@@ -59,6 +60,11 @@ public:
     QLogger *logger() const { return m_logger; }
     QObject *receiver() const { return m_receiver; }
 
+signals:
+    /// Rights and lists were read, for the first time or again, or nobody is loaded any more: whatever shows
+    /// commands, shops or groups by them shows them anew.
+    void rightsChanged();
+
 private:
     struct Rights
     {
@@ -66,20 +72,23 @@ private:
         QStringList groups;
         QStringList shopsTransmit;
     };
+    /// Who is loaded. Every reading fills a fresh one, which takes the place of the old when it is whole.
+    struct Person
+    {
+        QString idUser;
+        QString idGroupPremission;
+        QString idGroup;
+        QString idShop;
+        Rights rights;
+    };
 
-    bool loadFound(QSqlDatabase *db, const QString &sql);
-    bool fill(const Db &db);
-    bool fillPermissions(const Db &db);
-    bool fillGroups(const Db &db);
-    bool fillShopsTransmit(const Db &db);
+    bool loadFound(QSqlDatabase *db, const QString &sql, const QStringList &secrets);
+    bool take(QSqlDatabase *db, Person person);
+    bool fillPermissions(const Db &db, Person *person) const;
 
     QLogger *m_logger;
     QObject *m_receiver;
-    Rights m_rights;
-    QString m_idUser;
-    QString m_idGroupPremission;
-    QString m_idGroup;
-    QString m_idShop;
+    Person m_person;
 };
 
 /// A password as users.pass holds it: the MD5 of its UTF-8 bytes, 32 lower-case hexadecimal digits.

@@ -1002,6 +1002,10 @@ Restart the program!</translation>
         <source>Користувача не знайдено!</source>
         <translation>The user is not found!</translation>
     </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
 </context>
 <context>
     <name>QPayment</name>

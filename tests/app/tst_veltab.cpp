@@ -33,6 +33,8 @@ private slots:
     void wrongLoginMayTryAgain();
     void rightsShowTheMenus();
     void userWithoutAccessIsRefused();
+    void changedRightsAreFollowed();
+    void cancelledLoginKeepsTheUser();
     void openTabsKeepTheWindow();
     void recordCommandsFollowTheTab();
     void exportFollowsTheRight();
@@ -270,6 +272,49 @@ void TstVeltab::userWithoutAccessIsRefused()
     QVERIFY(m_shown.contains("У вас немає доступу до бекофісу."));
     QVERIFY(m_window->openingActions().isEmpty() && !action("changpass")->isVisible());
     QVERIFY(action("login")->isVisible());
+}
+
+void TstVeltab::changedRightsAreFollowed()
+{
+    addUser("mixed", "0=1 10=1 13=1 220=1");
+    startLoggedIn("mixed");
+    action("mt_goods")->trigger();
+    QVERIFY(action("add")->isVisible() && action("mt_shops")->isVisible());
+    m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_prem=13 AND id_g_prem<>1");
+    m_base->exec("DELETE FROM lst_permis WHERE id_prem=10 AND id_g_prem<>1");
+    m_window->readRights();
+    QVERIFY(!action("add")->isVisible() && !action("mt_shops")->isVisible());
+    QVERIFY(action("mt_goods")->isVisible());
+}
+
+void TstVeltab::cancelledLoginKeepsTheUser()
+{
+    addUser("worker", "0=1 13=1");
+    startLoggedIn("worker");
+    const auto *label = child<QLabel>(m_window.get(), "labelUser");
+    const QString before = label->text();
+    QVERIFY(before.contains("Прізвище"));
+    int wrong = 0;
+    QTimer answer;
+    connect(&answer, &QTimer::timeout, this, [&] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (dialog == nullptr)
+            return;
+        if (qobject_cast<QSelUser *>(dialog) == nullptr)
+            dialog->accept();
+        else if (wrong++ == 0)
+            logIn(dialog, "немає такого");
+        else
+            dialog->reject();
+    });
+    answer.start(10);
+    action("login")->trigger();
+    QCOMPARE(wrong, 2);
+    QCOMPARE(label->text(), before);
+    QVERIFY(m_window->isReady() && action("mt_goods")->isVisible() && !action("mt_shops")->isVisible());
+    action("mt_goods")->trigger();
+    answer.stop();
+    QCOMPARE(answerQuestion([this] { m_window->login(); }), QString("Перед входом закрийте всі вкладки!"));
 }
 
 void TstVeltab::openTabsKeepTheWindow()

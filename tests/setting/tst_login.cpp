@@ -34,6 +34,7 @@ private slots:
     void passwordIsChanged();
     void passwordIsRefused();
     void failedChangeIsReported();
+    void passwordTakenMeanwhileStaysUntold();
 
 private:
     /// Runs act and remembers title and text of the warning it shows.
@@ -243,6 +244,30 @@ void TstLogin::failedChangeIsReported()
     dialog.chang();
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
     QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), QString());
+}
+
+/// The server names the value that stands twice: here the stored form of a password.
+void TstLogin::passwordTakenMeanwhileStaysUntold()
+{
+    FreshDatabase base;
+    base.exec(
+        "INSERT INTO users(login,pass,key_prem,name,surname,id_g_prem) VALUES('b','other','2','Б','Б',1)");
+    QChangPass dialog(1, base.connection(), nullptr);
+    child<QLineEdit>(&dialog, "leNew")->setText("one");
+    child<QLineEdit>(&dialog, "leRepeat")->setText("one");
+    bool isTaken = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (isTaken || !sql.startsWith("UPDATE"))
+            return;
+        isTaken = true;
+        base.exec("UPDATE users SET pass=" + lit(passwordHash("one")) + " WHERE login='b'");
+    });
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression("Duplicate entry '\\*\\*\\*' for key .*\nUPDATE users SET "
+                                            "pass='\\*\\*\\*' WHERE id=1$"));
+    dialog.chang();
+    Db::setStatementHook({});
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
 }
 
 QTEST_MAIN(TstLogin)

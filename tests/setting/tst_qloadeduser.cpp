@@ -2,6 +2,8 @@
 
 #include "qloadeduser.h"
 
+#include <QSignalSpy>
+
 /// Finding the user and reading the rights.
 class TstQLoadedUser : public QObject
 {
@@ -18,7 +20,9 @@ private slots:
     void ownShopWithADayCycleIsNotSentTo();
     void shopsThatAreAllowed();
     void secondUserHasNoRightsOfTheFirst();
-    void failureKeepsWhatWasRead();
+    void failedReadingChangesNothing();
+    void failedLoginTellsNoPassword();
+    void hashOfAPassword();
     void namesOfAUser();
 
 private:
@@ -60,9 +64,15 @@ void TstQLoadedUser::loginFindsTheUser()
         QCOMPARE(m_user->idUser(), user.at(2));
         QVERIFY(!m_base->heard.has("Помилка") && !m_base->heard.has("не знайдено"));
         QVERIFY(!m_user->loadpermis(m_base->connection(), user.at(0), user.at(1) + "x"));
-        QVERIFY2(!m_user->isLoaded() && !m_user->maySee(Permission::BackOffice), "the user before must go");
+        QCOMPARE(m_user->idUser(), user.at(2));
         m_base->heard.forget();
     }
+    // The own name with the password of somebody else.
+    m_user->clear();
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "it's", "пароль довший за тридцять два знаки"));
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "admin", "clear\\'"));
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "їжак", ""));
+    QVERIFY(!m_user->isLoaded());
 }
 
 void TstQLoadedUser::textOfPeopleLogsNobodyIn()
@@ -85,7 +95,7 @@ void TstQLoadedUser::cardFindsTheUser()
     QCOMPARE(m_user->idUser(), QString("2"));
     for (const char *key : {"", "   ", "0000000044"})
         QVERIFY2(!m_user->loadpermis(m_base->connection(), key), key);
-    QVERIFY(!m_user->isLoaded());
+    QCOMPARE(m_user->idUser(), QString("2"));
 }
 
 void TstQLoadedUser::rightsAreBounded()
@@ -134,23 +144,60 @@ void TstQLoadedUser::secondUserHasNoRightsOfTheFirst()
     QVERIFY(m_user->reload(m_base->connection()));
     QCOMPARE(m_user->groups(), QStringList({"2", "3"}));
     QCOMPARE(m_user->idGroup(), QString("1"));
+    const QSignalSpy changed(m_user.get(), &QLoadedUser::rightsChanged);
     m_user->clear();
+    QCOMPARE(changed.size(), 1);
     QVERIFY(!m_user->isLoaded() && m_user->groups().isEmpty() && m_user->shopsTransmit().isEmpty());
     QVERIFY(!m_user->reload(m_base->connection()));
 }
 
-void TstQLoadedUser::failureKeepsWhatWasRead()
+void TstQLoadedUser::failedReadingChangesNothing()
 {
-    QVERIFY(m_user->loadpermis(m_base->connection(), "0000000042"));
-    m_base->exec("DROP TABLE lst_shops_transmit");
-    m_base->exec("DELETE FROM lst_permis WHERE id_g_prem=2 AND id_prem=10");
-    m_base->heard.forget();
-    QVERIFY(!m_user->reload(m_base->connection()));
-    QVERIFY2(m_user->maySee(Permission::Shops), "a failed second reading keeps the first");
+    QSignalSpy changed(m_user.get(), &QLoadedUser::rightsChanged);
+    m_base->exec("RENAME TABLE lst_shops_transmit TO away");
     QVERIFY(!m_user->loadpermis(m_base->connection(), "0000000042"));
-    QVERIFY(m_user->maySee(Permission::BackOffice) && !m_user->maySee(Permission::Shops));
+    QVERIFY2(!m_user->isLoaded() && !m_user->maySee(Permission::BackOffice), "nobody with half the rights");
     QVERIFY(m_base->heard.has("Помилка запиту:"));
     QVERIFY(m_base->heard.all().constFirst().location.startsWith("In file: setting/qloadeduser line: "));
+    QCOMPARE(changed.size(), 0);
+
+    m_base->exec("RENAME TABLE away TO lst_shops_transmit");
+    QVERIFY(m_user->loadpermis(m_base->connection(), "0000000042"));
+    QCOMPARE(changed.size(), 1);
+    m_base->exec("DELETE FROM lst_permis WHERE id_g_prem=2 AND id_prem=10");
+    m_base->exec("RENAME TABLE lst_shops_transmit TO away");
+    QVERIFY(!m_user->reload(m_base->connection()));
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "admin", ""));
+    QVERIFY2(m_user->maySee(Permission::Shops), "the rights that were read last stay");
+    QCOMPARE(m_user->idUser(), QString("2"));
+    QCOMPARE(changed.size(), 1);
+
+    m_base->exec("RENAME TABLE away TO lst_shops_transmit");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QVERIFY(!m_user->maySee(Permission::Shops));
+    QCOMPARE(m_user->idGroup(), QString("2"));
+    QCOMPARE(m_user->idShop(), QString("5"));
+    QCOMPARE(changed.size(), 2);
+}
+
+void TstQLoadedUser::failedLoginTellsNoPassword()
+{
+    m_base->exec("RENAME TABLE users TO away");
+    const QString secret = "it's \\ таємний";
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "їжак", secret));
+    QVERIFY(!m_user->loadpermis(m_base->connection(), "7000000042"));
+    const QStringList told = m_base->heard.texts(4);
+    QCOMPARE(told.size(), 2);
+    QVERIFY2(told.at(0).startsWith("Помилка запиту:\n") && told.at(0).contains("login='їжак'"),
+             qPrintable(told.at(0)));
+    for (const QString &part : {QString("таємний"), passwordHash(secret), QString("7000000042")})
+        QVERIFY2(!told.join('\n').contains(part), qPrintable(told.join('\n')));
+}
+
+void TstQLoadedUser::hashOfAPassword()
+{
+    QCOMPARE(passwordHash("їжак"), QString("660ed5265656dd319b6bdc4f57d0ea96"));
+    QCOMPARE(passwordHash(""), QString("d41d8cd98f00b204e9800998ecf8427e"));
 }
 
 void TstQLoadedUser::namesOfAUser()

@@ -1,0 +1,32 @@
+#include "secretquery.h"
+
+#include "db.h"
+#include "qmessevent.h"
+
+namespace {
+const int quotedCharacters = 500;
+
+QString withoutSecrets(QString text, const QStringList &secrets)
+{
+    for (const QString &secret : secrets) {
+        if (secret.isEmpty())
+            continue;
+        text.replace(lit(secret), QLatin1String("'***'"));
+        text.replace(QLatin1Char('\'') + secret + QLatin1Char('\''), QLatin1String("'***'"));
+    }
+    return text;
+}
+} // namespace
+
+std::optional<QSqlQuery> runSecret(const Db &db, const QString &sql, const QStringList &secrets,
+                                   const QString &failure, const char *file, int line)
+{
+    QString error;
+    auto query = db.attempt(sql, &error);
+    if (!query)
+        postMessage(db.receiver(),
+                    failure + QLatin1Char('\n') + withoutSecrets(error, secrets) + QLatin1Char('\n') +
+                        withoutSecrets(sql, secrets).left(quotedCharacters),
+                    QMessEvent::Critical, file, line);
+    return query;
+}
