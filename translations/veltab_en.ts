@@ -162,6 +162,18 @@ The indexes can be removed in the same way.</translation>
         <source>Редагування запису №</source>
         <translation>Editing record No. </translation>
     </message>
+    <message>
+        <source>Зміни не збережено.</source>
+        <translation>The changes are not saved.</translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
+    </message>
+    <message>
+        <source>Закрити без збереження</source>
+        <translation>Close without saving</translation>
+    </message>
 </context>
 <context>
     <name>Goods</name>
@@ -2612,6 +2624,13 @@ before its last day!</translation>
     <message>
         <source>інші (%1)</source>
         <translation>others (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>Typed</name>
+    <message>
+        <source>Поле &quot;%1&quot;: у тексті є перенесення рядка, табуляція або інший невидимий знак. Зітріть його: текст має бути в один рядок.</source>
+        <translation>Field &quot;%1&quot;: the text holds a line break, a tab or another invisible character. Delete it: the text must be one line.</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,8 @@
 #include "editdialog.h"
 
+#include "qmessdlg.h"
 #include "qqestion.h"
+#include "typedinput.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -13,7 +15,10 @@ void EditDialog::btok()
 {
     if (m_isReadOnly)
         return;
-    const QString why = refusal();
+    commitTyping(this);
+    QString why = linesRefusal();
+    if (why.isEmpty())
+        why = refusal();
     if (!why.isEmpty())
         QQestion::question(this, tr("Попередження."), why, true);
     else if (save())
@@ -23,6 +28,60 @@ void EditDialog::btok()
 void EditDialog::btcancel()
 {
     reject();
+}
+
+void EditDialog::reject()
+{
+    commitTyping(this);
+    const bool isLost = !m_isReadOnly && isChanged();
+    if (!isLost ||
+        QMessDlg::quest(this, windowTitle(), tr("Зміни не збережено."), tr("Продовжити редагування"),
+                        tr("Закрити без збереження"), QString(), QString()) == 1)
+        QDialog::reject();
+}
+
+void EditDialog::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    if (m_wasShown)
+        return;
+    m_wasShown = true;
+    m_shown = enteredTexts(this);
+    const auto fields = findChildren<QLineEdit *>();
+    for (const auto *field : fields)
+        m_shownTexts.insert(field, field->text());
+}
+
+bool EditDialog::isChanged() const
+{
+    return m_wasShown && enteredTexts(this) != m_shown;
+}
+
+/// A text that came from the database as it is stays as it is.
+QString EditDialog::linesRefusal() const
+{
+    const auto fields = findChildren<QLineEdit *>();
+    for (auto *field : fields) {
+        const bool isTyped = !field->isReadOnly() && field->text() != m_shownTexts.value(field);
+        if (isTyped && hasControlCharacters(field->text())) {
+            field->setFocus();
+            return controlCharactersRefusal(fieldName(field));
+        }
+    }
+    return QString();
+}
+
+void EditDialog::showStored(QLineEdit *field, const QVariant &stored)
+{
+    if (stored.isNull())
+        m_nulls.insert(field);
+    field->setText(toText(stored));
+}
+
+QVariant EditDialog::typed(const QLineEdit *field) const
+{
+    const QString text = field->text();
+    return m_nulls.contains(field) ? nullIfEmpty(text) : QVariant(text);
 }
 
 bool EditDialog::isFree(const Db &db, const QString &sql, const Db::Values &values, const QString &taken)

@@ -3,9 +3,14 @@
 #include "db.h"
 
 #include <QDialog>
+#include <QHash>
+#include <QSet>
+
+class QLineEdit;
 
 /// The base of every editor: why not? then save, then close. Adding and editing are one dialog that
-/// differs in the id being empty.
+/// differs in the id being empty. What is still being typed counts: it is taken over before anything is
+/// judged, saved or thrown away.
 class EditDialog : public QDialog
 {
     Q_OBJECT
@@ -16,12 +21,18 @@ public:
     /// Everything can be read and nothing changed or saved; for users who may only look.
     void setReadOnly(bool readOnly);
     bool isReadOnly() const { return m_isReadOnly; }
+    /// True when a field holds something else than when the dialog was shown.
+    bool isChanged() const;
 
 public slots:
     void btok();
     void btcancel();
+    /// Closes at once when nothing was changed, else after a question.
+    void reject() override;
 
 protected:
+    void showEvent(QShowEvent *event) override;
+
     /// The first rule that the fields break, in the user's words; empty when they may be saved.
     virtual QString refusal() const = 0;
     /// Writes the record; false after a failure, which is reported already.
@@ -34,6 +45,17 @@ protected:
     /// "Редагування запису №12", or "Додавання нового запису" without an id.
     void setRecordTitle(const QString &id);
 
+    /// Shows a stored text and remembers whether it was NULL.
+    void showStored(QLineEdit *field, const QVariant &stored);
+    /// The text of a field to bind: an empty one that was NULL stays NULL.
+    QVariant typed(const QLineEdit *field) const;
+
 private:
+    QString linesRefusal() const;
+
     bool m_isReadOnly = false;
+    bool m_wasShown = false;
+    QStringList m_shown;
+    QHash<const QLineEdit *, QString> m_shownTexts;
+    QSet<const QLineEdit *> m_nulls;
 };

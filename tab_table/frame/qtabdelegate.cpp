@@ -5,6 +5,7 @@
 #include "qqestion.h"
 #include "qtab.h"
 #include "qupdatebd.h"
+#include "typedinput.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -79,6 +80,8 @@ void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
     }
     if (text.isEmpty())
         warn(editor, tr("Поле не може бути пустим."));
+    else if (hasControlCharacters(text))
+        warn(editor, controlCharactersRefusal(tr("Назва")));
     else if (m_isAdding)
         insertName(editor, model, index, text);
     else

@@ -2,6 +2,7 @@
 
 #include "goodsrules.h"
 #include "money.h"
+#include "typedinput.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -14,11 +15,30 @@ PriceValidator::PriceValidator(QObject *parent)
 {
 }
 
+QValidator::State PriceValidator::validate(QString &input, int &position) const
+{
+    qint64 kopecks = 0;
+    if (!priceFromText(input, &kopecks))
+        return Intermediate;
+    // The form has room for six digits; a dearer item is stored all the same and must stay editable.
+    const bool fits = QRegularExpressionValidator::validate(input, position) == Acceptable;
+    return fits || input == moneyText(kopecks) ? Acceptable : Intermediate;
+}
+
 void PriceValidator::fixup(QString &input) const
 {
     qint64 kopecks = 0;
     if (priceFromText(input, &kopecks))
         input = moneyText(kopecks);
+}
+
+void makePriceField(QLineEdit *field)
+{
+    field->setValidator(new PriceValidator(field));
+    QObject::connect(field, &QLineEdit::textChanged, field, [field](const QString &text) {
+        qint64 kopecks = 0;
+        colourField(field, text.isEmpty() || priceFromText(text, &kopecks));
+    });
 }
 
 void GoodsPriceDelegate::setLists(const QStringList &groups, const QStringList &shops)
@@ -33,7 +53,7 @@ QWidget *GoodsPriceDelegate::createEditor(QWidget *parent, const QStyleOptionVie
     Q_UNUSED(option)
     if (index.column() == Price) {
         auto *edit = new QLineEdit(parent);
-        edit->setValidator(new PriceValidator(edit));
+        makePriceField(edit);
         return edit;
     }
     if (index.column() == Priority) {

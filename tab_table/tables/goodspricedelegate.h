@@ -4,15 +4,23 @@
 #include <QStringList>
 #include <QStyledItemDelegate>
 
-/// Lets a price be typed with a comma or a point, and completes "12" to "12.00" when the field is left.
+class QLineEdit;
+
+/// Tells prices from other texts while they are typed and completes "12" to "12.00" when the field is left.
+/// It keeps nothing out: what is pasted, scanned or half deleted stays visible, coloured, and is refused in
+/// words when it is saved.
 class PriceValidator : public QRegularExpressionValidator
 {
     Q_OBJECT
 
 public:
     explicit PriceValidator(QObject *parent);
+    State validate(QString &input, int &position) const override;
     void fixup(QString &input) const override;
 };
+
+/// Gives a field this validator and colours it while its text is no price.
+void makePriceField(QLineEdit *field);
 
 /// The inline editors of the table of prices: price, priority, shop group, shop.
 class GoodsPriceDelegate : public QStyledItemDelegate

@@ -26,13 +26,3 @@ bool isSoundAddress(const QString &address)
     static const QRegularExpression pattern(storedPattern());
     return address.isEmpty() || !dottedAddress(address).isEmpty() || pattern.match(address).hasMatch();
 }
-
-void colourAddress(QLineEdit *field, bool isSound)
-{
-    QPalette palette;
-    if (!isSound) {
-        palette.setColor(QPalette::Base, QColor(255, 205, 205));
-        palette.setColor(QPalette::Text, Qt::black);
-    }
-    field->setPalette(palette);
-}

@@ -8,5 +8,3 @@ class QLineEdit;
 QString typedAddress(const QLineEdit *field);
 /// False for what is no network address. Nothing typed is none either, but not wrong.
 bool isSoundAddress(const QString &address);
-/// Colours a field whose address is not sound, or takes the colour back.
-void colourAddress(QLineEdit *field, bool isSound);

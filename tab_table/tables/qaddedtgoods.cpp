@@ -62,7 +62,7 @@ void QAddEdtGoods::buildFields()
     else
         ui->leId->setText(*m_id);
     ui->leId->setReadOnly(!m_isNew);
-    ui->lePrice->setValidator(new PriceValidator(ui->lePrice));
+    makePriceField(ui->lePrice);
     ui->leShtrih->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
     ui->leShtrih->installEventFilter(this);

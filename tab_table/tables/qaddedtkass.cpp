@@ -7,6 +7,7 @@
 #include "qqestion.h"
 #include "qtabkass.h"
 #include "qupdatebd.h"
+#include "typedinput.h"
 
 #include <QEvent>
 #include <QRegularExpressionValidator>
@@ -29,7 +30,7 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
     connectFields();
     m_isLoaded = fillLists(tab) && (m_id->isEmpty() ? preset(group, id_shop) : load());
     ip_change(ui->leIp->text());
-    colourAddress(ui->leIp, m_isIpSound);
+    colourField(ui->leIp, m_isIpSound);
 }
 
 QAddEdtKass::~QAddEdtKass() = default;
@@ -169,13 +170,13 @@ void QAddEdtKass::ip_change(const QString &text)
     m_isIpSound = isSoundAddress(typedAddress(ui->leIp));
     // What is wrong is coloured when the field is left: half an address is not wrong yet.
     if (m_isIpSound)
-        colourAddress(ui->leIp, true);
+        colourField(ui->leIp, true);
 }
 
 bool QAddEdtKass::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui->leIp && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
-        colourAddress(ui->leIp, m_isIpSound);
+        colourField(ui->leIp, m_isIpSound);
     return EditDialog::eventFilter(watched, event);
 }
 

@@ -6,6 +6,7 @@
 #include "qmessevent.h"
 #include "qtabshops.h"
 #include "qupdatebd.h"
+#include "typedinput.h"
 
 #include <QSignalBlocker>
 
@@ -125,7 +126,7 @@ void QAddEdtShop::checkNetwork(const QString &typed)
 {
     Q_UNUSED(typed)
     const bool isSound = isSoundAddress(typedAddress(ui->leNetwork));
-    colourAddress(ui->leNetwork, isSound);
+    colourField(ui->leNetwork, isSound);
     ui->labelGateway->setVisible(!isSound);
 }
 

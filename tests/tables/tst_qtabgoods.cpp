@@ -1,16 +1,20 @@
 #include "testing.h"
 
+#include "goodspricedelegate.h"
 #include "goodspricetable.h"
 #include "qaddedtgoods.h"
 #include "qloadeduser.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
+#include "typedinput.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,6 +34,32 @@ const char *const wholeItem =
     "(SELECT GROUP_CONCAT(shtrihcod ORDER BY shtrihcod) FROM dk_shc WHERE id_goods=goods.id),"
     "(SELECT GROUP_CONCAT(CONCAT_WS('/',price,priority,id_group,id_shop) ORDER BY price) FROM prices WHERE "
     "id_goods=goods.id) FROM goods ORDER BY id";
+
+/// Presses Alt and a letter of the Ukrainian keyboard.
+void pressAlt(QWidget *widget, wchar_t letter)
+{
+    QTest::sendKeyEvent(QTest::Click, widget, static_cast<Qt::Key>(letter),
+                        QString(QChar(static_cast<ushort>(letter))), Qt::AltModifier);
+    // A button pressed by its letter works after a moment, for the eye.
+    QTest::qWait(150);
+}
+
+/// Presses the button of that caption on the question that comes; false when there is none.
+bool answerByCaption(const std::function<void()> &act, const QString &caption)
+{
+    bool pressed = false;
+    withModal<QMessDlg>(act, [&](QMessDlg *question) {
+        const auto buttons = question->findChildren<QPushButton *>();
+        for (auto *button : buttons) {
+            if (button->text().remove('&') == caption && button->isVisible()) {
+                QTest::mouseClick(button, Qt::LeftButton);
+                pressed = true;
+                return;
+            }
+        }
+    });
+    return pressed;
+}
 } // namespace
 
 /// The goods list, the editor of an item and the stock of the shops.
@@ -46,12 +76,17 @@ private slots:
     void addedItemComesBackWhole();
     void editingReplacesBarcodesAndPrices();
     void untouchedPricesStay();
+    void whatIsBeingTypedIsSaved_data();
+    void whatIsBeingTypedIsSaved();
+    void changesAreNotLostUnasked();
     void brokenFieldsAreRefused_data();
     void brokenFieldsAreRefused();
     void oneItemOfARuleInAGroup();
     void scannedBarcodesAreAdded();
     void shortNameIsCut();
     void pricesAreTypedWithACommaToo();
+    void pastedAndDearPrices_data();
+    void pastedAndDearPrices();
     void barcodeOfAnotherItemIsNamed();
     void priceOfAnUnknownGroupIsExplained();
     void lostConnectionLeavesAllOrNothing();
@@ -64,6 +99,7 @@ private slots:
 private:
     std::unique_ptr<QTabGoods> openTab();
     std::unique_ptr<QAddEdtGoods> openEditor(const QString &id);
+    std::unique_ptr<QAddEdtGoods> showEditor(const QString &id);
     bool fillAndSave(QAddEdtGoods *editor, const QString &name, const QStringList &codes);
     /// The ids and barcodes of the rows, in their order.
     static QStringList shown(const QTabGoods &tab);
@@ -133,6 +169,17 @@ std::unique_ptr<QAddEdtGoods> TstQTabGoods::openEditor(const QString &id)
     return std::make_unique<QAddEdtGoods>(m_tab.get(), m_base->connection(), &m_id,
                                           QStringList{"вул. Ліська, 1", "вул. Нова, 2"}, &m_base->heard,
                                           nullptr);
+}
+
+/// The same, shown and active: keys go where they go for a person.
+std::unique_ptr<QAddEdtGoods> TstQTabGoods::showEditor(const QString &id)
+{
+    auto editor = openEditor(id);
+    editor->show();
+    editor->activateWindow();
+    if (!QTest::qWaitForWindowActive(editor.get()))
+        qFatal("The editor has not become active");
+    return editor;
 }
 
 bool TstQTabGoods::fillAndSave(QAddEdtGoods *editor, const QString &name, const QStringList &codes)
@@ -208,6 +255,84 @@ void TstQTabGoods::untouchedPricesStay()
     QCOMPARE(m_base->rows("SELECT id_group,price,price_in,info FROM prices"), QStringList("2|4300|9|x"));
 }
 
+void TstQTabGoods::whatIsBeingTypedIsSaved_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("price") << int(GoodsPriceDelegate::Price) << "13,5"
+                           << "1350|2";
+    QTest::newRow("priority") << int(GoodsPriceDelegate::Priority) << "7"
+                              << "4300|7";
+}
+
+void TstQTabGoods::whatIsBeingTypedIsSaved()
+{
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    const QVector<std::function<void(QAddEdtGoods *)>> ways = {
+        [](QAddEdtGoods *editor) { pressAlt(editor->focusWidget(), L'Е'); },
+        [](QAddEdtGoods *editor) { QTest::mouseClick(child<QPushButton>(editor, "pbOk"), Qt::LeftButton); },
+        [](QAddEdtGoods *editor) {
+            QTest::keyClick(editor->focusWidget(), Qt::Key_Return);
+            QTest::keyClick(editor->focusWidget(), Qt::Key_Tab);
+            child<QLineEdit>(editor, "leName")->setFocus();
+            QTest::keyClick(editor->focusWidget(), Qt::Key_Return);
+        }};
+    for (const auto &save : ways) {
+        m_base->exec({"DELETE FROM prices",
+                      "INSERT INTO prices(id_goods,id_shop,id_group,price,priority) VALUES(7,0,1,4300,2)"});
+        const auto editor = showEditor("7");
+        auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
+        table->setFocus();
+        table->setCurrentCell(0, column);
+        table->editItem(table->item(0, column));
+        QTest::keyClicks(QApplication::focusWidget(), typed);
+        save(editor.get());
+        QTRY_VERIFY(!editor->isVisible());
+        QTEST(m_base->value("SELECT CONCAT(price,'|',priority) FROM prices"), "stored");
+    }
+}
+
+void TstQTabGoods::changesAreNotLostUnasked()
+{
+    auto editor = showEditor("7");
+    QTest::keyClick(editor->focusWidget(), Qt::Key_Escape);
+    QVERIFY2(!editor->isVisible(), "nothing was changed");
+    const QVector<std::function<void(QAddEdtGoods *)>> changes = {
+        [](QAddEdtGoods *dialog) { child<QComboBox>(dialog, "cbBlock")->setCurrentText("Так"); },
+        [](QAddEdtGoods *dialog) { child<QListWidget>(dialog, "lwShtrih")->takeItem(0); },
+        [](QAddEdtGoods *dialog) {
+            dialog->addprice();
+            child<QLineEdit>(dialog, "lePrice")->setFocus();
+        },
+        [](QAddEdtGoods *dialog) {
+            child<QLineEdit>(dialog, "leShtrih")->setFocus();
+            QTest::keyClicks(QApplication::focusWidget(), "48");
+        }};
+    const QVector<std::function<void(QAddEdtGoods *)>> ways = {
+        [](QAddEdtGoods *dialog) { QTest::keyClick(dialog->focusWidget(), Qt::Key_Escape); },
+        [](QAddEdtGoods *dialog) { dialog->close(); },
+        [](QAddEdtGoods *dialog) {
+            QTest::mouseClick(child<QPushButton>(dialog, "pbCancel"), Qt::LeftButton);
+        }};
+    for (const auto &change : changes) {
+        for (const auto &close : ways) {
+            editor = showEditor("7");
+            change(editor.get());
+            const QStringList before = enteredTexts(editor.get());
+            QVERIFY(answerByCaption([&] { close(editor.get()); }, "Продовжити редагування"));
+            QVERIFY(editor->isVisible());
+            QCOMPARE(enteredTexts(editor.get()), before);
+            QVERIFY(answerByCaption([&] { close(editor.get()); }, "Закрити без збереження"));
+            QVERIFY(!editor->isVisible());
+        }
+    }
+    QCOMPARE(m_base->value("SELECT CONCAT(block,(SELECT COUNT(*) FROM dk_shc WHERE id_goods=7)) FROM goods "
+                           "WHERE id=7"),
+             QString("02"));
+}
+
 void TstQTabGoods::brokenFieldsAreRefused_data()
 {
     QTest::addColumn<QString>("field");
@@ -221,6 +346,10 @@ void TstQTabGoods::brokenFieldsAreRefused_data()
                              << QString("Ціна \"%1\" не є ціною від 0 до 42949672.95.").arg(price);
     for (const char *id : {"0", "4294967296", "999999999999999"})
         QTest::newRow(id) << "leId" << id << "Код товару повинен бути від 1 до 4294967295.";
+    for (const char *name : {"Сир\nтвердий", "Сир\tтвердий", "Сир\u2028твердий"})
+        QTest::newRow(name) << "leName" << name
+                            << "Поле \"Назва товару\": у тексті є перенесення рядка, табуляція або інший "
+                               "невидимий знак. Зітріть його: текст має бути в один рядок.";
     QTest::newRow("taken id") << "leId"
                               << "008"
                               << "Товар №8 вже є: \"Хліб \"Бородинський\"\".";
@@ -243,7 +372,10 @@ void TstQTabGoods::brokenFieldsAreRefused()
     if (!field.isEmpty()) {
         child<QLineEdit>(editor.get(), "leShtrih")->setText(zeros);
         editor->addshc();
-        child<QLineEdit>(editor.get(), field)->setText(text);
+        auto *edit = child<QLineEdit>(editor.get(), field);
+        edit->clear();
+        QGuiApplication::clipboard()->setText(text);
+        edit->paste();
     }
     QTEST(answerQuestion([&] { editor->btok(); }), "why");
     QCOMPARE(editor->result(), int(QDialog::Rejected));
@@ -341,6 +473,71 @@ void TstQTabGoods::pricesAreTypedWithACommaToo()
     QTest::keyClicks(price, "12");
     QTest::keyClick(price, Qt::Key_Tab);
     QCOMPARE(price->text(), QString("12.00"));
+}
+
+void TstQTabGoods::pastedAndDearPrices_data()
+{
+    QTest::addColumn<QString>("pasted");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("comma") << "49,90"
+                           << "4990";
+    QTest::newRow("groups") << "1 234 567,8"
+                            << "123456780";
+    QTest::newRow("no-break groups") << QString::fromUtf8("12\u00a0345.67") << "1234567";
+    for (const char *text : {"12 50", "1 2 3", "49.90 грн", "4,9,0", "1e3", "4820000000017", "-5", "٣"})
+        QTest::newRow(text) << text << "";
+}
+
+void TstQTabGoods::pastedAndDearPrices()
+{
+    QFETCH(QString, pasted);
+    QFETCH(QString, stored);
+    m_base->exec("INSERT INTO prices(id_goods,id_shop,id_group,price) VALUES(7,0,1,4300)");
+    const auto editor = showEditor("7");
+    auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
+    const auto paste = [&](QWidget *field) {
+        QGuiApplication::clipboard()->setText(pasted);
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+        return field->palette().color(QPalette::Base) != QApplication::palette().color(QPalette::Base);
+    };
+    const auto pasteIntoCell = [&] {
+        table->setFocus();
+        table->setCurrentCell(0, 0);
+        table->editItem(table->item(0, 0));
+        return paste(QApplication::focusWidget());
+    };
+    const bool isPrice = !stored.isEmpty();
+    QCOMPARE(paste(child<QLineEdit>(editor.get(), "lePrice")), !isPrice);
+    QCOMPARE(pasteIntoCell(), !isPrice);
+    const QString why = answerQuestion([&] { pressAlt(editor->focusWidget(), L'Е'); });
+    QVERIFY2(isPrice ? why.isEmpty() : why.contains(pasted), qPrintable(why));
+    const QString now = m_base->value("SELECT CONCAT(goods.price,'|',prices.price) FROM goods JOIN prices ON "
+                                      "id_goods=id");
+    QCOMPARE(now, isPrice ? stored + "|" + stored : QString("4250|4300"));
+    if (!isPrice)
+        return;
+    m_base->exec({"UPDATE goods SET price=123456789 WHERE id=7", "UPDATE prices SET price=123456789"});
+    const auto second = showEditor("7");
+    auto *price = child<QLineEdit>(second.get(), "lePrice");
+    table = child<GoodsPriceTable>(second.get(), "twPrices");
+    table->setCurrentCell(0, 0);
+    const auto mend = [](QWidget *field) {
+        QTest::keyClick(field, Qt::Key_End);
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(field, Qt::Key_Backspace);
+        QTest::keyClicks(field, "0,5");
+    };
+    mend(price);
+    table->setFocus();
+    table->editItem(table->item(0, 0));
+    mend(QApplication::focusWidget());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTRY_COMPARE(table->item(0, 0)->text(), QString("1234560.50"));
+    pressAlt(second->focusWidget(), L'Е');
+    QCOMPARE(
+        m_base->value("SELECT CONCAT(goods.price,'|',prices.price) FROM goods JOIN prices ON id_goods=id"),
+        QString("123456050|123456050"));
 }
 
 void TstQTabGoods::barcodeOfAnotherItemIsNamed()

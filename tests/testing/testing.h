@@ -106,7 +106,7 @@ bool withModal(const std::function<void()> &act, const std::function<void(Dialog
             const QPointer<QDialog> guard(dialog);
             drive(dialog);
             if (guard && guard->isVisible() && guard->isModal())
-                guard->reject();
+                guard->done(QDialog::Rejected);
         } else if (clock.elapsed() > timeoutMs) {
             qWarning("withModal: closing an unexpected %s", modal->metaObject()->className());
             modal->close();

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QLineEdit;
+class QWidget;
+
+/// What people put into the fields of a window.
+
+/// Takes over what is still being typed: open editors of cells, numbers and dates.
+void commitTyping(QWidget *window);
+/// What all fields of a window hold, in their order, to tell whether something was changed. Fields that
+/// cannot be changed do not count.
+QStringList enteredTexts(const QWidget *window);
+/// The name of a field for messages: the text of its label without access key and colon, or its
+/// accessible name.
+QString fieldName(const QWidget *field);
+/// True for a text that does not fit one line: it holds a line break, a tab or another control character.
+bool hasControlCharacters(const QString &text);
+/// The words that refuse such a text in a field of that name.
+QString controlCharactersRefusal(const QString &field);
+/// Colours a field whose text is not sound, or takes the colour back.
+void colourField(QLineEdit *field, bool isSound);
