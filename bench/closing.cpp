@@ -46,8 +46,8 @@ public:
             const ShiftCloser closer(m_db, place(m_kass));
             const auto figures = closer.figures(zNumber);
             const QString none = QStringLiteral("0");
-            if (!figures ||
-                closer.close(*figures, {none, none, none, none, none, none}, evening) != ShiftCloser::Closed)
+            if (!figures || closer.close(*figures, {none, none, none, none, none, none}, evening.date()) !=
+                                ShiftCloser::Closed)
                 qFatal("The shift was not closed");
         });
     }

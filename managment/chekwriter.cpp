@@ -1,147 +1,39 @@
 #include "chekwriter.h"
 
+#include "heldmessages.h"
+#include "money.h"
 #include "qmessevent.h"
+#include "saleclock.h"
 #include "servererror.h"
+#include "shiftsums.h"
 #include "sqldate.h"
 
 #include <QSqlRecord>
+#include <limits>
+#include <numeric>
 
 namespace {
-enum RowType { SaleRow = 1, DiscountRow = 2, PaymentRow = 3 };
-
-const QLatin1String anonymousClient("INSERT IGNORE INTO clients(id,fiksed,group_shop) VALUES(1,1,1)");
-
-QString number(qint64 value)
-{
-    return QString::number(value);
-}
+constexpr qint64 largestNumber = std::numeric_limits<int>::max();
 
 QString ofRegister(const char *sql, const ChekPlace &place)
 {
     return QLatin1String(sql) + place.kass;
 }
-} // namespace
 
-int nextDay(int lastDay, int countDayCycle)
+qint64 rowDiscounts(const Receipt &receipt)
 {
-    return lastDay >= qMax(countDayCycle, 1) ? 1 : lastDay + 1;
-}
-
-QString ChekSql::prefix(const WrittenChek &chek)
-{
-    return QLatin1Char('(') + QStringList{chek.place.shop,     chek.place.kass, chek.zNumber,
-                                          number(chek.number), chek.place.user, chek.time}
-                                  .join(QLatin1Char(','));
-}
-
-QString ChekSql::barcode(const QString &code)
-{
-    if (code.isEmpty())
-        return QStringLiteral("NULL");
-    bool isBare = code.at(0) != QLatin1Char('0');
-    for (const QChar c : code)
-        isBare = isBare && c >= QLatin1Char('0') && c <= QLatin1Char('9');
-    return isBare ? code : lit(code);
-}
-
-namespace {
-QString goodsRow(const QString &prefix, const ReceiptRow &row, int position)
-{
-    const QString goods = number(row.idGoods);
-    return QStringList{prefix,
-                       number(SaleRow),
-                       number(position),
-                       goods,
-                       QStringLiteral("(SELECT name FROM goods WHERE id=") + goods + QLatin1Char(')'),
-                       number(row.quantity),
-                       number(row.price),
-                       number(row.sum()),
-                       number(row.tax),
-                       QStringLiteral("0"),
-                       number(row.isDisk),
-                       ChekSql::barcode(row.barcode),
-                       number(row.type),
-                       number(row.actType),
-                       number(row.discount)}
-               .join(QLatin1Char(',')) +
-           QLatin1Char(')');
-}
-
-QString discountRow(const QString &prefix, const ChekPayment &payment, int position)
-{
-    return QStringLiteral("%1,%2,%3,1,'',0,(SELECT procent.discount FROM procent LEFT JOIN clients ON "
-                          "clients.id_procent=procent.id WHERE clients.id=1),%4,0,0,0,NULL,0,0,0)")
-        .arg(prefix, number(DiscountRow), number(position), number(payment.discount));
-}
-
-/// The columns of an ordinary row carry how it was paid.
-QString paymentRow(const QString &prefix, const ChekPayment &payment, int position)
-{
-    return QStringLiteral("%1,%2,%3,%4,'',%5,%6,%7,%8,%9,0,NULL,0,0,0)")
-        .arg(prefix, number(PaymentRow), number(position), QLatin1String(payment.discount != 0 ? "1" : "0"),
-             payment.fourth, number(payment.cash), number(payment.toPay), number(payment.card),
-             number(payment.certificate));
+    return std::accumulate(receipt.rows().begin(), receipt.rows().end(), qint64(0),
+                           [](qint64 sum, const ReceiptRow &row) { return sum + row.discount; });
 }
 } // namespace
 
-QString ChekSql::insertRows(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek)
+std::optional<qint64> ChekPayment::fourthKopecks() const
 {
-    const QString common = prefix(chek);
-    QStringList rows;
-    for (int i = 0; i < receipt.rows().size(); ++i)
-        rows.append(goodsRow(common, receipt.rows().at(i), i));
-    if (payment.discount != 0)
-        rows.append(discountRow(common, payment, receipt.rows().size() + 1));
-    rows.append(paymentRow(common, payment, chek.paymentPosition));
-    return QStringLiteral(
-               "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_user,data_time,id_type,id_position,"
-               "id_good_cln_slujb,name,count,price,summa,tax,dis_bon_bez2,bonus_plus,strihcode,type,"
-               "id_type_action,sumdisc) VALUES") +
-           rows.join(QLatin1Char(','));
-}
-
-QString ChekSql::lowerStock(const Receipt &receipt, const QString &shop)
-{
-    QString sql = QStringLiteral("UPDATE goods_shop SET count_showroom=count_showroom-CASE");
-    // Only the first WHEN that fits counts, so each goods item stands there once.
-    for (const Receipt::GoodsQuantity &goods : receipt.quantities()) {
-        sql += QStringLiteral(" WHEN id_shop=") + shop + QStringLiteral(" AND id_goods=") +
-               number(goods.idGoods) + QStringLiteral(" THEN ") + number(goods.quantity);
-    }
-    return sql + QStringLiteral(" ELSE 0 END");
-}
-
-QString ChekSql::addToZ(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek)
-{
-    const Receipt::Turnover turnover = receipt.turnover();
-    static const char groups[] = "ABVGD";
-    QStringList turnovers;
-    for (size_t i = 0; i < turnover.size(); ++i)
-        turnovers.append(QStringLiteral("Oborot_%1=Oborot_%1+").arg(QLatin1Char(groups[i])) +
-                         number(turnover.at(i)));
-    return QStringLiteral("UPDATE z_zvit  SET ") + turnovers.join(QLatin1Char(',')) +
-           QStringLiteral(",cash=cash+") + number(payment.cash) + QStringLiteral(",beznal_1=beznal_1+") +
-           number(payment.card) + QStringLiteral(",beznal_2=beznal_2+") + number(payment.certificate) +
-           QStringLiteral(",beznal_3=beznal_3+") + payment.fourth +
-           QStringLiteral(",count_cheks=count_cheks+1,count_chek_diskount=count_chek_diskount+") +
-           number(payment.discount != 0 ? 1 : 0) + QStringLiteral(",summ_diskount=summ_diskount+") +
-           number(payment.discount) + QStringLiteral(" WHERE id_zzvit=") + chek.zNumber +
-           QStringLiteral(" AND id_kass=") + chek.place.kass;
-}
-
-QString ChekSql::createZ(const ChekPlace &place, const QString &zNumber, int day)
-{
-    QStringList rates;
-    for (int tax = 1; tax <= 5; ++tax) {
-        for (const char *rate : {"pdv_proc", "dod_proc"})
-            rates.append(
-                QStringLiteral("(SELECT %1 FROM tax WHERE id=%2)").arg(QLatin1String(rate)).arg(tax));
-    }
-    return QStringLiteral("INSERT INTO z_zvit(PDV_A,DOD_A,PDV_B,DOD_B,PDV_V,DOD_V,PDV_G,DOD_G,PDV_D,DOD_D,"
-                          "id_zzvit,id_shop,id_kass,id_user,id_period,day,data_time)  VALUES(") +
-           rates.join(QLatin1Char(',')) + QLatin1Char(',') + zNumber + QLatin1Char(',') + place.shop +
-           QLatin1Char(',') + place.kass + QLatin1Char(',') + place.user + QStringLiteral(",0,") +
-           number(day) + QStringLiteral(",0)");
+    const QString decimals = fourth.section(QLatin1Char('.'), 1);
+    bool ok = false;
+    const qint64 kopecks = fourth.section(QLatin1Char('.'), 0, 0).toLongLong(&ok);
+    return ok && decimals.count(QLatin1Char('0')) == decimals.size() ? std::optional<qint64>(kopecks)
+                                                                     : std::nullopt;
 }
 
 ChekWriter::ChekWriter(const Db &db, const ChekPlace &place, const char *file, int line)
@@ -190,24 +82,65 @@ QString ChekWriter::newChekNumber() const
     if (cells && cells->isEmpty())
         postMessage(m_db.receiver(), tr("Нема даних після запиту:") + QLatin1Char('\n') + sql,
                     QMessEvent::Critical, m_file, m_line);
-    return cells && !cells->isEmpty() ? number(cells->first().toLongLong() + 1) : QString();
+    return cells && !cells->isEmpty() ? QString::number(cells->first().toLongLong() + 1) : QString();
+}
+
+std::optional<qint64> ChekWriter::newZNumber() const
+{
+    const auto last =
+        row(ofRegister("SELECT MAX(id_zzvit) FROM z_zvit WHERE data_time<>0 AND id_kass=", m_place));
+    return last ? std::optional<qint64>(last->value(0).toLongLong() + 1) : std::nullopt;
 }
 
 QString ChekWriter::createZ() const
 {
-    const auto last =
-        row(ofRegister("SELECT MAX(id_zzvit) FROM z_zvit WHERE data_time<>0 AND id_kass=", m_place));
-    if (!last)
-        return QString();
+    const auto number = newZNumber();
+    return number && *number <= largestNumber ? createZ(QString::number(*number)) : QString();
+}
+
+QString ChekWriter::createZ(const QString &zNumber) const
+{
     const auto day =
         row(QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE data_time<>0 AND id_kass=%1 "
                            "ORDER BY id_zzvit DESC LIMIT 1) FROM shops WHERE id=%2")
                 .arg(m_place.kass, m_place.shop));
     if (!day)
         return QString();
-    const QString zNumber = number(last->value(0).toLongLong() + 1);
     const int dayNumber = nextDay(day->value(1).toInt(), day->value(0).toInt());
     return run(ChekSql::createZ(m_place, zNumber, dayNumber)) ? zNumber : QString();
+}
+
+std::optional<QString> ChekWriter::shiftRefusal(const Receipt &receipt) const
+{
+    const auto z = openZ();
+    if (!z)
+        return std::nullopt;
+    const auto cells = z->number.isEmpty() ? std::optional<QStringList>(QStringList())
+                                           : row(ShiftSql::sums(m_place.kass, z->number));
+    if (!cells)
+        return std::nullopt;
+    ChekPayment payment;
+    payment.discount = receipt.discount();
+    return shiftSums(*cells).with(receipt, payment).fits() ? QString() : tooMuchForShift(z->number);
+}
+
+std::optional<QString> ChekWriter::placeRefusal() const
+{
+    const auto cells =
+        row(QStringLiteral("SELECT kassa.id_shop,IFNULL(kassa.block,0)<>0,IFNULL(shops.block,0)<>0,"
+                           "shops.address FROM kassa LEFT JOIN shops ON shops.id=kassa.id_shop WHERE "
+                           "kassa.id=") +
+            m_place.kass);
+    if (!cells)
+        return std::nullopt;
+    if (cells->value(0) != m_place.shop)
+        return tr("Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.")
+            .arg(cells->value(3));
+    if (cells->at(1) == QLatin1String("1"))
+        return tr("Касу заблоковано: продавати на ній не можна.");
+    if (cells->at(2) == QLatin1String("1"))
+        return tr("Магазин заблоковано: продавати в ньому не можна.");
+    return QString();
 }
 
 ChekWriter::Outcome ChekWriter::failure() const
@@ -223,45 +156,151 @@ ChekWriter::Outcome ChekWriter::failure() const
     }
 }
 
-/// The slow reads come first: the stock statement locks the stock of all shops until COMMIT.
-ChekWriter::Outcome ChekWriter::writeInTransaction(const Receipt &receipt, const ChekPayment &payment,
-                                                   WrittenChek *chek) const
+ChekWriter::Outcome ChekWriter::afterFailedCommit() const
 {
-    const QString chekNumber = newChekNumber();
-    if (chekNumber.isEmpty())
-        return failure();
-    chek->number = chekNumber.toInt();
-    const auto z = openZ();
-    if (!z)
-        return failure();
-    if (!isOwn(*z))
-        return Busy;
-    chek->zNumber = z->number.isEmpty() ? createZ() : z->number;
-    if (chek->zNumber.isEmpty())
-        return failure();
-    const bool isWhole = (payment.discount == 0 || run(anonymousClient)) &&
-                         run(ChekSql::insertRows(receipt, payment, *chek)) &&
-                         run(ChekSql::lowerStock(receipt, m_place.shop)) &&
-                         run(ChekSql::addToZ(receipt, payment, *chek));
-    return isWhole ? Written : failure();
+    return isCommitRefused(m_db.lastErrorNumber()) ? failure() : Unclear;
 }
 
-ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &payment,
-                                     const QDateTime &time) const
+QString ChekWriter::disagreement(const Receipt &receipt, const ChekPayment &payment)
+{
+    const auto fourth = payment.fourthKopecks();
+    if (receipt.isEmpty())
+        return tr("У чеку немає товарів.");
+    if (receipt.total() - payment.discount != payment.toPay || payment.toPay < 0)
+        return tr("Товари (%1) без знижки (%2) не дорівнюють сумі до оплати (%3). Чек не записано: оплатіть "
+                  "його ще раз.")
+            .arg(moneyShown(receipt.total()), moneyShown(payment.discount), moneyShown(payment.toPay));
+    if (rowDiscounts(receipt) != payment.discount)
+        return tr("Знижки рядків (%1) не дорівнюють знижці чека (%2). Чек не записано: введіть знижку ще раз.")
+            .arg(moneyShown(rowDiscounts(receipt)), moneyShown(payment.discount));
+    const bool isNegative = payment.cash < 0 || payment.card < 0 || payment.certificate < 0;
+    if (!fourth || isNegative || *fourth < 0 ||
+        payment.cash + payment.card + payment.certificate + *fourth != payment.toPay)
+        return tr("Оплачено не стільки, скільки треба (%1). Чек не записано: оплатіть його ще раз.")
+            .arg(moneyShown(payment.toPay));
+    return QString();
+}
+
+namespace {
+bool refuse(ChekWriter::Result *result, ChekWriter::Outcome outcome, const QString &why = QString())
+{
+    result->outcome = outcome;
+    result->why = why;
+    return false;
+}
+} // namespace
+
+QString ChekWriter::tooMuchForShift(const QString &zNumber)
+{
+    return tr("Зміна № %1 не вмістить цього чека: її сума стала б більшою за %2. Закрийте зміну (F12) і оплатіть "
+              "чек у новій.")
+        .arg(zNumber, moneyShown(Receipt::maximum));
+}
+
+QString ChekWriter::noMoreNumbers()
+{
+    return tr("Номери на цій касі вичерпано: більших за %1 немає. Зверніться до підтримки.")
+        .arg(largestNumber);
+}
+
+bool ChekWriter::takeNumber(Result *result) const
+{
+    const QString number = newChekNumber();
+    if (number.toLongLong() > largestNumber)
+        return refuse(result, Refused, noMoreNumbers());
+    result->chek.number = number.toInt();
+    return !number.isEmpty();
+}
+
+bool ChekWriter::openShift(Result *result) const
+{
+    const auto number = newZNumber();
+    if (!number)
+        return false;
+    if (*number > largestNumber)
+        return refuse(result, Refused, noMoreNumbers());
+    result->chek.zNumber = createZ(QString::number(*number));
+    return !result->chek.zNumber.isEmpty();
+}
+
+/// An open shift stays locked to the end: it can neither be closed nor grow meanwhile.
+bool ChekWriter::joinShift(const Receipt &receipt, const ChekPayment &payment, Result *result) const
+{
+    const auto z = openZ();
+    if (!z)
+        return false;
+    if (!isOwn(*z))
+        return refuse(result, Busy);
+    if (z->number.isEmpty())
+        return openShift(result);
+    result->chek.zNumber = z->number;
+    const auto cells = row(ShiftSql::lockedSums(m_place.kass, z->number));
+    if (!cells)
+        return false;
+    const ShiftSums sums = shiftSums(*cells);
+    if (!sums.isOpen)
+        return refuse(result, ShiftClosed);
+    if (sums.shop != m_place.shop)
+        return refuse(result, Blocked,
+                      tr("Зміну цієї каси відкрито в іншому магазині. Закрийте її перед продажем."));
+    if (!sums.with(receipt, payment).fits())
+        return refuse(result, Refused, tooMuchForShift(z->number));
+    return !sums.hasNulls || run(ShiftSql::nullsToZero(m_place.kass, z->number));
+}
+
+bool ChekWriter::checkPlace(Result *result) const
+{
+    const auto why = placeRefusal();
+    return why && (why->isEmpty() || refuse(result, Blocked, *why));
+}
+
+/// Last comes what locks the stock of all shops until COMMIT.
+bool ChekWriter::writeRows(const Receipt &receipt, const ChekPayment &payment, Result *result) const
+{
+    if ((payment.discount != 0 && !run(ChekSql::ensureAnonymousClient())) ||
+        !run(ChekSql::insertRows(receipt, payment, result->chek)) ||
+        !run(ChekSql::lowerStock(receipt, m_place.shop)))
+        return false;
+    const auto added = m_db.run(ChekSql::addToZ(receipt, payment, result->chek), {}, {}, m_file, m_line);
+    if (added && added->numRowsAffected() != 1)
+        return refuse(result, ShiftClosed);
+    return added.has_value();
+}
+
+ChekWriter::Result ChekWriter::writeOnce(const Receipt &receipt, const ChekPayment &payment,
+                                         const QDate &chosen) const
 {
     Result result;
     result.chek.place = m_place;
-    result.chek.time = sqlDateTime(time);
+    result.chek.time = sqlDateTime(SaleClock::at(chosen));
     result.chek.paymentPosition = receipt.rows().size() + (payment.discount != 0 ? 2 : 1);
     result.chek.toPay = payment.toPay;
-    {
-        Transaction transaction(m_db, m_file, m_line);
-        if (!transaction)
-            return result;
-        result.outcome = writeInTransaction(receipt, payment, &result.chek);
-        if (result.outcome == Written && !transaction.commit(m_file, m_line))
-            result.outcome = Unclear;
+    Transaction transaction(m_db, m_file, m_line);
+    if (!transaction)
+        return result;
+    if (takeNumber(&result) && joinShift(receipt, payment, &result) && checkPlace(&result) &&
+        writeRows(receipt, payment, &result))
+        result.outcome = transaction.commit(m_file, m_line) ? Written : afterFailedCommit();
+    else if (result.outcome == Failed)
+        result.outcome = failure();
+    return result;
+}
+
+ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &payment,
+                                     const QDate &chosen) const
+{
+    Result result;
+    const QString why = disagreement(receipt, payment);
+    if (!why.isEmpty()) {
+        refuse(&result, Refused, why);
+        return result;
     }
+    result = triedAgain(
+        m_db,
+        [&](const Db &db) {
+            return ChekWriter(db, m_place, m_file, m_line).writeOnce(receipt, payment, chosen);
+        },
+        [](const Result &tried) { return tried.outcome == Collided || tried.outcome == Locked; });
     if (result.outcome == Unclear) {
         const auto written = isWritten(result.chek);
         if (written)
@@ -272,13 +311,14 @@ ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &
 
 std::optional<bool> ChekWriter::isWritten(const WrittenChek &chek) const
 {
-    // The lock waits for a transaction that the server has not ended yet.
+    // The lock waits for a transaction that the server has not ended yet, and gives up without an answer.
     const auto cells =
         row(QStringLiteral("SELECT COUNT(*) FROM cheks WHERE id_shop=%1 AND id_kass=%2 AND id_chek=%3 AND "
                            "id_position=%4 AND id_user=%5 AND data_time=%6 AND id_type=%7 AND summa=%8 "
                            "LOCK IN SHARE MODE")
-                .arg(chek.place.shop, chek.place.kass, number(chek.number), number(chek.paymentPosition),
-                     chek.place.user, chek.time, number(PaymentRow), number(chek.toPay)));
+                .arg(chek.place.shop, chek.place.kass, QString::number(chek.number),
+                     QString::number(chek.paymentPosition), chek.place.user, chek.time,
+                     QString::number(ChekSql::PaymentRow), QString::number(chek.toPay)));
     if (!cells || cells->isEmpty())
         return std::nullopt;
     return cells->first() != QLatin1String("0");
@@ -287,8 +327,15 @@ std::optional<bool> ChekWriter::isWritten(const WrittenChek &chek) const
 QString ChekWriter::explanation(const Result &result)
 {
     switch (result.outcome) {
+    case Refused:
+    case Blocked:
+        return result.why;
     case Busy:
         return tr("З даним магазином працює інший користувач.\nЗачекайте або зв'яжіться з пітримкою.");
+    case ShiftClosed:
+        return tr("Зміну № %1 щойно закрила інша програма. Чек не записано. Повторіть оплату: він відкриє нову "
+                  "зміну.")
+            .arg(result.chek.zNumber);
     case Collided:
         return tr("Чек з таким номером щойно записала інша програма на цій касі. Чек не записано. "
                   "Повторіть оплату.");

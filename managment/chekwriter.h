@@ -1,49 +1,10 @@
 #pragma once
 
+#include "cheksql.h"
 #include "db.h"
-#include "receipt.h"
 
-#include <QDateTime>
-
-/// Where a receipt is written and who writes it: ids as text.
-struct ChekPlace
-{
-    QString shop;
-    QString kass;
-    QString user;
-};
-
-/// How a receipt was paid, in kopecks.
-struct ChekPayment
-{
-    qint64 discount = 0;
-    qint64 toPay = 0;
-    qint64 cash = 0;
-    qint64 card = 0;
-    qint64 certificate = 0;
-    /// A number as SQL has it; nothing pays in the fourth way yet.
-    QString fourth = QStringLiteral("0.00");
-};
-
-/// The open shift of a register; an empty number when there is none.
-struct OpenZ
-{
-    QString number;
-    QString user;
-    QString day;
-};
-
-/// What tells one written receipt from every other.
-struct WrittenChek
-{
-    ChekPlace place;
-    int number = 0;
-    QString zNumber;
-    /// yyyyMMddhhmmss
-    QString time;
-    int paymentPosition = 0;
-    qint64 toPay = 0;
-};
+#include <QCoreApplication>
+#include <QDate>
 
 /// Writes receipts into the shared database. Failures of statements are reported by Db under the place that
 /// is given to the constructor.
@@ -56,11 +17,18 @@ public:
         Written,
         /// Nothing was written; the reason is reported.
         Failed,
+        /// Nothing was written: the receipt and its payment do not agree, or a number or sum would leave what
+        /// the database holds. Paying again does not help; the explanation says what does.
+        Refused,
         /// Nothing was written: the register's shift belongs to another user.
         Busy,
-        /// Nothing was written: another program has taken the receipt's or the shift's number.
+        /// Nothing was written: another program has closed the shift meanwhile. The next try opens a new one.
+        ShiftClosed,
+        /// Nothing was written: shop or register are blocked by now, or no longer belong together.
+        Blocked,
+        /// Nothing was written: another program has taken the receipt's or the shift's number, each time.
         Collided,
-        /// Nothing was written: another program is writing to the stock.
+        /// Nothing was written: another program is writing to the stock, and went on doing so.
         Locked,
         /// The connection broke while the receipt was confirmed, and the server cannot be asked: it may
         /// stand in the database or not.
@@ -70,7 +38,10 @@ public:
     struct Result
     {
         Outcome outcome = Failed;
-        WrittenChek chek;
+        /// Complete for Written and Unclear.
+        WrittenChek chek = {};
+        /// The reason in the user's words where the outcome alone does not tell it.
+        QString why = {};
     };
 
     ChekWriter(const Db &db, const ChekPlace &place, const char *file = __builtin_FILE(),
@@ -80,23 +51,46 @@ public:
     std::optional<OpenZ> openZ() const;
     /// The number of the register's next receipt; empty after a failure.
     QString newChekNumber() const;
-    /// Opens a shift after the last closed one and returns its number; empty after a failure.
+    /// Opens a shift after the last closed one and returns its number; empty after a failure, and when there
+    /// are no more numbers.
     QString createZ() const;
     bool isOwn(const OpenZ &z) const { return z.number.isEmpty() || z.user == m_place.user; }
 
-    /// Writes one receipt in a transaction of its own: either all of it or nothing.
-    Result write(const Receipt &receipt, const ChekPayment &payment, const QDateTime &time) const;
-    /// Whether the receipt stands in the database; nothing when the server did not tell.
+    /// Why this receipt cannot be sold into the register's open shift, to be told before it is paid: the
+    /// shift would grow beyond what can be closed. Empty when it can, nothing after a failure.
+    std::optional<QString> shiftRefusal(const Receipt &receipt) const;
+    /// Why nothing can be sold at the register now: blocked, moved to another shop, its shift open elsewhere.
+    /// Empty when it can, nothing after a failure.
+    std::optional<QString> placeRefusal() const;
+
+    /// Writes one receipt in a transaction of its own: either all of it or nothing. Another program in the
+    /// way is tried twice more before it is told. chosen: the date of the receipt, none for today's; the time
+    /// of day is that of SaleClock at writing, for both.
+    Result write(const Receipt &receipt, const ChekPayment &payment, const QDate &chosen = QDate()) const;
+    /// Whether the receipt stands in the database; nothing when the server did not tell, also while a
+    /// transaction of the lost connection is still open there.
     std::optional<bool> isWritten(const WrittenChek &chek) const;
 
-    /// What an outcome means for the user, and what to do; empty for Written and Failed.
+    /// What an outcome means for the user, and what to do; empty for Written.
     static QString explanation(const Result &result);
+    /// Where a receipt and its payment disagree, in the user's words; empty when they are one.
+    static QString disagreement(const Receipt &receipt, const ChekPayment &payment);
 
 private:
     std::optional<QStringList> row(const QString &sql) const;
     bool run(const QString &sql) const;
-    Outcome writeInTransaction(const Receipt &receipt, const ChekPayment &payment, WrittenChek *chek) const;
+    std::optional<qint64> newZNumber() const;
+    QString createZ(const QString &zNumber) const;
+    Result writeOnce(const Receipt &receipt, const ChekPayment &payment, const QDate &chosen) const;
+    bool takeNumber(Result *result) const;
+    bool openShift(Result *result) const;
+    bool joinShift(const Receipt &receipt, const ChekPayment &payment, Result *result) const;
+    bool checkPlace(Result *result) const;
+    bool writeRows(const Receipt &receipt, const ChekPayment &payment, Result *result) const;
     Outcome failure() const;
+    Outcome afterFailedCommit() const;
+    static QString tooMuchForShift(const QString &zNumber);
+    static QString noMoreNumbers();
 
     const Db m_db;
     const ChekPlace m_place;
@@ -106,19 +100,3 @@ private:
 
 /// The first row as texts; empty when there is none, nothing after a failure.
 std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line);
-
-/// The texts of the statements.
-namespace ChekSql {
-/// "(shop,register,Z,receipt,user,time": what all rows of a receipt begin with.
-QString prefix(const WrittenChek &chek);
-QString insertRows(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek);
-QString lowerStock(const Receipt &receipt, const QString &shop);
-QString addToZ(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek);
-QString createZ(const ChekPlace &place, const QString &number, int day);
-/// A barcode as a value: bare digits, a quoted text when digits would be lost, NULL when there is none.
-QString barcode(const QString &code);
-} // namespace ChekSql
-
-/// The day in the trading period of a shift, by that of the last closed one (0: none was closed) and the
-/// length of the period.
-int nextDay(int lastDay, int countDayCycle);

@@ -3,7 +3,6 @@
 
 #include "money.h"
 #include "qqestion.h"
-#include "shiftcloser.h"
 
 #include <QShortcut>
 
@@ -37,6 +36,7 @@ void QPayment::showReceipt(const QString &total, const QString &discount)
     qint64 less = 0;
     kopecksFromText(total, &sum);
     kopecksFromText(discount, &less);
+    m_discount = less;
     ui->lbSum->setText(moneyText(sum));
     ui->lbDiscount->setText(moneyText(less));
     ui->lbToPay->setText(moneyText(sum - less));
@@ -77,7 +77,7 @@ void QPayment::showClosing(int cash)
     ui->pbOk->setText(tr("За&крити"));
     for (QSpinBox *box : {ui->sbCheks, ui->sbDiskount, ui->sbChekCanc, ui->sbPositionCanc})
         box->setRange(0, 1000000);
-    m_expectedCash = cash;
+    m_expected.cash = cash;
     ui->dsbCounted->setKopecks(cash);
     ui->dsbViluchenia->setKopecks(cash);
     for (MoneySpinBox *box : {ui->dsbCounted, ui->dsbVnesenia, ui->dsbViluchenia})
@@ -88,11 +88,10 @@ void QPayment::showClosing(int cash)
 
 void QPayment::setExpected(const ShiftFigures &figures)
 {
-    setWindowTitle(tr("Закриття зміни № %1").arg(figures.zNumber));
-    m_expectedCash = figures.expectedCash();
-    m_expectedVnesenia = figures.vnesenia;
-    ui->dsbCounted->setKopecks(m_expectedCash);
-    ui->dsbVnesenia->setKopecks(m_expectedVnesenia);
+    setWindowTitle(tr("Закрити зміну № %1").arg(figures.zNumber));
+    m_expected = figures;
+    ui->dsbCounted->setKopecks(figures.expectedCash());
+    ui->dsbVnesenia->setKopecks(figures.vnesenia);
     ui->sbCheks->setValue(figures.countCheks);
     ui->sbDiskount->setValue(figures.countDiskount);
     ui->sbChekCanc->setValue(figures.countChekCanc);
@@ -100,18 +99,25 @@ void QPayment::setExpected(const ShiftFigures &figures)
     showDifferences();
 }
 
-/// Expected to be taken out is all that was sold for and brought in.
+/// What should lie in the drawer before the closing takes it out, by what was brought in after all.
+qint64 QPayment::expectedCash() const
+{
+    return m_expected.expectedCash() - m_expected.vnesenia + ui->dsbVnesenia->kopecks();
+}
+
+/// What was issued during the shift is part of what was taken out.
 void QPayment::showDifferences()
 {
-    const qint64 expectedOut = m_expectedCash + m_expectedVnesenia;
-    ui->lbExpectedCounted->setText(moneyShown(m_expectedCash));
-    ui->lbExpectedVnesenia->setText(moneyShown(m_expectedVnesenia));
+    const qint64 expectedOut = expectedCash() + m_expected.issued;
+    ui->lbExpectedCounted->setText(moneyShown(expectedCash()));
+    ui->lbExpectedVnesenia->setText(moneyShown(m_expected.vnesenia));
     ui->lbExpectedViluchenia->setText(moneyShown(expectedOut));
-    showDifference(ui->lbDifferenceCounted, ui->dsbCounted->kopecks() - m_expectedCash);
-    showDifference(ui->lbDifferenceVnesenia, ui->dsbVnesenia->kopecks() - m_expectedVnesenia);
+    ui->lbIssued->setText(moneyShown(m_expected.issued));
+    showDifference(ui->lbDifferenceCounted, ui->dsbCounted->kopecks() - expectedCash());
+    showDifference(ui->lbDifferenceVnesenia, ui->dsbVnesenia->kopecks() - m_expected.vnesenia);
     showDifference(ui->lbDifferenceViluchenia, ui->dsbViluchenia->kopecks() - expectedOut);
     ui->lbRest->setText(
-        moneyShown(ui->dsbCounted->kopecks() + ui->dsbVnesenia->kopecks() - ui->dsbViluchenia->kopecks()));
+        moneyShown(ui->dsbCounted->kopecks() + m_expected.issued - ui->dsbViluchenia->kopecks()));
 }
 
 void QPayment::showDifference(QLabel *label, qint64 difference)
@@ -174,7 +180,20 @@ void QPayment::acceptPayment()
     m_cash = kopecks(ui->dsbCash);
     m_certificate = kopecks(ui->dsbCertificate);
     m_card = kopecks(ui->dsbCard);
+    m_given = qMax(ui->dsbGiven->kopecks(), ui->dsbCash->kopecks());
+    m_change = m_given - ui->dsbCash->kopecks();
     accept();
+}
+
+ChekPayment QPayment::payment() const
+{
+    ChekPayment payment;
+    payment.discount = m_discount;
+    payment.toPay = m_toPay.toLongLong();
+    payment.cash = m_cash.toLongLong();
+    payment.card = m_card.toLongLong();
+    payment.certificate = m_certificate.toLongLong();
+    return payment;
 }
 
 void QPayment::acceptClosing()

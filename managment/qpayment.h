@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shiftcloser.h"
+
 #include <QDialog>
 #include <memory>
 
@@ -8,7 +10,6 @@ class QPayment;
 }
 class MoneySpinBox;
 class QLabel;
-struct ShiftFigures;
 
 /// How a receipt is paid; in its other form, what the operator counts when the shift is closed.
 class QPayment : public QDialog
@@ -29,6 +30,11 @@ public:
     QString cash() const { return m_cash; }
     QString certificate() const { return m_certificate; }
     QString card() const { return m_card; }
+    /// The same as one value, with the discount.
+    ChekPayment payment() const;
+    /// Kopecks that were handed over in cash, and those to hand back.
+    qint64 given() const { return m_given; }
+    qint64 change() const { return m_change; }
     /// The same of the closing form.
     QString vnesenia() const { return m_vnesenia; }
     QString viluchenia() const { return m_viluchenia; }
@@ -49,6 +55,7 @@ private:
     void showClosing(int cash);
     void showDifferences();
     static void showDifference(QLabel *label, qint64 difference);
+    qint64 expectedCash() const;
     qint64 owed() const;
     qint64 paid() const;
     void putRestInto(MoneySpinBox *box);
@@ -59,8 +66,10 @@ private:
 
     std::unique_ptr<Ui::QPayment> ui;
     bool m_isClosing;
-    qint64 m_expectedCash = 0;
-    qint64 m_expectedVnesenia = 0;
+    qint64 m_discount = 0;
+    qint64 m_given = 0;
+    qint64 m_change = 0;
+    ShiftFigures m_expected;
     QString m_toPay, m_cash, m_certificate, m_card;
     QString m_vnesenia, m_viluchenia;
     QString m_countCheks, m_countDiskount, m_countChekCanc, m_countPositionCanc;

@@ -137,9 +137,10 @@ ShiftCloser QRegisterSale::closer() const
     return ShiftCloser(db(), place());
 }
 
-QDateTime QRegisterSale::chekTime() const
+/// None while the date follows today.
+QDate QRegisterSale::chosenDate() const
 {
-    return QDateTime(ui->dateEdit->date(), QTime::currentTime());
+    return m_isToday ? QDate() : ui->dateEdit->date();
 }
 
 /// A tab that is left open overnight goes on with the new day.
@@ -201,7 +202,7 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
 {
     const ChekPayment payment = {discount.toLongLong(), toPay.toLongLong(),       cash.toLongLong(),
                                  card.toLongLong(),     certificate.toLongLong(), fourth};
-    const ChekWriter::Result result = writer().write(m_chek->receipt(), payment, chekTime());
+    const ChekWriter::Result result = writer().write(m_chek->receipt(), payment, chosenDate());
     if (result.outcome == ChekWriter::Written)
         return result.chek.number;
     if (result.outcome == ChekWriter::Unclear)

@@ -89,7 +89,7 @@ private:
     ChekPlace place() const;
     ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
     ShiftCloser closer() const;
-    QDateTime chekTime() const;
+    QDate chosenDate() const;
     GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
     void followToday();
 
@@ -107,7 +107,7 @@ private:
     QString shiftToClose();
     bool takeOver(const OpenZ &z);
     bool offerPeriod(const QString &zNumber);
-    void countAndClose(const ShiftFigures &figures, const QDateTime &time);
+    void countAndClose(const ShiftFigures &figures);
     void afterClosing(const QString &zNumber);
     QString shiftKey(const QString &zNumber) const;
 

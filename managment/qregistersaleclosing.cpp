@@ -26,12 +26,11 @@ void QRegisterSale::CloseZ_zvit()
 {
     notify(QString());
     followToday();
-    const QDateTime time = chekTime();
     const QString zNumber = shiftToClose();
     if (zNumber.isEmpty() || !offerPeriod(zNumber))
         return focusSearch();
     if (const auto figures = closer().figures(zNumber))
-        countAndClose(*figures, time);
+        countAndClose(*figures);
     focusSearch();
 }
 
@@ -80,15 +79,18 @@ bool QRegisterSale::offerPeriod(const QString &zNumber)
     return answer == CloseShift || (answer == ClosePeriodAndShift && ClosePeriod());
 }
 
-void QRegisterSale::countAndClose(const ShiftFigures &figures, const QDateTime &time)
+void QRegisterSale::countAndClose(const ShiftFigures &figures)
 {
+    const QString early = ShiftCloser::dateRefusal(figures, chosenDate());
+    if (!early.isEmpty())
+        return notify(early);
     QPayment form(QStringLiteral("0.00"), QStringLiteral("0.00"), true, this, formCash(figures.cash));
     form.setExpected(figures);
     if (form.exec() != QDialog::Accepted)
         return;
     const ShiftCount count = {form.countCheks(),    form.countDiskount(), form.countPositionCanc(),
                               form.countChekCanc(), form.vnesenia(),      form.viluchenia()};
-    const ShiftCloser::Outcome outcome = closer().close(figures, count, time);
+    const ShiftCloser::Outcome outcome = closer().close(figures, count, chosenDate());
     if (outcome == ShiftCloser::Closed)
         return afterClosing(figures.zNumber);
     const QString why = ShiftCloser::explanation(outcome, figures.zNumber);

@@ -9,6 +9,7 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "receiptmodel.h"
+#include "saleclock.h"
 
 #include <QKeyEvent>
 #include <QSqlRecord>
@@ -37,7 +38,7 @@ GoodsSearch QRegisterSale::goodsSearch(GoodsSearch::By by, const QString &text) 
     search.by = by;
     search.text = text;
     search.priority = ui->sbPriority->value();
-    search.time = chekTime();
+    search.time = SaleClock::at(chosenDate());
     search.limit = ui->sbLimit->value();
     return search;
 }

@@ -1,7 +1,13 @@
 #include "shiftcloser.h"
 
+#include "heldmessages.h"
+#include "money.h"
+#include "saleclock.h"
 #include "servererror.h"
+#include "shiftsums.h"
 #include "sqldate.h"
+
+#include <tuple>
 
 namespace {
 QString ofShift(const QString &kass, const QString &zNumber)
@@ -9,22 +15,46 @@ QString ofShift(const QString &kass, const QString &zNumber)
     return QStringLiteral(" WHERE id_kass=") + kass + QStringLiteral(" AND id_zzvit=") + zNumber;
 }
 
-/// What the operator saw and what stands there when it is written must agree in these.
-QString lockShift(const ClosedShift &shift)
-{
-    return QStringLiteral("SELECT data_time=0,cash,count_cheks FROM z_zvit") +
-           ofShift(shift.place.kass, shift.zNumber) + QStringLiteral(" FOR UPDATE");
-}
-
+/// The service cash and the latest receipt are read in one pass over the shift's receipts.
 QString otherFigures(const QString &kass, const QString &zNumber)
 {
-    return QStringLiteral("SELECT id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
-                          "count_chek_canc,(SELECT SUM(summa) FROM cheks WHERE cheks.id_shop=z_zvit.id_shop "
-                          "AND cheks.id_kass=z_zvit.id_kass AND cheks.id_zvit=z_zvit.id_zzvit AND "
-                          "cheks.id_type=4) FROM z_zvit") +
+    return QStringLiteral(
+               "SELECT z_zvit.id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
+               "count_chek_canc,vnesenia_sum,viluchenia_sum,latest FROM z_zvit LEFT JOIN "
+               "(SELECT id_shop,SUM(IF(id_type=4,summa,0)) AS vnesenia_sum,"
+               "SUM(IF(id_type=5,summa,0)) AS viluchenia_sum,"
+               "DATE_FORMAT(MAX(data_time),'%Y%m%d%H%i%s') AS latest FROM cheks WHERE id_kass=") +
+           kass + QStringLiteral(" AND id_zvit=") + zNumber +
+           QStringLiteral(" GROUP BY id_shop) AS sold ON sold.id_shop=z_zvit.id_shop") +
            ofShift(kass, zNumber);
 }
+
+ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStringList &other)
+{
+    ShiftFigures figures;
+    figures.zNumber = zNumber;
+    figures.shop = other.at(0);
+    figures.cash = cash.toLongLong();
+    figures.cashRet = other.at(1).toLongLong();
+    figures.countCheks = other.at(2).toInt();
+    figures.countDiskount = other.at(3).toInt();
+    figures.countPositionCanc = other.at(4).toInt();
+    figures.countChekCanc = other.at(5).toInt();
+    figures.vnesenia = other.at(6).toLongLong();
+    figures.issued = other.at(7).toLongLong();
+    figures.latest = other.at(8);
+    return figures;
+}
 } // namespace
+
+bool ShiftFigures::operator==(const ShiftFigures &other) const
+{
+    const auto all = [](const ShiftFigures &f) {
+        return std::tie(f.zNumber, f.shop, f.cash, f.cashRet, f.vnesenia, f.issued, f.countCheks,
+                        f.countDiskount, f.countPositionCanc, f.countChekCanc, f.latest);
+    };
+    return all(*this) == all(other);
+}
 
 QString ClosingSql::cash(const QString &kass, const QString &zNumber)
 {
@@ -77,27 +107,18 @@ std::optional<ShiftFigures> ShiftCloser::figures(const QString &zNumber) const
     const auto other = firstRow(m_db, otherFigures(m_place.kass, zNumber), m_file, m_line);
     if (!other || other->isEmpty())
         return std::nullopt;
-    ShiftFigures figures;
-    figures.zNumber = zNumber;
-    figures.shop = other->at(0).isEmpty() ? m_place.shop : other->at(0);
-    figures.cash = cash->first().toLongLong();
-    figures.cashRet = other->at(1).toLongLong();
-    figures.countCheks = other->at(2).toInt();
-    figures.countDiskount = other->at(3).toInt();
-    figures.countPositionCanc = other->at(4).toInt();
-    figures.countChekCanc = other->at(5).toInt();
-    figures.vnesenia = other->at(6).toLongLong();
-    return figures;
+    return figuresOf(zNumber, cash->first(), *other);
 }
 
 std::optional<PeriodDay> ShiftCloser::periodDay() const
 {
-    const auto cells = firstRow(m_db,
-                                QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE "
-                                               "id_kass=%1 ORDER BY data_time=0 DESC,id_zzvit DESC LIMIT 1) "
-                                               "FROM shops WHERE id=%2")
-                                    .arg(m_place.kass, m_place.shop),
-                                m_file, m_line);
+    const auto cells = firstRow(
+        m_db,
+        QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE id_kass=%1 ORDER BY "
+                       "data_time=0 DESC,id_zzvit DESC LIMIT 1) FROM shops WHERE id=COALESCE((SELECT "
+                       "id_shop FROM z_zvit WHERE id_kass=%1 AND data_time=0 LIMIT 1),%2)")
+            .arg(m_place.kass, m_place.shop),
+        m_file, m_line);
     if (!cells)
         return std::nullopt;
     return PeriodDay{cells->value(1).toInt(), qMax(cells->value(0).toInt(), 1)};
@@ -120,26 +141,33 @@ ShiftCloser::Outcome ShiftCloser::failure() const
 ShiftCloser::Outcome ShiftCloser::closeInTransaction(const ClosedShift &shift, const ShiftFigures &figures,
                                                      const ShiftCount &count) const
 {
-    const auto now = firstRow(m_db, lockShift(shift), m_file, m_line);
+    const auto cells = firstRow(m_db, ShiftSql::lockedSums(m_place.kass, shift.zNumber), m_file, m_line);
+    if (!cells)
+        return failure();
+    const ShiftSums sums = shiftSums(*cells);
+    if (!sums.isOpen)
+        return AlreadyClosed;
+    if (sums.net() > Receipt::maximum)
+        return TooMuch;
+    const auto now = this->figures(shift.zNumber);
     if (!now)
         return failure();
-    if (now->value(0) != QLatin1String("1"))
-        return AlreadyClosed;
-    if (now->at(1).toLongLong() != figures.cash || now->at(2).toInt() != figures.countCheks)
+    if (!(*now == figures))
         return Changed;
-    const bool isWhole = run(ClosingSql::insertChek(shift)) && run(ClosingSql::completeZ(shift, count));
+    const bool isWhole = (!sums.hasNulls || run(ShiftSql::nullsToZero(m_place.kass, shift.zNumber))) &&
+                         run(ClosingSql::insertChek(shift)) && run(ClosingSql::completeZ(shift, count));
     return isWhole ? Closed : failure();
 }
 
-ShiftCloser::Outcome ShiftCloser::close(const ShiftFigures &figures, const ShiftCount &count,
-                                        const QDateTime &time) const
+ShiftCloser::Outcome ShiftCloser::closeOnce(const ShiftFigures &figures, const ShiftCount &count,
+                                            const QString &time) const
 {
-    ClosedShift shift = {m_place, figures.zNumber, {}, sqlDateTime(time)};
+    ClosedShift shift = {m_place, figures.zNumber, {}, time};
     // The Z receipt belongs to the shop in whose lists the shift stands.
     shift.place.shop = figures.shop;
     shift.chekNumber = ChekWriter(m_db, m_place, m_file, m_line).newChekNumber();
     if (shift.chekNumber.isEmpty())
-        return Failed;
+        return failure();
     Outcome outcome = Failed;
     {
         Transaction transaction(m_db, m_file, m_line);
@@ -147,7 +175,7 @@ ShiftCloser::Outcome ShiftCloser::close(const ShiftFigures &figures, const Shift
             return Failed;
         outcome = closeInTransaction(shift, figures, count);
         if (outcome == Closed && !transaction.commit(m_file, m_line))
-            outcome = Unclear;
+            outcome = isCommitRefused(m_db.lastErrorNumber()) ? failure() : Unclear;
     }
     if (outcome != Unclear)
         return outcome;
@@ -155,6 +183,30 @@ ShiftCloser::Outcome ShiftCloser::close(const ShiftFigures &figures, const Shift
     if (!written)
         return Unclear;
     return *written ? Closed : Failed;
+}
+
+ShiftCloser::Outcome ShiftCloser::close(const ShiftFigures &figures, const ShiftCount &count,
+                                        const QDate &chosen) const
+{
+    if (!dateRefusal(figures, chosen).isEmpty())
+        return TooEarly;
+    return triedAgain(
+        m_db,
+        [&](const Db &db) {
+            // On the day of the latest receipt the clock may have been put back.
+            const QString time = qMax(sqlDateTime(SaleClock::at(chosen)), figures.latest);
+            return ShiftCloser(db, m_place, m_file, m_line).closeOnce(figures, count, time);
+        },
+        [](Outcome outcome) { return outcome == Collided || outcome == Locked; });
+}
+
+QString ShiftCloser::dateRefusal(const ShiftFigures &figures, const QDate &chosen)
+{
+    const QDate latest = QDate::fromString(figures.latest.left(8), QStringLiteral("yyyyMMdd"));
+    if (!latest.isValid() || SaleClock::at(chosen).date() >= latest)
+        return QString();
+    return tr("У зміні № %1 є чеки за %2: раніше її закрити не можна. Виберіть цю дату або пізнішу.")
+        .arg(figures.zNumber, latest.toString(QStringLiteral("dd.MM.yyyy")));
 }
 
 std::optional<bool> ShiftCloser::isClosed(const ClosedShift &shift) const
@@ -178,8 +230,15 @@ QString ShiftCloser::explanation(Outcome outcome, const QString &zNumber)
     switch (outcome) {
     case AlreadyClosed:
         return tr("Зміну № %1 вже закрито в іншій програмі. Нічого не записано.").arg(zNumber);
+    case TooEarly:
+        return tr("Зміну № %1 не закрито: дата раніша за її останній чек. Виберіть дату останнього чека або "
+                  "пізнішу.")
+            .arg(zNumber);
+    case TooMuch:
+        return tr("Зміну № %1 не закрито: її сума більша за %2, Z-звіт такої не вміщає. Зверніться до підтримки.")
+            .arg(zNumber, moneyShown(Receipt::maximum));
     case Changed:
-        return tr("Поки ви рахували, на касі записано ще чеки. Зміну № %1 не закрито. Перевірте суми та "
+        return tr("Поки ви рахували, на касі записано ще чеки або готівку. Зміну № %1 не закрито. Перевірте суми та "
                   "закрийте її ще раз.")
             .arg(zNumber);
     case Collided:

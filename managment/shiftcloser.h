@@ -11,14 +11,19 @@ struct ShiftFigures
     qint64 cash = 0;
     /// Paid back in cash.
     qint64 cashRet = 0;
-    /// Service cash that the shift's receipts brought in.
+    /// Service cash that the shift's receipts brought in, and that they took out.
     qint64 vnesenia = 0;
+    qint64 issued = 0;
     int countCheks = 0;
     int countDiskount = 0;
     int countPositionCanc = 0;
     int countChekCanc = 0;
+    /// yyyyMMddhhmmss of the latest receipt; empty without one.
+    QString latest;
 
-    qint64 expectedCash() const { return cash - cashRet; }
+    /// What lies in the drawer: sold for and brought in, without what was paid back and issued.
+    qint64 expectedCash() const { return cash - cashRet + vnesenia - issued; }
+    bool operator==(const ShiftFigures &other) const;
 };
 
 /// What the operator enters, as whole numbers; amounts in kopecks.
@@ -66,11 +71,15 @@ public:
         Failed,
         /// Nothing was written: another program has closed the shift.
         AlreadyClosed,
-        /// Nothing was written: something was sold since the figures were read.
+        /// Nothing was written: the chosen date is before the latest receipt of the shift.
+        TooEarly,
+        /// Nothing was written: the Z receipt cannot hold the net turnover that other programs have added up.
+        TooMuch,
+        /// Nothing was written: something was sold, brought in or issued since the figures were read.
         Changed,
-        /// Nothing was written: another program has taken the number of the Z receipt.
+        /// Nothing was written: another program has taken the number of the Z receipt, each time.
         Collided,
-        /// Nothing was written: another program is writing to the shift.
+        /// Nothing was written: another program is writing to the shift, and went on doing so.
         Locked,
         /// The connection broke while the closing was confirmed, and the server cannot be asked.
         Unclear
@@ -81,13 +90,22 @@ public:
 
     /// Nothing after a failure, and when the register has no such shift.
     std::optional<ShiftFigures> figures(const QString &zNumber) const;
-    /// Nothing after a failure.
+    /// Of the shop in which the register's shift was opened. Nothing after a failure.
     std::optional<PeriodDay> periodDay() const;
-    /// Writes the Z receipt and completes the shift, both or nothing. figures: what the operator was shown.
-    Outcome close(const ShiftFigures &figures, const ShiftCount &count, const QDateTime &time) const;
+    /// Writes the Z receipt and completes the shift, both or nothing; another program in the way is tried
+    /// twice more before it is told. figures: what the operator was shown. chosen: the date of the closing,
+    /// none for today's; the time of day is that of SaleClock at writing, but never before the latest
+    /// receipt.
+    Outcome close(const ShiftFigures &figures, const ShiftCount &count, const QDate &chosen = QDate()) const;
+    /// Whether the Z receipt stands in the database; nothing when the server did not tell, also while a
+    /// transaction of the lost connection is still open there.
+    std::optional<bool> isClosed(const ClosedShift &shift) const;
 
     /// What an outcome means for the user, and what to do; empty for Closed.
     static QString explanation(Outcome outcome, const QString &zNumber);
+    /// Why a shift cannot be closed at the chosen date (none: today), to be told before it is counted; empty
+    /// when it can.
+    static QString dateRefusal(const ShiftFigures &figures, const QDate &chosen);
     /// Why the period cannot be closed on that day; empty when it can.
     static QString periodRefusal(const PeriodDay &day);
 
@@ -96,7 +114,7 @@ private:
     Outcome failure() const;
     Outcome closeInTransaction(const ClosedShift &shift, const ShiftFigures &figures,
                                const ShiftCount &count) const;
-    std::optional<bool> isClosed(const ClosedShift &shift) const;
+    Outcome closeOnce(const ShiftFigures &figures, const ShiftCount &count, const QString &time) const;
 
     const Db m_db;
     const ChekPlace m_place;

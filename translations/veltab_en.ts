@@ -91,6 +91,50 @@ Wait or contact support.</translation>
         <source>Чек не записано. Повторіть оплату.</source>
         <translation>The receipt is not recorded. Repeat the payment.</translation>
     </message>
+    <message>
+        <source>Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.</source>
+        <translation>The register was moved to another shop (“%1”). Choose shop and register again.</translation>
+    </message>
+    <message>
+        <source>Касу заблоковано: продавати на ній не можна.</source>
+        <translation>The register is blocked: nothing can be sold at it.</translation>
+    </message>
+    <message>
+        <source>Магазин заблоковано: продавати в ньому не можна.</source>
+        <translation>The shop is blocked: nothing can be sold in it.</translation>
+    </message>
+    <message>
+        <source>У чеку немає товарів.</source>
+        <translation>The receipt has no goods.</translation>
+    </message>
+    <message>
+        <source>Товари (%1) без знижки (%2) не дорівнюють сумі до оплати (%3). Чек не записано: оплатіть його ще раз.</source>
+        <translation>The goods (%1) less the discount (%2) are not the sum to pay (%3). The receipt was not written: pay it again.</translation>
+    </message>
+    <message>
+        <source>Знижки рядків (%1) не дорівнюють знижці чека (%2). Чек не записано: введіть знижку ще раз.</source>
+        <translation>The discounts of the rows (%1) are not that of the receipt (%2). The receipt was not written: enter the discount again.</translation>
+    </message>
+    <message>
+        <source>Оплачено не стільки, скільки треба (%1). Чек не записано: оплатіть його ще раз.</source>
+        <translation>What was paid is not what is owed (%1). The receipt was not written: pay it again.</translation>
+    </message>
+    <message>
+        <source>Зміна № %1 не вмістить цього чека: її сума стала б більшою за %2. Закрийте зміну (F12) і оплатіть чек у новій.</source>
+        <translation>Shift No. %1 cannot hold this receipt: its sum would be above %2. Close the shift (F12) and pay the receipt in a new one.</translation>
+    </message>
+    <message>
+        <source>Номери на цій касі вичерпано: більших за %1 немає. Зверніться до підтримки.</source>
+        <translation>The register has run out of numbers: there are none above %1. Ask the support.</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в іншому магазині. Закрийте її перед продажем.</source>
+        <translation>The register&apos;s shift was opened in another shop. Close it before selling.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 щойно закрила інша програма. Чек не записано. Повторіть оплату: він відкриє нову зміну.</source>
+        <translation>Another program has just closed shift No. %1. The receipt was not written. Pay it again: it will open a new shift.</translation>
+    </message>
 </context>
 <context>
     <name>CsvExport</name>
@@ -1146,18 +1190,6 @@ Restart the program!</translation>
         <translation>difference</translation>
     </message>
     <message>
-        <source>&amp;готівка від продажу:</source>
-        <translation>cash &amp;from sales:</translation>
-    </message>
-    <message>
-        <source>Очікується готівки від продажу</source>
-        <translation>Expected cash from sales</translation>
-    </message>
-    <message>
-        <source>Різниця готівки від продажу</source>
-        <translation>Difference of the cash from sales</translation>
-    </message>
-    <message>
         <source>Очікується внесення</source>
         <translation>Expected cash in</translation>
     </message>
@@ -1178,8 +1210,24 @@ Restart the program!</translation>
         <translation>will stay in the register:</translation>
     </message>
     <message>
-        <source>Закриття зміни № %1</source>
-        <translation>Closing of shift No. %1</translation>
+        <source>&amp;готівка в касі:</source>
+        <translation>&amp;cash in the drawer:</translation>
+    </message>
+    <message>
+        <source>Очікується готівки в касі</source>
+        <translation>Cash expected in the drawer</translation>
+    </message>
+    <message>
+        <source>Різниця готівки в касі</source>
+        <translation>Difference of the cash in the drawer</translation>
+    </message>
+    <message>
+        <source>з них уже видано:</source>
+        <translation>of it already issued:</translation>
+    </message>
+    <message>
+        <source>Закрити зміну № %1</source>
+        <translation>Close shift No. %1</translation>
     </message>
 </context>
 <context>
@@ -2434,10 +2482,6 @@ can damage the data in the database!</translation>
         <translation>Shift No. %1 has already been closed in another program. Nothing is recorded.</translation>
     </message>
     <message>
-        <source>Поки ви рахували, на касі записано ще чеки. Зміну № %1 не закрито. Перевірте суми та закрийте її ще раз.</source>
-        <translation>While you were counting, more receipts were recorded at the cash register. Shift No. %1 is not closed. Check the sums and close it again.</translation>
-    </message>
-    <message>
         <source>На касі зараз записує інша програма. Зміну № %1 не закрито. Закрийте її ще раз.</source>
         <translation>Another program is recording at the cash register now. Shift No. %1 is not closed. Close it again.</translation>
     </message>
@@ -2460,6 +2504,22 @@ The period cannot be closed</translation>
 не в останній день!</source>
         <translation>The period cannot be closed
 before its last day!</translation>
+    </message>
+    <message>
+        <source>У зміні № %1 є чеки за %2: раніше її закрити не можна. Виберіть цю дату або пізнішу.</source>
+        <translation>Shift No. %1 has receipts of %2: it cannot be closed earlier. Choose that date or a later one.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 не закрито: дата раніша за її останній чек. Виберіть дату останнього чека або пізнішу.</source>
+        <translation>Shift No. %1 was not closed: the date is before its latest receipt. Choose the date of the latest receipt or a later one.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 не закрито: її сума більша за %2, Z-звіт такої не вміщає. Зверніться до підтримки.</source>
+        <translation>Shift No. %1 was not closed: its sum is above %2, which a Z-report cannot hold. Ask the support.</translation>
+    </message>
+    <message>
+        <source>Поки ви рахували, на касі записано ще чеки або готівку. Зміну № %1 не закрито. Перевірте суми та закрийте її ще раз.</source>
+        <translation>While you counted, more receipts or cash were recorded at the register. Shift No. %1 was not closed. Check the sums and close it again.</translation>
     </message>
 </context>
 <context>

@@ -56,3 +56,10 @@ ReceiptRow goodsRow(FreshDatabase *base, int id)
         cells.append(toText(query->value(i)));
     return receiptRow(cells);
 }
+
+ClockAt::ClockAt(const QDateTime &time) : m_before(SaleClock::setSource([time] { return time; })) {}
+
+ClockAt::~ClockAt()
+{
+    SaleClock::setSource(m_before);
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "receipt.h"
+#include "saleclock.h"
 #include "testing.h"
 
 /// A small chain to sell in: shop 1 (group 2, period of three days) with registers 1 and 2, an office and a
@@ -17,6 +18,18 @@ void fillSaleShop(FreshDatabase *base);
 
 /// Takes back what was sold and priced since.
 void resetSaleShop(FreshDatabase *base);
+
+/// Sets the clock of receipts and shifts as long as this lives.
+class ClockAt
+{
+public:
+    explicit ClockAt(const QDateTime &time);
+    ~ClockAt();
+    Q_DISABLE_COPY(ClockAt)
+
+private:
+    SaleClock::Source m_before;
+};
 
 /// What stands in the list for a goods item of shop 1, as one piece or kilogram.
 ReceiptRow goodsRow(FreshDatabase *base, int id);

@@ -9,6 +9,7 @@
 #include "qrowmodel.h"
 #include "qzreport.h"
 #include "rangeselector.h"
+#include "saleclock.h"
 #include "shiftcloser.h"
 
 #include <QCheckBox>
@@ -71,9 +72,8 @@ void TstDay::sell(FreshDatabase *base, const QString &kass, const QString &time,
     payment.toPay = receipt.toPay();
     payment.card = card;
     payment.cash = payment.toPay - card;
-    const auto result =
-        ChekWriter(base->db(), {"1", kass, "1"})
-            .write(receipt, payment, QDateTime::fromString("20260301" + time, "yyyyMMddhhmmss"));
+    SaleClock::setSource([time] { return QDateTime::fromString("20260301" + time, "yyyyMMddhhmmss"); });
+    const auto result = ChekWriter(base->db(), {"1", kass, "1"}).write(receipt, payment);
     if (result.outcome != ChekWriter::Written)
         qFatal("No sale: %s", qPrintable(base->heard.texts().join('|')));
 }
@@ -85,7 +85,8 @@ void TstDay::close(FreshDatabase *base, const QString &kass)
     const ShiftCount count = {
         QString::number(figures->countCheks), QString::number(figures->countDiskount), "0", "0", "0",
         QString::number(figures->cash)};
-    if (closer.close(*figures, count, QDateTime(day, QTime(23, 59, 59))) != ShiftCloser::Closed)
+    SaleClock::setSource([] { return QDateTime(day, QTime(23, 59, 59)); });
+    if (closer.close(*figures, count) != ShiftCloser::Closed)
         qFatal("Not closed: %s", qPrintable(base->heard.texts().join('|')));
 }
 

@@ -9,6 +9,7 @@
 #include "qreports.h"
 #include "qrowmodel.h"
 #include "rangeselector.h"
+#include "saleclock.h"
 #include "slipprint.h"
 
 #include <QCheckBox>
@@ -86,8 +87,8 @@ void sell(FreshDatabase *base, const ChekPlace &place, const QString &time, cons
         receipt.add(row);
     receipt.setDiscount(payment.discount);
     payment.toPay = receipt.toPay();
-    const auto result =
-        ChekWriter(base->db(), place).write(receipt, payment, QDateTime::fromString(time, "yyyyMMddhhmmss"));
+    SaleClock::setSource([time] { return QDateTime::fromString(time, "yyyyMMddhhmmss"); });
+    const auto result = ChekWriter(base->db(), place).write(receipt, payment);
     if (result.outcome != ChekWriter::Written)
         qFatal("No sale: %s", qPrintable(base->heard.texts().join('|')));
 }

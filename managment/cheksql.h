@@ -1,0 +1,25 @@
+#pragma once
+
+#include "chek.h"
+#include "receipt.h"
+
+/// The statements that write a receipt.
+namespace ChekSql {
+enum RowType { SaleRow = 1, DiscountRow = 2, PaymentRow = 3 };
+
+/// "(shop,register,Z,receipt,user,time": what all rows of a receipt begin with.
+QString prefix(const WrittenChek &chek);
+/// Without it no discount row can be read.
+QString ensureAnonymousClient();
+QString insertRows(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek);
+QString lowerStock(const Receipt &receipt, const QString &shop);
+/// Changes nothing when the shift has been closed.
+QString addToZ(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek);
+QString createZ(const ChekPlace &place, const QString &number, int day);
+/// A barcode as a value: bare digits, a quoted text when digits would be lost, NULL when there is none.
+QString barcode(const QString &code);
+} // namespace ChekSql
+
+/// The day in the trading period of a shift, by that of the last closed one (0: none was closed) and the
+/// length of the period.
+int nextDay(int lastDay, int countDayCycle);
