@@ -1,5 +1,8 @@
 #include "artstatements.h"
 
+#include "shopgroups.h"
+#include "sqldate.h"
+
 namespace {
 QString anyOf(const QString &field, const QStringList &ids)
 {
@@ -28,8 +31,12 @@ QString placeCondition(const ArtPlace &place)
 
 QString rangeCondition(const ArtChoice &choice)
 {
+    const QString days = choice.firstDay.isValid()
+                             ? QStringLiteral(" AND cheks.data_time>=") + sqlDayStart(choice.firstDay) +
+                                   QStringLiteral(" AND cheks.data_time<=") + sqlDayEnd(choice.lastDay)
+                             : QString();
     return QStringLiteral(" AND cheks.id_zvit>=") + choice.zFrom + QStringLiteral(" AND cheks.id_zvit<=") +
-           choice.zTo;
+           choice.zTo + days;
 }
 
 QString goodsCondition(const ArtChoice &choice)
@@ -70,11 +77,13 @@ QString bonusStatement(const ArtChoice &choice)
            rangeCondition(choice) + QStringLiteral(" AND ") + placeCondition(choice.place);
 }
 
-QString zNumbersStatement(const ArtPlace &place, const QString &permittedGroupsCondition, const QDate &day)
+QString zNumbersStatement(const ArtPlace &place, const QDate &day)
 {
-    QString sql = QStringLiteral("SELECT id_zzvit FROM z_zvit LEFT JOIN shops ON id=id_shop WHERE ");
-    sql += place.group != 0 ? QStringLiteral("shops.group_shop=") + QString::number(place.group)
-                            : permittedGroupsCondition;
+    QString sql = QStringLiteral("SELECT id_zzvit FROM z_zvit LEFT JOIN shops ON id=id_shop WHERE");
+    // A chosen group offers the shops of group 1 too: of a chosen shop its own group counts.
+    sql += place.group != 0 && place.shop == 0
+               ? QStringLiteral(" shops.group_shop=") + QString::number(place.group)
+               : inShopGroups(QStringLiteral("shops.group_shop"), place.permittedGroups);
     if (place.shop != 0)
         sql += QStringLiteral(" AND z_zvit.id_shop=") + QString::number(place.shop);
     if (place.kass != 0)

@@ -27,6 +27,9 @@ struct ArtChoice
     QStringList goodsGroups;
     /// The most lines, as typed; empty for all.
     QString limit;
+    /// Sales of these days only; invalid for all days of the shifts.
+    QDate firstDay;
+    QDate lastDay;
 };
 
 /// The lines of the report: code, barcode, name, price, thousandths, kopecks net of discounts, discount,
@@ -35,4 +38,4 @@ QString articlesStatement(const ArtChoice &choice);
 /// The kopecks that were paid with bonuses in the same shifts.
 QString bonusStatement(const ArtChoice &choice);
 /// The numbers of the shifts closed on a day.
-QString zNumbersStatement(const ArtPlace &place, const QString &permittedGroupsCondition, const QDate &day);
+QString zNumbersStatement(const ArtPlace &place, const QDate &day);

@@ -13,7 +13,8 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(ChekList)
 };
 
-constexpr int foundQuantity = 6;
+/// Of the statement, where it is not as in the list.
+enum Found { Quantity = 6, LeastType, GreatestType, Sum, PaymentSum, LeastShop, GreatestShop };
 
 /// 0 for what is no whole number.
 qint64 whole(std::string_view text)
@@ -52,6 +53,32 @@ QString amount(std::string_view stored)
 
 const CellFormat asTypeName = {typeName, typeName, false};
 const CellFormat asAmount = {amount<moneyText, quantityText>, amount<moneyShown, quantityShown>, true};
+
+int typeOf(int least, int greatest)
+{
+    // Payments have the least type of all. A document of goods and a return may have some too.
+    const bool isSale = least == ChekType::Payment && greatest < ChekType::Return;
+    return isSale ? ChekType::Payment : greatest;
+}
+
+/// Of all its listed rows: what was paid where there are payments, else what the rows sum up to.
+qint64 ownSum(const RowStore &found, int row, int type)
+{
+    const qint64 payments = whole(found.cell(row, PaymentSum));
+    const bool isPaid = whole(found.cell(row, LeastType)) == ChekType::Payment;
+    if (isPaid && (type == ChekType::Payment || type == ChekType::Return))
+        return payments;
+    return whole(found.cell(row, Sum)) - payments;
+}
+
+void noteShop(QHash<uint, uint> *shops, const RowStore &found, int row)
+{
+    const auto number = [&](int column) { return static_cast<uint>(whole(found.cell(row, column))); };
+    const uint kass = number(ChekList::Register);
+    const uint shop = number(LeastShop);
+    const uint known = shops->value(kass, shop);
+    (*shops)[kass] = known == shop && shop == number(GreatestShop) ? shop : 0;
+}
 } // namespace
 
 ChekList ChekList::from(const RowStore &found)
@@ -59,17 +86,21 @@ ChekList ChekList::from(const RowStore &found)
     ChekList list;
     std::vector<std::string_view> cells(ColumnCount);
     for (int row = 0; row < found.rowCount(); ++row) {
-        for (const int same : {ZNumber, Number, TypeName, Amount, Time, Register})
+        for (const int same : {ZNumber, Number, Time, Register})
             cells[static_cast<size_t>(same)] = found.cell(row, same);
-        cells[Type] = cells[TypeName];
-        const qint64 type = whole(cells[Type]);
-        std::string quantity;
-        if (ChekType::isGoodsDocument(static_cast<int>(type)))
-            cells[Amount] = quantity = tenths(found.cell(row, foundQuantity));
-        else if (type == ChekType::Payment)
-            list.sum += whole(cells[Amount]);
+        const int type = typeOf(static_cast<int>(whole(found.cell(row, LeastType))),
+                                static_cast<int>(whole(found.cell(row, GreatestType))));
+        const qint64 sum = ownSum(found, row, type);
+        const std::string typeText = std::to_string(type);
+        const bool isOfGoods = ChekType::isGoodsDocument(type);
+        const std::string amountText = isOfGoods ? tenths(found.cell(row, Quantity)) : std::to_string(sum);
+        cells[TypeName] = cells[Type] = typeText;
+        cells[Amount] = !isOfGoods && found.cell(row, Sum).empty() ? std::string_view() : amountText;
+        if (type == ChekType::Payment)
+            list.sum += sum;
         else if (type == ChekType::Return)
-            list.sum -= whole(cells[Amount]);
+            list.sum -= sum;
+        noteShop(&list.shops, found, row);
         list.rows.append(cells);
     }
     return list;

@@ -3,6 +3,8 @@
 #include "columns.h"
 #include "rowstore.h"
 
+#include <QHash>
+
 /// The list of receipts out of the rows of its statement.
 struct ChekList
 {
@@ -13,8 +15,10 @@ struct ChekList
     RowStore rows;
     /// Sales minus returns, in kopecks.
     qint64 sum = 0;
+    /// The shop of each register's receipts; 0 where they are of several.
+    QHash<uint, uint> shops;
 
-    /// found: Z number, number, type, sum, time, register, quantity in thousandths.
+    /// found: as chekListSql() selects it.
     static ChekList from(const RowStore &found);
     static QVector<::Column> columns();
 };

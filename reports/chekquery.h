@@ -1,8 +1,9 @@
 #pragma once
 
+#include "chekorigin.h"
 #include "placeselector.h"
 
-#include <QString>
+#include <optional>
 
 /// Which receipts are listed: the place by its names and a range.
 struct ChekFilter
@@ -15,11 +16,17 @@ struct ChekFilter
     bool byNumber = false;
     QString from;
     QString to;
+    /// Everywhere means these shop groups; empty for truly everywhere.
+    QStringList groups;
+    /// The receipts behind that line; then nothing of the above counts.
+    std::optional<ChekOrigin> origin;
 };
 
-/// One row a receipt of one register: Z number, number, type, sum, time, register, quantity.
+/// One row a receipt of one register: Z number, number, type and sum of one of its rows, time, register,
+/// quantity; then over all its listed rows: least and greatest type, sum, sum of the payments, least and
+/// greatest shop.
 QString chekListSql(const ChekFilter &filter);
 /// The receipts whose own sums do not agree, sales and returns with a payment row: register, number.
 QString chekMismatchSql(const ChekFilter &filter);
-/// The sums of one receipt: goods, discount, to pay, paid, number of payment rows, paid by card.
-QString chekSumsSql(const QString &kass, const QString &chek);
+/// The sums of the receipt of that condition: goods, discount, to pay, paid, number of payment rows.
+QString chekSumsSql(const QString &condition);

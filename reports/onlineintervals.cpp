@@ -66,9 +66,10 @@ QVector<DaySpan> daySpans(const QVector<OnLineInterval> &intervals, const QDate 
 
 QDateTime databaseTime(const QString &stored)
 {
-    QDateTime time = QDateTime::fromString(stored.left(19), QStringLiteral("yyyy-MM-dd hh:mm:ss"));
-    time.setTimeSpec(Qt::UTC);
-    return time;
+    // By parts: as a local time the hour that summer time skips would not exist.
+    const QDate date = QDate::fromString(stored.left(10), Qt::ISODate);
+    const QTime time = QTime::fromString(stored.mid(11, 8), Qt::ISODate);
+    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
 }
 
 QString clockText(int seconds)

@@ -7,6 +7,7 @@
 #include "qrowmodel.h"
 #include "qtab.h"
 #include "reportformats.h"
+#include "shopgroups.h"
 
 #include <QHash>
 #include <QRegularExpressionValidator>
@@ -69,6 +70,7 @@ QArtReport::QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
                                             QTab::GetStrLstGroupFromPermis(user, QStringLiteral("id"), true));
     GroupChanged(QString());
     refillNumbers();
+    offerDatesOnly();
 }
 
 QArtReport::~QArtReport() = default;
@@ -89,7 +91,7 @@ void QArtReport::setUpList()
                 tr("коротка назва коротка назва коротка назва"), QStringLiteral("9999999.99"),
                 QStringLiteral("9999999.999"), QStringLiteral("9999999.99"), QStringLiteral("9999999.99"),
                 QStringLiteral("01-01-2015")});
-    connect(ui->listArticles, &QNTableView::doubleClicked, this, &QArtReport::showReceipts);
+    connectOpening([this](const QModelIndex &line) { showReceipts(line); });
 }
 
 void QArtReport::setUpChoice()
@@ -105,6 +107,9 @@ void QArtReport::setUpChoice()
     connect(ui->pbNumbers, &QPushButton::clicked, this, &QArtReport::refillNumbers);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QArtReport::load);
     connect(ui->leLimit, &QLineEdit::returnPressed, this, &QArtReport::load);
+    for (const auto changed :
+         {&PlaceSelector::groupChanged, &PlaceSelector::shopChanged, &PlaceSelector::registerChanged})
+        connect(ui->place, changed, this, &QArtReport::offerDatesOnly);
     connect(ui->chChart, &QCheckBox::toggled, ui->chart, &QWidget::setVisible);
 }
 
@@ -122,7 +127,7 @@ void QArtReport::GroupChanged(const QString &group)
     Q_UNUSED(group)
     const uint id = ui->place->groupId();
     const QString condition =
-        id == 0 ? QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("group_shop"), true)
+        id == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                 : QStringLiteral(" (group_shop=") + QString::number(id) + QStringLiteral(" OR group_shop=1)");
     ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE") + condition +
                                      QStringLiteral(" AND block=0"));
@@ -138,16 +143,54 @@ void QArtReport::ShopChanged(const QString &shop)
     showNumbersPlace();
 }
 
+namespace {
+/// The place of the least or the greatest number.
+int placeOfNumber(const QComboBox *box, bool greatest)
+{
+    int place = 0;
+    for (int i = 1; i < box->count(); ++i) {
+        const uint number = box->itemText(i).toUInt();
+        const uint best = box->itemText(place).toUInt();
+        if (greatest ? number > best : number < best)
+            place = i;
+    }
+    return place;
+}
+} // namespace
+
+// The day's first and last shift, so that the whole day is in the range.
 void QArtReport::changDateStart(const QDate &day)
 {
-    fillNumbers(ui->cbZStart, day);
+    if (fillNumbers(ui->cbZStart, day))
+        ui->cbZStart->setCurrentIndex(placeOfNumber(ui->cbZStart, false));
 }
 
 void QArtReport::changDateEnd(const QDate &day)
 {
-    // The day's last shift, so that the whole day is in the range.
     if (fillNumbers(ui->cbZEnd, day))
-        ui->cbZEnd->setCurrentIndex(ui->cbZEnd->count() - 1);
+        ui->cbZEnd->setCurrentIndex(placeOfNumber(ui->cbZEnd, true));
+}
+
+int QArtReport::registersInPlace() const
+{
+    const ArtPlace chosen = place();
+    if (chosen.kass != 0)
+        return 1;
+    const QString sql = QStringLiteral("SELECT COUNT(*) FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id "
+                                       "WHERE");
+    const QString where = chosen.shop != 0 ? QStringLiteral(" kassa.id_shop=%1").arg(chosen.shop)
+                          : chosen.group != 0
+                              ? QStringLiteral(" shops.group_shop=%1").arg(chosen.group)
+                              : inShopGroups(QStringLiteral("shops.group_shop"), chosen.permittedGroups);
+    return db().firstText(sql + where).value_or(QString()).toInt();
+}
+
+void QArtReport::offerDatesOnly()
+{
+    const bool several = registersInPlace() > 1;
+    if (several != m_hasSeveralRegisters)
+        ui->chDatesOnly->setChecked(several);
+    m_hasSeveralRegisters = several;
 }
 
 void QArtReport::refillNumbers()
@@ -158,9 +201,7 @@ void QArtReport::refillNumbers()
 
 bool QArtReport::fillNumbers(QComboBox *box, const QDate &day)
 {
-    const QString permitted =
-        QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("shops.group_shop"), true);
-    const bool filled = fillCombo(box, db(), zNumbersStatement(place(), permitted, day));
+    const bool filled = fillCombo(box, db(), zNumbersStatement(place(), day));
     m_numbersPlace = ui->place->description();
     showNumbersPlace();
     return filled;
@@ -175,7 +216,7 @@ void QArtReport::showNumbersPlace()
 
 ArtPlace QArtReport::place() const
 {
-    return {ui->place->groupId(), ui->place->shopId(), ui->place->registerId(), user()->groups()};
+    return {ui->place->groupId(), ui->place->shopId(), ui->place->registerId(), shopGroupsSeen(*user())};
 }
 
 ArtChoice QArtReport::choice() const
@@ -191,6 +232,10 @@ ArtChoice QArtReport::choice() const
     for (const QVariant &id : checked)
         choice.goodsGroups.append(QString::number(id.toUInt()));
     choice.limit = ui->leLimit->text();
+    if (ui->chDatesOnly->isChecked()) {
+        choice.firstDay = ui->range->firstDay();
+        choice.lastDay = ui->range->lastDay();
+    }
     return choice;
 }
 
@@ -216,19 +261,25 @@ void QArtReport::load()
     if (refuse(refusal()))
         return;
     m_asked = choice();
-    m_askedHeading =
-        QStringList{tr("Звіт по товарах"), ui->place->description(),
-                    tr("зміни %1 – %2 (%3)").arg(m_asked.zFrom, m_asked.zTo, ui->range->description())};
+    loadList(articlesStatement(m_asked), asked(), bonusStatement(m_asked));
+}
+
+QStringList QArtReport::asked() const
+{
+    QString range = tr("зміни %1 – %2").arg(m_asked.zFrom, m_asked.zTo);
+    if (m_asked.firstDay.isValid())
+        range += tr(", продано %1").arg(daysShown(m_asked.firstDay, m_asked.lastDay));
+    QStringList lines = {tr("Звіт по товарах"), ui->place->description(), range};
     if (!m_asked.allGoods)
-        m_askedHeading.append(
-            tr("Групи товарів: %1").arg(ui->cbGoodsGroups->listTexts().join(QStringLiteral(", "))));
-    loadList(articlesStatement(m_asked), bonusStatement(m_asked));
+        lines.append(tr("Групи товарів: %1").arg(ui->cbGoodsGroups->listTexts().join(QStringLiteral(", "))));
+    if (!m_asked.limit.isEmpty())
+        lines.append(tr("не більше %1").arg(m_asked.limit));
+    return lines;
 }
 
 void QArtReport::rowsShown()
 {
     m_shown = m_asked;
-    m_shownHeading = m_askedHeading;
     model()->setHeaderData(Price, Qt::Horizontal, m_shown.averagePrice ? tr("середня ціна") : tr("ціна"));
     ui->leBonus->setText(moneyShown(number()));
     calcsum();
@@ -255,15 +306,30 @@ void QArtReport::drawTop()
     ui->topArticles->setBars(topArticles(model()));
 }
 
-void QArtReport::showReceipts(const QModelIndex &index)
+void QArtReport::showReceipts(const QModelIndex &line)
 {
-    if (index.isValid())
-        emit cheksWanted(m_shown.place.shop, m_shown.place.kass, m_shown.zFrom, m_shown.zTo);
+    if (line.isValid())
+        emit cheksWanted(originOf(line.row()));
 }
 
-QStringList QArtReport::heading() const
+ChekOrigin QArtReport::originOf(int row) const
 {
-    return m_shownHeading;
+    ChekOrigin origin;
+    origin.shop = m_shown.place.shop;
+    origin.kass = m_shown.place.kass;
+    origin.group = m_shown.place.group;
+    origin.groups = m_shown.place.permittedGroups;
+    origin.zFrom = m_shown.zFrom;
+    origin.zTo = m_shown.zTo;
+    origin.firstDay = m_shown.firstDay;
+    origin.lastDay = m_shown.lastDay;
+    if (m_shown.byDay)
+        origin.firstDay = origin.lastDay = QDate::fromString(model()->stored(row, Day).left(10), Qt::ISODate);
+    origin.article = model()->stored(row, Code);
+    origin.articleName = model()->stored(row, Name);
+    if (!m_shown.averagePrice)
+        origin.price = model()->stored(row, Price);
+    return origin;
 }
 
 QStringList QArtReport::totals() const

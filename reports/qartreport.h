@@ -18,7 +18,6 @@ public:
     QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
     ~QArtReport() override;
 
-    QStringList heading() const override;
     QStringList totals() const override;
 
 public slots:
@@ -40,13 +39,18 @@ private slots:
     void refillNumbers();
     /// Tells when the numbers are those of another place than the one that is chosen.
     void showNumbersPlace();
-    void showReceipts(const QModelIndex &index);
+    /// Limiting to the days of sale is the rule as soon as the place has more than one register.
+    void offerDatesOnly();
 
 private:
     void setUpList();
     void setUpChoice();
     void fillGoodsGroups();
     bool fillNumbers(QComboBox *box, const QDate &day);
+    void showReceipts(const QModelIndex &line);
+    ChekOrigin originOf(int row) const;
+    QStringList asked() const;
+    int registersInPlace() const;
     ArtPlace place() const;
     ArtChoice choice() const;
     QString refusal() const;
@@ -57,7 +61,6 @@ private:
     /// What the list was asked for last, and what the rows in it were asked for.
     ArtChoice m_asked;
     ArtChoice m_shown;
-    QStringList m_askedHeading;
-    QStringList m_shownHeading;
     QString m_numbersPlace;
+    bool m_hasSeveralRegisters = false;
 };

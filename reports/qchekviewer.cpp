@@ -2,23 +2,22 @@
 #include "ui_qchekviewer.h"
 
 #include "cheklist.h"
+#include "chektypes.h"
 #include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
 #include "qtab.h"
-#include "slipprint.h"
-#include "slipreader.h"
+#include "shopgroups.h"
 
-#include <QFileDialog>
 #include <QGuiApplication>
-#include <QPrintPreviewDialog>
-#include <QPrinter>
-#include <QShortcut>
+#include <QItemSelectionModel>
 
 namespace {
 const QRgb mismatchColour = 0xffff3333;
+/// A line passed by with the arrow keys is not read.
+constexpr int selectionRestMs = 120;
 
 quint64 keyOf(const QString &kass, const QString &chek)
 {
@@ -43,8 +42,11 @@ QChekViewer::QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindo
     InsertColumnsListCheks();
     ui->splitter->setStretchFactor(0, 7);
     ui->splitter->setStretchFactor(1, 3);
+    ui->slip->setReceiver(mainWindow);
     fillGroups();
     connectWidgets();
+    connectSlip();
+    setOrigin({});
 }
 
 QChekViewer::~QChekViewer() = default;
@@ -60,14 +62,26 @@ void QChekViewer::connectWidgets()
     connect(ui->place, &PlaceSelector::groupChanged, this, &QChekViewer::GroupChanged);
     connect(ui->place, &PlaceSelector::shopChanged, this, &QChekViewer::ShopChanged);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QChekViewer::load);
-    connect(ui->tvCheks, &QAbstractItemView::doubleClicked, this, &QChekViewer::dclicktable);
     connect(ui->chCheckSums, &QCheckBox::toggled, this, &QChekViewer::checkSums);
-    connect(ui->pbPrint, &QPushButton::clicked, this, &QChekViewer::printSlip);
-    connect(ui->pbPdf, &QPushButton::clicked, this, &QChekViewer::savePdf);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *open = new QShortcut(QKeySequence(key), ui->tvCheks, nullptr, nullptr, Qt::WidgetShortcut);
-        connect(open, &QShortcut::activated, this, [this] { dclicktable(ui->tvCheks->currentIndex()); });
-    }
+    for (const auto changed :
+         {&PlaceSelector::groupChanged, &PlaceSelector::shopChanged, &PlaceSelector::registerChanged})
+        connect(ui->place, changed, this, &QChekViewer::forgetOrigin);
+    connect(ui->range, &RangeSelector::changed, this, &QChekViewer::forgetOrigin);
+    connect(ui->pbWholePlace, &QPushButton::clicked, this, [this] {
+        forgetOrigin();
+        load();
+    });
+}
+
+void QChekViewer::connectSlip()
+{
+    m_selection.setSingleShot(true);
+    m_selection.setInterval(selectionRestMs);
+    const auto showCurrent = [this] { dclicktable(ui->tvCheks->currentIndex()); };
+    connect(&m_selection, &QTimer::timeout, this, showCurrent);
+    connect(ui->tvCheks->selectionModel(), &QItemSelectionModel::currentRowChanged, &m_selection,
+            qOverload<>(&QTimer::start));
+    connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
 void QChekViewer::fillGroups()
@@ -79,10 +93,16 @@ void QChekViewer::fillGroups()
 
 void QChekViewer::GroupChanged(const QString &group)
 {
-    ui->place->refillShops(db(),
-                           QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
-                                          "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
-                           {{QStringLiteral(":name"), group}});
+    if (group.isEmpty())
+        ui->place->refillShops(db(), QStringLiteral("SELECT address FROM shops WHERE") +
+                                         inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user())) +
+                                         QStringLiteral(" AND block=0"));
+    else
+        ui->place->refillShops(
+            db(),
+            QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
+                           "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
+            {{QStringLiteral(":name"), group}});
 }
 
 void QChekViewer::ShopChanged(const QString &shop)
@@ -100,25 +120,29 @@ void QChekViewer::showid(bool byNumber)
     ui->range->setByNumber(byNumber);
 }
 
-void QChekViewer::showRange(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo)
+void QChekViewer::showOrigin(const ChekOrigin &origin)
 {
-    showPlace(id_shop, id_kass);
+    m_isShowingOrigin = true;
+    showPlace(origin);
     showid(true);
-    ui->range->setNumbers(QString::number(zFrom.toUInt()), QString::number(zTo.toUInt()));
+    ui->range->setNumbers(QString::number(origin.zFrom.toUInt()), QString::number(origin.zTo.toUInt()));
+    m_isShowingOrigin = false;
+    setOrigin(origin);
     load();
 }
 
-void QChekViewer::showPlace(uint id_shop, uint id_kass)
+void QChekViewer::showPlace(const ChekOrigin &origin)
 {
     QString shop;
     QString kass;
-    uint group = 0;
-    auto row = db().run(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(id_shop));
+    uint group = origin.group;
+    auto row = db().run(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(origin.shop));
     if (row && row->next()) {
         shop = toText(row->value(0));
         group = row->value(1).toUInt();
-        kass = db().firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(id_kass))
-                   .value_or(QString());
+        kass =
+            db().firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(origin.kass))
+                .value_or(QString());
     }
     if (!ui->place->chooseGroup(group))
         ui->place->chooseGroup(0);
@@ -126,12 +150,60 @@ void QChekViewer::showPlace(uint id_shop, uint id_kass)
     ui->place->showRegister(kass);
 }
 
+namespace {
+/// What a line limits beside place and shifts, in words; empty for nothing.
+QString limitsOf(const ChekOrigin &origin)
+{
+    QStringList limits;
+    if (!origin.article.isEmpty())
+        limits.append(QChekViewer::tr("лише чеки з товаром %1 %2").arg(origin.article, origin.articleName));
+    if (!origin.price.isEmpty())
+        limits.append(QChekViewer::tr("ціна %1").arg(moneyShown(origin.price.toLongLong())));
+    if (origin.firstDay.isValid())
+        limits.append(QChekViewer::tr("продано %1").arg(daysShown(origin.firstDay, origin.lastDay)));
+    return limits.join(QStringLiteral(", "));
+}
+} // namespace
+
+void QChekViewer::setOrigin(const std::optional<ChekOrigin> &origin)
+{
+    m_origin = origin;
+    const QString limits = origin ? limitsOf(*origin) : QString();
+    ui->labelOrigin->setText(limits);
+    ui->labelOrigin->setHidden(limits.isEmpty());
+    ui->pbWholePlace->setHidden(limits.isEmpty());
+}
+
+void QChekViewer::forgetOrigin()
+{
+    if (!m_isShowingOrigin)
+        setOrigin({});
+}
+
 ChekFilter QChekViewer::filter() const
 {
     const PlaceSelector &place = *ui->place;
     const RangeSelector &range = *ui->range;
-    return {place.narrowest(),  place.groupName(), place.shopName(), place.registerName(),
-            range.isByNumber(), range.from(),      range.to()};
+    ChekFilter filter = {place.narrowest(),
+                         place.groupName(),
+                         place.shopName(),
+                         place.registerName(),
+                         range.isByNumber(),
+                         range.from(),
+                         range.to(),
+                         {},
+                         m_origin};
+    if (filter.narrowest == PlaceSelector::Everywhere && !seesEveryShopGroup(db(), *user()))
+        filter.groups = shopGroupsSeen(*user());
+    return filter;
+}
+
+QStringList QChekViewer::asked() const
+{
+    QStringList lines = {windowTitle(), ui->place->description(), ui->range->description()};
+    if (!ui->labelOrigin->text().isEmpty())
+        lines.append(ui->labelOrigin->text());
+    return lines;
 }
 
 void QChekViewer::load()
@@ -139,21 +211,22 @@ void QChekViewer::load()
     if (refuse(ui->range->refusal()))
         return;
     m_asked = filter();
-    m_askedHeading = QStringList{windowTitle(), ui->place->description(), ui->range->description()};
-    loadList(chekListSql(m_asked));
+    loadList(chekListSql(m_asked), asked());
 }
 
 RowStore QChekViewer::arranged(RowStore &&found)
 {
     ChekList list = ChekList::from(found);
     m_sum = list.sum;
+    m_shops = list.shops;
     return std::move(list.rows);
 }
 
 void QChekViewer::rowsShown()
 {
     m_listed = m_asked;
-    m_heading = m_askedHeading;
+    m_selection.stop();
+    ui->slip->clear();
     ui->labelSum->setText(totals().constFirst());
     m_mismatches.clear();
     checkSums(ui->chCheckSums->isChecked());
@@ -217,33 +290,26 @@ void QChekViewer::dclicktable(const QModelIndex &index)
 
 void QChekViewer::showChekOrZvit(const QString &type, const QString &chek, const QString &kass)
 {
+    const uint id = kass.toUInt();
+    showDocument(type.toInt(), {id, chek.toUInt(), m_shops.value(id)});
+}
+
+bool QChekViewer::showReceipt(uint kass, uint chek, uint shop)
+{
+    return showDocument(ChekType::Payment, {kass, chek, shop});
+}
+
+bool QChekViewer::showDocument(int type, const SlipKey &key)
+{
     const Waiting waiting;
-    const auto document = readSlip(db(), type.toInt(), chek.toUInt(), kass.toUInt());
-    if (!document)
-        return;
-    m_slip = document->html();
-    ui->tbSlip->setHtml(m_slip);
-    ui->pbPrint->setEnabled(true);
-    ui->pbPdf->setEnabled(true);
+    m_selection.stop();
+    const auto document = readSlip(db(), type, key);
+    if (document)
+        ui->slip->showSlip(*document);
+    return document.has_value();
 }
 
-void QChekViewer::printSlip()
+QString QChekViewer::slip() const
 {
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintPreviewDialog preview(&printer, this);
-    connect(&preview, &QPrintPreviewDialog::paintRequested, this,
-            [this](QPrinter *paper) { ::printSlip(m_slip, paper); });
-    preview.exec();
-}
-
-void QChekViewer::savePdf()
-{
-    QFileDialog dialog(this, tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QString path = dialog.selectedFiles().value(0);
-    if (!saveSlipPdf(m_slip, path))
-        refuse(tr("Не вдалося записати файл %1.").arg(path));
+    return ui->slip->html();
 }

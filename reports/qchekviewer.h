@@ -2,8 +2,10 @@
 
 #include "chekquery.h"
 #include "reportwindow.h"
+#include "slipreader.h"
 
 #include <QSet>
+#include <QTimer>
 
 namespace Ui {
 class QChekViewer;
@@ -19,14 +21,16 @@ public:
     QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
     ~QChekViewer() override;
 
-    /// Sets the place (0: all) and a range of Z numbers, and loads.
-    void showRange(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
+    /// Loads the receipts behind a line of another report; they are kept to until another place or range is
+    /// chosen.
+    void showOrigin(const ChekOrigin &origin);
+    /// Shows a receipt of a register, whatever the list holds; false after a failure (reported).
+    bool showReceipt(uint kass, uint chek, uint shop);
     /// Sales minus returns of the listed receipts, in kopecks.
     qint64 sum() const { return m_sum; }
-    /// The document shown; empty before the first one.
-    const QString &slip() const { return m_slip; }
+    /// The document shown; empty for none.
+    QString slip() const;
 
-    QStringList heading() const override { return m_heading; }
     QStringList totals() const override;
 
 public slots:
@@ -50,14 +54,17 @@ protected:
 private:
     void InsertColumnsListCheks();
     void connectWidgets();
+    void connectSlip();
     void fillGroups();
-    void showPlace(uint id_shop, uint id_kass);
+    void showPlace(const ChekOrigin &origin);
+    void setOrigin(const std::optional<ChekOrigin> &origin);
+    void forgetOrigin();
+    QStringList asked() const;
     ChekFilter filter() const;
     void checkSums(bool check);
     void showChecked(const std::shared_ptr<FoundRows> &found);
     void colourMismatches(const QColor &colour);
-    void printSlip();
-    void savePdf();
+    bool showDocument(int type, const SlipKey &key);
 
     std::unique_ptr<Ui::QChekViewer> ui;
     /// Checks the sums of the list; made when it is first needed.
@@ -65,10 +72,13 @@ private:
     /// The request on its way, and what was asked for the rows in the list.
     ChekFilter m_asked;
     ChekFilter m_listed;
-    QStringList m_askedHeading;
-    QStringList m_heading;
     /// Register and number of the receipts whose sums do not agree.
     QSet<quint64> m_mismatches;
     qint64 m_sum = 0;
-    QString m_slip;
+    QHash<uint, uint> m_shops;
+    /// The line of another report that the receipts are asked for.
+    std::optional<ChekOrigin> m_origin;
+    bool m_isShowingOrigin = false;
+    /// Until the selection has come to rest.
+    QTimer m_selection;
 };

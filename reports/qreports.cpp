@@ -1,10 +1,16 @@
 #include "qreports.h"
 
+#include "chektypes.h"
+#include "permissions.h"
 #include "qartreport.h"
 #include "qchekviewer.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
 #include "qstatonline.h"
 #include "qzreport.h"
 #include "reportwindow.h"
+#include "slipprint.h"
+#include "slipreader.h"
 
 #include <QTabWidget>
 
@@ -27,14 +33,15 @@ QWidget *makeStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow
 struct ReportKind
 {
     const char *caption;
+    Permission::Id permission;
     Factory make;
 };
 
 const ReportKind kinds[] = {
-    {QT_TRANSLATE_NOOP("QReports", "Чеки"), make<QChekViewer>},
-    {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), make<QZReport>},
-    {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), make<QArtReport>},
-    {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), makeStatOnLine},
+    {QT_TRANSLATE_NOOP("QReports", "Чеки"), Permission::Cheks, make<QChekViewer>},
+    {QT_TRANSLATE_NOOP("QReports", "Z - Звіти"), Permission::ZReports, make<QZReport>},
+    {QT_TRANSLATE_NOOP("QReports", "Звіт по товарах"), Permission::Articles, make<QArtReport>},
+    {QT_TRANSLATE_NOOP("QReports", "Статистика OnLine"), Permission::Online, makeStatOnLine},
 };
 static_assert(sizeof(kinds) / sizeof(kinds[0]) == QReports::ReportCount, "one line a report");
 } // namespace
@@ -44,9 +51,9 @@ QReports::QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser
 {
 }
 
-bool QReports::canOpen(Report report)
+bool QReports::canOpen(Report report) const
 {
-    return kinds[report].make != nullptr;
+    return kinds[report].make != nullptr && m_user->maySee(kinds[report].permission);
 }
 
 ReportWindow *QReports::window(Report report) const
@@ -62,8 +69,10 @@ ReportWindow *QReports::current() const
 
 QWidget *QReports::open(Report report)
 {
-    if (!canOpen(report))
+    if (!canOpen(report)) {
+        postMessage(parent(), tr("Немає доступу: %1").arg(tr(kinds[report].caption)), QMessEvent::Warning);
         return nullptr;
+    }
     if (m_open[report] == nullptr) {
         m_open[report] = kinds[report].make(m_db, m_user, parent(), m_setting, m_tabs);
         if (window(report) != nullptr)
@@ -101,10 +110,29 @@ void QReports::StatOnLine(unsigned int shop)
         statistics->showShop(shop);
 }
 
-void QReports::showCheks(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo)
+void QReports::showCheks(const ChekOrigin &origin)
 {
     if (auto *viewer = qobject_cast<QChekViewer *>(open(Cheks)))
-        viewer->showRange(id_shop, id_kass, zFrom, zTo);
+        viewer->showOrigin(origin);
+}
+
+uint QReports::shopOfRegister(const QString &kass) const
+{
+    return Db(m_db, parent())
+        .firstText(QStringLiteral("SELECT id_shop FROM kassa WHERE id=%1").arg(kass.toUInt()))
+        .value_or(QString())
+        .toUInt();
+}
+
+void QReports::showSlip(const QString &kass, int chek, bool print)
+{
+    const SlipKey key = {kass.toUInt(), static_cast<uint>(chek), shopOfRegister(kass)};
+    if (!print) {
+        if (auto *viewer = qobject_cast<QChekViewer *>(open(Cheks)))
+            viewer->showReceipt(key.kass, key.chek, key.shop);
+    } else if (const auto slip = readSlip(Db(m_db, parent()), ChekType::Payment, key)) {
+        previewSlip(m_tabs->window(), slip->html());
+    }
 }
 
 int QReports::reportAt(int index) const

@@ -11,6 +11,7 @@ class QSqlDatabase;
 class QTabWidget;
 class ReportWindow;
 class setting;
+struct ChekOrigin;
 
 /// Opens, finds, closes and exports the report windows: at most one of each, a page of the main window's
 /// tabs.
@@ -24,8 +25,8 @@ public:
     /// mainWindow receives the messages.
     QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow);
 
-    /// False for a report that does not exist yet.
-    static bool canOpen(Report report);
+    /// False for a report that does not exist yet, and for one that the user may not see.
+    bool canOpen(Report report) const;
     ReportWindow *window(Report report) const;
     /// The report in front, or null.
     ReportWindow *current() const;
@@ -43,14 +44,19 @@ public slots:
     void StatOnLine();
     /// For one shop; 0 leaves the choice to the user.
     void StatOnLine(unsigned int shop);
-    /// The receipts of one register's shifts, from a Z-report or an article.
-    void showCheks(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
+    /// The receipts behind a line of another report.
+    void showCheks(const ChekOrigin &origin);
+    /// A receipt of the register of that id as a slip: in the receipt viewer, or on its way to the printer
+    /// without it.
+    void showSlip(const QString &kass, int chek, bool print);
 
 signals:
     void visible(bool vis, bool exp);
 
 private:
+    /// The one way to a report, whoever asks: null (told in the status bar) for one that the menu hides.
     QWidget *open(Report report);
+    uint shopOfRegister(const QString &kass) const;
     int reportAt(int index) const;
 
     QTabWidget *m_tabs;

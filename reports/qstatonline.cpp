@@ -5,6 +5,7 @@
 #include "qloadeduser.h"
 #include "qrowmodel.h"
 #include "qtab.h"
+#include "shopgroups.h"
 
 #include <QHeaderView>
 
@@ -74,7 +75,7 @@ void QStatOnLine::ChangeGroup(int index)
     Q_UNUSED(index)
     const uint group = ui->place->groupId();
     const QString condition =
-        group == 0 ? QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("group_shop"), true)
+        group == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                    : QStringLiteral(" group_shop=") + QString::number(group) + QStringLiteral(" AND block=0");
     ui->place->refillShops(db(), QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") +
                                      condition);
@@ -85,7 +86,6 @@ void QStatOnLine::ChangeShop(int index)
 {
     Q_UNUSED(index)
     const uint shop = ui->place->shopId();
-    stopLoading();
     if (readRegisters(shop))
         LoadData(shop);
 }
@@ -117,7 +117,7 @@ bool QStatOnLine::readRegisters(unsigned int shop)
         m_columns.insert(id, m_registers.size());
         m_registers.append(query->value(0).isNull() ? id : toText(query->value(0)));
     }
-    showIntervals({});
+    emptyList();
     giveTimelineRoom();
     ui->listTimes->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
     return shop != 0 && query.has_value();
@@ -128,13 +128,12 @@ void QStatOnLine::LoadData(unsigned int shop)
     if (shop == 0)
         return;
     m_askedDay = ui->deDay->date();
-    loadList(intervalsStatement(shop, m_askedDay));
+    loadList(intervalsStatement(shop, m_askedDay), {tr("Статистика OnLine"), ui->place->description(),
+                                                    m_askedDay.toString(QStringLiteral("dd.MM.yyyy"))});
 }
 
 void QStatOnLine::rowsShown()
 {
-    m_heading = QStringList{tr("Статистика OnLine"), ui->place->description(),
-                            m_askedDay.toString(QStringLiteral("dd.MM.yyyy"))};
     showIntervals(readIntervals());
 }
 
@@ -178,9 +177,4 @@ void QStatOnLine::showShop(unsigned int shop)
         load();
     else if (!ui->place->chooseShop(shop))
         refuse(tr("Цей магазин вам недоступний."));
-}
-
-QStringList QStatOnLine::heading() const
-{
-    return m_heading;
 }

@@ -20,7 +20,6 @@ public:
     QStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set, QWidget *parent);
     ~QStatOnLine() override;
 
-    QStringList heading() const override;
     /// Chooses a shop and shows it; says so when the user cannot see that shop.
     void showShop(unsigned int shop);
 
@@ -52,5 +51,4 @@ private:
     QHash<QString, int> m_columns;
     QStringList m_registers;
     QDate m_askedDay;
-    QStringList m_heading;
 };

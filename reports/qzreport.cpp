@@ -6,6 +6,7 @@
 #include "qrowmodel.h"
 #include "qtab.h"
 #include "reportformats.h"
+#include "shopgroups.h"
 #include "userstate.h"
 #include "zstatements.h"
 
@@ -17,6 +18,15 @@ enum ChartKind { ByDay, ByShop };
 
 const QLatin1String chartKey("zreport/chart");
 const QLatin1String summedMark("summ");
+
+ChekOrigin originOf(uint shop, uint kass, const QString &number)
+{
+    ChekOrigin origin;
+    origin.shop = shop;
+    origin.kass = kass;
+    origin.zFrom = origin.zTo = number;
+    return origin;
+}
 } // namespace
 
 QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
@@ -56,7 +66,7 @@ void QZReport::buildList()
                 {tr("дата час"), 0, &asDateTime}},
                {count, tr("магазин_магазинмагазин"), tr("магазин_магазин"), money, money, money, count, money,
                 count, count, money, money, QStringLiteral("01-01-15/12:12:00")});
-    connect(ui->view, &QAbstractItemView::doubleClicked, this, &QZReport::dclicktable);
+    connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
 void QZReport::buildChart()
@@ -81,10 +91,13 @@ void QZReport::fillGroups()
 
 void QZReport::GroupChanged()
 {
-    // Without brackets: of the chosen group blocked shops are offered too, their reports are still asked for.
-    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE group_shop=") +
-                                     QString::number(ui->place->groupId()) +
-                                     QStringLiteral(" or group_shop=1 AND block=0"));
+    const uint group = ui->place->groupId();
+    const QString condition = group == 0
+                                  ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
+                                  // Without brackets: of the chosen group blocked shops are offered too,
+                                  // their reports are still asked for.
+                                  : QStringLiteral(" group_shop=%1 or group_shop=1 AND block=0").arg(group);
+    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE") + condition);
 }
 
 void QZReport::ShopChanged()
@@ -103,12 +116,20 @@ void QZReport::load()
 {
     if (refuse(ui->range->refusal()))
         return;
-    m_heading = QStringList{tr("Z - Звіти"), ui->place->description(), ui->range->description()};
+    QStringList heading = {tr("Z - Звіти"), ui->place->description(), ui->range->description()};
     if (!ui->leLimit->text().isEmpty())
-        m_heading.append(tr("не більше %1").arg(ui->leLimit->text()));
+        heading.append(tr("не більше %1").arg(ui->leLimit->text()));
     const ZRange range = {ui->range->isByNumber(), ui->range->from(), ui->range->to()};
-    const ZPlace place = {ui->place->groupName(), ui->place->shopName(), ui->place->registerName()};
-    loadList(zStatement(ui->chSum->isChecked()) + zCondition(place, range) + zLimit(ui->leLimit->text()));
+    loadList(zStatement(ui->chSum->isChecked()) + zCondition(place(), range) + zLimit(ui->leLimit->text()),
+             heading);
+}
+
+ZPlace QZReport::place() const
+{
+    ZPlace place = {ui->place->groupName(), ui->place->shopName(), ui->place->registerName(), {}};
+    if (ui->place->narrowest() == PlaceSelector::Everywhere && !seesEveryShopGroup(db(), *user()))
+        place.groups = shopGroupsSeen(*user());
+    return place;
 }
 
 bool QZReport::isSummed() const
@@ -127,6 +148,11 @@ QStringList QZReport::totals() const
             sum += model()->stored(row, column).toLongLong();
         sums.append(model()->columns().at(column).caption + QStringLiteral(": ") + moneyShown(sum));
     }
+    qint64 tax = 0;
+    for (int row = 0; row < model()->rowCount(); ++row)
+        tax += tenThousandths(model()->stored(row, Tax).toStdString());
+    // As the server adds them up: rounded once.
+    sums.append(model()->columns().at(Tax).caption + QStringLiteral(": ") + moneyShown((tax + 5000) / 10000));
     return sums;
 }
 
@@ -147,7 +173,7 @@ void QZReport::dclicktable(const QModelIndex &index)
                   {QStringLiteral(":kassa"), stored(Register)},
                   {QStringLiteral(":time"), stored(Time)}});
     if (found && found->next())
-        emit cheksWanted(found->value(0).toUInt(), found->value(1).toUInt(), stored(Number), stored(Number));
+        emit cheksWanted(originOf(found->value(0).toUInt(), found->value(1).toUInt(), stored(Number)));
 }
 
 void QZReport::rowsShown()

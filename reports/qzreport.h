@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reportwindow.h"
+#include "zstatements.h"
 
 #include <QModelIndex>
 
@@ -18,7 +19,6 @@ public:
     QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
     ~QZReport() override;
 
-    QStringList heading() const override { return m_heading; }
     QStringList totals() const override;
 
 public slots:
@@ -36,12 +36,11 @@ private:
     void buildList();
     void buildChart();
     void fillGroups();
+    ZPlace place() const;
     bool isSummed() const;
     bool hasSeveralShops() const;
     void showChart();
     void drawChart();
 
     std::unique_ptr<Ui::QZReport> ui;
-    /// Of the list that is shown or on its way.
-    QStringList m_heading;
 };

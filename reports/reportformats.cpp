@@ -2,6 +2,10 @@
 
 #include "money.h"
 
+#include <algorithm>
+#include <charconv>
+#include <string>
+
 namespace {
 QString asIs(std::string_view stored)
 {
@@ -53,4 +57,16 @@ bool roundedUnits(std::string_view stored, qint64 *units)
         ++size;
     *units = negative ? -size : size;
     return true;
+}
+
+qint64 tenThousandths(std::string_view stored)
+{
+    constexpr size_t decimals = 4;
+    const size_t point = std::min(stored.find('.'), stored.size());
+    std::string fraction(stored.substr(std::min(point + 1, stored.size()), decimals));
+    fraction.resize(decimals, '0');
+    const std::string digits = std::string(stored.substr(0, point)) + fraction;
+    qint64 value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return value;
 }

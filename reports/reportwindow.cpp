@@ -7,12 +7,13 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtab.h"
+#include "slipprint.h"
 
 #include <QDateTime>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 
 ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
@@ -21,6 +22,7 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
     , m_user(user)
     , m_mainWindow(mainWindow)
     , m_state(new QLabel(this))
+    , m_chooseFile([this](const QString &suggested) { return askPdfPath(this, suggested); })
     , m_loader(new ListLoader(db->connectionName(), mainWindow, this))
 {
     // A page of the tab area, not a window.
@@ -54,7 +56,7 @@ void ReportWindow::addPrintButtons()
 PrintedList ReportWindow::printed() const
 {
     PrintedList list;
-    list.heading = heading();
+    list.heading = m_heading;
     list.heading.append(
         tr("Складено: %1").arg(QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))));
     list.model = m_list->model();
@@ -70,22 +72,15 @@ void ReportWindow::preview()
 
 void ReportWindow::savePdf()
 {
-    const PrintedList list = printed();
-    const QString path = m_chooseFile(list.heading.first());
+    const QString path = m_chooseFile(fileNameOf(m_heading.join(QLatin1Char(' '))));
     if (path.isEmpty())
         return;
+    const PrintedList list = printed();
     QString error;
-    if (!saveListPdf(list, path, &error) && !error.isEmpty())
+    if (saveListPdf(list, path, &error))
+        postMessage(m_mainWindow, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
+    else if (!error.isEmpty())
         postMessage(m_mainWindow, tr("Файл не збережено: %1\n%2").arg(path, error));
-}
-
-QString ReportWindow::chooseFile(const QString &suggested)
-{
-    QFileDialog dialog(this, tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(suggested + QStringLiteral(".pdf"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 bool ReportWindow::isLoading() const
@@ -123,10 +118,11 @@ void ReportWindow::export_to_csv(const QString &code, const QString &path)
     QTab::export_to_csv(m_mainWindow, m_model, m_list, code, path);
 }
 
-void ReportWindow::loadList(const QString &sql, const QString &numberSql)
+void ReportWindow::loadList(const QString &sql, const QStringList &heading, const QString &numberSql)
 {
     postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);
     m_clock.start();
+    m_askedHeading = heading;
     showState(tr("Завантаження…"), true);
     m_loader->load(sql, numberSql);
 }
@@ -148,12 +144,32 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
         return;
     }
     m_number = found->count;
+    m_heading = m_askedHeading;
     m_model->replaceRows(arranged(std::move(found->rows)));
     sortAsBefore();
     m_list->setEmptyText(tr("немає даних"));
     rowsShown();
     showState(tr("Рядків: %1, час: %2 с").arg(shownRows()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2), false);
     emit loaded();
+}
+
+void ReportWindow::emptyList()
+{
+    m_loader->cancel();
+    m_heading.clear();
+    m_number = 0;
+    m_model->replaceRows({});
+    rowsShown();
+    showState(QString(), false);
+}
+
+void ReportWindow::connectOpening(const std::function<void(const QModelIndex &)> &open)
+{
+    connect(m_list, &QAbstractItemView::doubleClicked, this, open);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *enter = new QShortcut(QKeySequence(key), m_list, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(enter, &QShortcut::activated, this, [this, open] { open(m_list->currentIndex()); });
+    }
 }
 
 int ReportWindow::shownRows() const

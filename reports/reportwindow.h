@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chekorigin.h"
 #include "columns.h"
 #include "db.h"
 #include "rowstore.h"
@@ -41,8 +42,9 @@ public:
     using FileChooser = std::function<QString(const QString &suggested)>;
     void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
 
-    /// Report, place, range: the lines over a printed list.
-    virtual QStringList heading() const = 0;
+    /// Report, place, range: the lines over the printed list, of the load whose rows it shows; none for an
+    /// emptied list.
+    const QStringList &heading() const { return m_heading; }
     /// What stands under a printed list; nothing by default.
     virtual QStringList totals() const { return {}; }
 
@@ -59,9 +61,8 @@ public slots:
 signals:
     /// The rows stand in the list, or the load failed (reported) and it is as it was.
     void loaded();
-    /// The receipts of a register's shifts, those behind a line of the list, are to be shown; 0 stands for a
-    /// shop or register that was not chosen.
-    void cheksWanted(uint id_shop, uint id_kass, const QString &zFrom, const QString &zTo);
+    /// The receipts behind a line of the list are to be shown.
+    void cheksWanted(const ChekOrigin &origin);
 
 protected:
     /// Makes the form's grid the list of this report. pbLoad is disabled while loading, stopping is
@@ -69,9 +70,13 @@ protected:
     void takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop);
     /// Column widths by sample texts, as wide as the widest of sample and caption.
     void setColumns(const QVector<Column> &columns, const QStringList &samples);
-    /// Runs the statement in the background. Values of people go in through lit(). numberSql: a statement
-    /// of one whole number that is asked for before the list, see number().
-    void loadList(const QString &sql, const QString &numberSql = {});
+    /// Runs the statement in the background. Values of people go in through lit(). heading is what the rows
+    /// will be; numberSql a statement of one whole number that is asked for before the list, see number().
+    void loadList(const QString &sql, const QStringList &heading, const QString &numberSql = {});
+    /// Forgets the rows with their heading, and a load on its way.
+    void emptyList();
+    /// A double click on a line and Enter on the selected one do the same.
+    void connectOpening(const std::function<void(const QModelIndex &)> &open);
     /// What numberSql gave for the rows in the list, 0 for NULL.
     qint64 number() const { return m_number; }
     /// How many rows the line below tells; those of the model.
@@ -92,7 +97,6 @@ private:
     void showFound(const std::shared_ptr<FoundRows> &found);
     void addPrintButtons();
     PrintedList printed() const;
-    QString chooseFile(const QString &suggested);
     void showState(const QString &text, bool loading);
     void sortAsBefore();
 
@@ -106,8 +110,11 @@ private:
     QLabel *m_state = nullptr;
     QPushButton *m_print = nullptr;
     QPushButton *m_pdf = nullptr;
-    FileChooser m_chooseFile = [this](const QString &suggested) { return chooseFile(suggested); };
+    FileChooser m_chooseFile;
     ListLoader *m_loader;
     QElapsedTimer m_clock;
     qint64 m_number = 0;
+    /// Of the rows in the list, and of those on their way.
+    QStringList m_heading;
+    QStringList m_askedHeading;
 };

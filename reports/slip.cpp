@@ -2,14 +2,18 @@
 
 #include "chektypes.h"
 #include "money.h"
+#include "slipprint.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 
 namespace {
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(Slip)
 };
+
+constexpr int dayLength = 10; // "2026-03-01"
 
 /// The background of what does not agree, with a text colour that is readable on it.
 const QString alarm = QStringLiteral("background-color: #FF3333; color: #000000");
@@ -66,12 +70,39 @@ QString discountLine(const SlipRow &row, const SlipSums &sums)
     return sumLine(Texts::tr("Сума"), sums.goods) + cells(Texts::tr("Знижка"), rate, moneyShown(-row.summa));
 }
 
-QString paymentLines(const SlipRow &row, const SlipSums &sums)
+QString bold(const QString &html)
 {
-    return QStringLiteral("<b>") + sumLine(Texts::tr("До сплати"), row.summa) + QStringLiteral("</b>") +
-           paymentLine(Texts::tr("Готівка"), row.price) + paymentLine(Texts::tr("Картка"), sums.card) +
-           paymentLine(Texts::tr("Сертифікат"), row.certificate) +
-           paymentLine(Texts::tr("Інша оплата"), row.count);
+    return QStringLiteral("<b>") + html + QStringLiteral("</b>");
+}
+
+/// What was paid, over all payment rows of the receipt.
+QString paymentLines(const Slip &slip)
+{
+    SlipRow all;
+    for (const SlipRow &row : slip.rows) {
+        if (row.type != ChekType::Payment)
+            continue;
+        all.price += row.price;
+        all.card += row.card;
+        all.certificate += row.certificate;
+        all.count += row.count;
+    }
+    return paymentLine(Texts::tr("Готівка"), all.price) + paymentLine(Texts::tr("Картка"), all.card) +
+           paymentLine(Texts::tr("Сертифікат"), all.certificate) +
+           paymentLine(Texts::tr("Інша оплата"), all.count);
+}
+
+/// The receipt's own sum and how it was paid.
+QString totalLines(const Slip &slip)
+{
+    if (slip.type == ChekType::Return) {
+        const bool isPaid = slip.sums.payments > 0;
+        const qint64 sum = isPaid ? slip.sums.toPay : slip.sums.goods - slip.sums.discount;
+        return bold(sumLine(Texts::tr("До повернення"), sum)) + paymentLines(slip);
+    }
+    return slip.sums.payments == 0
+               ? QString()
+               : bold(sumLine(Texts::tr("До сплати"), slip.sums.toPay)) + paymentLines(slip);
 }
 
 QString operationLine(const SlipRow &row, const QString &name)
@@ -88,7 +119,7 @@ QString line(const SlipRow &row, const SlipSums &sums)
     case ChekType::Discount:
         return discountLine(row, sums);
     case ChekType::Payment:
-        return paymentLines(row, sums);
+        return {};
     case ChekType::CashIn:
         return operationLine(row, Texts::tr("Службове внесення"));
     case ChekType::CashOut:
@@ -113,15 +144,50 @@ QString goodsDocumentLines(const QVector<SlipRow> &rows)
            cells(Texts::tr("Позицій: %1").arg(rows.size()), QString(), quantityShown(count));
 }
 
+QString rateOf(const SlipTax &tax)
+{
+    const QString surcharge =
+        tax.surcharge == 0 ? QString() : QStringLiteral(" + ") + rateText(tax.surcharge);
+    return Texts::tr("ПДВ %1 %2 %").arg(tax.letter, rateText(tax.rate) + surcharge);
+}
+
+QString taxLines(const QVector<SlipTax> &taxes)
+{
+    QString html = cells(Texts::tr("Група"), Texts::tr("Оборот"), Texts::tr("Податок"));
+    qint64 returned = 0;
+    for (const SlipTax &tax : taxes) {
+        html += cells(rateOf(tax), moneyShown(tax.turnover), moneyShown(tax.tax()));
+        returned += tax.returned;
+    }
+    return html + paymentLine(Texts::tr("Повернення"), returned);
+}
+
+QString countLine(const QString &caption, qint64 count)
+{
+    return cells(caption, QString(), QString::number(count));
+}
+
+QString shiftLines(const SlipShift &shift)
+{
+    const QString line = QStringLiteral("<hr>");
+    return line + taxLines(shift.taxes) + sumLine(Texts::tr("Знижки"), shift.discount) + line +
+           sumLine(Texts::tr("Готівка"), shift.cash) + sumLine(Texts::tr("Картка"), shift.card) +
+           sumLine(Texts::tr("Сертифікат"), shift.certificate) +
+           paymentLine(Texts::tr("Інша оплата"), shift.otherPayment) + line +
+           sumLine(Texts::tr("Службове внесення"), shift.cashIn) +
+           sumLine(Texts::tr("Службова видача"), shift.cashOut) + line +
+           countLine(Texts::tr("Чеків продажу"), shift.cheks) +
+           countLine(Texts::tr("Чеків зі знижкою"), shift.discountedCheks) +
+           countLine(Texts::tr("Анульованих чеків"), shift.cancelledCheks) +
+           countLine(Texts::tr("Анульованих позицій"), shift.cancelledPositions);
+}
+
 QString receiptLines(const Slip &slip)
 {
     QString html;
     for (const SlipRow &row : slip.rows)
         html += line(row, slip.sums);
-    if (slip.type == ChekType::Return && slip.sums.payments == 0)
-        html += QStringLiteral("<b>") + sumLine(Texts::tr("До повернення"), slip.sums.goods) +
-                QStringLiteral("</b>");
-    return html;
+    return html + totalLines(slip) + (slip.shift ? shiftLines(*slip.shift) : QString());
 }
 
 /// Why a receipt is red; empty when its sums agree.
@@ -133,6 +199,14 @@ QString disagreement(const SlipSums &sums)
         Texts::tr("Суми чека не збігаються: товари зі знижкою %1, до сплати %2, оплачено %3")
             .arg(moneyShown(sums.goods - sums.discount), moneyShown(sums.toPay), moneyShown(sums.paid));
     return QStringLiteral("<p align=center style=\"%1\">%2</p>").arg(alarm, safe(text));
+}
+
+/// "01-03-2026" of "2026-03-01 09:05:07".
+QString dayOf(const QString &time)
+{
+    QStringList parts = time.left(dayLength).split(QLatin1Char('-'));
+    std::reverse(parts.begin(), parts.end());
+    return parts.join(QLatin1Char('-'));
 }
 
 QString title(const Slip &slip)
@@ -152,12 +226,24 @@ QString title(const Slip &slip)
 }
 } // namespace
 
+qint64 SlipTax::tax() const
+{
+    const qint64 whole = 10000 + rate + surcharge;
+    return (2 * turnover * (rate + surcharge) + whole) / (2 * whole);
+}
+
+QString Slip::fileName() const
+{
+    const QString kind = type == ChekType::ZReport ? Texts::tr("Z-звіт") : Texts::tr("Чек");
+    return fileNameOf(QStringList{kind, number, kass, time.left(dayLength)}.join(QLatin1Char(' ')));
+}
+
 QString Slip::html() const
 {
     return QStringLiteral("<html><head></head><body>") + centred(shop) + centred(kass) + title(*this) +
            QStringLiteral("<hr>") +
            (ChekType::isGoodsDocument(type) ? goodsDocumentLines(rows) : receiptLines(*this)) +
-           disagreement(sums) + QStringLiteral("<hr><table width=100%><tr><td width=50%>") +
-           time.toString(QStringLiteral("dd-MM-yyyy")) + QStringLiteral("</td><td width=50% align=right>") +
-           time.toString(QStringLiteral("hh:mm:ss")) + QStringLiteral("</td></tr></table></body></html>");
+           disagreement(sums) + QStringLiteral("<hr><table width=100%><tr><td width=50%>") + dayOf(time) +
+           QStringLiteral("</td><td width=50% align=right>") + time.mid(dayLength + 1, 8) +
+           QStringLiteral("</td></tr></table></body></html>");
 }

@@ -1,10 +1,16 @@
 #include "slipprint.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QFile>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QFont>
 #include <QPainter>
+#include <QPdfWriter>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QTextDocument>
 #include <QtMath>
 
@@ -14,14 +20,21 @@ constexpr double paperWidthMm = 80;
 constexpr double edgeMm = 4;
 constexpr double slipWidthMm = paperWidthMm - 2 * edgeMm;
 constexpr double mmPerInch = 25.4;
+/// In letters of up to two bytes, with room for the ending.
+constexpr int longestFileName = 120;
 
-void layOut(QTextDocument *document, const QString &html, QPrinter *printer)
+struct Texts
 {
-    document->documentLayout()->setPaintDevice(printer);
+    Q_DECLARE_TR_FUNCTIONS(SlipPrint)
+};
+
+void layOut(QTextDocument *document, const QString &html, QPaintDevice *paper)
+{
+    document->documentLayout()->setPaintDevice(paper);
     document->setDefaultFont(QFont(QStringLiteral("sans-serif"), 8));
     document->setDocumentMargin(0);
     document->setHtml(html);
-    document->setTextWidth(slipWidthMm / mmPerInch * printer->logicalDpiX());
+    document->setTextWidth(slipWidthMm / mmPerInch * paper->logicalDpiX());
 }
 
 void drawPage(QTextDocument *document, QPainter *painter, int page)
@@ -39,38 +52,69 @@ void drawPage(QTextDocument *document, QPainter *painter, int page)
 }
 } // namespace
 
-void printSlip(const QString &html, QPrinter *printer)
+void printSlip(const QString &html, QPagedPaintDevice *paper)
 {
     QTextDocument document;
-    layOut(&document, html, printer);
+    layOut(&document, html, paper);
     document.setPageSize(
-        QSizeF(document.textWidth(), printer->pageLayout().paintRectPixels(printer->resolution()).height()));
+        QSizeF(document.textWidth(), paper->pageLayout().paintRectPixels(paper->logicalDpiY()).height()));
     QPainter painter;
-    if (!painter.begin(printer))
+    if (!painter.begin(paper))
         return;
     for (int page = 0; page < document.pageCount(); ++page) {
         if (page > 0)
-            printer->newPage();
+            paper->newPage();
         drawPage(&document, &painter, page);
     }
 }
 
-bool saveSlipPdf(const QString &html, const QString &path)
+void previewSlip(QWidget *parent, const QString &html)
 {
-    // The printer itself does not tell when it cannot write.
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.close();
     QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(path);
-    QTextDocument document;
-    layOut(&document, html, &printer);
-    const double height = document.size().height() / printer.logicalDpiY() * mmPerInch;
-    printer.setPageSize(
-        QPageSize(QSizeF(paperWidthMm, qCeil(height) + 2 * edgeMm + 2), QPageSize::Millimeter));
-    printer.setPageMargins(QMarginsF(edgeMm, edgeMm, edgeMm, edgeMm), QPageLayout::Millimeter);
-    printSlip(html, &printer);
-    return printer.printerState() != QPrinter::Error;
+    QPrintPreviewDialog preview(&printer, parent);
+    preview.setWindowTitle(Texts::tr("Перегляд перед друком"));
+    QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview,
+                     [&html](QPrinter *paper) { printSlip(html, paper); });
+    preview.exec();
+}
+
+QString saveSlipPdf(const QString &html, const QString &path)
+{
+    const QFileInfo there(path);
+    // The new file would take the place of a device.
+    if (there.exists() && !there.isFile())
+        return Texts::tr("Це не звичайний файл.");
+    QSaveFile file(path);
+    file.setDirectWriteFallback(true);
+    if (!file.open(QIODevice::WriteOnly))
+        return file.errorString();
+    {
+        QPdfWriter writer(&file);
+        QTextDocument document;
+        layOut(&document, html, &writer);
+        const double height = document.size().height() / writer.logicalDpiY() * mmPerInch;
+        writer.setPageSize(
+            QPageSize(QSizeF(paperWidthMm, qCeil(height) + 2 * edgeMm + 2), QPageSize::Millimeter));
+        writer.setPageMargins(QMarginsF(edgeMm, edgeMm, edgeMm, edgeMm), QPageLayout::Millimeter);
+        printSlip(html, &writer);
+    }
+    // What does not fit at the end would not be noticed without the flush.
+    return file.flush() && file.commit() ? QString() : file.errorString();
+}
+
+QString askPdfPath(QWidget *parent, const QString &suggested)
+{
+    QFileDialog dialog(parent, Texts::tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(suggested + QStringLiteral(".pdf"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString fileNameOf(const QString &text)
+{
+    QString name = text;
+    return name.replace(QRegularExpression(QStringLiteral("[\\\\/:*?\"<>|\\s]+")), QStringLiteral(" "))
+        .trimmed()
+        .left(longestFileName);
 }

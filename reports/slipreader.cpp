@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <algorithm>
 
 namespace {
 struct Texts
@@ -16,18 +17,23 @@ struct Texts
 
 constexpr int pieceGoods = 1;
 
-QString condition(uint chek, uint kass)
+/// The shop changes nothing but the speed: the key of the table begins with it.
+QString condition(const SlipKey &key)
 {
-    return QStringLiteral("cheks.id_kass=%1 AND cheks.id_chek=%2").arg(kass).arg(chek);
+    const QString receipt =
+        QStringLiteral("cheks.id_kass=%1 AND cheks.id_chek=%2").arg(key.kass).arg(key.chek);
+    return key.shop == 0 ? receipt : receipt + QStringLiteral(" AND cheks.id_shop=%1").arg(key.shop);
 }
 
-bool readHead(const Db &db, uint chek, uint kass, Slip *slip)
+bool readHead(const Db &db, const SlipKey &key, Slip *slip)
 {
+    // The time as text: a local QDateTime loses the hour that summer time skips.
     const QString sql =
-        QStringLiteral("SELECT shops.address,kassa.advertising_str,cheks.data_time,cheks.id_zvit FROM cheks "
+        QStringLiteral("SELECT shops.address,kassa.advertising_str,cheks.data_time,cheks.id_zvit,"
+                       "CAST(cheks.data_time AS CHAR) FROM cheks "
                        "LEFT JOIN shops ON shops.id=cheks.id_shop LEFT JOIN kassa ON kassa.id=cheks.id_kass "
                        "WHERE ") +
-        condition(chek, kass) + QStringLiteral(" LIMIT 1");
+        condition(key) + QStringLiteral(" LIMIT 1");
     auto head = db.run(sql);
     if (!head)
         return false;
@@ -37,8 +43,8 @@ bool readHead(const Db &db, uint chek, uint kass, Slip *slip)
     }
     slip->shop = toText(head->value(0));
     slip->kass = toText(head->value(1));
-    slip->time = head->value(2).toDateTime();
-    slip->number = slip->type == ChekType::ZReport ? toText(head->value(3)) : QString::number(chek);
+    slip->time = toText(head->value(4));
+    slip->number = slip->type == ChekType::ZReport ? toText(head->value(3)) : QString::number(key.chek);
     return true;
 }
 
@@ -46,9 +52,9 @@ bool readHead(const Db &db, uint chek, uint kass, Slip *slip)
 QString columnsOf(int type)
 {
     if (ChekType::isGoodsDocument(type))
-        return QStringLiteral("id_good_cln_slujb,name,count,strihcode,type");
+        return QStringLiteral("id_good_cln_slujb,name,count,strihcode,type,id_position");
     const QString columns = QStringLiteral("id_type,id_good_cln_slujb,name,count,price,summa,dis_bon_bez2");
-    return type == ChekType::ZReport ? columns : columns + QStringLiteral(",type");
+    return type == ChekType::ZReport ? columns : columns + QStringLiteral(",type,tax,id_position");
 }
 
 SlipRow rowOf(const QSqlRecord &record)
@@ -72,40 +78,96 @@ SlipRow rowOf(const QSqlRecord &record)
     row.summa = number("summa");
     row.certificate = number("dis_bon_bez2");
     row.isPiece = number("type") == pieceGoods;
+    row.card = row.type == ChekType::Payment ? number("tax") : 0;
+    row.position = number("id_position");
     return row;
 }
 
-bool readRows(const Db &db, uint chek, uint kass, Slip *slip)
+bool readRows(const Db &db, const SlipKey &key, Slip *slip)
 {
     auto rows = db.run(QStringLiteral("SELECT ") + columnsOf(slip->type) +
-                       QStringLiteral(" FROM cheks WHERE ") + condition(chek, kass));
+                       QStringLiteral(" FROM cheks WHERE ") + condition(key));
     while (rows && rows->next())
         slip->rows.append(rowOf(rows->record()));
+    std::stable_sort(slip->rows.begin(), slip->rows.end(),
+                     [](const SlipRow &one, const SlipRow &other) { return one.position < other.position; });
     return rows.has_value();
 }
 
-bool readSums(const Db &db, uint chek, uint kass, SlipSums *sums)
+bool readSums(const Db &db, const SlipKey &key, SlipSums *sums)
 {
-    auto query = db.run(chekSumsSql(QString::number(kass), QString::number(chek)));
+    auto query = db.run(chekSumsSql(condition(key)));
     if (!query || !query->next())
         return false;
     qint64 *const values[] = {&sums->goods, &sums->discount, &sums->toPay, &sums->paid};
     for (int i = 0; i < 4; ++i)
         *values[i] = toText(query->value(i)).toLongLong();
     sums->payments = toText(query->value(4)).toInt();
-    sums->card = toText(query->value(5)).toLongLong();
     return true;
+}
+
+const struct
+{
+    const char *letter;
+    const char *columns;
+} taxGroups[] = {
+    {QT_TRANSLATE_NOOP("Slip", "А"), "Oborot_A,Oborot_A_ret,PDV_A,DOD_A"},
+    {QT_TRANSLATE_NOOP("Slip", "Б"), "Oborot_B,Oborot_B_ret,PDV_B,DOD_B"},
+    {QT_TRANSLATE_NOOP("Slip", "В"), "Oborot_V,Oborot_V_ret,PDV_V,DOD_V"},
+    {QT_TRANSLATE_NOOP("Slip", "Г"), "Oborot_G,Oborot_G_ret,PDV_G,DOD_G"},
+    {QT_TRANSLATE_NOOP("Slip", "Д"), "Oborot_D,Oborot_D_ret,PDV_D,DOD_D"},
+};
+
+QString shiftSql(const Slip &slip, const SlipKey &key)
+{
+    QStringList columns;
+    for (const auto &group : taxGroups)
+        columns.append(QLatin1String(group.columns));
+    return QStringLiteral("SELECT ") + columns.join(QLatin1Char(',')) +
+           QStringLiteral(",cash,beznal_1,beznal_2,beznal_3,summ_diskount,count_cheks,count_chek_diskount,"
+                          "count_chek_canc,count_position_canc,vnesenia,viluchenia FROM z_zvit WHERE "
+                          "id_zzvit=%1 AND id_kass=%2")
+               .arg(slip.number)
+               .arg(key.kass);
+}
+
+SlipShift figuresOf(const QSqlQuery &row)
+{
+    int column = 0;
+    const auto next = [&row, &column] { return row.value(column++).toLongLong(); };
+    SlipShift shift;
+    for (const auto &group : taxGroups) {
+        SlipTax tax;
+        tax.letter = Texts::tr(group.letter);
+        for (qint64 *value : {&tax.turnover, &tax.returned, &tax.rate, &tax.surcharge})
+            *value = next();
+        shift.taxes.append(tax);
+    }
+    for (qint64 *value : {&shift.cash, &shift.card, &shift.certificate, &shift.otherPayment, &shift.discount,
+                          &shift.cheks, &shift.discountedCheks, &shift.cancelledCheks,
+                          &shift.cancelledPositions, &shift.cashIn, &shift.cashOut})
+        *value = next();
+    return shift;
+}
+
+/// A shift that is no longer there leaves the figures out.
+bool readShift(const Db &db, const SlipKey &key, Slip *slip)
+{
+    auto query = db.run(shiftSql(*slip, key));
+    if (query && query->next())
+        slip->shift = figuresOf(*query);
+    return query.has_value();
 }
 } // namespace
 
-std::optional<Slip> readSlip(const Db &db, int type, uint chek, uint kass)
+std::optional<Slip> readSlip(const Db &db, int type, const SlipKey &key)
 {
     Slip slip;
     slip.type = type;
-    if (!readHead(db, chek, kass, &slip) || !readRows(db, chek, kass, &slip))
+    if (!readHead(db, key, &slip) || !readRows(db, key, &slip))
         return {};
-    const bool hasSums = type != ChekType::ZReport && !ChekType::isGoodsDocument(type);
-    if (hasSums && !readSums(db, chek, kass, &slip.sums))
+    if (type == ChekType::ZReport ? !readShift(db, key, &slip)
+                                  : !ChekType::isGoodsDocument(type) && !readSums(db, key, &slip.sums))
         return {};
     return slip;
 }

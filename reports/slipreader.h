@@ -3,6 +3,14 @@
 #include "db.h"
 #include "slip.h"
 
-/// A document of a register out of the database; type: as in ChekType. Nothing after a failure and when
-/// there is no such document (both reported).
-std::optional<Slip> readSlip(const Db &db, int type, uint chek, uint kass);
+/// Which document: its register, its number there, and its shop where that is known, else 0.
+struct SlipKey
+{
+    uint kass = 0;
+    uint chek = 0;
+    uint shop = 0;
+};
+
+/// A document out of the database; type: as in ChekType. Nothing after a failure and when there is no such
+/// document (both reported).
+std::optional<Slip> readSlip(const Db &db, int type, const SlipKey &key);

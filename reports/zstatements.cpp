@@ -1,6 +1,7 @@
 #include "zstatements.h"
 
 #include "db.h"
+#include "shopgroups.h"
 
 namespace {
 const char *const perReport =
@@ -45,6 +46,10 @@ Choice choiceOf(const ZPlace &place)
                                "WHERE group_shop.name=%1 AND ")
                     .arg(lit(place.group)),
                 "z_zvit.id"};
+    if (!place.groups.isEmpty())
+        return {QStringLiteral(" WHERE") + inShopGroups(QStringLiteral("shops.group_shop"), place.groups) +
+                    QStringLiteral(" AND "),
+                "z_zvit.id_zvit"};
     return {QStringLiteral(" WHERE "), "z_zvit.id_zvit"};
 }
 } // namespace

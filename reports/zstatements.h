@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// What the Z-report window asks the server.
 
@@ -10,6 +10,8 @@ struct ZPlace
     QString group;
     QString shop;
     QString kassa;
+    /// Without a name these shop groups are meant; empty for truly all.
+    QStringList groups;
 };
 
 /// Z numbers, or times as yyyyMMddhhmmss.

@@ -904,16 +904,32 @@ The indexes can be removed in the same way.</translation>
         <translation>The limit must be a whole number.</translation>
     </message>
     <message>
-        <source>зміни %1 – %2 (%3)</source>
-        <translation>shifts %1 – %2 (%3)</translation>
-    </message>
-    <message>
         <source>Групи товарів: %1</source>
         <translation>Goods groups: %1</translation>
     </message>
     <message>
         <source>ціна</source>
         <translation>price</translation>
+    </message>
+    <message>
+        <source>&amp;лише за ці дати</source>
+        <translation>&amp;these dates only</translation>
+    </message>
+    <message>
+        <source>Лише продажі цих дат; без цього – усі чеки змін від першого до останнього номера, в яких би касах і коли б вони не були</source>
+        <translation>Only sales of these dates; without it all receipts of the shifts from the first to the last number, of whatever register and day</translation>
+    </message>
+    <message>
+        <source>зміни %1 – %2</source>
+        <translation>shifts %1 – %2</translation>
+    </message>
+    <message>
+        <source>, продано %1</source>
+        <translation>, sold %1</translation>
+    </message>
+    <message>
+        <source>не більше %1</source>
+        <translation>at most %1</translation>
     </message>
 </context>
 <context>
@@ -998,18 +1014,6 @@ The indexes can be removed in the same way.</translation>
         <translation>In red: receipts whose sums do not match</translation>
     </message>
     <message>
-        <source>Документ</source>
-        <translation>Document</translation>
-    </message>
-    <message>
-        <source>&amp;Друк…</source>
-        <translation>Pri&amp;nt…</translation>
-    </message>
-    <message>
-        <source>Зберегти PD&amp;F…</source>
-        <translation>Sa&amp;ve PDF…</translation>
-    </message>
-    <message>
         <source>переміщення</source>
         <translation>transfer</translation>
     </message>
@@ -1034,12 +1038,20 @@ The indexes can be removed in the same way.</translation>
         <translation>The sums are not checked.</translation>
     </message>
     <message>
-        <source>Зберегти PDF</source>
-        <translation>Save PDF</translation>
+        <source>&amp;Усі чеки місця</source>
+        <translation>&amp;All receipts of the place</translation>
     </message>
     <message>
-        <source>Не вдалося записати файл %1.</source>
-        <translation>The file %1 could not be written.</translation>
+        <source>лише чеки з товаром %1 %2</source>
+        <translation>only receipts with article %1 %2</translation>
+    </message>
+    <message>
+        <source>ціна %1</source>
+        <translation>price %1</translation>
+    </message>
+    <message>
+        <source>продано %1</source>
+        <translation>sold %1</translation>
     </message>
 </context>
 <context>
@@ -1555,6 +1567,10 @@ Close the period before closing the shift?</translation>
     <message>
         <source>Статистика OnLine</source>
         <translation>On-line statistics</translation>
+    </message>
+    <message>
+        <source>Немає доступу: %1</source>
+        <translation>No access: %1</translation>
     </message>
 </context>
 <context>
@@ -2428,8 +2444,8 @@ Close the period before closing the shift?</translation>
 %2</translation>
     </message>
     <message>
-        <source>Зберегти PDF</source>
-        <translation>Save PDF</translation>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
     </message>
 </context>
 <context>
@@ -2607,6 +2623,114 @@ before its last day!</translation>
     <message>
         <source>Відсутні дані після запиту:</source>
         <translation>No data after the query:</translation>
+    </message>
+    <message>
+        <source>ПДВ %1 %2 %</source>
+        <translation>VAT %1 %2 %</translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Оборот</source>
+        <translation>Turnover</translation>
+    </message>
+    <message>
+        <source>Податок</source>
+        <translation>Tax</translation>
+    </message>
+    <message>
+        <source>Повернення</source>
+        <translation>Returns</translation>
+    </message>
+    <message>
+        <source>Знижки</source>
+        <translation>Discounts</translation>
+    </message>
+    <message>
+        <source>Чеків продажу</source>
+        <translation>Sale receipts</translation>
+    </message>
+    <message>
+        <source>Чеків зі знижкою</source>
+        <translation>Discounted receipts</translation>
+    </message>
+    <message>
+        <source>Анульованих чеків</source>
+        <translation>Cancelled receipts</translation>
+    </message>
+    <message>
+        <source>Анульованих позицій</source>
+        <translation>Cancelled positions</translation>
+    </message>
+    <message>
+        <source>Z-звіт</source>
+        <translation>Z-report</translation>
+    </message>
+    <message>
+        <source>Чек</source>
+        <translation>Receipt</translation>
+    </message>
+    <message>
+        <source>А</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Б</source>
+        <translation>B</translation>
+    </message>
+    <message>
+        <source>В</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>Г</source>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>Д</source>
+        <translation>D</translation>
+    </message>
+</context>
+<context>
+    <name>SlipPrint</name>
+    <message>
+        <source>Перегляд перед друком</source>
+        <translation>Print preview</translation>
+    </message>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+    <message>
+        <source>Зберегти PDF</source>
+        <translation>Save PDF</translation>
+    </message>
+</context>
+<context>
+    <name>SlipView</name>
+    <message>
+        <source>Документ</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>Д&amp;рук…</source>
+        <translation>P&amp;rint…</translation>
+    </message>
+    <message>
+        <source>Зберегти PD&amp;F…</source>
+        <translation>Save PD&amp;F…</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,13 @@ Days presetDays(int preset, const QDate &today)
 }
 } // namespace
 
+QString daysShown(const QDate &first, const QDate &last)
+{
+    const QString format = QStringLiteral("dd.MM.yyyy");
+    return first == last ? first.toString(format)
+                         : first.toString(format) + QStringLiteral(" – ") + last.toString(format);
+}
+
 RangeSelector::RangeSelector(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::RangeSelector>())
 {
     ui->setupUi(this);
@@ -47,6 +54,11 @@ RangeSelector::RangeSelector(QWidget *parent) : QWidget(parent), ui(std::make_un
     connect(ui->cbPreset, qOverload<int>(&QComboBox::activated), this, &RangeSelector::takePreset);
     connect(ui->deFrom, &QDateEdit::dateChanged, this, &RangeSelector::firstDayChanged);
     connect(ui->deTo, &QDateEdit::dateChanged, this, &RangeSelector::lastDayChanged);
+    connect(ui->chByNumber, &QCheckBox::toggled, this, &RangeSelector::changed);
+    for (const QLineEdit *edit : {ui->leNumberFrom, ui->leNumberTo})
+        connect(edit, &QLineEdit::textChanged, this, &RangeSelector::changed);
+    for (const QDateEdit *edit : {ui->deFrom, ui->deTo})
+        connect(edit, &QDateEdit::dateChanged, this, &RangeSelector::changed);
 }
 
 RangeSelector::~RangeSelector() = default;
@@ -140,8 +152,5 @@ QString RangeSelector::description() const
 {
     if (isByNumber())
         return tr("зміни %1 – %2").arg(ui->leNumberFrom->text(), ui->leNumberTo->text());
-    const QString format = QStringLiteral("dd.MM.yyyy");
-    return firstDay() == lastDay()
-               ? firstDay().toString(format)
-               : firstDay().toString(format) + QStringLiteral(" – ") + lastDay().toString(format);
+    return daysShown(firstDay(), lastDay());
 }

@@ -8,6 +8,9 @@ namespace Ui {
 class RangeSelector;
 }
 
+/// "01.03.2026 – 31.03.2026", a single day once.
+QString daysShown(const QDate &first, const QDate &last);
+
 /// When: a range of days, with presets, or of Z numbers when "по змінах" is ticked.
 class RangeSelector : public QWidget
 {
@@ -39,6 +42,8 @@ public:
 signals:
     void firstDayChanged(const QDate &day);
     void lastDayChanged(const QDate &day);
+    /// Either end of days or numbers, or which of the two counts.
+    void changed();
 
 public slots:
     void showid(bool byNumber);

@@ -103,6 +103,11 @@ void TstQArtReport::initTestCase()
         "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(5,2,22,20260301220000)",
         "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(8,1,11,20260302200000)",
         "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(9,4,41,20260301200000)", fillReceipts,
+        // The same number was another day's at another register.
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(6,2,22,20260220210000)",
+        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_type,id_good_cln_slujb,name,count,price,"
+        "summa,type,sumdisc,bonus_plus,data_time) VALUES(2,22,6,900,0,1,3,'Товар 3',1000,1003,99900,1,7,0,"
+        "20260220100000),(2,22,6,900,1,2,1,'',0,0,500,0,0,300,20260220100000)",
         "SET foreign_key_checks=1"});
 }
 
@@ -157,12 +162,19 @@ void TstQArtReport::figuresAreThoseOfTheReceiptLines_data()
     QTest::addColumn<uint>("shop");
     QTest::addColumn<uint>("kass");
     QTest::addColumn<QString>("shifts");
-    QTest::newRow("register") << 2U << 2U << 21U << "id_kass=21 AND id_zvit IN (5,6)";
-    QTest::newRow("register of another shift number") << 2U << 2U << 22U << "id_kass=22 AND id_zvit=5";
-    QTest::newRow("shop") << 2U << 2U << 0U << "id_kass IN (21,22) AND id_zvit IN (5,6)";
-    QTest::newRow("group") << 2U << 0U << 0U << "id_kass IN (21,22) AND id_zvit IN (5,6)";
-    QTest::newRow("permitted groups")
-        << 0U << 0U << 0U << "id_kass IN (11,21,22) AND id_zvit BETWEEN 5 AND 8";
+    QTest::addColumn<bool>("datesOnly");
+    const QString shop = "id_kass IN (21,22) AND id_zvit IN (5,6)";
+    const QString dates = " AND DATE(data_time) BETWEEN '2026-03-01' AND '2026-03-02'";
+    const QString all = "id_kass IN (11,21,22) AND id_zvit BETWEEN 5 AND 8";
+    QTest::newRow("register") << 2U << 2U << 21U << "id_kass=21 AND id_zvit IN (5,6)" << false;
+    QTest::newRow("register of another shift number")
+        << 2U << 2U << 22U << "id_kass=22 AND id_zvit=5" << false;
+    QTest::newRow("shop") << 2U << 2U << 0U << shop + dates << true;
+    QTest::newRow("shop, all days") << 2U << 2U << 0U << shop << false;
+    QTest::newRow("group") << 2U << 0U << 0U << shop + dates << true;
+    QTest::newRow("group, all days") << 2U << 0U << 0U << shop << false;
+    QTest::newRow("permitted groups") << 0U << 0U << 0U << all + dates << true;
+    QTest::newRow("permitted groups, all days") << 0U << 0U << 0U << all << false;
 }
 
 void TstQArtReport::figuresAreThoseOfTheReceiptLines()
@@ -171,7 +183,12 @@ void TstQArtReport::figuresAreThoseOfTheReceiptLines()
     QFETCH(uint, shop);
     QFETCH(uint, kass);
     QFETCH(QString, shifts);
+    QFETCH(bool, datesOnly);
     choosePlace(group, shop, kass);
+    // By itself as soon as there is more than one register.
+    auto *box = child<QCheckBox>(m_report.get(), "chDatesOnly");
+    QCOMPARE(box->isChecked(), kass == 0);
+    box->setChecked(datesOnly);
     if (kass == 22) // closed on the first day only
         child<RangeSelector>(m_report.get(), "range")->setDays(firstDay, firstDay);
     QStringList expected = m_base->rows(
@@ -191,6 +208,7 @@ void TstQArtReport::figuresAreThoseOfTheReceiptLines()
     QCOMPARE(text("leWeight"), quantityShown(total("SUM(IF(id_type=1 AND type=0,count,0))")));
     QCOMPARE(text("lePieces"), QString::number(total("SUM(IF(id_type=1 AND type=1,count,0))") / 1000));
     QCOMPARE(text("leValue"), moneyShown(total("SUM(IF(id_type=1,summa-sumdisc,0))") - bonus));
+    QCOMPARE(m_report->heading().at(2).contains("продано"), datesOnly);
     QVERIFY(m_base->heard.texts().isEmpty());
 }
 
@@ -329,11 +347,34 @@ void TstQArtReport::doubleClickAsksForTheReceipts()
     load();
     // What is chosen by now does not matter: the list is that of the register.
     QVERIFY(m_place->chooseGroup(0));
-    QSignalSpy asked(m_report.get(), &ReportWindow::cheksWanted);
+    QVector<ChekOrigin> asked;
+    connect(m_report.get(), &ReportWindow::cheksWanted, this,
+            [&](const ChekOrigin &line) { asked.append(line); });
     emit m_report->list()->doubleClicked(m_report->model()->index(0, 0));
-    QCOMPARE(asked.count(), 1);
-    QCOMPARE(asked.at(0), (QVariantList{2U, 21U, "5", "6"}));
+    m_report->list()->setCurrentIndex(m_report->model()->index(1, 0));
+    m_report->show();
+    m_report->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_report.get()));
+    m_report->list()->setFocus();
+    QTest::keyClick(m_report->list(), Qt::Key_Enter);
+    QCOMPARE(asked.size(), 2);
+    for (int row = 0; row < 2; ++row) {
+        const ChekOrigin &line = asked.at(row);
+        QCOMPARE(QVector<uint>({line.group, line.shop, line.kass}), QVector<uint>({2, 2, 21}));
+        QCOMPARE(line.zFrom + '-' + line.zTo, QString("5-6"));
+        QCOMPARE(line.article + '|' + line.price,
+                 m_report->model()->stored(row, 0) + '|' + m_report->model()->stored(row, 3));
+        QVERIFY(!line.firstDay.isValid());
+    }
     QVERIFY(m_report->heading().join(' ').contains("Північ, Північний, Перша зміни 5 – 6"));
+    // One line a day: that day; the average price: any price.
+    child<QCheckBox>(m_report.get(), "chNoDate")->setChecked(false);
+    child<QCheckBox>(m_report.get(), "chAverage")->setChecked(true);
+    load();
+    emit m_report->list()->doubleClicked(m_report->model()->index(0, 0));
+    QCOMPARE(asked.last().firstDay.toString(Qt::ISODate), m_report->model()->stored(0, 7).left(10));
+    QCOMPARE(asked.last().lastDay, asked.last().firstDay);
+    QVERIFY(asked.last().price.isEmpty() && asked.last().kass == 0);
 }
 
 void TstQArtReport::chartShowsTheTenLargest()
@@ -342,7 +383,7 @@ void TstQArtReport::chartShowsTheTenLargest()
     load();
     const QStringList expected = m_base->rows(
         "SELECT name,SUM(summa)-SUM(sumdisc) AS s FROM cheks WHERE id_type=1 AND id_kass IN (21,22) "
-        "AND id_zvit IN (5,6) GROUP BY id_good_cln_slujb ORDER BY s DESC LIMIT 10");
+        "AND id_zvit IN (5,6) AND data_time>20260301 GROUP BY id_good_cln_slujb ORDER BY s DESC LIMIT 10");
     const auto *chart = child<BarList>(m_report.get(), "topArticles");
     QStringList drawn;
     for (const BarList::Bar &bar : chart->bars())
@@ -391,7 +432,8 @@ void TstQArtReport::listIsSavedAsPdf()
         return path;
     });
     button->click();
-    QCOMPARE(suggested, QString("Звіт по товарах"));
+    QCOMPARE(suggested, QString("Звіт по товарах усі магазини зміни 5 – 8, продано 01.03.2026 – 02.03.2026"));
+    QVERIFY(m_base->heard.has("Файл збережено: " + path, 3));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.read(5) == "%PDF-");

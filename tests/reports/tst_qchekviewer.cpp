@@ -23,6 +23,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <ctime>
 
 /// The receipt viewer over receipts of a few registers.
 class TstQChekViewer : public QObject
@@ -36,6 +37,12 @@ private slots:
     void cleanup();
 
     void dayOfAllShops();
+    void receiptsOfSeveralRows();
+    void selectedLineShowsItsSlip();
+    void receiptsBehindAnArticle();
+    void timesAreThoseOfTheDatabase();
+    void rightsAreAskedOnce();
+    void slipAfterASale();
     void placesAndRanges();
     void placesOffered();
     void receiptsBehindAZReport();
@@ -56,7 +63,14 @@ private:
     QStringList items(const char *box) { return itemsOf(child<QComboBox>(m_viewer.get(), box)); }
     static QStringList itemsOf(const QComboBox *box);
     void open(int row);
-    QString page() { return child<QTextBrowser>(m_viewer.get(), "tbSlip")->toPlainText(); }
+    /// The slip, without the empty cells of its tables.
+    QString page()
+    {
+        return child<QTextBrowser>(m_viewer.get(), "tbSlip")
+            ->toPlainText()
+            .split('\n', Qt::SkipEmptyParts)
+            .join('\n');
+    }
 
     std::unique_ptr<FreshDatabase> m_base;
     std::unique_ptr<QLoadedUser> m_user;
@@ -141,10 +155,22 @@ void fillCheks(FreshDatabase *base)
     write(base, "2,6,4,1,20260305130000",
           {"1,0,12,'Пакет',1000,1230,1230,1,0,1", "3,2,0,'',0,1230,1230,0,0,0"});
 }
+
+ChekOrigin lineOf(uint shop, uint kass, const QString &zFrom, const QString &zTo)
+{
+    ChekOrigin line;
+    line.shop = shop;
+    line.kass = kass;
+    line.zFrom = zFrom;
+    line.zTo = zTo;
+    return line;
+}
 } // namespace
 
 void TstQChekViewer::initTestCase()
 {
+    qputenv("TZ", "Europe/Kyiv");
+    tzset();
     m_base = std::make_unique<FreshDatabase>();
     fillPlaces(m_base.get());
     fillCheks(m_base.get());
@@ -199,7 +225,6 @@ QStringList TstQChekViewer::listed()
 
 QStringList TstQChekViewer::stored(const QString &condition)
 {
-    // No document here has two rows of a listed type but the one of goods received.
     QStringList rows = m_base->rows(
         "SELECT id_kass,id_chek,id_type,IF(id_type IN (7,8),CONCAT(CAST(SUM(count)/1000 AS DECIMAL(12,3))),"
         "CONCAT(CAST(SUM(summa)/100 AS DECIMAL(12,2)))) FROM cheks WHERE id_type>2 AND " +
@@ -235,10 +260,11 @@ void TstQChekViewer::dayOfAllShops()
 {
     showDay(1);
     const QString day = "DATE(data_time)='2026-03-01'";
-    QCOMPARE(listed(), stored(day));
-    QCOMPARE(viewer().sum(), storedSum(day));
-    QCOMPARE(viewer().sum(), 11400LL + 1230 - 5000 + 3690 + 1230 + 1230);
-    QCOMPARE(child<QLabel>(m_viewer.get(), "labelSum")->text(), QString("Сума по чеках: 137.80"));
+    // Without a choice the shop groups that the user may see; shop 3 is of another one.
+    QCOMPARE(listed(), stored(day + " AND id_shop<>3"));
+    QCOMPARE(viewer().sum(), storedSum(day + " AND id_shop<>3"));
+    QCOMPARE(viewer().sum(), 11400LL + 1230 - 5000 + 3690 + 1230);
+    QCOMPARE(child<QLabel>(m_viewer.get(), "labelSum")->text(), QString("Сума по чеках: 125.50"));
     QCOMPARE(viewer().heading(), QStringList({"Чеки", "усі магазини", "01.03.2026"}));
     const QStringList rows = listed();
     // Two registers with the same number; a movement of 2.5 kg; both ends of the day.
@@ -250,6 +276,154 @@ void TstQChekViewer::dayOfAllShops()
     showDay(3);
     QCOMPARE(viewer().model()->rowCount(), 0);
     QCOMPARE(viewer().sum(), 0LL);
+    // Who may see every group sees all.
+    m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,3)");
+    QVERIFY(m_user->reload(m_base->connection()));
+    showDay(1);
+    m_base->exec("DELETE FROM lst_group WHERE id_group=3");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(listed(), stored(day));
+}
+
+void TstQChekViewer::receiptsOfSeveralRows()
+{
+    // Day 4 at register 3: a return of two goods, one with its payment, two payments of a sale.
+    write(m_base.get(), "2,3,2,20,20260304100000",
+          {"6,0,10,'Хліб',1000,5000,5000,1,0,1", "6,1,12,'Пакет',1000,1230,1230,1,0,1"});
+    write(m_base.get(), "2,3,2,21,20260304100001",
+          {"6,0,12,'Пакет',2000,1230,2460,1,0,1", "3,2,0,'',0,2460,2460,0,0,0"});
+    write(
+        m_base.get(), "2,3,2,22,20260304100002",
+        {"1,0,10,'Хліб',3000,5000,15000,1,0,1", "3,2,0,'',0,9000,9000,0,0,0", "3,3,0,'',0,0,6000,6000,0,0"});
+    child<PlaceSelector>(m_viewer.get(), "place")->showShop("Спільна");
+    const QStringList expected = {"3|20|6|62.30", "3|21|6|24.60", "3|22|3|150.00"};
+    showDay(4);
+    QCOMPARE(listed(), expected);
+    QCOMPARE(viewer().sum(), 15000LL - 6230 - 2460);
+    QCOMPARE(viewer().sum(), storedSum("DATE(data_time)='2026-03-04'"));
+    m_base->exec("ALTER TABLE cheks ADD INDEX tune_data_time(data_time,id_type,id_kass,id_chek,id_zvit,summa,"
+                 "count), ADD INDEX tune_kass_chek(id_kass,id_chek)");
+    load();
+    m_base->exec("ALTER TABLE cheks DROP INDEX tune_data_time, DROP INDEX tune_kass_chek");
+    QCOMPARE(listed(), expected);
+    QCOMPARE(viewer().sum(), 15000LL - 6230 - 2460);
+    viewer().showChekOrZvit("3", "22", "3");
+    QVERIFY2(page().contains("До сплати\n150.00") && page().contains("Готівка\n90.00") &&
+                 page().contains("Картка\n60.00") && page().count("60.00") == 1,
+             qPrintable(page()));
+}
+
+void TstQChekViewer::selectedLineShowsItsSlip()
+{
+    child<PlaceSelector>(m_viewer.get(), "place")->showShop("Перша");
+    child<PlaceSelector>(m_viewer.get(), "place")->showRegister("К1");
+    showDay(1);
+    viewer().model()->sort(ChekList::Number);
+    QCOMPARE(viewer().slip(), QString());
+    auto *list = viewer().list();
+    viewer().show();
+    viewer().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&viewer()));
+    list->setFocus();
+    list->setCurrentIndex(viewer().model()->index(0, 0));
+    QTRY_VERIFY2(page().contains("Чек №1\n"), qPrintable(page()));
+    // Passed by quickly, only the last line counts; Enter does not wait.
+    for (int row = 1; row < 3; ++row)
+        QTest::keyClick(list, Qt::Key_Down);
+    QTRY_VERIFY2(page().contains("Чек №3\n"), qPrintable(page()));
+    list->setCurrentIndex(viewer().model()->index(0, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    QVERIFY2(page().contains("Чек №1\n"), qPrintable(page()));
+    showDay(3);
+    QCOMPARE(page(), QString());
+    QVERIFY(!child<QPushButton>(m_viewer.get(), "pbPrint")->isEnabled());
+}
+
+void TstQChekViewer::receiptsBehindAnArticle()
+{
+    // The name of the register is that of another one in the shop and of one elsewhere.
+    m_base->exec("INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(8,1,'К1',0),(9,2,'К1',0)");
+    for (const char *place : {"1,8", "2,9"})
+        write(m_base.get(), place + QString(",1,1,20260301150000"),
+              {"1,0,10,'Хліб',1000,5000,5000,1,0,1", "3,2,0,'',0,5000,5000,0,0,0"});
+    write(m_base.get(), "1,1,1,30,20260302150000",
+          {"1,0,10,'Хліб',1000,5000,5000,1,0,1", "3,2,0,'',0,5000,5000,0,0,0"});
+    const auto behind = [this](const ChekOrigin &line) {
+        QSignalSpy loaded(m_viewer.get(), &ReportWindow::loaded);
+        viewer().showOrigin(line);
+        [&] { QVERIFY(loaded.wait()); }();
+        return listed();
+    };
+    ChekOrigin line = lineOf(1, 1, "1", "1");
+    line.article = "10";
+    line.articleName = "Хліб";
+    QCOMPARE(behind(line), QStringList({"1|1|3|114.00", "1|30|3|50.00"}));
+    line.firstDay = line.lastDay = QDate(2026, 3, 1);
+    QCOMPARE(behind(line), QStringList({"1|1|3|114.00"}));
+    QCOMPARE(viewer().heading().last(), QString("лише чеки з товаром 10 Хліб, продано 01.03.2026"));
+    line.price = "4999";
+    QCOMPARE(behind(line), QStringList());
+    // Of a group those of its shops, not of group 1; reloading keeps to the line.
+    line = lineOf(0, 0, "1", "1");
+    line.group = 2;
+    line.article = "10";
+    QCOMPARE(behind(line), QStringList({"1|1|3|114.00", "1|30|3|50.00", "8|1|3|50.00"}));
+    load();
+    QCOMPARE(listed().size(), 3);
+    // Another choice forgets it, and says so.
+    child<PlaceSelector>(m_viewer.get(), "place")->showShop("Спільна");
+    QVERIFY(child<QLabel>(m_viewer.get(), "labelOrigin")->isHidden());
+    load();
+    QCOMPARE(viewer().heading().size(), 3);
+    QVERIFY(listed().contains("3|1|3|36.90"));
+    m_base->exec(
+        {"DELETE FROM cheks WHERE id_kass IN (8,9) OR id_chek=30", "DELETE FROM kassa WHERE id IN (8,9)"});
+}
+
+void TstQChekViewer::timesAreThoseOfTheDatabase()
+{
+    // In Kyiv summer time skips this hour.
+    write(m_base.get(), "1,1,1,40,20260329033000", {"3,2,0,'',0,100,100,0,0,0"});
+    child<RangeSelector>(m_viewer.get(), "range")->setDays(QDate(2026, 3, 29), QDate(2026, 3, 29));
+    load();
+    QCOMPARE(viewer().model()->index(0, ChekList::Time).data().toString(), QString("29-03-26 03:30:00"));
+    viewer().showChekOrZvit("3", "40", "1");
+    m_base->exec("DELETE FROM cheks WHERE id_chek=40");
+    QVERIFY2(page().contains("29-03-2026") && page().contains("03:30:00"), qPrintable(page()));
+}
+
+void TstQChekViewer::rightsAreAskedOnce()
+{
+    QTabWidget tabs;
+    QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
+    m_base->exec("UPDATE lst_permis SET permission=0 WHERE id_prem IN (70,73)");
+    QVERIFY(m_user->reload(m_base->connection()));
+    reports.showCheks(lineOf(1, 1, "1", "1"));
+    reports.showSlip("1", 1, false);
+    reports.ChekViewer();
+    reports.StatOnLine(1);
+    QCOMPARE(tabs.count(), 0);
+    QVERIFY(m_base->heard.has("Немає доступу: Чеки", 2));
+    reports.ZReports();
+    QCOMPARE(tabs.count(), 1);
+    m_base->exec("UPDATE lst_permis SET permission=1");
+    QVERIFY(m_user->reload(m_base->connection()));
+}
+
+void TstQChekViewer::slipAfterASale()
+{
+    QTabWidget tabs;
+    QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
+    reports.showSlip("2", 1, false);
+    auto *opened = qobject_cast<QChekViewer *>(reports.current());
+    QVERIFY(opened != nullptr);
+    const QString text = child<QTextBrowser>(opened, "tbSlip")->toPlainText();
+    QVERIFY2(text.startsWith("Перша\n" + people + "\nЧек №1\n") && text.contains("12.30"), qPrintable(text));
+    reports.closetab(0);
+    QVERIFY(withModal<QPrintPreviewDialog>([&] { reports.showSlip("2", 1, true); },
+                                           [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
+    QCOMPARE(tabs.count(), 0);
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQChekViewer::placesAndRanges()
@@ -311,7 +485,7 @@ void TstQChekViewer::receiptsBehindAZReport()
     QObject window;
     QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
     // Of a blocked register of a blocked shop.
-    reports.showCheks(4, 5, "7", "7");
+    reports.showCheks(lineOf(4, 5, "7", "7"));
     auto *opened = qobject_cast<QChekViewer *>(reports.current());
     QVERIFY(opened != nullptr);
     QSignalSpy loaded(opened, &ReportWindow::loaded);
@@ -319,13 +493,13 @@ void TstQChekViewer::receiptsBehindAZReport()
     QCOMPARE(opened->heading(), QStringList({"Чеки", "Місто, Зачинена, К5", "зміни 7 – 7"}));
     QCOMPARE(opened->sum(), 1230LL);
     // A whole shop; the same tab.
-    reports.showCheks(1, 0, "1", "2");
+    reports.showCheks(lineOf(1, 0, "1", "2"));
     QVERIFY(loaded.wait());
     QCOMPARE(tabs.count(), 1);
     QCOMPARE(opened->heading().at(1), QString("Місто, Перша"));
     QCOMPARE(opened->sum(), storedSum("id_shop=1") + 200); // the days around have a payment only
     // A register that has moved: its receipts stay with the shop they were written in.
-    reports.showCheks(2, 6, "4", "4");
+    reports.showCheks(lineOf(2, 6, "4", "4"));
     QVERIFY(loaded.wait());
     QCOMPARE(opened->heading().at(1), QString("default, Спільна, К6"));
     QCOMPARE(opened->sum(), 1230LL);
@@ -341,7 +515,8 @@ void TstQChekViewer::slipsOfEachKind()
         {"5", "4", "Чек №4", "Інкасація", "400.00"},
         {"7", "5", "ПРИЙОМ", "10 Хліб", "0.500", "3.500"},
         {"8", "6", "ПЕРЕМІЩЕННЯ", "11 Сир", "2.500"},
-        {"10", "7", "Звіт №1", "Оборот зміни", "114.00"}};
+        {"10", "7", "Звіт №1", "Оборот зміни", "114.00", "ПДВ А 20.00 %", "120.00\n20.00\n", "ПДВ Б", "ПДВ Д",
+         "Готівка\n64.00", "Чеків продажу\n1"}};
     for (const QStringList &document : documents) {
         viewer().showChekOrZvit(document.at(0), document.at(1), "1");
         for (const QString &part : document.mid(2))
@@ -407,18 +582,25 @@ void TstQChekViewer::slipOnPaper()
     viewer().showChekOrZvit("3", "1", "1");
     QTemporaryDir folder;
     const QString path = folder.filePath("чек.pdf");
+    QString suggested;
     const auto saveTo = [&](const QString &file) {
         return withModal<QFileDialog>([&] { pdf->click(); },
                                       [&](QFileDialog *dialog) {
+                                          suggested = child<QLineEdit>(dialog, "fileNameEdit")->text();
                                           child<QLineEdit>(dialog, "fileNameEdit")->setText(file);
                                           QMetaObject::invokeMethod(dialog, "accept");
                                       });
     };
     QVERIFY(saveTo(path));
+    QCOMPARE(suggested, QString("Чек 1 К1 2026-03-01.pdf"));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().startsWith("%PDF"));
-    QVERIFY(!saveSlipPdf(viewer().slip(), folder.filePath("немає/чек.pdf")));
+    QVERIFY(m_base->heard.has("Файл збережено: " + path, 3));
+    // What cannot be written is told and leaves what is there.
+    QVERIFY(saveTo(folder.filePath("немає/чек.pdf")));
+    QVERIFY(m_base->heard.has("Файл не збережено: ", 1));
+    QVERIFY(!saveSlipPdf(viewer().slip(), folder.path()).isEmpty());
     QVERIFY(withModal<QPrintPreviewDialog>([&] { child<QPushButton>(m_viewer.get(), "pbPrint")->click(); },
                                            [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
 }

@@ -12,6 +12,8 @@ class TstSlip : public QObject
 
 private slots:
     void saleWithDiscountAndThreePayments();
+    void paymentsOfSeveralRowsAreAddedUp();
+    void shiftShowsItsFigures();
     void documentsOfOtherKinds();
     void textOfPeopleStaysText();
     void sumsThatDoNotAgree_data();
@@ -27,12 +29,12 @@ Slip sale()
     slip.number = "17";
     slip.shop = "вул. Перша, 1";
     slip.kass = "Каса 1";
-    slip.time = QDateTime(QDate(2026, 3, 1), QTime(9, 5, 7));
+    slip.time = "2026-03-01 09:05:07";
     slip.rows = {{ChekType::SoldGoods, "10", "Хліб", "", 2000, 5000, 10000, 0, true},
                  {ChekType::SoldGoods, "11", "Сир", "", 250, 8000, 2000, 0, false},
                  {ChekType::Discount, "1", "", "", 0, 500, 600, 0, false},
-                 {ChekType::Payment, "1", "", "", 0, 6400, 11400, 1000, false}};
-    slip.sums = {12000, 600, 11400, 11400, 4000, 1};
+                 {ChekType::Payment, "1", "", "", 0, 6400, 11400, 1000, false, 4000}};
+    slip.sums = {12000, 600, 11400, 11400, 1};
     return slip;
 }
 
@@ -58,6 +60,52 @@ void TstSlip::saleWithDiscountAndThreePayments()
         html.contains("<table width=100%><tr><td width=33% align=left>Хліб</td><td width=33% align=center>"));
     QVERIFY(html.endsWith("<hr><table width=100%><tr><td width=50%>01-03-2026</td>"
                           "<td width=50% align=right>09:05:07</td></tr></table></body></html>"));
+}
+
+void TstSlip::paymentsOfSeveralRowsAreAddedUp()
+{
+    Slip slip = sale();
+    slip.rows.last() = {ChekType::Payment, "1", "", "", 0, 6400, 7400, 1000, false, 0};
+    slip.rows.append({ChekType::Payment, "1", "", "", 0, 0, 4000, 0, false, 4000});
+    slip.sums.payments = 2;
+    const QString paid = "До сплати|114.00|Готівка|64.00|Картка|40.00|Сертифікат|10.00|01-03-2026";
+    QVERIFY2(text(slip).contains("-6.00|" + paid), qPrintable(text(slip)));
+    // Money given back for a return stands in a payment row or in none.
+    slip.type = ChekType::Return;
+    QVERIFY2(text(slip).contains("До повернення|114.00|Готівка|64.00"), qPrintable(text(slip)));
+    slip.rows.resize(3);
+    slip.sums.payments = 0;
+    QVERIFY2(text(slip).contains("До повернення|114.00|01-03-2026"), qPrintable(text(slip)));
+}
+
+void TstSlip::shiftShowsItsFigures()
+{
+    Slip slip;
+    slip.type = ChekType::ZReport;
+    slip.number = "30";
+    slip.kass = "Каса / 1";
+    slip.time = "2026-03-29 03:30:00";
+    slip.rows = {{ChekType::ZReport, "", "", "", 0, 0, 1230000, 0, false}};
+    SlipShift shift;
+    shift.taxes = {{"А", 12000, 0, 2000, 0}, {"Б", 12500, 300, 2000, 500}, {"Г", 100, 0, 0, 0}};
+    shift.cash = 100000000;
+    shift.card = 2;
+    shift.cashOut = 5;
+    shift.cheks = 7;
+    slip.shift = shift;
+    // 120.00 at 20 % hold 20.00, 125.00 at 25 % hold 25.00.
+    QVERIFY2(text(slip).contains("Звіт №30|Оборот зміни|12 300.00|Група|Оборот|Податок|"
+                                 "ПДВ А 20.00 %|120.00|20.00|ПДВ Б 20.00 + 5.00 %|125.00|25.00|"
+                                 "ПДВ Г 0.00 %|1.00|0.00|Повернення|3.00|Знижки|0.00|"
+                                 "Готівка|1 000 000.00|Картка|0.02|Сертифікат|0.00|"
+                                 "Службове внесення|0.00|Службова видача|0.05|Чеків продажу|7|"
+                                 "Чеків зі знижкою|0|Анульованих чеків|0|Анульованих позицій|0|"
+                                 "29-03-2026|03:30:00"),
+             qPrintable(text(slip)));
+    QCOMPARE(slip.fileName(), QString("Z-звіт 30 Каса 1 2026-03-29"));
+    // Halves of a kopeck go up.
+    QCOMPARE((SlipTax{"А", 3, 0, 2000, 0}.tax()), 1LL);
+    QCOMPARE((SlipTax{"А", 434967295, 0, 700, 0}.tax()), 28455804LL);
 }
 
 void TstSlip::documentsOfOtherKinds()
@@ -132,15 +180,21 @@ void TstSlip::sumsThatDoNotAgree()
 
 void TstSlip::listHasItsOwnColumns()
 {
+    // Z number, number, type, sum, time, register, quantity; least and greatest type, sum, payments, shops
     RowStore found;
-    // Z number, number, type, sum, time, register, quantity
-    found.append({"1", "1", "3", "1230", "2026-03-01 00:00:00", "2", "3000"});
-    found.append({"1", "2", "8", "0", "2026-03-01 00:00:01", "2", "2500"});
-    found.append({"1", "3", "6", "231", "2026-03-01 00:00:02", "2", "5"});
-    found.append({"1", "4", "7", "", "", "2", "-5"});
-    found.append({"1", "5", "10", "999", "", "2", ""});
+    found.append(
+        {"1", "1", "3", "1230", "2026-03-01 00:00:00", "2", "3000", "3", "3", "1230", "1230", "1", "1"});
+    found.append({"1", "2", "8", "0", "2026-03-01 00:00:01", "2", "2500", "8", "8", "0", "0", "1", "1"});
+    // A return of two goods, one with its payment beside them, a sale paid in two rows, one with cash out.
+    found.append({"1", "3", "6", "150", "2026-03-01 00:00:02", "2", "5", "6", "6", "231", "0", "1", "1"});
+    found.append({"1", "6", "3", "40", "", "2", "5", "3", "6", "80", "40", "1", "1"});
+    found.append({"1", "7", "3", "1", "", "2", "", "3", "3", "500", "500", "1", "1"});
+    found.append({"1", "8", "5", "9", "", "2", "", "3", "5", "19", "10", "1", "1"});
+    found.append({"1", "4", "7", "", "", "2", "-5", "7", "7", "", "", "1", "1"});
+    found.append({"1", "5", "10", "999", "", "3", "", "10", "10", "999", "0", "1", "2"});
     const ChekList list = ChekList::from(found);
-    QCOMPARE(list.sum, 999LL);
+    QCOMPARE(list.sum, 1230LL - 231 - 40 + 500 + 10);
+    QCOMPARE(list.shops, (QHash<uint, uint>{{2, 1}, {3, 0}}));
     const QVector<Column> columns = ChekList::columns();
     QCOMPARE(columns.size(), int(ChekList::ColumnCount));
     const auto shown = [&](int row, int column) {
@@ -152,8 +206,9 @@ void TstSlip::listHasItsOwnColumns()
         amounts.append(shown(row, ChekList::Amount));
         types.append(shown(row, ChekList::TypeName) + shown(row, ChekList::Type));
     }
-    QCOMPARE(amounts, QStringList({"12.30", "2.500", "2.31", "-0.005", "9.99"}));
-    QCOMPARE(types, QStringList({"продаж3", "переміщення8", "повернення6", "прийом7", "Z-звіт10"}));
+    QCOMPARE(amounts, QStringList({"12.30", "2.500", "2.31", "0.40", "5.00", "0.10", "-0.005", "9.99"}));
+    QCOMPARE(types, QStringList({"продаж3", "переміщення8", "повернення6", "повернення6", "продаж3",
+                                 "продаж3", "прийом7", "Z-звіт10"}));
     QCOMPARE(shown(0, ChekList::Time), QString("01-03-26 00:00:00"));
 }
 

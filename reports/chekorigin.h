@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QDate>
+#include <QStringList>
+
+/// A line of another report whose receipts are wanted: by ids, since the names of registers repeat. What is 0
+/// or empty limits nothing.
+struct ChekOrigin
+{
+    uint shop = 0;
+    uint kass = 0;
+    uint group = 0;
+    /// Z numbers, both ends included.
+    QString zFrom;
+    QString zTo;
+    /// The shop groups that the line is about when no place was chosen.
+    QStringList groups;
+    /// Days of sale, both ends included.
+    QDate firstDay;
+    QDate lastDay;
+    /// The code of an article that was sold, at that price in kopecks; its name for the eyes.
+    QString article;
+    QString price;
+    QString articleName;
+};

@@ -1,0 +1,28 @@
+#include "shopgroups.h"
+
+#include "db.h"
+#include "qloadeduser.h"
+
+QStringList shopGroupsSeen(const QLoadedUser &user)
+{
+    const QString all = QStringLiteral("1");
+    QStringList groups = user.groups();
+    if (!groups.isEmpty() && !groups.contains(all))
+        groups.append(all);
+    return groups;
+}
+
+bool seesEveryShopGroup(const Db &db, const QLoadedUser &user)
+{
+    const auto others = db.firstText(QStringLiteral("SELECT COUNT(*) FROM group_shop WHERE NOT") +
+                                     inShopGroups(QStringLiteral("id"), shopGroupsSeen(user)));
+    return others == QLatin1String("0");
+}
+
+QString inShopGroups(const QString &field, const QStringList &groups)
+{
+    if (groups.isEmpty())
+        return QLatin1Char(' ') + field + QStringLiteral("=''");
+    return QStringLiteral(" (") + field + QLatin1Char('=') +
+           groups.join(QStringLiteral(" OR ") + field + QLatin1Char('=')) + QLatin1Char(')');
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+class Db;
+class QLoadedUser;
+
+/// The shop groups whose shops a user sees where no group is chosen: the permitted ones and group 1, which
+/// stands for all groups. Nothing for a user without any group.
+QStringList shopGroupsSeen(const QLoadedUser &user);
+/// True when there is no shop group that the user may not see; false also after a failure (reported).
+bool seesEveryShopGroup(const Db &db, const QLoadedUser &user);
+/// " (field=1 OR field=2)", with a blank before it; of no group " field=''", which no row fulfils.
+QString inShopGroups(const QString &field, const QStringList &groups);
