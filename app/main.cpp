@@ -4,6 +4,7 @@
 #include "setting.h"
 #include "tunecommand.h"
 #include "veltab.h"
+#include "wheelguard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -62,6 +63,7 @@ int runProgram(int argc, char *argv[], QStringList *arguments)
         return 0;
     }
     limit.release();
+    installWheelGuard(&application);
     QApplication::setStyle(setting::GetStyle(styleFolder(*arguments)));
     QTranslator translator;
     applyTranslation(&translator);

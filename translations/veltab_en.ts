@@ -1076,6 +1076,13 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QMessDlg</name>
+    <message>
+        <source>Ні</source>
+        <translation>No</translation>
+    </message>
+</context>
+<context>
     <name>QPayment</name>
     <message>
         <source>Оплата</source>
@@ -1255,6 +1262,18 @@ Restart the program!</translation>
     <message>
         <source>ВІДМІНИТИ [Bakspace]</source>
         <translation>CANCEL [Backspace]</translation>
+    </message>
+    <message>
+        <source>&amp;Подробиці</source>
+        <translation>&amp;Details</translation>
+    </message>
+    <message>
+        <source>&amp;Копіювати</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>Подробиці</source>
+        <translation>Details</translation>
     </message>
 </context>
 <context>

@@ -3,10 +3,14 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "scanguard.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+
+Q_DECLARE_METATYPE(std::function<void(QMessDlg *)>)
 
 /// The dialogs that ask and warn, answered from the keyboard as at a shop counter.
 class TstDialogs : public QObject
@@ -14,10 +18,16 @@ class TstDialogs : public QObject
     Q_OBJECT
 
 private slots:
-    void questionIsAnsweredByTwoKeys();
+    void questionIsAnsweredByItsKeys();
+    void strayKeysAnswerNothing();
     void warningHasOneButton();
-    void longTextWraps();
+    void longTextsFitTheScreen();
+    void detailsAreFoldedAndCopied();
     void fourButtonsAnswerWithTheirNumber();
+    void choiceByKeys_data();
+    void choiceByKeys();
+    void losingTakesADeliberateAct_data();
+    void losingTakesADeliberateAct();
     void messageCarriesItsPlace();
 
 private:
@@ -29,7 +39,9 @@ int TstDialogs::ask(bool single, const QList<int> &keys)
     int answer = -1;
     withModal<QQestion>([&] { answer = QQestion::question(nullptr, "Т", "Текст", single); },
                         [&](QQestion *question) {
+                            waitOutGuard();
                             for (const int key : keys) {
+                                QTest::qWait(ScanGuard::quietMs + 10);
                                 if (question->isVisible())
                                     QTest::keyClick(child<QPushButton>(question, "pbOk"), Qt::Key(key));
                             }
@@ -39,33 +51,75 @@ int TstDialogs::ask(bool single, const QList<int> &keys)
     return answer;
 }
 
-void TstDialogs::questionIsAnsweredByTwoKeys()
+void TstDialogs::questionIsAnsweredByItsKeys()
 {
-    QCOMPARE(ask(false, {Qt::Key_Return}), int(QDialog::Accepted));
-    QCOMPARE(ask(false, {Qt::Key_Enter}), int(QDialog::Accepted));
-    QCOMPARE(ask(false, {Qt::Key_Backspace}), int(QDialog::Rejected));
-    // What a scanner or a stray hand sends is swallowed.
-    QCOMPARE(ask(false, {Qt::Key_Space, Qt::Key_Escape, Qt::Key_4, Qt::Key_Tab}), 77);
+    QCOMPARE(ask(false, {Qt::Key_Space, Qt::Key_Enter}), int(QDialog::Accepted));
+    QCOMPARE(ask(false, {Qt::Key_Tab, Qt::Key_Backspace}), int(QDialog::Rejected));
+    QCOMPARE(ask(false, {Qt::Key_Escape}), int(QDialog::Rejected));
+}
+
+/// A scan that was on its way when the question came up, one that comes later, and a key that is held down.
+void TstDialogs::strayKeysAnswerNothing()
+{
+    int answer = -1;
+    withModal<QQestion>([&] { answer = QQestion::question(nullptr, "Т", "Текст"); },
+                        [](QPointer<QQestion> question) {
+                            scan(question, "4820000000109");
+                            for (int i = 0; i < 12 && question; ++i) {
+                                pressKeys({Qt::Key_Return});
+                                QTest::qWait(50);
+                            }
+                            QVERIFY(question && question->isVisible());
+                            waitOutGuard();
+                            scan("4820000000109");
+                            pressKeys({Qt::Key_Backspace});
+                            QVERIFY(question && question->isVisible());
+                            question->done(77);
+                        });
+    QCOMPARE(answer, 77);
 }
 
 void TstDialogs::warningHasOneButton()
 {
-    QCOMPARE(ask(true, {Qt::Key_Return}), int(QDialog::Accepted));
     QCOMPARE(ask(true, {Qt::Key_Backspace}), int(QDialog::Rejected));
     QQestion warning(nullptr, true);
     QCOMPARE(child<QPushButton>(&warning, "pbOk")->text(), QString("OK"));
     QVERIFY(child<QPushButton>(&warning, "pbCancel")->isHidden());
 }
 
-void TstDialogs::longTextWraps()
+void TstDialogs::longTextsFitTheScreen()
 {
-    withModal<QQestion>([] { QQestion::question(nullptr, "Т", QString("дуже довгий текст ").repeated(60)); },
-                        [](QQestion *question) {
-                            const int half = QGuiApplication::primaryScreen()->virtualGeometry().width() / 2;
-                            QVERIFY(question->width() <= half);
-                            auto *text = child<QLabel>(question, "labelText");
-                            QVERIFY(text->height() >= text->heightForWidth(text->width()));
+    const QRect screen = QGuiApplication::primaryScreen()->virtualGeometry();
+    for (const int words : {1, 20, 2000}) {
+        const QString text = QString("дуже довгий текст ").repeated(words);
+        const auto fits = [&](QDialog *dialog) {
+            QVERIFY(dialog->width() <= screen.width() && dialog->height() <= screen.height() * 9 / 10);
+            QVERIFY(dialog->width() <= screen.width() / 2 || qobject_cast<QMessDlg *>(dialog));
+            auto *label = child<QLabel>(dialog, "labelText");
+            QVERIFY2(label->height() >= label->heightForWidth(label->width()), qPrintable(text.left(30)));
+            QVERIFY2(words > 20 || label->visibleRegion().boundingRect().height() == label->height(),
+                     "A text that finds room is shown whole");
+        };
+        QVERIFY(withModal<QQestion>([&] { QQestion::question(nullptr, "Т", text); }, fits));
+        QVERIFY(withModal<QMessDlg>([&] { QMessDlg::confirm(nullptr, "Т", text, "Так"); }, fits));
+    }
+}
+
+void TstDialogs::detailsAreFoldedAndCopied()
+{
+    withModal<QQestion>([] { QQestion::tell(nullptr, "Т", "Сервер не відповідає.", "SELECT 1\nerror 2013"); },
+                        [](QQestion *told) {
+                            QVERIFY(!child<QWidget>(told, "details")->isVisible());
+                            waitOutGuard();
+                            child<QPushButton>(told, "pbDetails")->click();
+                            QVERIFY(child<QWidget>(told, "details")->isVisible());
+                            child<QPushButton>(told, "pbCopy")->click();
+                            pressKeys({Qt::Key_Return});
+                            QVERIFY(!told->isVisible());
                         });
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("Сервер не відповідає.\n\nSELECT 1\nerror 2013"));
+    QVERIFY(withModal<QQestion>([] { QQestion::tell(nullptr, "Т", "Текст", ""); },
+                                [](QQestion *told) { QVERIFY(!told->findChild<QWidget *>("pbDetails")); }));
 }
 
 void TstDialogs::fourButtonsAnswerWithTheirNumber()
@@ -84,6 +138,69 @@ void TstDialogs::fourButtonsAnswerWithTheirNumber()
                             dialog->reject();
                         });
     QCOMPARE(answer, -1);
+}
+
+void TstDialogs::choiceByKeys_data()
+{
+    QTest::addColumn<QVector<int>>("keys");
+    QTest::addColumn<int>("answer");
+    QTest::newRow("the next one") << QVector<int>{Qt::Key_Tab, Qt::Key_Return} << 2;
+    QTest::newRow("the one before") << QVector<int>{Qt::Key_Left, Qt::Key_Space} << 0;
+    QTest::newRow("escape") << QVector<int>{Qt::Key_Escape} << 2;
+}
+
+void TstDialogs::choiceByKeys()
+{
+    QFETCH(QVector<int>, keys);
+    int answer = -2;
+    withModal<QMessDlg>([&] { answer = QMessDlg::quest(nullptr, "Т", "Що?", "А", "Б", "В", "", 1, 2); },
+                        [&](QMessDlg *) {
+                            waitOutGuard();
+                            for (const int key : keys)
+                                pressKeys({key});
+                        });
+    QTEST(answer, "answer");
+}
+
+void TstDialogs::losingTakesADeliberateAct_data()
+{
+    const auto press = [](std::initializer_list<int> keys) {
+        return std::function<void(QMessDlg *)>([keys = QVector<int>(keys)](QMessDlg *) {
+            waitOutGuard();
+            for (const int key : keys)
+                pressKeys({key});
+            QTest::qWait(150); // An access key presses its button a tenth of a second later.
+        });
+    };
+    QTest::addColumn<std::function<void(QMessDlg *)>>("act");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("Enter") << press({Qt::Key_Return}) << false;
+    QTest::newRow("Esc") << press({Qt::Key_Escape}) << false;
+    QTest::newRow("Tab and Enter") << press({Qt::Key_Backtab, Qt::Key_Return}) << true;
+    QTest::newRow("access key") << press({int(Qt::ALT) + int(Qt::Key_O)}) << true;
+    QTest::newRow("mouse") << std::function<void(QMessDlg *)>([](QMessDlg *dialog) {
+        QTest::mouseClick(child<QPushButton>(dialog, "pb0"), Qt::LeftButton);
+    }) << true;
+    QTest::newRow("scan under way") << std::function<void(QMessDlg *)>([](QMessDlg *dialog) {
+        child<QPushButton>(dialog, "pb0")->setFocus();
+        scan(dialog, "4820000000109");
+        QVERIFY2(dialog->isVisible(), "nothing is answered yet");
+    }) << false;
+    QTest::newRow("scan while it is read") << std::function<void(QMessDlg *)>([](QMessDlg *dialog) {
+        waitOutGuard();
+        pressKeys({Qt::Key_Backtab});
+        scan(dialog, "4820000000109");
+        QVERIFY2(dialog->isVisible(), "nothing is answered yet");
+    }) << false;
+}
+
+void TstDialogs::losingTakesADeliberateAct()
+{
+    QFETCH(std::function<void(QMessDlg *)>, act);
+    bool accepted = true;
+    QVERIFY(withModal<QMessDlg>(
+        [&] { accepted = QMessDlg::confirm(nullptr, "Закрити?", "Зміну № 30?", "&Order", "Ні"); }, act));
+    QTEST(accepted, "accepted");
 }
 
 void TstDialogs::messageCarriesItsPlace()

@@ -1,9 +1,12 @@
 #include "testing.h"
 
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "scanguard.h"
 #include "schema.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
@@ -11,6 +14,59 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QTimerEvent>
+#include <QWheelEvent>
+#include <QWindow>
+#include <qtestspontaneevent.h>
+
+namespace {
+/// Looks for modal windows that stay unanswered.
+class Watchdog : public QObject
+{
+public:
+    static constexpr int limitMs = 10000;
+
+    explicit Watchdog(QObject *parent) : QObject(parent) { startTimer(100); }
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    QPointer<QWidget> m_modal;
+    QElapsedTimer m_since;
+};
+
+void Watchdog::timerEvent(QTimerEvent *event)
+{
+    Q_UNUSED(event)
+    QWidget *modal = QApplication::activeModalWidget();
+    if (modal != m_modal) {
+        m_modal = modal;
+        m_since.start();
+    }
+    if (modal != nullptr && m_since.hasExpired(limitMs)) {
+        rejectUnexpected(modal);
+        m_since.start();
+    }
+}
+
+void startWatchdog()
+{
+    if (qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr)
+        new Watchdog(QCoreApplication::instance());
+}
+Q_COREAPP_STARTUP_FUNCTION(startWatchdog)
+
+QWidget *focusWidget()
+{
+    QWidget *focus = QApplication::focusWidget();
+    if (focus == nullptr)
+        focus = QApplication::activeWindow();
+    if (focus == nullptr)
+        qFatal("No window has the keyboard");
+    return focus;
+}
+} // namespace
 
 DatabaseAddress testServer()
 {
@@ -164,4 +220,112 @@ QString answerQuestion(const std::function<void()> &act, bool confirm)
             question->reject();
     });
     return text;
+}
+
+QString answerChoice(const std::function<void()> &act, int button)
+{
+    QString text;
+    withModal<QMessDlg>(act, [&](QMessDlg *question) {
+        text = question->windowTitle() + QLatin1Char('\n') +
+               child<QLabel>(question, QStringLiteral("labelText"))->text();
+        QTest::mouseClick(child<QPushButton>(question, QStringLiteral("pb%1").arg(button)), Qt::LeftButton);
+    });
+    return text;
+}
+
+QString answerConfirm(const std::function<void()> &act, bool accept)
+{
+    return answerChoice(act, accept ? 0 : 1);
+}
+
+void waitOutGuard()
+{
+    QTest::qWait(ScanGuard::appearedMs + 20);
+}
+
+void rejectUnexpected(QWidget *modal)
+{
+    QStringList texts{QLatin1String(modal->metaObject()->className()), modal->windowTitle()};
+    const auto labels = modal->findChildren<QLabel *>();
+    for (const QLabel *label : labels)
+        texts.append(label->text());
+    QTest::qFail(qPrintable(QStringLiteral("Unexpected window: ") + texts.join(QLatin1Char('\n'))), __FILE__,
+                 __LINE__);
+    if (auto *dialog = qobject_cast<QDialog *>(modal))
+        dialog->reject();
+    else
+        modal->close();
+}
+
+void pressKeys(std::initializer_list<int> keys)
+{
+    for (const int key : keys) {
+        const auto modifiers = Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask));
+        QTest::keyClick(focusWidget(), Qt::Key(key & ~int(Qt::KeyboardModifierMask)), modifiers);
+    }
+}
+
+void typeText(const QString &text)
+{
+    for (const QChar c : text) {
+        const Qt::Key key =
+            c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key(c.toUpper().unicode());
+        QTest::sendKeyEvent(QTest::Click, focusWidget(), key, QString(c), Qt::NoModifier);
+    }
+}
+
+void scan(const QString &code)
+{
+    typeText(code);
+    pressKeys({Qt::Key_Return});
+}
+
+void scan(QWidget *window, const QString &code)
+{
+    window->window()->activateWindow();
+    if (!QTest::qWaitForWindowActive(window->window()))
+        qFatal("The window does not become active");
+    scan(code);
+}
+
+void turnWheel(QWidget *widget, int steps)
+{
+    QWindow *window = widget->window()->windowHandle();
+    if (window == nullptr)
+        qFatal("The wheel needs a shown window");
+    const QPoint global = widget->mapToGlobal(widget->rect().center());
+    for (int i = 0; i < qAbs(steps); ++i) {
+        QWheelEvent event(window->mapFromGlobal(global), global, QPoint(), QPoint(0, steps > 0 ? 120 : -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);
+        qApp->notify(window, &event); // sendEvent() would make it one of the program's own.
+    }
+}
+
+namespace {
+bool setGlobal(const QSqlDatabase &admin, const QString &name, const QString &value)
+{
+    bool isNumber = false;
+    value.toLongLong(&isNumber);
+    return QSqlQuery(admin).exec(QStringLiteral("SET GLOBAL %1=%2").arg(name, isNumber ? value : lit(value)));
+}
+} // namespace
+
+GlobalVariable::GlobalVariable(const QString &name, const QString &value) : m_name(name)
+{
+    m_admin = addConnection(QStringLiteral("global_") + name, testServer());
+    QSqlQuery query(m_admin.open() ? m_admin : QSqlDatabase());
+    if (!query.exec(QStringLiteral("SELECT @@GLOBAL.") + name) || !query.next())
+        qFatal("%s", qPrintable(query.lastError().text()));
+    m_before = query.value(0).toString();
+    if (!setGlobal(m_admin, name, value))
+        qFatal("Could not set %s to %s", qPrintable(name), qPrintable(value));
+}
+
+GlobalVariable::~GlobalVariable()
+{
+    if (!setGlobal(m_admin, m_name, m_before))
+        qWarning("%s stays changed", qPrintable(m_name));
+    m_admin = QSqlDatabase();
+    QSqlDatabase::removeDatabase(QStringLiteral("global_") + m_name);
 }

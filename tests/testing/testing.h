@@ -12,7 +12,8 @@
 #include <QTimer>
 #include <functional>
 
-/// What tests share: a database of their own, an ear for messages, a hand for modal dialogs.
+/// What tests share: a database of their own, an ear for messages, hands for dialogs, keys, scanner and
+/// wheel. A modal window that nobody answers for some seconds is rejected and fails the test with its text.
 
 /// The private server of this test run.
 DatabaseAddress testServer();
@@ -84,6 +85,9 @@ T *child(const QObject *parent, const QString &name)
     return found;
 }
 
+/// Fails the running test with the class and the texts of a window, and closes it.
+void rejectUnexpected(QWidget *modal);
+
 /// Runs act, which opens a modal dialog of type Dialog, and drive on that dialog once it is shown.
 /// Returns false when no such dialog appeared within the time; a dialog of another type, or one that
 /// drive leaves open, is rejected, so that a test never hangs.
@@ -108,8 +112,7 @@ bool withModal(const std::function<void()> &act, const std::function<void(Dialog
             if (guard && guard->isVisible() && guard->isModal())
                 guard->done(QDialog::Rejected);
         } else if (clock.elapsed() > timeoutMs) {
-            qWarning("withModal: closing an unexpected %s", modal->metaObject()->className());
-            modal->close();
+            rejectUnexpected(modal);
         }
     });
     poll.start();
@@ -119,3 +122,39 @@ bool withModal(const std::function<void()> &act, const std::function<void(Dialog
 
 /// Answers the next question or warning (QQestion) and returns its text; empty when none appeared.
 QString answerQuestion(const std::function<void()> &act, bool confirm = true);
+/// Answers the next question of several buttons (QMessDlg) by a click on the button of that number and
+/// returns its title and text, a line each; empty when none appeared.
+QString answerChoice(const std::function<void()> &act, int button);
+/// Answers the next QMessDlg::confirm: lets what it asks for happen, or keeps things as they are.
+QString answerConfirm(const std::function<void()> &act, bool accept);
+/// Waits until a question that has just appeared takes keys.
+void waitOutGuard();
+
+/// Keys as they come from a keyboard: each goes to whatever has the focus when it is pressed. A key is a
+/// Qt::Key with its modifiers, "Qt::SHIFT + Qt::Key_F5".
+void pressKeys(std::initializer_list<int> keys);
+/// The same for the characters of a text.
+void typeText(const QString &text);
+/// The digits of a code and Enter, within some 30 ms and as a scanner sends them: into whatever has the
+/// focus. A window that one of the keys opens gets the rest, unless it is modal: then this returns when it
+/// closes.
+void scan(const QString &code);
+/// Activates the window first and gives the focus to its focus widget.
+void scan(QWidget *window, const QString &code);
+/// Turns the wheel over the middle of a widget, upwards for positive steps.
+void turnWheel(QWidget *widget, int steps);
+
+/// A global variable of the private server, for as long as this lives. The test that uses it shares the
+/// server with others: it gets the RESOURCE_LOCK "globals" (velta_test_sets_globals in CMake).
+class GlobalVariable
+{
+public:
+    GlobalVariable(const QString &name, const QString &value);
+    ~GlobalVariable();
+    Q_DISABLE_COPY(GlobalVariable)
+
+private:
+    QString m_name;
+    QString m_before;
+    QSqlDatabase m_admin;
+};

@@ -1,7 +1,6 @@
 #include "moneyspinbox.h"
 
 #include "money.h"
-#include "receipt.h"
 
 #include <QKeyEvent>
 
@@ -9,7 +8,7 @@ MoneySpinBox::MoneySpinBox(QWidget *parent) : QDoubleSpinBox(parent)
 {
     setLocale(QLocale::c());
     setDecimals(2);
-    setRange(0, spinValue(Receipt::maximum, 2));
+    setRange(0, spinValue(maximumKopecks, 2));
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setButtonSymbols(QAbstractSpinBox::NoButtons);
 }
