@@ -85,6 +85,7 @@ void QSelUser::clrsavinglogin()
         if (file.contains(key))
             file.setValue(key, QString());
     }
+    file.store();
 }
 
 void QSelUser::rememberLogin()

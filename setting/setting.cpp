@@ -100,19 +100,39 @@ void setting::connectButtons()
     ChangeTypeDevice(ui->cbTypeDevice->currentIndex());
 }
 
+QVariant setting::decoded(const QString &path, const QVariant &stored) const
+{
+    const bool isSecret = path == QLatin1String(passwordKey) && m_decrypt != nullptr;
+    return isSecret ? m_decrypt(stored.toString()) : stored;
+}
+
+QVariant setting::encoded(const QString &path, const QVariant &value) const
+{
+    const bool isSecret = path == QLatin1String(passwordKey) && m_encrypt != nullptr;
+    return isSecret ? m_encrypt(value.toString()) : value;
+}
+
+void setting::readKey(const SettingFile &file, const SettingKey &key)
+{
+    const QString path = QLatin1String(key.path);
+    const QVariant stored = file.typed(path, key.fallback);
+    if (m_stored.contains(path) && m_stored.value(path) == stored)
+        return;
+    m_stored.insert(path, stored);
+    m_read.insert(path, decoded(path, stored));
+    m_values.insert(path, m_read.value(path));
+}
+
 void setting::ReadSetting(const QString &directory)
 {
     const SettingFile file(directory);
-    for (const SettingKey &key : settingKeys()) {
-        const QString path = QLatin1String(key.path);
-        m_values.insert(path, file.typed(path, key.fallback));
-    }
-    if (m_decrypt == nullptr) {
+    m_problem = SettingFile::problem(directory);
+    m_origin = directory;
+    m_stored.clear();
+    for (const SettingKey &key : settingKeys())
+        readKey(file, key);
+    if (m_decrypt == nullptr)
         postMessage(parent(), tr("Помилка виклику фунції розшифровки паолю"), QMessEvent::Warning);
-        return;
-    }
-    QVariant &password = m_values[QLatin1String(passwordKey)];
-    password = m_decrypt(password.toString());
 }
 
 bool setting::WriteSetting(const QString &directory)
@@ -120,21 +140,27 @@ bool setting::WriteSetting(const QString &directory)
     SettingFile file(directory);
     for (const SettingKey &key : settingKeys()) {
         const QString path = QLatin1String(key.path);
-        file.setValue(path, value(path));
+        if (directory == m_origin && value(path) == m_read.value(path) && file.contains(path))
+            continue;
+        m_stored.insert(path, encoded(path, value(path)));
+        m_read.insert(path, value(path));
+        file.setValue(path, m_stored.value(path));
     }
-    if (m_encrypt != nullptr)
-        file.setValue(QLatin1String(passwordKey), m_encrypt(value(QLatin1String(passwordKey)).toString()));
-    else
+    m_origin = directory;
+    if (m_encrypt == nullptr)
         postMessage(parent(), tr("Помилка виклику фунції шифрування паолю"), QMessEvent::Warning);
     return file.store();
 }
 
-void setting::readForeignKeys()
+/// What other copies have written since; what was given here and could not be written stays.
+void setting::readChangedKeys()
 {
     const SettingFile file(m_directory);
+    if (!SettingFile::problem(m_directory).isEmpty())
+        return;
     for (const SettingKey &key : settingKeys()) {
-        if (key.isForeign)
-            m_values.insert(QLatin1String(key.path), file.typed(QLatin1String(key.path), key.fallback));
+        if (file.contains(QLatin1String(key.path)))
+            readKey(file, key);
     }
 }
 
@@ -152,7 +178,7 @@ void setting::takeValues()
 
 int setting::exec()
 {
-    readForeignKeys();
+    readChangedKeys();
     showValues();
     ui->leHost->setFocus();
     return QDialog::exec();
@@ -171,6 +197,7 @@ void setting::save()
                               "налаштування ще раз.")
                                .arg(SettingFile::path(m_directory)),
                            true);
+    m_problem.clear();
     accept();
     emit saved();
 }
@@ -280,7 +307,9 @@ QString setting::GetStyle(const QString &directory)
 
 void setting::SetStyle(const QString &directory, const QString &style)
 {
-    SettingFile(directory).setValue(QLatin1String(styleKey), style);
+    SettingFile file(directory);
+    file.setValue(QLatin1String(styleKey), style);
+    file.store();
 }
 
 QString setting::GetPathLanguage(const QString &directory)
@@ -300,5 +329,7 @@ QString setting::GetVersion(const QString &directory)
 
 void setting::SetCurVersion(const QString &directory)
 {
-    SettingFile(directory).setValue(QLatin1String(versionKey), QLatin1String(programVersion));
+    SettingFile file(directory);
+    file.setValue(QLatin1String(versionKey), QLatin1String(programVersion));
+    file.store();
 }

@@ -13,6 +13,8 @@ namespace Ui {
 class setting;
 }
 class QLineEdit;
+class SettingFile;
+struct SettingKey;
 
 /// The program's settings, kept in Velta.ini (UTF-8) of a directory, and the dialog that edits them.
 /// Whatever the file lacks has its default. The parent receives the posted messages.
@@ -27,9 +29,13 @@ public:
     /// Reads the whole file of the directory. Without the password library the stored password is taken
     /// as it stands (posted).
     void ReadSetting(const QString &directory);
-    /// Writes the whole file; false when it cannot be written. Without the password library the password
-    /// is stored in clear (posted).
+    /// Writes what the file lacks and what was changed here since it was read: other copies of the program
+    /// share the file. False when it cannot be written. Without the password library the password is stored
+    /// in clear (posted).
     bool WriteSetting(const QString &directory);
+    /// Why the file was not read the last time, in words that name it; the values are the defaults then.
+    /// Empty when it was read, when there is none, and when the values were given in the dialog since.
+    const QString &problem() const { return m_problem; }
 
     DatabaseAddress databaseAddress() const;
     QString directory() const { return m_directory; }
@@ -85,7 +91,10 @@ signals:
 private:
     void loadPasswordLibrary();
     void connectButtons();
-    void readForeignKeys();
+    void readKey(const SettingFile &file, const SettingKey &key);
+    void readChangedKeys();
+    QVariant decoded(const QString &path, const QVariant &stored) const;
+    QVariant encoded(const QString &path, const QVariant &value) const;
     void showValues();
     void takeValues();
     void choose(QLineEdit *target, const QString &title, const QString &filter);
@@ -97,6 +106,11 @@ private:
     std::unique_ptr<Ui::setting> ui;
     QString m_directory;
     QHash<QString, QVariant> m_values;
+    /// What stood in the file of m_origin when it was read or written last: as it is stored, and as a value.
+    QHash<QString, QVariant> m_stored;
+    QHash<QString, QVariant> m_read;
+    QString m_origin;
+    QString m_problem;
     QString m_loginAt;
     Crypt m_encrypt = nullptr;
     Crypt m_decrypt = nullptr;

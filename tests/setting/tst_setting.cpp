@@ -13,6 +13,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 
 /// The main window of a test: it remembers what is posted to it.
 class Window : public QWidget
@@ -40,7 +41,10 @@ private slots:
     void handWrittenFile();
     void cancelChangesNothing();
     void singleKeysSeeEachOther();
-    void otherWritersKeepTheirKeys();
+    void copiesKeepEachOthersKeys();
+    void fileIsForItsOwnerOnly();
+    void unreadableFileIsNamed_data();
+    void unreadableFileIsNamed();
     void missingLibraryIsTold();
     void unwritableFileIsTold();
     void chosenFilesGoToTheirFields();
@@ -173,12 +177,107 @@ void TstSetting::singleKeysSeeEachOther()
     QCOMPARE(setting::GetVersion(directory), QString("3. 0. 0. 17"));
 }
 
-void TstSetting::otherWritersKeepTheirKeys()
+void TstSetting::copiesKeepEachOthersKeys()
 {
-    setting set(m_directory->path(), m_window.get());
-    SettingFile(m_directory->path()).setValue("DEFLOGIN/DEFLOGIN", "olena");
-    QVERIFY(withModal<setting>([&] { set.exec(); }, [](setting *dialog) { dialog->save(); }));
+    setting(m_directory->path(), m_window.get()).save();
+    setting one(m_directory->path(), m_window.get());
+    setting other(m_directory->path(), m_window.get());
+    const auto type = [](const char *field, const QString &text) {
+        return [field, text](setting *dialog) {
+            child<QLineEdit>(dialog, field)->setText(text);
+            dialog->save();
+        };
+    };
+    // The other copy saves while the dialog of the one is open, and again after it was closed.
+    QVERIFY(withModal<setting>([&] { one.exec(); },
+                               [&](setting *dialog) {
+                                   child<QLineEdit>(&other, "leHost")->setText("другий");
+                                   other.save();
+                                   SettingFile(m_directory->path()).setValue("DEFLOGIN/DEFLOGIN", "olena");
+                                   type("leBase", "перший")(dialog);
+                               }));
+    QCOMPARE(text("QMYSQL/IP"), QString("другий"));
+    QCOMPARE(text("QMYSQL/NAMEBASE"), QString("перший"));
     QCOMPARE(text("DEFLOGIN/DEFLOGIN"), QString("olena"));
+    QVERIFY(withModal<setting>([&] { one.exec(); }, type("leUser", "third")));
+    QCOMPARE(text("QMYSQL/IP"), QString("другий"));
+    QCOMPARE(one.databaseAddress().host, QString("другий"));
+    QCOMPARE(text("DEFLOGIN/DEFLOGIN"), QString("olena"));
+    // What was changed here and changed back is not a change.
+    QVERIFY(withModal<setting>([&] { other.exec(); }, [](setting *dialog) { dialog->save(); }));
+    QCOMPARE(other.databaseAddress().name, QString("перший"));
+    QCOMPARE(text("QMYSQL/DEFLOGIN"), QString("third"));
+}
+
+void TstSetting::fileIsForItsOwnerOnly()
+{
+    const QString directory = m_directory->path();
+    const QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    const QList<std::function<void()>> writers = {[&] { setting(directory, m_window.get()).save(); },
+                                                  [&] { setting::SetStyle(directory, "Fusion"); },
+                                                  [&] {
+                                                      SettingFile(directory).setValue("VERSION/VERSION", "9");
+                                                      setting::SetCurVersion(directory);
+                                                  }};
+    for (const auto &write : writers) {
+        QFile file(SettingFile::path(directory));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[QMYSQL]\nPORT=1\n");
+        file.close();
+        QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | others));
+        write();
+        QCOMPARE(QFile(file.fileName()).permissions() & others, QFile::Permissions());
+        QVERIFY(file.remove());
+        write();
+        QCOMPARE(QFile(file.fileName()).permissions() & others, QFile::Permissions());
+    }
+}
+
+void TstSetting::unreadableFileIsNamed_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("folder") << QByteArray("folder") << "це каталог.";
+    QTest::newRow("pipe") << QByteArray("pipe") << "це не звичайний файл.";
+    QTest::newRow("large") << QByteArray(10 * 1024 * 1024, 'x') << "він завеликий для файлу налаштувань.";
+    QTest::newRow("one line") << QByteArray("\x7f"
+                                            "ELF\0\1\2=",
+                                            8)
+                              << "у ньому немає налаштувань програми.";
+    QTest::newRow("page") << QByteArray("<html>\n<body>QMYSQL/PORT</body>\n")
+                          << "у ньому немає налаштувань програми.";
+}
+
+/// Neither hangs nor goes on with the defaults as if nothing were the matter, and leaves the file alone.
+void TstSetting::unreadableFileIsNamed()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    const QString path = SettingFile::path(m_directory->path());
+    const auto make = [&] {
+        if (content == "folder")
+            return QDir().mkdir(path);
+        if (content == "pipe")
+            return mkfifo(QFile::encodeName(path).constData(), 0600) == 0;
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
+    };
+    QVERIFY(make());
+    QElapsedTimer clock;
+    clock.start();
+    setting set(m_directory->path(), m_window.get());
+    QCOMPARE(set.problem(), "Файл налаштувань не прочитано: " + path + "\n" + reason);
+    QCOMPARE(setting::GetStyle(m_directory->path()), QString());
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    setting::SetCurVersion(m_directory->path());
+    QVERIFY(answerQuestion([&] { set.save(); }).contains(path));
+    QVERIFY2(set.problem().isEmpty(), "what was typed counts, for this session");
+    QFile file(path);
+    if (content == "folder" || content == "pipe")
+        QVERIFY(!QFileInfo(path).isFile());
+    else
+        QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll() == content);
 }
 
 void TstSetting::missingLibraryIsTold()
