@@ -15,23 +15,52 @@
 
 #include <QTimer>
 #include <QtConcurrent>
+#include <tuple>
+
+namespace {
+bool operator!=(const DatabaseAddress &one, const DatabaseAddress &other)
+{
+    const auto parts = [](const DatabaseAddress &a) {
+        return std::tie(a.driver, a.host, a.port, a.user, a.password, a.name);
+    };
+    return parts(one) != parts(other);
+}
+} // namespace
 
 /// The part of the main window that connects, logs in, hears the messages and shows what the rights allow.
+
+/// True, with the reason shown, while something runs that needs the connection as it is.
+bool Veltab::isBusy()
+{
+    if (ui->tabWidget->count() > 0)
+        refuse(tr("Перед підключенням закрийте всі вкладки!"));
+    else if (m_tuning != nullptr)
+        refuse(tr("Дочекайтесь кінця прискорення звітів або зупиніть його!"));
+    return ui->tabWidget->count() > 0 || m_tuning != nullptr;
+}
 
 void Veltab::connectDatabase()
 {
     m_isReconnectWanted = m_task.isRunning();
-    if (m_isReconnectWanted)
+    if (m_isReconnectWanted || isBusy())
         return;
     logout();
     m_isConnected = false;
-    const DatabaseAddress address = m_setting->databaseAddress();
-    setWindowTitle(tr("Veltab  База:") + address.name);
-    showConnectionState(tr("Підключення до бази даних на %1:%2").arg(address.host).arg(address.port));
+    if (!m_setting->problem().isEmpty())
+        m_setting->ReadSetting(m_directory);
+    if (!m_setting->problem().isEmpty()) {
+        // The defaults would lead to some other database, or to none.
+        showConnectionState(m_setting->problem() + QLatin1Char('\n') +
+                            tr("Виправте файл і підключіться знову, або введіть налаштування."));
+        return;
+    }
+    m_address = m_setting->databaseAddress();
+    setWindowTitle(tr("Veltab  База:") + m_address.name);
+    showConnectionState(tr("Підключення до бази даних на %1:%2").arg(m_address.host).arg(m_address.port));
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("veltab"));
-    m_db = addConnection(QStringLiteral("veltab"), address);
-    m_task = QtConcurrent::run(connectToDatabase, &m_db, address, this);
+    m_db = addConnection(QStringLiteral("veltab"), m_address);
+    m_task = QtConcurrent::run(connectToDatabase, &m_db, m_address, this);
     updateMenus();
 }
 
@@ -80,42 +109,52 @@ void Veltab::showErrors()
 void Veltab::handleOutcome(const QProcEvent &outcome)
 {
     m_task.waitForFinished();
-    if (m_isReconnectWanted) {
+    const bool isAgain = m_isReconnectWanted && ui->tabWidget->count() == 0 && m_tuning == nullptr;
+    m_isReconnectWanted = false;
+    if (isAgain)
         connectDatabase();
-        return;
-    }
+    else if (outcome.outcome() == QProcEvent::SchemaReady || outcome.outcome() == QProcEvent::SchemaFailed)
+        finishSchema(outcome.outcome() == QProcEvent::SchemaReady);
+    else
+        finishConnecting(outcome);
+}
+
+void Veltab::finishConnecting(const QProcEvent &outcome)
+{
     m_isConnected = outcome.outcome() == QProcEvent::Connected;
     updateMenus();
-    switch (outcome.outcome()) {
-    case QProcEvent::Connected:
+    if (m_isConnected)
         login();
-        break;
-    case QProcEvent::SchemaReady:
-        connectDatabase();
-        break;
-    case QProcEvent::NoDatabase:
-    case QProcEvent::NoTables:
-        offerSchema(outcome.outcome() == QProcEvent::NoDatabase);
-        break;
-    case QProcEvent::ConnectionFailed:
+    else if (outcome.outcome() == QProcEvent::ConnectionFailed)
         showConnectionState(
             tr("Немає зв'язку з базою даних. Перевірте налаштування або мережу і підключіться "
                "знову."));
-        break;
-    case QProcEvent::SchemaFailed:
+    else
+        offerSchema(outcome.outcome() == QProcEvent::NoDatabase);
+}
+
+/// Who works on the connection already goes on as before; on a new database the login follows.
+void Veltab::finishSchema(bool isCreated)
+{
+    if (m_isConnected) {
+        showConnectionState(m_user.isLoaded() ? QString() : tr("Користувач не увійшов."));
+        if (isCreated)
+            refuse(tr("Усі таблиці програми в базі «%1» є.").arg(m_address.name));
+    } else if (isCreated) {
+        connectDatabase();
+    } else {
         showConnectionState(
             tr("Таблиці не створено. Перевірте права користувача бази і підключіться знову."));
-        break;
     }
+    updateMenus();
 }
 
 void Veltab::offerSchema(bool databaseIsMissing)
 {
-    const QString name = m_setting->databaseAddress().name;
     const QString text =
         databaseIsMissing
-            ? tr("На сервері немає бази даних «%1».\nСтворити її та таблиці програми?").arg(name)
-            : tr("У базі даних «%1» немає таблиць програми.\nСтворити таблиці?").arg(name);
+            ? tr("На сервері немає бази даних «%1».\nСтворити її та таблиці програми?").arg(m_address.name)
+            : tr("У базі даних «%1» немає таблиць програми.\nСтворити таблиці?").arg(m_address.name);
     if (QQestion::question(this, tr("Створити?"), text) == QDialog::Accepted)
         CreateTables();
     else
@@ -124,14 +163,20 @@ void Veltab::offerSchema(bool databaseIsMissing)
 
 void Veltab::CreateTables()
 {
-    if (m_task.isRunning())
+    if (m_task.isRunning() || m_tuning != nullptr) {
+        refuse(tr("Зачекайте, доки закінчиться робота з базою, яка триває."));
         return;
+    }
     showConnectionState(tr("Зачекайте. Створюються таблиці."));
-    m_task = QtConcurrent::run(createDatabaseAndSchema, m_setting->databaseAddress(), this);
+    m_task = QtConcurrent::run(createDatabaseAndSchema, m_address, this);
 }
 
 void Veltab::TuneDatabase()
 {
+    if (m_task.isRunning()) {
+        refuse(tr("Зачекайте, доки закінчиться робота з базою, яка триває."));
+        return;
+    }
     if (m_tuning == nullptr)
         m_tuning = TuneWindow::ask(&m_db, this);
     if (m_tuning != nullptr)
@@ -140,9 +185,14 @@ void Veltab::TuneDatabase()
 
 void Veltab::login()
 {
-    if (!m_isConnected || ui->tabWidget->count() > 0) {
-        if (m_isConnected)
-            refuse(tr("Перед входом закрийте всі вкладки!"));
+    if (!m_isConnected)
+        return;
+    if (ui->tabWidget->count() > 0) {
+        refuse(tr("Перед входом закрийте всі вкладки!"));
+        return;
+    }
+    if (hasNewAddress()) {
+        connectDatabase();
         return;
     }
     QSelUser dialog(m_directory, m_setting->prefIdentify(), this, false, false);
@@ -242,7 +292,7 @@ void Veltab::updateMenus()
     const bool nobody = !m_user.isLoaded();
     const bool service = m_user.maySee(Permission::Service) || (nobody && m_isServiceShown);
     ui->settings->setVisible(service || nobody || !m_isConnected);
-    ui->mt_create_tables->setVisible(service);
+    ui->mt_create_tables->setVisible(service && !m_address.host.isEmpty());
     ui->mt_tune->setVisible(service && m_isConnected);
     ui->reconnect->setVisible(!m_isConnected && !m_task.isRunning());
     ui->login->setVisible(m_isConnected);
@@ -264,12 +314,23 @@ void Veltab::showConnectionState(const QString &text)
     updateMenus();
 }
 
+bool Veltab::hasNewAddress() const
+{
+    return m_setting->databaseAddress() != m_address;
+}
+
 void Veltab::applySettings()
 {
-    if (ui->tabWidget->count() == 0)
-        connectDatabase();
-    else
+    if (m_isConnected && !hasNewAddress())
+        return;
+    if (ui->tabWidget->count() > 0)
         refuse(tr("Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову."));
+    else if (m_tuning != nullptr)
+        refuse(tr("Нові налаштування бази почнуть діяти, коли закінчиться прискорення звітів і ви увійдете "
+                  "знову."));
+    else
+        connectDatabase();
+    updateMenus();
 }
 
 void Veltab::s_setting()

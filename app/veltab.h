@@ -1,5 +1,6 @@
 #pragma once
 
+#include "connection.h"
 #include "qloadeduser.h"
 #include "qlogger.h"
 
@@ -58,7 +59,8 @@ public slots:
     void export_to_csv();
     void export_to_csvCP1251();
     void about();
-    /// Connects (again) to the database of the settings, in the background.
+    /// Connects (again) to the database of the settings, in the background. Refused in words while tabs are
+    /// open or the indexes are worked on.
     void connectDatabase();
     void login();
     /// Reads the rights of the user again; menus and tabs follow.
@@ -103,6 +105,10 @@ private:
     QWidget *openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make);
     void closeTabs();
     void applySettings();
+    bool hasNewAddress() const;
+    bool isBusy();
+    void finishConnecting(const QProcEvent &outcome);
+    void finishSchema(bool isCreated);
     void logout();
     void welcome();
     void handleMessage(const QMessEvent &message);
@@ -125,6 +131,8 @@ private:
     QLogger m_logger;
     setting *m_setting = nullptr;
     QSqlDatabase m_db;
+    /// Where m_db is connected, or was tried to: whatever the settings say by now.
+    DatabaseAddress m_address;
     QLoadedUser m_user;
     QTableBase *m_tables = nullptr;
     QReports *m_reports = nullptr;

@@ -2511,6 +2511,35 @@ can damage the data in the database!</translation>
     </message>
 </context>
 <context>
+    <name>SettingFile</name>
+    <message>
+        <source>це каталог.</source>
+        <translation>it is a folder.</translation>
+    </message>
+    <message>
+        <source>це не звичайний файл.</source>
+        <translation>it is not a regular file.</translation>
+    </message>
+    <message>
+        <source>він завеликий для файлу налаштувань.</source>
+        <translation>it is too large for a settings file.</translation>
+    </message>
+    <message>
+        <source>немає дозволу на читання.</source>
+        <translation>there is no permission to read it.</translation>
+    </message>
+    <message>
+        <source>у ньому немає налаштувань програми.</source>
+        <translation>it holds no settings of the program.</translation>
+    </message>
+    <message>
+        <source>Файл налаштувань не прочитано: %1
+%2</source>
+        <translation>The settings file was not read: %1
+%2</translation>
+    </message>
+</context>
+<context>
     <name>ShiftCloser</name>
     <message>
         <source>Зміну № %1 вже закрито в іншій програмі. Нічого не записано.</source>
@@ -3207,6 +3236,30 @@ TO VERSION
     <message>
         <source>Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!</source>
         <translation>Before exiting, wait until the reports are sped up, or stop it!</translation>
+    </message>
+    <message>
+        <source>Перед підключенням закрийте всі вкладки!</source>
+        <translation>Close all tabs before connecting!</translation>
+    </message>
+    <message>
+        <source>Дочекайтесь кінця прискорення звітів або зупиніть його!</source>
+        <translation>Wait until the reports are sped up, or stop it!</translation>
+    </message>
+    <message>
+        <source>Виправте файл і підключіться знову, або введіть налаштування.</source>
+        <translation>Mend the file and connect again, or enter the settings.</translation>
+    </message>
+    <message>
+        <source>Усі таблиці програми в базі «%1» є.</source>
+        <translation>The database “%1” has all tables of the program.</translation>
+    </message>
+    <message>
+        <source>Зачекайте, доки закінчиться робота з базою, яка триває.</source>
+        <translation>Wait until the work on the database that is under way has finished.</translation>
+    </message>
+    <message>
+        <source>Нові налаштування бази почнуть діяти, коли закінчиться прискорення звітів і ви увійдете знову.</source>
+        <translation>The new database settings will take effect when the reports have been sped up and you log in again.</translation>
     </message>
 </context>
 <context>

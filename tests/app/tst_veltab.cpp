@@ -5,6 +5,7 @@
 #include "qqestion.h"
 #include "qseluser.h"
 #include "qtablebase.h"
+#include "setting.h"
 #include "veltab.h"
 
 #include <QAction>
@@ -13,6 +14,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
+#include <QSpinBox>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTemporaryDir>
@@ -36,6 +38,9 @@ private slots:
     void changedRightsAreFollowed();
     void cancelledLoginKeepsTheUser();
     void openTabsKeepTheWindow();
+    void settingsReconnectOnlyToANewAddress();
+    void missingTablesAreAddedInTheSession();
+    void unreadableSettingsConnectNowhere();
     void recordCommandsFollowTheTab();
     void exportFollowsTheRight();
     void serviceMenuIsRevealed();
@@ -332,6 +337,80 @@ void TstVeltab::openTabsKeepTheWindow()
     m_window->closetab(0);
     m_window->closetab(0);
     QVERIFY(m_window->close());
+}
+
+void TstVeltab::settingsReconnectOnlyToANewAddress()
+{
+    startLoggedIn("admin");
+    auto *settings = child<setting>(m_window.get(), "setting");
+    const QString before =
+        m_base->value("SELECT GROUP_CONCAT(ID) FROM INFORMATION_SCHEMA.PROCESSLIST WHERE DB=DATABASE()");
+    child<QSpinBox>(settings, "sbCountMsg")->setValue(50);
+    settings->save();
+    QTest::qWait(100);
+    QVERIFY2(m_window->isReady(), "another number of messages needs no new login");
+    QCOMPARE(m_base->value("SELECT GROUP_CONCAT(ID) FROM INFORMATION_SCHEMA.PROCESSLIST WHERE DB=DATABASE()"),
+             before);
+
+    action("mt_goods")->trigger();
+    FreshDatabase other;
+    child<QLineEdit>(settings, "leBase")->setText(other.address().name);
+    QCOMPARE(answerQuestion([&] { settings->save(); }),
+             QString("Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову."));
+    QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 1);
+    QVERIFY(m_window->isReady() && m_window->windowTitle().endsWith(m_base->address().name));
+    m_window->closetab(0);
+    QVERIFY(withModal<QSelUser>(
+        [&] {
+            action("login")->trigger();
+            QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
+        },
+        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
+    QVERIFY(m_window->windowTitle().endsWith(other.address().name));
+    m_window.reset();
+}
+
+/// On the connection in use, whatever the settings say by now, and without a word to those who work on it.
+void TstVeltab::missingTablesAreAddedInTheSession()
+{
+    startLoggedIn("admin");
+    action("mt_goods")->trigger();
+    FreshDatabase other(FreshDatabase::Empty);
+    auto *settings = child<setting>(m_window.get(), "setting");
+    child<QLineEdit>(settings, "leBase")->setText(other.address().name);
+    answerQuestion([&] { settings->save(); });
+    m_base->exec("DROP TABLE onoffline");
+    const auto tables = [](FreshDatabase *base) {
+        return base->value("SELECT COUNT(*) FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE()");
+    };
+    const int left = tables(m_base.get()).toInt();
+    const QString told = answerQuestion([&] {
+        action("mt_create_tables")->trigger();
+        QTRY_COMPARE_WITH_TIMEOUT(tables(m_base.get()).toInt(), left + 1, 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!connectionText().startsWith("Зачекайте"), 10000);
+    });
+    QCOMPARE(told, "Усі таблиці програми в базі «" + m_base->address().name + "» є.");
+    QCOMPARE(tables(&other), QString("0"));
+    QVERIFY(m_window->isReady() && connectionText().isEmpty());
+    QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 1);
+}
+
+void TstVeltab::unreadableSettingsConnectNowhere()
+{
+    const QString path = m_folder->filePath("Velta.ini");
+    QVERIFY(QDir().mkdir(path));
+    start([](QDialog *dialog) { dialog->accept(); });
+    QVERIFY2(connectionText().startsWith("Файл налаштувань не прочитано: " + path + "\nце каталог."),
+             qPrintable(connectionText()));
+    QVERIFY(m_shown.isEmpty() && !m_window->isReady());
+    QVERIFY(QDir().rmdir(path));
+    writeSettings(m_base->address());
+    QVERIFY(withModal<QSelUser>(
+        [&] {
+            child<QPushButton>(m_window.get(), "pbReconnect")->click();
+            QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
+        },
+        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
 }
 
 void TstVeltab::recordCommandsFollowTheTab()
