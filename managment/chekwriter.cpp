@@ -126,11 +126,16 @@ std::optional<QString> ChekWriter::shiftRefusal(const Receipt &receipt) const
 
 std::optional<QString> ChekWriter::placeRefusal() const
 {
+    return placeRefusal("");
+}
+
+std::optional<QString> ChekWriter::placeRefusal(const char *lock) const
+{
     const auto cells =
         row(QStringLiteral("SELECT kassa.id_shop,IFNULL(kassa.block,0)<>0,IFNULL(shops.block,0)<>0,"
                            "shops.address FROM kassa LEFT JOIN shops ON shops.id=kassa.id_shop WHERE "
                            "kassa.id=") +
-            m_place.kass);
+            m_place.kass + QLatin1String(lock));
     if (!cells)
         return std::nullopt;
     if (cells->value(0) != m_place.shop)
@@ -250,7 +255,7 @@ bool ChekWriter::joinShift(const Receipt &receipt, const ChekPayment &payment, R
 
 bool ChekWriter::checkPlace(Result *result) const
 {
-    const auto why = placeRefusal();
+    const auto why = placeRefusal(" LOCK IN SHARE MODE");
     return why && (why->isEmpty() || refuse(result, Blocked, *why));
 }
 

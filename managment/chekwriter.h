@@ -86,6 +86,7 @@ private:
     bool openShift(Result *result) const;
     bool joinShift(const Receipt &receipt, const ChekPayment &payment, Result *result) const;
     bool checkPlace(Result *result) const;
+    std::optional<QString> placeRefusal(const char *lock) const;
     bool writeRows(const Receipt &receipt, const ChekPayment &payment, Result *result) const;
     Outcome failure() const;
     Outcome afterFailedCommit() const;

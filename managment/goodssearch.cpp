@@ -58,9 +58,19 @@ QString nameCondition(const QString &text)
     return conditions.join(QStringLiteral(" AND "));
 }
 
+QString goodsCondition(const QVector<quint32> &goods)
+{
+    QStringList ids = {QStringLiteral("0")};
+    for (quint32 id : goods)
+        ids.append(QString::number(id));
+    return QStringLiteral("goods.id IN (") + ids.join(QLatin1Char(',')) + QLatin1Char(')');
+}
+
 QString condition(const GoodsSearch &search)
 {
     switch (search.by) {
+    case GoodsSearch::Goods:
+        return goodsCondition(search.goods);
     case GoodsSearch::ExactBarcode:
         return QStringLiteral("dk_shc.shtrihcod=") + lit(search.text);
     case GoodsSearch::Name:
@@ -72,6 +82,20 @@ QString condition(const GoodsSearch &search)
 }
 } // namespace
 
+namespace {
+/// The kind in force, its value and the promotion's own name.
+QString promotionOf(std::string_view stored)
+{
+    const QString cell = QString::fromUtf8(stored.data(), static_cast<int>(stored.size()));
+    const auto part = [&](int number) { return cell.section(QLatin1Char('\t'), number, number); };
+    const int kind = part(0).toInt();
+    return kind == ReceiptRow::withoutAction ? part(2)
+                                             : promotionCaption(kind, part(1).toLongLong(), part(2));
+}
+} // namespace
+
+const CellFormat asPromotion = {promotionOf, promotionOf, false};
+
 QString goodsListSql(const GoodsSearch &search)
 {
     const QString shop = QString::number(search.idShop);
@@ -82,11 +106,14 @@ QString goodsListSql(const GoodsSearch &search)
            actionInForce(sqlDateTime(search.time),
                          lit(QLatin1Char('%') + weekDayToken(search.time.date()) + QLatin1Char('%'))) +
            // The name is looked up by the promotion's type, as the other programs on this database do.
-           QStringLiteral(" AS act,action.val,action.val_1,action.val_2,"
-                          "(SELECT action.name FROM action WHERE id=act) FROM goods_shop "
-                          "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
-                          "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
-                          "LEFT JOIN action ON goods_shop.id_action=action.id WHERE goods_shop.id_shop=") +
+           QStringLiteral(
+               " AS act,action.val,action.val_1,action.val_2,"
+               "(SELECT action.name FROM action WHERE id=act),"
+               "CONCAT_WS(CHAR(9),(SELECT act),action.val,IF((SELECT act)=1,(SELECT action.name FROM action "
+               "WHERE id=1),action.name)) FROM goods_shop "
+               "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
+               "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
+               "LEFT JOIN action ON goods_shop.id_action=action.id WHERE goods_shop.id_shop=") +
            shop +
            QStringLiteral(" AND goods.block=0 AND (goods.group_g<2 OR goods.group_g>5)"
                           " AND (goods.id_rules_goods=1 OR goods.id_rules_goods=2") +
@@ -114,5 +141,6 @@ ReceiptRow receiptRow(const QStringList &cells)
     row.actVal1 = cells.at(GoodsColumn::ActVal1).toLongLong();
     row.actVal2 = cells.at(GoodsColumn::ActVal2).toLongLong();
     row.actName = cells.at(GoodsColumn::ActName);
+    row.actOwnName = cells.at(GoodsColumn::Promotion).section(QLatin1Char('\t'), 2);
     return row;
 }

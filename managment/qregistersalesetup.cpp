@@ -45,7 +45,8 @@ QVector<Column> QRegisterSale::goodsColumns()
             hidden,
             hidden,
             hidden,
-            {tr("акція"), 16}};
+            hidden,
+            {tr("акція"), 16, &asPromotion}};
 }
 
 void QRegisterSale::setUpGoods()

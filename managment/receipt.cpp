@@ -15,6 +15,24 @@ qint64 ReceiptRow::actDiscount() const
     return shareOf(sum(), qMin<qint64>(actVal, 10000));
 }
 
+QString promotionCaption(int kind, qint64 value, const QString &name)
+{
+    if (kind != ReceiptRow::percentAction)
+        return QCoreApplication::translate("Receipt", "%1 (без знижки)").arg(name);
+    QString rate = rateText(qMin<qint64>(value, 10000));
+    while (rate.contains(QLatin1Char('.')) &&
+           (rate.endsWith(QLatin1Char('0')) || rate.endsWith(QLatin1Char('.'))))
+        rate.chop(1);
+    return QStringLiteral("\u2212%1\u00a0% %2").arg(rate, name).trimmed();
+}
+
+QString promotionCaption(const ReceiptRow &row)
+{
+    return row.actType == ReceiptRow::withoutAction
+               ? row.actName
+               : promotionCaption(row.actType, row.actVal, row.actOwnName);
+}
+
 QVector<qint64> inProportion(qint64 sum, const QVector<qint64> &weights)
 {
     const qint64 all = std::accumulate(weights.begin(), weights.end(), qint64(0));
@@ -37,9 +55,21 @@ void Receipt::add(const ReceiptRow &row)
 
 void Receipt::remove(int row)
 {
+    if (m_extra < 0)
+        m_extra += m_rows.at(row).actDiscount() - m_rows.at(row).discount;
     m_rows.remove(row);
     if (m_rows.isEmpty())
         m_extra = 0;
+    calcDiscRow();
+}
+
+void Receipt::takeOver(int row, const ReceiptRow &now)
+{
+    ReceiptRow &old = m_rows[row];
+    const ReceiptRow before = old;
+    old = now;
+    old.quantity = before.quantity;
+    old.barcode = before.barcode;
     calcDiscRow();
 }
 

@@ -33,7 +33,10 @@ struct ReceiptRow
     qint64 actVal = 0;
     qint64 actVal1 = 0;
     qint64 actVal2 = 0;
+    /// The name of the promotion whose number is that of the kind, as other programs look it up.
     QString actName;
+    /// That of the promotion itself.
+    QString actOwnName;
     /// False when neither the goods item nor a price list tells a price.
     bool hasPrice = true;
     qint64 price = 0;
@@ -45,6 +48,12 @@ struct ReceiptRow
     qint64 actDiscount() const;
     bool isPiece() const { return type == pieceGoods; }
 };
+
+/// What a promotion does, and its name: "−15 % Хлібний тиждень". kind: type_action; value: of a percentage
+/// its hundredths of a per cent.
+QString promotionCaption(int kind, qint64 value, const QString &name);
+/// Of the row's promotion in force; without one the name that the list has for that.
+QString promotionCaption(const ReceiptRow &row);
 
 /// A receipt that is being filled: its rows, sums and rules. The discount of the receipt is always the sum
 /// of those of its rows, as far as the rows may carry it.
@@ -70,9 +79,12 @@ public:
     void add(const ReceiptRow &row);
     void remove(int row);
     void setQuantity(int row, qint64 thousandths);
+    /// What the goods list says of the row by now, without its quantity and barcode.
+    void takeOver(int row, const ReceiptRow &now);
     void clear();
     /// The discount of the whole receipt as somebody typed it. What goes beyond the promotions is spread
-    /// over the rows that may have a discount, and stays beyond them when rows come and go.
+    /// over the rows that may have a discount, and stays beyond them when rows come and go; what stays below
+    /// the promotions goes with the rows whose discounts it lowered.
     void setDiscount(qint64 kopecks);
 
     qint64 total() const;

@@ -26,7 +26,7 @@ QString cellText(const ReceiptRow &row, int column)
     case ReceiptModel::Quantity:
         return quantityOf(row);
     case ReceiptModel::ActName:
-        return row.actName;
+        return promotionCaption(row);
     case ReceiptModel::Price:
         return moneyShown(row.price);
     case ReceiptModel::Sum:

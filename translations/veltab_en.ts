@@ -2370,6 +2370,10 @@ Close the period before closing the shift?</translation>
         <source>Знижка більша за вартість товарів, на які вона дозволена.</source>
         <translation>The discount is greater than the value of the goods for which it is allowed.</translation>
     </message>
+    <message>
+        <source>%1 (без знижки)</source>
+        <translation>%1 (no discount)</translation>
+    </message>
 </context>
 <context>
     <name>ReceiptModel</name>
@@ -2465,6 +2469,41 @@ Close the period before closing the shift?</translation>
     <message>
         <source>Файл збережено: %1</source>
         <translation>File saved: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SaleChanges</name>
+    <message>
+        <source>без акції</source>
+        <translation>no promotion</translation>
+    </message>
+    <message>
+        <source>«%1»: %2: %3 → %4</source>
+        <translation>“%1”: %2: %3 → %4</translation>
+    </message>
+    <message>
+        <source>ціна змінилась</source>
+        <translation>the price has changed</translation>
+    </message>
+    <message>
+        <source>акція змінилась</source>
+        <translation>the promotion has changed</translation>
+    </message>
+    <message>
+        <source>податкова група змінилась</source>
+        <translation>the tax group has changed</translation>
+    </message>
+    <message>
+        <source>«%1»: товар заблоковано.</source>
+        <translation>“%1”: the goods item is blocked.</translation>
+    </message>
+    <message>
+        <source>«%1»: товар більше не продається в цьому магазині.</source>
+        <translation>“%1”: the goods item is not sold in this shop any more.</translation>
+    </message>
+    <message>
+        <source>«%1»: товар більше не має ціни.</source>
+        <translation>“%1”: the goods item has no price any more.</translation>
     </message>
 </context>
 <context>

@@ -11,13 +11,13 @@ void fillSaleShop(FreshDatabase *base)
         QStringLiteral("INSERT INTO group_shop(id,name) VALUES(2,'Місто')"),
         QStringLiteral("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2)"),
         QStringLiteral("INSERT INTO group_goods(id,name) VALUES(3,'Тара')"),
-        QStringLiteral("INSERT INTO users(id,login,pass,key_prem,name,surname,id_g_prem) "
-                       "VALUES(2,'second','x','2000000002','Друга','Зміна',1)"),
         QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES"
                        "(1,'вул. Перша, 1',2,3,0),(2,'вул. Друга, 2',2,1,0),(3,'Офіс',2,-1,0),"
                        "(4,'Склад',2,0,0),(5,'Зачинений',2,1,1)"),
+        QStringLiteral("INSERT INTO users(id,login,pass,key_prem,name,surname,id_g_prem,id_shop) "
+                       "VALUES(2,'second','x','2000000002','Друга','Зміна',1,2)"),
         QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(1,1,'Каса 1',0),"
-                       "(2,1,'Каса 2',0),(3,1,'Заблокована',1),(4,2,'Каса 4',0)"),
+                       "(2,1,'Каса 2',0),(3,1,'Заблокована',1),(4,2,'Каса 1',0)"),
         QStringLiteral("INSERT INTO goods(id,name,name_short,price,type,group_g,tax,bonus_disk,block) VALUES"
                        "(10,'Хліб житній','Хліб',5000,1,1,1,1,0),(11,'Сир ваговий','Сир',8000,0,1,2,1,0),"
                        "(12,'Пакет O''Neil 5%','Пакет',1230,1,1,NULL,0,0),"

@@ -4,8 +4,9 @@
 #include "saleclock.h"
 #include "testing.h"
 
-/// A small chain to sell in: shop 1 (group 2, period of three days) with registers 1 and 2, an office and a
-/// warehouse, goods 10 to 15 and the user 2 beside the administrator.
+/// A small chain to sell in: shop 1 (group 2, period of three days) with registers 1 and 2, shop 2
+/// with register 4 of the same name as register 1, an office and a warehouse, goods 10 to 15 and, beside the
+/// administrator, the user 2, whose home is shop 2.
 ///
 /// goods | type   | tax  | price  | barcode       |
 /// 10    | piece  | 1    | 50.00  | 4820000000109 |

@@ -1,6 +1,7 @@
 #include "chekwriter.h"
 
 #include "goodssearch.h"
+#include "salechanges.h"
 #include "saleshop.h"
 
 #include <QDateTime>
@@ -29,6 +30,7 @@ ChekPlace place(int kass = 1, int user = 1)
     return {QStringLiteral("1"), QString::number(kass), QString::number(user)};
 }
 } // namespace
+Q_DECLARE_METATYPE(ChekPayment)
 
 class tst_chekwriter : public QObject
 {
@@ -45,21 +47,39 @@ private slots:
     void numbersGoOn();
     void dayAndRatesOfANewShift();
     void oddGoods();
+    void allTaxGroups();
+    void disagreement_data();
+    void disagreement();
+    void timeOfWriting_data();
+    void timeOfWriting();
+    void shiftLimits_data();
+    void shiftLimits();
+    void sumsWithoutValue();
+    void numbersRunOut();
     void foreignShiftBlocks();
+    void shiftClosedMeanwhile();
+    void placeChangedMeanwhile_data();
+    void placeChangedMeanwhile();
+    void brokenConnection_data();
     void brokenConnection();
     void brokenAtTheEnd();
     void refusedStatements();
     void twoWritersOnOneRegister();
     void twoWritersOnTwoRegisters();
+    void lockThatIsReleased();
+    void askedWhileTransactionIsOpen();
     void prices();
     void promotions_data();
     void promotions();
+    void promotionCaptions();
+    void changesBeforePayment();
     void searchTakesTextAsData();
 
 private:
     Receipt receipt(const QVector<QPair<int, qint64>> &goods);
     ChekWriter::Result sell(const Receipt &receipt, int kass = 1);
     QString stock(int goods);
+    void openShift(const QString &columns = {}, const QString &values = {});
     /// Everything that a sale writes.
     QStringList written();
     void checkSums();
@@ -110,6 +130,14 @@ QString tst_chekwriter::stock(int goods)
 {
     return m_base->value(
         QStringLiteral("SELECT count_showroom FROM goods_shop WHERE id_shop=1 AND id_goods=%1").arg(goods));
+}
+
+/// Shift 1 of register 1, with further columns.
+void tst_chekwriter::openShift(const QString &columns, const QString &values)
+{
+    m_base->exec(QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time%1) "
+                                "VALUES(1,1,1,1,0%2)")
+                     .arg(columns, values));
 }
 
 QStringList tst_chekwriter::written()
@@ -237,6 +265,158 @@ void tst_chekwriter::oddGoods()
     QCOMPARE(m_base->value(text("SELECT cash FROM z_zvit")), text("3690"));
 }
 
+/// Each group into its own column, twice.
+void tst_chekwriter::allTaxGroups()
+{
+    Receipt sold;
+    for (int tax = 1; tax <= 5; ++tax) {
+        ReceiptRow row = goodsRow(m_base.get(), 10);
+        row.tax = tax;
+        row.quantity = 1000 * tax;
+        sold.add(row);
+    }
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    QCOMPARE(m_base->rows(text("SELECT Oborot_A,Oborot_B,Oborot_V,Oborot_G,Oborot_D,cash FROM z_zvit")),
+             (QStringList{text("10000|20000|30000|40000|50000|150000")}));
+    QCOMPARE(stock(10), text("-20000"));
+}
+
+void tst_chekwriter::disagreement_data()
+{
+    QTest::addColumn<qint64>("discount");
+    QTest::addColumn<ChekPayment>("payment");
+    QTest::addColumn<QString>("words");
+    // 50.00 and 30.00; all rows may have a discount.
+    QTest::newRow("sound") << qint64(500) << ChekPayment{500, 7500, 7000, 100, 300, text("100.00")}
+                           << QString();
+    QTest::newRow("another sum") << qint64(0) << ChekPayment{0, 5000, 5000, 0, 0} << "до оплати (50.00)";
+    QTest::newRow("another discount")
+        << qint64(500) << ChekPayment{0, 8000, 8000, 0, 0} << "Знижки рядків (5.00)";
+    QTest::newRow("no row for it") << qint64(8001) << ChekPayment{8001, -1, -1, 0, 0} << "до оплати (-0.01)";
+    QTest::newRow("paid less") << qint64(0) << ChekPayment{0, 8000, 7999, 0, 0} << "не стільки";
+    QTest::newRow("paid more") << qint64(0) << ChekPayment{0, 8000, 8000, 1, 0} << "не стільки";
+    QTest::newRow("negative") << qint64(0) << ChekPayment{0, 8000, 8001, -1, 0} << "не стільки";
+    QTest::newRow("fourth") << qint64(0) << ChekPayment{0, 8000, 7999, 0, 0, text("1.50")} << "не стільки";
+}
+
+void tst_chekwriter::disagreement()
+{
+    QFETCH(qint64, discount);
+    QFETCH(ChekPayment, payment);
+    QFETCH(QString, words);
+    Receipt sold = receipt({{10, 1000}, {13, 1000}});
+    sold.setDiscount(discount);
+    int sent = 0;
+    const QStringList before = written();
+    Db::setStatementHook([&](const QString &) { ++sent; });
+    const auto result = ChekWriter(m_base->db(), place()).write(sold, payment);
+    Db::setStatementHook({});
+    QCOMPARE(result.outcome, words.isEmpty() ? ChekWriter::Written : ChekWriter::Refused);
+    if (words.isEmpty())
+        return checkSums();
+    QVERIFY2(ChekWriter::explanation(result).contains(words), qPrintable(ChekWriter::explanation(result)));
+    QCOMPARE(sent, 0);
+    QCOMPARE(written(), before);
+}
+
+void tst_chekwriter::timeOfWriting_data()
+{
+    QTest::addColumn<QDateTime>("clock");
+    QTest::addColumn<QDate>("chosen");
+    QTest::addColumn<QString>("stamp");
+    const QDateTime justAfterMidnight(QDate(2026, 11, 22), QTime(0, 0, 3));
+    QTest::newRow("filled before midnight") << justAfterMidnight << QDate() << "20261122000003";
+    QTest::newRow("another date") << justAfterMidnight << QDate(2026, 11, 21) << "20261121000003";
+    QTest::newRow("an hour that summer time skips")
+        << QDateTime(QDate(2026, 4, 1), QTime(3, 30)) << QDate(2026, 3, 29) << "20260329033000";
+}
+
+void tst_chekwriter::timeOfWriting()
+{
+    QFETCH(QDateTime, clock);
+    QFETCH(QDate, chosen);
+    QFETCH(QString, stamp);
+    const Receipt sold = receipt({{10, 1000}});
+    const ClockAt now(clock);
+    const auto result = ChekWriter(m_base->db(), place()).write(sold, inCash(sold), chosen);
+    QCOMPARE(result.outcome, ChekWriter::Written);
+    QCOMPARE(result.chek.time, stamp);
+    QCOMPARE(m_base->rows(text("SELECT DISTINCT DATE_FORMAT(data_time,'%Y%m%d%H%i%s') FROM cheks")),
+             (QStringList{stamp}));
+}
+
+void tst_chekwriter::shiftLimits_data()
+{
+    QTest::addColumn<QString>("columns");
+    QTest::addColumn<QString>("values");
+    QTest::addColumn<bool>("fits");
+    // The receipt adds 50.00 to Oborot_A and to cash,.
+    QTest::newRow("up to the last kopeck") << ",Oborot_A,Oborot_D"
+                                           << ",2147470000,8647" << true;
+    QTest::newRow("one kopeck more") << ",Oborot_A,Oborot_D"
+                                     << ",2147470000,8648" << false;
+    QTest::newRow("net of discounts") << ",Oborot_B,summ_diskount"
+                                      << ",2147483647,5000" << true;
+    QTest::newRow("too little discount") << ",Oborot_B,summ_diskount"
+                                         << ",2147483647,4999" << false;
+    QTest::newRow("gross") << ",Oborot_A,summ_diskount"
+                           << ",4294962296,4294962296" << false;
+    QTest::newRow("cash") << ",cash"
+                          << ",2147478648" << false;
+}
+
+void tst_chekwriter::shiftLimits()
+{
+    QFETCH(QString, columns);
+    QFETCH(QString, values);
+    QFETCH(bool, fits);
+    openShift(columns, values);
+    const Receipt sold = receipt({{10, 1000}});
+    const QStringList before = written();
+    const auto told = ChekWriter(m_base->db(), place()).shiftRefusal(sold);
+    QVERIFY(told.has_value());
+    // How it will be paid is not known before.
+    if (columns != QLatin1String(",cash"))
+        QCOMPARE(told->isEmpty(), fits);
+    const auto result = sell(sold);
+    QCOMPARE(result.outcome, fits ? ChekWriter::Written : ChekWriter::Refused);
+    if (fits)
+        return;
+    QVERIFY(ChekWriter::explanation(result).contains(text("Зміна № 1 не вмістить")));
+    QVERIFY(ChekWriter::explanation(result).contains(text("Закрийте зміну (F12)")));
+    QCOMPARE(written(), before);
+    m_base->exec(text("UPDATE z_zvit SET data_time=20261121130000"));
+    QCOMPARE(*ChekWriter(m_base->db(), place()).shiftRefusal(sold), QString());
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+}
+
+void tst_chekwriter::sumsWithoutValue()
+{
+    openShift(text(",cash,Oborot_A,count_cheks,beznal_2,summ_diskount"), text(",NULL,NULL,NULL,NULL,700"));
+    QCOMPARE(sell(receipt({{10, 1000}})).outcome, ChekWriter::Written);
+    QCOMPARE(m_base->rows(text("SELECT cash,Oborot_A,count_cheks,beznal_2,summ_diskount FROM z_zvit")),
+             (QStringList{text("5000|5000|1|0|700")}));
+}
+
+void tst_chekwriter::numbersRunOut()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    m_base->exec(text("INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position) VALUES"
+                      "(1,1,1,2147483646,0)"));
+    const auto last = sell(sold);
+    QCOMPARE(last.chek.number, 2147483647);
+    const QStringList before = written();
+    const auto none = sell(sold);
+    QCOMPARE(none.outcome, ChekWriter::Refused);
+    QVERIFY(ChekWriter::explanation(none).contains(text("більших за 2147483647 немає")));
+    QCOMPARE(written(), before);
+    m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) "
+                      "VALUES(2147483647,1,2,1,20261120200000)"));
+    QCOMPARE(sell(sold, 2).outcome, ChekWriter::Refused);
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM z_zvit WHERE id_kass=2")), text("1"));
+}
+
 void tst_chekwriter::foreignShiftBlocks()
 {
     m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(1,1,1,2,0)"));
@@ -248,19 +428,109 @@ void tst_chekwriter::foreignShiftBlocks()
     QCOMPARE(sell(receipt({{10, 1000}}), 2).outcome, ChekWriter::Written);
 }
 
+/// Closed by another program between reading the shift and joining it; and, whatever locks there may be,
+/// right before its sums are added.
+void tst_chekwriter::shiftClosedMeanwhile()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    const QString close = text("UPDATE z_zvit SET data_time=20261121123000 WHERE id_kass=1 AND id_zzvit=1");
+    const QStringList before = written();
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith(QLatin1String("SELECT data_time=0")))
+            otherDb.run(close);
+    });
+    const auto late = sell(sold);
+    QCOMPARE(late.outcome, ChekWriter::ShiftClosed);
+    QVERIFY(ChekWriter::explanation(late).contains(text("Зміну № 1 щойно закрила")));
+    QCOMPARE(written(), before);
+    m_base->exec(text("UPDATE z_zvit SET data_time=0"));
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith(QLatin1String("UPDATE z_zvit  SET")))
+            QSqlQuery(*m_base->connection()).exec(close);
+    });
+    QCOMPARE(sell(sold).outcome, ChekWriter::ShiftClosed);
+    Db::setStatementHook({});
+    QCOMPARE(written(), before);
+    QCOMPARE(m_base->heard.texts(), QStringList());
+    m_base->exec(close);
+    QCOMPARE(sell(sold).chek.zNumber, text("2"));
+    checkSums();
+}
+
+void tst_chekwriter::placeChangedMeanwhile_data()
+{
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<QString>("back");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("register blocked") << "UPDATE kassa SET block=1 WHERE id=1"
+                                      << "UPDATE kassa SET block=0 WHERE id=1"
+                                      << "Касу заблоковано";
+    QTest::newRow("shop blocked") << "UPDATE shops SET block=1 WHERE id=1"
+                                  << "UPDATE shops SET block=NULL WHERE id=1"
+                                  << "Магазин заблоковано";
+    QTest::newRow("register moved") << "UPDATE kassa SET id_shop=2 WHERE id=1"
+                                    << "UPDATE kassa SET id_shop=1 WHERE id=1"
+                                    << "«вул. Друга, 2»";
+    QTest::newRow("shift elsewhere") << "UPDATE z_zvit SET id_shop=2"
+                                     << "UPDATE z_zvit SET id_shop=1"
+                                     << "в іншому магазині";
+}
+
+void tst_chekwriter::placeChangedMeanwhile()
+{
+    QFETCH(QString, change);
+    QFETCH(QString, back);
+    QFETCH(QString, words);
+    const Receipt sold = receipt({{10, 1000}});
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    const QStringList before = written();
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    // After the transaction has read something already: it must not believe its older picture.
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith(QLatin1String("SELECT id_zzvit,id_user")))
+            otherDb.run(change);
+    });
+    const auto result = sell(sold);
+    Db::setStatementHook({});
+    QCOMPARE(result.outcome, ChekWriter::Blocked);
+    QVERIFY2(ChekWriter::explanation(result).contains(words), qPrintable(ChekWriter::explanation(result)));
+    QCOMPARE(written(), before);
+    m_base->exec(back);
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+}
+
+void tst_chekwriter::brokenConnection_data()
+{
+    QTest::addColumn<bool>("opens");
+    QTest::addColumn<int>("count");
+    QTest::newRow("opens a shift") << true << 12;
+    QTest::newRow("joins a shift") << false << 10;
+}
+
 /// The connection breaks right before each statement in turn: nothing is written, and the next try works.
 void tst_chekwriter::brokenConnection()
 {
+    QFETCH(bool, opens);
+    QFETCH(int, count);
     Receipt sold = receipt({{10, 1000}, {11, 250}});
     sold.setDiscount(500);
     QStringList statements;
+    if (!opens)
+        openShift();
     Db::setStatementHook([&](const QString &sql) { statements.append(sql); });
     QCOMPARE(sell(sold).outcome, ChekWriter::Written);
     Db::setStatementHook({});
-    QVERIFY2(statements.size() == 12, qPrintable(statements.join(QLatin1Char('\n'))));
+    // Nothing comes between what locks the stock and COMMIT but the shift's sums.
+    QVERIFY(statements.at(count - 3).startsWith(QLatin1String("UPDATE goods_shop")));
+    QVERIFY2(statements.size() == count, qPrintable(statements.join(QLatin1Char('\n'))));
     for (int broken = 1; broken < statements.size(); ++broken) {
         // The first receipt opens the shift, and so must those that are tried.
-        m_base->exec(text("UPDATE z_zvit SET data_time=20261121130000 WHERE data_time=0"));
+        if (opens)
+            m_base->exec(text("UPDATE z_zvit SET data_time=20261121130000 WHERE data_time=0"));
         const QStringList before = written();
         m_base->heard.forget();
         int sent = 0;
@@ -392,6 +662,56 @@ void tst_chekwriter::twoWritersOnTwoRegisters()
     checkSums();
 }
 
+/// Another program holds the stock longer than the server waits for it, then lets go: nobody hears of it.
+void tst_chekwriter::lockThatIsReleased()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    QVERIFY(m_base->db().run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=1")));
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    QVERIFY(otherDb.run(text("START TRANSACTION")) &&
+            otherDb.run(text("UPDATE goods_shop SET count_syllable=1 WHERE id_shop=2 AND id_goods=13")));
+    int tries = 0;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == QLatin1String("START TRANSACTION") && ++tries == 2)
+            QSqlQuery(*other.database()).exec(text("ROLLBACK"));
+    });
+    const auto result = sell(sold);
+    Db::setStatementHook({});
+    QVERIFY(m_base->db().run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=5")));
+    QCOMPARE(result.outcome, ChekWriter::Written);
+    QCOMPARE(tries, 2);
+    QCOMPARE(result.chek.number, 1);
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+    QCOMPARE(stock(10), text("9000"));
+    checkSums();
+}
+
+/// The client has lost its connection, but the server still holds the transaction: neither yes nor no.
+void tst_chekwriter::askedWhileTransactionIsOpen()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    QVERIFY(otherDb.run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=1")));
+    WrittenChek asked = {place(), 1, text("1"), text("20261121123005"), 2, 5000};
+    std::optional<bool> answer = true;
+    bool isAsked = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql != QLatin1String("COMMIT") || isAsked)
+            return;
+        isAsked = true;
+        // Asked with the register of the receipt, whatever is chosen by then.
+        answer = ChekWriter(otherDb, place(2, 2)).isWritten(asked);
+    });
+    QCOMPARE(sell(sold).outcome, ChekWriter::Written);
+    Db::setStatementHook({});
+    QVERIFY(isAsked && !answer.has_value());
+    QCOMPARE(ChekWriter(otherDb, place(2)).isWritten(asked), std::optional<bool>(true));
+    asked.number = 2;
+    QCOMPARE(ChekWriter(otherDb, place(2)).isWritten(asked), std::optional<bool>(false));
+}
+
 /// The less a row of the price list is wanted the later it is put in: each one has to win over those before.
 void tst_chekwriter::prices()
 {
@@ -481,6 +801,80 @@ void tst_chekwriter::promotions()
     QCOMPARE(row.actName, inForce ? text("Мінус десять") : text("Без акції"));
     QCOMPARE(row.actDiscount(), inForce ? qint64(500) : qint64(0));
     QCOMPARE(row.actVal1 * 10 + row.actVal2, qint64(78));
+}
+
+/// Shown is what the promotion does and its own name, never that of the promotion with the number of its
+/// kind.
+void tst_chekwriter::promotionCaptions()
+{
+    m_base->exec(text("INSERT INTO type_action(id,name) VALUES(3,'Подарунок')"));
+    m_base->exec(text("INSERT INTO action(id,name,id_type_action,val,datetime_start,week_day) VALUES"
+                      "(2,'Вихідні -10 %',2,1000,0,'Sat,'),(5,'Хлібна',2,1750,0,'Sat,'),"
+                      "(6,'Другий у подарунок',3,100,0,'Sat,'),(7,'У понеділок',2,2000,0,'Mon,')"));
+    const auto shown = [&](int action) {
+        m_base->exec(QStringLiteral("UPDATE goods_shop SET id_action=%1 WHERE id_goods=10").arg(action));
+        GoodsSearch search;
+        search.idShop = 1;
+        search.text = QStringLiteral("4820000000109");
+        search.time = noon;
+        auto query = m_base->db().run(goodsListSql(search));
+        if (!query || !query->next())
+            return QString();
+        QStringList cells;
+        for (int i = 0; i < GoodsColumn::Count; ++i)
+            cells.append(toText(query->value(i)));
+        const QByteArray stored = cells.at(GoodsColumn::Promotion).toUtf8();
+        const QString listed = asPromotion.shown({stored.constData(), static_cast<size_t>(stored.size())});
+        const QString inReceipt = promotionCaption(receiptRow(cells));
+        return listed == inReceipt ? inReceipt.simplified() : listed + QLatin1Char('/') + inReceipt;
+    };
+    QCOMPARE(shown(1), text("Без акції"));
+    QCOMPARE(shown(2), text("−10 % Вихідні -10 %"));
+    QCOMPARE(shown(5), text("−17.5 % Хлібна"));
+    QCOMPARE(shown(6), text("Другий у подарунок (без знижки)"));
+    QCOMPARE(shown(7), text("Без акції"));
+    m_base->exec(text("UPDATE goods_shop SET id_action=1"));
+    m_base->exec(text("DELETE FROM action WHERE id>1"));
+    m_base->exec(text("DELETE FROM type_action WHERE id=3"));
+}
+
+void tst_chekwriter::changesBeforePayment()
+{
+    Receipt filled = receipt({{10, 2000}, {11, 250}, {13, 1000}, {10, 1000}});
+    GoodsSearch search;
+    search.idShop = 1;
+    search.time = noon;
+    const auto changes = [&] {
+        const auto found = saleChanges(m_base->db(), place(), filled, search);
+        if (!found)
+            qFatal("Nothing was read");
+        return *found;
+    };
+    QVERIFY(changes().isEmpty());
+    m_base->exec(text("INSERT INTO prices(id_goods,id_shop,id_group,priority,price) VALUES(10,1,1,0,9900)"));
+    m_base->exec(text("INSERT INTO action(id,name,id_type_action,val,datetime_start,week_day) VALUES"
+                      "(2,'Сирна',2,1500,0,'Sat,')"));
+    m_base->exec(text("UPDATE goods_shop SET id_action=2 WHERE id_goods=11"));
+    SaleChanges found = changes();
+    QCOMPARE(found.told, (QStringList{text("«Хліб житній»: ціна змінилась: 50.00 → 99.00"),
+                                      text("«Сир ваговий»: акція змінилась: без акції → −15\u00a0% Сирна")}));
+    QCOMPARE(found.blocking, QStringList());
+    for (int i = 0; i < found.rows.size(); ++i)
+        filled.takeOver(i, found.rows.at(i));
+    QVERIFY(changes().isEmpty());
+    // 3 × 99.00, 20.00 less 15 %, 30.00
+    QCOMPARE(filled.total(), qint64(34700));
+    QCOMPARE(filled.discount(), qint64(300));
+    m_base->exec(text("UPDATE goods SET block=1 WHERE id=13"));
+    m_base->exec(text("UPDATE goods SET group_g=3 WHERE id=11"));
+    m_base->exec(text("UPDATE kassa SET block=1 WHERE id=1"));
+    found = changes();
+    m_base->exec(text("UPDATE goods SET block=0,group_g=1 WHERE id IN (11,13)"));
+    m_base->exec(text("UPDATE kassa SET block=0 WHERE id=1"));
+    QCOMPARE(found.told, QStringList());
+    QCOMPARE(found.blocking, (QStringList{text("Касу заблоковано: продавати на ній не можна."),
+                                          text("«Сир ваговий»: товар більше не продається в цьому магазині."),
+                                          text("«Молоко»: товар заблоковано.")}));
 }
 
 void tst_chekwriter::searchTakesTextAsData()

@@ -44,6 +44,7 @@ private slots:
     void discountsBelongToRows();
     void halfAKopeckIsTheBuyers();
     void typedDiscountStaysBeyondPromotions();
+    void loweredDiscountGoesWithItsRow();
     void proportionsAddUp();
     void quantitiesOfOneGoodsItem();
     void refusals_data();
@@ -121,6 +122,26 @@ void tst_receipt::typedDiscountStaysBeyondPromotions()
     receipt.clear();
     receipt.add(row(1, 100, 1000));
     QCOMPARE(receipt.discount(), qint64(0));
+}
+
+/// 10.00 and 20.00 of promotions, lowered to 6.00: 2.00 and 4.00.
+void tst_receipt::loweredDiscountGoesWithItsRow()
+{
+    Receipt receipt;
+    receipt.add(onAction(row(1, 10000, 1000), 1000));
+    receipt.add(onAction(row(2, 10000, 1000), 2000));
+    receipt.setDiscount(600);
+    QCOMPARE(discounts(receipt), (QVector<qint64>{200, 400}));
+    receipt.remove(0);
+    QCOMPARE(discounts(receipt), (QVector<qint64>{400}));
+    receipt.add(row(3, 10000, 1000));
+    receipt.remove(0);
+    receipt.add(onAction(row(4, 5000, 1000), 1000));
+    QCOMPARE(receipt.discount(), qint64(500));
+    // Taken over from the list: the quantity stays, the promotion is reckoned anew.
+    receipt.takeOver(1, onAction(row(4, 8000, 3000), 1500));
+    QCOMPARE(discounts(receipt), (QVector<qint64>{0, 1200}));
+    QCOMPARE(receipt.total(), qint64(18000));
 }
 
 void tst_receipt::proportionsAddUp()
