@@ -218,6 +218,10 @@ The indexes can be removed in the same way.</translation>
         <source>Закрити без збереження</source>
         <translation>Close without saving</translation>
     </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
+        <translation>The connection broke while the record was being written, and it is not known whether it was saved. Wait until the connection is back and save again: the program will ask the server first.</translation>
+    </message>
 </context>
 <context>
     <name>Goods</name>
@@ -232,6 +236,62 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Запис не знайдено id=</source>
         <translation>Record not found id=</translation>
+    </message>
+    <message>
+        <source>Магазин №%1</source>
+        <translation>Shop No. %1</translation>
+    </message>
+    <message>
+        <source>Назва товару</source>
+        <translation>Item name</translation>
+    </message>
+    <message>
+        <source>Коротка назва</source>
+        <translation>Short name</translation>
+    </message>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Тип товару</source>
+        <translation>Item type</translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Податкова група</source>
+        <translation>Tax group</translation>
+    </message>
+    <message>
+        <source>Правило</source>
+        <translation>Rule</translation>
+    </message>
+    <message>
+        <source>Оплата бонусами</source>
+        <translation>Payment by bonus</translation>
+    </message>
+    <message>
+        <source>Знижка/Бонус</source>
+        <translation>Discount/Bonus</translation>
+    </message>
+    <message>
+        <source>Блокування</source>
+        <translation>Block</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Ціни магазинів</source>
+        <translation>Prices of shops</translation>
+    </message>
+    <message>
+        <source>Товар не збережено: магазин &quot;%1&quot; перейменовано або вилучено, поки редактор був відкритий. Виберіть для цієї ціни магазин ще раз або вилучіть рядок.</source>
+        <translation>The item was not saved: the shop &quot;%1&quot; was renamed or deleted while the editor was open. Choose the shop of this price again or delete the row.</translation>
     </message>
 </context>
 <context>
@@ -257,8 +317,8 @@ The indexes can be removed in the same way.</translation>
         <translation>Shop prices, rows %1 and %2: the same priority, group and shop.</translation>
     </message>
     <message>
-        <source>Ціни магазинів, рядок %1: &quot;%2&quot; не є ціною від 0 до %3.</source>
-        <translation>Shop prices, row %1: &quot;%2&quot; is not a price from 0 to %3.</translation>
+        <source>Ціни магазинів, рядок %1: </source>
+        <translation>Prices of shops, row %1: </translation>
     </message>
 </context>
 <context>
@@ -507,10 +567,6 @@ The indexes can be removed in the same way.</translation>
         <translation>The name of the goods item cannot be empty</translation>
     </message>
     <message>
-        <source>Ціна &quot;%1&quot; не є ціною від 0 до %2.</source>
-        <translation>Price: &quot;%1&quot; is not a price from 0 to %2.</translation>
-    </message>
-    <message>
         <source>Товар повинен мати хоча б один штрихкод!</source>
         <translation>A goods item must have at least one barcode!</translation>
     </message>
@@ -553,6 +609,18 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Згідно даного правила, в одній групі може бути тільки один товар з таким правилом</source>
         <translation>By this rule, one group can have only one goods item with it</translation>
+    </message>
+    <message>
+        <source>Продається в м&amp;агазинах:</source>
+        <translation>Sold in s&amp;hops:</translation>
+    </message>
+    <message>
+        <source>%1: товар уже продається тут.</source>
+        <translation>%1: the item is sold here already.</translation>
+    </message>
+    <message>
+        <source>Ціна </source>
+        <translation>Price </translation>
     </message>
 </context>
 <context>
@@ -2472,6 +2540,17 @@ Close the period before closing the shift?</translation>
     </message>
 </context>
 <context>
+    <name>Rules</name>
+    <message>
+        <source>&quot;%1&quot; схоже на штрихкод, а не на ціну. Зітріть його і введіть ціну.</source>
+        <translation>&quot;%1&quot; looks like a barcode, not a price. Delete it and type the price.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; не є ціною від 0 до %2.</source>
+        <translation>&quot;%1&quot; is no price from 0 to %2.</translation>
+    </message>
+</context>
+<context>
     <name>SaleChanges</name>
     <message>
         <source>без акції</source>
@@ -2818,6 +2897,21 @@ before its last day!</translation>
 %2</source>
         <translation>File not saved: %1
 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Stored</name>
+    <message>
+        <source>Поки редактор був відкритий, цей запис змінила інша програма (%1). Нічого не збережено. Закрийте редактор і відкрийте запис знову.</source>
+        <translation>While the editor was open another program changed this record (%1). Nothing was saved. Close the editor and open the record again.</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, цей запис вилучила інша програма. Нічого не збережено.</source>
+        <translation>While the editor was open another program deleted this record. Nothing was saved.</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; перейменувала інша програма. Нічого не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.</source>
+        <translation>While the editor was open another program renamed what is chosen in &quot;%1&quot;. Nothing was saved. Close the editor, open it again and choose once more.</translation>
     </message>
 </context>
 <context>

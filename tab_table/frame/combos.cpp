@@ -24,3 +24,18 @@ void chooseText(QComboBox *box, const QString &text)
 {
     box->setCurrentIndex(box->findText(text));
 }
+
+NamedId chosenItem(const QComboBox *box)
+{
+    return {box->currentText(), toText(box->currentData())};
+}
+
+void chooseId(QComboBox *box, const QString &id)
+{
+    int found = -1;
+    for (int i = 0; i < box->count() && found < 0 && !id.isEmpty(); ++i) {
+        if (toText(box->itemData(i)) == id)
+            found = i;
+    }
+    box->setCurrentIndex(found);
+}

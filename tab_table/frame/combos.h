@@ -5,8 +5,19 @@
 class Db;
 class QComboBox;
 
+/// An entry of a list: its name and its id; both empty for none.
+struct NamedId
+{
+    QString name;
+    QString id;
+};
+
 /// Fills a box with the rows of a statement: the first column is the text, the second, if any, the data.
 /// What the box held goes, without a signal; the first row is chosen. False after a reported failure.
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql);
 /// Chooses the item with the text, or none when there is no such item.
 void chooseText(QComboBox *box, const QString &text);
+/// The chosen item, whose data is its id.
+NamedId chosenItem(const QComboBox *box);
+/// Chooses the item with the id, or none when there is no such item.
+void chooseId(QComboBox *box, const QString &id);

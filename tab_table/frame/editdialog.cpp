@@ -16,6 +16,8 @@ void EditDialog::btok()
     if (m_isReadOnly)
         return;
     commitTyping(this);
+    if (m_isUnclear && !askWhetherArrived() && m_isUnclear)
+        return;
     QString why = linesRefusal();
     if (why.isEmpty())
         why = refusal();
@@ -23,6 +25,22 @@ void EditDialog::btok()
         QQestion::question(this, tr("Попередження."), why, true);
     else if (save())
         accept();
+}
+
+bool EditDialog::askWhetherArrived()
+{
+    const auto arrived = hasArrived();
+    m_isUnclear = !arrived;
+    if (!arrived) {
+        QQestion::question(
+            this, tr("Попередження."),
+            tr("Зв'язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки "
+               "зв'язок відновиться, і збережіть ще раз: програма спершу запитає сервер."),
+            true);
+    } else if (*arrived) {
+        takeOver();
+    }
+    return arrived.value_or(false);
 }
 
 void EditDialog::btcancel()
@@ -33,10 +51,9 @@ void EditDialog::btcancel()
 void EditDialog::reject()
 {
     commitTyping(this);
-    const bool isLost = !m_isReadOnly && isChanged();
-    if (!isLost ||
-        QMessDlg::quest(this, windowTitle(), tr("Зміни не збережено."), tr("Продовжити редагування"),
-                        tr("Закрити без збереження"), QString(), QString()) == 1)
+    if (m_isReadOnly || !isChanged() ||
+        QMessDlg::confirm(this, windowTitle(), tr("Зміни не збережено."), tr("Закрити без збереження"),
+                          tr("Продовжити редагування")))
         QDialog::reject();
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QHash>
 #include <QSet>
+#include <optional>
 
 class QLineEdit;
 
@@ -23,6 +24,8 @@ public:
     bool isReadOnly() const { return m_isReadOnly; }
     /// True when a field holds something else than when the dialog was shown.
     bool isChanged() const;
+    /// True while it is not known whether the last save has arrived at the server.
+    bool isUnclear() const { return m_isUnclear; }
 
 public slots:
     void btok();
@@ -37,6 +40,14 @@ protected:
     virtual QString refusal() const = 0;
     /// Writes the record; false after a failure, which is reported already.
     virtual bool save() = 0;
+
+    /// Whether what was sent last is in the database; nothing while the server does not answer.
+    virtual std::optional<bool> hasArrived() { return false; }
+    /// It is: the record counts as saved, and what is saved next changes it.
+    virtual void takeOver() {}
+    /// Call it when the answer to a COMMIT was lost. True when the record had arrived, and was taken over.
+    /// Otherwise the user is told; the next save asks again first when nobody knew.
+    bool askWhetherArrived();
 
     /// True when the statement finds no row. Otherwise the user is told that something is `taken`; a
     /// failure, which is reported, leaves it open and answers false.
@@ -54,6 +65,7 @@ private:
     QString linesRefusal() const;
 
     bool m_isReadOnly = false;
+    bool m_isUnclear = false;
     bool m_wasShown = false;
     QStringList m_shown;
     QHash<const QLineEdit *, QString> m_shownTexts;

@@ -41,10 +41,31 @@ void makePriceField(QLineEdit *field)
     });
 }
 
-void GoodsPriceDelegate::setLists(const QStringList &groups, const QStringList &shops)
+namespace {
+NamedId entry(const QVector<NamedId> &list, const QString &name)
+{
+    for (const NamedId &item : list) {
+        if (item.name == name)
+            return item;
+    }
+    return {name, QString()};
+}
+} // namespace
+
+void GoodsPriceDelegate::setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops)
 {
     m_groups = groups;
     m_shops = shops;
+}
+
+NamedId GoodsPriceDelegate::group(const QString &name) const
+{
+    return entry(m_groups, name);
+}
+
+NamedId GoodsPriceDelegate::shop(const QString &name) const
+{
+    return entry(m_shops, name);
 }
 
 QWidget *GoodsPriceDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -62,10 +83,11 @@ QWidget *GoodsPriceDelegate::createEditor(QWidget *parent, const QStyleOptionVie
         return spin;
     }
     auto *box = new QComboBox(parent);
-    box->addItems(index.column() == Group ? m_groups : m_shops);
-    const QString current = index.data().toString();
-    if (box->findText(current) < 0)
-        box->addItem(current);
+    for (const NamedId &item : index.column() == Group ? m_groups : m_shops)
+        box->addItem(item.name, item.id);
+    // What the user may not choose, or what is no more, is kept as long as it is not changed.
+    if (box->findData(index.data(IdRole)) < 0)
+        box->addItem(index.data().toString(), index.data(IdRole));
     return box;
 }
 
@@ -73,7 +95,7 @@ void GoodsPriceDelegate::setEditorData(QWidget *editor, const QModelIndex &index
 {
     const QString text = index.data().toString();
     if (auto *box = qobject_cast<QComboBox *>(editor))
-        box->setCurrentText(text);
+        box->setCurrentIndex(box->findData(index.data(IdRole)));
     else if (auto *spin = qobject_cast<QSpinBox *>(editor))
         spin->setValue(text.toInt());
     else if (auto *edit = qobject_cast<QLineEdit *>(editor))
@@ -85,6 +107,7 @@ void GoodsPriceDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
 {
     if (auto *box = qobject_cast<QComboBox *>(editor)) {
         model->setData(index, box->currentText());
+        model->setData(index, box->currentData(), IdRole);
     } else if (auto *spin = qobject_cast<QSpinBox *>(editor)) {
         model->setData(index, QString::number(spin->value()));
     } else if (auto *edit = qobject_cast<QLineEdit *>(editor)) {

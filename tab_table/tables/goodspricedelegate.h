@@ -1,7 +1,8 @@
 #pragma once
 
+#include "combos.h"
+
 #include <QRegularExpressionValidator>
-#include <QStringList>
 #include <QStyledItemDelegate>
 
 class QLineEdit;
@@ -22,17 +23,22 @@ public:
 /// Gives a field this validator and colours it while its text is no price.
 void makePriceField(QLineEdit *field);
 
-/// The inline editors of the table of prices: price, priority, shop group, shop.
+/// The inline editors of the table of prices: price, priority, shop group, shop. Cells of groups and shops
+/// carry the id as IdRole.
 class GoodsPriceDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
     enum Column { Price, Priority, Group, Shop };
+    static constexpr int IdRole = Qt::UserRole;
 
     using QStyledItemDelegate::QStyledItemDelegate;
     /// The first shop is the choice of none.
-    void setLists(const QStringList &groups, const QStringList &shops);
+    void setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops);
+    /// The entry of that name; without an id when there is none.
+    NamedId group(const QString &name) const;
+    NamedId shop(const QString &name) const;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
@@ -40,6 +46,6 @@ public:
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
 private:
-    QStringList m_groups;
-    QStringList m_shops;
+    QVector<NamedId> m_groups;
+    QVector<NamedId> m_shops;
 };

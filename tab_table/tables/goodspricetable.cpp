@@ -23,29 +23,45 @@ GoodsPriceTable::GoodsPriceTable(QWidget *parent)
     setMinimumHeight(verticalHeader()->defaultSectionSize() * 5);
 }
 
-void GoodsPriceTable::setLists(const QStringList &groups, const QStringList &shops)
+void GoodsPriceTable::setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops)
 {
-    m_delegate->setLists(groups, QStringList(tr("Магазин")) + shops);
+    m_delegate->setLists(groups, QVector<NamedId>{{tr("Магазин"), QStringLiteral("0")}} + shops);
+}
+
+void GoodsPriceTable::append(qint64 price, qint64 priority, const QString &group, const QString &shop)
+{
+    append({price, priority, m_delegate->group(group),
+            shop.isEmpty() ? NamedId{QString(), QStringLiteral("0")} : m_delegate->shop(shop), std::nullopt});
 }
 
 void GoodsPriceTable::append(const GoodsPrice &price)
 {
     const int row = rowCount();
     insertRow(row);
-    const QStringList texts = {moneyText(price.price), QString::number(price.priority), price.group,
-                               price.shop.isEmpty() ? tr("Магазин") : price.shop};
+    const QStringList texts = {moneyText(price.price), QString::number(price.priority), price.group.name,
+                               price.shop.name.isEmpty() ? tr("Магазин") : price.shop.name};
     for (int column = 0; column < texts.size(); ++column) {
-        auto *cell = new QTableWidgetItem(texts.at(column));
+        auto *made = new QTableWidgetItem(texts.at(column));
         if (column < Columns::Group)
-            cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setItem(row, column, cell);
+            made->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        setItem(row, column, made);
     }
+    item(row, Columns::Group)->setData(Columns::IdRole, price.group.id);
+    item(row, Columns::Shop)->setData(Columns::IdRole, price.shop.id);
+    item(row, Columns::Price)->setData(Columns::IdRole, m_origins.size());
+    m_origins.append(price.origin);
 }
 
 QString GoodsPriceTable::cell(int row, int column) const
 {
     const QTableWidgetItem *found = item(row, column);
     return found != nullptr ? found->text() : QString();
+}
+
+NamedId GoodsPriceTable::entry(int row, int column) const
+{
+    const QTableWidgetItem *found = item(row, column);
+    return found != nullptr ? NamedId{found->text(), found->data(Columns::IdRole).toString()} : NamedId();
 }
 
 QVector<GoodsPrice> GoodsPriceTable::prices() const
@@ -55,9 +71,11 @@ QVector<GoodsPrice> GoodsPriceTable::prices() const
         GoodsPrice price;
         priceFromText(cell(row, Columns::Price), &price.price);
         price.priority = cell(row, Columns::Priority).toLongLong();
-        price.group = cell(row, Columns::Group);
-        const QString shop = cell(row, Columns::Shop);
-        price.shop = shop == tr("Магазин") ? QString() : shop;
+        price.group = entry(row, Columns::Group);
+        price.shop = entry(row, Columns::Shop);
+        if (price.shop.id == QLatin1String("0"))
+            price.shop.name.clear();
+        price.origin = m_origins.at(item(row, Columns::Price)->data(Columns::IdRole).toInt());
         list.append(price);
     }
     return list;
@@ -78,10 +96,8 @@ QString GoodsPriceTable::refusal() const
 {
     const QVector<GoodsPrice> list = prices();
     for (int row = 0; row < list.size(); ++row) {
-        qint64 price = 0;
-        if (const QString text = cell(row, Columns::Price); !priceFromText(text, &price))
-            return tr("Ціни магазинів, рядок %1: \"%2\" не є ціною від 0 до %3.")
-                .arg(QString::number(row + 1), text, moneyText(greatestPrice));
+        if (const QString why = priceRefusal(cell(row, Columns::Price)); !why.isEmpty())
+            return tr("Ціни магазинів, рядок %1: ").arg(row + 1) + why;
         if (QString why = twice(list, row); !why.isEmpty())
             return why;
     }

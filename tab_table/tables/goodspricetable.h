@@ -15,15 +15,20 @@ public:
     explicit GoodsPriceTable(QWidget *parent = nullptr);
 
     /// What may be chosen; no shop at all is always a choice.
-    void setLists(const QStringList &groups, const QStringList &shops);
+    void setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops);
     void append(const GoodsPrice &price);
+    /// The same with group and shop by their names; an empty shop is none.
+    void append(qint64 price, qint64 priority, const QString &group, const QString &shop);
     QVector<GoodsPrice> prices() const;
     /// The first row that cannot be saved, in the user's words; empty when all can.
     QString refusal() const;
 
 private:
     QString cell(int row, int column) const;
+    NamedId entry(int row, int column) const;
     QString twice(const QVector<GoodsPrice> &prices, int row) const;
 
     GoodsPriceDelegate *m_delegate;
+    /// The places that the rows came from, by a number that moves with the row.
+    QVector<std::optional<PriceKey>> m_origins;
 };

@@ -1,9 +1,17 @@
 #include "goodsrules.h"
 
 #include "db.h"
+#include "ean13.h"
 #include "money.h"
 
+#include <QCoreApplication>
+
 namespace {
+struct Rules
+{
+    Q_DECLARE_TR_FUNCTIONS(Rules)
+};
+
 const uint firstExclusiveRule = 2;
 const uint lastExclusiveRule = 4;
 
@@ -38,7 +46,18 @@ bool isExclusiveRule(uint rule)
 
 bool priceFromText(const QString &text, qint64 *kopecks)
 {
-    return kopecksFromText(text, kopecks) && *kopecks >= 0 && *kopecks <= greatestPrice;
+    return !looksScanned(text.trimmed()) && kopecksFromText(text, kopecks) && *kopecks >= 0 &&
+           *kopecks <= greatestPrice;
+}
+
+QString priceRefusal(const QString &text)
+{
+    qint64 kopecks = 0;
+    if (priceFromText(text, &kopecks))
+        return QString();
+    if (looksScanned(text.trimmed()))
+        return Rules::tr("\"%1\" схоже на штрихкод, а не на ціну. Зітріть його і введіть ціну.").arg(text);
+    return Rules::tr("\"%1\" не є ціною від 0 до %2.").arg(text, moneyText(greatestPrice));
 }
 
 bool isTypedBarcode(const QString &code)

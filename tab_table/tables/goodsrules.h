@@ -18,8 +18,10 @@ constexpr quint64 greatestGoodsId = 4294967295;
 /// The most characters of a short name: what a register prints.
 constexpr int shortNameLength = 32;
 
-/// Kopecks of a typed price, with a comma or a point; false for what is no price or too much.
+/// Kopecks of a typed price, with a comma or a point; false for what is no price, too much, or scanned.
 bool priceFromText(const QString &text, qint64 *kopecks);
+/// Why a text is no price, for the user; empty when it is one.
+QString priceRefusal(const QString &text);
 
 /// A barcode of 13 digits, the only ones that may be typed.
 bool isTypedBarcode(const QString &code);

@@ -4,6 +4,7 @@
 #include "ean13.h"
 #include "goodspricedelegate.h"
 #include "goodsrules.h"
+#include "goodswriter.h"
 #include "money.h"
 #include "qmessevent.h"
 #include "qqestion.h"
@@ -28,9 +29,9 @@ void chooseData(QComboBox *box, uint data)
 }
 } // namespace
 
-QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QStringList &shops,
+QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops,
                            QObject *receiver, QWidget *parent)
-    : EditDialog(parent), ui(new Ui::QAddEdtGoods), m_db(db, receiver), m_id(id), m_isNew(id->isEmpty())
+    : EditDialog(parent), ui(new Ui::QAddEdtGoods), m_db(db, receiver), m_id(id)
 {
     ui->setupUi(this);
     setRecordTitle(*id);
@@ -40,15 +41,17 @@ QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QStri
     fillLists();
     fillPriceLists(shops);
     connectFields();
-    if (m_isNew) {
+    if (id->isEmpty()) {
         chooseUsual();
+        fillShops(shops);
         ui->leName->setFocus();
         return;
     }
-    const auto found = loadGoods(m_db, *id);
-    m_isLoaded = found.has_value();
-    if (found)
-        showRecord(*found);
+    m_loaded = loadGoods(m_db, *id);
+    m_isLoaded = m_loaded.has_value();
+    if (m_loaded)
+        showRecord(*m_loaded);
+    fillShops(shops);
     ui->lePrice->setFocus();
     ui->lePrice->selectAll();
 }
@@ -57,11 +60,11 @@ QAddEdtGoods::~QAddEdtGoods() = default;
 
 void QAddEdtGoods::buildFields()
 {
-    if (m_isNew)
+    if (m_id->isEmpty())
         ui->leId->setInputMask(QStringLiteral("000000000000000"));
     else
         ui->leId->setText(*m_id);
-    ui->leId->setReadOnly(!m_isNew);
+    ui->leId->setReadOnly(!m_id->isEmpty());
     makePriceField(ui->lePrice);
     ui->leShtrih->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
@@ -85,7 +88,7 @@ void QAddEdtGoods::connectFields()
     connect(ui->leShtrih, &QLineEdit::textChanged, this, [this] { ChangeShtrih(ui->leShtrih); });
     connect(ui->leShortName, &QLineEdit::textChanged, this, &QAddEdtGoods::ChangeShortName);
     connect(ui->leName, &QLineEdit::editingFinished, this, [this] {
-        if (!isReadOnly() && ui->leShortName->text().isEmpty())
+        if (!isReadOnly() && isNew() && ui->leShortName->text().isEmpty())
             ui->leShortName->setText(ui->leName->text().trimmed());
     });
     auto *deleteCode =
@@ -111,12 +114,12 @@ void QAddEdtGoods::fillLists()
         fillCombo(list.box, m_db, QLatin1String(list.sql));
 }
 
-void QAddEdtGoods::fillPriceLists(const QStringList &shops)
+void QAddEdtGoods::fillPriceLists(const QVector<NamedId> &shops)
 {
-    QStringList groups;
-    auto names = m_db.run(QStringLiteral("SELECT name FROM group_shop"));
+    QVector<NamedId> groups;
+    auto names = m_db.run(QStringLiteral("SELECT name,id FROM group_shop"));
     while (names && names->next())
-        groups.append(toText(names->value(0)));
+        groups.append({toText(names->value(0)), toText(names->value(1))});
     ui->twPrices->setLists(groups, shops);
     const auto preset = m_db.firstText(QStringLiteral("SELECT name FROM group_shop WHERE id=1"));
     m_defaultGroup = preset.value_or(QString());
@@ -140,20 +143,43 @@ void QAddEdtGoods::chooseUsual()
 void QAddEdtGoods::showRecord(const GoodsRecord &found)
 {
     ui->leName->setText(found.name);
-    ui->leShortName->setText(found.shortName);
+    showStored(ui->leShortName, QVariant(found.shortName));
     if (found.price)
         ui->lePrice->setText(moneyText(*found.price));
-    chooseText(ui->cbType, found.type);
-    chooseText(ui->cbGroup, found.group);
-    chooseText(ui->cbTax, found.tax);
-    chooseText(ui->cbRules, found.rule);
-    chooseText(ui->cbPaymBonus, found.paymBonus);
-    chooseText(ui->cbBonusDisk, found.bonusDisk);
-    chooseText(ui->cbBlock, found.block);
+    const QPair<QComboBox *, NamedId> lists[] = {
+        {ui->cbType, found.type},  {ui->cbGroup, found.group},         {ui->cbTax, found.tax},
+        {ui->cbRules, found.rule}, {ui->cbPaymBonus, found.paymBonus}, {ui->cbBonusDisk, found.bonusDisk},
+        {ui->cbBlock, found.block}};
+    for (const auto &[box, entry] : lists)
+        chooseId(box, entry.id);
     ui->lwShtrih->addItems(found.barcodes);
     for (const GoodsPrice &price : found.prices)
         ui->twPrices->append(price);
-    m_loadedPrices = found.prices;
+}
+
+/// Where the item is sold already it stays: its stock lies there.
+void QAddEdtGoods::fillShops(const QVector<NamedId> &shops)
+{
+    for (const NamedId &shop : shops) {
+        auto *item = new QListWidgetItem(shop.name, ui->lwShops);
+        item->setData(Qt::UserRole, shop.id);
+        const bool isOffered = m_loaded && m_loaded->shops.contains(shop.id);
+        item->setCheckState(isOffered ? Qt::Checked : Qt::Unchecked);
+        item->setFlags(isOffered ? Qt::ItemIsSelectable
+                                 : Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+        item->setToolTip(isOffered ? tr("%1: товар уже продається тут.").arg(shop.name) : shop.name);
+    }
+}
+
+QStringList QAddEdtGoods::newShops() const
+{
+    QStringList ids;
+    for (int i = 0; i < ui->lwShops->count(); ++i) {
+        const QListWidgetItem *item = ui->lwShops->item(i);
+        if (item->checkState() == Qt::Checked && (item->flags() & Qt::ItemIsEnabled) != 0)
+            ids.append(item->data(Qt::UserRole).toString());
+    }
+    return ids;
 }
 
 bool QAddEdtGoods::eventFilter(QObject *watched, QEvent *event)
@@ -206,7 +232,7 @@ void QAddEdtGoods::addprice()
     qint64 price = 0;
     if (!priceFromText(ui->lePrice->text(), &price))
         price = 0;
-    ui->twPrices->append({price, 0, m_defaultGroup, QString()});
+    ui->twPrices->append(price, 0, m_defaultGroup, QString());
     const int row = ui->twPrices->rowCount() - 1;
     ui->twPrices->setFocus();
     ui->twPrices->setCurrentCell(row, GoodsPriceDelegate::Price);
@@ -221,7 +247,7 @@ void QAddEdtGoods::delprice()
 
 void QAddEdtGoods::insertprice(int price, int priority, const QString &group, const QString &shop)
 {
-    ui->twPrices->append({price, priority, group, shop});
+    ui->twPrices->append(price, priority, group, shop);
 }
 
 void QAddEdtGoods::changRules(int index)
@@ -256,24 +282,31 @@ QStringList QAddEdtGoods::barcodes() const
     return list;
 }
 
+/// An item without a short name gets the beginning of its name; one that was stored without stays so.
+QString QAddEdtGoods::shortName() const
+{
+    const QString text = typed(ui->leShortName).toString().trimmed();
+    const bool hadNone = m_loaded && m_loaded->shortName.isEmpty();
+    return text.isEmpty() && !hadNone ? ui->leName->text().trimmed().left(shortNameLength) : text;
+}
+
 GoodsRecord QAddEdtGoods::record() const
 {
     GoodsRecord goods;
     goods.name = ui->leName->text().trimmed();
-    goods.shortName = ui->leShortName->text().trimmed();
-    if (goods.shortName.isEmpty())
-        goods.shortName = goods.name.left(shortNameLength);
+    goods.shortName = shortName();
     if (qint64 price = 0; priceFromText(ui->lePrice->text(), &price))
         goods.price = price;
-    goods.type = ui->cbType->currentText();
-    goods.group = ui->cbGroup->currentText();
-    goods.tax = ui->cbTax->currentText();
-    goods.rule = ui->cbRules->currentText();
-    goods.paymBonus = ui->cbPaymBonus->currentText();
-    goods.bonusDisk = ui->cbBonusDisk->currentText();
-    goods.block = ui->cbBlock->currentText();
+    goods.type = chosenItem(ui->cbType);
+    goods.group = chosenItem(ui->cbGroup);
+    goods.tax = chosenItem(ui->cbTax);
+    goods.rule = chosenItem(ui->cbRules);
+    goods.paymBonus = chosenItem(ui->cbPaymBonus);
+    goods.bonusDisk = chosenItem(ui->cbBonusDisk);
+    goods.block = chosenItem(ui->cbBlock);
     goods.barcodes = barcodes();
     goods.prices = ui->twPrices->prices();
+    goods.shops = newShops();
     return goods;
 }
 
@@ -282,8 +315,8 @@ QString QAddEdtGoods::refusal() const
     if (ui->leName->text().trimmed().isEmpty())
         return tr("Назва товару не може бути пустою");
     QString why = barcodesRefusal();
-    if (qint64 price = 0; why.isEmpty() && !priceFromText(ui->lePrice->text(), &price))
-        why = tr("Ціна \"%1\" не є ціною від 0 до %2.").arg(ui->lePrice->text(), moneyText(greatestPrice));
+    if (why.isEmpty())
+        why = priceRefusalHere();
     if (why.isEmpty())
         why = ui->twPrices->refusal();
     if (why.isEmpty())
@@ -291,26 +324,37 @@ QString QAddEdtGoods::refusal() const
     return why.isEmpty() ? ruleRefusal() : why;
 }
 
+/// An item that was stored without a price may go without one.
+QString QAddEdtGoods::priceRefusalHere() const
+{
+    const QString text = ui->lePrice->text();
+    if (m_loaded && !m_loaded->price && text.isEmpty())
+        return QString();
+    const QString why = priceRefusal(text);
+    return why.isEmpty() ? why : tr("Ціна ") + why;
+}
+
 QString QAddEdtGoods::barcodesRefusal() const
 {
     const QStringList codes = barcodes();
-    if (codes.isEmpty())
+    // An item that was stored without a barcode may go without one.
+    if (codes.isEmpty() && !(m_loaded && m_loaded->barcodes.isEmpty()))
         return tr("Товар повинен мати хоча б один штрихкод!");
     for (const QString &code : codes) {
         if (!isStoredBarcode(code))
             return tr("штрих код повинен місти 8 або 13 цифр");
     }
-    if (const QString typed = ui->leShtrih->text(); !typed.isEmpty())
-        return tr("Штрихкод %1 ще не додано до списку: додайте або зітріть його.").arg(typed);
+    if (const QString code = ui->leShtrih->text(); !code.isEmpty())
+        return tr("Штрихкод %1 ще не додано до списку: додайте або зітріть його.").arg(code);
     return QString();
 }
 
 QString QAddEdtGoods::idRefusal() const
 {
-    const QString typed = ui->leId->text();
-    if (!m_isNew || typed.isEmpty())
+    const QString text = ui->leId->text();
+    if (!isNew() || text.isEmpty())
         return QString();
-    const quint64 id = typed.toULongLong();
+    const quint64 id = text.toULongLong();
     if (id == 0 || id > greatestGoodsId)
         return tr("Код товару повинен бути від 1 до %1.").arg(greatestGoodsId);
     auto other = m_db.run(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
@@ -339,12 +383,35 @@ QString QAddEdtGoods::ruleRefusal() const
 
 bool QAddEdtGoods::save()
 {
-    const GoodsRecord goods = record();
-    QString id = *m_id;
-    if (const QString typed = ui->leId->text(); m_isNew && !typed.isEmpty())
-        id = QString::number(typed.toULongLong());
-    if (!saveGoods(m_db, goods, m_isNew, goods.prices != m_loadedPrices, &id))
+    m_sent = record();
+    m_sentId = *m_id;
+    if (const QString typedId = ui->leId->text(); isNew() && !typedId.isEmpty())
+        m_sentId = QString::number(typedId.toULongLong());
+    const GoodsSaved saved = saveGoods(m_db, m_sent, m_loaded, &m_sentId);
+    switch (saved.outcome) {
+    case GoodsSaved::Written:
+        *m_id = m_sentId;
+        return true;
+    case GoodsSaved::Refused:
+        QQestion::question(this, tr("Попередження."), saved.why, true);
         return false;
-    *m_id = id;
-    return true;
+    case GoodsSaved::Unclear:
+        return askWhetherArrived();
+    default:
+        return false;
+    }
+}
+
+std::optional<bool> QAddEdtGoods::hasArrived()
+{
+    return isStored(m_db, m_sent, m_sentId);
+}
+
+void QAddEdtGoods::takeOver()
+{
+    announceGoods(m_db, m_sent);
+    *m_id = m_sentId;
+    m_loaded = m_sent;
+    for (GoodsPrice &price : m_loaded->prices)
+        price.origin = PriceKey{price.shop.id, price.group.id, QString::number(price.priority)};
 }

@@ -19,8 +19,8 @@ class QAddEdtGoods : public EditDialog
 
 public:
     /// id: the item, empty to add one; after a save it holds the id that the item has. shops: those that
-    /// the user may give prices to.
-    QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QStringList &shops, QObject *receiver,
+    /// the user may give prices to and offer the item in.
+    QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops, QObject *receiver,
                  QWidget *parent);
     ~QAddEdtGoods() override;
 
@@ -45,16 +45,23 @@ public slots:
 protected:
     QString refusal() const override;
     bool save() override;
+    std::optional<bool> hasArrived() override;
+    void takeOver() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildFields();
     void connectFields();
     void fillLists();
-    void fillPriceLists(const QStringList &shops);
+    void fillPriceLists(const QVector<NamedId> &shops);
+    void fillShops(const QVector<NamedId> &shops);
+    QStringList newShops() const;
+    QString priceRefusalHere() const;
+    QString shortName() const;
     void chooseUsual();
     void showRecord(const GoodsRecord &found);
     GoodsRecord record() const;
+    bool isNew() const { return !m_loaded; }
     QStringList barcodes() const;
     QString idRefusal() const;
     QString barcodesRefusal() const;
@@ -63,8 +70,11 @@ private:
     std::unique_ptr<Ui::QAddEdtGoods> ui;
     const Db m_db;
     QString *m_id;
-    const bool m_isNew;
+    /// As it was read; nothing for a new item.
+    std::optional<GoodsRecord> m_loaded;
     bool m_isLoaded = true;
     QString m_defaultGroup;
-    QVector<GoodsPrice> m_loadedPrices;
+    /// What was sent last, and the id that it got, in case the answer was lost.
+    GoodsRecord m_sent;
+    QString m_sentId;
 };

@@ -113,7 +113,11 @@ QVector<int> QTabGoods::rowsOf(const QString &id) const
 
 bool QTabGoods::openEditor(QString *id)
 {
-    const QStringList shops = GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), nullptr);
+    QComboBox box;
+    GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), &box);
+    QVector<NamedId> shops;
+    for (int i = 0; i < box.count(); ++i)
+        shops.append({box.itemText(i), toText(box.itemData(i))});
     QAddEdtGoods editor(this, db().connection(), id, shops, receiver(), this);
     if (!editor.isLoaded())
         return false;

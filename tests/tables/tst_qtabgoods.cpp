@@ -4,7 +4,6 @@
 #include "goodspricetable.h"
 #include "qaddedtgoods.h"
 #include "qloadeduser.h"
-#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
@@ -43,23 +42,6 @@ void pressAlt(QWidget *widget, wchar_t letter)
     // A button pressed by its letter works after a moment, for the eye.
     QTest::qWait(150);
 }
-
-/// Presses the button of that caption on the question that comes; false when there is none.
-bool answerByCaption(const std::function<void()> &act, const QString &caption)
-{
-    bool pressed = false;
-    withModal<QMessDlg>(act, [&](QMessDlg *question) {
-        const auto buttons = question->findChildren<QPushButton *>();
-        for (auto *button : buttons) {
-            if (button->text().remove('&') == caption && button->isVisible()) {
-                QTest::mouseClick(button, Qt::LeftButton);
-                pressed = true;
-                return;
-            }
-        }
-    });
-    return pressed;
-}
 } // namespace
 
 /// The goods list, the editor of an item and the stock of the shops.
@@ -90,6 +72,14 @@ private slots:
     void barcodeOfAnotherItemIsNamed();
     void priceOfAnUnknownGroupIsExplained();
     void lostConnectionLeavesAllOrNothing();
+    void lostAnswerIsLookedUp_data();
+    void lostAnswerIsLookedUp();
+    void hiddenColumnsOfPricesStay();
+    void renamedMeanwhileIsRefused_data();
+    void renamedMeanwhileIsRefused();
+    void changedByOthersIsNotWrittenOver();
+    void whatIsMissingMayStayMissing();
+    void goodsAreOfferedToShops();
     void searchFinds_data();
     void searchFinds();
     void editorRefreshesItsRows();
@@ -167,8 +157,8 @@ std::unique_ptr<QAddEdtGoods> TstQTabGoods::openEditor(const QString &id)
 {
     m_id = id;
     return std::make_unique<QAddEdtGoods>(m_tab.get(), m_base->connection(), &m_id,
-                                          QStringList{"вул. Ліська, 1", "вул. Нова, 2"}, &m_base->heard,
-                                          nullptr);
+                                          QVector<NamedId>{{"вул. Ліська, 1", "1"}, {"вул. Нова, 2", "2"}},
+                                          &m_base->heard, nullptr);
 }
 
 /// The same, shown and active: keys go where they go for a person.
@@ -321,10 +311,10 @@ void TstQTabGoods::changesAreNotLostUnasked()
             editor = showEditor("7");
             change(editor.get());
             const QStringList before = enteredTexts(editor.get());
-            QVERIFY(answerByCaption([&] { close(editor.get()); }, "Продовжити редагування"));
+            QVERIFY(!answerConfirm([&] { close(editor.get()); }, false).isEmpty());
             QVERIFY(editor->isVisible());
             QCOMPARE(enteredTexts(editor.get()), before);
-            QVERIFY(answerByCaption([&] { close(editor.get()); }, "Закрити без збереження"));
+            QVERIFY(!answerConfirm([&] { close(editor.get()); }, true).isEmpty());
             QVERIFY(!editor->isVisible());
         }
     }
@@ -460,12 +450,14 @@ void TstQTabGoods::pricesAreTypedWithACommaToo()
     QCOMPARE(field->text(), QString("42.50"));
     QTest::keyClicks(field, "13,5");
     QTest::keyClick(field, Qt::Key_Return);
-    QTRY_COMPARE(table->prices(), QVector<GoodsPrice>({{1350, 0, "default", QString()}}));
+    QTRY_COMPARE(table->item(0, 0)->text(), QString("13.50"));
+    QCOMPARE(table->prices(),
+             QVector<GoodsPrice>({{1350, 0, {"default", "1"}, {QString(), "0"}, std::nullopt}}));
     table->item(0, 0)->setText("13,555");
     QCOMPARE(table->refusal(),
              QString("Ціни магазинів, рядок 1: \"13,555\" не є ціною від 0 до 42949672.95."));
     table->item(0, 0)->setText("1");
-    table->append({200, 0, "default", QString()});
+    table->append(200, 0, "default", QString());
     QCOMPARE(table->refusal(), QString("Ціни магазинів, рядки 1 і 2: однакові пріоритет, група і магазин."));
     auto *price = child<QLineEdit>(editor.get(), "lePrice");
     price->setFocus();
@@ -564,9 +556,9 @@ void TstQTabGoods::priceOfAnUnknownGroupIsExplained()
     const QStringList before = m_base->rows(wholeItem);
     const auto editor = openEditor("7");
     editor->insertprice(4300, 0, "Північ", QString());
-    QVERIFY(!fillAndSave(editor.get(), "Сир", {}));
+    const QString why = answerQuestion([&] { fillAndSave(editor.get(), "Сир", {}); });
+    QVERIFY2(why.contains("для групи магазинів \"Північ\" ціну зберегти не можна"), qPrintable(why));
     QVERIFY(m_base->heard.has("Column 'id_group' cannot be null"));
-    QVERIFY(m_base->heard.has("для групи магазинів \"Північ\" ціну зберегти не можна"));
     QCOMPARE(m_base->rows(wholeItem), before);
 }
 
@@ -607,6 +599,201 @@ void TstQTabGoods::lostConnectionLeavesAllOrNothing()
             m_base->heard.forget();
         }
     }
+}
+
+void TstQTabGoods::lostAnswerIsLookedUp_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<bool>("serverGotIt");
+    QTest::addColumn<bool>("answersLater");
+    for (const char *id : {"", "7"}) {
+        for (const bool gotIt : {true, false}) {
+            QTest::addRow("got it %d, %s", gotIt, id) << id << gotIt << false;
+            QTest::addRow("got it %d, %s, answers later", gotIt, id) << id << gotIt << true;
+        }
+    }
+}
+
+void TstQTabGoods::lostAnswerIsLookedUp()
+{
+    QFETCH(QString, id);
+    QFETCH(bool, serverGotIt);
+    QFETCH(bool, answersLater);
+    m_base->exec("UPDATE updat SET updat='2020-01-01'");
+    const auto editor = openEditor(id);
+    editor->insertprice(1300, 0, "default", QString());
+    bool isLost = false;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == "COMMIT" && !isLost) {
+            isLost = true;
+            // The new transaction keeps the client from reconnecting silently.
+            if (serverGotIt)
+                m_base->exec("COMMIT AND CHAIN");
+            m_base->killConnection();
+        } else if (isLost && answersLater && sql.endsWith("FOR UPDATE")) {
+            m_base->exec("RENAME TABLE goods TO away");
+        }
+    });
+    const QString told = answerQuestion([&] { fillAndSave(editor.get(), "Сир", {zeros}); });
+    Db::setStatementHook(nullptr);
+    QCOMPARE(told.startsWith("Зв'язок обірвався під час запису, і невідомо"), answersLater);
+    QCOMPARE(editor->isUnclear(), answersLater);
+    if (answersLater)
+        m_base->exec("RENAME TABLE away TO goods");
+    const QString count = "SELECT COUNT(*) FROM goods WHERE name='Сир'";
+    QCOMPARE(m_base->value(count), QString(serverGotIt ? "1" : "0"));
+    QCOMPARE(editor->result() == QDialog::Accepted, serverGotIt && !answersLater);
+    if (editor->result() != QDialog::Accepted) {
+        // The record that has arrived is no rival of itself.
+        editor->btok();
+        QCOMPARE(editor->result(), int(QDialog::Accepted));
+    }
+    QCOMPARE(m_base->value(count), QString("1"));
+    QCOMPARE(
+        m_base->value("SELECT CONCAT(price,'|',(SELECT COUNT(*) FROM prices WHERE id_goods=id)) FROM goods "
+                      "WHERE name='Сир' AND id=" +
+                      m_id),
+        QString("1250|1"));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM updat WHERE name IN ('goods','dk_shc','prices') AND "
+                           "updat>'2020-01-01'"),
+             QString("3"));
+}
+
+void TstQTabGoods::hiddenColumnsOfPricesStay()
+{
+    m_base->exec("INSERT INTO prices(id_goods,id_shop,id_group,priority,price,price_in,period_start_date,"
+                 "period_end_date,period_start_time,period_end_time,week_day,info) VALUES"
+                 "(7,0,1,0,4300,3900,'2026-01-02',0,'08:30:00',0,5,'акція ''А'''),"
+                 "(7,2,1,0,4400,1,0,'2026-12-31',0,'23:59:59',0,NULL)");
+    const auto editor = showEditor("7");
+    auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
+    const int other = table->item(0, 0)->text() == "43.00" ? 1 : 0;
+    table->item(other, GoodsPriceDelegate::Priority)->setText("3");
+    editor->insertprice(100, 9, "default", QString());
+    QVERIFY(fillAndSave(editor.get(), "Молоко", {}));
+    QCOMPARE(
+        m_base->rows("SELECT id_shop,priority,price,price_in,period_start_date,period_end_date,"
+                     "period_start_time,period_end_time,week_day,IFNULL(info,'NULL') FROM prices ORDER BY "
+                     "price DESC"),
+        QStringList({"2|3|4400|1||2026-12-31|00:00:00|23:59:59|0|NULL",
+                     "0|0|4300|3900|2026-01-02||08:30:00|00:00:00|5|акція 'А'",
+                     "0|9|100|0|||00:00:00|00:00:00|0|NULL"}));
+}
+
+void TstQTabGoods::renamedMeanwhileIsRefused_data()
+{
+    QTest::addColumn<QString>("meanwhile");
+    QTest::addColumn<QString>("why");
+    QTest::newRow("shop") << "UPDATE shops SET address='вул. Стара, 2' WHERE id=2"
+                          << "магазин \"вул. Нова, 2\" перейменовано або вилучено";
+    QTest::newRow("shops changed names")
+        << "UPDATE shops SET address=ELT(FIELD(id,2,3,1),NULL,'вул. Нова, 2','вул. Ліська, 1') ORDER BY id=3"
+        << "магазин \"вул. Нова, 2\" перейменовано або вилучено";
+    QTest::newRow("goods group of a shop group's name")
+        << "UPDATE group_goods SET name=IF(id=1,'Старі','default') WHERE id IN (1,2) ORDER BY id"
+        << "для групи магазинів \"default\" ціну зберегти не можна";
+    QTest::newRow("goods group") << "UPDATE group_goods SET name='Хлібці' WHERE id=3"
+                                 << "вибране в полі \"Група\" перейменувала інша програма";
+    QTest::newRow("rule") << "UPDATE rules_goods SET name='Інше' WHERE id=1"
+                          << "вибране в полі \"Правило\" перейменувала інша програма";
+}
+
+void TstQTabGoods::renamedMeanwhileIsRefused()
+{
+    QFETCH(QString, meanwhile);
+    QFETCH(QString, why);
+    const QStringList before = m_base->rows(wholeItem);
+    const QStringList lists =
+        m_base->rows("SELECT CONCAT('UPDATE shops SET address=',QUOTE(address),' WHERE "
+                     "id=',id) FROM shops UNION ALL SELECT CONCAT('UPDATE group_goods SET "
+                     "name=',QUOTE(name),' WHERE id=',id) FROM group_goods ORDER BY 1 "
+                     "DESC") +
+        QStringList("UPDATE rules_goods SET name='Без правил' WHERE id=1");
+    const auto editor = openEditor("7");
+    child<QComboBox>(editor.get(), "cbGroup")->setCurrentText("Хліб");
+    editor->insertprice(4300, 0, "default", "вул. Нова, 2");
+    m_base->exec(meanwhile);
+    const QString told = answerQuestion([&] { fillAndSave(editor.get(), "Сир", {}); });
+    QVERIFY2(told.contains(why), qPrintable(told));
+    QCOMPARE(m_base->rows(wholeItem), before);
+    QCOMPARE(child<QLineEdit>(editor.get(), "leName")->text(), QString("Сир"));
+    m_base->exec("UPDATE shops SET address=CONCAT('t',id)");
+    m_base->exec("UPDATE group_goods SET name=CONCAT('t',id)");
+    m_base->exec(lists);
+    QVERIFY2(fillAndSave(editor.get(), "Сир", {}), "with the names as they were it is saved");
+}
+
+void TstQTabGoods::changedByOthersIsNotWrittenOver()
+{
+    const QStringList others = {"UPDATE goods SET price=9900 WHERE id=7",
+                                "INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(7,'4820000000031')",
+                                "INSERT INTO prices(id_goods,id_shop,id_group,price) VALUES(7,0,1,1)"};
+    for (const QString &other : others) {
+        const auto editor = openEditor("7");
+        m_base->exec(other);
+        const QStringList before = m_base->rows(wholeItem);
+        const QString told = answerQuestion([&] { fillAndSave(editor.get(), "Сир", {}); });
+        QVERIFY2(told.startsWith("Поки редактор був відкритий, цей запис змінила інша програма"),
+                 qPrintable(told));
+        QCOMPARE(m_base->rows(wholeItem), before);
+    }
+}
+
+void TstQTabGoods::whatIsMissingMayStayMissing()
+{
+    m_base->exec({"DELETE FROM dk_shc WHERE id_goods=7",
+                  "UPDATE goods SET price=NULL,name_short=NULL,group_g=NULL,tax=NULL,paym_bonus=NULL,"
+                  "id_rules_goods=NULL,type=NULL,block=NULL WHERE id=7"});
+    const auto editor = showEditor("7");
+    auto *name = child<QLineEdit>(editor.get(), "leName");
+    name->setFocus();
+    name->clear();
+    QTest::keyClicks(name, "Kefir");
+    QTest::keyClick(name, Qt::Key_Tab);
+    pressAlt(editor->focusWidget(), L'Е');
+    QVERIFY(!editor->isVisible());
+    QCOMPARE(
+        m_base->value("SELECT CONCAT(name,(name_short IS NULL)+(price IS NULL)+(group_g IS NULL)+(tax IS "
+                      "NULL)+(paym_bonus IS NULL)+(id_rules_goods IS NULL)+(type IS NULL)+(block IS "
+                      "NULL)) FROM goods WHERE id=7"),
+        QString("Kefir8"));
+    const auto second = openEditor("8");
+    child<QListWidget>(second.get(), "lwShtrih")->clear();
+    QCOMPARE(answerQuestion([&] { second->btok(); }), QString("Товар повинен мати хоча б один штрихкод!"));
+    child<QLineEdit>(second.get(), "leShtrih")->setText(zeros);
+    second->addshc();
+    child<QLineEdit>(second.get(), "lePrice")->clear();
+    QCOMPARE(answerQuestion([&] { second->btok(); }), QString("Ціна \"\" не є ціною від 0 до 42949672.95."));
+}
+
+void TstQTabGoods::goodsAreOfferedToShops()
+{
+    m_base->exec(
+        {"INSERT INTO goods_shop(id_shop,id_goods,count_showroom,count_syllable) VALUES(2,7,1500,-3)",
+         "UPDATE updat SET updat='2020-01-01'"});
+    const auto editor = showEditor("7");
+    auto *shops = child<QListWidget>(editor.get(), "lwShops");
+    QCOMPARE(shops->count(), 2);
+    QCOMPARE(shops->item(1)->checkState(), Qt::Checked);
+    shops->setFocus();
+    shops->setCurrentRow(1);
+    QTest::keyClick(shops, Qt::Key_Space);
+    QVERIFY2(shops->item(1)->checkState() == Qt::Checked, "stock lies there: it is not taken away here");
+    shops->setCurrentRow(0);
+    QTest::keyClick(shops, Qt::Key_Space);
+    // Meanwhile another program has offered it there, and counted.
+    m_base->exec("INSERT INTO goods_shop(id_shop,id_goods,count_showroom) VALUES(1,7,250)");
+    QVERIFY(fillAndSave(editor.get(), "Молоко", {}));
+    const QString stocks = "SELECT id_shop,id_goods,count_showroom,count_syllable,id_action FROM goods_shop "
+                           "ORDER BY id_goods,id_shop";
+    QCOMPARE(m_base->rows(stocks), QStringList({"1|7|250|0|1", "2|7|1500|-3|1"}));
+    const auto added = openEditor(QString());
+    for (int i = 0; i < 2; ++i)
+        child<QListWidget>(added.get(), "lwShops")->item(i)->setCheckState(Qt::Checked);
+    QVERIFY(fillAndSave(added.get(), "Сир", {zeros}));
+    QCOMPARE(m_base->rows(stocks).mid(2), QStringList({"1|" + m_id + "|0|0|1", "2|" + m_id + "|0|0|1"}));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM updat WHERE name='goods_shop' AND updat>'2020-01-01'"),
+             QString("1"));
 }
 
 void TstQTabGoods::searchFinds_data()
