@@ -227,6 +227,18 @@ void Veltab::changetab(int index)
     ui->close_tab->setVisible(index >= 0);
     if (!m_tables->ChangeTab(index) && !m_reports->changetab(index))
         visible(false);
+    offerExport(m_reports->exportRefusal());
+}
+
+/// What the page in front cannot do is told at the command, not after a file was chosen.
+void Veltab::offerExport(const QString &refusal)
+{
+    ui->menu_export->setToolTipsVisible(!refusal.isEmpty());
+    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251}) {
+        action->setEnabled(refusal.isEmpty());
+        action->setToolTip(refusal);
+        action->setStatusTip(refusal);
+    }
 }
 
 void Veltab::add()

@@ -96,6 +96,7 @@ private:
     enum OwnTab { SaleTab, OwnTabCount };
 
     void buildForm();
+    void offerExport(const QString &refusal);
     void buildStatusBar();
     void buildEntries();
     void connectEntries();

@@ -165,10 +165,17 @@ bool QReports::changetab(int index)
     return true;
 }
 
-bool QReports::export_to_csv(const QString &code, const QString &path)
+QString QReports::exportRefusal() const
 {
     const int report = reportAt(m_tabs->currentIndex());
-    if (report != Articles && report != Zvits)
+    return report < 0 || report == Articles || report == Zvits
+               ? QString()
+               : tr("Цей звіт зберігається у файл кнопкою «Список у PDF…».");
+}
+
+bool QReports::export_to_csv(const QString &code, const QString &path)
+{
+    if (reportAt(m_tabs->currentIndex()) < 0 || !exportRefusal().isEmpty())
         return false;
     current()->export_to_csv(code, path);
     return true;

@@ -34,6 +34,8 @@ public:
     /// These tell whether the page is one of the reports.
     bool closetab(int index);
     bool changetab(int index);
+    /// Why the report in front cannot be exported; empty when it can, and for other pages.
+    QString exportRefusal() const;
     /// Exports the report in front where it can be exported.
     bool export_to_csv(const QString &code, const QString &path);
 

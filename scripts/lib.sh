@@ -9,6 +9,8 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tool
 server_packages=(libqt5sql5-mysql mariadb-server-core mariadb-client-core)
 screen_packages=(fonts-dejavu-core)
 picture_packages=(xvfb xauth)
+# Reads the text of printed pages.
+test_packages=(poppler-utils)
 
 say() { printf '%s\n' "$*" >&2; }
 fail() {

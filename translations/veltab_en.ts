@@ -1659,6 +1659,10 @@ Close the period before closing the shift?</translation>
         <source>Немає доступу: %1</source>
         <translation>No access: %1</translation>
     </message>
+    <message>
+        <source>Цей звіт зберігається у файл кнопкою «Список у PDF…».</source>
+        <translation>This report is saved to a file with the button &quot;List to PDF…&quot;.</translation>
+    </message>
 </context>
 <context>
     <name>QSelUser</name>

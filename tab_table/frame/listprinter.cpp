@@ -62,7 +62,7 @@ void turnPage(QPagedPaintDevice *device, const PrintedList &list)
 {
     QPageLayout layout = device->pageLayout();
     layout.setOrientation(QPageLayout::Portrait);
-    const bool isWide = ListPages::naturalWidth(list) > layout.paintRect(QPageLayout::Inch).width();
+    const bool isWide = ListPages::naturalWidth(list, device) > layout.paintRect(QPageLayout::Inch).width();
     layout.setOrientation(isWide ? QPageLayout::Landscape : QPageLayout::Portrait);
     device->setPageLayout(layout);
 }

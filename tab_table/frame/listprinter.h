@@ -15,7 +15,7 @@ struct PrintedList
     /// title.
     QStringList heading;
     const QAbstractItemModel *model = nullptr;
-    /// Tells the columns and how wide they are; without one all are shown, equally wide.
+    /// Tells which columns are hidden; without one all are shown.
     const QTableView *view = nullptr;
     /// Lines below the last row.
     QStringList totals;

@@ -472,6 +472,16 @@ void TstVeltab::exportFollowsTheRight()
         QTest::qWait(50);
     });
     QVERIFY2(why.contains("/немає/такого") && why.contains("No such file"), qPrintable(why));
+    m_window.reset();
+
+    // What a page cannot do is told at the command, before any file is asked for.
+    addUser("reports", "0=1 70=1 71=1 220=1");
+    startLoggedIn("reports");
+    action("mz_cheks")->trigger();
+    QVERIFY(action("export_to_csv")->isVisible() && !action("export_to_csv")->isEnabled());
+    QVERIFY(action("export_to_csv")->toolTip().contains("Список у PDF"));
+    action("mz_zzvit")->trigger();
+    QVERIFY(action("export_to_csv_cp1251")->isEnabled());
 }
 
 void TstVeltab::serviceMenuIsRevealed()

@@ -46,6 +46,7 @@ private slots:
     void boxesOfferTheShops();
     void whoMayNotSeeAllSeesHisGroups();
     void headingIsThatOfTheRows();
+    void printedListTellsItsFigures();
     void numbersWorkForOneRegister();
     void numbersOfOthersFail_data();
     void numbersOfOthersFail();
@@ -270,6 +271,24 @@ void TstQZReport::headingIsThatOfTheRows()
     QCOMPARE(m_report->heading(), shown);
     load();
     QCOMPARE(m_report->heading().at(2), QString("01.03.2026"));
+}
+
+void TstQZReport::printedListTellsItsFigures()
+{
+    load();
+    const QString path = m_config.filePath("z.pdf");
+    m_report->setFileChooser([&](const QString &) { return path; });
+    // Chosen, not loaded.
+    range()->setDays(march1, march1);
+    part<QPushButton>("pbPdfList")->click();
+    QVERIFY(m_base->heard.has("Файл збережено: " + path, 3));
+    if (!canReadPdf())
+        QSKIP("pdftotext (poppler-utils) is missing");
+    const QString text = textOfPdf(path);
+    for (const char *part :
+         {"Z-Звіти", "усімагазини", "01.03.2026–02.03.2026", "вул.Закрита,3", "01-03-2623:59:59",
+          "продаж:664.50", "податок:108.67", "Звітів:5", "повернення:6.20"})
+        QVERIFY2(text.contains(part), qPrintable(part + QString(" in ") + text));
 }
 
 void TstQZReport::numbersWorkForOneRegister()

@@ -10,10 +10,13 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QStandardPaths>
 #include <QTimerEvent>
 #include <QWheelEvent>
 #include <QWindow>
@@ -328,4 +331,19 @@ GlobalVariable::~GlobalVariable()
         qWarning("%s stays changed", qPrintable(m_name));
     m_admin = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("global_") + m_name);
+}
+
+bool canReadPdf()
+{
+    return !QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty();
+}
+
+QString textOfPdf(const QString &path)
+{
+    QProcess reader;
+    reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+    if (!reader.waitForFinished() || reader.exitCode() != 0)
+        qFatal("pdftotext cannot read %s", qPrintable(path));
+    return QString::fromUtf8(reader.readAllStandardOutput())
+        .remove(QRegularExpression(QStringLiteral("\\s")));
 }

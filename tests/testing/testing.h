@@ -158,3 +158,7 @@ private:
     QString m_before;
     QSqlDatabase m_admin;
 };
+
+/// The text of a PDF file without any blanks, by pdftotext of poppler-utils, which may be missing.
+bool canReadPdf();
+QString textOfPdf(const QString &path);
