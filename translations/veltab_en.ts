@@ -389,6 +389,53 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>NumberField</name>
+    <message>
+        <source>Введіть суму, наприклад 1234,50.</source>
+        <translation>Enter an amount, for example 1234.50.</translation>
+    </message>
+    <message>
+        <source>%1 схоже на штрихкод, а не на суму. Суму вводять так: 1234,50.</source>
+        <translation>%1 looks like a barcode, not like an amount. Write an amount like this: 1234.50.</translation>
+    </message>
+    <message>
+        <source>«%1» не є сумою. Суму вводять так: 1234,50 або 1 234.50.</source>
+        <translation>&quot;%1&quot; is not an amount. Write it like this: 1234,50 or 1 234.50.</translation>
+    </message>
+    <message>
+        <source>Введіть кількість, наприклад 2 або 0,250.</source>
+        <translation>Enter a quantity, for example 2 or 0.250.</translation>
+    </message>
+    <message>
+        <source>%1 схоже на штрихкод, а не на кількість. Кількість вводять так: 2 або 0,250.</source>
+        <translation>%1 looks like a barcode, not like a quantity. Write a quantity like this: 2 or 0.250.</translation>
+    </message>
+    <message>
+        <source>«%1» не є кількістю. Кількість вводять так: 2 або 0,250.</source>
+        <translation>&quot;%1&quot; is not a quantity. Write it like this: 2 or 0.250.</translation>
+    </message>
+    <message>
+        <source>Введіть ставку у відсотках, наприклад 17,5.</source>
+        <translation>Enter a rate in per cent, for example 17.5.</translation>
+    </message>
+    <message>
+        <source>%1 схоже на штрихкод, а не на відсотки. Їх вводять так: 17,5.</source>
+        <translation>%1 looks like a barcode, not like a per cent rate. Write it like this: 17.5.</translation>
+    </message>
+    <message>
+        <source>«%1» не є числом відсотків. Їх вводять так: 17,5.</source>
+        <translation>&quot;%1&quot; is not a per cent rate. Write it like this: 17.5.</translation>
+    </message>
+    <message>
+        <source>Тут не може бути менше, ніж %1.</source>
+        <translation>This cannot be less than %1.</translation>
+    </message>
+    <message>
+        <source>Тут не може бути більше, ніж %1.</source>
+        <translation>This cannot be more than %1.</translation>
+    </message>
+</context>
+<context>
     <name>OnLineGrid</name>
     <message>
         <source>на зв&apos;язку</source>
