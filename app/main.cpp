@@ -13,6 +13,7 @@
 #include <QSqlDatabase>
 #include <QThreadPool>
 #include <QTranslator>
+#include <optional>
 
 namespace {
 const QString warningTitle = QStringLiteral("Попередження! Warning!");
@@ -53,14 +54,15 @@ void applyTranslation(QTranslator *translator)
         warn(QStringLiteral("Помилка завантаження мови."));
 }
 
-int runProgram(int argc, char *argv[], QStringList *arguments)
+/// Nothing when five copies run already.
+std::optional<int> runProgram(int argc, char *argv[], QStringList *arguments)
 {
     QApplication application(argc, argv);
     *arguments = QCoreApplication::arguments();
     InstanceLimit limit(qEnvironmentVariable("VELTAB_KEY_PREFIX"));
     if (!limit.takeSlot()) {
         warn(QStringLiteral("Запущена максимальна кількість програм.\nProgram is already running."));
-        return 0;
+        return std::nullopt;
     }
     limit.release();
     installWheelGuard(&application);
@@ -105,10 +107,11 @@ int main(int argc, char *argv[])
     QStringList arguments(argv + 1, argv + argc);
     if (isTuneCommand(arguments))
         return runWithoutWindows(argc, argv);
-    const int code = runProgram(argc, argv, &arguments);
+    const std::optional<int> code = runProgram(argc, argv, &arguments);
     QSqlDatabase::removeDatabase(QLatin1String(QSqlDatabase::defaultConnection));
     const QString folder = folderOfArgument(arguments.value(0), QDir::separator());
-    if (setting::GetAutoupdate(folder))
+    // The copies that run would be replaced under their feet.
+    if (code && setting::GetAutoupdate(folder))
         startUpdater(argc, argv, folder);
-    return code;
+    return code.value_or(0);
 }

@@ -2,6 +2,7 @@
 #include "veltab.h"
 
 #include "databasestart.h"
+#include "db.h"
 #include "permissions.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
@@ -10,14 +11,18 @@
 #include "qtablebase.h"
 #include "qupdatebd.h"
 #include "setting.h"
+#include "settingfile.h"
 #include "tunewindow.h"
 #include "userstate.h"
 
+#include <QFileInfo>
 #include <QTimer>
 #include <QtConcurrent>
 #include <tuple>
 
 namespace {
+const QLatin1String loginKey("login");
+
 bool operator!=(const DatabaseAddress &one, const DatabaseAddress &other)
 {
     const auto parts = [](const DatabaseAddress &a) {
@@ -195,7 +200,39 @@ void Veltab::login()
         connectDatabase();
         return;
     }
-    QSelUser dialog(m_directory, m_setting->prefIdentify(), this, false, false);
+    if (askForUser())
+        welcome();
+    // Whoever worked before goes on when nobody else came in.
+    else if (!m_user.isLoaded())
+        showConnectionState(tr("Користувач не увійшов."));
+    updateMenus();
+}
+
+/// True when the name of the last user of this machine may stand in the settings file too.
+bool Veltab::mayRememberLogin() const
+{
+    const QFileInfo file(SettingFile::path(m_directory));
+    return SettingFile::problem(m_directory).isEmpty() &&
+           (file.exists() ? file.isWritable() : QFileInfo(m_directory).isWritable());
+}
+
+/// Nobody has changed the user that a new database comes with.
+bool Veltab::isFirstUserUntouched()
+{
+    return Db(&m_db, this)
+               .firstText(QStringLiteral("SELECT COUNT(*)=1 AND MAX(login='admin' AND pass='') FROM users"))
+               .value_or(QString()) == QLatin1String("1");
+}
+
+bool Veltab::askForUser()
+{
+    QSelUser dialog(m_directory, m_setting->prefIdentify(), this, false, mayRememberLogin());
+    if (isFirstUserUntouched()) {
+        dialog.suggestLogin(QStringLiteral("admin"));
+        dialog.showHint(tr("Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: "
+                           "Користувачі → Змінити пароль."));
+    }
+    dialog.suggestLogin(rememberedState(QString(), loginKey).toString());
     bool isFound = false;
     while (!isFound) {
         if (m_isUnattended)
@@ -206,12 +243,9 @@ void Veltab::login()
         if (m_isUnattended)
             break;
     }
-    // Whoever worked before goes on when nobody else came in.
     if (isFound)
-        welcome();
-    else if (!m_user.isLoaded())
-        showConnectionState(tr("Користувач не увійшов."));
-    updateMenus();
+        rememberState(QString(), loginKey, dialog.login());
+    return isFound;
 }
 
 bool Veltab::findUser(const QString &name, const QString &identifier, bool isCard)
@@ -245,10 +279,31 @@ void Veltab::welcome()
     const QVariant geometry = rememberedState(m_user.idUser(), QStringLiteral("geometry"));
     if (geometry.isValid())
         restoreGeometry(geometry.toByteArray());
-    showConnectionState(QString());
+    showConnectionState(nextStep());
     EnableButton(true);
     if (m_user.maySee(Permission::BackOffice))
         emit ready();
+}
+
+/// What a chain that is only being set up still lacks for its first sale; empty when nothing.
+QString Veltab::nextStep()
+{
+    if (!m_user.mayEdit(Permission::Shops) || !m_user.mayEdit(Permission::Goods))
+        return QString();
+    const QString empty = Db(&m_db, this)
+                              .firstText(QStringLiteral(
+                                  "SELECT IF(NOT EXISTS(SELECT 1 FROM shops),'shops',IF(NOT EXISTS(SELECT 1 "
+                                  "FROM kassa),'kassa',IF(NOT EXISTS(SELECT 1 FROM goods),'goods','')))"))
+                              .value_or(QString());
+    if (empty == QLatin1String("shops"))
+        return tr("Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу "
+                  "(Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).");
+    if (empty == QLatin1String("kassa"))
+        return tr("Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари з цінами "
+                  "(Таблиці → Товари).");
+    return empty == QLatin1String("goods")
+               ? tr("Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).")
+               : QString();
 }
 
 void Veltab::EnableButton(bool enable)
@@ -269,17 +324,36 @@ void Veltab::showRights()
     updateMenus();
 }
 
+/// The hint follows what was added in the tabs meanwhile.
+void Veltab::refreshNextStep()
+{
+    if (m_isConnected && m_user.isLoaded() && !m_task.isRunning() && !ui->labelConnection->text().isEmpty())
+        showConnectionState(nextStep());
+}
+
 void Veltab::visible(bool vis, bool exp)
 {
     const bool exporting = (vis || exp) && m_user.maySee(Permission::ExportCsv);
     for (QAction *action : {ui->add, ui->edit, ui->dell})
-        action->setVisible(vis);
+        action->setVisible(vis && !isReadOnlyTab());
     for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
         action->setVisible(exporting);
     // Nothing stands behind these commands yet.
     for (QAction *action : {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
         action->setVisible(false);
     updateMenus();
+}
+
+/// The lists that only show what other tabs and programs write.
+bool Veltab::isReadOnlyTab() const
+{
+    const QWidget *current = ui->tabWidget->currentWidget();
+    for (const auto kind : {QTableBase::KindGoodsShops, QTableBase::KindTrancaction,
+                            QTableBase::KindTypeTransaction, QTableBase::KindZzvit}) {
+        if (current != nullptr && m_tables->tab(kind) == current)
+            return true;
+    }
+    return false;
 }
 
 void Veltab::visible(bool vis)

@@ -4,6 +4,7 @@
 #include "databasestart.h"
 #include "permissions.h"
 #include "qchangpass.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
 #include "qqestion.h"
@@ -68,6 +69,7 @@ void Veltab::buildForm()
     ui->setupUi(this);
     ui->tabWidget->setAccessibleName(tr("Вкладки"));
     ui->close_tab->setVisible(false);
+    ui->close_all->setVisible(false);
     buildStatusBar();
     const QVariant geometry = rememberedState(QString(), geometryKey);
     if (geometry.isValid())
@@ -151,6 +153,7 @@ void Veltab::connectEntries()
     connect(ui->mt_tune, &QAction::triggered, this, &Veltab::TuneDatabase);
     connect(ui->login, &QAction::triggered, this, &Veltab::login);
     connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
+    connect(ui->close_all, &QAction::triggered, this, &Veltab::closeAllTabs);
     connect(ui->quit, &QAction::triggered, this, &Veltab::close);
     connect(ui->tabWidget, &QTabWidget::tabCloseRequested, this, &Veltab::closetab);
     connect(ui->tabWidget, &QTabWidget::currentChanged, this, &Veltab::changetab);
@@ -182,19 +185,30 @@ void Veltab::connectSession()
 
 void Veltab::SaleAdmission()
 {
-    openOwnTab(SaleTab, tr("Продаж"),
+    openOwnTab(SaleTab,
                [this]() -> QWidget * { return new QRegisterSale(&m_db, &m_user, this, m_setting, nullptr); });
 }
 
-QWidget *Veltab::openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make)
+/// The one place that opens a tab of the window's own, whoever asks for it.
+void Veltab::openOwnTab(OwnTab kind, const std::function<QWidget *()> &make)
 {
+    struct Page
+    {
+        const char *title;
+        int permission;
+    };
+    static const Page pages[OwnTabCount] = {{QT_TR_NOOP("Продаж"), Permission::Sales}};
+    const Page &page = pages[kind];
+    if (!m_user.maySee(page.permission)) {
+        postMessage(this, tr("Вам не дозволено відкривати «%1».").arg(tr(page.title)), QMessEvent::Warning);
+        return;
+    }
     QWidget *&tab = m_ownTabs[kind];
     if (tab == nullptr) {
         tab = make();
-        ui->tabWidget->addTab(tab, title);
+        ui->tabWidget->addTab(tab, tr(page.title));
     }
     ui->tabWidget->setCurrentWidget(tab);
-    return tab;
 }
 
 void Veltab::closetab(int index)
@@ -208,6 +222,16 @@ void Veltab::closetab(int index)
     std::replace(m_ownTabs.begin(), m_ownTabs.end(), widget, static_cast<QWidget *>(nullptr));
     ui->tabWidget->removeTab(index);
     delete widget;
+}
+
+bool Veltab::closeAllTabs()
+{
+    for (int index = ui->tabWidget->count() - 1; index >= 0; --index) {
+        // What it asks is asked about the tab in front.
+        ui->tabWidget->setCurrentIndex(index);
+        closetab(index);
+    }
+    return ui->tabWidget->count() == 0;
 }
 
 void Veltab::closeTabs()
@@ -225,6 +249,8 @@ void Veltab::closeTabs()
 void Veltab::changetab(int index)
 {
     ui->close_tab->setVisible(index >= 0);
+    ui->close_all->setVisible(index >= 0);
+    refreshNextStep();
     if (!m_tables->ChangeTab(index) && !m_reports->changetab(index))
         visible(false);
     offerExport(m_reports->exportRefusal());
@@ -326,15 +352,22 @@ void Veltab::keyPressEvent(QKeyEvent *event)
         QMainWindow::keyPressEvent(event);
 }
 
+bool Veltab::mayLeave()
+{
+    if (ui->tabWidget->count() > 0 &&
+        QMessDlg::confirm(this, tr("Попередження."), tr("Перед виходом, закрийте всі вкладки!"),
+                          tr("&Закрити всі вкладки"), tr("Зали&шитись")))
+        closeAllTabs();
+    if (ui->tabWidget->count() > 0)
+        return false;
+    if (m_tuning != nullptr)
+        refuse(tr("Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!"));
+    return m_tuning == nullptr;
+}
+
 void Veltab::closeEvent(QCloseEvent *event)
 {
-    if (ui->tabWidget->count() > 0) {
-        refuse(tr("Перед виходом, закрийте всі вкладки!"));
-        event->ignore();
-        return;
-    }
-    if (m_tuning != nullptr) {
-        refuse(tr("Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!"));
+    if (!mayLeave()) {
         event->ignore();
         return;
     }

@@ -66,6 +66,8 @@ public slots:
     /// Reads the rights of the user again; menus and tabs follow.
     void readRights();
     void closetab(int index);
+    /// Closes every tab that does not hold on to what would be lost; true when none is left.
+    bool closeAllTabs();
     void changetab(int index);
     void LogErrorDwl(const QString &text);
     /// edit: the record commands; exportOnly: the export commands without them.
@@ -103,7 +105,7 @@ private:
     void connectRecordCommands();
     void connectSession();
     void announceUpdate();
-    QWidget *openOwnTab(OwnTab kind, const QString &title, const std::function<QWidget *()> &make);
+    void openOwnTab(OwnTab kind, const std::function<QWidget *()> &make);
     void closeTabs();
     void applySettings();
     bool hasNewAddress() const;
@@ -119,6 +121,13 @@ private:
     void showConnectionState(const QString &text);
     void showRights();
     void updateMenus();
+    bool isReadOnlyTab() const;
+    bool mayLeave();
+    bool mayRememberLogin() const;
+    bool isFirstUserUntouched();
+    bool askForUser();
+    QString nextStep();
+    void refreshNextStep();
     bool findUser(const QString &name, const QString &identifier, bool isCard);
     void askServiceMenu();
     void rememberGeometry();

@@ -47,7 +47,8 @@ void addOptions(QCommandLineParser *parser)
     parser->setApplicationDescription(
         QStringLiteral("Fills a database with the chain of shops that shows the "
                        "program.\nThe users are admin, operator and viewer; each "
-                       "one's password is the login."));
+                       "one's password is the login, and the cards 2201000000016, 2201000000023 and "
+                       "2201000000030 log in without one."));
     parser->addHelpOption();
     parser->addOptions({
         {QStringLiteral("host"), QStringLiteral("The server."), QStringLiteral("name"),

@@ -1,5 +1,6 @@
 #include "bulkinsert.h"
 #include "dice.h"
+#include "ean13.h"
 #include "stages.h"
 
 #include <QCryptographicHash>
@@ -22,6 +23,14 @@ constexpr int rights = 400;
 QString hashed(const QString &password)
 {
     return QString::fromLatin1(QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5).toHex());
+}
+
+/// The key of a user's card. A card is scanned as the prefix and the key, so the key's last digit is the
+/// check digit of the whole.
+QString cardKey(User user)
+{
+    const QString digits = QString::number(100000000 + user);
+    return digits + eanCheckDigit(QStringLiteral("220") + digits, 12);
 }
 
 int rightOf(User user, int id)
@@ -67,7 +76,7 @@ SqlRow userRow(User user, const char *login, const char *surname, const char *na
 {
     SqlRow row;
     row.number(user).text(QLatin1String(login)).text(hashed(QLatin1String(login)));
-    row.text(QString::number(1000000000 + user));
+    row.text(cardKey(user));
     row.text(QString::fromUtf8(name)).text(QString::fromUtf8(surname)).text(QString::fromUtf8(patronymic));
     return row;
 }
@@ -188,8 +197,9 @@ bool setAdministratorPassword(const Db &db)
 {
     Transaction transaction(db);
     return transaction &&
-           db.run(QStringLiteral("UPDATE users SET pass=:pass WHERE id=:id"),
+           db.run(QStringLiteral("UPDATE users SET pass=:pass,key_prem=:key WHERE id=:id"),
                   {{QStringLiteral(":pass"), hashed(QStringLiteral("admin"))},
+                   {QStringLiteral(":key"), cardKey(administrator)},
                    {QStringLiteral(":id"), static_cast<int>(administrator)}}) &&
            transaction.commit();
 }

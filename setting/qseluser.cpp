@@ -6,11 +6,18 @@
 #include "qqestion.h"
 #include "settingfile.h"
 
+#include <QKeyEvent>
+#include <utility>
+
 namespace {
 const int keyLength = 10;
 const int prefixLength = 3;
 const int cardLength = 13;
 const int longestTypedInCardMode = 9;
+/// Nobody types digits so fast one after the other; a scanner is several times faster.
+const int scannerPauseMs = 60;
+/// So many digits at such a pace are a scanner's, with or without its Enter.
+const int shortestScan = 8;
 
 QString loginKey()
 {
@@ -31,8 +38,10 @@ QSelUser::QSelUser(const QString &directory, const QString &prefix, QWidget *par
     ui->chbCard->setChecked(cardMode);
     ui->chbRemember->setVisible(mayRemember);
     ui->leLogin->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
+    ui->labelHint->hide();
     readlogin();
     connectButtons();
+    listenForScanner();
 }
 
 QSelUser::~QSelUser() = default;
@@ -42,6 +51,68 @@ void QSelUser::connectButtons()
     connect(ui->pbOk, &QPushButton::clicked, this, &QSelUser::ok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QSelUser::canc);
     connect(ui->chbCard, &QCheckBox::clicked, ui->lePass, qOverload<>(&QWidget::setFocus));
+}
+
+void QSelUser::suggestLogin(const QString &name)
+{
+    if (login().isEmpty())
+        ui->leLogin->setText(name);
+}
+
+void QSelUser::showHint(const QString &text)
+{
+    ui->labelHint->setText(text);
+    ui->labelHint->setVisible(!text.isEmpty());
+}
+
+void QSelUser::listenForScanner()
+{
+    m_digitsPause.setSingleShot(true);
+    m_digitsPause.setInterval(scannerPauseMs);
+    connect(&m_digitsPause, &QTimer::timeout, this, &QSelUser::giveBackDigits);
+    installEventFilter(this);
+    for (QWidget *widget : findChildren<QWidget *>()) {
+        if (widget != ui->lePass)
+            widget->installEventFilter(this);
+    }
+}
+
+/// Digits are held back for a moment: those of a card must not be seen in the login field.
+bool QSelUser::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const QString text = key->text();
+    if (text.size() == 1 && text.at(0) >= QLatin1Char('0') && text.at(0) <= QLatin1Char('9'))
+        return keepDigit(watched, text);
+    const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    const bool isScan = isEnter && m_digits.size() >= shortestScan;
+    giveBackDigits();
+    if (isScan)
+        ok();
+    return isScan || QDialog::eventFilter(watched, event);
+}
+
+bool QSelUser::keepDigit(QObject *field, const QString &text)
+{
+    m_digitsField = field;
+    m_digits += text;
+    m_digitsPause.start();
+    return true;
+}
+
+/// Nothing followed: many digits are a scan, a few were typed by hand where they are wanted.
+void QSelUser::giveBackDigits()
+{
+    m_digitsPause.stop();
+    const QString digits = std::exchange(m_digits, QString());
+    if (digits.size() >= shortestScan) {
+        ui->lePass->setText(digits);
+        ui->lePass->setFocus();
+    } else if (auto *edit = qobject_cast<QLineEdit *>(m_digitsField); edit != nullptr && !digits.isEmpty()) {
+        edit->insert(digits);
+    }
 }
 
 int QSelUser::exec()
@@ -105,6 +176,7 @@ QChar QSelUser::CSEAN13(const QString &code)
 
 void QSelUser::ok()
 {
+    giveBackDigits();
     if (login().isEmpty()) {
         QQestion::question(this, tr("Попередження"), tr("Імя користувача не може бути пустим"), true);
         ui->leLogin->setFocus();

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
+#include <QTimer>
 #include <memory>
 
 namespace Ui {
@@ -11,7 +13,8 @@ class QSelUser;
 ///
 /// A barcode is thirteen digits: the prefix of the settings and the user's key of ten, whose last digit is
 /// the check digit of the whole. In card mode (the tick box) nothing else is taken but texts of up to nine
-/// characters; without it any text is, and a sound barcode counts as a card all the same.
+/// characters; without it any text is, and a sound barcode counts as a card all the same. What a scanner
+/// types goes into the hidden field wherever the focus is.
 class QSelUser : public QDialog
 {
     Q_OBJECT
@@ -22,6 +25,11 @@ public:
     QSelUser(const QString &directory, const QString &prefix, QWidget *parent, bool cardMode = false,
              bool mayRemember = true);
     ~QSelUser() override;
+
+    /// Puts a name into an empty login field.
+    void suggestLogin(const QString &name);
+    /// Shows a line above the buttons; none at first.
+    void showHint(const QString &text);
 
     /// What was entered, valid after acceptance. identifier: the key of a card, else the typed text.
     QString login() const;
@@ -37,8 +45,14 @@ public slots:
     void ok();
     void canc();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void connectButtons();
+    void listenForScanner();
+    bool keepDigit(QObject *field, const QString &text);
+    void giveBackDigits();
     void readlogin();
     void savelogin();
     void clrsavinglogin();
@@ -53,4 +67,8 @@ private:
     QString m_prefix;
     QString m_identifier;
     bool m_isCard = false;
+    /// Digits typed outside of the hidden field that may still turn out to be a scan, and where.
+    QString m_digits;
+    QPointer<QObject> m_digitsField;
+    QTimer m_digitsPause;
 };

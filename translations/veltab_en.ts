@@ -3398,10 +3398,6 @@ TO VERSION
 3. 0. 0. 17</translation>
     </message>
     <message>
-        <source>Закрити в&amp;кладку</source>
-        <translation>&amp;Close tab</translation>
-    </message>
-    <message>
         <source>П&amp;рискорити звіти…</source>
         <translation>Speed &amp;up reports…</translation>
     </message>
@@ -3444,6 +3440,42 @@ TO VERSION
     <message>
         <source>Нові налаштування бази почнуть діяти, коли закінчиться прискорення звітів і ви увійдете знову.</source>
         <translation>The new database settings will take effect when the reports have been sped up and you log in again.</translation>
+    </message>
+    <message>
+        <source>Закр&amp;ити вкладку</source>
+        <translation>Close &amp;tab</translation>
+    </message>
+    <message>
+        <source>Закрити всі в&amp;кладки</source>
+        <translation>Close &amp;all tabs</translation>
+    </message>
+    <message>
+        <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
+        <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
+    </message>
+    <message>
+        <source>Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).</source>
+        <translation>To begin selling, add a shop (Tables → Shops, Ctrl+N), its cash register (Tables → Equipment) and goods with prices (Tables → Goods).</translation>
+    </message>
+    <message>
+        <source>Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари з цінами (Таблиці → Товари).</source>
+        <translation>To begin selling, add a cash register of the shop (Tables → Equipment, Ctrl+N) and goods with prices (Tables → Goods).</translation>
+    </message>
+    <message>
+        <source>Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).</source>
+        <translation>To begin selling, add goods with prices (Tables → Goods, Ctrl+N).</translation>
+    </message>
+    <message>
+        <source>Вам не дозволено відкривати «%1».</source>
+        <translation>You are not allowed to open “%1”.</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити всі вкладки</source>
+        <translation>&amp;Close all tabs</translation>
+    </message>
+    <message>
+        <source>Зали&amp;шитись</source>
+        <translation>&amp;Stay</translation>
     </message>
 </context>
 <context>

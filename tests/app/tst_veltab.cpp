@@ -9,12 +9,15 @@
 #include "veltab.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTemporaryDir>
@@ -38,6 +41,10 @@ private slots:
     void changedRightsAreFollowed();
     void cancelledLoginKeepsTheUser();
     void openTabsKeepTheWindow();
+    void closingAllSparesWhatWouldBeLost();
+    void nothingOpensWithoutTheRight();
+    void readOnlyListsOfferNoEditing();
+    void loginTellsTheFirstUser();
     void settingsReconnectOnlyToANewAddress();
     void missingTablesAreAddedInTheSession();
     void unreadableSettingsConnectNowhere();
@@ -331,12 +338,94 @@ void TstVeltab::openTabsKeepTheWindow()
     action("mt_goods")->trigger();
     QCOMPARE(tabs->count(), 2);
     QCOMPARE(tabs->tabText(tabs->currentIndex()), QString("Товари"));
-    const QString why = answerQuestion([&] { m_window->close(); });
-    QCOMPARE(why, QString("Перед виходом, закрийте всі вкладки!"));
-    QVERIFY(m_window->isVisible());
-    m_window->closetab(0);
-    m_window->closetab(0);
-    QVERIFY(m_window->close());
+    const QString why = answerConfirm([&] { m_window->close(); }, false);
+    QVERIFY2(why.contains("Перед виходом, закрийте всі вкладки!"), qPrintable(why));
+    QVERIFY(m_window->isVisible() && tabs->count() == 2);
+    answerConfirm([&] { m_window->close(); }, true);
+    QVERIFY(!m_window->isVisible() && tabs->count() == 0);
+}
+
+/// A tab that would lose something refuses to be closed.
+class HoldingTab : public QWidget
+{
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+};
+
+void TstVeltab::closingAllSparesWhatWouldBeLost()
+{
+    startLoggedIn("admin");
+    auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    QVERIFY(!action("close_all")->isVisible());
+    action("mt_goods")->trigger();
+    auto *holding = new HoldingTab;
+    tabs->addTab(holding, "чек");
+    action("man_saleadmiss")->trigger();
+    action("mz_cheks")->trigger();
+    QCOMPARE(tabs->count(), 4);
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QTest::keyClick(m_window.get(), Qt::Key_W, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(tabs->count(), 1);
+    QCOMPARE(tabs->widget(0), static_cast<QWidget *>(holding));
+    answerConfirm([&] { m_window->close(); }, true);
+    QVERIFY2(m_window->isVisible() && tabs->count() == 1, "the held tab holds the program too");
+}
+
+void TstVeltab::nothingOpensWithoutTheRight()
+{
+    addUser("viewer", "0=1 13=2");
+    startLoggedIn("viewer");
+    m_window->SaleAdmission();
+    QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 0);
+    QTRY_COMPARE(child<QStatusBar>(m_window.get(), "statusbar")->currentMessage(),
+                 QString("Вам не дозволено відкривати «Продаж»."));
+}
+
+void TstVeltab::readOnlyListsOfferNoEditing()
+{
+    startLoggedIn("admin");
+    action("mt_goods")->trigger();
+    QVERIFY(action("add")->isVisible());
+    action("mt_goods_shops")->trigger();
+    QVERIFY(!action("add")->isVisible() && !action("edit")->isVisible() && !action("dell")->isVisible());
+    QVERIFY(action("export_to_csv")->isVisible());
+    m_window->closetab(1);
+    QVERIFY(action("add")->isVisible());
+}
+
+void TstVeltab::loginTellsTheFirstUser()
+{
+    QStringList names;
+    QStringList hints;
+    writeSettings(m_base->address());
+    const auto answer = [&](QDialog *dialog) {
+        if (qobject_cast<QSelUser *>(dialog) == nullptr)
+            return dialog->accept();
+        names.append(child<QLineEdit>(dialog, "leLogin")->text());
+        hints.append(child<QLabel>(dialog, "labelHint")->text());
+        QVERIFY(!child<QCheckBox>(dialog, "chbRemember")->isHidden());
+        static_cast<QSelUser *>(dialog)->ok();
+    };
+    start(answer);
+    QVERIFY(m_window->isReady());
+    QVERIFY2(connectionText().contains("додайте магазин"), qPrintable(connectionText()));
+    m_base->exec("INSERT INTO shops(address,name,group_shop,block) VALUES('А','М',1,0)");
+    action("mt_kass")->trigger();
+    QVERIFY2(connectionText().contains("додайте касу"), qPrintable(connectionText()));
+    m_window.reset();
+    addUser("viewer", "0=1 10=2");
+    start([&](QDialog *dialog) {
+        if (qobject_cast<QSelUser *>(dialog) != nullptr)
+            child<QLineEdit>(dialog, "leLogin")->setText("viewer");
+        answer(dialog);
+    });
+    QVERIFY(connectionText().isEmpty());
+    m_window.reset();
+    start(answer);
+    QCOMPARE(names, QStringList({"admin", "viewer", "viewer"}));
+    QVERIFY2(hints.at(0).contains("admin, пароль порожній"), qPrintable(hints.at(0)));
+    QCOMPARE(hints.mid(1), QStringList({"", ""}));
 }
 
 void TstVeltab::settingsReconnectOnlyToANewAddress()

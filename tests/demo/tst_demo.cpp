@@ -217,6 +217,11 @@ void TstDemo::usersAndRights()
     QCOMPARE(
         m_database.rows(QStringLiteral("SELECT login,pass=MD5(login) FROM users ORDER BY id")),
         QStringList({QStringLiteral("admin|1"), QStringLiteral("operator|1"), QStringLiteral("viewer|1")}));
+    // The keys whose cards, with the prefix 220 before them, a scanner reads: the last digit is the check
+    // digit.
+    QCOMPARE(m_database.rows(QStringLiteral("SELECT key_prem FROM users ORDER BY id")),
+             QStringList(
+                 {QStringLiteral("1000000016"), QStringLiteral("1000000023"), QStringLiteral("1000000030")}));
     QCOMPARE(m_database.rows(
                  QStringLiteral("SELECT id_g_prem,GROUP_CONCAT(id_group ORDER BY id_group) FROM lst_group "
                                 "GROUP BY id_g_prem")),

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 /// The login dialog with passwords and cards, and the change of the own password.
@@ -29,6 +30,9 @@ private slots:
     void identifierIsRefused();
     void emptyLoginIsRefused();
     void enterAcceptsAndEscapeRejects();
+    void scanIsTakenWhereverTheFocusIs();
+    void digitsOfANameStayInIt();
+    void suggestedName();
     void rememberedLogin();
     void passwordIsChanged_data();
     void passwordIsChanged();
@@ -151,6 +155,55 @@ void TstLogin::enterAcceptsAndEscapeRejects()
     QVERIFY(withModal<QSelUser>(
         [&] { QCOMPARE(dialog.exec(), 1); },
         [](QSelUser *shown) { QTest::keyClick(child<QLineEdit>(shown, "lePass"), Qt::Key_Return); }));
+}
+
+void TstLogin::scanIsTakenWhereverTheFocusIs()
+{
+    for (const char *focus : {"leLogin", "lePass", "chbCard", "chbRemember", "pbOk", "pbCancel"}) {
+        const QTemporaryDir directory;
+        QSelUser dialog(directory.path(), "220", nullptr);
+        fill(&dialog, "olena", "");
+        const QSignalSpy shown(child<QLineEdit>(&dialog, "leLogin"), &QLineEdit::textChanged);
+        withModal<QSelUser>([&] { dialog.exec(); },
+                            [&](QSelUser *window) {
+                                child<QWidget>(window, focus)->setFocus();
+                                scan(window, "2200000000422");
+                                QTest::qWait(100);
+                            });
+        QVERIFY2(dialog.result() == QDialog::Accepted && dialog.isCard(), focus);
+        QCOMPARE(dialog.identifier(), QString("0000000422"));
+        QVERIFY2(shown.isEmpty() && dialog.login() == "olena", focus);
+    }
+}
+
+void TstLogin::digitsOfANameStayInIt()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    withModal<QSelUser>([&] { dialog.exec(); },
+                        [&](QSelUser *window) {
+                            auto *login = child<QLineEdit>(window, "leLogin");
+                            login->setFocus();
+                            QTest::keyClicks(login, "kasa12x3");
+                            QCOMPARE(login->text(), QString("kasa12x"));
+                            QTRY_COMPARE(login->text(), QString("kasa12x3"));
+                            QTest::keyClicks(login, "45");
+                            QTest::keyClick(login, Qt::Key_Return);
+                        });
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    QCOMPARE(dialog.login(), QString("kasa12x345"));
+    QVERIFY(dialog.identifier().isEmpty());
+}
+
+void TstLogin::suggestedName()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    dialog.suggestLogin("olena");
+    dialog.suggestLogin("other");
+    QCOMPARE(dialog.login(), QString("olena"));
+    QVERIFY2(!child<QCheckBox>(&dialog, "chbRemember")->isChecked(), "a name alone remembers nothing");
+    QVERIFY(child<QLabel>(&dialog, "labelHint")->isHidden());
 }
 
 void TstLogin::rememberedLogin()
