@@ -8,11 +8,14 @@
 #include "qpayment.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
+#include "quantitydelegate.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
+#include "saleclock.h"
 #include "saleplaces.h"
 
 #include <QCloseEvent>
+#include <QScopedValueRollback>
 
 QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                              QWidget *parent)
@@ -22,13 +25,13 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     , m_user(user)
     , m_receiver(receiver)
     , m_chek(new ReceiptModel(this))
+    , m_quantity(new QuantityDelegate(this))
     , m_goods(new QRowModel(this))
     , m_loader(new ListLoader(db->connectionName(), receiver, this))
 {
     Q_UNUSED(set)
     ui->setupUi(this);
-    m_date = QDate::currentDate();
-    ui->dateEdit->setDate(m_date);
+    backToToday();
     ui->notice->hide();
     ui->notice->setBackgroundRole(QPalette::ToolTipBase);
     ui->lbNotice->setForegroundRole(QPalette::ToolTipText);
@@ -37,7 +40,9 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     fillShops();
     connectPlace();
     connectReceipt();
+    connectKeys();
     connectSearch();
+    connectFocus();
     salemode();
     showRights();
     showReceipt();
@@ -46,6 +51,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
 
 void QRegisterSale::fillShops()
 {
+    const QSignalBlocker hold(ui->cbShop);
     SalePlaces::fillShops(ui->cbShop, m_db, m_user, m_receiver);
     const int home = ui->cbShop->findData(m_user->idShop().toUInt());
     if (home >= 0)
@@ -108,8 +114,26 @@ void QRegisterSale::showReceipt()
 
 void QRegisterSale::notify(const QString &text)
 {
-    ui->lbNotice->setText(text);
-    ui->notice->setVisible(!text.isEmpty());
+    QStringList words = m_notAdded;
+    if (!text.isEmpty())
+        words.append(text);
+    ui->lbNotice->setText(words.join(QLatin1Char('\n')));
+    ui->notice->setVisible(!words.isEmpty());
+}
+
+/// The scanner's field has the focus again after every box.
+bool QRegisterSale::confirm(const QString &title, const QString &text, const QString &actCaption)
+{
+    Q_UNUSED(actCaption)
+    const bool isAgreed = QQestion::question(this, title, text) == QDialog::Accepted;
+    focusSearch();
+    return isAgreed;
+}
+
+void QRegisterSale::warn(const QString &title, const QString &text)
+{
+    QQestion::question(this, title, text, true);
+    focusSearch();
 }
 
 quint32 QRegisterSale::idShop() const
@@ -140,35 +164,84 @@ ShiftCloser QRegisterSale::closer() const
 /// None while the date follows today.
 QDate QRegisterSale::chosenDate() const
 {
-    return m_isToday ? QDate() : ui->dateEdit->date();
+    return m_isToday ? QDate() : m_date;
 }
 
 /// A tab that is left open overnight goes on with the new day.
 void QRegisterSale::followToday()
 {
-    if (m_isToday && m_chek->receipt().isEmpty() && m_date != QDate::currentDate())
-        ui->dateEdit->setDate(QDate::currentDate());
+    if (m_isToday)
+        backToToday();
 }
 
-void QRegisterSale::dateChanged(const QDate &date)
+/// Another date holds for one receipt.
+void QRegisterSale::backToToday()
 {
-    if (!leaveReceipt()) {
+    m_isToday = true;
+    m_isDateAgreed = false;
+    if (m_date != SaleClock::now().date()) {
+        m_date = SaleClock::now().date();
         const QSignalBlocker hold(ui->dateEdit);
         ui->dateEdit->setDate(m_date);
-        return;
     }
+    showDate();
+}
+
+void QRegisterSale::showDate()
+{
+    QPalette colours;
+    if (!m_isToday) {
+        // Dark on light in every theme.
+        colours.setColor(QPalette::Base, QColor(255, 183, 77));
+        colours.setColor(QPalette::Text, Qt::black);
+    }
+    ui->dateEdit->setPalette(m_isToday ? QPalette() : colours);
+    ui->dateEdit->setToolTip(m_isToday ? QString() : tr("Дата чека не сьогоднішня."));
+}
+
+/// Asked once a receipt.
+bool QRegisterSale::agreeDate()
+{
+    followToday();
+    if (!m_isToday && !m_isDateAgreed) {
+        const QString day = m_date.toString(QStringLiteral("dd.MM.yyyy"));
+        m_isDateAgreed =
+            confirm(tr("Дата чека"),
+                    tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
+                        .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
+                    tr("Записати %1").arg(day));
+    }
+    return m_isToday || m_isDateAgreed;
+}
+
+/// The box shows the old choice while the user is asked.
+void QRegisterSale::dateChanged(const QDate &date)
+{
+    const auto show = [this](const QDate &shown) {
+        const QSignalBlocker hold(ui->dateEdit);
+        ui->dateEdit->setDate(shown);
+    };
+    show(m_date);
+    if (!leaveReceipt())
+        return;
+    show(date);
     m_date = date;
-    m_isToday = date == QDate::currentDate();
+    m_isToday = date == SaleClock::now().date();
+    m_isDateAgreed = false;
+    showDate();
     seerch(ui->leSearch->text());
 }
 
 bool QRegisterSale::changePlace(QComboBox *box, int *chosen, int index)
 {
-    if (index != *chosen && !leaveReceipt()) {
+    const auto show = [box](int shown) {
         const QSignalBlocker hold(box);
-        box->setCurrentIndex(*chosen);
+        box->setCurrentIndex(shown);
+    };
+    show(*chosen);
+    if (index != *chosen && !leaveReceipt())
         return false;
-    }
+    show(index);
     *chosen = index;
     return true;
 }
@@ -183,8 +256,7 @@ QString QRegisterSale::isOpenZ(bool *ok)
     const auto z = writer().openZ();
     *ok = z && writer().isOwn(*z);
     if (z && !*ok)
-        QQestion::question(this, tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}),
-                           true);
+        warn(tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}));
     return z ? z->number : QString();
 }
 
@@ -200,9 +272,14 @@ QString QRegisterSale::getIdZ()
 int QRegisterSale::writeChek(const QString &discount, const QString &toPay, const QString &cash,
                              const QString &card, const QString &certificate, const QString &fourth)
 {
-    const ChekPayment payment = {discount.toLongLong(), toPay.toLongLong(),       cash.toLongLong(),
-                                 card.toLongLong(),     certificate.toLongLong(), fourth};
-    const ChekWriter::Result result = writer().write(m_chek->receipt(), payment, chosenDate());
+    return write(m_chek->receipt(), {discount.toLongLong(), toPay.toLongLong(), cash.toLongLong(),
+                                     card.toLongLong(), certificate.toLongLong(), fourth});
+}
+
+/// The number of the written receipt, else -1 with the reason shown.
+int QRegisterSale::write(const Receipt &receipt, const ChekPayment &payment)
+{
+    const ChekWriter::Result result = writer().write(receipt, payment, chosenDate());
     if (result.outcome == ChekWriter::Written)
         return result.chek.number;
     if (result.outcome == ChekWriter::Unclear)
@@ -211,60 +288,68 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
     postMessage(m_receiver, why, QMessEvent::Warning);
     notify(why);
     if (result.outcome == ChekWriter::Busy)
-        QQestion::question(this, tr("Магазин зайнятий!"), why, true);
+        warn(tr("Магазин зайнятий!"), why);
     return -1;
 }
 
-/// Why nothing can be sold here; empty when it can.
-QString QRegisterSale::placeRefusal() const
+/// Why this receipt cannot be sold here; empty when it can.
+QString QRegisterSale::saleRefusal() const
 {
     if (m_shop < 0 || m_kass < 0)
         return tr("Виберіть магазин і касу.");
     if (SalePlaces::isClosingOnly(ui->cbKass))
         return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
     // A shift is listed in one shop; what is sold in another one does not belong into it.
-    const QString other = SalePlaces::otherShopOfShift(m_db, m_receiver, ui->cbKass->currentData().toString(),
-                                                       QString::number(idShop()));
-    return other.isEmpty()
-               ? QString()
-               : tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
+    const QString other =
+        SalePlaces::otherShopOfShift(m_db, m_receiver, place().kass, QString::number(idShop()));
+    if (!other.isEmpty())
+        return tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
+    const QString unknown = tr("Сервер не відповів, чи можна тут продавати. Повторіть оплату.");
+    const QString why = writer().placeRefusal().value_or(unknown);
+    return why.isEmpty() ? m_chek->receipt().refusal() : why;
 }
 
 bool QRegisterSale::VerifyChek()
 {
-    QString why = m_chek->receipt().refusal();
-    const QString place = placeRefusal();
-    if (!place.isEmpty())
-        why = place;
-    notify(why);
-    if (!why.isEmpty())
-        return false;
-    bool ok = false;
-    isOpenZ(&ok);
+    QString why = saleRefusal();
+    bool ok = why.isEmpty();
+    if (ok)
+        isOpenZ(&ok);
+    if (ok)
+        why =
+            writer().shiftRefusal(m_chek->receipt()).value_or(tr("Стан зміни невідомий. Повторіть оплату."));
     showShift();
-    return ok;
+    notify(why);
+    return ok && why.isEmpty();
 }
 
 void QRegisterSale::sale()
 {
     notify(QString());
-    if (!mayChange() || !VerifyChek() || m_chek->receipt().total() == 0)
-        return focusSearch();
-    const qint64 discount = m_chek->receipt().discount();
-    QPayment payment(moneyText(m_chek->receipt().total()), moneyText(discount), false, this);
+    if (!settle() || !mayChange())
+        return;
+    if (VerifyChek() && m_chek->receipt().total() != 0 && agreeDate())
+        pay();
+    focusSearch();
+}
+
+/// What is shown, what is paid and what is written is one receipt, taken once.
+void QRegisterSale::pay()
+{
+    const QScopedValueRollback<bool> paying(m_isPaying, true);
+    const Receipt receipt = m_chek->receipt();
+    QPayment payment(moneyText(receipt.total()), moneyText(receipt.discount()), false, this);
     if (payment.exec() != QDialog::Accepted)
-        return focusSearch();
-    const int number = writeChek(QString::number(discount), payment.toPay(), payment.cash(), payment.card(),
-                                 payment.certificate(), QStringLiteral("0.00"));
+        return;
+    const int number = write(receipt, payment.payment());
     if (number != -1)
         afterSale(number);
-    focusSearch();
 }
 
 void QRegisterSale::afterSale(int number)
 {
     m_unclear.reset();
-    m_chek->clear();
+    clearReceipt();
     ui->leSearch->clear();
     seerch(QString());
     showShift();
@@ -273,10 +358,9 @@ void QRegisterSale::afterSale(int number)
         QUpdateBD().update(QLatin1String(table), *m_db, m_receiver);
 }
 
-bool QRegisterSale::settleUnclear()
+/// Whether the last receipt is written; nothing while the server does not tell.
+std::optional<bool> QRegisterSale::askUnclear()
 {
-    if (!m_unclear)
-        return true;
     const auto isWritten = writer().isWritten(*m_unclear);
     if (!isWritten)
         notify(ChekWriter::explanation({ChekWriter::Unclear, *m_unclear}));
@@ -284,7 +368,7 @@ bool QRegisterSale::settleUnclear()
         afterSale(m_unclear->number);
     else
         m_unclear.reset();
-    return isWritten && !*isWritten;
+    return isWritten;
 }
 
 bool QRegisterSale::mayChange()
@@ -293,22 +377,52 @@ bool QRegisterSale::mayChange()
         showRights();
         return false;
     }
-    return settleUnclear();
+    return !m_unclear || askUnclear() == false;
 }
 
 bool QRegisterSale::leaveReceipt()
 {
+    settle();
+    if (m_unclear && !askUnclear()) {
+        focusSearch();
+        return false;
+    }
     if (m_chek->receipt().isEmpty())
         return true;
-    if (QQestion::question(this, tr("Очистити чек?"),
-                           tr("У чеку є товари, чек ще не оплачено.\nОчистити його?")) != QDialog::Accepted)
+    if (!confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
+                 tr("Очистити")))
         return false;
-    m_chek->clear();
-    m_unclear.reset();
+    clearReceipt();
     return true;
+}
+
+/// The next receipt begins with nothing of this one.
+void QRegisterSale::clearReceipt()
+{
+    m_typed.reset();
+    m_notAdded.clear();
+    m_chek->clear();
+    backToToday();
 }
 
 void QRegisterSale::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(leaveReceipt());
+    event->setAccepted(!m_isPaying && mayClose());
+}
+
+/// An unclear receipt is told once more before it is out of sight.
+bool QRegisterSale::mayClose()
+{
+    settle();
+    if (!m_unclear || askUnclear())
+        return leaveReceipt();
+    const QString what = ChekWriter::explanation({ChekWriter::Unclear, *m_unclear});
+    if (!confirm(tr("Закрити вкладку?"),
+                 what + QStringLiteral("\n\n") +
+                     tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
+                         .arg(moneyShown(m_unclear->toPay)),
+                 tr("Закрити")))
+        return false;
+    postMessage(m_receiver, what, QMessEvent::Warning);
+    return true;
 }

@@ -16,6 +16,7 @@ class ListLoader;
 class QComboBox;
 class QLoadedUser;
 class QNTableView;
+class QuantityDelegate;
 class QRowModel;
 class QSqlDatabase;
 class ReceiptModel;
@@ -61,8 +62,13 @@ public slots:
     /// Closes the shop's trading period; false, with the reason shown, when it cannot be closed.
     bool ClosePeriod();
 
+signals:
+    /// The item that Enter waited for is there, or is known not to come.
+    void answered();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -75,13 +81,18 @@ private:
     static QString widthsKey(const QNTableView *view);
     void connectPlace();
     void connectReceipt();
+    void connectKeys();
     void connectSearch();
+    void connectFocus();
     void fillShops();
     void fillKass();
     void showShift();
     QString shiftText() const;
     void showReceipt();
+    void showDate();
     void notify(const QString &text);
+    bool confirm(const QString &title, const QString &text, const QString &actCaption);
+    void warn(const QString &title, const QString &text);
     void showRights();
 
     quint32 idShop() const;
@@ -92,15 +103,30 @@ private:
     QDate chosenDate() const;
     GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
     void followToday();
+    void backToToday();
+    bool agreeDate();
+
+    /// Ends what the hand has begun: a quantity or a discount that is being typed, an item that Enter waits
+    /// for. False, with the reason shown, when something of it did not come into the receipt.
+    bool settle();
+    bool settleQuantity();
+    bool settleDiscount();
+    bool settleSearch();
+    void takeScans();
+    void notAdded(const QString &why);
 
     /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
     bool mayChange();
-    bool settleUnclear();
+    std::optional<bool> askUnclear();
+    bool mayClose();
     bool VerifyChek();
-    QString placeRefusal() const;
+    void pay();
+    int write(const Receipt &receipt, const ChekPayment &payment);
+    QString saleRefusal() const;
     void afterSale(int number);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
+    void clearReceipt();
     bool changePlace(QComboBox *box, int *chosen, int index);
     void dateChanged(const QDate &date);
 
@@ -112,31 +138,36 @@ private:
     QString shiftKey(const QString &zNumber) const;
 
     void enter();
+    void dropSearch();
     void showFound(const std::shared_ptr<FoundRows> &found);
     void answerEnter(int count);
     bool addScanned(const QString &barcode);
     void addListed(int row);
     void addGoods(const ReceiptRow &row);
     bool confirmStock();
-    void changeQuantity(int row, const QString &text);
-    void setQuantity(int row, qint64 thousandths);
+    bool changeQuantity(int row, const QString &text);
+    bool setQuantity(int row, qint64 thousandths);
     void stepQuantity(qint64 thousandths);
-    void editQuantity();
+    void editQuantity(const QString &text = QString());
     void removeRow();
     void discountTyped();
+    bool isDiscountBegun() const;
     void escape();
     void focusSearch();
 
     bool searchKey(const QKeyEvent *key);
-    bool goodsKey(QKeyEvent *key);
+    bool goodsKey(const QKeyEvent *key);
     bool chekKey(const QKeyEvent *key);
     bool quantityKey(const QKeyEvent *key);
+    bool fieldKey(const QKeyEvent *key);
+    void typeIntoSearch(const QKeyEvent *key);
 
     std::unique_ptr<Ui::QRegisterSale> ui;
     QSqlDatabase *m_db;
     QLoadedUser *m_user;
     QObject *m_receiver;
     ReceiptModel *m_chek;
+    QuantityDelegate *m_quantity;
     QRowModel *m_goods;
     ListLoader *m_loader;
     QTimer m_searchDelay;
@@ -147,8 +178,22 @@ private:
     QDate m_date;
     /// Nobody has chosen another date than today's.
     bool m_isToday = true;
+    /// The user knows that this receipt gets another date than today's.
+    bool m_isDateAgreed = false;
     /// Enter was pressed before the list was there.
     bool m_isEnterWaiting = false;
+    /// A quantity that left its editor and is not in the receipt yet.
+    struct TypedQuantity
+    {
+        int row;
+        QString text;
+    };
+    std::optional<TypedQuantity> m_typed;
+    /// Scanned while a question was open; and what could not be added since somebody last looked.
+    QStringList m_scans;
+    bool m_isTakingScans = false;
+    QStringList m_notAdded;
+    bool m_isPaying = false;
     /// A receipt of which the server has not told whether it was written.
     std::optional<WrittenChek> m_unclear;
     /// The shift during which the period was closed: its closing does not ask for that again.

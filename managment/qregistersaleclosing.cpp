@@ -7,7 +7,6 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
-#include "qqestion.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
 #include "saleplaces.h"
@@ -25,7 +24,8 @@ int formCash(qint64 kopecks)
 void QRegisterSale::CloseZ_zvit()
 {
     notify(QString());
-    followToday();
+    if (!settle())
+        return;
     const QString zNumber = shiftToClose();
     if (zNumber.isEmpty() || !offerPeriod(zNumber))
         return focusSearch();
@@ -59,8 +59,7 @@ bool QRegisterSale::takeOver(const OpenZ &z)
     const QString warning = ChekWriter::explanation({ChekWriter::Busy, {}});
     const QString question = tr("Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?")
                                  .arg(z.number, m_user->getNameSename(m_db, z.user.toInt()));
-    return QQestion::question(this, tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question) ==
-           QDialog::Accepted;
+    return confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question, tr("Закрити її"));
 }
 
 /// On the last day of the period. False when the shift is not to be closed.
@@ -97,7 +96,7 @@ void QRegisterSale::countAndClose(const ShiftFigures &figures)
     postMessage(m_receiver, why, QMessEvent::Warning);
     showShift();
     notify(why);
-    QQestion::question(this, tr("Попередження."), why, true);
+    warn(tr("Попередження."), why);
 }
 
 void QRegisterSale::afterClosing(const QString &zNumber)
@@ -116,12 +115,12 @@ void QRegisterSale::afterClosing(const QString &zNumber)
 void QRegisterSale::pbClosePeriod()
 {
     notify(QString());
-    if (!mayChange())
-        return focusSearch();
+    if (!settle() || !mayChange())
+        return;
     if (ClosePeriod())
         notify(tr("Період закрито. Наступна зміна почне новий."));
     else
-        QQestion::question(this, tr("Попередження?"), tr("Період не закрито!"), true);
+        warn(tr("Попередження?"), tr("Період не закрито!"));
     focusSearch();
 }
 
@@ -138,7 +137,7 @@ bool QRegisterSale::ClosePeriod()
         return false;
     const QString why = ShiftCloser::periodRefusal(*day);
     if (!why.isEmpty()) {
-        QQestion::question(this, tr("Попередження."), why, true);
+        warn(tr("Попередження."), why);
         return false;
     }
     m_closedPeriod = shiftKey(z->number);

@@ -6,8 +6,8 @@
 #include "listloader.h"
 #include "money.h"
 #include "qmessevent.h"
-#include "qqestion.h"
 #include "qrowmodel.h"
+#include "quantitydelegate.h"
 #include "receiptmodel.h"
 #include "saleclock.h"
 
@@ -20,6 +20,12 @@ constexpr qint64 one = 1000;
 bool isEnter(const QKeyEvent *key)
 {
     return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+}
+
+bool isTyped(const QKeyEvent *key)
+{
+    return !key->text().isEmpty() && key->text().at(0).isPrint() &&
+           (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
 }
 
 bool isScanned(const QString &text)
@@ -59,7 +65,10 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
         postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
         m_goods->removeRows(0, m_goods->rowCount());
         ui->viewGoods->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
+        if (m_isEnterWaiting)
+            notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(ui->leSearch->text()));
         m_isEnterWaiting = false;
+        emit answered();
         return;
     }
     m_goods->replaceRows(std::move(found->rows));
@@ -70,6 +79,7 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
                                                                : tr("За цими умовами нічого не знайдено."));
     if (m_isEnterWaiting)
         answerEnter(count);
+    emit answered();
 }
 
 /// A whole barcode is looked up at once; anything else waits for the list.
@@ -80,19 +90,24 @@ void QRegisterSale::enter()
     const QString text = ui->leSearch->text().trimmed();
     if (text.isEmpty() || (isScanned(text) && addScanned(text)))
         return;
-    m_isEnterWaiting = true;
+    m_isEnterWaiting = !m_isTakingScans;
     seerch(text);
+    if (m_isTakingScans)
+        notAdded(tr("Товар «%1» не знайдено.").arg(text));
 }
 
 void QRegisterSale::answerEnter(int count)
 {
     m_isEnterWaiting = false;
+    const QString text = ui->leSearch->text();
     if (count == 1)
         return addListed(0);
     if (count == 0) {
-        notify(tr("Товар «%1» не знайдено.").arg(ui->leSearch->text()));
+        const QString why = tr("Товар «%1» не знайдено.").arg(text);
+        isScanned(text) ? notAdded(why) : notify(why);
         return ui->leSearch->selectAll();
     }
+    notify(tr("За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.").arg(text));
     ui->viewGoods->setCurrentIndex(m_goods->index(0, GoodsColumn::Name));
     ui->viewGoods->setFocus();
 }
@@ -101,8 +116,10 @@ void QRegisterSale::answerEnter(int count)
 bool QRegisterSale::addScanned(const QString &barcode)
 {
     auto query = db().run(goodsListSql(goodsSearch(GoodsSearch::ExactBarcode, barcode)));
-    if (!query)
+    if (!query) {
+        notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(barcode));
         return true;
+    }
     if (!query->next())
         return false;
     QStringList cells;
@@ -142,63 +159,78 @@ void QRegisterSale::addGoods(const ReceiptRow &row)
 
 bool QRegisterSale::confirmStock()
 {
-    return QQestion::question(this, tr("Попередження!"), tr("Не достатньо товару для продажу!")) ==
-           QDialog::Accepted;
+    return confirm(tr("Попередження!"), tr("Не достатньо товару для продажу!"), tr("Продати"));
 }
 
-void QRegisterSale::changeQuantity(int row, const QString &text)
+/// False, with the reason shown, when it stays as it was.
+bool QRegisterSale::changeQuantity(int row, const QString &text)
 {
     qint64 quantity = 0;
-    if (row >= m_chek->rowCount())
-        return;
+    if (row >= m_chek->rowCount() || text.isEmpty())
+        return true;
     if (thousandthsFromText(text, &quantity))
-        setQuantity(row, quantity);
-    else
-        notify(tr("«%1» не є кількістю.").arg(text));
+        return setQuantity(row, quantity);
+    notify(tr("«%1» не є кількістю.").arg(text));
+    return false;
 }
 
-void QRegisterSale::setQuantity(int row, qint64 thousandths)
+bool QRegisterSale::setQuantity(int row, qint64 thousandths)
 {
     notify(QString());
     if (!mayChange())
-        return;
+        return false;
     const ReceiptRow &before = m_chek->receipt().rows().at(row);
     const qint64 old = before.quantity;
-    if (thousandths <= 0 || (before.isPiece() && thousandths % one != 0))
-        return notify(before.isPiece() ? tr("Кількість штучного товару — ціле число від 1.")
-                                       : tr("Кількість повинна бути більша за нуль."));
+    if (thousandths <= 0 || (before.isPiece() && thousandths % one != 0)) {
+        notify(before.isPiece() ? tr("Кількість штучного товару — ціле число від 1.")
+                                : tr("Кількість повинна бути більша за нуль."));
+        return false;
+    }
     m_chek->setQuantity(row, thousandths);
-    if (thousandths > old && m_chek->receipt().exceedsStock(row) && !confirmStock())
+    if (thousandths > old && m_chek->receipt().exceedsStock(row) && !confirmStock()) {
         m_chek->setQuantity(row, old);
+        return false;
+    }
+    return true;
 }
 
 void QRegisterSale::stepQuantity(qint64 thousandths)
 {
     const int row = ui->viewChek->currentIndex().row();
-    if (row >= 0)
+    if (row >= 0 && settle())
         setQuantity(row, m_chek->receipt().rows().at(row).quantity + thousandths);
 }
 
-void QRegisterSale::editQuantity()
+void QRegisterSale::editQuantity(const QString &text)
 {
+    settle();
     const int row = ui->viewChek->currentIndex().row();
     if (row < 0 || !mayChange())
         return;
     ui->viewChek->setFocus();
     ui->viewChek->setCurrentIndex(m_chek->index(row, ReceiptModel::Quantity));
     ui->viewChek->edit(ui->viewChek->currentIndex());
+    m_quantity->type(text);
 }
 
+/// What was typed into the row goes with it.
 void QRegisterSale::removeRow()
 {
     notify(QString());
+    m_quantity->drop();
+    m_typed.reset();
     const int row = ui->viewChek->currentIndex().row();
-    if (row >= 0 && mayChange()) {
+    if (row >= 0 && settle() && mayChange()) {
         m_chek->remove(row);
         ui->viewChek->setCurrentIndex(
             m_chek->index(qMin(row, m_chek->rowCount() - 1), ReceiptModel::Quantity));
     }
     focusSearch();
+}
+
+bool QRegisterSale::isDiscountBegun() const
+{
+    return ui->dsbDiscount->text() != moneyText(m_chek->receipt().discount());
 }
 
 void QRegisterSale::discountTyped()
@@ -211,11 +243,16 @@ void QRegisterSale::discountTyped()
     showReceipt();
 }
 
-/// First the search goes, then, after a question, the receipt.
+/// First what was told goes, then what is being typed, then the search, then, after a question, the receipt.
 void QRegisterSale::escape()
 {
+    const bool isTold = !m_notAdded.isEmpty();
+    m_notAdded.clear();
     notify(QString());
-    if (!ui->leSearch->text().isEmpty()) {
+    if (isTold || isDiscountBegun()) {
+        showReceipt();
+    } else if (!ui->leSearch->text().isEmpty()) {
+        dropSearch();
         ui->leSearch->clear();
         seerch(QString());
     } else if (mayChange()) {
@@ -224,10 +261,13 @@ void QRegisterSale::escape()
     focusSearch();
 }
 
+/// What was scanned while a question was open is taken now.
 void QRegisterSale::focusSearch()
 {
     ui->leSearch->setFocus();
     ui->leSearch->selectAll();
+    if (!m_scans.isEmpty())
+        QTimer::singleShot(0, this, &QRegisterSale::takeScans);
 }
 
 void QRegisterSale::showEvent(QShowEvent *event)
@@ -251,7 +291,9 @@ bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     if (watched == ui->leSearch)
         return searchKey(key);
-    return watched == ui->viewGoods ? goodsKey(key) : chekKey(key);
+    if (watched == ui->viewGoods)
+        return goodsKey(key);
+    return watched == ui->viewChek ? chekKey(key) : fieldKey(key);
 }
 
 bool QRegisterSale::searchKey(const QKeyEvent *key)
@@ -268,21 +310,19 @@ bool QRegisterSale::searchKey(const QKeyEvent *key)
     return ui->leSearch->text().isEmpty() && quantityKey(key);
 }
 
-/// Whatever is typed or scanned there belongs into the search field.
-bool QRegisterSale::goodsKey(QKeyEvent *key)
+/// Whatever is typed there belongs into the search field.
+bool QRegisterSale::goodsKey(const QKeyEvent *key)
 {
     if (isEnter(key)) {
         addListed(ui->viewGoods->currentIndex().row());
         return true;
     }
     const bool isAbove = key->key() == Qt::Key_Up && ui->viewGoods->currentIndex().row() <= 0;
-    const bool isTyped = !key->text().isEmpty() && key->text().at(0).isPrint() &&
-                         (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
-    if (isAbove || isTyped)
+    if (isAbove)
         focusSearch();
-    if (isTyped)
-        QCoreApplication::sendEvent(ui->leSearch, key);
-    return isAbove || isTyped;
+    else if (isTyped(key))
+        typeIntoSearch(key);
+    return isAbove || isTyped(key);
 }
 
 bool QRegisterSale::chekKey(const QKeyEvent *key)
@@ -294,10 +334,42 @@ bool QRegisterSale::chekKey(const QKeyEvent *key)
         focusSearch();
         return true;
     }
+    if (!isTyped(key))
+        return false;
     // What is typed next begins a new quantity.
-    if (current.isValid() && !key->text().isEmpty() && key->text().at(0).isDigit())
-        ui->viewChek->setCurrentIndex(m_chek->index(current.row(), ReceiptModel::Quantity));
-    return false;
+    if (current.isValid() && key->text().at(0).isDigit())
+        editQuantity(key->text());
+    else
+        typeIntoSearch(key);
+    return true;
+}
+
+/// The fields above and below the grids: Enter leads back; a box of choices takes no digits.
+bool QRegisterSale::fieldKey(const QKeyEvent *key)
+{
+    const bool isChoice = ui->cbShop->hasFocus() || ui->cbKass->hasFocus();
+    if (isEnter(key) && !isChoice)
+        QTimer::singleShot(0, this, &QRegisterSale::focusSearch);
+    if (!isChoice || !isTyped(key) || !key->text().at(0).isDigit())
+        return false;
+    typeIntoSearch(key);
+    return true;
+}
+
+void QRegisterSale::typeIntoSearch(const QKeyEvent *key)
+{
+    focusSearch();
+    m_isEnterWaiting = false;
+    ui->leSearch->insert(key->text());
+}
+
+/// What no editor has taken.
+void QRegisterSale::keyPressEvent(QKeyEvent *event)
+{
+    if (isTyped(event) && !ui->leSearch->hasFocus())
+        typeIntoSearch(event);
+    else
+        QWidget::keyPressEvent(event);
 }
 
 bool QRegisterSale::quantityKey(const QKeyEvent *key)

@@ -6,9 +6,12 @@
 #include "listloader.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
+#include "quantitydelegate.h"
 #include "receiptmodel.h"
+#include "scancatcher.h"
 #include "userstate.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QShortcut>
 
@@ -65,7 +68,8 @@ void QRegisterSale::setUpGoods()
 void QRegisterSale::setUpChek()
 {
     ui->viewChek->setModel(m_chek);
-    ui->viewChek->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked);
+    ui->viewChek->setItemDelegate(m_quantity);
+    ui->viewChek->setEditTriggers(QAbstractItemView::DoubleClicked);
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
     ui->lbKeys->setText(
         tr("+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити"));
@@ -116,10 +120,17 @@ void QRegisterSale::connectPlace()
 void QRegisterSale::connectReceipt()
 {
     connect(m_chek, &ReceiptModel::receiptChanged, this, &QRegisterSale::showReceipt);
-    // After the cell's editor is gone: the change may ask.
-    connect(m_chek, &ReceiptModel::quantityTyped, this, &QRegisterSale::changeQuantity, Qt::QueuedConnection);
-    connect(ui->viewChek->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
-            [this] { QTimer::singleShot(0, this, &QRegisterSale::focusSearch); });
+    connect(m_chek, &ReceiptModel::quantityTyped, this, [this](int row, const QString &text) {
+        m_typed = TypedQuantity{row, text};
+        // After the cell's editor is gone: the change may ask.
+        QTimer::singleShot(0, this, &QRegisterSale::settleQuantity);
+    });
+    connect(m_quantity, &QuantityDelegate::closeEditor, this, [this] {
+        QTimer::singleShot(0, this, [this] {
+            if (QApplication::focusWidget() == ui->viewChek)
+                focusSearch();
+        });
+    });
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
     connect(ui->pbRemove, &QPushButton::clicked, this, &QRegisterSale::removeRow);
     connect(ui->pbClear, &QPushButton::clicked, this, [this] {
@@ -127,15 +138,38 @@ void QRegisterSale::connectReceipt()
             leaveReceipt();
         focusSearch();
     });
-    // The shortcut of a button would press it a tenth of a second later, after the keys that follow.
-    const auto onKey = [this](Qt::Key key, void (QRegisterSale::*act)()) {
-        auto *shortcut = new QShortcut(key, this);
+}
+
+/// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
+void QRegisterSale::connectKeys()
+{
+    const auto onKey = [this](const QKeySequence &keys, void (QRegisterSale::*act)()) {
+        auto *shortcut = new QShortcut(keys, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, act);
     };
     onKey(Qt::Key_Escape, &QRegisterSale::escape);
     onKey(Qt::Key_F9, &QRegisterSale::sale);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
+    onKey(QKeySequence::Find, &QRegisterSale::focusSearch);
+}
+
+/// Back to the scanner's field after every choice; a scan goes there wherever the focus is.
+void QRegisterSale::connectFocus()
+{
+    auto *catcher = new ScanCatcher(this);
+    connect(catcher, &ScanCatcher::scanned, this, [this](const QString &code) {
+        m_scans.append(code);
+        takeScans();
+    });
+    for (const QComboBox *box : {ui->cbShop, ui->cbKass})
+        connect(box, qOverload<int>(&QComboBox::activated), this, &QRegisterSale::focusSearch);
+    connect(ui->splitter, &QSplitter::splitterMoved, this, &QRegisterSale::focusSearch);
+    for (const QNTableView *view : {ui->viewGoods, ui->viewChek})
+        connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this, &QRegisterSale::focusSearch);
+    for (QWidget *field : QVector<QWidget *>{ui->cbShop, ui->cbKass, ui->dateEdit, ui->sbPriority,
+                                             ui->sbLimit, ui->dsbDiscount})
+        field->installEventFilter(this);
 }
 
 void QRegisterSale::connectSearch()

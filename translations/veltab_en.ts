@@ -1398,22 +1398,6 @@ Restart the program!</translation>
         <translation>Sale</translation>
     </message>
     <message>
-        <source>&amp;Магазин:</source>
-        <translation>&amp;Shop:</translation>
-    </message>
-    <message>
-        <source>&amp;Каса:</source>
-        <translation>&amp;Cash register:</translation>
-    </message>
-    <message>
-        <source>&amp;Дата:</source>
-        <translation>&amp;Date:</translation>
-    </message>
-    <message>
-        <source>П&amp;ріоритет ціни:</source>
-        <translation>Price priorit&amp;y:</translation>
-    </message>
-    <message>
         <source>Повідомлення</source>
         <translation>Message</translation>
     </message>
@@ -1430,14 +1414,6 @@ Restart the program!</translation>
         <translation>&amp;name</translation>
     </message>
     <message>
-        <source>&amp;Товар:</source>
-        <translation>&amp;Goods item:</translation>
-    </message>
-    <message>
-        <source>&amp;Ліміт</source>
-        <translation>&amp;Limit</translation>
-    </message>
-    <message>
         <source>Товари магазину</source>
         <translation>Goods of the shop</translation>
     </message>
@@ -1446,20 +1422,8 @@ Restart the program!</translation>
         <translation>Receipt</translation>
     </message>
     <message>
-        <source>&amp;Видалити рядок</source>
-        <translation>Delete ro&amp;w</translation>
-    </message>
-    <message>
-        <source>&amp;Очистити чек</source>
-        <translation>Cle&amp;ar receipt</translation>
-    </message>
-    <message>
         <source>сума</source>
         <translation>amount</translation>
-    </message>
-    <message>
-        <source>&amp;Знижка:</source>
-        <translation>Disc&amp;ount:</translation>
     </message>
     <message>
         <source>до оплати:</source>
@@ -1468,10 +1432,6 @@ Restart the program!</translation>
     <message>
         <source>0.00</source>
         <translation>0.00</translation>
-    </message>
-    <message>
-        <source>Оплата F9</source>
-        <translation>Payment F9</translation>
     </message>
     <message>
         <source>Немає магазину, в якому ви можете продавати.</source>
@@ -1608,20 +1568,12 @@ Clear it?</translation>
         <translation>F12</translation>
     </message>
     <message>
-        <source>Закрити &amp;період</source>
-        <translation>Close per&amp;iod</translation>
-    </message>
-    <message>
         <source>Зміна № %1 відкрита, день періоду: %2.</source>
         <translation>Shift No. %1 is open, day of the period: %2.</translation>
     </message>
     <message>
         <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
         <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
-    </message>
-    <message>
-        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
-        <translation>The shift of this cash register was opened in shop “%1”. Close it before selling.</translation>
     </message>
     <message>
         <source>У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.</source>
@@ -1682,6 +1634,116 @@ Close the period before closing the shift?</translation>
     <message>
         <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
         <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
+    </message>
+    <message>
+        <source>Ма&amp;газин:</source>
+        <translation>S&amp;hop:</translation>
+    </message>
+    <message>
+        <source>Каса:</source>
+        <translation>Register:</translation>
+    </message>
+    <message>
+        <source>Дата:</source>
+        <translation>Date:</translation>
+    </message>
+    <message>
+        <source>Пріоритет &amp;ціни:</source>
+        <translation>&amp;Price priority:</translation>
+    </message>
+    <message>
+        <source>Закрити пе&amp;ріод</source>
+        <translation>Close pe&amp;riod</translation>
+    </message>
+    <message>
+        <source>То&amp;вар:</source>
+        <translation>&amp;Goods:</translation>
+    </message>
+    <message>
+        <source>Лі&amp;міт</source>
+        <translation>Li&amp;mit</translation>
+    </message>
+    <message>
+        <source>Видалити р&amp;ядок</source>
+        <translation>Remove ro&amp;w</translation>
+    </message>
+    <message>
+        <source>Очистити &amp;чек</source>
+        <translation>&amp;Clear receipt</translation>
+    </message>
+    <message>
+        <source>Зни&amp;жка:</source>
+        <translation>&amp;Discount:</translation>
+    </message>
+    <message>
+        <source>Оп&amp;лата F9</source>
+        <translation>Pa&amp;y F9</translation>
+    </message>
+    <message>
+        <source>Дата чека не сьогоднішня.</source>
+        <translation>The date of the receipt is not today&apos;s.</translation>
+    </message>
+    <message>
+        <source>Дата чека</source>
+        <translation>Date of the receipt</translation>
+    </message>
+    <message>
+        <source>Сьогодні %1, а вибрано дату %2.
+Записати цією датою?</source>
+        <translation>Today is %1, the chosen date is %2.
+Write with that date?</translation>
+    </message>
+    <message>
+        <source>Записати %1</source>
+        <translation>Write %1</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи можна тут продавати. Повторіть оплату.</source>
+        <translation>The server did not tell whether this can be sold here. Pay again.</translation>
+    </message>
+    <message>
+        <source>Стан зміни невідомий. Повторіть оплату.</source>
+        <translation>The state of the shift is unknown. Pay again.</translation>
+    </message>
+    <message>
+        <source>Очистити</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Закрити вкладку?</source>
+        <translation>Close the tab?</translation>
+    </message>
+    <message>
+        <source>Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».</source>
+        <translation>A closed tab forgets it: then check the receipt of %1 in the report “Receipts”.</translation>
+    </message>
+    <message>
+        <source>Закрити</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Закрити її</source>
+        <translation>Close it</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не додано: сервер не відповів.</source>
+        <translation>Item “%1” was not added: the server did not answer.</translation>
+    </message>
+    <message>
+        <source>За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.</source>
+        <translation>Several items fit “%1”: choose one and press Enter.</translation>
+    </message>
+    <message>
+        <source>Продати</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не додано: сервер не відповів вчасно.</source>
+        <translation>Item “%1” was not added: the server did not answer in time.</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
+        <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
     </message>
 </context>
 <context>
@@ -2382,6 +2444,13 @@ Close the period before closing the shift?</translation>
     <message>
         <source>Звітів: %1</source>
         <translation>Reports: %1</translation>
+    </message>
+</context>
+<context>
+    <name>QuantityDelegate</name>
+    <message>
+        <source>Кількість</source>
+        <translation>Quantity</translation>
     </message>
 </context>
 <context>

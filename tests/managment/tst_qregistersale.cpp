@@ -5,11 +5,13 @@
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qpayment.h"
+#include "qqestion.h"
 #include "saleshop.h"
 
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -68,11 +70,20 @@ private slots:
     void quantities();
     void searchByName();
     void stockQuestion();
+    void whatIsPaidIsWritten_data();
+    void whatIsPaidIsWritten();
+    void whatIsBegunStopsTheSale();
+    void scanAnywhere_data();
+    void scanAnywhere();
+    void scanBehindAQuestion();
+    void focusReturns();
+    void anotherDate();
     void whatCannotBeSold();
     void busyShift();
     void receiptIsNotLostSilently();
     void failedSaleKeepsTheReceipt();
     void unclearReceiptIsNotDoubled();
+    void unclearReceiptStaysUnclear();
     void viewOnlyUser();
 
 private:
@@ -336,6 +347,214 @@ void tst_qregistersale::stockQuestion()
              text("-1000"));
 }
 
+void tst_qregistersale::whatIsPaidIsWritten_data()
+{
+    QTest::addColumn<QString>("begun");
+    QTest::addColumn<QString>("pay");
+    QTest::addColumn<QString>("written");
+    for (const char *pay : {"F9", "button", "Alt"}) {
+        QTest::newRow(qPrintable(text("quantity, ") + pay)) << "quantity" << pay << "1|15000 3|15000";
+        QTest::newRow(qPrintable(text("discount, ") + pay)) << "discount" << pay << "1|5000 2|1250 3|3750";
+        QTest::newRow(qPrintable(text("search, ") + pay)) << "search" << pay << "1|5000 1|3000 3|8000";
+    }
+}
+
+/// The money that is asked for is that of what was typed last, and of nothing else.
+void tst_qregistersale::whatIsPaidIsWritten()
+{
+    QFETCH(QString, begun);
+    QFETCH(QString, pay);
+    QFETCH(QString, written);
+    type(text("4820000000109"));
+    auto *button = in<QPushButton>(m_tab.get(), "pbSale");
+    if (begun == QLatin1String("quantity")) {
+        key(Qt::Key_Asterisk);
+        type(text("3"), false);
+    } else if (begun == QLatin1String("discount")) {
+        in<MoneySpinBox>(m_tab.get(), "dsbDiscount")->setFocus(Qt::TabFocusReason);
+        type(text("12,5"), false);
+    } else {
+        in<QRadioButton>(m_tab.get(), "rbName")->click();
+        m_search->setText(text("Молоко"));
+        key(Qt::Key_Return);
+    }
+    QString asked;
+    QVERIFY(withModal<QPayment>(
+        [&] {
+            if (pay == QLatin1String("F9"))
+                key(Qt::Key_F9);
+            else if (pay == QLatin1String("button"))
+                QTest::mouseClick(button, Qt::LeftButton);
+            else
+                QTest::sendKeyEvent(QTest::Click, focused(), static_cast<Qt::Key>(0x41b), text("л"),
+                                    Qt::AltModifier);
+            QTest::qWait(200);
+        },
+        [&](QPayment *payment) {
+            asked = in<QLabel>(payment, "lbToPay")->text();
+            key(Qt::Key_F5);
+            key(Qt::Key_Return);
+        }));
+    QCOMPARE(cheks(), written);
+    QCOMPARE(m_base->value(text("SELECT summa/100 FROM cheks WHERE id_type=3")).toDouble(), asked.toDouble());
+    QCOMPARE(rows(), 0);
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+}
+
+/// What cannot come into the receipt stops the sale, with words; nothing is paid without it.
+void tst_qregistersale::whatIsBegunStopsTheSale()
+{
+    type(text("4820000000109"));
+    key(Qt::Key_Asterisk);
+    type(text("1 2"), false);
+    key(Qt::Key_F9);
+    QVERIFY(notice().contains(text("«1 2» не є кількістю")));
+    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    in<QRadioButton>(m_tab.get(), "rbName")->click();
+    m_search->setText(text("нема такого"));
+    key(Qt::Key_Return);
+    key(Qt::Key_F9);
+    QVERIFY(notice().contains(text("«нема такого» не знайдено")));
+    m_search->setText(text("о"));
+    key(Qt::Key_Return);
+    key(Qt::Key_F9);
+    QVERIFY(notice().contains(text("кілька товарів")));
+    QCOMPARE(focused(), m_goods);
+    QCOMPARE(rows(), 1);
+    m_search->clear();
+    m_search->setFocus();
+    key(Qt::Key_Asterisk);
+    type(text("30"), false);
+    QCOMPARE(answerQuestion([this] { key(Qt::Key_F9); }, false), text("Не достатньо товару для продажу!"));
+    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    QCOMPARE(cheks(), QString());
+}
+
+void tst_qregistersale::scanAnywhere_data()
+{
+    QTest::addColumn<QString>("where");
+    for (const char *where : {"leSearch", "viewGoods", "viewChek", "editor", "dsbDiscount", "sbLimit",
+                              "sbPriority", "dateEdit", "cbShop", "cbKass", "pbSale", "rbName"})
+        QTest::newRow(where) << where;
+}
+
+/// The item comes into the receipt; the field keeps what it had, and the half-typed quantity counts.
+void tst_qregistersale::scanAnywhere()
+{
+    QFETCH(QString, where);
+    type(text("4820000000109"));
+    const bool isEditor = where == QLatin1String("editor");
+    if (isEditor) {
+        key(Qt::Key_Asterisk);
+        type(text("3"), false);
+        QTest::qWait(100);
+    } else {
+        child<QWidget>(m_tab.get(), where)->setFocus(Qt::TabFocusReason);
+    }
+    type(text("4820000000130"));
+    QCOMPARE(rows(), 2);
+    QCOMPARE(cell(m_chek, 1, 2), text("Молоко"));
+    QCOMPARE(cell(m_chek, 1, 9), text("1"));
+    QCOMPARE(cell(m_chek, 0, 9), isEditor ? text("3") : text("1"));
+    QCOMPARE(focused(), m_search);
+    QCOMPARE(m_search->text(), QString());
+    QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbDiscount")->text(), text("0.00"));
+    QCOMPARE(in<QSpinBox>(m_tab.get(), "sbLimit")->text(), text("100"));
+    QCOMPARE(in<QSpinBox>(m_tab.get(), "sbPriority")->text(), text("1"));
+    QCOMPARE(in<QDateEdit>(m_tab.get(), "dateEdit")->text(),
+             QDate::currentDate().toString(text("dd.MM.yyyy")));
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbShop")->currentText(), text("вул. Перша, 1"));
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
+    // An unknown code stays in sight while others are scanned, until somebody looks.
+    type(text("4820000009999"));
+    type(text("4820000000130"));
+    QCOMPARE(rows(), 3);
+    QVERIFY(notice().contains(text("«4820000009999» не знайдено")));
+    key(Qt::Key_Escape);
+    QCOMPARE(notice(), QString());
+}
+
+/// It answers nothing, and it is not lost either.
+void tst_qregistersale::scanBehindAQuestion()
+{
+    m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
+    type(text("4820000000109"));
+    int asked = 0;
+    const auto scanAndRefuse = [&](QQestion *question) {
+        ++asked;
+        type(text("4820000000130"));
+        QVERIFY(question->isVisible());
+        question->reject();
+    };
+    QVERIFY(withModal<QQestion>([&] { type(text("4820000000109")); }, scanAndRefuse));
+    QTRY_COMPARE(rows(), 2);
+    QCOMPARE(cell(m_chek, 1, 2), text("Молоко"));
+    QVERIFY(withModal<QQestion>([&] { key(Qt::Key_Escape); }, scanAndRefuse));
+    QTRY_COMPARE(rows(), 3);
+    QCOMPARE(asked, 2);
+    QCOMPARE(focused(), m_search);
+}
+
+void tst_qregistersale::focusReturns()
+{
+    const auto choose = [&](const char *name, Qt::Key key) {
+        auto *box = in<QComboBox>(m_tab.get(), name);
+        box->setFocus(Qt::MouseFocusReason);
+        const QString before = box->currentText();
+        QTest::keyClick(box, key);
+        QVERIFY(box->currentText() != before);
+        QTRY_COMPARE(focused(), m_search);
+    };
+    choose("cbKass", Qt::Key_Down);
+    choose("cbShop", Qt::Key_Up);
+    for (QNTableView *view : {m_goods, m_chek}) {
+        view->setFocus();
+        QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          QPoint(view->columnViewportPosition(2) + 30, 5));
+        QCOMPARE(focused(), m_search);
+    }
+    auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
+    date->setFocus();
+    QTest::keyClick(date, Qt::Key_Return);
+    QTRY_COMPARE(focused(), m_search);
+    // Letters that nobody wants are those of a search.
+    in<QPushButton>(m_tab.get(), "pbClear")->setFocus();
+    type(text("x1"), false);
+    QCOMPARE(focused(), m_search);
+    QCOMPARE(m_search->text(), text("x1"));
+    in<QPushButton>(m_tab.get(), "pbClear")->setFocus();
+    QTest::keyClick(focused(), Qt::Key_F, Qt::ControlModifier);
+    QCOMPARE(focused(), m_search);
+}
+
+/// Seen, asked about once, and gone with the receipt.
+void tst_qregistersale::anotherDate()
+{
+    auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
+    const QDate today = QDate::currentDate();
+    const QPalette usual = date->palette();
+    const auto choose = [&](const QDate &day) {
+        date->setFocus();
+        date->setDate(day);
+    };
+    choose(today.addDays(-3));
+    QVERIFY(date->palette().color(QPalette::Base) != usual.color(QPalette::Base));
+    type(text("4820000000109"));
+    const QString said = answerQuestion([this] { key(Qt::Key_F9); }, false);
+    QVERIFY2(said.contains(today.addDays(-3).toString(text("dd.MM.yyyy"))), qPrintable(said));
+    QCOMPARE(cheks(), QString());
+    QVERIFY(withModal<QPayment>([this] { answerQuestion([this] { key(Qt::Key_F9); }, true); },
+                                [this](QPayment *) { key(Qt::Key_Escape); }));
+    pay();
+    QCOMPARE(m_base->value(text("SELECT DATE(data_time) FROM cheks WHERE id_type=3")),
+             today.addDays(-3).toString(Qt::ISODate));
+    QCOMPARE(date->date(), today);
+    QCOMPARE(date->palette().color(QPalette::Base), usual.color(QPalette::Base));
+    type(text("4820000000109"));
+    pay();
+    QCOMPARE(m_base->value(text("SELECT DATE(MAX(data_time)) FROM cheks")), today.toString(Qt::ISODate));
+}
+
 void tst_qregistersale::whatCannotBeSold()
 {
     key(Qt::Key_F9);
@@ -456,6 +675,49 @@ void tst_qregistersale::unclearReceiptIsNotDoubled()
     key(Qt::Key_F9);
     QCOMPARE(notice(), text("Чек № 1 записано."));
     QCOMPARE(rows(), 0);
+    QCOMPARE(cheks(), text("1|5000 3|5000"));
+}
+
+/// No way out of it but the server's answer, or a decision about closing the tab.
+void tst_qregistersale::unclearReceiptStaysUnclear()
+{
+    type(text("4820000000109"));
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == QLatin1String("COMMIT")) {
+            QSqlQuery(*m_base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
+            m_base->killConnection();
+        } else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks"))) {
+            m_base->exec(text("RENAME TABLE cheks TO away"));
+        }
+    });
+    pay();
+    Db::setStatementHook({});
+    const QVector<std::function<void()>> ways = {
+        [&] { selectKass("Каса 2"); },
+        [&] { in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0); },
+        [&] { in<QDateEdit>(m_tab.get(), "dateEdit")->setDate(QDate(2026, 1, 2)); },
+        [&] { key(Qt::Key_Escape); },
+        [&] { in<QPushButton>(m_tab.get(), "pbClear")->click(); },
+        [&] { key(Qt::Key_Delete); },
+        [&] { type(text("4820000000130")); },
+        [&] { key(Qt::Key_F9); },
+        [&] { key(Qt::Key_F12); },
+    };
+    for (const auto &way : ways) {
+        way();
+        QVERIFY(notice().contains(text("чека № 1")));
+        QCOMPARE(rows(), 1);
+        QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
+        QCOMPARE(in<QDateEdit>(m_tab.get(), "dateEdit")->date(), QDate::currentDate());
+    }
+    QVERIFY(answerQuestion([&] { m_tab->close(); }, false).contains(text("50.00")));
+    QVERIFY(m_tab->isVisible());
+    m_base->exec(text("RENAME TABLE away TO cheks"));
+    // It was written, as the next choice learns: that one may go on.
+    selectKass("Каса 2");
+    QCOMPARE(rows(), 0);
+    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 2"));
+    QVERIFY(notice().contains(text("Чек № 1")));
     QCOMPARE(cheks(), text("1|5000 3|5000"));
 }
 

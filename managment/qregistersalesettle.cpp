@@ -1,0 +1,94 @@
+// What the hand has begun is ended before anything is decided; scans are taken in their order.
+
+#include "qregistersale.h"
+#include "ui_qregistersale.h"
+
+#include "listloader.h"
+#include "money.h"
+#include "quantitydelegate.h"
+#include "receiptmodel.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScopedValueRollback>
+
+namespace {
+/// So long a decision waits for an item that is on its way.
+constexpr int patienceMs = 2000;
+} // namespace
+
+bool QRegisterSale::settle()
+{
+    const bool isCounted = settleQuantity();
+    const bool isDiscounted = settleDiscount();
+    return settleSearch() && isCounted && isDiscounted;
+}
+
+bool QRegisterSale::settleQuantity()
+{
+    m_quantity->commit();
+    if (!m_typed)
+        return true;
+    const TypedQuantity typed = *m_typed;
+    m_typed.reset();
+    return changeQuantity(typed.row, typed.text);
+}
+
+bool QRegisterSale::settleDiscount()
+{
+    ui->dsbDiscount->interpretText();
+    discountTyped();
+    return true;
+}
+
+/// The window takes no keys meanwhile; they come after the item.
+bool QRegisterSale::settleSearch()
+{
+    if (!m_isEnterWaiting)
+        return true;
+    const int rowsBefore = m_chek->rowCount();
+    QEventLoop loop;
+    QTimer patience;
+    patience.setSingleShot(true);
+    connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
+    connect(this, &QRegisterSale::answered, &loop, &QEventLoop::quit);
+    patience.start(patienceMs);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (m_isEnterWaiting) {
+        notAdded(tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(ui->leSearch->text()));
+        dropSearch();
+    }
+    return m_chek->rowCount() > rowsBefore;
+}
+
+/// Forgets the item that Enter waits for.
+void QRegisterSale::dropSearch()
+{
+    m_isEnterWaiting = false;
+    m_loader->cancel();
+    m_searchDelay.start();
+}
+
+/// In the order they were scanned; a question that one of them asks holds up the others.
+void QRegisterSale::takeScans()
+{
+    if (m_isTakingScans || QApplication::activeModalWidget() != nullptr)
+        return;
+    const QScopedValueRollback<bool> taking(m_isTakingScans, true);
+    while (!m_scans.isEmpty()) {
+        const QString code = m_scans.takeFirst();
+        settle();
+        ui->leSearch->setText(code);
+        focusSearch();
+        enter();
+    }
+}
+
+/// Stays in sight until somebody has looked: the next scan would cover it at once.
+void QRegisterSale::notAdded(const QString &why)
+{
+    QApplication::beep();
+    m_notAdded.append(why);
+    m_notAdded.removeDuplicates();
+    notify(QString());
+}
