@@ -137,6 +137,13 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>Combos</name>
+    <message>
+        <source>Спершу додайте групу магазинів і дозвольте її у правах користувача.</source>
+        <translation>First add a shop group and permit it in the user&apos;s rights.</translation>
+    </message>
+</context>
+<context>
     <name>CsvExport</name>
     <message>
         <source>Це не звичайний файл.</source>
@@ -776,6 +783,10 @@ The indexes can be removed in the same way.</translation>
         <source>Код CashDrive повинен бути унікальним!</source>
         <translation>The CashDrive code must be unique!</translation>
     </message>
+    <message>
+        <source>У цій групі ще немає магазинів з касами: спершу додайте магазин у вкладці &quot;Магазини&quot;.</source>
+        <translation>This group has no shops with registers yet: first add a shop in the tab &quot;Shops&quot;.</translation>
+    </message>
 </context>
 <context>
     <name>QAddEdtShop</name>
@@ -882,6 +893,10 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Шлюз %1 вже має інший магазин!</source>
         <translation>Another shop already has the gateway %1!</translation>
+    </message>
+    <message>
+        <source>не задано</source>
+        <translation>not set</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "db.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QSignalBlocker>
 #include <QSqlRecord>
 
@@ -38,4 +39,15 @@ void chooseId(QComboBox *box, const QString &id)
             found = i;
     }
     box->setCurrentIndex(found);
+}
+
+void chooseOnlyItem(QComboBox *box)
+{
+    box->setCurrentIndex(box->count() == 1 ? 0 : -1);
+}
+
+QString noGroupsHint()
+{
+    return QCoreApplication::translate("Combos",
+                                       "Спершу додайте групу магазинів і дозвольте її у правах користувача.");
 }

@@ -21,3 +21,7 @@ void chooseText(QComboBox *box, const QString &text);
 NamedId chosenItem(const QComboBox *box);
 /// Chooses the item with the id, or none when there is no such item.
 void chooseId(QComboBox *box, const QString &id);
+/// Chooses the only item there is, or none where there is a choice.
+void chooseOnlyItem(QComboBox *box);
+/// What to do for a user who sees no shop group.
+QString noGroupsHint();

@@ -27,6 +27,13 @@ void EditDialog::btok()
         accept();
 }
 
+bool EditDialog::isSaved(const Saved &saved)
+{
+    if (saved.outcome == Saved::Refused)
+        QQestion::question(this, tr("Попередження."), saved.why, true);
+    return saved.outcome == Saved::Written || (saved.outcome == Saved::Unclear && askWhetherArrived());
+}
+
 bool EditDialog::askWhetherArrived()
 {
     const auto arrived = hasArrived();

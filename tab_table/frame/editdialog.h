@@ -9,6 +9,15 @@
 
 class QLineEdit;
 
+/// What came of a save.
+struct Saved
+{
+    /// Failed: reported. Refused: `why` is for the user. Unclear: the answer to COMMIT was lost.
+    enum Outcome { Written, Failed, Refused, Unclear };
+    Outcome outcome = Failed;
+    QString why;
+};
+
 /// The base of every editor: why not? then save, then close. Adding and editing are one dialog that
 /// differs in the id being empty. What is still being typed counts: it is taken over before anything is
 /// judged, saved or thrown away.
@@ -45,9 +54,10 @@ protected:
     virtual std::optional<bool> hasArrived() { return false; }
     /// It is: the record counts as saved, and what is saved next changes it.
     virtual void takeOver() {}
-    /// Call it when the answer to a COMMIT was lost. True when the record had arrived, and was taken over.
-    /// Otherwise the user is told; the next save asks again first when nobody knew.
-    bool askWhetherArrived();
+    /// Tells the user why a save was refused. When its answer was lost it asks the server; what has arrived
+    /// is taken over, and when nobody knows, the user is told and the next save asks again first. True when
+    /// the record is saved.
+    bool isSaved(const Saved &saved);
 
     /// True when the statement finds no row. Otherwise the user is told that something is `taken`; a
     /// failure, which is reported, leaves it open and answers false.
@@ -62,6 +72,7 @@ protected:
     QVariant typed(const QLineEdit *field) const;
 
 private:
+    bool askWhetherArrived();
     QString linesRefusal() const;
 
     bool m_isReadOnly = false;

@@ -284,11 +284,6 @@ void explainBarcodes(const Db &db, const GoodsRecord &record, const QString &own
                         .arg(toText(owner->value(0)), toText(owner->value(1)), toText(owner->value(2))));
 }
 
-GoodsSaved refused(const QString &why)
-{
-    return {why.isEmpty() ? GoodsSaved::Failed : GoodsSaved::Refused, why};
-}
-
 enum class Failed { Meanwhile, Goods, Prices, Barcodes, Shops, Otherwise, Commit, Nowhere };
 
 struct Attempt
@@ -323,8 +318,8 @@ Attempt write(const Db &db, const GoodsRecord &record, const std::optional<Goods
 }
 } // namespace
 
-GoodsSaved saveGoods(const Db &db, const GoodsRecord &record, const std::optional<GoodsRecord> &loaded,
-                     QString *id)
+Saved saveGoods(const Db &db, const GoodsRecord &record, const std::optional<GoodsRecord> &loaded,
+                QString *id)
 {
     QString savedId = *id;
     const Attempt attempt = write(db, record, loaded, &savedId);
@@ -342,11 +337,11 @@ GoodsSaved saveGoods(const Db &db, const GoodsRecord &record, const std::optiona
     }
     case Failed::Commit:
         *id = savedId;
-        return {GoodsSaved::Unclear, QString()};
+        return {Saved::Unclear, QString()};
     case Failed::Nowhere:
         *id = savedId;
         announceGoods(db, record);
-        return {GoodsSaved::Written, QString()};
+        return {Saved::Written, QString()};
     default:
         return {};
     }

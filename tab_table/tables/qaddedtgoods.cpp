@@ -387,19 +387,10 @@ bool QAddEdtGoods::save()
     m_sentId = *m_id;
     if (const QString typedId = ui->leId->text(); isNew() && !typedId.isEmpty())
         m_sentId = QString::number(typedId.toULongLong());
-    const GoodsSaved saved = saveGoods(m_db, m_sent, m_loaded, &m_sentId);
-    switch (saved.outcome) {
-    case GoodsSaved::Written:
-        *m_id = m_sentId;
-        return true;
-    case GoodsSaved::Refused:
-        QQestion::question(this, tr("Попередження."), saved.why, true);
+    if (!isSaved(saveGoods(m_db, m_sent, m_loaded, &m_sentId)))
         return false;
-    case GoodsSaved::Unclear:
-        return askWhetherArrived();
-    default:
-        return false;
-    }
+    *m_id = m_sentId;
+    return true;
 }
 
 std::optional<bool> QAddEdtGoods::hasArrived()

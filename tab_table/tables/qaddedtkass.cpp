@@ -67,7 +67,8 @@ bool QAddEdtKass::fillLists(const QTabKass *tab)
         ui->cbGroup->setCurrentIndex(-1);
     }
     if (ui->cbGroup->count() == 0) {
-        QQestion::question(parentWidget(), tr("Попередження."), tr("Не має доступних груп!"), true);
+        QQestion::question(parentWidget(), tr("Попередження."),
+                           tr("Не має доступних груп!") + QLatin1Char('\n') + noGroupsHint(), true);
         return false;
     }
     if (!fillCombo(ui->cbType, m_db, QStringLiteral("SELECT name,id FROM type_device")))
@@ -84,6 +85,8 @@ bool QAddEdtKass::fillLists(const QTabKass *tab)
 bool QAddEdtKass::preset(const QString &group, unsigned int id_shop)
 {
     chooseText(ui->cbGroup, group);
+    if (ui->cbGroup->currentIndex() < 0)
+        chooseOnlyItem(ui->cbGroup);
     if (id_shop == 0) {
         showGateway();
         return true;
@@ -105,12 +108,13 @@ bool QAddEdtKass::preset(const QString &group, unsigned int id_shop)
 bool QAddEdtKass::load()
 {
     auto kassa = m_db.run(
-        QStringLiteral("SELECT kassa.id,shops.address,kassa.advertising_str,kassa.cashdrive_code,yesno.name,"
-                       "group_shop.name,yesno2.name,kassa.ip_address,kassa.id_type, kassa.info_block, "
-                       "kassa.marka, kassa.model, kassa.number, shops.network_shop FROM kassa LEFT JOIN "
-                       "shops ON kassa.id_shop=shops.id LEFT JOIN yesno ON kassa.block=yesno.id LEFT JOIN "
-                       "yesno AS yesno2 ON kassa.head_edit=yesno2.id LEFT JOIN group_shop ON "
-                       "group_shop.id=shops.group_shop WHERE kassa.id=") +
+        QStringLiteral(
+            "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.cashdrive_code,yesno.name,"
+            "group_shop.name,yesno2.name,kassa.ip_address,kassa.id_type, kassa.info_block, "
+            "kassa.marka, kassa.model, kassa.number, shops.network_shop,kassa.id_shop,"
+            "shops.group_shop,kassa.head_edit,kassa.block FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id LEFT JOIN yesno ON kassa.block=yesno.id LEFT JOIN "
+            "yesno AS yesno2 ON kassa.head_edit=yesno2.id LEFT JOIN group_shop ON "
+            "group_shop.id=shops.group_shop WHERE kassa.id=") +
         *m_id);
     if (!kassa)
         return false;
@@ -119,22 +123,34 @@ bool QAddEdtKass::load()
         return false;
     }
     const auto text = [&kassa](int column) { return toText(kassa->value(column)); };
-    chooseText(ui->cbGroup, text(5));
-    chooseText(ui->cbShop, text(1));
+    chooseId(ui->cbGroup, text(15));
+    showOwnShop({text(1), text(14)});
     ui->leAdver->setText(text(2));
     ui->leCashDrive->setText(text(3));
-    chooseText(ui->cbBlock, text(4));
-    chooseText(ui->cbHeadEdit, text(6));
+    chooseId(ui->cbBlock, text(17));
+    chooseId(ui->cbHeadEdit, text(16));
     ui->leIp->setText(text(7));
     const int type = text(8).isEmpty() ? -1 : ui->cbType->findData(text(8).toUInt());
     ui->cbType->setCurrentIndex(type < 0 ? ui->cbType->count() - 1 : type);
-    ui->leInfoBlock->setText(text(9));
-    ui->leMarka->setText(text(10));
-    ui->leModel->setText(text(11));
-    ui->leNumber->setText(text(12));
+    int column = 9;
+    for (QLineEdit *field : {ui->leInfoBlock, ui->leMarka, ui->leModel, ui->leNumber})
+        showStored(field, kassa->value(column++));
     ui->leGateway->setText(text(13));
     showWarning();
-    return true;
+    const auto columns = readColumns(m_db, QStringLiteral("kassa"), *m_id, meant());
+    m_loaded = columns.value_or(MeantColumns());
+    return columns.has_value();
+}
+
+/// The shop that the register stands in is offered whatever has become of it, so that the register can be
+/// changed: an office or a store since, or of a group that the user does not see.
+void QAddEdtKass::showOwnShop(const NamedId &shop)
+{
+    chooseId(ui->cbShop, shop.id);
+    if (ui->cbShop->currentIndex() >= 0)
+        return;
+    ui->cbShop->addItem(shop.name, shop.id);
+    ui->cbShop->setCurrentIndex(ui->cbShop->count() - 1);
 }
 
 void QAddEdtKass::selgroup(const QString &name)
@@ -185,7 +201,12 @@ QString QAddEdtKass::refusal() const
     if (ui->leAdver->text().trimmed().isEmpty())
         return tr("Рекламний рядок ідентифікації каси не може бути порожній!");
     if (ui->cbShop->currentText().isEmpty())
-        return tr("Адреса магазину не може бути порожня!");
+        return tr("Адреса магазину не може бути порожня!") +
+               (ui->cbGroup->currentIndex() >= 0 && ui->cbShop->count() == 0
+                    ? QLatin1Char('\n') +
+                          tr("У цій групі ще немає магазинів з касами: спершу додайте магазин у "
+                             "вкладці \"Магазини\".")
+                    : QString());
     // The validator only keeps other characters out.
     const int digits = ui->leCashDrive->text().size();
     if (digits != 0 && digits != 3)
@@ -195,7 +216,43 @@ QString QAddEdtKass::refusal() const
 
 bool QAddEdtKass::save()
 {
-    return isUnique() && (m_id->isEmpty() ? NewRecord() : UpdateRecord());
+    if (!isUnique())
+        return false;
+    m_sent = meant();
+    m_sentId = *m_id;
+    const Saved saved =
+        saveRecord(m_db, QStringLiteral("kassa"), &m_sentId, m_loaded, m_sent,
+                   [this](QString *id) { return id->isEmpty() ? NewRecord(id) : UpdateRecord(id); });
+    if (saved.outcome == Saved::Written)
+        takeOver();
+    return isSaved(saved);
+}
+
+std::optional<bool> QAddEdtKass::hasArrived()
+{
+    return holds(m_db, QStringLiteral("kassa"), m_sentId, m_sent);
+}
+
+void QAddEdtKass::takeOver()
+{
+    *m_id = m_sentId;
+    m_loaded = m_sent;
+    QUpdateBD().update(QStringLiteral("kassa"), *m_db.connection(), m_db.receiver());
+}
+
+MeantColumns QAddEdtKass::meant() const
+{
+    return {{"id_shop", chosenItem(ui->cbShop).id, fieldName(ui->cbShop)},
+            {"advertising_str", ui->leAdver->text().trimmed(), fieldName(ui->leAdver)},
+            {"cashdrive_code", ui->leCashDrive->text(), fieldName(ui->leCashDrive)},
+            {"head_edit", chosenItem(ui->cbHeadEdit).id, fieldName(ui->cbHeadEdit)},
+            {"block", chosenItem(ui->cbBlock).id, fieldName(ui->cbBlock)},
+            {"info_block", ui->leInfoBlock->text(), fieldName(ui->leInfoBlock)},
+            {"marka", ui->leMarka->text(), fieldName(ui->leMarka)},
+            {"model", ui->leModel->text(), fieldName(ui->leModel)},
+            {"number", ui->leNumber->text(), fieldName(ui->leNumber)},
+            {"ip_address", typedAddress(ui->leIp), fieldName(ui->leIp)},
+            {"id_type", chosenItem(ui->cbType).id, fieldName(ui->cbType)}};
 }
 
 bool QAddEdtKass::isUnique()
@@ -220,16 +277,16 @@ Db::Values QAddEdtKass::values() const
     return {{QStringLiteral(":adver"), ui->leAdver->text().trimmed()},
             {QStringLiteral(":head_edit"), ui->cbHeadEdit->currentText()},
             {QStringLiteral(":block"), ui->cbBlock->currentText()},
-            {QStringLiteral(":info_block"), ui->leInfoBlock->text()},
-            {QStringLiteral(":marka"), ui->leMarka->text()},
-            {QStringLiteral(":model"), ui->leModel->text()},
-            {QStringLiteral(":number"), ui->leNumber->text()},
+            {QStringLiteral(":info_block"), typed(ui->leInfoBlock)},
+            {QStringLiteral(":marka"), typed(ui->leMarka)},
+            {QStringLiteral(":model"), typed(ui->leModel)},
+            {QStringLiteral(":number"), typed(ui->leNumber)},
             // A register without a network is one whose address is NULL.
             {QStringLiteral(":ip_address"), nullIfEmpty(typedAddress(ui->leIp))},
             {QStringLiteral(":id_type"), type.isValid() ? type : QVariant(QVariant::UInt)}};
 }
 
-bool QAddEdtKass::NewRecord()
+bool QAddEdtKass::NewRecord(QString *id)
 {
     Db::Values bound = values();
     bound.append({QStringLiteral(":shop"), ui->cbShop->currentText()});
@@ -242,30 +299,25 @@ bool QAddEdtKass::NewRecord()
                       ":id_type)"),
                   bound))
         return false;
-    const auto id = m_db.lastInsertId();
-    if (id)
-        *m_id = QString::number(*id);
-    return hasWritten() && id;
+    const auto made = m_db.lastInsertId();
+    if (made)
+        *id = QString::number(*made);
+    return made.has_value();
 }
 
-bool QAddEdtKass::UpdateRecord()
+bool QAddEdtKass::UpdateRecord(QString *id)
 {
     Db::Values bound = values();
     bound.append({QStringLiteral(":addr"), ui->cbShop->currentText()});
     bound.append({QStringLiteral(":cashdr"), nullIfEmpty(ui->leCashDrive->text())});
-    return m_db.run(QStringLiteral(
-                        "UPDATE kassa SET id_shop=(SELECT id FROM shops WHERE address=:addr),"
-                        "advertising_str=:adver,cashdrive_code=:cashdr,head_edit=(SELECT id FROM yesno WHERE "
-                        "name=:head_edit),block=(SELECT id FROM yesno WHERE name=:block),"
-                        "info_block=:info_block,marka=:marka,model=:model,number=:number,"
-                        "ip_address=:ip_address,id_type=:id_type WHERE kassa.id=") +
-                        *m_id,
-                    bound) &&
-           hasWritten();
-}
-
-bool QAddEdtKass::hasWritten()
-{
-    QUpdateBD().update(QStringLiteral("kassa"), *m_db.connection(), m_db.receiver());
-    return true;
+    return m_db
+        .run(QStringLiteral(
+                 "UPDATE kassa SET id_shop=(SELECT id FROM shops WHERE address=:addr),"
+                 "advertising_str=:adver,cashdrive_code=:cashdr,head_edit=(SELECT id FROM yesno WHERE "
+                 "name=:head_edit),block=(SELECT id FROM yesno WHERE name=:block),"
+                 "info_block=:info_block,marka=:marka,model=:model,number=:number,"
+                 "ip_address=:ip_address,id_type=:id_type WHERE kassa.id=") +
+                 *id,
+             bound)
+        .has_value();
 }

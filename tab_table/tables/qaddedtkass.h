@@ -1,6 +1,8 @@
 #pragma once
 
+#include "combos.h"
 #include "editdialog.h"
+#include "storedrecord.h"
 
 #include <memory>
 
@@ -35,6 +37,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     QString refusal() const override;
     bool save() override;
+    std::optional<bool> hasArrived() override;
+    void takeOver() override;
 
 private:
     void limitLengths(const QTabKass *tab);
@@ -42,18 +46,24 @@ private:
     bool fillLists(const QTabKass *tab);
     bool preset(const QString &group, unsigned int id_shop);
     bool load();
+    void showOwnShop(const NamedId &shop);
     void showGateway();
     void showWarning();
     bool isUnique();
     Db::Values values() const;
-    bool NewRecord();
-    bool UpdateRecord();
-    bool hasWritten();
+    MeantColumns meant() const;
+    bool NewRecord(QString *id);
+    bool UpdateRecord(QString *id);
 
     std::unique_ptr<Ui::QAddEdtKass> ui;
     Db m_db;
     QString *m_id;
     QString m_newId;
+    /// As it was read; empty for a new register.
+    MeantColumns m_loaded;
+    /// What was sent last, and the id that it got, in case the answer was lost.
+    MeantColumns m_sent;
+    QString m_sentId;
     bool m_isLoaded = false;
     bool m_isIpSound = true;
 };

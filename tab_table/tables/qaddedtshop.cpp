@@ -14,6 +14,8 @@ namespace {
 enum Type { OrdinaryShop, Store, Office };
 const int storeCycle = 0;
 const int officeCycle = -1;
+/// Stands for NULL in the editor of a shop that was stored without a cycle.
+const int noCycle = -2;
 } // namespace
 
 QAddEdtShop::QAddEdtShop(QTabShops *tab, QLoadedUser *user, QSqlDatabase *db, QString *id, QObject *receiver,
@@ -73,6 +75,8 @@ bool QAddEdtShop::fillLists(QLoadedUser *user)
 void QAddEdtShop::presetNew(uint group)
 {
     ui->cbGroup->setCurrentIndex(group == 0 ? -1 : ui->cbGroup->findData(group));
+    if (ui->cbGroup->currentIndex() < 0)
+        chooseOnlyItem(ui->cbGroup);
     ui->cbBlock->setCurrentIndex(ui->cbBlock->findData(0));
     ui->sbDayCycle->setValue(m_lastCycle);
 }
@@ -80,13 +84,14 @@ void QAddEdtShop::presetNew(uint group)
 bool QAddEdtShop::load()
 {
     auto shop = m_db.run(
-        QStringLiteral("SELECT shops.address,shops.name,shops.one_str_title,shops.two_str_title,"
-                       "shops.three_str_title,shops.four_str_title,shops.one_str_bottom,"
-                       "shops.two_str_bottom,shops.network_shop,group_shop.name,day_update.name,"
-                       "yesno.name,shops.count_day_cycle FROM shops LEFT JOIN group_shop ON "
-                       "shops.group_shop=group_shop.id LEFT JOIN day_update ON "
-                       "shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id WHERE "
-                       "shops.id=") +
+        QStringLiteral(
+            "SELECT shops.address,shops.name,shops.one_str_title,shops.two_str_title,"
+            "shops.three_str_title,shops.four_str_title,shops.one_str_bottom,"
+            "shops.two_str_bottom,shops.network_shop,group_shop.name,day_update.name,"
+            "yesno.name,shops.count_day_cycle,shops.group_shop,shops.day_update,shops.block FROM shops LEFT JOIN group_shop ON "
+            "shops.group_shop=group_shop.id LEFT JOIN day_update ON "
+            "shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id WHERE "
+            "shops.id=") +
         *m_id);
     if (!shop)
         return false;
@@ -97,16 +102,37 @@ bool QAddEdtShop::load()
     int column = 0;
     for (QLineEdit *edit : {ui->leAddress, ui->leName, ui->leTitle1, ui->leTitle2, ui->leTitle3, ui->leTitle4,
                             ui->leEnd1, ui->leEnd2, ui->leNetwork})
-        edit->setText(toText(shop->value(column++)));
+        showStored(edit, shop->value(column++));
+    const int ids = 13;
     // A group that the user does not see would be lost with the next save.
-    const QString group = toText(shop->value(column));
-    if (!group.isEmpty() && ui->cbGroup->findText(group) < 0)
-        ui->cbGroup->addItem(group);
+    const NamedId group = {toText(shop->value(column)), toText(shop->value(ids))};
+    if (!group.id.isEmpty() && ui->cbGroup->findData(shop->value(ids)) < 0)
+        ui->cbGroup->addItem(group.name, group.id);
+    int id = ids;
     for (QComboBox *box : {ui->cbGroup, ui->cbDay, ui->cbBlock})
-        chooseText(box, toText(shop->value(column++)));
-    ui->sbDayCycle->setValue(shop->value(column).toInt());
-    change_day_cycle(ui->sbDayCycle->value());
-    return true;
+        chooseId(box, toText(shop->value(id++)));
+    showDayCycle(shop->value(column + 3));
+    const auto columns = readColumns(m_db, QStringLiteral("shops"), *m_id, meant());
+    m_loaded = columns.value_or(MeantColumns());
+    return columns.has_value();
+}
+
+/// Other programs store what this editor would not: a shop without a cycle, or below the office's.
+void QAddEdtShop::showDayCycle(const QVariant &stored)
+{
+    m_mayLackCycle = stored.isNull();
+    const int cycle = m_mayLackCycle ? noCycle : stored.toInt();
+    ui->sbDayCycle->setMinimum(qMin(cycle, officeCycle));
+    if (m_mayLackCycle)
+        ui->sbDayCycle->setSpecialValueText(tr("не задано"));
+    ui->sbDayCycle->setValue(cycle);
+    change_day_cycle(cycle);
+}
+
+QVariant QAddEdtShop::dayCycle() const
+{
+    const int cycle = ui->sbDayCycle->value();
+    return m_mayLackCycle && cycle == noCycle ? QVariant(QVariant::Int) : QVariant(cycle);
 }
 
 void QAddEdtShop::change_day_cycle(int value)
@@ -114,11 +140,16 @@ void QAddEdtShop::change_day_cycle(int value)
     const QSignalBlocker hold(ui->cbType);
     if (value > storeCycle)
         m_lastCycle = value;
-    ui->cbType->setCurrentIndex(value > storeCycle ? OrdinaryShop : value == storeCycle ? Store : Office);
+    if (m_mayLackCycle && value == noCycle)
+        ui->cbType->setCurrentIndex(-1);
+    else
+        ui->cbType->setCurrentIndex(value > storeCycle ? OrdinaryShop : value == storeCycle ? Store : Office);
 }
 
 void QAddEdtShop::chang_type(int index)
 {
+    if (index < 0)
+        return;
     ui->sbDayCycle->setValue(index == Office ? officeCycle : index == Store ? storeCycle : m_lastCycle);
 }
 
@@ -135,13 +166,55 @@ QString QAddEdtShop::refusal() const
     if (ui->leAddress->text().trimmed().isEmpty())
         return tr("Адреса магазину не може бути пустою");
     if (m_id->isEmpty() && ui->cbGroup->currentText().isEmpty())
-        return tr("Група магазину не може бути пустою");
+        return tr("Група магазину не може бути пустою") +
+               (ui->cbGroup->count() == 0 ? QLatin1Char('\n') + noGroupsHint() : QString());
     return QString();
 }
 
 bool QAddEdtShop::save()
 {
-    return isUnique() && (m_id->isEmpty() ? NewRecord() : UpdateRecord());
+    if (!isUnique())
+        return false;
+    m_sent = meant();
+    m_sentId = *m_id;
+    const Saved saved =
+        saveRecord(m_db, QStringLiteral("shops"), &m_sentId, m_loaded, m_sent,
+                   [this](QString *id) { return id->isEmpty() ? NewRecord(id) : UpdateRecord(id); });
+    if (saved.outcome == Saved::Written)
+        takeOver();
+    return isSaved(saved);
+}
+
+std::optional<bool> QAddEdtShop::hasArrived()
+{
+    return holds(m_db, QStringLiteral("shops"), m_sentId, m_sent);
+}
+
+void QAddEdtShop::takeOver()
+{
+    *m_id = m_sentId;
+    m_loaded = m_sent;
+    QUpdateBD().update(QStringLiteral("shops"), *m_db.connection(), m_db.receiver());
+}
+
+MeantColumns QAddEdtShop::meant() const
+{
+    MeantColumns columns = {{"address", ui->leAddress->text().trimmed(), fieldName(ui->leAddress)},
+                            {"group_shop", chosenItem(ui->cbGroup).id, fieldName(ui->cbGroup)},
+                            {"day_update", chosenItem(ui->cbDay).id, fieldName(ui->cbDay)},
+                            {"network_shop", typedAddress(ui->leNetwork), fieldName(ui->leNetwork)},
+                            {"count_day_cycle", toText(dayCycle()), fieldName(ui->sbDayCycle)},
+                            {"block", chosenItem(ui->cbBlock).id, fieldName(ui->cbBlock)}};
+    const QPair<const char *, QLineEdit *> lines[] = {{"name", ui->leName},
+                                                      {"one_str_title", ui->leTitle1},
+                                                      {"two_str_title", ui->leTitle2},
+                                                      {"three_str_title", ui->leTitle3},
+                                                      {"four_str_title", ui->leTitle4},
+                                                      {"one_str_bottom", ui->leEnd1},
+                                                      {"two_str_bottom", ui->leEnd2}};
+    for (const auto &[column, field] : lines)
+        columns.append({column, field->text(), fieldName(field)});
+    return columns;
 }
 
 bool QAddEdtShop::isUnique()
@@ -159,24 +232,24 @@ bool QAddEdtShop::isUnique()
 Db::Values QAddEdtShop::values() const
 {
     return {{QStringLiteral(":addr"), ui->leAddress->text().trimmed()},
-            {QStringLiteral(":name"), ui->leName->text()},
+            {QStringLiteral(":name"), typed(ui->leName)},
             {QStringLiteral(":group"), ui->cbGroup->currentText()},
             {QStringLiteral(":day"), ui->cbDay->currentText()},
-            {QStringLiteral(":title1"), ui->leTitle1->text()},
-            {QStringLiteral(":title2"), ui->leTitle2->text()},
-            {QStringLiteral(":title3"), ui->leTitle3->text()},
-            {QStringLiteral(":title4"), ui->leTitle4->text()},
-            {QStringLiteral(":end1"), ui->leEnd1->text()},
-            {QStringLiteral(":end2"), ui->leEnd2->text()},
+            {QStringLiteral(":title1"), typed(ui->leTitle1)},
+            {QStringLiteral(":title2"), typed(ui->leTitle2)},
+            {QStringLiteral(":title3"), typed(ui->leTitle3)},
+            {QStringLiteral(":title4"), typed(ui->leTitle4)},
+            {QStringLiteral(":end1"), typed(ui->leEnd1)},
+            {QStringLiteral(":end2"), typed(ui->leEnd2)},
             // The column is unique: two shops without a gateway need NULL.
             {QStringLiteral(":network"), nullIfEmpty(typedAddress(ui->leNetwork))},
             {QStringLiteral(":block"), ui->cbBlock->currentText()}};
 }
 
-bool QAddEdtShop::NewRecord()
+bool QAddEdtShop::NewRecord(QString *id)
 {
     Db::Values bound = values();
-    bound.append({QStringLiteral(":day_cycle"), ui->sbDayCycle->value()});
+    bound.append({QStringLiteral(":day_cycle"), dayCycle()});
     if (!m_db.run(QStringLiteral(
                       "INSERT INTO shops(address,name,group_shop,day_update,one_str_title,two_str_title,"
                       "three_str_title,four_str_title,one_str_bottom,two_str_bottom,network_shop,"
@@ -185,27 +258,25 @@ bool QAddEdtShop::NewRecord()
                       ":title4,:end1,:end2,:network,:day_cycle,(SELECT id FROM yesno WHERE name=:block))"),
                   bound))
         return false;
-    const auto id = m_db.lastInsertId();
-    if (id)
-        *m_id = QString::number(*id);
-    QUpdateBD().update(QStringLiteral("shops"), *m_db.connection(), m_db.receiver());
-    return id.has_value();
+    const auto made = m_db.lastInsertId();
+    if (made)
+        *id = QString::number(*made);
+    return made.has_value();
 }
 
-bool QAddEdtShop::UpdateRecord()
+bool QAddEdtShop::UpdateRecord(QString *id)
 {
     Db::Values bound = values();
-    bound.append({QStringLiteral(":count_day_cycle"), ui->sbDayCycle->value()});
-    if (!m_db.run(QStringLiteral(
-                      "UPDATE shops SET address=:addr,name=:name,group_shop=(SELECT id FROM group_shop "
-                      "WHERE name=:group),day_update=(SELECT id FROM day_update WHERE name=:day),"
-                      "one_str_title=:title1,two_str_title=:title2,three_str_title=:title3,"
-                      "four_str_title=:title4,one_str_bottom=:end1,two_str_bottom=:end2,"
-                      "network_shop=:network,count_day_cycle=:count_day_cycle,block=(SELECT id FROM yesno "
-                      "WHERE name=:block) WHERE shops.id=") +
-                      *m_id,
-                  bound))
-        return false;
-    QUpdateBD().update(QStringLiteral("shops"), *m_db.connection(), m_db.receiver());
-    return true;
+    bound.append({QStringLiteral(":count_day_cycle"), dayCycle()});
+    return m_db
+        .run(QStringLiteral(
+                 "UPDATE shops SET address=:addr,name=:name,group_shop=(SELECT id FROM group_shop "
+                 "WHERE name=:group),day_update=(SELECT id FROM day_update WHERE name=:day),"
+                 "one_str_title=:title1,two_str_title=:title2,three_str_title=:title3,"
+                 "four_str_title=:title4,one_str_bottom=:end1,two_str_bottom=:end2,"
+                 "network_shop=:network,count_day_cycle=:count_day_cycle,block=(SELECT id FROM yesno "
+                 "WHERE name=:block) WHERE shops.id=") +
+                 *id,
+             bound)
+        .has_value();
 }

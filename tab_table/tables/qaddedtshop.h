@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editdialog.h"
+#include "storedrecord.h"
 
 #include <memory>
 
@@ -33,6 +34,8 @@ public slots:
 protected:
     QString refusal() const override;
     bool save() override;
+    std::optional<bool> hasArrived() override;
+    void takeOver() override;
 
 private:
     void limitLengths(const QTabShops *tab);
@@ -43,13 +46,22 @@ private:
     void checkNetwork(const QString &typed);
     bool isUnique();
     Db::Values values() const;
-    bool NewRecord();
-    bool UpdateRecord();
+    QVariant dayCycle() const;
+    void showDayCycle(const QVariant &stored);
+    MeantColumns meant() const;
+    bool NewRecord(QString *id);
+    bool UpdateRecord(QString *id);
 
     std::unique_ptr<Ui::QAddEdtShop> ui;
     Db m_db;
     QString *m_id;
     QString m_newId;
+    /// As it was read; empty for a new shop.
+    MeantColumns m_loaded;
+    /// What was sent last, and the id that it got, in case the answer was lost.
+    MeantColumns m_sent;
+    QString m_sentId;
+    bool m_mayLackCycle = false;
     bool m_isLoaded = false;
     /// What an ordinary shop gets back after a look at the other types.
     int m_lastCycle = 1;

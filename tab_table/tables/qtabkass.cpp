@@ -110,7 +110,7 @@ void QTabKass::fillShops()
     const uint group = ui->cbGroup->currentData().toUInt();
     QString sql = QStringLiteral("SELECT shops.address ,shops.id FROM shops WHERE");
     if (group == 0)
-        sql += GetStrLstGroupFromPermis(user(), shopGroup, false);
+        sql += GetStrLstGroupFromPermis(user(), shopGroup, true);
     else
         sql += QLatin1Char(' ') + shopGroup + QLatin1Char('=') + QString::number(group);
     fillCombo(ui->cbShop, db(), sql);
@@ -125,7 +125,7 @@ QString QTabKass::placeCondition() const
     const uint group = ui->cbGroup->currentData().toUInt();
     if (group != 0)
         return QStringLiteral(" WHERE ") + shopGroup + QLatin1Char('=') + QString::number(group);
-    return QStringLiteral(" WHERE") + GetStrLstGroupFromPermis(user(), shopGroup, false);
+    return QStringLiteral(" WHERE") + GetStrLstGroupFromPermis(user(), shopGroup, true);
 }
 
 void QTabKass::seerch(const QString &text)

@@ -52,7 +52,9 @@ void QTabShops::buildFilter()
     ui->setupUi(addFilterBar());
     GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
     ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
-    ui->cbGroup->setCurrentIndex(0);
+    // "All groups" leaves out the one that stands for all: whoever sees no other begins there.
+    const bool seesOnlyDefault = ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1;
+    ui->cbGroup->setCurrentIndex(seesOnlyDefault ? 1 : 0);
     setFocusProxy(ui->leSearch);
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(ui->cbGroup, changed, this, &QTabShops::searchAgain);

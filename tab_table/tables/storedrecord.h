@@ -1,9 +1,10 @@
 #pragma once
 
+#include "editdialog.h"
+
 #include <QString>
 #include <QVector>
-
-class Db;
+#include <functional>
 
 /// A column of a record: what it holds, or is to hold, as text, and what people call it.
 struct MeantColumn
@@ -32,3 +33,18 @@ Difference differenceOf(const Db &db, const QString &table, const QString &id, c
 QString changedMeanwhile(const Difference &difference);
 /// Why a record is not saved that would be stored otherwise than it was chosen; empty for no difference.
 QString storedOtherwise(const Difference &difference);
+
+/// Tells the user: refused with these words, or failed (reported) without any.
+Saved refused(const QString &why);
+
+/// The same columns with what the database holds in them; nothing after a failure or without a row.
+std::optional<MeantColumns> readColumns(const Db &db, const QString &table, const QString &id,
+                                        const MeantColumns &columns);
+
+/// Writes one row in a transaction of its own: not over what others have changed since `loaded` was read
+/// (empty for a new record), and only when the row then holds what is `meant`. write sends the statement and
+/// gives a new record its id.
+Saved saveRecord(const Db &db, const QString &table, QString *id, const MeantColumns &loaded,
+                 const MeantColumns &meant, const std::function<bool(QString *id)> &write);
+/// Whether the row of that id holds what is meant; nothing after a failure.
+std::optional<bool> holds(const Db &db, const QString &table, const QString &id, const MeantColumns &meant);

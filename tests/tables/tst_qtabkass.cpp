@@ -34,6 +34,8 @@ private slots:
     void refusals();
     void adverIsUniqueWithinAShop();
     void editingKeepsWhatIsNotShown();
+    void lostAnswerIsLookedUp();
+    void shopsThatChangedNamesAreTold();
     void wrongGatewayIsTold();
     void wrongAddressIsColouredOnLeaving();
     void noGroupNoEditor();
@@ -354,11 +356,88 @@ void TstQTabKass::editingKeepsWhatIsNotShown()
         QCOMPARE(save(editor), QString());
     }));
     QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|0|інфо|М|Мод 2|777|10.0.1.1|2|3"});
-    m_base->exec("UPDATE shops SET count_day_cycle=0 WHERE id=10");
+    for (const char *cycle : {"0", "-1", "NULL"}) {
+        m_base->exec(QString("UPDATE shops SET count_day_cycle=%1 WHERE id=10").arg(cycle));
+        QVERIFY(edit(20, [cycle](QAddEdtKass *editor) {
+            set(editor, "leModel", cycle);
+            QCOMPARE(save(editor), QString());
+        }));
+        QCOMPARE(m_base->value("SELECT CONCAT(id_shop,model) FROM kassa WHERE id=20"), QString("10") + cycle);
+    }
     QVERIFY(edit(20, [](QAddEdtKass *editor) {
-        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
+        set(editor, "cbGroup", "Схід");
+        set(editor, "cbGroup", "Захід");
+        QVERIFY2(child<QComboBox>(editor, "cbShop")->findText("Львів") < 0, "an office is not offered anew");
+        QCOMPARE(save(editor),
+                 QString("Адреса магазину не може бути порожня!\nУ цій групі ще немає магазинів з "
+                         "касами: спершу додайте магазин у вкладці \"Магазини\"."));
     }));
-    QCOMPARE(m_base->value("SELECT id_shop FROM kassa WHERE id=20"), QString("10"));
+    QVERIFY(edit(21, [](QAddEdtKass *editor) {
+        set(editor, "leAdver", "Каса 9");
+        QCOMPARE(save(editor), QString());
+    }));
+    QCOMPARE(m_base->value("SELECT (cashdrive_code IS NULL)+(info_block IS NULL)+(marka IS NULL)+(model IS "
+                           "NULL)+(number IS NULL)+(ip_address IS NULL)+(id_type IS NULL) FROM kassa WHERE "
+                           "advertising_str='Каса 9'"),
+             QString("7"));
+}
+
+void TstQTabKass::lostAnswerIsLookedUp()
+{
+    for (const int id : {0, 21}) {
+        for (const bool serverGotIt : {true, false}) {
+            m_base->exec({"UPDATE updat SET updat='2020-01-01'", "DELETE FROM kassa WHERE id>23",
+                          "UPDATE kassa SET advertising_str='Каса 2' WHERE id=21"});
+            QString told;
+            const auto drive = [&](QAddEdtKass *editor) {
+                set(editor, "cbGroup", "Захід");
+                set(editor, "cbShop", "Львів");
+                set(editor, "leAdver", "Каса 5");
+                bool isLost = false;
+                Db::setStatementHook([&](const QString &sql) {
+                    if (sql != "COMMIT" || isLost)
+                        return;
+                    isLost = true;
+                    // The new transaction keeps the client from reconnecting silently.
+                    if (serverGotIt)
+                        m_base->exec("COMMIT AND CHAIN");
+                    m_base->killConnection();
+                });
+                told = save(editor);
+                Db::setStatementHook(nullptr);
+                QVERIFY(isLost);
+                QCOMPARE(editor->isVisible(), !serverGotIt);
+                if (!serverGotIt)
+                    QCOMPARE(save(editor), QString());
+            };
+            QVERIFY(id == 0 ? add(drive) : edit(id, drive));
+            QCOMPARE(told, QString());
+            QCOMPARE(
+                m_base->value("SELECT COUNT(*) FROM kassa WHERE advertising_str='Каса 5' AND id_shop=10"),
+                QString("1"));
+            QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("kassa"));
+        }
+    }
+}
+
+void TstQTabKass::shopsThatChangedNamesAreTold()
+{
+    QVERIFY(edit(20, [this](QAddEdtKass *editor) {
+        set(editor, "leAdver", "Каса 7");
+        // Now another shop has the address that the editor shows.
+        m_base->exec({"UPDATE shops SET address='Старий' WHERE id=10",
+                      "UPDATE shops SET address='Львів' WHERE "
+                      "id=11"});
+        const QString why = save(editor);
+        QVERIFY2(why.contains("вибране в полі \"Адреса магазину\" перейменувала інша програма"),
+                 qPrintable(why));
+        QVERIFY(editor->isVisible());
+        m_base->exec({"UPDATE shops SET address='Київ' WHERE id=11",
+                      "UPDATE shops SET address='Львів' WHERE id=10",
+                      "UPDATE kassa SET block=1 WHERE id=20"});
+        QVERIFY(save(editor).contains("цей запис змінила інша програма (Блок)"));
+    }));
+    QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|1|інфо|М|Мод|777|10.0.1.1|2|3"});
 }
 
 void TstQTabKass::wrongGatewayIsTold()
@@ -404,7 +483,9 @@ void TstQTabKass::noGroupNoEditor()
 {
     m_base->exec("DELETE FROM lst_group");
     openTab();
-    QCOMPARE(answerQuestion([this] { m_tab->Add(); }), QString("Не має доступних груп!"));
+    QCOMPARE(answerQuestion([this] { m_tab->Add(); }),
+             QString("Не має доступних груп!\nСпершу додайте групу магазинів і дозвольте її у правах "
+                     "користувача."));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM kassa"), QString("4"));
 }
 

@@ -40,6 +40,10 @@ private slots:
     void refusalsKeepTheDialog();
     void editingKeepsWhatIsNotShown();
     void typeAndCycleKeepStep();
+    void whatTheEditorCannotSayStays();
+    void renamedGroupIsTold();
+    void lostAnswerIsLookedUp();
+    void firstShopOfAChain();
     void shopOfAnUnseenGroupStaysInIt();
     void viewerMayOnlyLook();
     void cancelIsTold();
@@ -395,6 +399,92 @@ void TstQTabShops::typeAndCycleKeepStep()
         QVERIFY(child<QLabel>(editor, "labelGateway")->isHidden());
         set(editor, "leNetwork", "10.0.0");
         QVERIFY(!child<QLabel>(editor, "labelGateway")->isHidden());
+    }));
+}
+
+void TstQTabShops::whatTheEditorCannotSayStays()
+{
+    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
+    for (const char *cycle : {"NULL", "100000", "-7"}) {
+        m_base->exec(QString("UPDATE shops SET name=NULL,day_update=NULL,block=NULL,one_str_title=NULL,"
+                             "group_shop=NULL,two_str_bottom='x',count_day_cycle=%1 WHERE id=10")
+                         .arg(cycle));
+        QVERIFY(edit(0, [&](QAddEdtShop *editor) {
+            set(editor, "leAddress", QString("Львів ") + cycle);
+            QCOMPARE(child<QComboBox>(editor, "cbType")->currentIndex() < 0, QString(cycle) == "NULL");
+            QCOMPARE(warningOf(editor), QString());
+        }));
+        QCOMPARE(m_base->value("SELECT CONCAT_WS('|',address,name,day_update,block,one_str_title,group_shop,"
+                               "two_str_bottom,IFNULL(count_day_cycle,'NULL')) FROM shops WHERE id=10"),
+                 QString("Львів %1|x|%1").arg(cycle));
+    }
+    m_base->exec("UPDATE shops SET count_day_cycle=NULL WHERE id=10");
+    QVERIFY(edit(0, [&](QAddEdtShop *editor) {
+        set(editor, "cbType", "Склад");
+        QCOMPARE(warningOf(editor), QString());
+    }));
+    QCOMPARE(m_base->value("SELECT count_day_cycle FROM shops WHERE id=10"), QString("0"));
+}
+
+void TstQTabShops::renamedGroupIsTold()
+{
+    QVERIFY(add([this](QAddEdtShop *editor) {
+        set(editor, "leAddress", "Новий");
+        set(editor, "cbGroup", "Захід");
+        m_base->exec("UPDATE group_shop SET name='Інша' WHERE id=2");
+        const QString why = warningOf(editor);
+        QVERIFY2(why.contains("вибране в полі \"Група\" перейменувала інша програма"), qPrintable(why));
+    }));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString("5"));
+}
+
+void TstQTabShops::lostAnswerIsLookedUp()
+{
+    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
+    for (const bool isNew : {true, false}) {
+        for (const bool serverGotIt : {true, false}) {
+            m_base->exec({"DELETE FROM shops WHERE id>14", "UPDATE shops SET address='Львів' WHERE id=10",
+                          "UPDATE updat SET updat='2020-01-01'"});
+            const auto drive = [&](QAddEdtShop *editor) {
+                set(editor, "leAddress", "Новий");
+                set(editor, "cbGroup", "Захід");
+                bool isLost = false;
+                Db::setStatementHook([&](const QString &sql) {
+                    if (sql == "COMMIT" && !isLost) {
+                        isLost = true;
+                        // The new transaction keeps the client from reconnecting silently.
+                        if (serverGotIt)
+                            m_base->exec("COMMIT AND CHAIN");
+                        m_base->killConnection();
+                    } else if (isLost && sql.endsWith("FOR UPDATE")) {
+                        m_base->exec("RENAME TABLE shops TO away");
+                    }
+                });
+                const QString told = warningOf(editor);
+                Db::setStatementHook(nullptr);
+                QVERIFY2(told.contains("невідомо, чи запис збережено"), qPrintable(told));
+                m_base->exec("RENAME TABLE away TO shops");
+                // The record that has arrived is no rival of itself.
+                QCOMPARE(warningOf(editor), QString());
+                QVERIFY(!editor->isVisible());
+            };
+            QVERIFY(isNew ? add(drive) : edit(0, drive));
+            QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops WHERE address='Новий' AND group_shop=2"),
+                     QString("1"));
+            QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString(isNew ? "6" : "5"));
+            QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("shops"));
+        }
+    }
+}
+
+void TstQTabShops::firstShopOfAChain()
+{
+    m_base->exec("DELETE FROM lst_group WHERE id_group>1");
+    openTab();
+    QCOMPARE(combo("cbGroup")->currentText(), QString("default"));
+    QCOMPARE(shown(), QStringList("Усі групи"));
+    QVERIFY(add([](QAddEdtShop *editor) {
+        QCOMPARE(child<QComboBox>(editor, "cbGroup")->currentText(), QString("default"));
     }));
 }
 
