@@ -210,8 +210,6 @@ void TstValues::logLines()
     QCOMPARE(lines, (QStringList{"CRITICAL  TIME  setting\t114\tПомилка\tз табуляцією",
                                  "   NO     TIME  plain\t2\tno class",
                                  "CRITICAL  TIME  a\\b\t3\tunknown kind", ""}));
-    QLogger nowhere("/no/such/folder/veltab.log", true, 4, nullptr);
-    nowhere.wlog(1, "x", "1", "nothing happens");
 }
 
 QTEST_MAIN(TstValues)

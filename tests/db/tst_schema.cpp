@@ -93,12 +93,9 @@ void TstSchema::equalUnderEveryServerMode_data()
 void TstSchema::equalUnderEveryServerMode()
 {
     QFETCH(QString, mode);
-    FreshDatabase admin(FreshDatabase::Empty);
-    const QString before = admin.value("SELECT @@GLOBAL.sql_mode");
-    admin.exec("SET GLOBAL sql_mode='" + mode + "'");
+    const GlobalVariable serverMode("sql_mode", mode);
     FreshDatabase base;
     const QStringList found = dump(base) + seeds(base);
-    admin.exec("SET GLOBAL sql_mode='" + before + "'");
     const QStringList wanted = expected();
     for (int i = 0; i < qMax(found.size(), wanted.size()); ++i)
         QCOMPARE(found.value(i), wanted.value(i));

@@ -57,7 +57,7 @@ const auto oddRows = QStringLiteral(
     "UNION ALL SELECT 2, 'x', NULL, NULL, NULL, NULL, 0, 0, NULL, REPEAT('я', 100), NULL, NULL, NULL, NULL");
 } // namespace
 
-class TestQRowModel : public QObject
+class TstQRowModel : public QObject
 {
     Q_OBJECT
 
@@ -67,6 +67,7 @@ private slots:
     void columnsComeFromWhoeverNamesThem();
     void recordIsWrittenIntoItsRow();
     void formatsAreForShowingOnly();
+    void rowsOfEveryLengthComeThrough();
     void textsSortLikeTheLocale();
     void sortsStablyByValue();
     void manyLongTextsSortLikeASimpleSort();
@@ -76,14 +77,14 @@ private slots:
     void viewKeepsWorkingThroughReloads();
 };
 
-void TestQRowModel::oddValuesComeThrough_data()
+void TstQRowModel::oddValuesComeThrough_data()
 {
     QTest::addColumn<bool>("prepared");
     QTest::newRow("stored result") << false;
     QTest::newRow("prepared statement") << true;
 }
 
-void TestQRowModel::oddValuesComeThrough()
+void TstQRowModel::oddValuesComeThrough()
 {
     QFETCH(bool, prepared);
     FreshDatabase database(FreshDatabase::Empty);
@@ -121,7 +122,7 @@ void TestQRowModel::oddValuesComeThrough()
     QVERIFY(!query.next());
 }
 
-void TestQRowModel::columnsComeFromWhoeverNamesThem()
+void TstQRowModel::columnsComeFromWhoeverNamesThem()
 {
     FreshDatabase database(FreshDatabase::Empty);
     QRowModel model;
@@ -156,7 +157,7 @@ void TestQRowModel::columnsComeFromWhoeverNamesThem()
     QCOMPARE(model.index(0, 0).data().toString(), QStringLiteral("1"));
 }
 
-void TestQRowModel::recordIsWrittenIntoItsRow()
+void TstQRowModel::recordIsWrittenIntoItsRow()
 {
     FreshDatabase database(FreshDatabase::Empty);
     QSqlQuery query = executed(database, QStringLiteral("SELECT 10 AS id, 'a' AS name, 100 AS price "
@@ -191,7 +192,7 @@ void TestQRowModel::recordIsWrittenIntoItsRow()
     QCOMPARE(model.rowCount(), 3);
 }
 
-void TestQRowModel::formatsAreForShowingOnly()
+void TstQRowModel::formatsAreForShowingOnly()
 {
     struct Case
     {
@@ -228,7 +229,32 @@ void TestQRowModel::formatsAreForShowingOnly()
     }
 }
 
-void TestQRowModel::textsSortLikeTheLocale()
+/// The packed form of a row changes with its length at 256 and at 65,536 bytes.
+void TstQRowModel::rowsOfEveryLengthComeThrough()
+{
+    FreshDatabase database(FreshDatabase::Empty);
+    for (const int length : {0, 1, 254, 255, 256, 257, 65534, 65535, 65536, 65537, 200000}) {
+        const int first = length / 3;
+        QSqlQuery query =
+            executed(database, QStringLiteral("SELECT REPEAT('a',%1),'',REPEAT('b',%2) UNION ALL "
+                                              "SELECT 'next','row',NULL")
+                                   .arg(first)
+                                   .arg(length - first));
+        QRowModel model;
+        model.fill(query);
+        const QStringList longRow{QString(first, QLatin1Char('a')), QString(),
+                                  QString(length - first, QLatin1Char('b'))};
+        QVERIFY2(storedRow(model, 0) == longRow, qPrintable(QString::number(length)));
+        QCOMPARE(storedRow(model, 1),
+                 QStringList({QStringLiteral("next"), QStringLiteral("row"), QString()}));
+        // One byte more, written by hand.
+        QVERIFY(model.setData(model.index(0, 1), QStringLiteral("c")));
+        QVERIFY2(storedRow(model, 0) == QStringList({longRow[0], QStringLiteral("c"), longRow[2]}),
+                 qPrintable(QString::number(length)));
+    }
+}
+
+void TstQRowModel::textsSortLikeTheLocale()
 {
     const QString words = QStringLiteral(
         "ґава гава Гава горе ґрунт дуб Єва ень еней ємність жук зуб зʼїзд зїзд з'єднання зебра ива іва їжак йод "
@@ -254,7 +280,7 @@ void TestQRowModel::textsSortLikeTheLocale()
     QCOMPARE(storedColumn(model, 0), expected);
 }
 
-void TestQRowModel::sortsStablyByValue()
+void TstQRowModel::sortsStablyByValue()
 {
     const auto split = [](const char *texts) { return QString::fromUtf8(texts).split(QLatin1Char('|')); };
     const struct
@@ -290,7 +316,7 @@ void TestQRowModel::sortsStablyByValue()
     }
 }
 
-void TestQRowModel::manyLongTextsSortLikeASimpleSort()
+void TstQRowModel::manyLongTextsSortLikeASimpleSort()
 {
     std::mt19937 random(7);
     const QString letters = QStringLiteral("аб");
@@ -317,7 +343,7 @@ void TestQRowModel::manyLongTextsSortLikeASimpleSort()
     }
 }
 
-void TestQRowModel::whatBelongsToARowStaysWithIt()
+void TstQRowModel::whatBelongsToARowStaysWithIt()
 {
     QRowModel model;
     fillTexts(&model, &asText, {QStringLiteral("в"), QStringLiteral("а"), QStringLiteral("б")});
@@ -351,7 +377,7 @@ void TestQRowModel::whatBelongsToARowStaysWithIt()
     QVERIFY(!model.index(1, 0).data(Qt::ForegroundRole).isValid());
 }
 
-void TestQRowModel::rowsComeAndGoAfterASort()
+void TstQRowModel::rowsComeAndGoAfterASort()
 {
     QRowModel model;
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
@@ -379,7 +405,7 @@ void TestQRowModel::rowsComeAndGoAfterASort()
     QCOMPARE(storedRow(model, 0), QStringList({QString(), QString()}));
 }
 
-void TestQRowModel::anotherThreadReads()
+void TstQRowModel::anotherThreadReads()
 {
     FreshDatabase database(FreshDatabase::Empty);
     RowStore rows;
@@ -400,7 +426,7 @@ void TestQRowModel::anotherThreadReads()
     QCOMPARE(model.stored(0, 5), QStringLiteral("їжак 🦔 '\\"));
 }
 
-void TestQRowModel::viewKeepsWorkingThroughReloads()
+void TstQRowModel::viewKeepsWorkingThroughReloads()
 {
     FreshDatabase database(FreshDatabase::Empty);
     QTableView view;
@@ -426,5 +452,5 @@ void TestQRowModel::viewKeepsWorkingThroughReloads()
     QCOMPARE(view.verticalHeader()->count(), 3000);
 }
 
-QTEST_MAIN(TestQRowModel)
+QTEST_MAIN(TstQRowModel)
 #include "tst_qrowmodel.moc"

@@ -120,9 +120,7 @@ void TstDay::reportsAgreeWithTheReceipts_data()
 void TstDay::reportsAgreeWithTheReceipts()
 {
     QFETCH(QString, mode);
-    FreshDatabase admin(FreshDatabase::Empty);
-    const QString before = admin.value("SELECT @@GLOBAL.sql_mode");
-    admin.exec("SET GLOBAL sql_mode='" + mode + "'");
+    const GlobalVariable serverMode("sql_mode", mode);
     FreshDatabase base;
     fillChain(&base);
     sell(&base, "1", "000000", {goods(10, 2000, 6000, 1), goods(11, 250, 8000, 2)}, 600, 4000);
@@ -167,7 +165,6 @@ void TstDay::reportsAgreeWithTheReceipts()
                  moneyShown(base.value("SELECT SUM(summa) FROM cheks WHERE id_type=3").toLongLong())),
              qPrintable(cheks.totals().join('|')));
     QVERIFY2(base.heard.texts().isEmpty(), qPrintable(base.heard.texts().join('\n')));
-    admin.exec("SET GLOBAL sql_mode='" + before + "'");
 }
 
 QTEST_MAIN(TstDay)

@@ -144,8 +144,8 @@ void scan(QWidget *window, const QString &code);
 /// Turns the wheel over the middle of a widget, upwards for positive steps.
 void turnWheel(QWidget *widget, int steps);
 
-/// A global variable of the private server, for as long as this lives. The test that uses it shares the
-/// server with others: it gets the RESOURCE_LOCK "globals" (velta_test_sets_globals in CMake).
+/// A global variable of the private server, for as long as this lives. Every test shares that server: one
+/// that uses this runs alone (velta_test_sets_globals in its CMakeLists.txt).
 class GlobalVariable
 {
 public:
