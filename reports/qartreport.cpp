@@ -5,7 +5,6 @@
 #include "money.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
-#include "qtab.h"
 #include "reportformats.h"
 #include "shopgroups.h"
 
@@ -66,11 +65,11 @@ QArtReport::QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
     setUpList();
     setUpChoice();
     fillGoodsGroups();
-    ui->place->refillGroups(this->db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                                            QTab::GetStrLstGroupFromPermis(user, QStringLiteral("id"), true));
-    GroupChanged(QString());
-    refillNumbers();
-    offerDatesOnly();
+    offerPlaces([this] {
+        GroupChanged(QString());
+        refillNumbers();
+        offerDatesOnly();
+    });
 }
 
 QArtReport::~QArtReport() = default;

@@ -8,7 +8,6 @@
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
-#include "qtab.h"
 #include "shopgroups.h"
 
 #include <QGuiApplication>
@@ -43,7 +42,7 @@ QChekViewer::QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindo
     ui->splitter->setStretchFactor(0, 7);
     ui->splitter->setStretchFactor(1, 3);
     ui->slip->setReceiver(mainWindow);
-    fillGroups();
+    offerPlaces([this] { GroupChanged(ui->place->groupName()); });
     connectWidgets();
     connectSlip();
     setOrigin({});
@@ -84,13 +83,6 @@ void QChekViewer::connectSlip()
     connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
-void QChekViewer::fillGroups()
-{
-    ui->place->refillGroups(db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                                      QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("id"), true));
-    GroupChanged(ui->place->groupName());
-}
-
 void QChekViewer::GroupChanged(const QString &group)
 {
     if (group.isEmpty())
@@ -129,6 +121,7 @@ void QChekViewer::showOrigin(const ChekOrigin &origin)
     m_isShowingOrigin = false;
     setOrigin(origin);
     load();
+    ui->tvCheks->setFocus();
 }
 
 void QChekViewer::showPlace(const ChekOrigin &origin)
@@ -227,6 +220,8 @@ void QChekViewer::rowsShown()
     m_listed = m_asked;
     m_selection.stop();
     ui->slip->clear();
+    if (m_origin && model()->rowCount() > 0)
+        ui->tvCheks->setCurrentIndex(model()->index(0, ChekList::Number));
     ui->labelSum->setText(totals().constFirst());
     m_mismatches.clear();
     checkSums(ui->chCheckSums->isChecked());

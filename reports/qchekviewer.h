@@ -55,7 +55,6 @@ private:
     void InsertColumnsListCheks();
     void connectWidgets();
     void connectSlip();
-    void fillGroups();
     void showPlace(const ChekOrigin &origin);
     void setOrigin(const std::optional<ChekOrigin> &origin);
     void forgetOrigin();

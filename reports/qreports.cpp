@@ -49,6 +49,15 @@ static_assert(sizeof(kinds) / sizeof(kinds[0]) == QReports::ReportCount, "one li
 QReports::QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow)
     : QObject(mainWindow), m_tabs(tabs), m_db(db), m_setting(set), m_user(user)
 {
+    connect(user, &QLoadedUser::rightsChanged, this, &QReports::followRights);
+}
+
+void QReports::followRights()
+{
+    for (int report = 0; m_user->isLoaded() && report < ReportCount; ++report) {
+        if (m_open[static_cast<size_t>(report)] != nullptr && !canOpen(Report(report)))
+            closetab(m_tabs->indexOf(m_open[static_cast<size_t>(report)]));
+    }
 }
 
 bool QReports::canOpen(Report report) const
@@ -80,6 +89,9 @@ QWidget *QReports::open(Report report)
         m_tabs->addTab(m_open[report], tr(kinds[report].caption));
     }
     m_tabs->setCurrentWidget(m_open[report]);
+    // Where the keyboard was in it, at first in its first field.
+    QWidget *field = m_open[report]->focusWidget();
+    (field == nullptr ? m_open[report].data() : field)->setFocus(Qt::OtherFocusReason);
     return m_open[report];
 }
 

@@ -56,6 +56,8 @@ signals:
     void visible(bool vis, bool exp);
 
 private:
+    /// What may no longer be seen goes.
+    void followRights();
     /// The one way to a report, whoever asks: null (told in the status bar) for one that the menu hides.
     QWidget *open(Report report);
     uint shopOfRegister(const QString &kass) const;

@@ -4,7 +4,6 @@
 #include "onlinegrid.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
-#include "qtab.h"
 #include "shopgroups.h"
 
 #include <QHeaderView>
@@ -39,7 +38,7 @@ QStatOnLine::QStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindo
     ui->setupUi(this);
     setUpGrid();
     setUpChoice();
-    ChangeGroup(0);
+    offerPlaces([this] { ChangeGroup(0); });
 }
 
 QStatOnLine::~QStatOnLine() = default;
@@ -60,8 +59,6 @@ void QStatOnLine::setUpChoice()
 {
     ui->place->hideRegisters();
     ui->place->setShopPrompt(tr("Виберіть магазин"));
-    ui->place->refillGroups(db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                                      QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("id"), true));
     ui->deDay->setDate(QDate::currentDate());
     connect(ui->place, &PlaceSelector::groupChanged, this, [this] { ChangeGroup(0); });
     connect(ui->place, &PlaceSelector::shopChanged, this, [this] { ChangeShop(0); });

@@ -4,7 +4,6 @@
 #include "money.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
-#include "qtab.h"
 #include "reportformats.h"
 #include "shopgroups.h"
 #include "userstate.h"
@@ -41,7 +40,7 @@ QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWi
     connect(ui->place, &PlaceSelector::shopChanged, this, &QZReport::ShopChanged);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QZReport::load);
     connect(ui->leLimit, &QLineEdit::returnPressed, this, &QZReport::load);
-    fillGroups();
+    offerPlaces([this] { GroupChanged(); });
 }
 
 QZReport::~QZReport() = default;
@@ -80,13 +79,6 @@ void QZReport::buildChart()
     });
     connect(ui->cbChart, qOverload<int>(&QComboBox::activated), this, &QZReport::drawChart);
     showChart();
-}
-
-void QZReport::fillGroups()
-{
-    ui->place->refillGroups(db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                                      QTab::GetStrLstGroupFromPermis(user(), QStringLiteral("id"), true));
-    GroupChanged();
 }
 
 void QZReport::GroupChanged()

@@ -35,7 +35,6 @@ protected:
 private:
     void buildList();
     void buildChart();
-    void fillGroups();
     ZPlace place() const;
     bool isSummed() const;
     bool hasSeveralShops() const;

@@ -2,6 +2,8 @@
 
 #include "listloader.h"
 #include "listprinter.h"
+#include "placeselector.h"
+#include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
@@ -94,6 +96,7 @@ void ReportWindow::takeList(QNTableView *view, QPushButton *pbLoad, QPushButton 
     m_model = new QRowModel(view);
     view->setModel(m_model);
     view->setSortingEnabled(true);
+    setFocusProxy(findChild<PlaceSelector *>());
     m_load = pbLoad;
     m_stop = pbStop;
     if (pbStop != nullptr)
@@ -111,6 +114,25 @@ void ReportWindow::setColumns(const QVector<Column> &columns, const QStringList 
                                qMax(metrics.horizontalAdvance(samples.value(i)) + metrics.height(), caption));
         m_list->setColumnHidden(i, columns.at(i).hidden);
     }
+}
+
+void ReportWindow::offerPlaces(const std::function<void()> &shopsOf)
+{
+    m_refillShops = shopsOf;
+    refillPlaces();
+    connect(m_user, &QLoadedUser::rightsChanged, this, [this] {
+        if (m_user->isLoaded() && m_user->groups() != m_groups)
+            refillPlaces();
+    });
+}
+
+void ReportWindow::refillPlaces()
+{
+    m_groups = m_user->groups();
+    findChild<PlaceSelector *>()->refillGroups(
+        db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
+                  QTab::GetStrLstGroupFromPermis(m_user, QStringLiteral("id"), true));
+    m_refillShops();
 }
 
 void ReportWindow::export_to_csv(const QString &code, const QString &path)

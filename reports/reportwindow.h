@@ -70,6 +70,9 @@ protected:
     void takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop);
     /// Column widths by sample texts, as wide as the widest of sample and caption.
     void setColumns(const QVector<Column> &columns, const QStringList &samples);
+    /// Fills the places with what the user may see: now, and again when that has changed. shopsOf refills the
+    /// shops of the group chosen.
+    void offerPlaces(const std::function<void()> &shopsOf);
     /// Runs the statement in the background. Values of people go in through lit(). heading is what the rows
     /// will be; numberSql a statement of one whole number that is asked for before the list, see number().
     void loadList(const QString &sql, const QStringList &heading, const QString &numberSql = {});
@@ -94,6 +97,7 @@ protected:
     QObject *mainWindow() const { return m_mainWindow; }
 
 private:
+    void refillPlaces();
     void showFound(const std::shared_ptr<FoundRows> &found);
     void addPrintButtons();
     PrintedList printed() const;
@@ -108,6 +112,8 @@ private:
     QPushButton *m_load = nullptr;
     QPushButton *m_stop = nullptr;
     QLabel *m_state = nullptr;
+    std::function<void()> m_refillShops;
+    QStringList m_groups;
     QPushButton *m_print = nullptr;
     QPushButton *m_pdf = nullptr;
     FileChooser m_chooseFile;

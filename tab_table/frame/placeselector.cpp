@@ -7,6 +7,7 @@
 PlaceSelector::PlaceSelector(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::PlaceSelector>())
 {
     ui->setupUi(this);
+    setFocusProxy(ui->cbGroup);
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbRegister}) {
         box->setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 1px }"));
         empty(box);

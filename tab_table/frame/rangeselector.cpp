@@ -6,15 +6,7 @@
 #include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 
-namespace {
-struct Days
-{
-    QDate first;
-    QDate last;
-};
-
-/// In the order of the presets; the first one leaves the days as they are.
-Days presetDays(int preset, const QDate &today)
+DayRange presetDays(int preset, const QDate &today)
 {
     const QDate monthStart(today.year(), today.month(), 1);
     switch (preset) {
@@ -32,7 +24,6 @@ Days presetDays(int preset, const QDate &today)
         return {monthStart.addMonths(-1), monthStart.addDays(-1)};
     }
 }
-} // namespace
 
 QString daysShown(const QDate &first, const QDate &last)
 {
@@ -54,6 +45,7 @@ RangeSelector::RangeSelector(QWidget *parent) : QWidget(parent), ui(std::make_un
     connect(ui->cbPreset, qOverload<int>(&QComboBox::activated), this, &RangeSelector::takePreset);
     connect(ui->deFrom, &QDateEdit::dateChanged, this, &RangeSelector::firstDayChanged);
     connect(ui->deTo, &QDateEdit::dateChanged, this, &RangeSelector::lastDayChanged);
+    connect(this, &RangeSelector::changed, this, [this] { ui->cbPreset->setCurrentIndex(0); });
     connect(ui->chByNumber, &QCheckBox::toggled, this, &RangeSelector::changed);
     for (const QLineEdit *edit : {ui->leNumberFrom, ui->leNumberTo})
         connect(edit, &QLineEdit::textChanged, this, &RangeSelector::changed);
@@ -73,8 +65,9 @@ void RangeSelector::takePreset(int index)
 {
     if (index < 1)
         return;
-    const Days days = presetDays(index, QDate::currentDate());
+    const DayRange days = presetDays(index, QDate::currentDate());
     setDays(days.first, days.last);
+    ui->cbPreset->setCurrentIndex(index);
 }
 
 void RangeSelector::showid(bool byNumber)

@@ -8,6 +8,15 @@ namespace Ui {
 class RangeSelector;
 }
 
+struct DayRange
+{
+    QDate first;
+    QDate last;
+};
+/// The days of a preset: 1 today, 2 yesterday, 3 this week, 4 the last seven days, 5 this month, 6 the month
+/// before.
+DayRange presetDays(int preset, const QDate &today);
+
 /// "01.03.2026 – 31.03.2026", a single day once.
 QString daysShown(const QDate &first, const QDate &last);
 
