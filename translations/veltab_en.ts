@@ -478,10 +478,6 @@ The indexes can be removed in the same way.</translation>
         <translation>&amp;Shop</translation>
     </message>
     <message>
-        <source>&amp;Каса</source>
-        <translation>&amp;Cash register</translation>
-    </message>
-    <message>
         <source>Усі групи</source>
         <translation>All groups</translation>
     </message>
@@ -496,6 +492,10 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>усі магазини</source>
         <translation>all shops</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
     </message>
 </context>
 <context>
@@ -902,28 +902,8 @@ The indexes can be removed in the same way.</translation>
 <context>
     <name>QArtReport</name>
     <message>
-        <source>зміна &amp;від</source>
-        <translation>shifts (&amp;1)</translation>
-    </message>
-    <message>
-        <source>зміна &amp;до</source>
-        <translation>to (&amp;2)</translation>
-    </message>
-    <message>
-        <source>&amp;Оновити номери</source>
-        <translation>Ta&amp;ke numbers</translation>
-    </message>
-    <message>
         <source>Номери змін обох днів для вибраного місця</source>
         <translation>Shift numbers of both days for the chosen place</translation>
-    </message>
-    <message>
-        <source>Групи &amp;товарів</source>
-        <translation>Goods gro&amp;ups</translation>
-    </message>
-    <message>
-        <source>&amp;середня ціна</source>
-        <translation>a&amp;verage price</translation>
     </message>
     <message>
         <source>&amp;Не групувати по даті</source>
@@ -938,16 +918,8 @@ The indexes can be removed in the same way.</translation>
         <translation>no limit</translation>
     </message>
     <message>
-        <source>завантажит&amp;и</source>
-        <translation>sho&amp;w</translation>
-    </message>
-    <message>
         <source>З&amp;упинити</source>
         <translation>Stop quer&amp;y</translation>
-    </message>
-    <message>
-        <source>діаграм&amp;а</source>
-        <translation>c&amp;hart</translation>
     </message>
     <message>
         <source>Звіт по товарах</source>
@@ -1042,10 +1014,6 @@ The indexes can be removed in the same way.</translation>
         <translation>price</translation>
     </message>
     <message>
-        <source>&amp;лише за ці дати</source>
-        <translation>&amp;these dates only</translation>
-    </message>
-    <message>
         <source>Лише продажі цих дат; без цього – усі чеки змін від першого до останнього номера, в яких би касах і коли б вони не були</source>
         <translation>Only sales of these dates; without it all receipts of the shifts from the first to the last number, of whatever register and day</translation>
     </message>
@@ -1060,6 +1028,38 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>не більше %1</source>
         <translation>at most %1</translation>
+    </message>
+    <message>
+        <source>заванта&amp;жити</source>
+        <translation>&amp;load</translation>
+    </message>
+    <message>
+        <source>зміна від</source>
+        <translation>shift from</translation>
+    </message>
+    <message>
+        <source>зміна до</source>
+        <translation>shift to</translation>
+    </message>
+    <message>
+        <source>Оновити номе&amp;ри</source>
+        <translation>Update numbe&amp;rs</translation>
+    </message>
+    <message>
+        <source>Груп&amp;и товарів</source>
+        <translation>Goods &amp;groups</translation>
+    </message>
+    <message>
+        <source>ли&amp;ше за ці дати</source>
+        <translation>these dates onl&amp;y</translation>
+    </message>
+    <message>
+        <source>середня &amp;ціна</source>
+        <translation>average &amp;price</translation>
+    </message>
+    <message>
+        <source>діаграма</source>
+        <translation>chart</translation>
     </message>
 </context>
 <context>
@@ -1168,10 +1168,6 @@ The indexes can be removed in the same way.</translation>
         <translation>The sums are not checked.</translation>
     </message>
     <message>
-        <source>&amp;Усі чеки місця</source>
-        <translation>&amp;All receipts of the place</translation>
-    </message>
-    <message>
         <source>лише чеки з товаром %1 %2</source>
         <translation>only receipts with article %1 %2</translation>
     </message>
@@ -1182,6 +1178,10 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>продано %1</source>
         <translation>sold %1</translation>
+    </message>
+    <message>
+        <source>Усі &amp;чеки місця</source>
+        <translation>All &amp;receipts of the place</translation>
     </message>
 </context>
 <context>
@@ -1840,14 +1840,6 @@ Write with that date?</translation>
 <context>
     <name>QStatOnLine</name>
     <message>
-        <source>&amp;день</source>
-        <translation>&amp;day</translation>
-    </message>
-    <message>
-        <source>&amp;завантажити</source>
-        <translation>sho&amp;w</translation>
-    </message>
-    <message>
         <source>З&amp;упинити</source>
         <translation>Stop quer&amp;y</translation>
     </message>
@@ -1874,6 +1866,14 @@ Write with that date?</translation>
     <message>
         <source>Цей магазин вам недоступний.</source>
         <translation>This shop is not available to you.</translation>
+    </message>
+    <message>
+        <source>де&amp;нь</source>
+        <translation>d&amp;ay</translation>
+    </message>
+    <message>
+        <source>заванта&amp;жити</source>
+        <translation>&amp;load</translation>
     </message>
 </context>
 <context>
@@ -2361,24 +2361,12 @@ Write with that date?</translation>
         <translation>summari&amp;ze</translation>
     </message>
     <message>
-        <source>зав&amp;антажити</source>
-        <translation>sho&amp;w</translation>
-    </message>
-    <message>
-        <source>зупини&amp;ти</source>
-        <translation>stop quer&amp;y</translation>
-    </message>
-    <message>
         <source>Z - Звіти</source>
         <translation>Z-reports</translation>
     </message>
     <message>
         <source>Діаграма продажу</source>
         <translation>Sales turnover chart</translation>
-    </message>
-    <message>
-        <source>&amp;Діаграма продажу</source>
-        <translation>Sales tur&amp;nover chart</translation>
     </message>
     <message>
         <source>Що показує діаграма</source>
@@ -2460,6 +2448,18 @@ Write with that date?</translation>
         <source>Звітів: %1</source>
         <translation>Reports: %1</translation>
     </message>
+    <message>
+        <source>заванта&amp;жити</source>
+        <translation>&amp;load</translation>
+    </message>
+    <message>
+        <source>зупи&amp;нити</source>
+        <translation>st&amp;op</translation>
+    </message>
+    <message>
+        <source>Діаг&amp;рама продажу</source>
+        <translation>Sales c&amp;hart</translation>
+    </message>
 </context>
 <context>
     <name>QuantityDelegate</name>
@@ -2471,28 +2471,12 @@ Write with that date?</translation>
 <context>
     <name>RangeSelector</name>
     <message>
-        <source>по &amp;змінах</source>
-        <translation>&amp;by shifts</translation>
-    </message>
-    <message>
         <source>&amp;від</source>
         <translation>&amp;from</translation>
     </message>
     <message>
-        <source>д&amp;о</source>
-        <translation>t&amp;o</translation>
-    </message>
-    <message>
         <source>Проміжок днів</source>
         <translation>Range of days</translation>
-    </message>
-    <message>
-        <source>&amp;з</source>
-        <translation>d&amp;ay</translation>
-    </message>
-    <message>
-        <source>&amp;по</source>
-        <translation>to &amp;day</translation>
     </message>
     <message>
         <source>Дні…</source>
@@ -2537,6 +2521,14 @@ Write with that date?</translation>
     <message>
         <source>зміни %1 – %2</source>
         <translation>shifts %1 – %2</translation>
+    </message>
+    <message>
+        <source>по зміна&amp;х</source>
+        <translation>by s&amp;hifts</translation>
+    </message>
+    <message>
+        <source>до</source>
+        <translation>to</translation>
     </message>
 </context>
 <context>

@@ -8,12 +8,14 @@
 #include "setting.h"
 #include "veltab.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSettings>
 #include <QSpinBox>
@@ -50,6 +52,7 @@ private slots:
     void unreadableSettingsConnectNowhere();
     void recordCommandsFollowTheTab();
     void exportFollowsTheRight();
+    void reportsHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
     void indexesAreOfferedAndTakenBack();
     void burstOfErrorsIsOneDialog();
@@ -571,6 +574,52 @@ void TstVeltab::exportFollowsTheRight()
     QVERIFY(action("export_to_csv")->toolTip().contains("Список у PDF"));
     action("mz_zzvit")->trigger();
     QVERIFY(action("export_to_csv_cp1251")->isEnabled());
+}
+
+/// The keys that act in a page together with Alt, once for each that has it.
+static QStringList accessKeys(const QWidget *page)
+{
+    QStringList keys;
+    const auto add = [&keys, page](const QWidget *widget, const QString &text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty() && widget->isVisibleTo(page))
+            keys.append(key.toString());
+    };
+    for (const auto *button : page->findChildren<QAbstractButton *>())
+        add(button, button->text());
+    for (const auto *label : page->findChildren<QLabel *>()) {
+        if (label->buddy() != nullptr)
+            add(label, label->text());
+    }
+    return keys;
+}
+
+void TstVeltab::reportsHaveKeysOfTheirOwn()
+{
+    addUser("reports", "0=1 70=1 71=1 72=1 73=1 101=1 40=1 10=1 220=1");
+    QFont large = QApplication::font();
+    large.setPointSize(12);
+    const QFont before = QApplication::font();
+    QApplication::setFont(large);
+    startLoggedIn("reports");
+    QStringList menu;
+    for (const QAction *entry : m_window->menuBar()->actions())
+        menu.append(QKeySequence::mnemonic(entry->text()).toString());
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    for (const char *name : {"mz_cheks", "mz_zzvit", "mz_art_zvit", "mz_StatisticOnLine"}) {
+        action(name)->trigger();
+        const QStringList keys = accessKeys(tabs->currentWidget());
+        QVERIFY2(keys.size() > 3, name);
+        for (const QString &key : keys)
+            QVERIFY2(keys.count(key) == 1 && !menu.contains(key), qPrintable(name + (' ' + key)));
+        QCOMPARE(QApplication::focusWidget(), child<QWidget>(tabs->currentWidget(), "cbGroup"));
+        const QSize least = tabs->currentWidget()->minimumSizeHint();
+        QVERIFY2(least.width() <= 1000 && least.height() <= 500,
+                 qPrintable(QString("%1 %2x%3").arg(name).arg(least.width()).arg(least.height())));
+    }
+    QApplication::setFont(before);
 }
 
 void TstVeltab::serviceMenuIsRevealed()
