@@ -2,14 +2,25 @@
 #include "ui_qpayment.h"
 
 #include "money.h"
+#include "qmessdlg.h"
 #include "qqestion.h"
+#include "scancatcher.h"
+#include "scantail.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 
 namespace {
 QString kopecks(const MoneySpinBox *box)
 {
     return QString::number(box->kopecks());
+}
+
+/// Red that can be read on the window's colour.
+QColor alarmColour(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128 ? QColor(0xff, 0x8a, 0x8a)
+                                                             : QColor(0xc0, 0x00, 0x10);
 }
 } // namespace
 
@@ -24,6 +35,9 @@ QPayment::QPayment(const QString &total, const QString &discount, bool closing, 
     else
         connectReceipt();
     ui->serviceFields->setVisible(closing);
+    ui->lbNotice->hide();
+    new ScanTail(this);
+    connect(new ScanCatcher(this), &ScanCatcher::scanned, this, &QPayment::refuseScan);
     connect(ui->pbOk, &QPushButton::clicked, this, &QPayment::ok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QPayment::cancel);
 }
@@ -49,8 +63,13 @@ void QPayment::connectReceipt()
 {
     for (MoneySpinBox *box : {ui->dsbCash, ui->dsbCertificate, ui->dsbCard})
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::calcsumpaym);
+    for (MoneySpinBox *box : {ui->dsbGiven, ui->dsbCertificate, ui->dsbCard})
+        connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::cashFollowsGiven);
     for (MoneySpinBox *box : {ui->dsbCash, ui->dsbGiven})
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::showChange);
+    QFont large = ui->lbChange->font();
+    large.setPointSize(large.pointSize() * 2);
+    ui->lbChange->setFont(large);
     const struct
     {
         QPushButton *button;
@@ -66,7 +85,7 @@ void QPayment::connectReceipt()
         connect(new QShortcut(rest.key, this), &QShortcut::activated, this, put);
     }
     calcsumpaym(0);
-    ui->dsbCash->setFocus();
+    ui->dsbGiven->setFocus();
 }
 
 void QPayment::showClosing(int cash)
@@ -75,6 +94,8 @@ void QPayment::showClosing(int cash)
     ui->gbPaid->hide();
     ui->gbGiven->hide();
     ui->pbOk->setText(tr("За&крити"));
+    ui->pbOk->setDefault(false);
+    ui->pbOk->setAutoDefault(false);
     for (QSpinBox *box : {ui->sbCheks, ui->sbDiskount, ui->sbChekCanc, ui->sbPositionCanc})
         box->setRange(0, 1000000);
     m_expected.cash = cash;
@@ -116,8 +137,22 @@ void QPayment::showDifferences()
     showDifference(ui->lbDifferenceCounted, ui->dsbCounted->kopecks() - expectedCash());
     showDifference(ui->lbDifferenceVnesenia, ui->dsbVnesenia->kopecks() - m_expected.vnesenia);
     showDifference(ui->lbDifferenceViluchenia, ui->dsbViluchenia->kopecks() - expectedOut);
-    ui->lbRest->setText(
-        moneyShown(ui->dsbCounted->kopecks() + m_expected.issued - ui->dsbViluchenia->kopecks()));
+    ui->lbRest->setText(moneyShown(remaining()));
+    mark(ui->lbDifferenceCounted, ui->dsbCounted->kopecks() != expectedCash());
+    mark(ui->lbRest, remaining() < 0);
+}
+
+qint64 QPayment::remaining() const
+{
+    return ui->dsbCounted->kopecks() + m_expected.issued - ui->dsbViluchenia->kopecks();
+}
+
+void QPayment::mark(QLabel *label, bool isWrong)
+{
+    QPalette palette;
+    if (isWrong)
+        palette.setColor(QPalette::WindowText, alarmColour(palette));
+    label->setPalette(palette);
 }
 
 void QPayment::showDifference(QLabel *label, qint64 difference)
@@ -146,8 +181,20 @@ void QPayment::calcsumpaym(double value)
 
 void QPayment::putRestInto(MoneySpinBox *box)
 {
+    if (!takeTyped())
+        return;
     box->setKopecks(qMax<qint64>(owed() - (paid() - box->kopecks()), 0));
     box->setFocus(Qt::ShortcutFocusReason);
+}
+
+/// As long as nobody has typed another amount of cash.
+void QPayment::cashFollowsGiven()
+{
+    if (ui->dsbCash->kopecks() != m_followed)
+        return;
+    const qint64 rest = owed() - ui->dsbCertificate->kopecks() - ui->dsbCard->kopecks();
+    m_followed = qMax<qint64>(qMin(ui->dsbGiven->kopecks(), rest), 0);
+    ui->dsbCash->setKopecks(m_followed);
 }
 
 /// What is stored is what is owed; what was handed over only tells the change.
@@ -157,21 +204,95 @@ void QPayment::showChange()
     ui->lbChange->setText(moneyText(given == 0 ? 0 : given - ui->dsbCash->kopecks()));
 }
 
+void QPayment::refuseScan(const QString &digits)
+{
+    ui->lbNotice->setText((m_isClosing ? tr("Скановано %1: у цьому вікні сканер нічого не змінює.")
+                                       : tr("Скановано %1: товар додають у чек до оплати."))
+                              .arg(digits));
+    mark(ui->lbNotice, true);
+    ui->lbNotice->show();
+}
+
 void QPayment::warn(const QString &text, QWidget *field)
 {
     QQestion::question(this, tr("Попередження!"), text, true);
     field->setFocus(Qt::ShortcutFocusReason);
+    if (auto *box = qobject_cast<QAbstractSpinBox *>(field))
+        box->selectAll();
+}
+
+namespace {
+QString whyUnreadable(const QAbstractSpinBox *field)
+{
+    if (const auto *money = qobject_cast<const MoneySpinBox *>(field))
+        return money->isReadable() ? QString() : money->refusal();
+    return field->hasAcceptableInput() ? QString()
+                                       : QPayment::tr("«%1» не є числом. Виправте його.").arg(field->text());
+}
+} // namespace
+
+bool QPayment::takeTyped()
+{
+    for (QAbstractSpinBox *field : findChildren<QAbstractSpinBox *>()) {
+        const QString why = field->isVisible() ? whyUnreadable(field) : QString();
+        if (!why.isEmpty()) {
+            warn(why, field);
+            return false;
+        }
+        if (field->isVisible())
+            field->interpretText();
+    }
+    return true;
+}
+
+void QPayment::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!m_isClosing || !isEnter)
+        return QDialog::keyPressEvent(event);
+    if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
+        button->click();
+    else
+        focusNextChild();
+}
+
+void QPayment::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_isClosing)
+        showDifferences();
 }
 
 void QPayment::ok()
 {
+    if (!takeTyped())
+        return;
     if (m_isClosing)
         return acceptClosing();
     if (paid() != owed())
-        return warn(tr("Сума до оплати повинна дорівнювати оплачено!"), ui->dsbCash);
+        return warn(tr("Сума до оплати повинна дорівнювати оплачено!"),
+                    ui->dsbCash->kopecks() == m_followed ? ui->dsbGiven : ui->dsbCash);
     if (ui->dsbGiven->kopecks() != 0 && ui->dsbGiven->kopecks() < ui->dsbCash->kopecks())
         return warn(tr("Отримано менше, ніж треба сплатити готівкою!"), ui->dsbGiven);
     acceptPayment();
+}
+
+/// Once more when the cash is not what it should be.
+bool QPayment::confirmClosing()
+{
+    const qint64 difference = ui->dsbCounted->kopecks() - expectedCash();
+    QStringList lines;
+    if (difference != 0)
+        lines.append(tr("Готівки пораховано %1, а має бути %2 (різниця %3).")
+                         .arg(moneyShown(ui->dsbCounted->kopecks()), moneyShown(expectedCash()),
+                              ui->lbDifferenceCounted->text()));
+    if (remaining() < 0)
+        lines.append(tr("Вилучено більше, ніж є: в касі залишиться %1.").arg(moneyShown(remaining())));
+    if (lines.isEmpty())
+        return true;
+    lines.append(tr("Закрити зміну з такими сумами?"));
+    return QMessDlg::confirm(this, windowTitle(), lines.join(QLatin1Char('\n')), tr("&Закрити зміну"),
+                             tr("&Ні, перевірити"));
 }
 
 void QPayment::acceptPayment()
@@ -198,6 +319,8 @@ ChekPayment QPayment::payment() const
 
 void QPayment::acceptClosing()
 {
+    if (!confirmClosing())
+        return ui->dsbCounted->setFocus(Qt::ShortcutFocusReason);
     m_vnesenia = kopecks(ui->dsbVnesenia);
     m_viluchenia = kopecks(ui->dsbViluchenia);
     m_countCheks = QString::number(ui->sbCheks->value());

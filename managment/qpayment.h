@@ -12,6 +12,11 @@ class MoneySpinBox;
 class QLabel;
 
 /// How a receipt is paid; in its other form, what the operator counts when the shift is closed.
+///
+/// The note that the buyer gives is typed first: what is paid in cash follows it, up to what is owed, until
+/// somebody types another amount there, and the change is told. What is stored is never more than what is
+/// owed. What a scanner sends is taken out of the fields again; in the closing form Enter leads from field to
+/// field, only the button closes.
 class QPayment : public QDialog
 {
     Q_OBJECT
@@ -43,6 +48,10 @@ public:
     QString countChekCanc() const { return m_countChekCanc; }
     QString countPositionCanc() const { return m_countPositionCanc; }
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
 public slots:
     /// Shows what is paid so far, and in red when it is too much.
     void calcsumpaym(double value);
@@ -55,10 +64,17 @@ private:
     void showClosing(int cash);
     void showDifferences();
     static void showDifference(QLabel *label, qint64 difference);
+    static void mark(QLabel *label, bool isWrong);
+    void refuseScan(const QString &digits);
+    /// True when every field that is shown can be read; what is being typed counts then.
+    bool takeTyped();
+    qint64 remaining() const;
+    bool confirmClosing();
     qint64 expectedCash() const;
     qint64 owed() const;
     qint64 paid() const;
     void putRestInto(MoneySpinBox *box);
+    void cashFollowsGiven();
     void showChange();
     void warn(const QString &text, QWidget *field);
     void acceptPayment();
@@ -69,6 +85,8 @@ private:
     qint64 m_discount = 0;
     qint64 m_given = 0;
     qint64 m_change = 0;
+    /// What the note given has put into the cash field.
+    qint64 m_followed = 0;
     ShiftFigures m_expected;
     QString m_toPay, m_cash, m_certificate, m_card;
     QString m_vnesenia, m_viluchenia;

@@ -19,9 +19,10 @@ bool isDigit(const QKeyEvent *key)
            key->text().at(0) <= QLatin1Char('9');
 }
 
-bool isEnter(const QKeyEvent *key)
+/// What a scanner is set to send behind a code.
+bool isEnd(const QKeyEvent *key)
 {
-    return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+    return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Tab;
 }
 
 bool isBox(const QObject *window)
@@ -65,7 +66,7 @@ bool ScanCatcher::eventFilter(QObject *watched, QEvent *event)
         m_code += key->text();
         return false;
     }
-    const bool isScan = isEnter(key) && isFast && m_code.size() >= shortestCode && covers(focus);
+    const bool isScan = isEnd(key) && isFast && m_code.size() >= shortestCode && covers(focus);
     const QString code = m_code;
     m_code.clear();
     if (isScan) {

@@ -1267,10 +1267,6 @@ Restart the program!</translation>
         <translation>Rest by card F6</translation>
     </message>
     <message>
-        <source>Решта покупцеві</source>
-        <translation>Change for the customer</translation>
-    </message>
-    <message>
         <source>&amp;отримано готівкою:</source>
         <translation>cash &amp;received:</translation>
     </message>
@@ -1377,6 +1373,42 @@ Restart the program!</translation>
     <message>
         <source>Закрити зміну № %1</source>
         <translation>Close shift No. %1</translation>
+    </message>
+    <message>
+        <source>Гроші покупця</source>
+        <translation>The buyer&apos;s money</translation>
+    </message>
+    <message>
+        <source>Скановано %1: у цьому вікні сканер нічого не змінює.</source>
+        <translation>Scanned %1: in this window the scanner changes nothing.</translation>
+    </message>
+    <message>
+        <source>Скановано %1: товар додають у чек до оплати.</source>
+        <translation>Scanned %1: goods are put into the receipt before it is paid.</translation>
+    </message>
+    <message>
+        <source>«%1» не є числом. Виправте його.</source>
+        <translation>“%1” is not a number. Correct it.</translation>
+    </message>
+    <message>
+        <source>Готівки пораховано %1, а має бути %2 (різниця %3).</source>
+        <translation>%1 of cash was counted, %2 should be there (difference %3).</translation>
+    </message>
+    <message>
+        <source>Вилучено більше, ніж є: в касі залишиться %1.</source>
+        <translation>More is taken out than there is: %1 remains in the drawer.</translation>
+    </message>
+    <message>
+        <source>Закрити зміну з такими сумами?</source>
+        <translation>Close the shift with these sums?</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити зміну</source>
+        <translation>&amp;Close the shift</translation>
+    </message>
+    <message>
+        <source>&amp;Ні, перевірити</source>
+        <translation>&amp;No, check</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include "qqestion.h"
 #include "qregistersale.h"
 #include "saleshop.h"
+#include "scantail.h"
 #include "shiftcloser.h"
 
 #include <QComboBox>
@@ -113,6 +114,9 @@ private slots:
 
     void closesInTheTab();
     void formCompares();
+    void formAsksOnceMore();
+    void scansInTheForm();
+    void typedAndLeft();
     void nothingToClose();
     void cancelledFormWritesNothing();
     void lastDay_data();
@@ -290,30 +294,149 @@ void tst_shiftclosing::closesInTheTab()
              text("2|2"));
 }
 
-void tst_shiftclosing::formCompares()
+namespace {
+/// 1000.00 were sold for in cash, 50.00 paid back, 200.00 brought in, 100.00 issued: 1050.00 lie in the
+/// drawer.
+ShiftFigures busyShift()
 {
-    QPayment form(text("0.00"), text("0.00"), true, nullptr, 100000);
     ShiftFigures figures;
-    figures.zNumber = text("7");
+    figures.zNumber = text("30");
     figures.cash = 100000;
     figures.cashRet = 5000;
     figures.vnesenia = 20000;
-    form.setExpected(figures);
+    figures.issued = 10000;
+    figures.countCheks = 12;
+    return figures;
+}
+
+/// Shown and active, as the operator sees it.
+std::unique_ptr<QPayment> closingForm(const ShiftFigures &figures)
+{
+    auto form = std::make_unique<QPayment>(text("0.00"), text("0.00"), true, nullptr, 100000);
+    form->setExpected(figures);
+    form->show();
+    form->activateWindow();
+    if (!QTest::qWaitForWindowActive(form.get()))
+        qFatal("The form does not become active");
+    QTest::qWait(ScanTail::appearedMs + 20);
+    return form;
+}
+
+/// What stands in the fields, in the order of the form.
+QString fieldsOf(const QPayment *form)
+{
+    QStringList texts;
+    for (const char *name : {"dsbCounted", "dsbVnesenia", "dsbViluchenia", "sbCheks", "sbDiskount",
+                             "sbChekCanc", "sbPositionCanc"})
+        texts.append(in<QAbstractSpinBox>(form, name)->text());
+    return texts.join(QLatin1Char(' '));
+}
+
+bool isRed(const QLabel *label)
+{
+    const QColor colour = label->palette().color(QPalette::WindowText);
+    return colour.red() > colour.green() + 60 && colour.red() > colour.blue() + 60;
+}
+} // namespace
+
+void tst_shiftclosing::formCompares()
+{
+    const auto form = closingForm(busyShift());
+    QCOMPARE(form->windowTitle(), text("Закрити зміну № 30"));
     const auto shown = [&] {
         QStringList texts;
         for (const char *name :
              {"lbExpectedCounted", "lbDifferenceCounted", "lbExpectedVnesenia", "lbDifferenceVnesenia",
-              "lbExpectedViluchenia", "lbDifferenceViluchenia", "lbRest"})
-            texts.append(in<QLabel>(&form, name)->text().replace(QChar::Nbsp, QString()));
+              "lbExpectedViluchenia", "lbDifferenceViluchenia", "lbIssued", "lbRest"})
+            texts.append(in<QLabel>(form.get(), name)->text().replace(QChar::Nbsp, QString()));
         return texts.join(QLatin1Char(' '));
     };
-    QCOMPARE(shown(), text("1150.00 0.00 200.00 0.00 1150.00 -150.00 150.00"));
-    in<MoneySpinBox>(&form, "dsbCounted")->setKopecks(114990);
-    in<MoneySpinBox>(&form, "dsbVnesenia")->setKopecks(20001);
-    in<MoneySpinBox>(&form, "dsbViluchenia")->setKopecks(114991);
-    QCOMPARE(shown(), text("1150.01 -0.11 200.00 +0.01 1150.01 -0.10 -0.01"));
-    form.ok();
-    QCOMPARE(form.vnesenia() + QLatin1Char(' ') + form.viluchenia(), text("20001 114991"));
+    const auto *difference = in<QLabel>(form.get(), "lbDifferenceCounted");
+    const auto *rest = in<QLabel>(form.get(), "lbRest");
+    // All 1000.00 are proposed: the 100.00 of before and 900.00 of the 1050.00.
+    QCOMPARE(shown(), text("1050.00 0.00 200.00 0.00 1150.00 -150.00 100.00 150.00"));
+    QVERIFY(!isRed(difference) && !isRed(rest));
+    in<MoneySpinBox>(form.get(), "dsbCounted")->setKopecks(104990);
+    in<MoneySpinBox>(form.get(), "dsbViluchenia")->setKopecks(114991);
+    QCOMPARE(shown(), text("1050.00 -0.10 200.00 0.00 1150.00 -0.09 100.00 -0.01"));
+    QVERIFY(isRed(difference) && isRed(rest));
+    in<MoneySpinBox>(form.get(), "dsbVnesenia")->setKopecks(20001);
+    QCOMPARE(shown(), text("1050.01 -0.11 200.00 +0.01 1150.01 -0.10 100.00 -0.01"));
+    QPalette dark;
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(dark);
+    QVERIFY(isRed(rest) && rest->palette().color(QPalette::WindowText).lightness() > 150);
+    QApplication::setPalette(before);
+}
+
+/// Once more when the cash differs or is overdrawn; the safe answer keeps the form and what is typed.
+void tst_shiftclosing::formAsksOnceMore()
+{
+    const auto form = closingForm(busyShift());
+    in<MoneySpinBox>(form.get(), "dsbCounted")->setKopecks(104990);
+    in<MoneySpinBox>(form.get(), "dsbViluchenia")->setKopecks(115000);
+    const QString typed = fieldsOf(form.get());
+    const QString said = answerConfirm([&] { acceptForm(form.get()); }, false);
+    QVERIFY2(said.startsWith(text("Закрити зміну № 30\n")), qPrintable(said));
+    QVERIFY(said.contains(text("різниця -0.10")));
+    QVERIFY(said.contains(text("залишиться -0.10")));
+    QVERIFY(form->isVisible());
+    QCOMPARE(fieldsOf(form.get()), typed);
+    answerConfirm([&] { acceptForm(form.get()); }, true);
+    QCOMPARE(form->result(), int(QDialog::Accepted));
+    QCOMPARE(form->vnesenia() + QLatin1Char(' ') + form->viluchenia(), text("20000 115000"));
+}
+
+/// Whatever has the focus, a scan changes nothing and closes nothing.
+void tst_shiftclosing::scansInTheForm()
+{
+    const auto form = closingForm(busyShift());
+    const QString before = fieldsOf(form.get());
+    for (const char *name : {"dsbCounted", "dsbVnesenia", "dsbViluchenia", "sbCheks", "sbDiskount",
+                             "sbChekCanc", "sbPositionCanc", "pbOk", "pbCancel"}) {
+        auto *focused = in<QWidget>(form.get(), name);
+        focused->setFocus(Qt::TabFocusReason);
+        scan(form.get(), text("4820000000109"));
+        scan(form.get(), text("48200014"));
+        QVERIFY2(form->isVisible(), name);
+        QCOMPARE(fieldsOf(form.get()), before);
+        QVERIFY(focused->hasFocus());
+        QVERIFY(in<QLabel>(form.get(), "lbNotice")->isVisible());
+    }
+    // A scanner that sends no Enter.
+    in<QWidget>(form.get(), "dsbCounted")->setFocus();
+    typeText(text("4820000000109"));
+    QTest::qWait(ScanTail::gapMs + 20);
+    QCOMPARE(fieldsOf(form.get()), before);
+    // Enter leads through the fields to the button.
+    in<QWidget>(form.get(), "dsbCounted")->setFocus();
+    typeText(text("1050"));
+    for (int i = 0; i < 7; ++i)
+        pressKeys({Qt::Key_Return});
+    QVERIFY(form->isVisible());
+    QVERIFY(in<QWidget>(form.get(), "pbOk")->hasFocus());
+    pressKeys({Qt::Key_Return});
+    QCOMPARE(form->result(), int(QDialog::Accepted));
+    QCOMPARE(form->viluchenia(), text("100000"));
+}
+
+/// What is still being typed counts, however the form is left; what cannot be read is told.
+void tst_shiftclosing::typedAndLeft()
+{
+    const auto form = closingForm(busyShift());
+    in<QWidget>(form.get(), "dsbViluchenia")->setFocus(Qt::TabFocusReason);
+    typeText(text("1150"));
+    in<QWidget>(form.get(), "sbCheks")->setFocus(Qt::TabFocusReason);
+    pressKeys({Qt::Key_Delete});
+    QVERIFY(answerQuestion([&] { form->ok(); }).contains(text("не є числом")));
+    QVERIFY(form->isVisible() && form->focusWidget() == in<QWidget>(form.get(), "sbCheks"));
+    form->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(form.get()));
+    typeText(text("11"));
+    form->ok();
+    QCOMPARE(form->viluchenia() + QLatin1Char(' ') + form->countCheks(), text("115000 11"));
 }
 
 void tst_shiftclosing::nothingToClose()
