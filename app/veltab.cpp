@@ -253,14 +253,16 @@ void Veltab::changetab(int index)
     refreshNextStep();
     if (!m_tables->ChangeTab(index) && !m_reports->changetab(index))
         visible(false);
-    offerExport(m_reports->exportRefusal());
+    offer(ui->menu_export, {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251},
+          m_reports->exportRefusal());
+    offer(ui->menu_edit, {ui->add, ui->edit, ui->dell}, m_tables->recordRefusal());
 }
 
 /// What the page in front cannot do is told at the command, not after a file was chosen.
-void Veltab::offerExport(const QString &refusal)
+void Veltab::offer(QMenu *menu, const QList<QAction *> &actions, const QString &refusal)
 {
-    ui->menu_export->setToolTipsVisible(!refusal.isEmpty());
-    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251}) {
+    menu->setToolTipsVisible(!refusal.isEmpty());
+    for (QAction *action : actions) {
         action->setEnabled(refusal.isEmpty());
         action->setToolTip(refusal);
         action->setStatusTip(refusal);

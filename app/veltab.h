@@ -16,6 +16,7 @@
 namespace Ui {
 class Veltab;
 }
+class QMenu;
 class QMessEvent;
 class QProcEvent;
 class QReports;
@@ -98,7 +99,7 @@ private:
     enum OwnTab { SaleTab, OwnTabCount };
 
     void buildForm();
-    void offerExport(const QString &refusal);
+    static void offer(QMenu *menu, const QList<QAction *> &actions, const QString &refusal);
     void buildStatusBar();
     void buildEntries();
     void connectEntries();

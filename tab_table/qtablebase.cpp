@@ -78,6 +78,11 @@ QTab *QTableBase::open(Kind kind)
 {
     if (!canOpen(kind))
         return nullptr;
+    if (!m_user->maySee(permissionOf(kind))) {
+        QQestion::question(m_tabs->window(), tr("Попередження."),
+                           tr("У вас немає доступу до вкладки \"%1\".").arg(tr(kinds[kind].title)), true);
+        return nullptr;
+    }
     if (m_open[kind] == nullptr) {
         QTab *tab = kinds[kind].factory(m_db, m_user, parent(), m_setting);
         tab->setPermission(permissionOf(kind));
@@ -85,6 +90,7 @@ QTab *QTableBase::open(Kind kind)
         m_tabs->addTab(tab, tr(kinds[kind].title));
     }
     m_tabs->setCurrentWidget(m_open[kind]);
+    m_open[kind]->setFocus();
     return m_open[kind];
 }
 
@@ -245,6 +251,21 @@ bool QTableBase::DelRecord()
     if (currentTab() != nullptr)
         QQestion::question(m_tabs->window(), tr("Попередження."), tr("Видалення заборонене!!!"), true);
     return false;
+}
+
+QString QTableBase::recordRefusal() const
+{
+    switch (kindAt(m_tabs->currentIndex())) {
+    case KindGoodsShops:
+        return tr("Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці "
+                  "\"Товари\": список \"Продається в магазинах\".");
+    case KindTrancaction:
+    case KindTypeTransaction:
+    case KindZzvit:
+        return tr("Ці записи робить сама програма.");
+    default:
+        return QString();
+    }
 }
 
 bool QTableBase::ChangeTab(int index)

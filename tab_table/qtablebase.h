@@ -47,6 +47,9 @@ public:
     static bool canOpen(Kind kind);
     /// The permission id of a kind.
     static int permissionOf(Kind kind);
+    /// Why records cannot be added, changed and deleted in the tab in front; empty when they can, and for
+    /// tabs that are none of the host's.
+    QString recordRefusal() const;
     /// The open tab of a kind, or null.
     QTab *tab(Kind kind) const { return m_open[kind]; }
 
@@ -98,6 +101,7 @@ public slots:
     bool export_to_csv(const QString &code, const QString &path_file_name);
 
 private:
+    /// The one place that opens a tab: null, and the user is told, for a kind that he may not see.
     QTab *open(Kind kind);
     QTab *currentTab() const;
     int kindAt(int index) const;

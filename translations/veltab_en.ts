@@ -2066,7 +2066,7 @@ Write with that date?</translation>
         <translation>Barcode, name or code of a goods item</translation>
     </message>
     <message>
-        <source>Групувати по &amp;коду</source>
+        <source>Гр&amp;упувати по коду</source>
         <translation>Group by &amp;code</translation>
     </message>
 </context>
@@ -2196,10 +2196,6 @@ Write with that date?</translation>
         <translation>&amp;Group:</translation>
     </message>
     <message>
-        <source>&amp;Стан:</source>
-        <translation>&amp;State:</translation>
-    </message>
-    <message>
         <source>Показати всі</source>
         <translation>Show all</translation>
     </message>
@@ -2218,6 +2214,10 @@ Write with that date?</translation>
     <message>
         <source>Адреса або назва магазину</source>
         <translation>Address or name of a shop</translation>
+    </message>
+    <message>
+        <source>Ста&amp;н:</source>
+        <translation>&amp;State:</translation>
     </message>
 </context>
 <context>
@@ -2357,6 +2357,18 @@ Write with that date?</translation>
     <message>
         <source> записів:</source>
         <translation> records:</translation>
+    </message>
+    <message>
+        <source>У вас немає доступу до вкладки &quot;%1&quot;.</source>
+        <translation>You have no access to the tab &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці &quot;Товари&quot;: список &quot;Продається в магазинах&quot;.</source>
+        <translation>Stock is changed by sales, receipts and movements. Add a new item of a shop in the tab &quot;Goods&quot;: the list &quot;Sold in shops&quot;.</translation>
+    </message>
+    <message>
+        <source>Ці записи робить сама програма.</source>
+        <translation>The program makes these records itself.</translation>
     </message>
 </context>
 <context>

@@ -2,10 +2,37 @@
 
 #include "db.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QEvent>
+#include <QScreen>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSqlRecord>
+
+namespace {
+/// Widens the list of a box, before it is opened, to what the items need.
+class ListWidener : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        auto *box = static_cast<QComboBox *>(watched);
+        const QEvent::Type type = event->type();
+        if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress || type == QEvent::FocusIn) {
+            const int needed =
+                box->view()->sizeHintForColumn(0) + box->view()->verticalScrollBar()->sizeHint().width();
+            box->view()->setMinimumWidth(qMin(needed, box->screen()->availableGeometry().width() * 2 / 3));
+        } else if (type == QEvent::ToolTip) {
+            box->setToolTip(box->currentText());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+} // namespace
 
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql)
 {
@@ -50,4 +77,12 @@ QString noGroupsHint()
 {
     return QCoreApplication::translate("Combos",
                                        "Спершу додайте групу магазинів і дозвольте її у правах користувача.");
+}
+
+void keepNarrow(QComboBox *box, int letters)
+{
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(letters);
+    box->view()->setTextElideMode(Qt::ElideMiddle);
+    box->installEventFilter(new ListWidener(box));
 }

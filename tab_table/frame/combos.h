@@ -25,3 +25,6 @@ void chooseId(QComboBox *box, const QString &id);
 void chooseOnlyItem(QComboBox *box);
 /// What to do for a user who sees no shop group.
 QString noGroupsHint();
+/// Keeps long items from widening the window: the box asks for the room of some letters and cuts what is
+/// longer, its list opens as wide as the items need, and its tool tip tells the whole.
+void keepNarrow(QComboBox *box, int letters = 16);

@@ -7,9 +7,13 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 
 void EditDialog::btok()
 {
@@ -70,10 +74,43 @@ void EditDialog::showEvent(QShowEvent *event)
     if (m_wasShown)
         return;
     m_wasShown = true;
+    fitOnScreen();
     m_shown = enteredTexts(this);
     const auto fields = findChildren<QLineEdit *>();
     for (const auto *field : fields)
         m_shownTexts.insert(field, field->text());
+}
+
+/// On a small screen, or with large letters, the fields scroll; the buttons below them stay.
+void EditDialog::fitOnScreen()
+{
+    const QSize frame = frameGeometry().size() - size();
+    const QSize room = screen()->availableGeometry().size() - frame;
+    auto *rows = qobject_cast<QBoxLayout *>(layout());
+    const QSize wanted = sizeHint();
+    if (rows == nullptr || (wanted.height() <= room.height() && wanted.width() <= room.width()))
+        return;
+    auto *area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    // In this window from the beginning: the order of Tab stays.
+    auto *fields = new QWidget(area);
+    auto *inner = new QVBoxLayout(fields);
+    inner->setContentsMargins(0, 0, 0, 0);
+    while (rows->count() > 1) {
+        QLayoutItem *item = rows->takeAt(0);
+        if (item->layout() != nullptr) {
+            inner->addLayout(item->layout());
+        } else {
+            inner->addWidget(item->widget());
+            delete item;
+        }
+    }
+    area->setWidget(fields);
+    rows->insertWidget(0, area, 1);
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    resize((wanted + QSize(scrollBar, scrollBar)).boundedTo(room));
+    move(screen()->availableGeometry().topLeft());
 }
 
 bool EditDialog::isChanged() const

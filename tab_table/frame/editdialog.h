@@ -72,6 +72,7 @@ protected:
     QVariant typed(const QLineEdit *field) const;
 
 private:
+    void fitOnScreen();
     bool askWhetherArrived();
     QString linesRefusal() const;
 

@@ -24,6 +24,28 @@ void QNTableView::setEmptyText(const QString &text)
     viewport()->update();
 }
 
+void QNTableView::setMainColumn(int column)
+{
+    m_mainColumn = column;
+    m_leastMainWidth = column < 0 ? 0 : columnWidth(column);
+    fillWidth();
+}
+
+/// Only with the window: a border that somebody drags stays where it is put.
+void QNTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    fillWidth();
+}
+
+void QNTableView::fillWidth()
+{
+    if (m_mainColumn < 0 || isColumnHidden(m_mainColumn))
+        return;
+    const int others = horizontalHeader()->length() - columnWidth(m_mainColumn);
+    setColumnWidth(m_mainColumn, qMax(m_leastMainWidth, viewport()->width() - others));
+}
+
 void QNTableView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());

@@ -14,6 +14,9 @@ public:
     void setEmptyText(const QString &text);
     QString emptyText() const { return m_emptyText; }
 
+    /// The column that takes the width the others leave free, and never less than it has now; -1 for none.
+    void setMainColumn(int column);
+
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 signals:
@@ -26,8 +29,13 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void fillWidth();
+
+    int m_mainColumn = -1;
+    int m_leastMainWidth = 0;
     QString m_emptyText;
     int m_pressedRow = -1;
     int m_pressedX = 0;

@@ -14,9 +14,13 @@
 
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
 #include <QSqlQuery>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 /// A wait cursor for as long as the scope lasts.
@@ -35,6 +39,7 @@ QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
 {
     postTrace(receiver, QStringLiteral("In constructor QTab"));
     buildGrid(layout);
+    m_view->installEventFilter(this);
     connectDelegate();
 }
 
@@ -55,6 +60,43 @@ void QTab::buildGrid(QLayout *layout)
     m_model = new QRowModel(m_view);
     m_view->setModel(m_model);
     m_view->setSortingEnabled(true);
+}
+
+void QTab::setSearchField(QLineEdit *field)
+{
+    m_search = field;
+    setFocusProxy(field);
+    field->installEventFilter(this);
+    auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(find, &QShortcut::activated, field, [field] {
+        field->setFocus(Qt::ShortcutFocusReason);
+        field->selectAll();
+    });
+}
+
+bool QTab::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (watched == m_view && isEnter)
+        Edit();
+    else if (watched == m_search && (isEnter || key == Qt::Key_Down))
+        enterList();
+    else if (watched == m_search && key == Qt::Key_Escape)
+        m_search->clear();
+    else
+        return QWidget::eventFilter(watched, event);
+    return true;
+}
+
+void QTab::enterList()
+{
+    m_view->setFocus();
+    m_wantsRow = isLoading();
+    if (!m_wantsRow && !m_view->currentIndex().isValid())
+        m_view->setCurrentIndex(m_model->index(0, 0));
 }
 
 void QTab::connectDelegate()
@@ -148,6 +190,9 @@ void QTab::afterLoading(qint64 count)
                                           : tr("За цими умовами нічого не знайдено."));
     m_total = count;
     showCount();
+    if (m_wantsRow)
+        m_view->setCurrentIndex(m_model->index(0, 0));
+    m_wantsRow = false;
     emit loaded();
 }
 
@@ -325,6 +370,10 @@ void QTab::setColumns(const QVector<Column> &columns)
         m_view->setColumnWidth(i, qMax(scaled, caption));
         m_view->setColumnHidden(i, column.hidden);
     }
+    const auto widest =
+        std::max_element(columns.begin(), columns.end(),
+                         [](const Column &one, const Column &other) { return one.width < other.width; });
+    m_view->setMainColumn(static_cast<int>(widest - columns.begin()));
     restoreWidths();
 }
 

@@ -12,6 +12,7 @@ class ListLoader;
 class QAbstractItemModel;
 class QComboBox;
 class QLabel;
+class QLineEdit;
 class QLoadedUser;
 class QNTableView;
 class QRowModel;
@@ -111,6 +112,11 @@ protected:
     void setColumns(const QVector<Column> &columns);
     /// A row of filter widgets above the grid.
     QWidget *addFilterBar();
+    /// The field that searches the list: it has the focus when the tab is opened, Ctrl+F goes to it, Esc
+    /// clears it, Enter and Down go on into the list.
+    void setSearchField(QLineEdit *field);
+    /// Enter in the list edits its row.
+    bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     /// countSql tells how many records there are.
     void search(const QString &filter, const QString &countSql);
@@ -134,6 +140,7 @@ protected:
 
 private:
     void buildGrid(QLayout *layout);
+    void enterList();
     void connectDelegate();
     void showFound(const std::shared_ptr<FoundRows> &found);
     void afterLoading(qint64 count);
@@ -154,6 +161,9 @@ private:
     QTabDelegate *m_delegate;
     ListLoader *m_loader = nullptr;
     QString m_widthsKey;
+    QLineEdit *m_search = nullptr;
+    /// The list was entered before its rows had come: the first one becomes current then.
+    bool m_wantsRow = false;
     qint64 m_total = 0;
     int m_permission = -1;
 };

@@ -20,7 +20,7 @@ GoodsPriceTable::GoodsPriceTable(QWidget *parent)
     horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
     verticalHeader()->hide();
-    setMinimumHeight(verticalHeader()->defaultSectionSize() * 5);
+    setMinimumHeight(verticalHeader()->defaultSectionSize() * 4);
 }
 
 void GoodsPriceTable::setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops)

@@ -34,6 +34,9 @@ QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVect
     : EditDialog(parent), ui(new Ui::QAddEdtGoods), m_db(db, receiver), m_id(id)
 {
     ui->setupUi(this);
+    for (QComboBox *box :
+         {ui->cbType, ui->cbGroup, ui->cbTax, ui->cbRules, ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock})
+        keepNarrow(box);
     setRecordTitle(*id);
     buildFields();
     if (const int length = tab->GetMaxChar(QStringLiteral("goods"), QStringLiteral("name")); length > 0)

@@ -21,10 +21,11 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
     , m_id(id != nullptr ? id : &m_newId)
 {
     ui->setupUi(this);
-    ui->cbShop->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
     ui->leMarka->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     ui->leCashDrive->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{3}")), this));
+    for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbType})
+        keepNarrow(box);
     setRecordTitle(*m_id);
     limitLengths(tab);
     connectFields();

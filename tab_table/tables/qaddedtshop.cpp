@@ -28,6 +28,8 @@ QAddEdtShop::QAddEdtShop(QTabShops *tab, QLoadedUser *user, QSqlDatabase *db, QS
     ui->setupUi(this);
     ui->leAddress->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
     ui->leTitle1->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
+    for (QComboBox *box : {ui->cbGroup, ui->cbDay})
+        keepNarrow(box);
     setRecordTitle(*m_id);
     limitLengths(tab);
     connectFields();

@@ -47,9 +47,9 @@ void QTabGoods::buildFilter()
     fillCombo(ui->cbGroup, db(), QStringLiteral("SELECT name,id FROM group_goods"));
     ui->cbGroup->insertItem(0, tr("Всі групи"), 0);
     ui->cbGroup->setCurrentIndex(0);
-    setFocusProxy(ui->leSearch);
+    keepNarrow(ui->cbGroup);
+    setSearchField(ui->leSearch);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoods::seerch);
-    connect(ui->leSearch, &QLineEdit::returnPressed, this, &QTabGoods::enterList);
     connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
     connect(ui->chByCode, &QCheckBox::toggled, this, &QTabGoods::searchAgain);
 }
@@ -66,13 +66,6 @@ void QTabGoods::seerch(const QString &text)
 void QTabGoods::searchAgain()
 {
     seerch(ui->leSearch->text());
-}
-
-void QTabGoods::enterList()
-{
-    view()->setFocus();
-    if (!view()->currentIndex().isValid() && model()->rowCount() > 0)
-        view()->setCurrentIndex(model()->index(0, idColumn));
 }
 
 void QTabGoods::Edit(const QModelIndex &index)

@@ -27,7 +27,6 @@ public slots:
 private:
     void buildFilter();
     void searchAgain();
-    void enterList();
     /// Opens the editor, for a new item with an empty id; gives the id that it has then. True after a save.
     bool openEditor(QString *id);
     QVector<int> rowsOf(const QString &id) const;

@@ -1,5 +1,6 @@
 #include "qtabgoodsshops.h"
 
+#include "combos.h"
 #include "db.h"
 #include "qloadeduser.h"
 #include "ui_qtabgoodsshopsfilter.h"
@@ -40,7 +41,8 @@ void QTabGoodsShops::buildFilter()
         ui->cbShop->insertItem(0, tr("Всі магазини"), 0);
         ui->cbShop->setCurrentIndex(0);
     }
-    setFocusProxy(ui->leSearch);
+    keepNarrow(ui->cbShop);
+    setSearchField(ui->leSearch);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoodsShops::seerch);
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this] { seerch(ui->leSearch->text()); });

@@ -52,7 +52,9 @@ void QTabKass::buildFilter()
     GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
     ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
     ui->cbGroup->setCurrentIndex(0);
-    setFocusProxy(ui->leSearch);
+    keepNarrow(ui->cbGroup);
+    keepNarrow(ui->cbShop);
+    setSearchField(ui->leSearch);
     connect(ui->cbGroup, &QComboBox::currentTextChanged, this, &QTabKass::GroupChange);
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabKass::searchAgain);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabKass::seerch);

@@ -1,6 +1,7 @@
 #include "qtabshops.h"
 #include "ui_qtabshopsfilter.h"
 
+#include "combos.h"
 #include "db.h"
 #include "linestate.h"
 #include "qaddedtshop.h"
@@ -55,7 +56,8 @@ void QTabShops::buildFilter()
     // "All groups" leaves out the one that stands for all: whoever sees no other begins there.
     const bool seesOnlyDefault = ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1;
     ui->cbGroup->setCurrentIndex(seesOnlyDefault ? 1 : 0);
-    setFocusProxy(ui->leSearch);
+    keepNarrow(ui->cbGroup);
+    setSearchField(ui->leSearch);
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(ui->cbGroup, changed, this, &QTabShops::searchAgain);
     connect(ui->cbState, changed, this, &QTabShops::searchAgain);

@@ -70,6 +70,7 @@ private slots:
     void orderOutlivesAReload();
 
     void widthsOutliveTheTab();
+    void mainColumnTakesTheFreeWidth();
     void inlineAddGoesOn();
     void inlineAddTakesATypedId();
     void inlineAddEndsWithEscape();
@@ -389,7 +390,7 @@ void TstFrame::orderOutlivesAReload()
 void TstFrame::widthsOutliveTheTab()
 {
     open();
-    m_tab->view()->setColumnWidth(1, 417);
+    m_tab->view()->setColumnWidth(0, 417);
     m_tab.reset();
     {
         // Another list must not take over these widths.
@@ -398,7 +399,26 @@ void TstFrame::widthsOutliveTheTab()
         plain.model()->setColumns({{"Код"}, {"Назва"}});
     }
     open();
-    QCOMPARE(m_tab->view()->columnWidth(1), 417);
+    QCOMPARE(m_tab->view()->columnWidth(0), 417);
+}
+
+void TstFrame::mainColumnTakesTheFreeWidth()
+{
+    open();
+    QNTableView *view = m_tab->view();
+    m_tab->resize(1300, 300);
+    m_tab->show();
+    const auto total = [view] { return view->horizontalHeader()->length(); };
+    QTRY_COMPARE(total(), view->viewport()->width());
+    const int wide = view->columnWidth(1);
+    m_tab->resize(1100, 300);
+    QTRY_COMPARE(total(), view->viewport()->width());
+    QCOMPARE(view->columnWidth(1), wide - 200);
+    m_tab->resize(120, 300);
+    QTRY_VERIFY(total() > view->viewport()->width());
+    const int other = view->columnWidth(0);
+    view->setColumnWidth(0, other + 30);
+    QVERIFY2(view->columnWidth(0) == other + 30, "a border that was dragged stays");
 }
 
 void TstFrame::inlineAddGoesOn()

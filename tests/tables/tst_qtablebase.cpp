@@ -1,0 +1,197 @@
+#include "testing.h"
+
+#include "qloadeduser.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "qtab.h"
+#include "qtablebase.h"
+#include "setting.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+/// The host of the table tabs: what it opens and for whom, and the keys of its tabs.
+class TstQTableBase : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void nothingOpensWhatTheMenuHides();
+    void openedTabsTakeKeys();
+    void stockIsNotEditedHere();
+    void longAddressesWidenNothing();
+
+private:
+    void allow(int permission, int value);
+    QTab *front() const { return qobject_cast<QTab *>(m_tabs->currentWidget()); }
+    QStringList shown() const;
+
+    QTemporaryDir m_home;
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<setting> m_settings;
+    std::unique_ptr<QTabWidget> m_tabs;
+    std::unique_ptr<QTableBase> m_host;
+};
+
+void TstQTableBase::initTestCase()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
+    m_base = std::make_unique<FreshDatabase>();
+    m_settings = std::make_unique<setting>(m_home.path(), nullptr);
+    m_base->exec({"INSERT INTO group_shop(id,name) VALUES(2,'Захід')",
+                  "INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,1,0),"
+                  "(11,'Київ',1,1,0)",
+                  "INSERT INTO kassa(id,id_shop,advertising_str) VALUES(20,10,'Каса 1'),(21,11,'Каса 1')",
+                  "INSERT INTO goods(id,name,group_g,type,tax,block) VALUES(7,'Молоко',1,1,1,0),"
+                  "(8,'Хліб',1,1,1,0)"});
+}
+
+void TstQTableBase::init()
+{
+    m_base->exec("INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)");
+    m_tabs = std::make_unique<QTabWidget>();
+    m_tabs->resize(1000, 500);
+    for (const int id : {Permission::Shops, Permission::Kassa, Permission::Goods, Permission::GoodsShops})
+        allow(id, Permission::Full);
+    m_tabs->show();
+    m_tabs->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+}
+
+void TstQTableBase::cleanup()
+{
+    m_tabs.reset();
+    m_host.reset();
+    m_user.reset();
+}
+
+void TstQTableBase::allow(int permission, int value)
+{
+    m_base->exec(
+        QString("INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(1,%1,%2) ON DUPLICATE KEY "
+                "UPDATE permission=%2")
+            .arg(permission)
+            .arg(value));
+    while (m_tabs->count() > 0)
+        delete m_tabs->widget(0);
+    m_host.reset();
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+    QVERIFY(m_user->load(m_base->connection(), "1", "1", QString()));
+    m_host = std::make_unique<QTableBase>(m_tabs.get(), m_base->connection(), m_settings.get(), m_user.get(),
+                                          &m_base->heard);
+}
+
+QStringList TstQTableBase::shown() const
+{
+    QTab *tab = front();
+    if (tab == nullptr || !QTest::qWaitFor([tab] { return !tab->isLoading(); }))
+        qFatal("the search did not end");
+    QStringList ids;
+    for (int row = 0; row < tab->model()->rowCount(); ++row)
+        ids.append(tab->model()->stored(row, 0));
+    ids.sort();
+    return ids;
+}
+
+void TstQTableBase::nothingOpensWhatTheMenuHides()
+{
+    allow(Permission::Kassa, Permission::Denied);
+    m_host->shops();
+    QCOMPARE(shown(), QStringList("10"));
+    QNTableView *view = front()->view();
+    const auto drag = [&view] {
+        const QPoint from = view->visualRect(view->model()->index(0, 1)).center();
+        QTest::mousePress(view->viewport(), Qt::LeftButton, {}, from);
+        QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, from + QPoint(60, 0));
+    };
+    const QString refused = "У вас немає доступу до вкладки \"Обладнання\".";
+    QCOMPARE(answerQuestion(drag), refused);
+    QCOMPARE(answerQuestion([this] { m_host->kass(10); }), refused);
+    QCOMPARE(m_tabs->count(), 1);
+    allow(Permission::Kassa, 2);
+    m_host->shops();
+    QCOMPARE(shown(), QStringList("10"));
+    view = front()->view();
+    drag();
+    QCOMPARE(m_tabs->count(), 2);
+    QCOMPARE(shown(), QStringList("20"));
+    m_host->kass();
+    QCOMPARE(shown(), QStringList({"20", "21"}));
+}
+
+void TstQTableBase::openedTabsTakeKeys()
+{
+    m_host->Goods();
+    QCOMPARE(shown(), QStringList({"7", "8"}));
+    auto *search = child<QLineEdit>(front(), "leSearch");
+    QCOMPARE(QApplication::focusWidget(), search);
+    typeText("хл");
+    QCOMPARE(shown(), QStringList("8"));
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(search->text().isEmpty() && search->hasFocus());
+    // Into the list before its rows have come.
+    typeText("мол");
+    pressKeys({Qt::Key_Return});
+    QCOMPARE(QApplication::focusWidget(), front()->view());
+    QCOMPARE(shown(), QStringList("7"));
+    QCOMPARE(front()->view()->currentIndex().row(), 0);
+    QString title;
+    QVERIFY(withModal<QDialog>([] { pressKeys({Qt::Key_Return}); },
+                               [&](QDialog *editor) { title = editor->windowTitle(); }));
+    QCOMPARE(title, QString("Редагування запису №7"));
+    m_tabs->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+    pressKeys({Qt::CTRL + Qt::Key_F});
+    QVERIFY(search->hasFocus());
+    QCOMPARE(search->selectedText(), QString("мол"));
+    m_host->shops();
+    m_host->Goods();
+    QVERIFY2(search->hasFocus(), "a tab that is open already gets the focus too");
+}
+
+void TstQTableBase::stockIsNotEditedHere()
+{
+    QSignalSpy visible(m_host.get(), qOverload<bool, bool>(&QTableBase::visible));
+    m_host->GoodsShops();
+    QVERIFY(m_host->ChangeTab(m_tabs->currentIndex()));
+    QCOMPARE(visible.last(), QVariantList({true, false}));
+    QVERIFY(m_host->recordRefusal().contains("\"Продається в магазинах\""));
+    m_host->Goods();
+    QVERIFY(m_host->recordRefusal().isEmpty());
+    QCOMPARE(answerQuestion([this] { m_host->DelRecord(); }), QString("Видалення заборонене!!!"));
+}
+
+void TstQTableBase::longAddressesWidenNothing()
+{
+    m_host->shops();
+    m_host->kass();
+    m_host->GoodsShops();
+    const int before = m_tabs->minimumSizeHint().width();
+    m_base->exec("UPDATE shops SET address=CONCAT(id,REPEAT('Дуже довга адреса ',8))");
+    m_host->closetab(0);
+    m_host->closetab(0);
+    m_host->closetab(0);
+    m_host->shops();
+    m_host->kass();
+    m_host->GoodsShops();
+    QCOMPARE(m_tabs->minimumSizeHint().width(), before);
+    auto *box = child<QComboBox>(front(), "cbShop");
+    QVERIFY(box->width() < 400);
+    QTest::keyClick(box, Qt::Key_F4);
+    QVERIFY2(box->view()->width() > box->width(), "the list opens wide");
+    box->hidePopup();
+    m_base->exec("UPDATE shops SET address=ELT(id-9,'Львів','Київ')");
+}
+
+QTEST_MAIN(TstQTableBase)
+#include "tst_qtablebase.moc"
