@@ -2,7 +2,7 @@
 
 #include "goodsrules.h"
 #include "money.h"
-#include "typedinput.h"
+#include "numberfield.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -35,10 +35,8 @@ void PriceValidator::fixup(QString &input) const
 void makePriceField(QLineEdit *field)
 {
     field->setValidator(new PriceValidator(field));
-    QObject::connect(field, &QLineEdit::textChanged, field, [field](const QString &text) {
-        qint64 kopecks = 0;
-        colourField(field, text.isEmpty() || priceFromText(text, &kopecks));
-    });
+    auto *number = new NumberField(field, NumberKind::Money, 0, greatestPrice);
+    number->setMayBeEmpty(true);
 }
 
 namespace {
