@@ -1,6 +1,7 @@
 #include "bench.h"
 
 #include "chekwriter.h"
+#include "moneyspinbox.h"
 #include "qloadeduser.h"
 #include "qregistersale.h"
 #include "testing.h"
@@ -48,7 +49,8 @@ public:
     {
         int number = -1;
         const double time = milliseconds([&] {
-            const QString sum = QStringLiteral("5000");
+            const QString sum =
+                QString::number(child<MoneySpinBox>(m_tab.get(), QStringLiteral("dsbSum"))->kopecks());
             number = m_tab->writeChek(QStringLiteral("0"), sum, sum, QStringLiteral("0"), QStringLiteral("0"),
                                       QStringLiteral("0.00"));
         });

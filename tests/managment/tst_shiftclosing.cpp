@@ -122,6 +122,13 @@ private slots:
     void lastDay_data();
     void lastDay();
     void period();
+    void periodOfTheShiftsShop();
+    void figuresOfTheShift();
+    void closingTime_data();
+    void closingTime();
+    void sumsWithoutValue();
+    void tooMuchForAZReport();
+    void askedWhileTransactionIsOpen();
     void closedByAnotherProgram();
     void soldWhileCounting();
     void twoProgramsAtOnce();
@@ -256,6 +263,7 @@ void tst_shiftclosing::closesInTheTab()
     sell();
     sell(1, 500);
     m_base->exec(text("UPDATE z_zvit SET count_position_canc=4,count_chek_canc=3"));
+    m_base->exec(text("UPDATE updat SET updat='2020-01-01'"));
     openTab();
     QStringList statements;
     Db::setStatementHook([&](const QString &sql) { statements.append(sql); });
@@ -286,6 +294,8 @@ void tst_shiftclosing::closesInTheTab()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks,z_zvit WHERE id_type=10 AND name IS NULL AND "
                                 "cheks.data_time=z_zvit.data_time AND cheks.data_time=20261121201507")),
              text("1"));
+    QCOMPARE(m_base->rows(text("SELECT name FROM updat WHERE updat>'2020-01-01' ORDER BY name")),
+             (QStringList{text("cheks"), text("z_zvit")}));
     QCOMPARE(notice(), text("Зміну № 1 закрито."));
     QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
     QCOMPARE(m_base->heard.texts(3), QStringList());
@@ -536,6 +546,162 @@ void tst_shiftclosing::period()
     QCOMPARE(m_base->value(text("SELECT data_time<>0 FROM z_zvit WHERE id_kass=1")), text("1"));
 }
 
+/// Whatever is chosen: the register was moved, its shift goes on in the shop that opened it.
+void tst_shiftclosing::periodOfTheShiftsShop()
+{
+    sell();
+    m_base->exec(text("UPDATE z_zvit SET day=3"));
+    const auto day = [&](const char *shop) {
+        return ShiftCloser(m_base->db(), {QLatin1String(shop), text("1"), text("1")})
+            .periodDay()
+            .value_or(PeriodDay{-1, -1});
+    };
+    QCOMPARE(day("2").last, 3);
+    QVERIFY(day("2").isLast());
+    m_base->exec(text("UPDATE z_zvit SET day=2"));
+    QVERIFY(!day("2").isLast());
+    m_base->exec(text("UPDATE z_zvit SET data_time=20261121200000"));
+    QCOMPARE(day("1").last, 3);
+    QCOMPARE(day("2").last, 1);
+}
+
+namespace {
+/// Rows that other programs write: of a document its shop, register, shift and number, then type and sum
+/// each.
+QStringList documentRows(const char *document, const QVector<QPair<int, int>> &rows)
+{
+    QStringList statements;
+    for (int i = 0; i < rows.size(); ++i)
+        statements.append(
+            QStringLiteral("INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_type,"
+                           "summa,data_time) VALUES(%1,%2,%3,%4,20261121191600)")
+                .arg(QLatin1String(document))
+                .arg(i)
+                .arg(rows.at(i).first)
+                .arg(rows.at(i).second));
+    return statements;
+}
+} // namespace
+
+/// Bread and milk for 80.00, 10.00 of it by card; 25.00 of two goods came back; 100.00 and 50.00 were brought
+/// in, 30.00 and 1.00 issued. The rows around belong to other shifts, registers and shops of the same
+/// numbers.
+void tst_shiftclosing::figuresOfTheShift()
+{
+    sell();
+    sell(2);
+    m_base->exec(text("UPDATE z_zvit SET cash_ret=2500,Oborot_A_ret=2000,Oborot_G_ret=500,count_cheks_ret=1 "
+                      "WHERE id_kass=1"));
+    m_base->exec(documentRows("1,1,1,2", {{6, 2000}, {6, 500}, {3, 2500}}) +
+                 documentRows("1,1,1,3", {{4, 10000}}) + documentRows("1,1,1,4", {{5, 3000}}) +
+                 documentRows("1,1,1,5", {{4, 5000}, {5, 100}}) + documentRows("1,1,9,6", {{4, 1}, {5, 2}}) +
+                 documentRows("1,2,1,7", {{4, 3}, {5, 4}}) + documentRows("2,1,1,8", {{4, 5}, {5, 6}}) +
+                 documentRows("2,4,1,9", {{4, 7}, {5, 8}}));
+    const ShiftFigures shown = figures();
+    QCOMPARE(shown.shop, text("1"));
+    QCOMPARE(shown.cash, qint64(7000));
+    QCOMPARE(shown.cashRet, qint64(2500));
+    QCOMPARE(shown.vnesenia, qint64(15000));
+    QCOMPARE(shown.issued, qint64(3100));
+    QCOMPARE(shown.expectedCash(), qint64(7000 - 2500 + 15000 - 3100));
+    QCOMPARE(shown.latest, text("20261121191600"));
+    // What is issued while the operator counts is not in what he was shown.
+    const ShiftCloser closer(m_base->db(), place());
+    m_base->exec(documentRows("1,1,1,10", {{5, 700}}));
+    const QStringList before = written();
+    QCOMPARE(closer.close(shown, unchanged(shown)), ShiftCloser::Changed);
+    QCOMPARE(written(), before);
+    QCOMPARE(closer.close(figures(), unchanged(figures())), ShiftCloser::Closed);
+    QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("8000"));
+    QCOMPARE(m_base->value(text("SELECT CONCAT(vnesenia,'|',viluchenia) FROM z_zvit WHERE id_kass=1")),
+             text("15000|7000"));
+}
+
+void tst_shiftclosing::closingTime_data()
+{
+    QTest::addColumn<QDateTime>("receipt");
+    QTest::addColumn<QDate>("chosen");
+    QTest::addColumn<QString>("stamp");
+    // The clock stands at 20:15:07 on the 21st.
+    const QDate today = evening.date();
+    QTest::newRow("now") << evening.addSecs(-1) << QDate() << "20261121201507";
+    QTest::newRow("the day after") << evening << today.addDays(1) << "20261122201507";
+    QTest::newRow("clock put back") << evening.addSecs(1800) << QDate() << "20261121204507";
+    QTest::newRow("later on the chosen day")
+        << evening.addDays(1).addSecs(60) << today.addDays(1) << "20261122201607";
+    QTest::newRow("before its receipts") << evening << today.addDays(-1) << "";
+    QTest::newRow("receipts of tomorrow") << evening.addDays(1).addSecs(-3600) << QDate() << "";
+}
+
+/// Never before the latest receipt.
+void tst_shiftclosing::closingTime()
+{
+    QFETCH(QDateTime, receipt);
+    QFETCH(QDate, chosen);
+    QFETCH(QString, stamp);
+    sell(1, 0, receipt);
+    // Dated back afterwards, as something forgotten is.
+    sell(1, 0, receipt.addDays(-3));
+    const ShiftFigures shown = figures();
+    const QStringList before = written();
+    const auto outcome = ShiftCloser(m_base->db(), place()).close(shown, unchanged(shown), chosen);
+    const QString why = ShiftCloser::dateRefusal(shown, chosen);
+    QCOMPARE(outcome, stamp.isEmpty() ? ShiftCloser::TooEarly : ShiftCloser::Closed);
+    QCOMPARE(why.isEmpty(), !stamp.isEmpty());
+    if (stamp.isEmpty()) {
+        QVERIFY2(why.contains(receipt.toString(text("dd.MM.yyyy"))), qPrintable(why));
+        QCOMPARE(written(), before);
+    } else {
+        QCOMPARE(
+            m_base->rows(text("SELECT DATE_FORMAT(data_time,'%Y%m%d%H%i%s') FROM z_zvit UNION ALL SELECT "
+                              "DATE_FORMAT(data_time,'%Y%m%d%H%i%s') FROM cheks WHERE id_type=10")),
+            (QStringList{stamp, stamp}));
+    }
+}
+
+void tst_shiftclosing::sumsWithoutValue()
+{
+    sell();
+    m_base->exec(text("UPDATE z_zvit SET Oborot_B=NULL,Oborot_D=NULL,summ_diskount=NULL"));
+    QCOMPARE(close(), ShiftCloser::Closed);
+    QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("8000"));
+}
+
+void tst_shiftclosing::tooMuchForAZReport()
+{
+    sell();
+    m_base->exec(text("UPDATE z_zvit SET Oborot_D=2147475648"));
+    const QStringList before = written();
+    QCOMPARE(close(), ShiftCloser::TooMuch);
+    QVERIFY(
+        ShiftCloser::explanation(ShiftCloser::TooMuch, text("1")).contains(text("Зверніться до підтримки")));
+    QCOMPARE(written(), before);
+    m_base->exec(text("UPDATE z_zvit SET Oborot_D=2147475647"));
+    QCOMPARE(close(), ShiftCloser::Closed);
+    QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("2147483647"));
+}
+
+/// The client has lost its connection, but the server still holds the transaction: neither yes nor no.
+void tst_shiftclosing::askedWhileTransactionIsOpen()
+{
+    sell();
+    WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
+    const Db otherDb(other.database(), &m_base->heard);
+    QVERIFY(otherDb.run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=1")));
+    const ClosedShift asked = {place(), text("1"), text("2"), text("20261121201507")};
+    std::optional<bool> answer = true;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql == QLatin1String("COMMIT"))
+            answer = ShiftCloser(otherDb, place(2)).isClosed(asked);
+    });
+    QCOMPARE(close(), ShiftCloser::Closed);
+    Db::setStatementHook({});
+    QVERIFY(!answer.has_value());
+    QCOMPARE(ShiftCloser(otherDb, place(2)).isClosed(asked), std::optional<bool>(true));
+    QCOMPARE(ShiftCloser(otherDb, place(2)).isClosed({place(2), text("1"), text("2"), asked.time}),
+             std::optional<bool>(false));
+}
+
 /// The form stands open in two programs; both are accepted.
 void tst_shiftclosing::closedByAnotherProgram()
 {
@@ -681,6 +847,10 @@ void tst_shiftclosing::oddShifts_data()
                                     << "1400";
     QTest::newRow("discount above turnover") << "Oborot_A=100,Oborot_V=0,summ_diskount=500"
                                              << "-400";
+    QTest::newRow("five groups and returns")
+        << "Oborot_A=1,Oborot_B=20,Oborot_V=300,Oborot_G=4000,Oborot_D=50000,summ_diskount=600000-549679,"
+           "Oborot_A_ret=7,Oborot_D_ret=7,cash_ret=9,summ_diskount_ret=3"
+        << "4000";
     QTest::newRow("nothing sold") << "Oborot_A=0,Oborot_V=0,cash=0,beznal_1=0,count_cheks=0"
                                   << "0";
     QTest::newRow("since last night") << "day=2"
