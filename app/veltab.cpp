@@ -185,8 +185,11 @@ void Veltab::connectSession()
 
 void Veltab::SaleAdmission()
 {
-    openOwnTab(SaleTab,
-               [this]() -> QWidget * { return new QRegisterSale(&m_db, &m_user, this, m_setting, nullptr); });
+    openOwnTab(SaleTab, [this]() -> QWidget * {
+        auto *tab = new QRegisterSale(&m_db, &m_user, this, m_setting, nullptr);
+        connect(tab, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
+        return tab;
+    });
 }
 
 /// The one place that opens a tab of the window's own, whoever asks for it.

@@ -4,6 +4,7 @@
 #include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
 #include "qqestion.h"
@@ -11,6 +12,7 @@
 #include "quantitydelegate.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
+#include "salechanges.h"
 #include "saleclock.h"
 #include "saleplaces.h"
 
@@ -90,17 +92,20 @@ QString QRegisterSale::shiftText() const
         .arg(z->number, m_user->getNameSename(m_db, z->user.toInt()));
 }
 
+/// Also when they were read again.
 void QRegisterSale::showRights()
 {
-    if (m_user->mayEdit(Permission::Sales))
-        return;
+    const bool maySell = m_user->mayEdit(Permission::Sales);
     const QString why = tr("Лише перегляд: продавати може користувач з повним дозволом.");
-    for (QWidget *widget : QVector<QWidget *>{ui->pbSale, ui->pbRemove, ui->pbClear, ui->dsbDiscount,
-                                              ui->pbCloseZ, ui->pbPeriod}) {
-        widget->setEnabled(false);
-        widget->setToolTip(why);
+    for (QWidget *widget :
+         QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->dsbDiscount, ui->pbCloseZ, ui->pbPeriod}) {
+        widget->setEnabled(maySell);
+        widget->setToolTip(maySell ? QString() : why);
     }
-    notify(why);
+    ui->pbSale->setEnabled(maySell && !SalePlaces::isClosingOnly(ui->cbKass));
+    ui->pbCloseZ->setToolTip(maySell ? QStringLiteral("F12") : why);
+    if (!maySell || ui->lbNotice->text() == why)
+        notify(maySell ? QString() : why);
 }
 
 void QRegisterSale::showReceipt()
@@ -108,7 +113,8 @@ void QRegisterSale::showReceipt()
     const Receipt &receipt = m_chek->receipt();
     ui->dsbSum->setKopecks(receipt.total());
     const QSignalBlocker hold(ui->dsbDiscount);
-    ui->dsbDiscount->setKopecks(receipt.discount());
+    if (ui->dsbDiscount->isReadable())
+        ui->dsbDiscount->setKopecks(receipt.discount());
     ui->lbToPay->setText(moneyShown(receipt.toPay()));
 }
 
@@ -119,13 +125,27 @@ void QRegisterSale::notify(const QString &text)
         words.append(text);
     ui->lbNotice->setText(words.join(QLatin1Char('\n')));
     ui->notice->setVisible(!words.isEmpty());
+    m_slip.reset();
+    showSlipButtons();
+}
+
+/// The slip of the receipt that the notice tells of.
+void QRegisterSale::showSlipButtons()
+{
+    for (QPushButton *button : {ui->pbShowSlip, ui->pbPrintSlip})
+        button->setVisible(m_slip && m_user->maySee(Permission::Cheks));
+}
+
+void QRegisterSale::wantSlip(bool print)
+{
+    if (m_slip)
+        emit slipWanted(m_slip->kass, m_slip->chek, print);
 }
 
 /// The scanner's field has the focus again after every box.
 bool QRegisterSale::confirm(const QString &title, const QString &text, const QString &actCaption)
 {
-    Q_UNUSED(actCaption)
-    const bool isAgreed = QQestion::question(this, title, text) == QDialog::Accepted;
+    const bool isAgreed = QMessDlg::confirm(this, title, text, actCaption);
     focusSearch();
     return isAgreed;
 }
@@ -328,9 +348,33 @@ void QRegisterSale::sale()
     notify(QString());
     if (!settle() || !mayChange())
         return;
-    if (VerifyChek() && m_chek->receipt().total() != 0 && agreeDate())
+    if (VerifyChek() && m_chek->receipt().total() != 0 && agreeDate() && agreeChanges())
         pay();
     focusSearch();
+}
+
+/// What became of the goods since they were put in is told before anybody pays.
+bool QRegisterSale::agreeChanges()
+{
+    const auto changes =
+        saleChanges(db(), place(), m_chek->receipt(), goodsSearch(GoodsSearch::Goods, QString()));
+    if (!changes) {
+        notify(tr("Сервер не відповів, чи змінились ціни. Повторіть оплату."));
+        return false;
+    }
+    if (!changes->blocking.isEmpty()) {
+        notify(changes->blocking.join(QLatin1Char('\n')));
+        return false;
+    }
+    if (changes->told.isEmpty())
+        return true;
+    if (!confirm(tr("Товари змінились"),
+                 changes->told.join(QLatin1Char('\n')) + QStringLiteral("\n\n") +
+                     tr("Продати за новими умовами?"),
+                 tr("Продати")))
+        return false;
+    m_chek->takeOver(changes->rows);
+    return VerifyChek();
 }
 
 /// What is shown, what is paid and what is written is one receipt, taken once.
@@ -343,17 +387,22 @@ void QRegisterSale::pay()
         return;
     const int number = write(receipt, payment.payment());
     if (number != -1)
-        afterSale(number);
+        afterSale({place().kass, number}, receipt.toPay(), payment.change());
 }
 
-void QRegisterSale::afterSale(int number)
+void QRegisterSale::afterSale(const Slip &slip, qint64 toPay, qint64 change)
 {
     m_unclear.reset();
     clearReceipt();
     ui->leSearch->clear();
     seerch(QString());
     showShift();
-    notify(tr("Чек № %1 записано.").arg(number));
+    QString told = tr("Чек № %1, %2").arg(slip.chek).arg(moneyShown(toPay));
+    if (change != 0)
+        told += tr(", решта %1").arg(moneyShown(change));
+    notify(told);
+    m_slip = slip;
+    showSlipButtons();
     for (const char *table : {"cheks", "goods_shop", "z_zvit"})
         QUpdateBD().update(QLatin1String(table), *m_db, m_receiver);
 }
@@ -365,7 +414,7 @@ std::optional<bool> QRegisterSale::askUnclear()
     if (!isWritten)
         notify(ChekWriter::explanation({ChekWriter::Unclear, *m_unclear}));
     else if (*isWritten)
-        afterSale(m_unclear->number);
+        afterSale({m_unclear->place.kass, m_unclear->number}, m_unclear->toPay, 0);
     else
         m_unclear.reset();
     return isWritten;
@@ -401,6 +450,7 @@ void QRegisterSale::clearReceipt()
 {
     m_typed.reset();
     m_notAdded.clear();
+    ui->dsbDiscount->setKopecks(0);
     m_chek->clear();
     backToToday();
 }

@@ -65,6 +65,8 @@ public slots:
 signals:
     /// The item that Enter waited for is there, or is known not to come.
     void answered();
+    /// Somebody wants to see, or to print, the slip of a receipt of that register (its id).
+    void slipWanted(const QString &kass, int chek, bool print);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -74,11 +76,18 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct Slip
+    {
+        QString kass;
+        int chek;
+    };
+
     static QVector<Column> goodsColumns();
     void setUpGoods();
     void setUpChek();
     void setUpGrid(QNTableView *view, const QVector<int> &digits);
     static QString widthsKey(const QNTableView *view);
+    static void spreadNames(QNTableView *view);
     void connectPlace();
     void connectReceipt();
     void connectKeys();
@@ -91,6 +100,8 @@ private:
     void showReceipt();
     void showDate();
     void notify(const QString &text);
+    void showSlipButtons();
+    void wantSlip(bool print);
     bool confirm(const QString &title, const QString &text, const QString &actCaption);
     void warn(const QString &title, const QString &text);
     void showRights();
@@ -105,6 +116,7 @@ private:
     void followToday();
     void backToToday();
     bool agreeDate();
+    bool agreeChanges();
 
     /// Ends what the hand has begun: a quantity or a discount that is being typed, an item that Enter waits
     /// for. False, with the reason shown, when something of it did not come into the receipt.
@@ -123,7 +135,7 @@ private:
     void pay();
     int write(const Receipt &receipt, const ChekPayment &payment);
     QString saleRefusal() const;
-    void afterSale(int number);
+    void afterSale(const Slip &slip, qint64 toPay, qint64 change);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
     void clearReceipt();
@@ -194,6 +206,8 @@ private:
     bool m_isTakingScans = false;
     QStringList m_notAdded;
     bool m_isPaying = false;
+    /// The receipt that was written last, while the notice tells of it.
+    std::optional<Slip> m_slip;
     /// A receipt of which the server has not told whether it was written.
     std::optional<WrittenChek> m_unclear;
     /// The shift during which the period was closed: its closing does not ask for that again.

@@ -233,9 +233,11 @@ bool QRegisterSale::isDiscountBegun() const
     return ui->dsbDiscount->text() != moneyText(m_chek->receipt().discount());
 }
 
+/// What was typed before it counts first; what cannot be read stays where it is.
 void QRegisterSale::discountTyped()
 {
-    if (ui->dsbDiscount->kopecks() == m_chek->receipt().discount())
+    settleQuantity();
+    if (!ui->dsbDiscount->isReadable() || ui->dsbDiscount->kopecks() == m_chek->receipt().discount())
         return;
     notify(QString());
     if (mayChange() && !m_chek->receipt().isEmpty())
@@ -250,7 +252,8 @@ void QRegisterSale::escape()
     m_notAdded.clear();
     notify(QString());
     if (isTold || isDiscountBegun()) {
-        showReceipt();
+        const QSignalBlocker hold(ui->dsbDiscount);
+        ui->dsbDiscount->setKopecks(m_chek->receipt().discount());
     } else if (!ui->leSearch->text().isEmpty()) {
         dropSearch();
         ui->leSearch->clear();
@@ -286,7 +289,12 @@ void QRegisterSale::resizeEvent(QResizeEvent *event)
 
 bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
+    for (QNTableView *view : {ui->viewGoods, ui->viewChek}) {
+        if (event->type() == QEvent::Resize && watched == view->viewport())
+            spreadNames(view);
+    }
+    if (event->type() != QEvent::KeyPress || watched == ui->viewGoods->viewport() ||
+        watched == ui->viewChek->viewport())
         return QWidget::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (watched == ui->leSearch)

@@ -37,6 +37,11 @@ bool QRegisterSale::settleQuantity()
 bool QRegisterSale::settleDiscount()
 {
     ui->dsbDiscount->interpretText();
+    if (!ui->dsbDiscount->isReadable()) {
+        notify(ui->dsbDiscount->refusal());
+        ui->dsbDiscount->setFocus();
+        return false;
+    }
     discountTyped();
     return true;
 }

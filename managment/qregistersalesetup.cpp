@@ -89,6 +89,7 @@ void QRegisterSale::setUpGrid(QNTableView *view, const QVector<int> &digits)
 {
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
     for (int i = 0; i < digits.size(); ++i)
         view->setColumnWidth(i, qMax(view->horizontalHeader()->sectionSizeHint(i),
                                      digits.at(i) * view->fontMetrics().horizontalAdvance(QLatin1Char('0')) +
@@ -96,6 +97,14 @@ void QRegisterSale::setUpGrid(QNTableView *view, const QVector<int> &digits)
     const QVariant widths = rememberedState(m_user->idUser(), widthsKey(view));
     view->horizontalHeader()->restoreState(widths.toByteArray());
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+/// The names take the room that the other columns leave.
+void QRegisterSale::spreadNames(QNTableView *view)
+{
+    const int others = view->horizontalHeader()->length() - view->columnWidth(ReceiptModel::Name);
+    const int least = 20 * view->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    view->setColumnWidth(ReceiptModel::Name, qMax(least, view->viewport()->width() - others));
 }
 
 void QRegisterSale::connectPlace()
@@ -126,12 +135,13 @@ void QRegisterSale::connectReceipt()
         QTimer::singleShot(0, this, &QRegisterSale::settleQuantity);
     });
     connect(m_quantity, &QuantityDelegate::closeEditor, this, [this] {
-        QTimer::singleShot(0, this, [this] {
-            if (QApplication::focusWidget() == ui->viewChek)
-                focusSearch();
-        });
+        if (QApplication::focusWidget() == ui->viewChek)
+            focusSearch();
     });
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
+    connect(ui->pbShowSlip, &QPushButton::clicked, this, [this] { wantSlip(false); });
+    connect(ui->pbPrintSlip, &QPushButton::clicked, this, [this] { wantSlip(true); });
     connect(ui->pbRemove, &QPushButton::clicked, this, &QRegisterSale::removeRow);
     connect(ui->pbClear, &QPushButton::clicked, this, [this] {
         if (mayChange())

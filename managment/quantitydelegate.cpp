@@ -1,17 +1,9 @@
 #include "quantitydelegate.h"
 
-#include "money.h"
+#include "numberfield.h"
+#include "receipt.h"
 
-namespace {
-/// Red as soon as it is no quantity.
-void showReadable(QLineEdit *editor)
-{
-    qint64 quantity = 0;
-    const bool isReadable = editor->text().isEmpty() || thousandthsFromText(editor->text(), &quantity);
-    editor->setStyleSheet(isReadable ? QString()
-                                     : QStringLiteral("color: #B00000; background-color: #FFE0E0;"));
-}
-} // namespace
+#include <QKeyEvent>
 
 QWidget *QuantityDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                         const QModelIndex &index) const
@@ -22,9 +14,21 @@ QWidget *QuantityDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     editor->setObjectName(QStringLiteral("leQuantity"));
     editor->setAccessibleName(tr("Кількість"));
     editor->setFrame(false);
-    connect(editor, &QLineEdit::textChanged, editor, [editor] { showReadable(editor); });
+    (new NumberField(editor, NumberKind::Quantity, 0, Receipt::maximum))->setMayBeEmpty(true);
     m_editor = editor;
     return editor;
+}
+
+/// At once: keys that wait behind Enter are not meant for the editor.
+bool QuantityDelegate::eventFilter(QObject *editor, QEvent *event)
+{
+    const bool isEnter =
+        event->type() == QEvent::KeyPress && (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Return ||
+                                              static_cast<QKeyEvent *>(event)->key() == Qt::Key_Enter);
+    if (!isEnter)
+        return QStyledItemDelegate::eventFilter(editor, event);
+    commit();
+    return true;
 }
 
 void QuantityDelegate::commit()

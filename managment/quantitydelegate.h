@@ -22,6 +22,9 @@ public:
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
 
+protected:
+    bool eventFilter(QObject *editor, QEvent *event) override;
+
 private:
     mutable QPointer<QLineEdit> m_editor;
 };

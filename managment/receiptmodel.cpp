@@ -72,6 +72,13 @@ void ReceiptModel::setDiscount(qint64 kopecks)
     changed();
 }
 
+void ReceiptModel::takeOver(const QVector<ReceiptRow> &rows)
+{
+    for (int i = 0; i < rows.size(); ++i)
+        m_receipt.takeOver(i, rows.at(i));
+    changed();
+}
+
 void ReceiptModel::clear()
 {
     beginResetModel();

@@ -39,6 +39,8 @@ public:
     void remove(int row);
     void setQuantity(int row, qint64 thousandths);
     void setDiscount(qint64 kopecks);
+    /// As many rows as there are, as they would be put in now; quantities stay.
+    void takeOver(const QVector<ReceiptRow> &rows);
     void clear();
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

@@ -1513,10 +1513,6 @@ Restart the program!</translation>
         <translation>Choose a shop and a cash register.</translation>
     </message>
     <message>
-        <source>Чек № %1 записано.</source>
-        <translation>Receipt No. %1 is recorded.</translation>
-    </message>
-    <message>
         <source>Очистити чек?</source>
         <translation>Clear the receipt?</translation>
     </message>
@@ -1791,6 +1787,34 @@ Write with that date?</translation>
     <message>
         <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
         <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
+    </message>
+    <message>
+        <source>Показати чек</source>
+        <translation>Show receipt</translation>
+    </message>
+    <message>
+        <source>Др&amp;укувати чек</source>
+        <translation>P&amp;rint receipt</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>
+        <translation>The server did not tell whether prices have changed. Pay again.</translation>
+    </message>
+    <message>
+        <source>Товари змінились</source>
+        <translation>The goods have changed</translation>
+    </message>
+    <message>
+        <source>Продати за новими умовами?</source>
+        <translation>Sell on the new terms?</translation>
+    </message>
+    <message>
+        <source>Чек № %1, %2</source>
+        <translation>Receipt No. %1, %2</translation>
+    </message>
+    <message>
+        <source>, решта %1</source>
+        <translation>, change %1</translation>
     </message>
 </context>
 <context>

@@ -3,9 +3,10 @@
 #include "money.h"
 #include "moneyspinbox.h"
 #include "qloadeduser.h"
+#include "qmessdlg.h"
 #include "qntableview.h"
 #include "qpayment.h"
-#include "qqestion.h"
+#include "saleclock.h"
 #include "saleshop.h"
 #include "scantail.h"
 
@@ -17,6 +18,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QSqlQuery>
 
@@ -44,6 +46,12 @@ QWidget *focused()
     modal->activateWindow();
     const bool isActive = QTest::qWaitFor([=] { return QApplication::activeWindow() == modal; });
     return isActive ? modal->focusWidget() : nullptr;
+}
+
+/// Answers the question that act brings up, and returns its text.
+QString asked(const std::function<void()> &act, bool accept)
+{
+    return answerConfirm(act, accept).section(QLatin1Char('\n'), 1);
 }
 
 /// The cell as it is shown.
@@ -79,6 +87,10 @@ private slots:
     void scanBehindAQuestion();
     void focusReturns();
     void anotherDate();
+    void midnight();
+    void changesAreToldBeforePayment();
+    void writtenReceiptIsTold();
+    void accessKeys();
     void whatCannotBeSold();
     void busyShift();
     void receiptIsNotLostSilently();
@@ -194,7 +206,7 @@ void tst_qregistersale::wholeSaleByKeyboard()
     key(Qt::Key_Plus);
     QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbSum")->kopecks(), qint64(13000));
     pay(text("60,5"), {Qt::Key_F6, Qt::Key_Return});
-    QCOMPARE(notice(), text("Чек № 1 записано."));
+    QCOMPARE(notice(), text("Чек № 1, 130.00"));
     QCOMPARE(cheks(), text("1|5000 1|2000 1|6000 3|13000"));
     QCOMPARE(m_base->rows(text("SELECT cash,beznal_1 FROM z_zvit")), (QStringList{text("6050|6950")}));
     QCOMPARE(rows(), 0);
@@ -338,12 +350,11 @@ void tst_qregistersale::stockQuestion()
 {
     m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
     type(text("4820000000109"));
-    QCOMPARE(answerQuestion([this] { type(text("4820000000109")); }, false),
-             text("Не достатньо товару для продажу!"));
+    QCOMPARE(asked([this] { type(text("4820000000109")); }, false), text("Не достатньо товару для продажу!"));
     QCOMPARE(rows(), 1);
-    QCOMPARE(answerQuestion([this] { key(Qt::Key_Plus); }, false), text("Не достатньо товару для продажу!"));
+    QCOMPARE(asked([this] { key(Qt::Key_Plus); }, false), text("Не достатньо товару для продажу!"));
     QCOMPARE(cell(m_chek, 0, 9), text("1"));
-    answerQuestion([this] { key(Qt::Key_Plus); }, true);
+    asked([this] { key(Qt::Key_Plus); }, true);
     QCOMPARE(cell(m_chek, 0, 9), text("2"));
     pay();
     QCOMPARE(m_base->value(text("SELECT count_showroom FROM goods_shop WHERE id_shop=1 AND id_goods=10")),
@@ -428,7 +439,7 @@ void tst_qregistersale::whatIsBegunStopsTheSale()
     m_search->setFocus();
     key(Qt::Key_Asterisk);
     type(text("30"), false);
-    QCOMPARE(answerQuestion([this] { key(Qt::Key_F9); }, false), text("Не достатньо товару для продажу!"));
+    QCOMPARE(asked([this] { key(Qt::Key_F9); }, false), text("Не достатньо товару для продажу!"));
     QCOMPARE(cell(m_chek, 0, 9), text("1"));
     QCOMPARE(cheks(), QString());
 }
@@ -483,16 +494,16 @@ void tst_qregistersale::scanBehindAQuestion()
     m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
     type(text("4820000000109"));
     int asked = 0;
-    const auto scanAndRefuse = [&](QQestion *question) {
+    const auto scanAndRefuse = [&](QMessDlg *question) {
         ++asked;
         type(text("4820000000130"));
         QVERIFY(question->isVisible());
         question->reject();
     };
-    QVERIFY(withModal<QQestion>([&] { type(text("4820000000109")); }, scanAndRefuse));
+    QVERIFY(withModal<QMessDlg>([&] { type(text("4820000000109")); }, scanAndRefuse));
     QTRY_COMPARE(rows(), 2);
     QCOMPARE(cell(m_chek, 1, 2), text("Молоко"));
-    QVERIFY(withModal<QQestion>([&] { key(Qt::Key_Escape); }, scanAndRefuse));
+    QVERIFY(withModal<QMessDlg>([&] { key(Qt::Key_Escape); }, scanAndRefuse));
     QTRY_COMPARE(rows(), 3);
     QCOMPARE(asked, 2);
     QCOMPARE(focused(), m_search);
@@ -543,10 +554,10 @@ void tst_qregistersale::anotherDate()
     choose(today.addDays(-3));
     QVERIFY(date->palette().color(QPalette::Base) != usual.color(QPalette::Base));
     type(text("4820000000109"));
-    const QString said = answerQuestion([this] { key(Qt::Key_F9); }, false);
+    const QString said = asked([this] { key(Qt::Key_F9); }, false);
     QVERIFY2(said.contains(today.addDays(-3).toString(text("dd.MM.yyyy"))), qPrintable(said));
     QCOMPARE(cheks(), QString());
-    QVERIFY(withModal<QPayment>([this] { answerQuestion([this] { key(Qt::Key_F9); }, true); },
+    QVERIFY(withModal<QPayment>([this] { asked([this] { key(Qt::Key_F9); }, true); },
                                 [this](QPayment *) { key(Qt::Key_Escape); }));
     pay();
     QCOMPARE(m_base->value(text("SELECT DATE(data_time) FROM cheks WHERE id_type=3")),
@@ -556,6 +567,88 @@ void tst_qregistersale::anotherDate()
     type(text("4820000000109"));
     pay();
     QCOMPARE(m_base->value(text("SELECT DATE(MAX(data_time)) FROM cheks")), today.toString(Qt::ISODate));
+}
+
+/// Filled before midnight, paid after it: the receipt is of the day on which it is written.
+void tst_qregistersale::midnight()
+{
+    const QDate evening(2026, 11, 23);
+    SaleClock::setSource([&] { return QDateTime(evening, QTime(23, 59, 50)); });
+    key(Qt::Key_Escape);
+    type(text("4820000000109"));
+    QCOMPARE(in<QDateEdit>(m_tab.get(), "dateEdit")->date(), evening);
+    SaleClock::setSource([&] { return QDateTime(evening.addDays(1), QTime(0, 0, 5)); });
+    pay();
+    SaleClock::setSource({});
+    QCOMPARE(m_base->value(text("SELECT data_time+0 FROM cheks WHERE id_type=3")), text("20261124000005"));
+}
+
+void tst_qregistersale::changesAreToldBeforePayment()
+{
+    type(text("4820000000109"));
+    m_base->exec(text("UPDATE goods SET price=9900 WHERE id=10"));
+    QVERIFY(asked([this] { key(Qt::Key_F9); }, false).contains(text("50.00 → 99.00")));
+    QCOMPARE(cell(m_chek, 0, 15), text("50.00"));
+    QVERIFY(withModal<QPayment>(
+        [this] { asked([this] { key(Qt::Key_F9); }, true); },
+        [this](QPayment *payment) { QCOMPARE(in<QLabel>(payment, "lbToPay")->text(), text("99.00")); }));
+    QCOMPARE(cell(m_chek, 0, 15), text("99.00"));
+    m_base->exec(text("UPDATE goods SET price=5000,block=1 WHERE id=10"));
+    key(Qt::Key_F9);
+    m_base->exec(text("UPDATE goods SET block=0 WHERE id=10"));
+    QVERIFY2(notice().contains(text("заблоковано")), qPrintable(notice()));
+    QCOMPARE(cheks(), QString());
+    // The register goes while the payment is taken.
+    QVERIFY(withModal<QPayment>([this] { asked([this] { key(Qt::Key_F9); }, true); },
+                                [this](QPayment *) {
+                                    m_base->exec(text("UPDATE kassa SET block=1 WHERE id=1"));
+                                    key(Qt::Key_F5);
+                                    key(Qt::Key_Return);
+                                }));
+    m_base->exec(text("UPDATE kassa SET block=0 WHERE id=1"));
+    QVERIFY2(notice().contains(text("заблоковано")), qPrintable(notice()));
+    QCOMPARE(cheks(), QString());
+    QCOMPARE(rows(), 1);
+}
+
+void tst_qregistersale::writtenReceiptIsTold()
+{
+    auto *show = in<QPushButton>(m_tab.get(), "pbShowSlip");
+    auto *print = in<QPushButton>(m_tab.get(), "pbPrintSlip");
+    QSignalSpy wanted(m_tab.get(), &QRegisterSale::slipWanted);
+    selectKass("Каса 2");
+    type(text("4820000000109"));
+    QVERIFY(!show->isVisible());
+    QVERIFY(withModal<QPayment>([this] { key(Qt::Key_F9); },
+                                [](QPayment *payment) {
+                                    in<MoneySpinBox>(payment, "dsbCash")->setKopecks(5000);
+                                    in<MoneySpinBox>(payment, "dsbGiven")->setKopecks(20000);
+                                    payment->ok();
+                                }));
+    QCOMPARE(notice(), text("Чек № 1, 50.00, решта 150.00"));
+    show->click();
+    print->click();
+    QCOMPARE(wanted, (QList<QList<QVariant>>{{text("2"), 1, false}, {text("2"), 1, true}}));
+    type(text("4820000000109"));
+    QVERIFY(!show->isVisible() && !print->isVisible());
+}
+
+/// Each letter opens one thing, and none that the menu bar opens.
+void tst_qregistersale::accessKeys()
+{
+    QString taken = text("атзопеікдс");
+    const auto children = m_tab->findChildren<QWidget *>();
+    for (const QWidget *widget : children) {
+        const QString caption = widget->property("text").toString();
+        const int at = caption.indexOf(QLatin1Char('&'));
+        if (at < 0 || (qobject_cast<const QLabel *>(widget) == nullptr &&
+                       qobject_cast<const QAbstractButton *>(widget) == nullptr))
+            continue;
+        const QChar letter = caption.at(at + 1).toLower();
+        QVERIFY2(!taken.contains(letter), qPrintable(caption));
+        taken.append(letter);
+    }
+    QVERIFY(taken.size() > 20);
 }
 
 void tst_qregistersale::whatCannotBeSold()
@@ -622,17 +715,16 @@ void tst_qregistersale::receiptIsNotLostSilently()
     QCOMPARE(m_search->text(), QString());
     QCOMPARE(rows(), 1);
     const QString question = text("У чеку є товари, чек ще не оплачено.\nОчистити його?");
-    QCOMPARE(answerQuestion([this] { key(Qt::Key_Escape); }, false), question);
-    QCOMPARE(answerQuestion([this] { m_tab->close(); }, false), question);
+    QCOMPARE(asked([this] { key(Qt::Key_Escape); }, false), question);
+    QCOMPARE(asked([this] { m_tab->close(); }, false), question);
     QVERIFY(m_tab->isVisible());
-    QCOMPARE(answerQuestion([this] { selectKass("Каса 2"); }, false), question);
+    QCOMPARE(asked([this] { selectKass("Каса 2"); }, false), question);
     QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
     auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
-    QCOMPARE(answerQuestion([&] { date->setDate(QDate(2026, 1, 2)); }, false), question);
+    QCOMPARE(asked([&] { date->setDate(QDate(2026, 1, 2)); }, false), question);
     QCOMPARE(date->date(), QDate::currentDate());
     QCOMPARE(rows(), 1);
-    QCOMPARE(answerQuestion([&] { in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0); }, true),
-             question);
+    QCOMPARE(asked([&] { in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0); }, true), question);
     QCOMPARE(rows(), 0);
     QVERIFY(m_tab->close());
 }
@@ -676,7 +768,7 @@ void tst_qregistersale::unclearReceiptIsNotDoubled()
     QCOMPARE(cell(m_chek, 0, 9), text("1"));
     m_base->exec(text("RENAME TABLE away TO cheks"));
     key(Qt::Key_F9);
-    QCOMPARE(notice(), text("Чек № 1 записано."));
+    QCOMPARE(notice(), text("Чек № 1, 50.00"));
     QCOMPARE(rows(), 0);
     QCOMPARE(cheks(), text("1|5000 3|5000"));
 }
@@ -713,7 +805,7 @@ void tst_qregistersale::unclearReceiptStaysUnclear()
         QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
         QCOMPARE(in<QDateEdit>(m_tab.get(), "dateEdit")->date(), QDate::currentDate());
     }
-    QVERIFY(answerQuestion([&] { m_tab->close(); }, false).contains(text("50.00")));
+    QVERIFY(asked([&] { m_tab->close(); }, false).contains(text("50.00")));
     QVERIFY(m_tab->isVisible());
     m_base->exec(text("RENAME TABLE away TO cheks"));
     // It was written, as the next choice learns: that one may go on.
@@ -741,6 +833,23 @@ void tst_qregistersale::viewOnlyUser()
     key(Qt::Key_F9);
     tab.sale();
     QVERIFY(in<QLabel>(&tab, "lbNotice")->text().contains(QStringLiteral("Лише перегляд")));
+    QCOMPARE(cheks(), QString());
+    // Rights that are read again hold for the open tab.
+    const auto readAgain = [&](const char *permission) {
+        m_base->exec(text("UPDATE lst_permis SET permission=%1 WHERE id_prem=101").arg(text(permission)));
+        QVERIFY(m_user->reload(m_base->connection()));
+    };
+    readAgain("1");
+    QVERIFY(in<QPushButton>(&tab, "pbSale")->isEnabled());
+    QCOMPARE(in<QLabel>(&tab, "lbNotice")->text(), QString());
+    search->setText(text("4820000000109"));
+    key(Qt::Key_Return);
+    readAgain("2");
+    QVERIFY(!in<QPushButton>(&tab, "pbSale")->isEnabled());
+    key(Qt::Key_Plus);
+    key(Qt::Key_Delete);
+    key(Qt::Key_F9);
+    QCOMPARE(cell(in<QNTableView>(&tab, "viewChek"), 0, 9), text("1"));
     QCOMPARE(cheks(), QString());
 }
 
