@@ -149,6 +149,7 @@ private:
     void afterClosing(const QString &zNumber);
     QString shiftKey(const QString &zNumber) const;
 
+    void loadList(const QString &text);
     void enter();
     void dropSearch();
     void showFound(const std::shared_ptr<FoundRows> &found);
@@ -192,8 +193,8 @@ private:
     bool m_isToday = true;
     /// The user knows that this receipt gets another date than today's.
     bool m_isDateAgreed = false;
-    /// Enter was pressed before the list was there.
-    bool m_isEnterWaiting = false;
+    /// For this Enter was pressed before the list was there.
+    std::optional<QString> m_waited;
     /// A quantity that left its editor and is not in the receipt yet.
     struct TypedQuantity
     {

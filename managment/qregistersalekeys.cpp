@@ -51,6 +51,12 @@ GoodsSearch QRegisterSale::goodsSearch(GoodsSearch::By by, const QString &text) 
 
 void QRegisterSale::seerch(const QString &text)
 {
+    settleSearch();
+    loadList(text);
+}
+
+void QRegisterSale::loadList(const QString &text)
+{
     m_searchDelay.stop();
     followToday();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
@@ -65,9 +71,9 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
         postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
         m_goods->removeRows(0, m_goods->rowCount());
         ui->viewGoods->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
-        if (m_isEnterWaiting)
-            notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(ui->leSearch->text()));
-        m_isEnterWaiting = false;
+        if (m_waited)
+            notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(*m_waited));
+        m_waited.reset();
         emit answered();
         return;
     }
@@ -77,7 +83,7 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
         m_goods->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
     ui->viewGoods->setEmptyText(ui->leSearch->text().isEmpty() ? tr("У магазині немає товарів для продажу.")
                                                                : tr("За цими умовами нічого не знайдено."));
-    if (m_isEnterWaiting)
+    if (m_waited)
         answerEnter(count);
     emit answered();
 }
@@ -88,26 +94,39 @@ void QRegisterSale::enter()
     notify(QString());
     followToday();
     const QString text = ui->leSearch->text().trimmed();
-    if (text.isEmpty() || (isScanned(text) && addScanned(text)))
+    if (text.isEmpty() || m_waited == text)
         return;
-    m_isEnterWaiting = !m_isTakingScans;
-    seerch(text);
+    settleSearch();
+    if (isScanned(text) && addScanned(text))
+        return;
     if (m_isTakingScans)
         notAdded(tr("Товар «%1» не знайдено.").arg(text));
+    else
+        m_waited = text;
+    loadList(text);
 }
 
+/// What was typed after Enter stays.
 void QRegisterSale::answerEnter(int count)
 {
-    m_isEnterWaiting = false;
+    const QString waited = *m_waited;
+    m_waited.reset();
     const QString text = ui->leSearch->text();
-    if (count == 1)
-        return addListed(0);
-    if (count == 0) {
-        const QString why = tr("Товар «%1» не знайдено.").arg(text);
-        isScanned(text) ? notAdded(why) : notify(why);
-        return ui->leSearch->selectAll();
+    const bool isSame = text.trimmed() == waited;
+    if (count == 1) {
+        addListed(0);
+        if (!isSame)
+            ui->leSearch->setText(text);
+        return;
     }
-    notify(tr("За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.").arg(text));
+    const QString why =
+        count == 0 ? tr("Товар «%1» не знайдено.").arg(waited)
+                   : tr("За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.").arg(waited);
+    isScanned(waited) || !isSame ? notAdded(why) : notify(why);
+    if (!isSame)
+        return;
+    if (count == 0)
+        return ui->leSearch->selectAll();
     ui->viewGoods->setCurrentIndex(m_goods->index(0, GoodsColumn::Name));
     ui->viewGoods->setFocus();
 }
@@ -367,7 +386,6 @@ bool QRegisterSale::fieldKey(const QKeyEvent *key)
 void QRegisterSale::typeIntoSearch(const QKeyEvent *key)
 {
     focusSearch();
-    m_isEnterWaiting = false;
     ui->leSearch->insert(key->text());
 }
 

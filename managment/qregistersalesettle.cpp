@@ -49,7 +49,7 @@ bool QRegisterSale::settleDiscount()
 /// The window takes no keys meanwhile; they come after the item.
 bool QRegisterSale::settleSearch()
 {
-    if (!m_isEnterWaiting)
+    if (!m_waited)
         return true;
     const int rowsBefore = m_chek->rowCount();
     QEventLoop loop;
@@ -59,8 +59,8 @@ bool QRegisterSale::settleSearch()
     connect(this, &QRegisterSale::answered, &loop, &QEventLoop::quit);
     patience.start(patienceMs);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (m_isEnterWaiting) {
-        notAdded(tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(ui->leSearch->text()));
+    if (m_waited) {
+        notAdded(tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(*m_waited));
         dropSearch();
     }
     return m_chek->rowCount() > rowsBefore;
@@ -69,7 +69,7 @@ bool QRegisterSale::settleSearch()
 /// Forgets the item that Enter waits for.
 void QRegisterSale::dropSearch()
 {
-    m_isEnterWaiting = false;
+    m_waited.reset();
     m_loader->cancel();
     m_searchDelay.start();
 }

@@ -73,7 +73,7 @@ void QRegisterSale::setUpChek()
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
     ui->lbKeys->setText(
         tr("+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити"));
-    setUpGrid(ui->viewChek, {6, 13, 20, 7, 7, 0, 0, 0, 0, 8, 0, 0, 0, 0, 10, 8, 9, 7});
+    setUpGrid(ui->viewChek, {6, 14, 20, 7, 7, 0, 0, 0, 0, 8, 0, 0, 0, 0, 10, 8, 9, 7});
 }
 
 /// Remembered widths hold for the size of the letters they were chosen with.
@@ -187,9 +187,13 @@ void QRegisterSale::connectSearch()
     // A scanner types a barcode faster than that: its digits are not searched one by one.
     m_searchDelay.setSingleShot(true);
     m_searchDelay.setInterval(120);
-    connect(&m_searchDelay, &QTimer::timeout, this, [this] { seerch(ui->leSearch->text()); });
+    connect(&m_searchDelay, &QTimer::timeout, this, [this] {
+        if (m_waited)
+            m_searchDelay.start();
+        else
+            loadList(ui->leSearch->text());
+    });
     connect(ui->leSearch, &QLineEdit::textChanged, &m_searchDelay, qOverload<>(&QTimer::start));
-    connect(ui->leSearch, &QLineEdit::textEdited, this, [this] { m_isEnterWaiting = false; });
     connect(ui->rbName, &QRadioButton::toggled, this, [this] {
         seerch(ui->leSearch->text());
         focusSearch();

@@ -91,6 +91,7 @@ private slots:
     void changesAreToldBeforePayment();
     void writtenReceiptIsTold();
     void accessKeys();
+    void fitsASmallScreen();
     void whatCannotBeSold();
     void busyShift();
     void receiptIsNotLostSilently();
@@ -337,6 +338,16 @@ void tst_qregistersale::searchByName()
     m_goods->setFocus();
     type(text("4820000000130"));
     QCOMPARE(cell(m_chek, 2, 2), text("Молоко"));
+    // The next scan does not overtake an item that is on its way, nor do letters that follow.
+    m_search->setText(text("Картопля"));
+    key(Qt::Key_Return);
+    type(text("4820000000109"));
+    QCOMPARE(cell(m_chek, 3, 2) + cell(m_chek, 4, 2), text("КартопляХліб житній"));
+    m_search->setText(text("Картопля"));
+    key(Qt::Key_Return);
+    type(text("x"), false);
+    QTRY_COMPARE(rows(), 6);
+    QCOMPARE(m_search->text(), text("Картопляx"));
     for (const char *words : {"x'; DELETE FROM goods_shop; -- ", "\\' OR 1=1 -- ", "100%"}) {
         m_search->setText(text(words));
         key(Qt::Key_Return);
@@ -651,6 +662,32 @@ void tst_qregistersale::accessKeys()
     QVERIFY(taken.size() > 20);
 }
 
+/// With large letters and a long address; the names of the goods get the room that is left.
+void tst_qregistersale::fitsASmallScreen()
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(12);
+    QApplication::setFont(large);
+    m_base->exec(text("UPDATE shops SET address=CONCAT(address,REPEAT(' довга',15)) WHERE id=1"));
+    {
+        QRegisterSale tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+        // What the window around it needs is 24 pixels wide and 100 high.
+        const QSize least = tab.minimumSizeHint();
+        QVERIFY2(least.width() <= 1000 && least.height() <= 500,
+                 qPrintable(text("%1 x %2").arg(least.width()).arg(least.height())));
+        tab.resize(1300, 500);
+        tab.show();
+        for (const char *name : {"viewGoods", "viewChek"}) {
+            const auto *view = in<QNTableView>(&tab, name);
+            QTRY_COMPARE(view->horizontalHeader()->length(), view->viewport()->width());
+            QVERIFY(view->columnWidth(2) > 300);
+        }
+    }
+    m_base->exec(text("UPDATE shops SET address='вул. Перша, 1' WHERE id=1"));
+    QApplication::setFont(usual);
+}
+
 void tst_qregistersale::whatCannotBeSold()
 {
     key(Qt::Key_F9);
@@ -820,6 +857,7 @@ void tst_qregistersale::viewOnlyUser()
 {
     m_base->exec(text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
     QVERIFY(m_user->reload(m_base->connection()));
+    m_tab->hide();
     QRegisterSale tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
     tab.show();
     tab.activateWindow();
