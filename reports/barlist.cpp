@@ -44,7 +44,7 @@ QSize BarList::sizeHint() const
 
 QSize BarList::minimumSizeHint() const
 {
-    return {fontMetrics().averageCharWidth() * 40, lineHeight() * expectedBars};
+    return {fontMetrics().averageCharWidth() * 25, lineHeight() * expectedBars};
 }
 
 void BarList::paintEvent(QPaintEvent *event)

@@ -211,6 +211,9 @@ void ReportWindow::showState(const QString &text, bool loading)
     m_state->setText(text);
     for (QPushButton *button : {m_print, m_pdf})
         button->setDisabled(loading || m_list->model()->rowCount() == 0);
+    // The keyboard goes on in the list, not in whatever stands behind the button.
+    if (loading && m_load != nullptr && m_load->hasFocus())
+        m_list->setFocus();
     if (m_load != nullptr)
         m_load->setDisabled(loading);
     if (m_stop != nullptr)

@@ -265,6 +265,20 @@ void TstQArtReport::goodsWithoutGroupAreAlwaysIn()
     QCOMPARE(codes(), (QSet<int>{0, 2, 3}));
     groups->setChekedItem(groups->findData(3), Qt::Unchecked);
     QCOMPARE(codes(), (QSet<int>{0, 2}));
+    const QString sold =
+        "FROM cheks JOIN goods ON goods.id=id_good_cln_slujb WHERE id_type=1 AND id_kass=21 AND "
+        "id_zvit IN (5,6) AND group_g IN (0,2)";
+    QStringList expected =
+        m_base->rows("SELECT id_good_cln_slujb,cheks.price,SUM(count),SUM(summa-sumdisc),SUM(sumdisc) " +
+                     sold + " GROUP BY 1,2");
+    expected.sort();
+    QCOMPARE(load(), expected);
+    const qint64 bonus =
+        m_base->value("SELECT SUM(bonus_plus) FROM cheks WHERE id_type=2 AND id_kass=21 AND id_zvit IN (5,6)")
+            .toLongLong();
+    QCOMPARE(text("leValue"),
+             moneyShown(m_base->value("SELECT SUM(summa-sumdisc) " + sold).toLongLong() - bonus));
+    QCOMPARE(m_report->heading().last(), QString("Групи товарів: default, Молочні"));
     groups->setChekedItem(0, Qt::Checked);
     groups->setChekedItem(0, Qt::Unchecked);
     QCOMPARE(codes(), (QSet<int>{0}));

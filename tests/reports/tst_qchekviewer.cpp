@@ -445,6 +445,16 @@ void TstQChekViewer::placesAndRanges()
     load();
     QCOMPARE(listed(), stored(day + "id_shop=3"));
 
+    // The name of the register is that of another shop's too.
+    m_base->exec("UPDATE kassa SET advertising_str='К1' WHERE id=3");
+    for (const char *shop : {"Перша", "Спільна"}) {
+        place->showShop(shop);
+        place->showRegister("К1");
+        load();
+        QCOMPARE(listed(), stored(day + (shop == QString("Перша") ? "id_kass=1" : "id_kass=3")));
+    }
+    m_base->exec("UPDATE kassa SET advertising_str='К3' WHERE id=3");
+
     // Z numbers, here of one register.
     place->showShop("Перша");
     place->showRegister("К1");

@@ -10,6 +10,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
 
@@ -30,6 +32,8 @@ private slots:
     void sameSecondIsOrderedByRegister();
     void timelineIsCutToTheDay();
     void openIntervalEndsNow();
+    void hourThatSummerTimeSkipsIsThere();
+    void emptiedListHasNoHeading();
     void shopsOfTheGroup();
     void reportsOpensTheShop();
     void failureIsReported();
@@ -187,6 +191,30 @@ void TstQStatOnLine::openIntervalEndsNow()
     QCOMPARE(to(day), 12 * 3600);
     QCOMPARE(to(day.addDays(-1)), -1);
     QCOMPARE(to(day.addDays(1)), -1);
+}
+
+void TstQStatOnLine::hourThatSummerTimeSkipsIsThere()
+{
+    m_base->exec("INSERT INTO onoffline VALUES(2,21,1,'2026-03-29 03:15:00','2026-03-29 03:45:00'),"
+                 "(2,21,0,'2026-10-25 03:15:00','2026-10-25 04:30:00')");
+    show(2, {2026, 3, 29});
+    QCOMPARE(spans(), QStringList{"0+ 03:15-03:45"});
+    QCOMPARE(grid().at(1), QString("29-03-2026 03:15:00 +"));
+    // The hour that comes twice in autumn is one hour of the database.
+    show(2, {2026, 10, 25});
+    QCOMPARE(spans(), QStringList{"0- 03:15-04:30"});
+}
+
+void TstQStatOnLine::emptiedListHasNoHeading()
+{
+    m_base->exec("INSERT INTO onoffline VALUES(2,22,1,'2026-03-01 08:00:00',NULL)");
+    show(2, {2026, 3, 1});
+    QCOMPARE(m_report->heading().size(), 3);
+    QVERIFY(child<QPushButton>(m_report.get(), "pbPrintList")->isEnabled());
+    child<PlaceSelector>(m_report.get(), "place")->chooseShop(0);
+    QCOMPARE(m_report->heading(), QStringList());
+    QCOMPARE(child<QLabel>(m_report.get(), "labelState")->text(), QString());
+    QVERIFY(!child<QPushButton>(m_report.get(), "pbPrintList")->isEnabled());
 }
 
 void TstQStatOnLine::shopsOfTheGroup()

@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "barlist.h"
 #include "placeselector.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
@@ -55,6 +56,7 @@ private slots:
     void emptyRangeAndBrokenRange();
     void chartDrawsWhatIsListed();
     void chartIsPutTogether();
+    void barsAreAsHighAsTheirSums();
     void doubleClickAsksForTheReceipts();
     void reportInFrontIsExported();
 
@@ -332,13 +334,23 @@ void TstQZReport::numbersOfOthersFail()
 
 void TstQZReport::limitCutsOrNot()
 {
-    part<QLineEdit>("leLimit")->setText("2");
-    load();
+    // Typed and confirmed with Enter; the keyboard stays in the field.
+    m_tabs->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+    part<QLineEdit>("leLimit")->setFocus();
+    QSignalSpy loaded(m_report, &ReportWindow::loaded);
+    QTest::keyClicks(part<QLineEdit>("leLimit"), "x2");
+    QTest::keyClick(part<QLineEdit>("leLimit"), Qt::Key_Enter);
+    QVERIFY(loaded.wait());
+    QVERIFY(part<QLineEdit>("leLimit")->hasFocus());
     QCOMPARE(m_report->model()->rowCount(), 2);
     QCOMPARE(m_report->heading().constLast(), QString("не більше 2"));
     part<QLineEdit>("leLimit")->clear();
-    load();
+    part<QPushButton>("pbLoad")->setFocus();
+    QTest::keyClick(part<QPushButton>("pbLoad"), Qt::Key_Space);
+    QVERIFY(loaded.wait());
     QCOMPARE(m_report->model()->rowCount(), 5);
+    QVERIFY(m_report->list()->hasFocus());
 }
 
 void TstQZReport::sumsAreOneLine()
@@ -413,6 +425,38 @@ void TstQZReport::chartIsPutTogether()
     for (const TurnoverBar &bar : shops)
         sum += bar.kopecks;
     QCOMPARE(sum, qint64(5050));
+}
+
+/// The pixels of the bars' colour in the columns from left to right.
+static int barPixels(QWidget *chart, double from, double to)
+{
+    const QImage image = chart->grab().toImage();
+    const QRgb colour = chart->palette().color(QPalette::Highlight).rgb();
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = static_cast<int>(from * image.width()); x < static_cast<int>(to * image.width()); ++x)
+            count += image.pixel(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
+
+void TstQZReport::barsAreAsHighAsTheirSums()
+{
+    TurnoverChart chart;
+    chart.resize(640, 400);
+    chart.setBars({{"А", "А", 100000}, {"Б", "Б", 50000}, {"В", "В", -50000}});
+    // Thirds of the room right of the scale; each bar stands within its own.
+    const double high = barPixels(&chart, 0.1, 0.37);
+    QVERIFY2(high > 1000, qPrintable(QString::number(high)));
+    QVERIFY(qAbs(barPixels(&chart, 0.42, 0.66) / high - 0.5) < 0.05);
+    QVERIFY(qAbs(barPixels(&chart, 0.72, 1.0) / high - 0.5) < 0.05);
+    BarList list;
+    list.resize(640, 200);
+    list.setBars({{"Хліб", 300, "3.00"}, {"Сир", 0, "0.00"}});
+    const int all = barPixels(&list, 0, 1);
+    list.setBars({{"Хліб", 300, "3.00"}, {"Сир", 150, "1.50"}});
+    QVERIFY2(all > 1000 && qAbs(barPixels(&list, 0, 1) / double(all) - 1.5) < 0.03,
+             qPrintable(QString::number(all)));
 }
 
 void TstQZReport::doubleClickAsksForTheReceipts()
