@@ -5,9 +5,9 @@
 #include "qprocevent.h"
 #include "qtablebase.h"
 #include "schema.h"
+#include "servererror.h"
 
 #include <QCoreApplication>
-#include <QSqlError>
 
 namespace {
 /// The texts of the main window, under whose name the translations know them.
@@ -25,9 +25,33 @@ QProcEvent::Outcome connectionFailure(const QSqlDatabase &db, QObject *receiver)
 {
     if (isUnknownDatabase(db))
         return QProcEvent::NoDatabase;
-    postMessage(receiver,
-                Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + errorText(db.lastError()));
+    postMessage(receiver, Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + openingError(db));
     return QProcEvent::ConnectionFailed;
+}
+
+/// Tried aside first: the client library cannot be called off while it waits for a silent server.
+bool isAnswering(const DatabaseAddress &address, QObject *receiver, const std::atomic<bool> *isGivenUp)
+{
+    const ServerAnswer answer = connectAside(address, *isGivenUp);
+    const bool isLost = isConnectionLost(answer.error);
+    if (isLost && !answer.isGivenUp)
+        postMessage(receiver, Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + answer.text);
+    return !isLost;
+}
+
+/// A sale there is written in parts, or twice; only the database's administrator can mend that.
+void warnOfTables(const Db &db)
+{
+    const QStringList tables = tablesWithoutTransactions(db);
+    if (tables.isEmpty())
+        return;
+    postMessage(
+        db.receiver(),
+        Window::tr("Таблиці %1 зроблено без транзакцій: чек або зміна можуть записатися наполовину чи "
+                   "двічі. Адміністратор бази має перевести їх на InnoDB (ALTER TABLE … "
+                   "ENGINE=InnoDB), коли ніхто не продає.")
+            .arg(tables.join(QStringLiteral(", "))),
+        QMessEvent::Warning);
 }
 
 QProcEvent::Outcome lookForTables(QSqlDatabase *connection, QObject *receiver)
@@ -38,15 +62,23 @@ QProcEvent::Outcome lookForTables(QSqlDatabase *connection, QObject *receiver)
         postMessage(receiver, Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + error);
         return QProcEvent::ConnectionFailed;
     }
-    return missing ? QProcEvent::NoTables : QProcEvent::Connected;
+    if (missing)
+        return QProcEvent::NoTables;
+    warnOfTables(Db(connection, receiver));
+    return QProcEvent::Connected;
 }
 } // namespace
 
-void connectToDatabase(QSqlDatabase *connection, const DatabaseAddress &address, QObject *receiver)
+void connectToDatabase(QSqlDatabase *connection, const DatabaseAddress &address, QObject *receiver,
+                       const std::atomic<bool> *isGivenUp)
 {
     postMessage(receiver,
                 Window::tr("Підключення до бази даних на %1:%2").arg(address.host).arg(address.port),
                 QMessEvent::Information);
+    if (!isAnswering(address, receiver, isGivenUp)) {
+        finish(receiver, QProcEvent::ConnectionFailed);
+        return;
+    }
     if (!openConnection(*connection, receiver)) {
         finish(receiver, connectionFailure(*connection, receiver));
         return;
@@ -55,8 +87,13 @@ void connectToDatabase(QSqlDatabase *connection, const DatabaseAddress &address,
     finish(receiver, lookForTables(connection, receiver));
 }
 
-void createDatabaseAndSchema(const DatabaseAddress &address, QObject *receiver)
+void createDatabaseAndSchema(const DatabaseAddress &address, QObject *receiver,
+                             const std::atomic<bool> *isGivenUp)
 {
+    if (!isAnswering(address, receiver, isGivenUp)) {
+        finish(receiver, QProcEvent::SchemaFailed);
+        return;
+    }
     QString error;
     if (!createDatabase(address, receiver, &error)) {
         postMessage(receiver, Window::tr("Не вдалося створити базу даних.") + QLatin1Char('\n') + error);

@@ -18,18 +18,9 @@
 #include <QFileInfo>
 #include <QTimer>
 #include <QtConcurrent>
-#include <tuple>
 
 namespace {
 const QLatin1String loginKey("login");
-
-bool operator!=(const DatabaseAddress &one, const DatabaseAddress &other)
-{
-    const auto parts = [](const DatabaseAddress &a) {
-        return std::tie(a.driver, a.host, a.port, a.user, a.password, a.name);
-    };
-    return parts(one) != parts(other);
-}
 } // namespace
 
 /// The part of the main window that connects, logs in, hears the messages and shows what the rights allow.
@@ -47,6 +38,7 @@ bool Veltab::isBusy()
 void Veltab::connectDatabase()
 {
     m_isReconnectWanted = m_task.isRunning();
+    m_isTaskGivenUp = m_isReconnectWanted;
     if (m_isReconnectWanted || isBusy())
         return;
     logout();
@@ -65,7 +57,7 @@ void Veltab::connectDatabase()
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("veltab"));
     m_db = addConnection(QStringLiteral("veltab"), m_address);
-    m_task = QtConcurrent::run(connectToDatabase, &m_db, m_address, this);
+    m_task = QtConcurrent::run(connectToDatabase, &m_db, m_address, this, &m_isTaskGivenUp);
     updateMenus();
 }
 
@@ -173,7 +165,8 @@ void Veltab::CreateTables()
         return;
     }
     showConnectionState(tr("Зачекайте. Створюються таблиці."));
-    m_task = QtConcurrent::run(createDatabaseAndSchema, m_address, this);
+    m_isTaskGivenUp = false;
+    m_task = QtConcurrent::run(createDatabaseAndSchema, m_address, this, &m_isTaskGivenUp);
 }
 
 void Veltab::TuneDatabase()

@@ -56,6 +56,7 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
 
 Veltab::~Veltab()
 {
+    m_isTaskGivenUp = true;
     m_task.waitForFinished();
     // It needs the connection to end its statement.
     delete m_tuning;

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QStringList>
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -150,6 +151,8 @@ private:
     std::vector<Entry> m_entries;
     std::vector<QWidget *> m_ownTabs;
     QFuture<void> m_task;
+    /// Ends the connecting of m_task early.
+    std::atomic<bool> m_isTaskGivenUp{false};
     QPointer<TuneWindow> m_tuning;
     QLabel *m_userLabel = nullptr;
     QStringList m_errors;

@@ -29,7 +29,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     , m_chek(new ReceiptModel(this))
     , m_quantity(new QuantityDelegate(this))
     , m_goods(new QRowModel(this))
-    , m_loader(new ListLoader(db->connectionName(), receiver, this))
+    , m_loader(new ListLoader(db->connectionName(), this))
 {
     Q_UNUSED(set)
     ui->setupUi(this);

@@ -242,7 +242,7 @@ void QChekViewer::checkSums(bool check)
     if (!check || model()->rowCount() == 0)
         return;
     if (m_checker == nullptr) {
-        m_checker = new ListLoader(connection()->connectionName(), mainWindow(), this);
+        m_checker = new ListLoader(connection()->connectionName(), this);
         connect(m_checker, &ListLoader::found, this, &QChekViewer::showChecked);
     }
     ui->labelCheck->setText(tr("Перевірка сум…"));

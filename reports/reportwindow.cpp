@@ -25,7 +25,7 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
     , m_mainWindow(mainWindow)
     , m_state(new QLabel(this))
     , m_chooseFile([this](const QString &suggested) { return askPdfPath(this, suggested); })
-    , m_loader(new ListLoader(db->connectionName(), mainWindow, this))
+    , m_loader(new ListLoader(db->connectionName(), this))
 {
     // A page of the tab area, not a window.
     setWindowFlags(Qt::Widget);

@@ -1,9 +1,12 @@
 #include "db.h"
 
+#include "connectionstate.h"
 #include "qmessevent.h"
+#include "servererror.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QLocale>
 #include <QSet>
 #include <QSqlDriver>
@@ -14,6 +17,8 @@ namespace {
 const char *const transactionState = "velta_transaction";
 const char *const lastError = "velta_last_error";
 enum State { Outside = 0, Inside = 1, Failed = 2 };
+/// A connection that was ended tells at once; where nothing came for so long, the server itself is silent.
+const int silenceMs = 800;
 
 State stateOf(const QSqlDatabase *connection)
 {
@@ -74,12 +79,28 @@ Db::StatementHook &statementHook()
     return hook;
 }
 
-/// Background connections send their statements past the hook: it belongs to the main thread.
-void announce(const QString &sql)
+Db::StatementRefusal &statementRefusal()
 {
-    if (QCoreApplication::instance() != nullptr &&
-        QThread::currentThread() == QCoreApplication::instance()->thread() && statementHook())
+    static Db::StatementRefusal refusal;
+    return refusal;
+}
+
+/// Background connections send their statements past the hooks: they belong to the main thread. Returns the
+/// number of the error to fail with, or 0.
+int announce(const QString &sql)
+{
+    if (QCoreApplication::instance() == nullptr ||
+        QThread::currentThread() != QCoreApplication::instance()->thread())
+        return 0;
+    if (statementHook())
         statementHook()(sql);
+    return statementRefusal() ? statementRefusal()(sql) : 0;
+}
+
+QSqlError refusedError(int number)
+{
+    return QSqlError(QString(), QStringLiteral("Refused"), QSqlError::StatementError,
+                     QString::number(number));
 }
 
 QString unequalValues()
@@ -95,9 +116,23 @@ void Db::setStatementHook(const StatementHook &hook)
     statementHook() = hook;
 }
 
-bool Db::refusedInTransaction() const
+void Db::setStatementRefusal(const StatementRefusal &refusal)
 {
-    return stateOf(m_connection) == Failed;
+    statementRefusal() = refusal;
+}
+
+/// False after a failure inside a transaction, and while the connection is lost.
+bool Db::maySend(const char *file, int line) const
+{
+    if (stateOf(m_connection) == Failed)
+        return false;
+    ConnectionState *state = ConnectionState::of(*m_connection);
+    if (state == nullptr || state->isUsable())
+        return true;
+    markFailure(ServerError::ServerGone);
+    if (state->isReminderDue())
+        postMessage(m_receiver, serverWords(ServerError::ServerGone), QMessEvent::Warning, file, line);
+    return false;
 }
 
 void Db::markFailure(int errorNumber) const
@@ -107,23 +142,50 @@ void Db::markFailure(int errorNumber) const
         setState(m_connection, Failed);
 }
 
-void Db::report(const QString &failure, const QString &error, const QString &sql, const char *file,
-                int line) const
+/// Ends the connection and has the server tried; true when the loss is news.
+bool Db::loseConnection(bool afterSilence) const
 {
-    const QString opening =
-        failure.isEmpty() ? QCoreApplication::translate("Db", "Помилка запиту:") : failure;
-    postMessage(m_receiver, opening + QLatin1Char('\n') + error + QLatin1Char('\n') + sql.left(500),
-                QMessEvent::Critical, file, line);
+    cutConnection(*m_connection);
+    ConnectionState *state = ConnectionState::of(*m_connection);
+    return state == nullptr || state->reportLoss(afterSilence);
 }
 
-std::optional<QSqlQuery> Db::finish(QSqlQuery &&query, bool executed, const QString &sql,
-                                    const QString &failure, const char *file, int line) const
+void Db::report(const QString &error, const QString &sql, const Place &place,
+                const QString &explanation) const
 {
-    if (executed)
-        return std::move(query);
-    markFailure(query.lastError().nativeErrorCode().toInt());
-    report(failure, errorText(query.lastError()), sql, file, line);
+    const QString opening =
+        place.failure.isEmpty() ? QCoreApplication::translate("Db", "Помилка запиту:") : place.failure;
+    const QString words = explanation.isEmpty() ? QString() : explanation + QStringLiteral("\n\n");
+    postMessage(m_receiver, words + opening + QLatin1Char('\n') + error + QLatin1Char('\n') + sql.left(500),
+                QMessEvent::Critical, place.file, place.line);
+}
+
+/// isLossNews: the statement has lost the connection, and nobody was told yet.
+std::optional<QSqlQuery> Db::send(const QString &sql, const Execution &execute, QSqlError *error,
+                                  bool *isLossNews) const
+{
+    QElapsedTimer clock;
+    clock.start();
+    QSqlQuery query(*m_connection);
+    const int refused = announce(sql);
+    if (refused == 0 && execute(&query))
+        return query;
+    *error = refused == 0 ? query.lastError() : refusedError(refused);
+    const int number = error->nativeErrorCode().toInt();
+    markFailure(number);
+    *isLossNews = isConnectionLost(number) && loseConnection(clock.elapsed() >= silenceMs);
     return std::nullopt;
+}
+
+std::optional<QSqlQuery> Db::sendOrReport(const QString &sql, const Execution &execute,
+                                          const Place &place) const
+{
+    QSqlError error;
+    bool isLossNews = false;
+    auto query = send(sql, execute, &error, &isLossNews);
+    if (!query && (isLossNews || !isConnectionLost(lastErrorNumber())))
+        report(errorText(error), sql, place, serverWords(lastErrorNumber()));
+    return query;
 }
 
 int Db::lastErrorNumber() const
@@ -134,47 +196,46 @@ int Db::lastErrorNumber() const
 std::optional<QSqlQuery> Db::run(const QString &sql, const Values &values, const QString &failure,
                                  const char *file, int line) const
 {
-    if (refusedInTransaction())
+    if (!maySend(file, line))
         return std::nullopt;
-    QSqlQuery query(*m_connection);
-    if (values.isEmpty()) {
-        announce(sql);
-        return finish(std::move(query), query.exec(sql), sql, failure, file, line);
-    }
+    const Place place{failure, file, line};
+    if (values.isEmpty())
+        return sendOrReport(
+            sql, [&sql](QSqlQuery *query) { return query->exec(sql); }, place);
     if (!sameNames(sql, values)) {
         markFailure();
-        report(failure, unequalValues(), sql, file, line);
+        report(unequalValues(), sql, place);
         return std::nullopt;
     }
-    announce(sql);
-    bool executed = query.prepare(sql);
-    if (executed) {
+    const auto execute = [&](QSqlQuery *query) {
+        if (!query->prepare(sql))
+            return false;
         for (const auto &value : values)
-            query.bindValue(value.first, value.second);
-        executed = query.exec();
-    }
-    return finish(std::move(query), executed, sql, failure, file, line);
+            query->bindValue(value.first, value.second);
+        return query->exec();
+    };
+    return sendOrReport(sql, execute, place);
 }
 
 std::optional<QSqlQuery> Db::runPositional(const QString &sql, const QVariantList &values,
                                            const QString &failure, const char *file, int line) const
 {
-    if (refusedInTransaction())
+    if (!maySend(file, line))
         return std::nullopt;
+    const Place place{failure, file, line};
     if (placeholders(sql).count(QStringLiteral("?")) != values.size()) {
         markFailure();
-        report(failure, unequalValues(), sql, file, line);
+        report(unequalValues(), sql, place);
         return std::nullopt;
     }
-    QSqlQuery query(*m_connection);
-    announce(sql);
-    bool executed = query.prepare(sql);
-    if (executed) {
+    const auto execute = [&](QSqlQuery *query) {
+        if (!query->prepare(sql))
+            return false;
         for (const QVariant &value : values)
-            query.addBindValue(value);
-        executed = query.exec();
-    }
-    return finish(std::move(query), executed, sql, failure, file, line);
+            query->addBindValue(value);
+        return query->exec();
+    };
+    return sendOrReport(sql, execute, place);
 }
 
 std::optional<QString> Db::firstText(const QString &sql, const Values &values, const QString &failure,
@@ -193,7 +254,7 @@ std::optional<quint64> Db::lastInsertId(const char *file, int line) const
     if (!text)
         return std::nullopt;
     if (text->isEmpty() || *text == QLatin1String("0")) {
-        report(QCoreApplication::translate("Db", "Не має даних після запиту"), QString(), sql, file, line);
+        report(QString(), sql, {QCoreApplication::translate("Db", "Не має даних після запиту"), file, line});
         return std::nullopt;
     }
     return text->toULongLong();
@@ -201,15 +262,17 @@ std::optional<quint64> Db::lastInsertId(const char *file, int line) const
 
 std::optional<QSqlQuery> Db::attempt(const QString &sql, QString *error) const
 {
-    if (refusedInTransaction())
+    if (!maySend(__builtin_FILE(), __builtin_LINE())) {
+        *error = serverWords(lastErrorNumber());
         return std::nullopt;
-    QSqlQuery query(*m_connection);
-    announce(sql);
-    if (query.exec(sql))
-        return query;
-    markFailure(query.lastError().nativeErrorCode().toInt());
-    *error = errorText(query.lastError());
-    return std::nullopt;
+    }
+    QSqlError failure;
+    bool isLossNews = false;
+    auto query = send(
+        sql, [&sql](QSqlQuery *q) { return q->exec(sql); }, &failure, &isLossNews);
+    if (!query)
+        *error = errorText(failure);
+    return query;
 }
 
 Transaction::Transaction(const Db &db, const char *file, int line) : m_db(db)
@@ -224,9 +287,17 @@ Transaction::~Transaction()
 {
     if (!m_open)
         return;
+    const bool hasFailed = stateOf(m_db.connection()) == Failed;
     setState(m_db.connection(), Outside);
+    // The server rolls back what a lost connection leaves.
+    if (hasFailed && isConnectionLost(m_db.lastErrorNumber()))
+        return;
+    const int failure = m_db.lastErrorNumber();
     QString error;
-    m_db.attempt(QStringLiteral("ROLLBACK"), &error);
+    if (m_db.attempt(QStringLiteral("ROLLBACK"), &error))
+        return;
+    m_db.markFailure(failure);
+    m_db.loseConnection();
 }
 
 bool Transaction::commit(const char *file, int line)
@@ -282,6 +353,12 @@ QString errorText(const QSqlError &error)
     if (error.driverText().startsWith(QLatin1String("QMYSQL3:")))
         server = QString::fromUtf8(server.toLatin1());
     return server.isEmpty() ? error.driverText() : server;
+}
+
+bool waitForServer(const Db &db, int ms)
+{
+    ConnectionState *state = ConnectionState::of(*db.connection());
+    return state == nullptr || state->waitUntilBack(ms);
 }
 
 QVariant nullIfEmpty(const QString &text)

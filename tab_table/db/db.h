@@ -17,6 +17,9 @@ class QSqlError;
 /// the server's words, the first 500 characters of the statement, the place of the caller); callers
 /// only ask whether it worked. After a failed statement inside a Transaction nothing is sent any more
 /// but its ROLLBACK: the client library would reconnect and go on in autocommit.
+///
+/// A window's connection that is lost is reported once; until the server answers again every statement on
+/// it fails at once with ServerError::ServerGone, and only a warning tells of it now and then.
 class Db
 {
 public:
@@ -56,24 +59,40 @@ public:
     /// included: lets tests break the connection at a given one. Null by default; main thread only.
     using StatementHook = std::function<void(const QString &sql)>;
     static void setStatementHook(const StatementHook &hook);
+    /// The same as a server that refuses: what returns an error number is not sent and fails with it; 0
+    /// lets the statement through.
+    using StatementRefusal = std::function<int(const QString &sql)>;
+    static void setStatementRefusal(const StatementRefusal &refusal);
 
     QSqlDatabase *connection() const { return m_connection; }
     QObject *receiver() const { return m_receiver; }
 
 private:
     friend class Transaction;
-    bool refusedInTransaction() const;
+    /// Where a report comes from and how it begins.
+    struct Place
+    {
+        const QString &failure;
+        const char *file;
+        int line;
+    };
+    using Execution = std::function<bool(QSqlQuery *query)>;
+    bool maySend(const char *file, int line) const;
     void markFailure(int errorNumber = 0) const;
-    std::optional<QSqlQuery> finish(QSqlQuery &&query, bool executed, const QString &sql,
-                                    const QString &failure, const char *file, int line) const;
-    void report(const QString &failure, const QString &error, const QString &sql, const char *file,
-                int line) const;
+    bool loseConnection(bool afterSilence = false) const;
+    std::optional<QSqlQuery> send(const QString &sql, const Execution &execute, QSqlError *error,
+                                  bool *isLossNews) const;
+    std::optional<QSqlQuery> sendOrReport(const QString &sql, const Execution &execute,
+                                          const Place &place) const;
+    void report(const QString &error, const QString &sql, const Place &place,
+                const QString &explanation = {}) const;
 
     QSqlDatabase *m_connection;
     QObject *m_receiver;
 };
 
-/// A transaction is a scope: what nobody commits is rolled back. Show no dialog inside one.
+/// A transaction is a scope: what nobody commits is rolled back. Show no dialog inside one. When ROLLBACK
+/// is refused, the connection is cut: what is left open would be committed by the next START TRANSACTION.
 class Transaction
 {
 public:
@@ -83,7 +102,8 @@ public:
 
     /// False when START TRANSACTION failed (reported).
     explicit operator bool() const { return m_open; }
-    /// After a failed commit it is not known whether the server has written: ask it.
+    /// After a failed commit it is not known whether the server has written: ask it, unless
+    /// isCommitRefused() is true for the error.
     bool commit(const char *file = __builtin_FILE(), int line = __builtin_LINE());
 
 private:
@@ -100,5 +120,8 @@ QString likeContains(const QString &text);
 QString toText(const QVariant &value);
 /// The server's words, decoded; client errors included.
 QString errorText(const QSqlError &error);
+/// Whether the server of the connection answers, waiting so long at most. For those who have to know what
+/// became of their COMMIT.
+bool waitForServer(const Db &db, int ms);
 /// NULL for an empty text, else the text; to bind.
 QVariant nullIfEmpty(const QString &text);

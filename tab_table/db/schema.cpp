@@ -52,6 +52,19 @@ bool isSchemaMissing(const Db &db, QString *error)
     return query && query->next() && query->value(0).toInt() < 2;
 }
 
+QStringList tablesWithoutTransactions(const Db &db)
+{
+    auto query =
+        db.run(QStringLiteral("SELECT CONCAT(TABLE_NAME,' (',ENGINE,')') FROM "
+                              "INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME "
+                              "IN ('cheks','z_zvit','goods_shop') AND ENGINE<>'InnoDB' "
+                              "ORDER BY TABLE_NAME"));
+    QStringList tables;
+    while (query && query->next())
+        tables.append(toText(query->value(0)));
+    return tables;
+}
+
 bool createSchema(const Db &db, const char *file, int line)
 {
     postMessage(db.receiver(), Host::tr("Зачекайте. Створюються таблиці."), QMessEvent::Information, file,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 class Db;
@@ -19,6 +20,9 @@ const QVector<TableDefinition> &schemaTables();
 /// True when the database lacks the tables that a login needs (users, updat).
 /// error is set when that could not be found out.
 bool isSchemaMissing(const Db &db, QString *error);
+
+/// Those of the tables that a sale is written to whose engine knows no transactions: "cheks (MyISAM)".
+QStringList tablesWithoutTransactions(const Db &db);
 
 /// Creates what is missing of the tables, the change tracker and the seed rows; what is there already is
 /// never altered. May run on any thread: it speaks through posted messages only, under the place of the

@@ -13,7 +13,8 @@ enum {
     ConnectionKilled = 1927,
     CannotConnect = 2003,
     ServerGone = 2006,
-    ConnectionLost = 2013
+    ConnectionLost = 2013,
+    TlsFailed = 2026
 };
 } // namespace ServerError
 

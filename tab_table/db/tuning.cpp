@@ -3,8 +3,11 @@
 #include "connection.h"
 #include "db.h"
 #include "qmessevent.h"
+#include "servererror.h"
 
+#include <QElapsedTimer>
 #include <QThread>
+#include <chrono>
 
 namespace {
 const struct
@@ -17,8 +20,15 @@ const struct
 };
 
 const int watchMs = 300;
-/// So long the work may wait for others' transactions; whoever sells next waits behind it meanwhile.
-const int tableLockSeconds = 10;
+/// So long the work waits for others' transactions; whoever sells next waits behind it meanwhile.
+const int tableLockSeconds = 1;
+const int pauseMs = 2000;
+const int mostTries = 60;
+/// A try that lasted longer has built the indexes and failed at the very end: that is not done often.
+const int builtMs = 5000;
+const int builtTries = mostTries / 3;
+/// The destructor gives the server so long to end the work in order.
+const int leavingMs = 2000;
 
 std::optional<QStringList> standingIndexes(const Db &db)
 {
@@ -67,91 +77,151 @@ QString tuningQuestion(bool isTuned)
                                         "само.");
 }
 
+/// A connection of the work's that the window's thread can cut.
+class DatabaseTuning::Line
+{
+public:
+    explicit Line(DatabaseTuning *tuning)
+        : connection(tuning->m_source, tuning->m_receiver, &tuning->m_isLeaving), m_tuning(tuning)
+    {
+        const std::lock_guard<std::mutex> lock(m_tuning->m_guard);
+        m_tuning->m_lines.append(this);
+    }
+    ~Line()
+    {
+        const std::lock_guard<std::mutex> lock(m_tuning->m_guard);
+        m_tuning->m_lines.removeOne(this);
+    }
+    Q_DISABLE_COPY(Line)
+
+    Db db() { return Db(connection.database(), m_tuning->m_receiver); }
+
+    WorkerConnection connection;
+
+private:
+    DatabaseTuning *m_tuning;
+};
+
 DatabaseTuning::DatabaseTuning(const QString &sourceConnection, QObject *receiver, QObject *parent)
     : QObject(parent), m_source(sourceConnection), m_receiver(receiver)
 {
-    m_watch.setInterval(watchMs);
-    connect(&m_watch, &QTimer::timeout, this, &DatabaseTuning::watch);
 }
 
 DatabaseTuning::~DatabaseTuning()
 {
     if (!m_thread)
         return;
-    disconnect(m_thread.get(), nullptr, this, nullptr);
-    do
-        stop();
-    while (!m_thread->wait(watchMs));
+    QThread::disconnect(m_thread.get(), nullptr, this, nullptr);
+    stop();
+    if (!m_thread->wait(leavingMs))
+        cutLines();
+    m_thread->wait();
+    cutLines();
+    m_watcher->wait();
+}
+
+void DatabaseTuning::cutLines()
+{
+    m_isLeaving = true;
+    const std::lock_guard<std::mutex> lock(m_guard);
+    for (const Line *line : qAsConst(m_lines))
+        line->connection.cut();
 }
 
 void DatabaseTuning::start(Work work)
 {
     m_thread.reset(QThread::create([this, work] { run(work); }));
-    connect(m_thread.get(), &QThread::finished, this, [this] {
-        m_watch.stop();
-        emit finished(m_outcome);
-    });
+    m_watcher.reset(QThread::create([this] { watch(); }));
+    connect(m_thread.get(), &QThread::finished, this, [this] { emit finished(m_outcome); });
     m_thread->start();
-    m_watch.start();
+    m_watcher->start();
 }
 
 void DatabaseTuning::stop()
 {
     m_isStopping = true;
-    const qint64 id = m_runningId;
-    if (id == 0)
-        return;
-    QSqlDatabase connection = QSqlDatabase::database(m_source, false);
-    QString error;
-    Db(&connection, m_receiver).attempt(QStringLiteral("KILL QUERY ") + QString::number(id), &error);
+    m_changed.notify_all();
 }
 
 void DatabaseTuning::run(Work work)
 {
-    WorkerConnection connection(m_source, m_receiver);
-    if (!connection.isOpen())
-        return;
-    m_runningId = connection.serverId();
-    m_outcome = alter(Db(connection.database(), m_receiver), work);
-    m_runningId = 0;
+    {
+        Line line(this);
+        if (line.connection.isOpen()) {
+            m_runningId = line.connection.serverId();
+            m_outcome = alter(line.db(), work);
+            m_runningId = 0;
+        }
+    }
+    m_isOver = true;
+    m_changed.notify_all();
 }
 
-DatabaseTuning::Outcome DatabaseTuning::alter(Db db, Work work)
+void DatabaseTuning::pause(int ms, bool endsWithStop)
+{
+    std::unique_lock<std::mutex> lock(m_guard);
+    m_changed.wait_for(lock, std::chrono::milliseconds(ms),
+                       [&] { return m_isOver || (endsWithStop && m_isStopping); });
+}
+
+DatabaseTuning::Outcome DatabaseTuning::alter(const Db &db, Work work)
 {
     const auto standing = standingIndexes(db);
     if (!standing ||
         !db.run(QStringLiteral("SET SESSION lock_wait_timeout=") + QString::number(tableLockSeconds)))
         return Failed;
     const QString sql = alterStatement(*standing, work);
-    if (sql.isEmpty())
-        return Done;
-    if (m_isStopping)
-        return Stopped;
+    return sql.isEmpty() ? Done : alterOrWait(db, sql);
+}
+
+DatabaseTuning::Outcome DatabaseTuning::alterOrWait(const Db &db, const QString &sql)
+{
     QString error;
-    if (db.attempt(sql, &error))
-        return Done;
+    for (int tries = 0; tries < mostTries && !m_isStopping; ++tries) {
+        QElapsedTimer clock;
+        clock.start();
+        if (db.attempt(sql, &error))
+            return Done;
+        if (db.lastErrorNumber() != ServerError::LockWait)
+            break;
+        if (clock.elapsed() > builtMs)
+            tries += builtTries;
+        pause(pauseMs, true);
+    }
     if (m_isStopping)
         return Stopped;
-    postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + error + QLatin1Char('\n') + sql);
+    const QString words = db.lastErrorNumber() == ServerError::LockWait
+                              ? tr("Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне "
+                                   "копіювання). Нічого не змінено; повторіть, коли звітів немає.") +
+                                    QStringLiteral("\n\n")
+                              : QString();
+    postMessage(m_receiver,
+                words + tr("Помилка запиту:") + QLatin1Char('\n') + error + QLatin1Char('\n') + sql);
     return Failed;
 }
 
+/// In hundredths of a per cent on the server; it falls back to zero right before the end.
+int DatabaseTuning::percent(const Db &db) const
+{
+    QString error;
+    auto status =
+        db.attempt(QStringLiteral("SHOW GLOBAL STATUS LIKE 'Innodb_onlineddl_pct_progress'"), &error);
+    return status && status->next() ? qMin(status->value(1).toInt() / 100, 100) : 0;
+}
+
+/// Beside the work: tells how far it is, and ends its statement when it is to stop. Repeated, because a KILL
+/// may come right before the statement.
 void DatabaseTuning::watch()
 {
-    if (m_isStopping) {
-        // The first KILL may have come right before the statement.
-        stop();
-        return;
+    Line line(this);
+    int told = 0;
+    while (!m_isOver) {
+        const bool isStopping = m_isStopping;
+        if (isStopping && m_runningId != 0)
+            endStatement(m_source, m_runningId);
+        const int now = isStopping || !line.connection.isOpen() ? 0 : percent(line.db());
+        if (now > told)
+            emit progressed(told = now);
+        pause(watchMs, !isStopping);
     }
-    QSqlDatabase connection = QSqlDatabase::database(m_source, false);
-    QString error;
-    // In hundredths of a per cent; it falls back to zero right before the end.
-    auto status =
-        Db(&connection, m_receiver)
-            .attempt(QStringLiteral("SHOW GLOBAL STATUS LIKE 'Innodb_onlineddl_pct_progress'"), &error);
-    const int percent = status && status->next() ? qMin(status->value(1).toInt() / 100, 100) : 0;
-    if (percent <= m_percent)
-        return;
-    m_percent = percent;
-    emit progressed(percent);
 }

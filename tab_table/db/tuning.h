@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
+#include <QVector>
 #include <atomic>
+#include <condition_variable>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 class Db;
@@ -19,6 +21,8 @@ std::optional<bool> isDatabaseTuned(const Db &db);
 QString tuningQuestion(bool isTuned);
 
 /// Adds the indexes or takes them away, on a thread and a connection of its own; selling goes on meanwhile.
+/// The work needs the table to itself for a moment at its beginning and at its end. It waits for that moment
+/// a second or two only, because whoever sells waits behind it, and tries again later when somebody reads on.
 class DatabaseTuning : public QObject
 {
     Q_OBJECT
@@ -31,10 +35,9 @@ public:
         Failed   ///< nothing was changed; the reason was posted
     };
 
-    /// sourceConnection: the open connection of this thread whose address is used and that watches the work;
-    /// receiver gets the messages.
+    /// sourceConnection: the connection whose address is used; receiver gets the messages.
     DatabaseTuning(const QString &sourceConnection, QObject *receiver, QObject *parent = nullptr);
-    /// Stops the work and waits for its end.
+    /// Stops the work; does not wait for a server that does not answer.
     ~DatabaseTuning() override;
 
     /// Once only.
@@ -48,16 +51,27 @@ signals:
     void finished(DatabaseTuning::Outcome outcome);
 
 private:
+    class Line;
+
     void run(Work work);
-    Outcome alter(Db db, Work work);
+    Outcome alter(const Db &db, Work work);
+    Outcome alterOrWait(const Db &db, const QString &sql);
+    void pause(int ms, bool endsWithStop);
     void watch();
+    int percent(const Db &db) const;
+    void cutLines();
 
     QString m_source;
     QObject *m_receiver;
-    QTimer m_watch;
     std::unique_ptr<QThread> m_thread;
+    std::unique_ptr<QThread> m_watcher;
+    /// Guards the connections, and goes with what wakes those who pause.
+    std::mutex m_guard;
+    std::condition_variable m_changed;
+    QVector<Line *> m_lines;
     std::atomic<qint64> m_runningId{0};
     std::atomic<bool> m_isStopping{false};
+    std::atomic<bool> m_isOver{false};
+    std::atomic<bool> m_isLeaving{false};
     Outcome m_outcome = Failed;
-    int m_percent = 0;
 };

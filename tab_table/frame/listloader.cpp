@@ -2,22 +2,29 @@
 
 #include "connection.h"
 #include "db.h"
+#include "servererror.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 
 namespace {
-const QLatin1String queryInterrupted("1317");
+/// A server that has not ended an outdated statement after so long does not answer at all.
+const int patienceMs = 2000;
+
+int errorNumber(const QSqlQuery &query)
+{
+    return query.lastError().nativeErrorCode().toInt();
+}
 } // namespace
 
-ListLoader::ListLoader(const QString &sourceConnection, QObject *receiver, QObject *parent)
-    : QObject(parent)
-    , m_source(sourceConnection)
-    , m_receiver(receiver)
-    , m_worker(new ListWorker(sourceConnection, receiver, m_newest))
+ListLoader::ListLoader(const QString &sourceConnection, QObject *parent)
+    : QObject(parent), m_source(sourceConnection), m_worker(new ListWorker(sourceConnection, m_newest))
 {
     qRegisterMetaType<std::shared_ptr<FoundRows>>("std::shared_ptr<FoundRows>");
+    m_patience.setInterval(patienceMs);
+    m_patience.setSingleShot(true);
+    connect(&m_patience, &QTimer::timeout, this, &ListLoader::cutOutdated);
     m_worker->moveToThread(&m_thread);
     connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
     connect(this, &ListLoader::request, m_worker, &ListWorker::run);
@@ -28,6 +35,7 @@ ListLoader::ListLoader(const QString &sourceConnection, QObject *receiver, QObje
 ListLoader::~ListLoader()
 {
     cancel();
+    m_worker->leave();
     m_thread.quit();
     m_thread.wait();
 }
@@ -48,13 +56,23 @@ void ListLoader::cancel()
 void ListLoader::interrupt()
 {
     ++m_newest;
-    const qint64 id = m_isLoading ? m_worker->runningId() : 0;
-    if (id == 0)
+    const ListWorker::Running running = m_worker->running();
+    if (running.request == 0 || running.request == m_lastEnded)
         return;
+    m_lastEnded = running.request;
     // A KILL that comes too late finds nothing to end; the worker repeats a statement it hit by mistake.
-    QSqlDatabase db = QSqlDatabase::database(m_source, false);
-    QString error;
-    Db(&db, m_receiver).attempt(QStringLiteral("KILL QUERY ") + QString::number(id), &error);
+    endStatement(m_source, running.serverId);
+    m_patience.start();
+}
+
+void ListLoader::cutOutdated()
+{
+    const ListWorker::Running running = m_worker->running();
+    if (running.request == 0 || running.request == m_newest)
+        return;
+    // The KILL may have come right before the statement.
+    endStatement(m_source, running.serverId);
+    m_worker->cut();
 }
 
 void ListLoader::answer(const std::shared_ptr<FoundRows> &rows)
@@ -65,58 +83,101 @@ void ListLoader::answer(const std::shared_ptr<FoundRows> &rows)
     emit found(rows);
 }
 
-ListWorker::ListWorker(const QString &sourceConnection, QObject *receiver, const std::atomic<int> &newest)
-    : m_source(sourceConnection), m_receiver(receiver), m_newest(newest)
+ListWorker::ListWorker(const QString &sourceConnection, const std::atomic<int> &newest)
+    : m_source(sourceConnection), m_newest(newest)
 {
 }
 
 ListWorker::~ListWorker() = default;
 
-bool ListWorker::connectOnce()
+ListWorker::Running ListWorker::running() const
 {
-    if (!m_connection)
-        m_connection = std::make_unique<WorkerConnection>(m_source, m_receiver);
-    if (!m_connection->isOpen())
-        m_connection.reset();
-    return m_connection != nullptr;
+    const std::lock_guard<std::mutex> lock(m_guard);
+    return m_running;
 }
 
-bool ListWorker::exec(QSqlQuery &query, const QString &sql, FoundRows &result)
+void ListWorker::setRunning(const Running &running)
+{
+    const std::lock_guard<std::mutex> lock(m_guard);
+    m_running = running;
+}
+
+void ListWorker::cut()
+{
+    const std::lock_guard<std::mutex> lock(m_guard);
+    if (m_connection)
+        m_connection->cut();
+}
+
+void ListWorker::leave()
+{
+    m_isLeaving = true;
+    cut();
+}
+
+bool ListWorker::connectOnce(FoundRows *result)
+{
+    if (m_connection)
+        return true;
+    auto connection = std::make_unique<WorkerConnection>(m_source, nullptr, &m_isLeaving);
+    if (!connection->isOpen()) {
+        result->error = tr("Немає зв'язку з базою даних.") + QLatin1Char('\n') + connection->error();
+        return false;
+    }
+    const std::lock_guard<std::mutex> lock(m_guard);
+    m_connection = std::move(connection);
+    return !m_isLeaving;
+}
+
+void ListWorker::disconnect()
+{
+    const std::lock_guard<std::mutex> lock(m_guard);
+    m_connection.reset();
+}
+
+bool ListWorker::exec(QSqlQuery *query, const QString &sql, FoundRows *result)
 {
     bool executed = false;
     do {
-        if (result.request != m_newest.load())
+        if (isOutdated(*result))
             return false;
-        m_runningId = m_connection->serverId();
-        executed = query.exec(sql);
-        m_runningId = 0;
-    } while (!executed && query.lastError().nativeErrorCode() == queryInterrupted);
+        setRunning({result->request, m_connection->serverId()});
+        executed = query->exec(sql);
+        setRunning({});
+    } while (!executed && errorNumber(*query) == ServerError::Interrupted);
     if (!executed)
-        result.error = errorText(query.lastError()) + QLatin1Char('\n') + sql.left(500);
+        result->error = errorText(query->lastError()) + QLatin1Char('\n') + sql.left(500);
     return executed;
+}
+
+/// False when the connection is of no use any more.
+bool ListWorker::searchOnce(const Search &search, FoundRows *result)
+{
+    QSqlQuery query(*m_connection->database());
+    bool ok = true;
+    if (!search.countSql.isEmpty()) {
+        ok = exec(&query, search.countSql, result) && query.next();
+        result->count = ok ? query.value(0).toLongLong() : 0;
+    }
+    if (ok && exec(&query, search.sql, result)) {
+        result->rows = RowStore::read(query);
+        if (search.countSql.isEmpty())
+            result->count = result->rows.rowCount();
+    }
+    return !isConnectionLost(errorNumber(query));
 }
 
 void ListWorker::run(const QString &sql, const QString &countSql, int number)
 {
-    if (number != m_newest.load())
-        return;
     auto result = std::make_shared<FoundRows>();
     result->request = number;
-    if (!connectOnce()) {
-        result->error = tr("Немає зв'язку з базою даних.");
+    // Twice: a connection may have been ended while nobody used it.
+    for (int time = 0; time < 2 && !isOutdated(*result); ++time) {
+        result->error.clear();
+        if (!connectOnce(result.get()) || searchOnce({sql, countSql}, result.get()))
+            break;
+        disconnect();
+    }
+    if (!isOutdated(*result))
         emit done(result);
-        return;
-    }
-    QSqlQuery query(*m_connection->database());
-    bool ok = true;
-    if (!countSql.isEmpty()) {
-        ok = exec(query, countSql, *result) && query.next();
-        result->count = ok ? query.value(0).toLongLong() : 0;
-    }
-    if (ok && exec(query, sql, *result)) {
-        result->rows = RowStore::read(query);
-        if (countSql.isEmpty())
-            result->count = result->rows.rowCount();
-    }
-    emit done(result);
 }

@@ -5,10 +5,14 @@
 #include <QObject>
 #include <QString>
 #include <QThread>
+#include <QTimer>
 #include <atomic>
 #include <memory>
+#include <mutex>
 
 class ListWorker;
+class QSqlQuery;
+class WorkerConnection;
 
 /// What a search found: the rows and how many there are in all.
 struct FoundRows
@@ -21,15 +25,16 @@ struct FoundRows
 };
 
 /// Runs the two statements of a list (count and rows) away from the window, on a connection and a thread
-/// of its own. A newer request ends the older one's statement on the server; only the newest answers.
+/// of its own. A newer request ends the older one's statement on the server; only the newest answers. A
+/// statement may last as long as it needs; nothing here waits for the server in the window's thread.
 class ListLoader : public QObject
 {
     Q_OBJECT
 
 public:
-    /// sourceConnection: the connection whose address is used; receiver gets the messages.
-    ListLoader(const QString &sourceConnection, QObject *receiver, QObject *parent);
-    /// Ends what is running and waits for it.
+    /// sourceConnection: the connection whose address is used.
+    ListLoader(const QString &sourceConnection, QObject *parent);
+    /// Breaks off what is running.
     ~ListLoader() override;
 
     /// An empty countSql means that the rows found are all there are.
@@ -44,13 +49,15 @@ signals:
 
 private:
     void interrupt();
+    void cutOutdated();
     void answer(const std::shared_ptr<FoundRows> &rows);
 
     QString m_source;
-    QObject *m_receiver;
     QThread m_thread;
     ListWorker *m_worker;
+    QTimer m_patience;
     std::atomic<int> m_newest{0};
+    int m_lastEnded = 0;
     bool m_isLoading = false;
 };
 
@@ -60,11 +67,22 @@ class ListWorker : public QObject
     Q_OBJECT
 
 public:
-    ListWorker(const QString &sourceConnection, QObject *receiver, const std::atomic<int> &newest);
+    ListWorker(const QString &sourceConnection, const std::atomic<int> &newest);
     ~ListWorker() override;
 
-    /// The server's number of the connection while a statement runs on it, else 0. Any thread.
-    qint64 runningId() const { return m_runningId; }
+    /// What runs on the server: the request's number, 0 when nothing does, and its connection's number there.
+    struct Running
+    {
+        int request = 0;
+        qint64 serverId = 0;
+    };
+    /// Any thread.
+    Running running() const;
+    /// Ends whatever waits for the server, at once; the connection is opened anew when it is needed. Any
+    /// thread.
+    void cut();
+    /// The same for good: a connection on its way is given up too.
+    void leave();
 
 public slots:
     void run(const QString &sql, const QString &countSql, int number);
@@ -73,12 +91,23 @@ signals:
     void done(std::shared_ptr<FoundRows> rows);
 
 private:
-    bool connectOnce();
-    bool exec(QSqlQuery &query, const QString &sql, FoundRows &result);
+    struct Search
+    {
+        const QString &sql;
+        const QString &countSql;
+    };
+    bool isOutdated(const FoundRows &result) const { return result.request != m_newest; }
+    bool connectOnce(FoundRows *result);
+    void disconnect();
+    void setRunning(const Running &running);
+    bool searchOnce(const Search &search, FoundRows *result);
+    bool exec(QSqlQuery *query, const QString &sql, FoundRows *result);
 
     QString m_source;
-    QObject *m_receiver;
     const std::atomic<int> &m_newest;
-    std::atomic<qint64> m_runningId{0};
-    std::unique_ptr<class WorkerConnection> m_connection;
+    std::atomic<bool> m_isLeaving{false};
+    /// Guards what the window's thread looks at: the connection and what runs on it.
+    mutable std::mutex m_guard;
+    Running m_running;
+    std::unique_ptr<WorkerConnection> m_connection;
 };

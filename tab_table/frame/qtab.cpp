@@ -162,7 +162,7 @@ void QTab::search(const QString &newFilter, const QString &countSql)
 {
     filter = newFilter;
     if (m_loader == nullptr) {
-        m_loader = new ListLoader(m_db->connectionName(), m_receiver, this);
+        m_loader = new ListLoader(m_db->connectionName(), this);
         connect(m_loader, &ListLoader::found, this, &QTab::showFound);
     }
     m_count->setText(tr("Пошук…"));

@@ -1,6 +1,11 @@
 #include "testing.h"
 
+#include "connectionstate.h"
+#include "qmessevent.h"
 #include "schema.h"
+#include "servererror.h"
+
+#include <QSignalSpy>
 
 /// The wrapper that all SQL goes through: binding, transactions, lost connections, texts of people.
 class TstDb : public QObject
@@ -9,7 +14,11 @@ class TstDb : public QObject
 
 private slots:
     void init() { m_base = std::make_unique<FreshDatabase>(FreshDatabase::Empty); }
-    void cleanup() { m_base.reset(); }
+    void cleanup()
+    {
+        Db::setStatementRefusal({});
+        m_base.reset();
+    }
 
     void textOfPeopleStaysText_data();
     void textOfPeopleStaysText();
@@ -18,6 +27,8 @@ private slots:
     void uncommittedIsRolledBack();
     void nothingIsSentAfterAFailure();
     void killedInsideATransactionLeavesNothing();
+    void refusedRollbackLeavesNothing();
+    void lossIsToldOnce();
     void sessionSurvivesAReconnect();
     void everyValueHasAText();
 
@@ -123,6 +134,57 @@ void TstDb::killedInsideATransactionLeavesNothing()
     Transaction again(db);
     QVERIFY(again && db.run("INSERT INTO t VALUES(4)") && again.commit());
     QCOMPARE(m_base->rows("SELECT a FROM t"), QStringList{"4"});
+}
+
+/// As on a cluster's node that has lost the others: it refuses everything, and the transaction stays open.
+void TstDb::refusedRollbackLeavesNothing()
+{
+    m_base->exec("CREATE TABLE t(a INT)");
+    const Db db = m_base->db();
+    const QString before = m_base->value("SELECT CONNECTION_ID()");
+    bool isReady = true;
+    Db::setStatementRefusal([&](const QString &) { return isReady ? 0 : ServerError::NodeNotReady; });
+    {
+        Transaction t(db);
+        QVERIFY(t && db.run("INSERT INTO t VALUES(1)"));
+        isReady = false;
+        QVERIFY(!db.run("INSERT INTO t VALUES(2)"));
+    }
+    QCOMPARE(db.lastErrorNumber(), static_cast<int>(ServerError::NodeNotReady));
+    QCOMPARE(m_base->heard.texts().size(), 1);
+    QVERIFY(m_base->heard.has("утратив зв'язок з іншими серверами", QMessEvent::Critical));
+    {
+        const Transaction t(db);
+        QVERIFY(!t);
+    }
+    isReady = true;
+    Transaction again(db);
+    QVERIFY(again && db.run("INSERT INTO t VALUES(3)") && again.commit());
+    QCOMPARE(m_base->rows("SELECT a FROM t"), QStringList{"3"});
+    QVERIFY(m_base->value("SELECT CONNECTION_ID()") != before);
+}
+
+void TstDb::lossIsToldOnce()
+{
+    const Db db = m_base->db();
+    ConnectionState *state = ConnectionState::of(*m_base->connection());
+    QSignalSpy lost(state, &ConnectionState::lost);
+    QSignalSpy back(state, &ConnectionState::back);
+    m_base->exec("CREATE TABLE t(a INT)");
+    {
+        Transaction t(db);
+        m_base->killConnection();
+        QVERIFY(!db.run("INSERT INTO t VALUES(1)"));
+        QVERIFY(!t.commit());
+    }
+    QVERIFY(isConnectionLost(db.lastErrorNumber()));
+    QVERIFY(waitForServer(db, 3000) && !state->isLost());
+    QTRY_COMPARE(back.size(), 1);
+    QCOMPARE(lost.size(), 1);
+    const QStringList told = m_base->heard.texts(QMessEvent::Debug);
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.first().startsWith(lost.first().first().toString() + "\n\nПомилка запиту:\n"),
+             qPrintable(told.first()));
 }
 
 void TstDb::sessionSurvivesAReconnect()
