@@ -6,7 +6,6 @@
 #include "tunewindow.h"
 
 #include <QCoreApplication>
-#include <QSqlError>
 #include <QTextStream>
 #include <csignal>
 #include <sys/types.h>
@@ -17,7 +16,11 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(TuneCommand)
 };
 
-enum ExitCode { ExitDone = 0, ExitFailed = 1, ExitNotWanted = 2 };
+enum ExitCode { ExitDone = 0, ExitFailed = 1, ExitNotWanted = 2, ExitWrongArguments = 3 };
+
+const QString addOption = QStringLiteral("--add");
+const QString removeOption = QStringLiteral("--remove");
+const QString yesOption = QStringLiteral("--yes");
 
 volatile std::sig_atomic_t isInterrupted = 0;
 
@@ -51,7 +54,7 @@ public:
 bool isAgreed(const QString &question, const QStringList &arguments)
 {
     print(stdout, question + QLatin1Char('\n'));
-    if (arguments.contains(QStringLiteral("--yes")))
+    if (arguments.contains(yesOption))
         return true;
     print(stdout, Texts::tr("[т/н] "));
     QTextStream in(stdin);
@@ -59,6 +62,38 @@ bool isAgreed(const QString &question, const QStringList &arguments)
     const QString answer = in.readLine().trimmed().toLower();
     return QStringList{QStringLiteral("т"), QStringLiteral("так"), QStringLiteral("y"), QStringLiteral("yes")}
         .contains(answer);
+}
+
+QString usage()
+{
+    return Texts::tr("veltab --tune-database            показує, що є у базі; нічого не змінює\n"
+                     "veltab --tune-database --add      додає індекси для швидких звітів\n"
+                     "veltab --tune-database --remove   прибирає їх\n"
+                     "З --yes не питає. Завершується з кодом 0 – зроблено або вже так, 1 – не вдалося чи "
+                     "зупинено,\n2 – відмова, 3 – невідомий параметр.\n");
+}
+
+QString stateText(TunedState state)
+{
+    switch (state) {
+    case TunedState::Whole:
+        return Texts::tr("Індекси для швидких звітів у базі є.");
+    case TunedState::Partial:
+        return Texts::tr("У базі є лише один з двох індексів для швидких звітів.");
+    case TunedState::None:
+        break;
+    }
+    return Texts::tr("Індексів для швидких звітів у базі немає.");
+}
+
+bool isSound(const QStringList &arguments)
+{
+    static const QStringList known{QStringLiteral("--tune-database"), addOption, removeOption, yesOption};
+    for (const QString &argument : arguments.mid(1)) {
+        if (!known.contains(argument))
+            return false;
+    }
+    return !arguments.contains(addOption) || !arguments.contains(removeOption);
 }
 
 DatabaseTuning::Outcome work(const QString &connection, DatabaseTuning::Work work, QObject *receiver)
@@ -87,18 +122,32 @@ DatabaseTuning::Outcome work(const QString &connection, DatabaseTuning::Work wor
     return result;
 }
 
-int tune(QSqlDatabase *db, const QStringList &arguments, QObject *receiver)
+int change(QSqlDatabase *db, bool removes, const QStringList &arguments, QObject *receiver)
 {
-    const auto isTuned = isDatabaseTuned(Db(db, receiver));
-    if (!isTuned)
-        return ExitFailed;
-    if (!isAgreed(tuningQuestion(*isTuned), arguments))
+    if (!isAgreed(tuningQuestion(removes), arguments))
         return ExitNotWanted;
-    const auto kind = *isTuned ? DatabaseTuning::Remove : DatabaseTuning::Add;
+    const auto kind = removes ? DatabaseTuning::Remove : DatabaseTuning::Add;
     const DatabaseTuning::Outcome outcome = work(db->connectionName(), kind, receiver);
     QCoreApplication::sendPostedEvents(receiver, QMessEvent::eventType);
     print(stdout, QLatin1Char('\n') + tuningResult(kind, outcome) + QLatin1Char('\n'));
     return outcome == DatabaseTuning::Done ? ExitDone : ExitFailed;
+}
+
+int tune(QSqlDatabase *db, const QStringList &arguments, QObject *receiver)
+{
+    const auto state = tunedState(Db(db, receiver));
+    if (!state)
+        return ExitFailed;
+    const bool removes = arguments.contains(removeOption);
+    const bool isThere = *state == (removes ? TunedState::None : TunedState::Whole);
+    print(stdout, stateText(*state) + QLatin1Char('\n'));
+    if (!removes && !arguments.contains(addOption))
+        print(stdout, usage());
+    else if (isThere)
+        print(stdout, Texts::tr("Нічого не змінено.") + QLatin1Char('\n'));
+    else
+        return change(db, removes, arguments, receiver);
+    return ExitDone;
 }
 } // namespace
 
@@ -109,6 +158,10 @@ bool isTuneCommand(const QStringList &arguments)
 
 int runTuneCommand(const QString &directory, const QStringList &arguments)
 {
+    if (!isSound(arguments)) {
+        print(stderr, usage());
+        return ExitWrongArguments;
+    }
     const QString name = QStringLiteral("tune");
     Terminal terminal;
     int code = ExitFailed;
@@ -119,7 +172,7 @@ int runTuneCommand(const QString &directory, const QStringList &arguments)
             code = tune(&db, arguments, &terminal);
         else
             postMessage(&terminal,
-                        Texts::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + errorText(db.lastError()));
+                        Texts::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + openingError(db));
     }
     QSqlDatabase::removeDatabase(name);
     QCoreApplication::sendPostedEvents(&terminal, QMessEvent::eventType);

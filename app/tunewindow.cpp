@@ -26,12 +26,13 @@ TuneWindow::~TuneWindow() = default;
 
 TuneWindow *TuneWindow::ask(QSqlDatabase *db, QWidget *mainWindow)
 {
-    const auto isTuned = isDatabaseTuned(Db(db, mainWindow));
-    if (!isTuned || QQestion::question(mainWindow, tr("Прискорити звіти?"), tuningQuestion(*isTuned)) !=
-                        QDialog::Accepted)
+    const auto state = tunedState(Db(db, mainWindow));
+    const bool isTuned = state == TunedState::Whole;
+    if (!state ||
+        QQestion::question(mainWindow, tr("Прискорити звіти?"), tuningQuestion(isTuned)) != QDialog::Accepted)
         return nullptr;
     auto *window =
-        new TuneWindow(*db, *isTuned ? DatabaseTuning::Remove : DatabaseTuning::Add, mainWindow, mainWindow);
+        new TuneWindow(*db, isTuned ? DatabaseTuning::Remove : DatabaseTuning::Add, mainWindow, mainWindow);
     window->show();
     return window;
 }

@@ -172,6 +172,10 @@ The indexes can be removed in the same way.</translation>
         <source>Помилка запиту:</source>
         <translation>Query error:</translation>
     </message>
+    <message>
+        <source>Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне копіювання). Нічого не змінено; повторіть, коли звітів немає.</source>
+        <translation>Another program holds the table of receipts all the time (a long report or a backup). Nothing was changed; try again when there are no reports.</translation>
+    </message>
 </context>
 <context>
     <name>DayTimeline</name>
@@ -3123,6 +3127,36 @@ before its last day!</translation>
         <source>Помилка з&apos;єднання з БД.</source>
         <translation>Database connection error.</translation>
     </message>
+    <message>
+        <source>veltab --tune-database            показує, що є у базі; нічого не змінює
+veltab --tune-database --add      додає індекси для швидких звітів
+veltab --tune-database --remove   прибирає їх
+З --yes не питає. Завершується з кодом 0 – зроблено або вже так, 1 – не вдалося чи зупинено,
+2 – відмова, 3 – невідомий параметр.
+</source>
+        <translation>veltab --tune-database            tells what the database has; changes nothing
+veltab --tune-database --add      adds the indexes for quick reports
+veltab --tune-database --remove   takes them away
+With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or stopped,
+2: not wanted, 3: an unknown argument.
+</translation>
+    </message>
+    <message>
+        <source>Індекси для швидких звітів у базі є.</source>
+        <translation>The database has the indexes for quick reports.</translation>
+    </message>
+    <message>
+        <source>У базі є лише один з двох індексів для швидких звітів.</source>
+        <translation>The database has only one of the two indexes for quick reports.</translation>
+    </message>
+    <message>
+        <source>Індексів для швидких звітів у базі немає.</source>
+        <translation>The database has no indexes for quick reports.</translation>
+    </message>
+    <message>
+        <source>Нічого не змінено.</source>
+        <translation>Nothing was changed.</translation>
+    </message>
 </context>
 <context>
     <name>TuneWindow</name>
@@ -3621,6 +3655,10 @@ TO VERSION
         <source>Зали&amp;шитись</source>
         <translation>&amp;Stay</translation>
     </message>
+    <message>
+        <source>Таблиці %1 зроблено без транзакцій: чек або зміна можуть записатися наполовину чи двічі. Адміністратор бази має перевести їх на InnoDB (ALTER TABLE … ENGINE=InnoDB), коли ніхто не продає.</source>
+        <translation>The tables %1 are made without transactions: a receipt or a shift may be written by half or twice. The database administrator has to convert them to InnoDB (ALTER TABLE … ENGINE=InnoDB) while nobody sells.</translation>
+    </message>
 </context>
 <context>
     <name>connection</name>
@@ -3635,6 +3673,10 @@ TO VERSION
     <message>
         <source>Помилка з&apos;єднання з БД.</source>
         <translation>Database connection error.</translation>
+    </message>
+    <message>
+        <source>Сервер не шифрує з&apos;єднання, а налаштування вимагають шифрування.</source>
+        <translation>The server does not encrypt the connection, but the settings require encryption.</translation>
     </message>
 </context>
 <context>

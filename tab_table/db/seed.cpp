@@ -131,9 +131,10 @@ bool seedAdministrator(const Db &db, const Seeder &seeder)
                  QStringLiteral("INSERT IGNORE INTO group_premission(id,name) VALUES(1,'developer')")},
                 {"lst_permis", everyPermission()},
                 {"lst_group", QStringLiteral("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,1)")},
-                {"users", QStringLiteral("INSERT INTO users(login,pass,key_prem,name,surname,surname2,"
-                                         "id_g_prem) VALUES('admin','','1000000001','Адмін','Системний',"
-                                         "'Головний',1)")}}) &&
+                {"users",
+                 QStringLiteral("INSERT INTO users(id,login,pass,key_prem,name,surname,"
+                                "surname2,id_g_prem) VALUES(1,'admin','','1000000001','Адмін','Системний',"
+                                "'Головний',1)")}}) &&
            transaction.commit();
 }
 } // namespace

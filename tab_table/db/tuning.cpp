@@ -59,12 +59,15 @@ QString alterStatement(const QStringList &standing, DatabaseTuning::Work work)
 }
 } // namespace
 
-std::optional<bool> isDatabaseTuned(const Db &db)
+std::optional<TunedState> tunedState(const Db &db)
 {
     const auto standing = standingIndexes(db);
     if (!standing)
         return std::nullopt;
-    return alterStatement(*standing, DatabaseTuning::Add).isEmpty();
+    if (alterStatement(*standing, DatabaseTuning::Add).isEmpty())
+        return TunedState::Whole;
+    return alterStatement(*standing, DatabaseTuning::Remove).isEmpty() ? TunedState::None
+                                                                       : TunedState::Partial;
 }
 
 QString tuningQuestion(bool isTuned)

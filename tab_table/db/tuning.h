@@ -15,8 +15,10 @@ class QThread;
 /// with which a day's receipts and the next receipt number are found without reading the whole table. They
 /// change no result, and the creation of the tables never makes them.
 
-/// True when both indexes stand; nothing after a reported failure.
-std::optional<bool> isDatabaseTuned(const Db &db);
+/// How many of the two indexes stand.
+enum class TunedState { None, Partial, Whole };
+/// Nothing after a reported failure.
+std::optional<TunedState> tunedState(const Db &db);
 /// What to ask before they are added or, when they stand, taken away.
 QString tuningQuestion(bool isTuned);
 

@@ -17,6 +17,8 @@ private slots:
     void equalUnderEveryServerMode();
     void secondCreationChangesNothing();
     void usersAndOperationsAreSeededOnce();
+    void administratorIsTheFirst();
+    void everyTableHasTransactions();
     void failedTableStopsTheCreation();
     void failedSeedNamesItsTable();
     void serverKeepsTheRules();
@@ -126,6 +128,31 @@ void TstSchema::usersAndOperationsAreSeededOnce()
     QCOMPARE(base.value("SELECT COUNT(*) FROM lst_permis"), QString("0"));
     QCOMPARE(base.value("SELECT COUNT(*) FROM lst_group"), QString("0"));
     QCOMPARE(base.value("SELECT COUNT(*) FROM slujb_op"), QString("1"));
+}
+
+/// A cluster's nodes count in steps, each from a number of its own.
+void TstSchema::administratorIsTheFirst()
+{
+    FreshDatabase base(FreshDatabase::Empty);
+    base.exec("SET SESSION auto_increment_increment=3, auto_increment_offset=2");
+    QVERIFY(createSchema(base.db()));
+    QCOMPARE(base.rows("SELECT id,login,id_g_prem,id_group,id_shop FROM users"),
+             QStringList{"1|admin|1|1|0"});
+    QCOMPARE(base.rows("SELECT id FROM group_premission"), QStringList{"1"});
+    QCOMPARE(base.rows("SELECT DISTINCT id_g_prem FROM lst_permis"), QStringList{"1"});
+    QCOMPARE(base.rows("SELECT id FROM group_shop UNION SELECT id FROM group_goods"), QStringList{"1"});
+}
+
+void TstSchema::everyTableHasTransactions()
+{
+    FreshDatabase base(FreshDatabase::Empty);
+    const GlobalVariable engine("default_storage_engine", "MyISAM");
+    FreshDatabase made;
+    QCOMPARE(made.rows("SELECT DISTINCT ENGINE FROM INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE()"),
+             QStringList{"InnoDB"});
+    QCOMPARE(tablesWithoutTransactions(made.db()), QStringList());
+    made.exec("ALTER TABLE goods_shop ENGINE=MyISAM");
+    QCOMPARE(tablesWithoutTransactions(made.db()), QStringList{"goods_shop (MyISAM)"});
 }
 
 void TstSchema::failedTableStopsTheCreation()

@@ -13,6 +13,7 @@ class TstTuning : public QObject
 private slots:
     void addedAndTakenAway();
     void halfOfThemIsCompleted();
+    void registersSellWhileItWaits();
     void stoppedWorkChangesNothing();
     void endedStatementIsReported();
 
@@ -61,11 +62,11 @@ void TstTuning::openForeignTransaction(QSqlDatabase *other)
 
 void TstTuning::addedAndTakenAway()
 {
-    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(false));
+    QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::None));
     QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
     QCOMPARE(added(),
              QStringList({"data_time,id_type,id_kass,id_chek,id_zvit,summa,count", "id_kass,id_chek"}));
-    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(true));
+    QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::Whole));
     QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
     QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
     QCOMPARE(added(), QStringList());
@@ -76,10 +77,37 @@ void TstTuning::halfOfThemIsCompleted()
 {
     QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
     m_base.exec("DROP INDEX tune_data_time ON cheks");
-    QCOMPARE(isDatabaseTuned(m_base.db()), std::optional<bool>(false));
+    QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::Partial));
     QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
     QCOMPARE(added().size(), 2);
     QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+}
+
+/// Whoever sells waits behind the work for a second at most, and the work goes on when the table is free.
+void TstTuning::registersSellWhileItWaits()
+{
+    QSqlDatabase other;
+    openForeignTransaction(&other);
+    qint64 longest = 0;
+    const auto outcome = work(DatabaseTuning::Add, [&](DatabaseTuning *) {
+        QElapsedTimer whole;
+        whole.start();
+        while (whole.elapsed() < 1500) {
+            QElapsedTimer clock;
+            clock.start();
+            m_base.exec("UPDATE cheks SET summa=1 WHERE id_kass=7");
+            longest = qMax(longest, clock.elapsed());
+            QTest::qWait(20);
+        }
+        QVERIFY(QSqlQuery(other).exec("COMMIT"));
+    });
+    QCOMPARE(outcome, DatabaseTuning::Done);
+    QVERIFY2(longest > 200 && longest < 2000, qPrintable(QString::number(longest)));
+    QCOMPARE(added().size(), 2);
+    QCOMPARE(m_base.heard.texts(), QStringList());
+    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase("other");
 }
 
 void TstTuning::stoppedWorkChangesNothing()
