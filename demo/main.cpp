@@ -7,7 +7,6 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QTextStream>
 
@@ -115,7 +114,7 @@ bool dropDatabase(const DatabaseAddress &address, QObject *receiver)
     server.name.clear();
     QSqlDatabase db = addConnection(QStringLiteral("drop"), server);
     if (!openConnection(db, receiver)) {
-        say(errorText(db.lastError()));
+        say(openingError(db));
         return false;
     }
     QString name = address.name;
@@ -154,7 +153,7 @@ ExitCode carryOut(const Order &order, QObject *receiver)
     }
     QSqlDatabase connection = addConnection(QStringLiteral("demo"), order.address);
     if (!openConnection(connection, receiver)) {
-        say(errorText(connection.lastError()));
+        say(openingError(connection));
         return Failed;
     }
     const Db db(&connection, receiver);
