@@ -1,5 +1,6 @@
 #include "messagetext.h"
 
+#include <QBoxLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -43,4 +44,11 @@ void MessageText::fitTo(int width)
 int MessageText::greatestWidth()
 {
     return QGuiApplication::primaryScreen()->virtualGeometry().width() / 2;
+}
+
+void fitButtons(QBoxLayout *row, int width)
+{
+    row->setDirection(QBoxLayout::LeftToRight);
+    if (row->sizeHint().width() > width)
+        row->setDirection(QBoxLayout::TopToBottom);
 }

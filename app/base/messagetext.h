@@ -2,6 +2,7 @@
 
 #include <QScrollArea>
 
+class QBoxLayout;
 class QLabel;
 
 /// The text of a question: wrapped, plain, and scrolled when the screen is too low for it.
@@ -22,3 +23,6 @@ public:
 private:
     QLabel *m_label;
 };
+
+/// Lays the buttons of a row beneath each other when they do not fit beside each other.
+void fitButtons(QBoxLayout *row, int width);

@@ -3,6 +3,9 @@
 
 #include "scanguard.h"
 
+#include <QGuiApplication>
+#include <QScreen>
+
 namespace {
 QString withAccessKey(const QString &caption)
 {
@@ -66,6 +69,7 @@ void QMessDlg::showCaptions(const QStringList &captions)
 int QMessDlg::ask(int defaultIndex, int escapeIndex)
 {
     m_answer = escapeIndex;
+    fitButtons(ui->buttonRow, QGuiApplication::primaryScreen()->availableGeometry().width() * 9 / 10);
     buttons().at(defaultIndex)->setDefault(true);
     buttons().at(defaultIndex)->setFocus();
     exec();

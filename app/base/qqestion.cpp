@@ -50,14 +50,14 @@ void QQestion::buildButtons(bool single)
     m_cancel->setVisible(!single);
     connect(m_confirm, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto *row = new QHBoxLayout;
-    row->addStretch();
+    m_buttons = new QHBoxLayout;
+    m_buttons->addStretch();
     for (QPushButton *button : {m_confirm, m_cancel}) {
         button->installEventFilter(this);
-        row->addWidget(button);
+        m_buttons->addWidget(button);
     }
-    row->addStretch();
-    static_cast<QVBoxLayout *>(layout())->addLayout(row);
+    m_buttons->addStretch();
+    static_cast<QVBoxLayout *>(layout())->addLayout(m_buttons);
 }
 
 void QQestion::addDetails(const QString &details)
@@ -126,6 +126,7 @@ int QQestion::exec(const QString &title, const QString &text)
 void QQestion::fit()
 {
     const QMargins margins = layout()->contentsMargins();
+    fitButtons(m_buttons, maximumWidth() - margins.left() - margins.right());
     const int width = qMin(maximumWidth(), layout()->sizeHint().width());
     m_text->fitTo(width - margins.left() - margins.right());
     resize(width, layout()->heightForWidth(width));

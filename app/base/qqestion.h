@@ -3,6 +3,7 @@
 #include <QDialog>
 
 class MessageText;
+class QHBoxLayout;
 class QLabel;
 class QPlainTextEdit;
 class QPushButton;
@@ -44,4 +45,5 @@ private:
     QPlainTextEdit *m_details = nullptr;
     QPushButton *m_confirm = nullptr;
     QPushButton *m_cancel = nullptr;
+    QHBoxLayout *m_buttons = nullptr;
 };

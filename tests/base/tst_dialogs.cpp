@@ -22,6 +22,7 @@ private slots:
     void strayKeysAnswerNothing();
     void warningHasOneButton();
     void longTextsFitTheScreen();
+    void buttonsFitWithLargeLetters();
     void detailsAreFoldedAndCopied();
     void fourButtonsAnswerWithTheirNumber();
     void choiceByKeys_data();
@@ -103,6 +104,34 @@ void TstDialogs::longTextsFitTheScreen()
         QVERIFY(withModal<QQestion>([&] { QQestion::question(nullptr, "Т", text); }, fits));
         QVERIFY(withModal<QMessDlg>([&] { QMessDlg::confirm(nullptr, "Т", text, "Так"); }, fits));
     }
+}
+
+void TstDialogs::buttonsFitWithLargeLetters()
+{
+    const QFont before = QApplication::font();
+    for (const int points : {9, 24}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        const auto fits = [](QDialog *dialog) {
+            const auto buttons = dialog->findChildren<QPushButton *>();
+            for (const QPushButton *button : buttons) {
+                QVERIFY2(button->isHidden() || dialog->rect().contains(button->geometry()),
+                         qPrintable(button->text()));
+                QVERIFY2(button->isHidden() || button->width() >= button->sizeHint().width(),
+                         qPrintable(button->text()));
+            }
+            QVERIFY(dialog->width() <= QGuiApplication::primaryScreen()->geometry().width());
+        };
+        QVERIFY(withModal<QQestion>([] { QQestion::question(nullptr, "Т", "Не достатньо товару!"); }, fits));
+        QVERIFY(withModal<QMessDlg>(
+            [] {
+                QMessDlg::quest(nullptr, "Т", "Закрити?", "Відмінити закриття", "Закрити тільки зміну",
+                                "Закрити період та зміну", "");
+            },
+            fits));
+    }
+    QApplication::setFont(before);
 }
 
 void TstDialogs::detailsAreFoldedAndCopied()
