@@ -24,9 +24,7 @@ QString placeCondition(const ArtPlace &place)
     const QString field = QStringLiteral("group_shop");
     if (place.group != 0)
         return anyOf(field, {QString::number(place.group)});
-    // Nobody's group: a user without groups sees nothing.
-    return anyOf(field,
-                 place.permittedGroups.isEmpty() ? QStringList{QStringLiteral("0")} : place.permittedGroups);
+    return anyOf(field, place.permittedGroups);
 }
 
 QString rangeCondition(const ArtChoice &choice)

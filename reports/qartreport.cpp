@@ -90,6 +90,7 @@ void QArtReport::setUpList()
                 tr("коротка назва коротка назва коротка назва"), QStringLiteral("9999999.99"),
                 QStringLiteral("9999999.999"), QStringLiteral("9999999.99"), QStringLiteral("9999999.99"),
                 QStringLiteral("01-01-2015")});
+    ui->listArticles->setMainColumn(Name);
     connectOpening([this](const QModelIndex &line) { showReceipts(line); });
 }
 

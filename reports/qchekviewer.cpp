@@ -219,7 +219,9 @@ void QChekViewer::rowsShown()
 {
     m_listed = m_asked;
     m_selection.stop();
-    ui->slip->clear();
+    if (!m_keepsSlip)
+        ui->slip->clear();
+    m_keepsSlip = false;
     if (m_origin && model()->rowCount() > 0)
         ui->tvCheks->setCurrentIndex(model()->index(0, ChekList::Number));
     ui->labelSum->setText(totals().constFirst());
@@ -291,6 +293,7 @@ void QChekViewer::showChekOrZvit(const QString &type, const QString &chek, const
 
 bool QChekViewer::showReceipt(uint kass, uint chek, uint shop)
 {
+    m_keepsSlip = isLoading();
     return showDocument(ChekType::Payment, {kass, chek, shop});
 }
 

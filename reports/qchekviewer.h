@@ -78,6 +78,8 @@ private:
     /// The line of another report that the receipts are asked for.
     std::optional<ChekOrigin> m_origin;
     bool m_isShowingOrigin = false;
+    /// The slip was asked for by itself while a list was on its way.
+    bool m_keepsSlip = false;
     /// Until the selection has come to rest.
     QTimer m_selection;
 };

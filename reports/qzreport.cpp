@@ -65,6 +65,7 @@ void QZReport::buildList()
                 {tr("дата час"), 0, &asDateTime}},
                {count, tr("магазин_магазинмагазин"), tr("магазин_магазин"), money, money, money, count, money,
                 count, count, money, money, QStringLiteral("01-01-15/12:12:00")});
+    ui->view->setMainColumn(Shop);
     connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 

@@ -121,8 +121,10 @@ void ReportWindow::offerPlaces(const std::function<void()> &shopsOf)
     m_refillShops = shopsOf;
     refillPlaces();
     connect(m_user, &QLoadedUser::rightsChanged, this, [this] {
-        if (m_user->isLoaded() && m_user->groups() != m_groups)
-            refillPlaces();
+        if (!m_user->isLoaded() || m_user->groups() == m_groups)
+            return;
+        emptyList();
+        refillPlaces();
     });
 }
 
@@ -180,7 +182,7 @@ void ReportWindow::emptyList()
     m_loader->cancel();
     m_heading.clear();
     m_number = 0;
-    m_model->replaceRows({});
+    m_model->replaceRows(arranged({}));
     rowsShown();
     showState(QString(), false);
 }

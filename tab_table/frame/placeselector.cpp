@@ -1,6 +1,8 @@
 #include "placeselector.h"
 #include "ui_placeselector.h"
 
+#include "combos.h"
+
 #include <QSignalBlocker>
 #include <QSqlRecord>
 
@@ -10,6 +12,7 @@ PlaceSelector::PlaceSelector(QWidget *parent) : QWidget(parent), ui(std::make_un
     setFocusProxy(ui->cbGroup);
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbRegister}) {
         box->setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 1px }"));
+        keepNarrow(box, 12);
         empty(box);
     }
     const auto changed = qOverload<int>(&QComboBox::currentIndexChanged);

@@ -7,7 +7,9 @@ QStringList shopGroupsSeen(const QLoadedUser &user)
 {
     const QString all = QStringLiteral("1");
     QStringList groups = user.groups();
-    if (!groups.isEmpty() && !groups.contains(all))
+    if (groups.isEmpty())
+        return {QStringLiteral("0")};
+    if (!groups.contains(all))
         groups.append(all);
     return groups;
 }
@@ -21,8 +23,6 @@ bool seesEveryShopGroup(const Db &db, const QLoadedUser &user)
 
 QString inShopGroups(const QString &field, const QStringList &groups)
 {
-    if (groups.isEmpty())
-        return QLatin1Char(' ') + field + QStringLiteral("=''");
     return QStringLiteral(" (") + field + QLatin1Char('=') +
            groups.join(QStringLiteral(" OR ") + field + QLatin1Char('=')) + QLatin1Char(')');
 }

@@ -280,9 +280,18 @@ void TstQChekViewer::dayOfAllShops()
     m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,3)");
     QVERIFY(m_user->reload(m_base->connection()));
     showDay(1);
+    QCOMPARE(listed(), stored(day));
     m_base->exec("DELETE FROM lst_group WHERE id_group=3");
     QVERIFY(m_user->reload(m_base->connection()));
-    QCOMPARE(listed(), stored(day));
+    // Whoever sees no group sees nothing, and what was shown goes at once.
+    m_base->exec("DELETE FROM lst_group");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(viewer().model()->rowCount(), 0);
+    QCOMPARE(child<QLabel>(m_viewer.get(), "labelSum")->text(), QString("Сума по чеках: 0.00"));
+    showDay(1);
+    m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(listed(), QStringList());
 }
 
 void TstQChekViewer::receiptsOfSeveralRows()

@@ -254,6 +254,16 @@ void TstQZReport::whoMayNotSeeAllSeesHisGroups()
     const auto *box = child<QComboBox>(&report, "cbShop");
     QCOMPARE(box->findText("вул. Чужа, 4"), -1);
     QVERIFY(box->findText("вул. Спільна, 1") > 0);
+    // Whoever sees no group sees nothing; what was shown goes with the right to see it.
+    m_base->exec("DELETE FROM lst_group");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(report.model()->rowCount(), 0);
+    QCOMPARE(report.heading(), QStringList());
+    report.load();
+    QVERIFY(loaded.wait());
+    QCOMPARE(report.model()->rowCount(), 0);
+    QCOMPARE(child<QComboBox>(&report, "cbShop")->count(), 1);
+    m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2),(1,3)");
 }
 
 void TstQZReport::headingIsThatOfTheRows()
