@@ -24,7 +24,7 @@ struct DatabaseAddress
     /// So many seconds the window's connection waits for an answer. Its longest statement of today, the
     /// number of a new receipt among ten million lines without an index, takes a few seconds on a cold
     /// disk, and may stand behind two waits of five seconds for a table and for a row.
-    int readSeconds = 40;
+    int readSeconds = 30;
 };
 bool operator==(const DatabaseAddress &one, const DatabaseAddress &other);
 inline bool operator!=(const DatabaseAddress &one, const DatabaseAddress &other)
