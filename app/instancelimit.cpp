@@ -1,8 +1,45 @@
 #include "instancelimit.h"
 
-InstanceLimit::InstanceLimit(const QString &keyPrefix)
-    : m_prefix(keyPrefix), m_semaphore(keyPrefix + QStringLiteral("DWL_SS"), 1, QSystemSemaphore::Open)
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <thread>
+
+namespace {
+/// What the thread that waits and the one that asks share; it outlives a wait that was given up.
+struct Turn
 {
+    std::promise<QString> problem;
+    std::atomic<bool> isGivenUp{false};
+};
+} // namespace
+
+InstanceLimit::InstanceLimit(const QString &keyPrefix)
+    : m_prefix(keyPrefix)
+    , m_semaphore(
+          std::make_shared<QSystemSemaphore>(keyPrefix + QStringLiteral("DWL_SS"), 1, QSystemSemaphore::Open))
+{
+}
+
+bool InstanceLimit::takeTurn(const std::function<bool()> &goOn)
+{
+    const auto turn = std::make_shared<Turn>();
+    std::future<QString> problem = turn->problem.get_future();
+    // Nothing calls a waiting semaphore off: a thread of its own waits, and is left behind when need be.
+    std::thread([semaphore = m_semaphore, turn] {
+        const bool isTaken = semaphore->acquire();
+        turn->problem.set_value(isTaken ? QString() : semaphore->errorString());
+        if (isTaken && turn->isGivenUp)
+            semaphore->release();
+    }).detach();
+    while (problem.wait_for(std::chrono::milliseconds(20)) != std::future_status::ready) {
+        turn->isGivenUp = !goOn();
+        if (turn->isGivenUp)
+            return false;
+    }
+    m_problem = problem.get();
+    m_hasTurn = true;
+    return true;
 }
 
 QString InstanceLimit::slotKey(int number) const
@@ -23,8 +60,8 @@ void InstanceLimit::sweepStaleSlots() const
 
 bool InstanceLimit::takeSlot()
 {
-    if (!m_semaphore.acquire())
-        m_problem = m_semaphore.errorString();
+    if (!m_hasTurn)
+        takeTurn([] { return true; });
     sweepStaleSlots();
     for (int i = 0; i < slotCount; ++i) {
         auto &segment = m_slots[static_cast<size_t>(i)];
@@ -43,5 +80,6 @@ bool InstanceLimit::takeSlot()
 
 void InstanceLimit::release()
 {
-    m_semaphore.release();
+    m_semaphore->release();
+    m_hasTurn = false;
 }

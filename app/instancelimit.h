@@ -4,6 +4,7 @@
 #include <QString>
 #include <QSystemSemaphore>
 #include <array>
+#include <functional>
 #include <memory>
 
 /// At most five copies of the program on one machine: each holds one of five shared-memory slots for as
@@ -14,9 +15,12 @@ public:
     /// keyPrefix: put before the names of semaphore and slots, so that tests do not meet real copies.
     explicit InstanceLimit(const QString &keyPrefix = {});
 
-    /// Looks for a free slot; false when five copies run already. A slot that cannot be had for another
-    /// reason (a second user of the machine, swept key files) does not stop the program: it goes on
-    /// without one and problem() tells why.
+    /// Waits until no other copy looks for its slot. goOn is asked many times a second meanwhile; false when
+    /// it did not want to wait any longer.
+    bool takeTurn(const std::function<bool()> &goOn);
+    /// Looks for a free slot, when it is this copy's turn; false when five copies run already. A slot that
+    /// cannot be had for another reason (a second user of the machine, swept key files) does not stop the
+    /// program: it goes on without one and problem() tells why.
     bool takeSlot();
     /// Lets the next copy look for its slot; to be called after the window of the start is over.
     void release();
@@ -30,7 +34,8 @@ private:
     QString slotKey(int number) const;
 
     QString m_prefix;
-    QSystemSemaphore m_semaphore;
+    std::shared_ptr<QSystemSemaphore> m_semaphore;
+    bool m_hasTurn = false;
     std::array<std::unique_ptr<QSharedMemory>, slotCount> m_slots;
     int m_slot = -1;
     QString m_problem;

@@ -2,6 +2,7 @@
 #include "qmessevent.h"
 #include "screenshots.h"
 #include "setting.h"
+#include "startwait.h"
 #include "tunecommand.h"
 #include "veltab.h"
 #include "wheelguard.h"
@@ -54,12 +55,14 @@ void applyTranslation(QTranslator *translator)
         warn(QStringLiteral("Помилка завантаження мови."));
 }
 
-/// Nothing when five copies run already.
+/// Nothing when five copies run already, or nobody wanted to wait for the start.
 std::optional<int> runProgram(int argc, char *argv[], QStringList *arguments)
 {
     QApplication application(argc, argv);
     *arguments = QCoreApplication::arguments();
     InstanceLimit limit(qEnvironmentVariable("VELTAB_KEY_PREFIX"));
+    if (!waitForTurn(&limit))
+        return std::nullopt;
     if (!limit.takeSlot()) {
         warn(QStringLiteral("Запущена максимальна кількість програм.\nProgram is already running."));
         return std::nullopt;

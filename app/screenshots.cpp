@@ -2,8 +2,8 @@
 
 #include "qartreport.h"
 #include "qchekviewer.h"
+#include "qmessdlg.h"
 #include "qntableview.h"
-#include "qqestion.h"
 #include "qregistersale.h"
 #include "qrowmodel.h"
 #include "qseluser.h"
@@ -74,8 +74,8 @@ void Screenshots::takeAll()
     takeModal(QStringLiteral("changpass"), [this] { m_window->changpass(); });
     takeModal(QStringLiteral("about"), [this] { m_window->about(); });
     takeModal(QStringLiteral("question"), [this] {
-        QQestion::question(m_window, tr("Ви впевнені?"),
-                           tr("Невірні налаштування\nможуть пошкодити дані в базі!"));
+        QMessDlg::confirm(m_window, tr("Ви впевнені?"),
+                          tr("Невірні налаштування\nможуть пошкодити дані в базі!"), tr("&Так"));
     });
     QCoreApplication::exit(m_failed ? 1 : 0);
 }

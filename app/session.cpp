@@ -1,9 +1,11 @@
 #include "ui_veltab.h"
 #include "veltab.h"
 
+#include "connectionstate.h"
 #include "databasestart.h"
 #include "db.h"
 #include "permissions.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
 #include "qqestion.h"
@@ -16,11 +18,47 @@
 #include "userstate.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QtConcurrent>
 
 namespace {
 const QLatin1String loginKey("login");
+const int errorsTogether = 5;
+const int messageMs = 8000;
+
+/// Where the part of an error begins that only those understand who look for its reason: behind its first
+/// empty line, else with the statement that failed. -1 when there is none.
+int detailsOf(const QString &error)
+{
+    static const QRegularExpression begin(QStringLiteral(
+        "\n\n|\n(?=(SELECT|INSERT|UPDATE|DELETE|REPLACE|CREATE|ALTER|SHOW|START|COMMIT|KILL) )"));
+    return error.indexOf(begin);
+}
+
+/// By the words of the client library, which are the same in every language: each connection of the program
+/// tells of the same lost server.
+bool isLoss(const QString &error)
+{
+    return error.contains(QLatin1String("Can't connect to")) ||
+           error.contains(QLatin1String("Lost connection to")) ||
+           error.contains(QLatin1String("server has gone away"));
+}
+
+void tellErrors(QWidget *parent, const QStringList &errors)
+{
+    const QString gap = QStringLiteral("\n\n");
+    QStringList words;
+    QStringList details;
+    for (const QString &error : errors) {
+        const int cut = detailsOf(error);
+        words.append(error.left(cut));
+        if (cut >= 0)
+            details.append(error.mid(cut).trimmed());
+    }
+    words.removeDuplicates();
+    QQestion::tell(parent, Veltab::tr("Попередження."), words.join(gap), details.join(gap));
+}
 } // namespace
 
 /// The part of the main window that connects, logs in, hears the messages and shows what the rights allow.
@@ -57,8 +95,57 @@ void Veltab::connectDatabase()
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("veltab"));
     m_db = addConnection(QStringLiteral("veltab"), m_address);
+    followConnection();
     m_task = QtConcurrent::run(connectToDatabase, &m_db, m_address, this, &m_isTaskGivenUp);
     updateMenus();
+}
+
+/// Tells in the window's bar that the server is gone as long as it is.
+void Veltab::followConnection()
+{
+    m_isLost = false;
+    const ConnectionState *state = ConnectionState::of(m_db);
+    if (state == nullptr)
+        return;
+    connect(state, &ConnectionState::lost, this, [this](const QString &words) {
+        m_isLost = true;
+        showConnectionState(words);
+    });
+    connect(state, &ConnectionState::back, this, [this] {
+        m_isLost = false;
+        ui->statusbar->showMessage(tr("Зв'язок із сервером відновлено."), messageMs);
+        readRights();
+        showConnectionState(m_user.isLoaded() ? nextStep() : tr("Користувач не увійшов."));
+    });
+}
+
+/// Whether the connection stands, in words; where to and how, in the tool tip.
+void Veltab::showServer()
+{
+    QString text = tr("Немає з'єднання");
+    if (m_isLost)
+        text = tr("Зв'язок втрачено");
+    else if (m_isConnected)
+        text = tr("З'єднано");
+    else if (m_task.isRunning())
+        text = tr("Підключення…");
+    m_serverLabel->setText(text);
+    m_serverLabel->setToolTip(serverDetails());
+    QFont font = m_userLabel->font();
+    font.setBold(m_isLost);
+    m_serverLabel->setFont(font);
+}
+
+QString Veltab::serverDetails() const
+{
+    if (m_address.host.isEmpty())
+        return QString();
+    const QString place = tr("%1:%2, база %3").arg(m_address.host).arg(m_address.port).arg(m_address.name);
+    if (!m_isConnected || m_isLost)
+        return place;
+    const QString cipher = tlsCipher(m_db);
+    return place + QLatin1Char('\n') +
+           (cipher.isEmpty() ? tr("З'єднання не захищене.") : tr("З'єднання захищене (TLS): %1").arg(cipher));
 }
 
 bool Veltab::event(QEvent *event)
@@ -77,9 +164,10 @@ bool Veltab::event(QEvent *event)
 void Veltab::handleMessage(const QMessEvent &message)
 {
     m_logger.wlog(message.kind(), tr("File:") + message.file(), message.line(), message.text());
-    if (message.kind() == QMessEvent::Warning || message.kind() == QMessEvent::Information)
-        ui->statusbar->showMessage(message.text().simplified(), 8000);
-    if (message.kind() != QMessEvent::Critical)
+    const bool isKnown = m_isLost && isLoss(message.text());
+    if (message.kind() == QMessEvent::Warning || message.kind() == QMessEvent::Information || isKnown)
+        ui->statusbar->showMessage(message.text().simplified(), messageMs);
+    if (message.kind() != QMessEvent::Critical || isKnown)
         return;
     m_errors.append(message.text());
     while (m_errors.size() > qMax(1, m_setting->countMsg()))
@@ -96,9 +184,9 @@ void Veltab::showErrors()
     QWidget *parent = QApplication::activeModalWidget();
     while (!m_errors.isEmpty()) {
         m_errors.removeDuplicates();
-        const QString text = QStringList(m_errors.mid(0, 5)).join(QStringLiteral("\n\n"));
-        m_errors = m_errors.mid(5);
-        QQestion::question(parent == nullptr ? this : parent, tr("Попередження."), text, true);
+        const QStringList burst = m_errors.mid(0, errorsTogether);
+        m_errors = m_errors.mid(errorsTogether);
+        tellErrors(parent == nullptr ? this : parent, burst);
     }
     m_isShowingErrors = false;
 }
@@ -120,9 +208,10 @@ void Veltab::finishConnecting(const QProcEvent &outcome)
 {
     m_isConnected = outcome.outcome() == QProcEvent::Connected;
     updateMenus();
-    if (m_isConnected)
+    if (m_isConnected) {
+        showConnectionState(QString());
         login();
-    else if (outcome.outcome() == QProcEvent::ConnectionFailed)
+    } else if (outcome.outcome() == QProcEvent::ConnectionFailed)
         showConnectionState(
             tr("Немає зв'язку з базою даних. Перевірте налаштування або мережу і підключіться "
                "знову."));
@@ -269,9 +358,7 @@ void Veltab::welcome()
     QUpdateBD().create_tmp(m_db, this);
     m_userLabel->setText(tr("Користувач") + QStringLiteral(": ") +
                          m_user.getNameSename(&m_db, m_user.idUser().toInt()));
-    const QVariant geometry = rememberedState(m_user.idUser(), QStringLiteral("geometry"));
-    if (geometry.isValid())
-        restoreGeometry(geometry.toByteArray());
+    restorePlace(m_user.idUser());
     showConnectionState(nextStep());
     EnableButton(true);
     if (m_user.maySee(Permission::BackOffice))
@@ -328,25 +415,13 @@ void Veltab::visible(bool vis, bool exp)
 {
     const bool exporting = (vis || exp) && m_user.maySee(Permission::ExportCsv);
     for (QAction *action : {ui->add, ui->edit, ui->dell})
-        action->setVisible(vis && !isReadOnlyTab());
+        action->setVisible(vis);
     for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
         action->setVisible(exporting);
     // Nothing stands behind these commands yet.
     for (QAction *action : {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
         action->setVisible(false);
     updateMenus();
-}
-
-/// The lists that only show what other tabs and programs write.
-bool Veltab::isReadOnlyTab() const
-{
-    const QWidget *current = ui->tabWidget->currentWidget();
-    for (const auto kind : {QTableBase::KindGoodsShops, QTableBase::KindTrancaction,
-                            QTableBase::KindTypeTransaction, QTableBase::KindZzvit}) {
-        if (current != nullptr && m_tables->tab(kind) == current)
-            return true;
-    }
-    return false;
 }
 
 void Veltab::visible(bool vis)
@@ -365,7 +440,9 @@ void Veltab::updateMenus()
     ui->login->setVisible(m_isConnected);
     ui->pbLogin->setVisible(m_isConnected && nobody);
     ui->pbReconnect->setVisible(!m_isConnected && !m_task.isRunning());
+    ui->pbSettings->setVisible(!m_isConnected || nobody);
     ui->connectionBar->setVisible(!ui->labelConnection->text().isEmpty());
+    showServer();
     for (QMenu *menu : ui->menubar->findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly)) {
         const QList<QAction *> actions = menu->actions();
         const bool any = std::any_of(actions.begin(), actions.end(), [](const QAction *action) {
@@ -407,8 +484,8 @@ void Veltab::s_setting()
 
 void Veltab::askServiceMenu()
 {
-    if (QQestion::question(this, tr("Ви впевнені?"),
-                           tr("Невірні налаштування\nможуть пошкодити дані в базі!")) != QDialog::Accepted)
+    if (!QMessDlg::confirm(this, tr("Ви впевнені?"),
+                           tr("Невірні налаштування\nможуть пошкодити дані в базі!"), tr("&Так")))
         return;
     m_isServiceShown = true;
     updateMenus();

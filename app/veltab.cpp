@@ -22,6 +22,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 #include <QtConcurrent>
 
@@ -72,13 +73,35 @@ void Veltab::buildForm()
     ui->close_tab->setVisible(false);
     ui->close_all->setVisible(false);
     buildStatusBar();
-    const QVariant geometry = rememberedState(QString(), geometryKey);
-    if (geometry.isValid())
-        restoreGeometry(geometry.toByteArray());
+    restorePlace(QString());
+}
+
+/// Where the window stood last; back on a screen, should that one be gone or smaller now.
+void Veltab::restorePlace(const QString &idUser)
+{
+    const QVariant remembered = rememberedState(idUser, geometryKey);
+    if (!remembered.isValid() || !restoreGeometry(remembered.toByteArray()) || isMaximized() ||
+        isFullScreen())
+        return;
+    const QScreen *screen = QGuiApplication::screenAt(geometry().center());
+    const QRect inner = geometry();
+    const QRect outer = frameGeometry();
+    const QRect free = (screen == nullptr ? QGuiApplication::primaryScreen() : screen)
+                           ->availableGeometry()
+                           .adjusted(inner.left() - outer.left(), inner.top() - outer.top(),
+                                     inner.right() - outer.right(), inner.bottom() - outer.bottom());
+    QRect place(inner.topLeft(), inner.size().boundedTo(free.size()));
+    place.moveLeft(qBound(free.left(), place.left(), free.right() + 1 - place.width()));
+    place.moveTop(qBound(free.top(), place.top(), free.bottom() + 1 - place.height()));
+    if (place != inner)
+        setGeometry(place);
 }
 
 void Veltab::buildStatusBar()
 {
+    m_serverLabel = new QLabel(this);
+    m_serverLabel->setObjectName(QStringLiteral("labelServer"));
+    ui->statusbar->addPermanentWidget(m_serverLabel);
     m_userLabel = new QLabel(this);
     m_userLabel->setObjectName(QStringLiteral("labelUser"));
     ui->statusbar->addPermanentWidget(m_userLabel);
@@ -260,6 +283,7 @@ void Veltab::changetab(int index)
     offer(ui->menu_export, {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251},
           m_reports->exportRefusal());
     offer(ui->menu_edit, {ui->add, ui->edit, ui->dell}, m_tables->recordRefusal());
+    focusCurrentTab();
 }
 
 /// What the page in front cannot do is told at the command, not after a file was chosen.
@@ -270,6 +294,27 @@ void Veltab::offer(QMenu *menu, const QList<QAction *> &actions, const QString &
         action->setEnabled(refusal.isEmpty());
         action->setToolTip(refusal);
         action->setStatusTip(refusal);
+    }
+}
+
+/// A tab that comes to the front for the first time gets the focus in its first field; one that was there
+/// before keeps it where it was.
+void Veltab::focusCurrentTab()
+{
+    QWidget *tab = ui->tabWidget->currentWidget();
+    if (tab == nullptr)
+        return;
+    const char *const wasInFront = "wasInFront";
+    const QWidget *focus = QApplication::focusWidget();
+    if (tab->property(wasInFront).toBool() && focus != nullptr && tab->isAncestorOf(focus))
+        return;
+    tab->setProperty(wasInFront, true);
+    if (tab->focusProxy() != nullptr || tab->focusPolicy() != Qt::NoFocus)
+        return tab->setFocus(Qt::TabFocusReason);
+    for (QWidget *next = tab->nextInFocusChain(); next != tab; next = next->nextInFocusChain()) {
+        if (tab->isAncestorOf(next) && next->isVisibleTo(tab) && next->isEnabledTo(tab) &&
+            (next->focusPolicy() & Qt::TabFocus) != 0)
+            return next->setFocus(Qt::TabFocusReason);
     }
 }
 

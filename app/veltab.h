@@ -109,6 +109,7 @@ private:
     void announceUpdate();
     void openOwnTab(OwnTab kind, const std::function<QWidget *()> &make);
     void closeTabs();
+    void focusCurrentTab();
     void applySettings();
     bool hasNewAddress() const;
     bool isBusy();
@@ -121,9 +122,11 @@ private:
     void showErrors();
     void offerSchema(bool databaseIsMissing);
     void showConnectionState(const QString &text);
+    void followConnection();
+    void showServer();
+    QString serverDetails() const;
     void showRights();
     void updateMenus();
-    bool isReadOnlyTab() const;
     bool mayLeave();
     bool mayRememberLogin() const;
     bool isFirstUserUntouched();
@@ -133,6 +136,7 @@ private:
     bool findUser(const QString &name, const QString &identifier, bool isCard);
     void askServiceMenu();
     void rememberGeometry();
+    void restorePlace(const QString &idUser);
     void refuse(const QString &text);
     void askAndExport(const QString &code);
     bool exportCurrent(const QString &code, const QString &path);
@@ -155,9 +159,11 @@ private:
     std::atomic<bool> m_isTaskGivenUp{false};
     QPointer<TuneWindow> m_tuning;
     QLabel *m_userLabel = nullptr;
+    QLabel *m_serverLabel = nullptr;
     QStringList m_errors;
     bool m_isShowingErrors = false;
     bool m_isConnected = false;
+    bool m_isLost = false;
     bool m_isReconnectWanted = false;
     bool m_isUnattended = false;
     bool m_isServiceShown = false;

@@ -2,6 +2,7 @@
 
 #include "db.h"
 #include "qmessevent.h"
+#include "servererror.h"
 
 namespace {
 const int quotedCharacters = 500;
@@ -23,10 +24,13 @@ std::optional<QSqlQuery> runSecret(const Db &db, const QString &sql, const QStri
 {
     QString error;
     auto query = db.attempt(sql, &error);
-    if (!query)
-        postMessage(db.receiver(),
-                    failure + QLatin1Char('\n') + withoutSecrets(error, secrets) + QLatin1Char('\n') +
-                        withoutSecrets(sql, secrets).left(quotedCharacters),
-                    QMessEvent::Critical, file, line);
-    return query;
+    if (query)
+        return query;
+    const QString words = serverWords(db.lastErrorNumber());
+    postMessage(db.receiver(),
+                (words.isEmpty() ? words : words + QStringLiteral("\n\n")) + failure + QLatin1Char('\n') +
+                    withoutSecrets(error, secrets) + QLatin1Char('\n') +
+                    withoutSecrets(sql, secrets).left(quotedCharacters),
+                QMessEvent::Critical, file, line);
+    return std::nullopt;
 }

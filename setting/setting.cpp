@@ -11,19 +11,24 @@
 #include <QFileDialog>
 #include <QLibrary>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QStyleFactory>
 
 namespace {
 const char *const passwordKey = "QMYSQL/PASSWORD";
+const char *const tlsKey = "QMYSQL_TLS/MODE";
 const char *const styleKey = "INTERFACE/STYLE";
 const char *const languageKey = "INTERFACE/PATH_LANGUAGE";
 const char *const autoUpdateKey = "M_UPDATER/IS_AUTOUPDATE";
 const char *const versionKey = "VERSION/VERSION";
 const char *const programVersion = "3. 0. 0. 17";
 
+/// A box whose items carry the value to store shows their captions; what it does not know is its last item.
 void showInCombo(QComboBox *combo, const QString &text)
 {
+    if (combo->itemData(0).isValid())
+        return combo->setCurrentIndex(combo->findData(text) < 0 ? combo->count() - 1 : combo->findData(text));
     if (combo->findText(text) < 0)
         combo->addItem(text);
     combo->setCurrentText(text);
@@ -49,7 +54,8 @@ QVariant shownIn(const QWidget *widget)
         return spin->value();
     if (const auto *box = qobject_cast<const QCheckBox *>(widget))
         return box->isChecked();
-    return qobject_cast<const QComboBox *>(widget)->currentText();
+    const auto *combo = qobject_cast<const QComboBox *>(widget);
+    return combo->currentData().isValid() ? combo->currentData() : combo->currentText();
 }
 } // namespace
 
@@ -60,6 +66,8 @@ setting::setting(const QString &directory, QWidget *parent)
     chooseFile = [this](const QString &title, const QString &filter, const QString &path) {
         return QFileDialog::getOpenFileName(this, title, path, filter);
     };
+    makePagesScroll();
+    fillTls();
     ui->cbStyle->addItems(QStringList(QString()) + QStyleFactory::keys());
     loadPasswordLibrary();
     ReadSetting(directory);
@@ -68,6 +76,30 @@ setting::setting(const QString &directory, QWidget *parent)
 }
 
 setting::~setting() = default;
+
+/// The pages are higher than a small screen with large letters.
+void setting::makePagesScroll()
+{
+    for (int i = 0; i < ui->tabs->count(); ++i) {
+        const QString title = ui->tabs->tabText(i);
+        QWidget *page = ui->tabs->widget(i);
+        auto *area = new QScrollArea(ui->tabs);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        area->setFocusPolicy(Qt::NoFocus);
+        ui->tabs->removeTab(i);
+        area->setWidget(page);
+        ui->tabs->insertTab(i, area, title);
+    }
+    ui->tabs->setCurrentIndex(0);
+}
+
+void setting::fillTls()
+{
+    ui->cbTls->addItem(tr("ні"), QStringLiteral("off"));
+    ui->cbTls->addItem(tr("якщо сервер уміє"), QStringLiteral("wanted"));
+    ui->cbTls->addItem(tr("лише захищене"), QStringLiteral("required"));
+}
 
 void setting::loadPasswordLibrary()
 {
@@ -92,6 +124,9 @@ void setting::connectButtons()
     connect(ui->pbOk, &QPushButton::clicked, this, &setting::save);
     connect(ui->pbCancel, &QPushButton::clicked, this, &setting::cancel);
     connect(ui->pbPathLang, &QPushButton::clicked, this, &setting::DialogPathLang);
+    connect(ui->pbTlsCa, &QPushButton::clicked, this, [this] {
+        choose(ui->leTlsCa, tr("Вибрати файл сертифікатів"), tr("Сертифікати (*.pem *.crt)"));
+    });
     connect(ui->pbShopRMousPath, &QPushButton::clicked, this, &setting::DialogShopRMousPathPrg);
     connect(ui->pbKassRMousPath, &QPushButton::clicked, this, &setting::DialogKassRMousPathPrg);
     connect(ui->pbKassLMovePath, &QPushButton::clicked, this, &setting::DialogKassLMoveMousPathPrg);
@@ -262,6 +297,12 @@ DatabaseAddress setting::databaseAddress() const
     address.user = value(QStringLiteral("QMYSQL/DEFLOGIN")).toString();
     address.password = value(QLatin1String(passwordKey)).toString();
     address.name = value(QStringLiteral("QMYSQL/NAMEBASE")).toString();
+    const QString mode = value(QLatin1String(tlsKey)).toString();
+    // A word that is not understood must not open what was meant to be closed.
+    address.tls = mode == QLatin1String("off")      ? DatabaseAddress::Tls::Off
+                  : mode == QLatin1String("wanted") ? DatabaseAddress::Tls::Wanted
+                                                    : DatabaseAddress::Tls::Required;
+    address.caFile = value(QStringLiteral("QMYSQL_TLS/CA_FILE")).toString();
     return address;
 }
 

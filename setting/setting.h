@@ -89,6 +89,8 @@ signals:
     void saved();
 
 private:
+    void makePagesScroll();
+    void fillTls();
     void loadPasswordLibrary();
     void connectButtons();
     void readKey(const SettingFile &file, const SettingKey &key);

@@ -71,6 +71,8 @@ const QVector<SettingKey> &settingKeys()
         {"QMYSQL/NAMEBASE", "testbase", "leBase"},
         {"QMYSQL/DRIVER", "QMYSQL", "cbDriver"},
         {"QMYSQL/PASSWORD", "lemk", "lePassword"},
+        {"QMYSQL_TLS/MODE", "off", "cbTls"},
+        {"QMYSQL_TLS/CA_FILE", "", "leTlsCa"},
         {"INTERFACE/PATH_LANGUAGE", "", "lePathLang"},
         {"INTERFACE/COUNT_MSG", 100, "sbCountMsg"},
         {"INTERFACE/STYLE", "", "cbStyle"},

@@ -2807,6 +2807,10 @@ Write with that date?</translation>
         <translation>Wrong settings
 can damage the data in the database!</translation>
     </message>
+    <message>
+        <source>&amp;Так</source>
+        <translation>&amp;Yes</translation>
+    </message>
 </context>
 <context>
     <name>ServerError</name>
@@ -3238,10 +3242,6 @@ With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or
         <translation>&amp;Log in…</translation>
     </message>
     <message>
-        <source>&amp;Підключитись знову</source>
-        <translation>&amp;Connect again</translation>
-    </message>
-    <message>
         <source>&amp;Налаштування…</source>
         <translation>&amp;Settings…</translation>
     </message>
@@ -3350,20 +3350,12 @@ With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or
         <translation>T&amp;ransaction types</translation>
     </message>
     <message>
-        <source>&amp;Зміни</source>
-        <translation>Shi&amp;fts</translation>
-    </message>
-    <message>
         <source>&amp;Службові операції</source>
         <translation>Ser&amp;vice operations</translation>
     </message>
     <message>
         <source>&amp;Дні оновлення</source>
         <translation>Update da&amp;ys</translation>
-    </message>
-    <message>
-        <source>Подат&amp;кові групи</source>
-        <translation>Ta&amp;x groups</translation>
     </message>
     <message>
         <source>&amp;Чеки</source>
@@ -3624,10 +3616,6 @@ TO VERSION
         <translation>Close &amp;tab</translation>
     </message>
     <message>
-        <source>Закрити всі в&amp;кладки</source>
-        <translation>Close &amp;all tabs</translation>
-    </message>
-    <message>
         <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
         <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
     </message>
@@ -3658,6 +3646,58 @@ TO VERSION
     <message>
         <source>Таблиці %1 зроблено без транзакцій: чек або зміна можуть записатися наполовину чи двічі. Адміністратор бази має перевести їх на InnoDB (ALTER TABLE … ENGINE=InnoDB), коли ніхто не продає.</source>
         <translation>The tables %1 are made without transactions: a receipt or a shift may be written by half or twice. The database administrator has to convert them to InnoDB (ALTER TABLE … ENGINE=InnoDB) while nobody sells.</translation>
+    </message>
+    <message>
+        <source>Підкл&amp;ючитись знову</source>
+        <translation>&amp;Reconnect</translation>
+    </message>
+    <message>
+        <source>Змі&amp;ни</source>
+        <translation>S&amp;hifts</translation>
+    </message>
+    <message>
+        <source>Податко&amp;ві групи</source>
+        <translation>Ta&amp;x groups</translation>
+    </message>
+    <message>
+        <source>Закрити вс&amp;і вкладки</source>
+        <translation>Close &amp;all tabs</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок із сервером відновлено.</source>
+        <translation>The connection to the server is back.</translation>
+    </message>
+    <message>
+        <source>Немає з&apos;єднання</source>
+        <translation>Not connected</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок втрачено</source>
+        <translation>Connection lost</translation>
+    </message>
+    <message>
+        <source>З&apos;єднано</source>
+        <translation>Connected</translation>
+    </message>
+    <message>
+        <source>Підключення…</source>
+        <translation>Connecting…</translation>
+    </message>
+    <message>
+        <source>%1:%2, база %3</source>
+        <translation>%1:%2, database %3</translation>
+    </message>
+    <message>
+        <source>З&apos;єднання не захищене.</source>
+        <translation>The connection is not encrypted.</translation>
+    </message>
+    <message>
+        <source>З&apos;єднання захищене (TLS): %1</source>
+        <translation>The connection is encrypted (TLS): %1</translation>
+    </message>
+    <message>
+        <source>&amp;Так</source>
+        <translation>&amp;Yes</translation>
     </message>
 </context>
 <context>
@@ -3940,6 +3980,34 @@ The changes last only until the program is closed. To keep them, allow writing t
     <message>
         <source>Вибрати програму.</source>
         <translation>Choose the program.</translation>
+    </message>
+    <message>
+        <source>Зах&amp;ист з&apos;єднання (TLS):</source>
+        <translation>E&amp;ncryption (TLS):</translation>
+    </message>
+    <message>
+        <source>С&amp;ертифікати, яким вірити:</source>
+        <translation>T&amp;rusted certificates:</translation>
+    </message>
+    <message>
+        <source>Вибрати файл сертифікатів</source>
+        <translation>Choose the file of certificates</translation>
+    </message>
+    <message>
+        <source>ні</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>якщо сервер уміє</source>
+        <translation>when the server can</translation>
+    </message>
+    <message>
+        <source>лише захищене</source>
+        <translation>encrypted only</translation>
+    </message>
+    <message>
+        <source>Сертифікати (*.pem *.crt)</source>
+        <translation>Certificates (*.pem *.crt)</translation>
     </message>
 </context>
 </TS>

@@ -1,7 +1,11 @@
 #include "testing.h"
 
 #include "instancelimit.h"
+#include "startwait.h"
 
+#include <QAbstractButton>
+#include <QDeadlineTimer>
+#include <QMessageBox>
 #include <QProcess>
 
 #include <csignal>
@@ -15,6 +19,7 @@ private slots:
     void sixthCopyIsRefused();
     void freedSlotIsTakenAgain();
     void slotOfAKilledCopyIsFree();
+    void waitingIsToldAndMayBeGivenUp();
 
 private:
     static QString prefix()
@@ -70,6 +75,45 @@ void TstInstanceLimit::slotOfAKilledCopyIsFree()
     next.release();
     QCOMPARE(next.slot(), 0);
     QVERIFY2(next.problem().isEmpty(), qPrintable(next.problem()));
+}
+
+/// Another copy stands between its turn and its slot: it still shows a warning, say.
+void TstInstanceLimit::waitingIsToldAndMayBeGivenUp()
+{
+    const QString keys = prefix();
+    auto holder = std::make_unique<InstanceLimit>(keys);
+    QVERIFY(holder->takeTurn([] { return true; }));
+    int told = 0;
+    QTimer hand;
+    QString button = "Чекати далі";
+    connect(&hand, &QTimer::timeout, this, [&] {
+        auto *notice = qobject_cast<QMessageBox *>(QApplication::activeWindow());
+        if (notice == nullptr)
+            return;
+        ++told;
+        QVERIFY(notice->text().startsWith("Запуск чекає на іншу копію програми…"));
+        const auto buttons = notice->buttons();
+        for (QAbstractButton *one : buttons) {
+            if (one->text().remove('&') == button)
+                QTest::mouseClick(one, Qt::LeftButton);
+        }
+    });
+    hand.start(50);
+    InstanceLimit waiting(keys);
+    // Goes on waiting, until the other copy is done.
+    QTimer::singleShot(600, this, [&] { holder->release(); });
+    QVERIFY(waitForTurn(&waiting, 100));
+    QCOMPARE(told, 1);
+    QVERIFY(waiting.takeSlot());
+    button = "Вийти";
+    InstanceLimit leaving(keys);
+    QVERIFY(!waitForTurn(&leaving, 100));
+    QCOMPARE(told, 2);
+    // Who was left behind lets the next one pass when its turn comes.
+    waiting.release();
+    InstanceLimit next(keys);
+    QVERIFY(next.takeTurn([clock = QDeadlineTimer(5000)] { return !clock.hasExpired(); }));
+    next.release();
 }
 
 int main(int argc, char *argv[])

@@ -49,6 +49,9 @@ private slots:
     void unwritableFileIsTold();
     void chosenFilesGoToTheirFields();
     void everyInputHasALabel();
+    void encryptionIsChosen_data();
+    void encryptionIsChosen();
+    void fitsASmallScreen();
 
 private:
     QString text(const char *key) const
@@ -349,6 +352,51 @@ void TstSetting::everyInputHasALabel()
                                           [&](const QLabel *label) { return label->buddy() == widget; });
         QVERIFY2(labelled || qobject_cast<const QCheckBox *>(widget) != nullptr, key.path);
     }
+}
+
+void TstSetting::encryptionIsChosen_data()
+{
+    using Tls = DatabaseAddress::Tls;
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<int>("mode");
+    QTest::newRow("absent") << QString() << static_cast<int>(Tls::Off);
+    QTest::newRow("off") << "off" << static_cast<int>(Tls::Off);
+    QTest::newRow("wanted") << "wanted" << static_cast<int>(Tls::Wanted);
+    QTest::newRow("required") << "required" << static_cast<int>(Tls::Required);
+    QTest::newRow("mistyped") << "requried" << static_cast<int>(Tls::Required);
+}
+
+void TstSetting::encryptionIsChosen()
+{
+    QFETCH(QString, stored);
+    if (!stored.isEmpty())
+        SettingFile(m_directory->path()).setValue("QMYSQL_TLS/MODE", stored);
+    SettingFile(m_directory->path()).setValue("QMYSQL_TLS/CA_FILE", "/etc/ca.pem");
+    setting set(m_directory->path(), m_window.get());
+    QTEST(static_cast<int>(set.databaseAddress().tls), "mode");
+    QCOMPARE(set.databaseAddress().caFile, QString("/etc/ca.pem"));
+    set.save();
+    QTEST(static_cast<int>(setting(m_directory->path(), m_window.get()).databaseAddress().tls), "mode");
+    auto *box = child<QComboBox>(&set, "cbTls");
+    box->setCurrentIndex(1);
+    set.save();
+    QCOMPARE(text("QMYSQL_TLS/MODE"), QString("wanted"));
+}
+
+void TstSetting::fitsASmallScreen()
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(12);
+    QApplication::setFont(large);
+    setting set(m_directory->path(), m_window.get());
+    set.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&set));
+    QApplication::setFont(before);
+    // What a title bar and a panel leave of 1024 x 600.
+    QVERIFY2(set.width() <= 1000 && set.height() <= 540,
+             qPrintable(QString("%1 x %2").arg(set.width()).arg(set.height())));
+    QVERIFY(child<QPushButton>(&set, "pbOk")->isVisible());
 }
 
 QTEST_MAIN(TstSetting)
