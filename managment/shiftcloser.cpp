@@ -15,18 +15,17 @@ QString ofShift(const QString &kass, const QString &zNumber)
     return QStringLiteral(" WHERE id_kass=") + kass + QStringLiteral(" AND id_zzvit=") + zNumber;
 }
 
-/// The service cash and the latest receipt are read in one pass over the shift's receipts.
+/// The service cash and the latest receipt are read in one pass over the register's receipts.
 QString otherFigures(const QString &kass, const QString &zNumber)
 {
     return QStringLiteral(
                "SELECT z_zvit.id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
-               "count_chek_canc,vnesenia_sum,viluchenia_sum,latest FROM z_zvit LEFT JOIN "
-               "(SELECT id_shop,SUM(IF(id_type=4,summa,0)) AS vnesenia_sum,"
-               "SUM(IF(id_type=5,summa,0)) AS viluchenia_sum,"
-               "DATE_FORMAT(MAX(data_time),'%Y%m%d%H%i%s') AS latest FROM cheks WHERE id_kass=") +
-           kass + QStringLiteral(" AND id_zvit=") + zNumber +
-           QStringLiteral(" GROUP BY id_shop) AS sold ON sold.id_shop=z_zvit.id_shop") +
-           ofShift(kass, zNumber);
+               "count_chek_canc,SUM(IF(cheks.id_type=4,summa,0)),SUM(IF(cheks.id_type=5,summa,0)),"
+               "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s') FROM z_zvit LEFT JOIN cheks ON "
+               "cheks.id_shop=z_zvit.id_shop AND cheks.id_kass=z_zvit.id_kass AND "
+               "cheks.id_zvit=z_zvit.id_zzvit WHERE z_zvit.id_kass=") +
+           kass + QStringLiteral(" AND z_zvit.id_zzvit=") + zNumber +
+           QStringLiteral(" GROUP BY z_zvit.id_zzvit,z_zvit.id_kass");
 }
 
 ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStringList &other)

@@ -590,13 +590,16 @@ void tst_shiftclosing::figuresOfTheShift()
 {
     sell();
     sell(2);
+    sell(4);
     m_base->exec(text("UPDATE z_zvit SET cash_ret=2500,Oborot_A_ret=2000,Oborot_G_ret=500,count_cheks_ret=1 "
                       "WHERE id_kass=1"));
     m_base->exec(documentRows("1,1,1,2", {{6, 2000}, {6, 500}, {3, 2500}}) +
                  documentRows("1,1,1,3", {{4, 10000}}) + documentRows("1,1,1,4", {{5, 3000}}) +
                  documentRows("1,1,1,5", {{4, 5000}, {5, 100}}) + documentRows("1,1,9,6", {{4, 1}, {5, 2}}) +
                  documentRows("1,2,1,7", {{4, 3}, {5, 4}}) + documentRows("2,1,1,8", {{4, 5}, {5, 6}}) +
-                 documentRows("2,4,1,9", {{4, 7}, {5, 8}}));
+                 documentRows("2,4,1,9", {{4, 7}, {5, 8}}) + documentRows("1,4,1,9", {{4, 9}, {5, 10}}));
+    const auto elsewhere = ShiftCloser(m_base->db(), place(4)).figures(text("1"));
+    QVERIFY(elsewhere && elsewhere->vnesenia == 7 && elsewhere->issued == 8);
     const ShiftFigures shown = figures();
     QCOMPARE(shown.shop, text("1"));
     QCOMPARE(shown.cash, qint64(7000));
