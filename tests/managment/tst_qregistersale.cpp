@@ -206,7 +206,10 @@ void tst_qregistersale::wholeSaleByKeyboard()
     type(text("4820000000130"));
     key(Qt::Key_Plus);
     QCOMPARE(in<MoneySpinBox>(m_tab.get(), "dsbSum")->kopecks(), qint64(13000));
+    m_base->exec(text("UPDATE updat SET updat='2020-01-01'"));
     pay(text("60,5"), {Qt::Key_F6, Qt::Key_Return});
+    QCOMPARE(m_base->rows(text("SELECT name FROM updat WHERE updat>'2020-01-01' ORDER BY name")),
+             (QStringList{text("cheks"), text("goods_shop"), text("z_zvit")}));
     QCOMPARE(notice(), text("Чек № 1, 130.00"));
     QCOMPARE(cheks(), text("1|5000 1|2000 1|6000 3|13000"));
     QCOMPARE(m_base->rows(text("SELECT cash,beznal_1 FROM z_zvit")), (QStringList{text("6050|6950")}));
