@@ -112,9 +112,8 @@ void QRegisterSale::showReceipt()
 {
     const Receipt &receipt = m_chek->receipt();
     ui->dsbSum->setKopecks(receipt.total());
-    const QSignalBlocker hold(ui->dsbDiscount);
-    if (ui->dsbDiscount->isReadable())
-        ui->dsbDiscount->setKopecks(receipt.discount());
+    if (!isDiscountBegun())
+        showDiscount();
     ui->lbToPay->setText(moneyShown(receipt.toPay()));
 }
 
@@ -450,8 +449,8 @@ void QRegisterSale::clearReceipt()
 {
     m_typed.reset();
     m_notAdded.clear();
-    ui->dsbDiscount->setKopecks(0);
     m_chek->clear();
+    showDiscount();
     backToToday();
 }
 

@@ -165,6 +165,7 @@ private:
     void removeRow();
     void discountTyped();
     bool isDiscountBegun() const;
+    void showDiscount();
     void escape();
     void focusSearch();
 
@@ -207,6 +208,7 @@ private:
     bool m_isTakingScans = false;
     QStringList m_notAdded;
     bool m_isPaying = false;
+    qint64 m_shownDiscount = 0;
     /// The receipt that was written last, while the notice tells of it.
     std::optional<Slip> m_slip;
     /// A receipt of which the server has not told whether it was written.

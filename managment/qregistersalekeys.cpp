@@ -247,21 +247,30 @@ void QRegisterSale::removeRow()
     focusSearch();
 }
 
+/// What somebody types there is not covered by a receipt that changes meanwhile.
 bool QRegisterSale::isDiscountBegun() const
 {
-    return ui->dsbDiscount->text() != moneyText(m_chek->receipt().discount());
+    return ui->dsbDiscount->text() != moneyText(m_shownDiscount);
+}
+
+void QRegisterSale::showDiscount()
+{
+    const QSignalBlocker hold(ui->dsbDiscount);
+    m_shownDiscount = m_chek->receipt().discount();
+    ui->dsbDiscount->setKopecks(m_shownDiscount);
 }
 
 /// What was typed before it counts first; what cannot be read stays where it is.
 void QRegisterSale::discountTyped()
 {
     settleQuantity();
-    if (!ui->dsbDiscount->isReadable() || ui->dsbDiscount->kopecks() == m_chek->receipt().discount())
+    if (!isDiscountBegun() || !ui->dsbDiscount->isReadable())
         return;
     notify(QString());
-    if (mayChange() && !m_chek->receipt().isEmpty())
-        m_chek->setDiscount(ui->dsbDiscount->kopecks());
-    showReceipt();
+    const qint64 typed = ui->dsbDiscount->kopecks();
+    if (typed != m_chek->receipt().discount() && mayChange() && !m_chek->receipt().isEmpty())
+        m_chek->setDiscount(typed);
+    showDiscount();
 }
 
 /// First what was told goes, then what is being typed, then the search, then, after a question, the receipt.
@@ -271,8 +280,7 @@ void QRegisterSale::escape()
     m_notAdded.clear();
     notify(QString());
     if (isTold || isDiscountBegun()) {
-        const QSignalBlocker hold(ui->dsbDiscount);
-        ui->dsbDiscount->setKopecks(m_chek->receipt().discount());
+        showDiscount();
     } else if (!ui->leSearch->text().isEmpty()) {
         dropSearch();
         ui->leSearch->clear();
