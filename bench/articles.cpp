@@ -63,6 +63,9 @@ ArtChoice measuredChoice()
     choice.place.group = measuredGroup;
     choice.zFrom = QStringLiteral("1");
     choice.zTo = QString::number(days);
+    // As the report does by itself for more than one register.
+    choice.firstDay = firstDay;
+    choice.lastDay = firstDay.addDays(days - 1);
     return choice;
 }
 } // namespace

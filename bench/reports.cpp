@@ -141,6 +141,8 @@ bool tune(const Bench &bench, DatabaseTuning::Work work)
 QVector<Figure> measureReports(const Bench &bench)
 {
     fillShifts(bench);
+    exec(bench,
+         QStringLiteral("INSERT IGNORE INTO lst_group(id_g_prem,id_group) SELECT 1,id FROM group_shop"));
     QLoadedUser user(nullptr, nullptr);
     user.load(bench.connection, QStringLiteral("1"), QStringLiteral("1"), QString());
     return {{QStringLiteral("Z-reports, 108,000 x 13, to bare"), zReportRatio(bench, &user, false), 1.3,

@@ -204,6 +204,7 @@ void QChekViewer::load()
     if (refuse(ui->range->refusal()))
         return;
     m_asked = filter();
+    m_keepsSlip = false;
     loadList(chekListSql(m_asked), asked());
 }
 
