@@ -31,7 +31,8 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
     setWindowFlags(Qt::Widget);
     m_state->setObjectName(QStringLiteral("labelState"));
     statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(m_state);
+    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(m_state, 1);
     addPrintButtons();
     connect(m_loader, &ListLoader::found, this, &ReportWindow::showFound);
 }
@@ -173,7 +174,10 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
     sortAsBefore();
     m_list->setEmptyText(tr("немає даних"));
     rowsShown();
-    showState(tr("Рядків: %1, час: %2 с").arg(shownRows()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2), false);
+    // The boxes above may say something else by now.
+    showState(tr("Рядків: %1, час: %2 с").arg(shownRows()).arg(m_clock.elapsed() / 1000.0, 0, 'f', 2) +
+                  QStringLiteral(" · ") + m_heading.mid(1).join(QStringLiteral(", ")),
+              false);
     emit loaded();
 }
 
@@ -211,6 +215,7 @@ void ReportWindow::sortAsBefore()
 void ReportWindow::showState(const QString &text, bool loading)
 {
     m_state->setText(text);
+    m_state->setToolTip(text);
     for (QPushButton *button : {m_print, m_pdf})
         button->setDisabled(loading || m_list->model()->rowCount() == 0);
     // The keyboard goes on in the list, not in whatever stands behind the button.

@@ -283,6 +283,7 @@ void TstQZReport::headingIsThatOfTheRows()
     QCOMPARE(m_report->heading(), shown);
     load();
     QCOMPARE(m_report->heading().at(2), QString("01.03.2026"));
+    QVERIFY(part<QLabel>("labelState")->text().endsWith("с · усі магазини, 01.03.2026"));
 }
 
 void TstQZReport::printedListTellsItsFigures()
