@@ -170,8 +170,9 @@ QVector<double> ListPages::wantedWidths(const QFont &font, QPaintDevice *device)
 
 void ListPages::chooseFont(QPaintDevice *device)
 {
-    for (double points = fontPoints; points >= smallestFontPoints; points -= 0.5) {
-        m_font = fontOf(points);
+    const int steps = static_cast<int>((fontPoints - smallestFontPoints) * 2);
+    for (int step = 0; step <= steps; ++step) {
+        m_font = fontOf(fontPoints - step / 2.0);
         const double shortest = QFontMetricsF(m_font, device).averageCharWidth() * shortestLine;
         const QVector<double> widths = wantedWidths(m_font, device);
         double sum = 0;

@@ -289,7 +289,7 @@ void TstQZReport::headingIsThatOfTheRows()
 void TstQZReport::printedListTellsItsFigures()
 {
     load();
-    const QString path = m_config.filePath("z.pdf");
+    QString path = m_config.filePath("z.pdf");
     m_report->setFileChooser([&](const QString &) { return path; });
     // Chosen, not loaded.
     range()->setDays(march1, march1);
