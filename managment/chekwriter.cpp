@@ -13,6 +13,8 @@
 #include <numeric>
 
 namespace {
+/// A silent server is asked again before the next payment.
+constexpr int answerMs = 3000;
 constexpr qint64 largestNumber = std::numeric_limits<int>::max();
 
 QString ofRegister(const char *sql, const ChekPlace &place)
@@ -307,6 +309,7 @@ ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &
         },
         [](const Result &tried) { return tried.outcome == Collided || tried.outcome == Locked; });
     if (result.outcome == Unclear) {
+        waitForServer(m_db, answerMs);
         const auto written = isWritten(result.chek);
         if (written)
             result.outcome = *written ? Written : Failed;

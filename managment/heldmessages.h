@@ -27,7 +27,7 @@ auto triedAgain(const Db &db, const Attempt &attempt, const Again &again)
     constexpr int attempts = 3;
     for (int left = attempts;;) {
         HeldMessages held(db.receiver());
-        const auto result = attempt(Db(db.connection(), &held));
+        auto result = attempt(Db(db.connection(), &held));
         if (--left > 0 && again(result))
             continue;
         held.deliver();

@@ -178,6 +178,8 @@ ShiftCloser::Outcome ShiftCloser::closeOnce(const ShiftFigures &figures, const S
     }
     if (outcome != Unclear)
         return outcome;
+    constexpr int answerMs = 3000;
+    waitForServer(m_db, answerMs);
     const auto written = isClosed(shift);
     if (!written)
         return Unclear;

@@ -67,6 +67,7 @@ private slots:
     void twoWritersOnOneRegister();
     void twoWritersOnTwoRegisters();
     void lockThatIsReleased();
+    void commitThatIsRefused();
     void askedWhileTransactionIsOpen();
     void prices();
     void promotions_data();
@@ -103,6 +104,7 @@ void tst_chekwriter::init()
 void tst_chekwriter::cleanup()
 {
     Db::setStatementHook({});
+    Db::setStatementRefusal({});
 }
 
 void tst_chekwriter::cleanupTestCase()
@@ -684,6 +686,30 @@ void tst_chekwriter::lockThatIsReleased()
     QCOMPARE(result.chek.number, 1);
     QCOMPARE(m_base->heard.texts(3), QStringList());
     QCOMPARE(stock(10), text("9000"));
+    checkSums();
+}
+
+/// Another program of a cluster was quicker: nothing is written, and the server need not be asked.
+void tst_chekwriter::commitThatIsRefused()
+{
+    const Receipt sold = receipt({{10, 1000}});
+    int commits = 0;
+    int refused = 1;
+    Db::setStatementRefusal([&](const QString &sql) {
+        return sql == QLatin1String("COMMIT") && ++commits <= refused ? 1213 : 0;
+    });
+    const auto written = sell(sold);
+    QCOMPARE(written.outcome, ChekWriter::Written);
+    QCOMPARE(written.chek.number, 1);
+    QCOMPARE(commits, 2);
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+    const QStringList before = this->written();
+    commits = 0;
+    refused = 3;
+    QCOMPARE(sell(sold).outcome, ChekWriter::Locked);
+    QCOMPARE(commits, 3);
+    QCOMPARE(this->written(), before);
+    QCOMPARE(m_base->heard.texts().size(), 1);
     checkSums();
 }
 

@@ -128,6 +128,7 @@ private slots:
     void closingTime();
     void sumsWithoutValue();
     void tooMuchForAZReport();
+    void commitThatIsRefused();
     void askedWhileTransactionIsOpen();
     void closedByAnotherProgram();
     void soldWhileCounting();
@@ -682,6 +683,19 @@ void tst_shiftclosing::tooMuchForAZReport()
     m_base->exec(text("UPDATE z_zvit SET Oborot_D=2147475647"));
     QCOMPARE(close(), ShiftCloser::Closed);
     QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("2147483647"));
+}
+
+void tst_shiftclosing::commitThatIsRefused()
+{
+    sell();
+    int commits = 0;
+    Db::setStatementRefusal(
+        [&](const QString &sql) { return sql == QLatin1String("COMMIT") && ++commits < 3 ? 1205 : 0; });
+    QCOMPARE(close(), ShiftCloser::Closed);
+    Db::setStatementRefusal({});
+    QCOMPARE(commits, 3);
+    QCOMPARE(m_base->heard.texts(3), QStringList());
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("1"));
 }
 
 /// The client has lost its connection, but the server still holds the transaction: neither yes nor no.
