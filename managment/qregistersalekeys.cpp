@@ -68,7 +68,7 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
 {
     const int count = found->rows.rowCount();
     if (!found->error.isEmpty()) {
-        postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
+        postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + found->error, found->kind);
         m_goods->removeRows(0, m_goods->rowCount());
         ui->viewGoods->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
         if (m_waited)

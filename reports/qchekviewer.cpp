@@ -263,7 +263,7 @@ void QChekViewer::showChecked(const std::shared_ptr<FoundRows> &found)
                                     ? tr("Суми збігаються.")
                                     : tr("Суми не збігаються, чеків: %1").arg(m_mismatches.size()));
     } else {
-        postMessage(mainWindow(), tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
+        postMessage(mainWindow(), tr("Помилка запиту:") + QLatin1Char('\n') + found->error, found->kind);
         ui->labelCheck->setText(tr("Суми не перевірено."));
     }
     emit checked();

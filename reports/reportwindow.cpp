@@ -163,7 +163,7 @@ void ReportWindow::stopLoading()
 void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
 {
     if (!found->error.isEmpty()) {
-        postMessage(m_mainWindow, tr("Помилка запиту:") + QLatin1Char('\n') + found->error);
+        postMessage(m_mainWindow, tr("Помилка запиту:") + QLatin1Char('\n') + found->error, found->kind);
         showState(tr("Не завантажено: сервер відповів помилкою."), false);
         emit loaded();
         return;

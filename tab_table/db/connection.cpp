@@ -366,6 +366,7 @@ QString WorkerConnection::open(const DatabaseAddress &address, QObject *receiver
                                const std::atomic<bool> *isGivenUp)
 {
     const ServerAnswer answer = isGivenUp == nullptr ? ServerAnswer() : connectAside(address, *isGivenUp);
+    m_errorNumber = answer.error;
     if (isConnectionLost(answer.error))
         return answer.text.isEmpty() ? serverWords(answer.error) : answer.text;
     if (!openConnection(m_db, receiver))

@@ -101,6 +101,7 @@ public:
     bool isOpen() const { return m_db.isOpen(); }
     /// Why it is not open; with a receiver it was posted.
     const QString &error() const { return m_error; }
+    int errorNumber() const { return m_errorNumber; }
     QSqlDatabase *database() { return &m_db; }
     /// The server's number of this connection, for KILL QUERY.
     qint64 serverId() const;
@@ -112,6 +113,7 @@ private:
 
     QString m_name;
     QString m_error;
+    int m_errorNumber = 0;
     QSqlDatabase m_db;
     /// Of its own, so that it never names another one's socket.
     int m_socket = -1;

@@ -12,8 +12,23 @@ struct Texts
 
 /// The client's: not connected, gone, lost, handshake, encryption, garbled answer. The server's: it
 /// takes no more connections, is going down, has ended this one, could not read or write it.
-const int lossErrors[] = {1040, 1053, 1152, 1158, 1159, 1160, 1161, ServerError::ConnectionKilled, 2002, 2003,
-                          2005, 2006, 2012, 2013, 2026, 2027, 2055};
+const int lossErrors[] = {ServerError::TooManyConnections,
+                          1053,
+                          1152,
+                          1158,
+                          1159,
+                          1160,
+                          1161,
+                          ServerError::ConnectionKilled,
+                          2002,
+                          2003,
+                          2005,
+                          2006,
+                          2012,
+                          2013,
+                          2026,
+                          2027,
+                          2055};
 } // namespace
 
 bool isConnectionLost(int error)

@@ -5,6 +5,7 @@
 /// Error numbers of the server and of its client library that a program answers in its own way.
 namespace ServerError {
 enum {
+    TooManyConnections = 1040,
     NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
     DuplicateKey = 1062,
     LockWait = 1205,

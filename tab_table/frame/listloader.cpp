@@ -1,6 +1,6 @@
 #include "listloader.h"
 
-#include "connection.h"
+#include "connectionstate.h"
 #include "db.h"
 #include "servererror.h"
 
@@ -15,6 +15,18 @@ const int patienceMs = 2000;
 int errorNumber(const QSqlQuery &query)
 {
     return query.lastError().nativeErrorCode().toInt();
+}
+
+bool isServerSilent(int error)
+{
+    return isConnectionLost(error) && error != ServerError::TooManyConnections;
+}
+
+/// Lets the window's connection be tried too. False when the loss is known.
+bool reportLoss(const QString &source)
+{
+    ConnectionState *state = ConnectionState::of(QSqlDatabase::database(source, false));
+    return state == nullptr || state->reportLoss(true);
 }
 } // namespace
 
@@ -80,6 +92,8 @@ void ListLoader::answer(const std::shared_ptr<FoundRows> &rows)
     if (rows->request != m_newest.load())
         return;
     m_isLoading = false;
+    if (isServerSilent(rows->errorNumber) && !reportLoss(m_source))
+        rows->kind = QMessEvent::Warning;
     emit found(rows);
 }
 
@@ -122,6 +136,7 @@ bool ListWorker::connectOnce(FoundRows *result)
     auto connection = std::make_unique<WorkerConnection>(m_source, nullptr, &m_isLeaving);
     if (!connection->isOpen()) {
         result->error = tr("Немає зв'язку з базою даних.") + QLatin1Char('\n') + connection->error();
+        result->errorNumber = connection->errorNumber();
         return false;
     }
     const std::lock_guard<std::mutex> lock(m_guard);
@@ -145,6 +160,7 @@ bool ListWorker::exec(QSqlQuery *query, const QString &sql, FoundRows *result)
         executed = query->exec(sql);
         setRunning({});
     } while (!executed && errorNumber(*query) == ServerError::Interrupted);
+    result->errorNumber = errorNumber(*query);
     if (!executed)
         result->error = errorText(query->lastError()) + QLatin1Char('\n') + sql.left(500);
     return executed;
@@ -174,6 +190,7 @@ void ListWorker::run(const QString &sql, const QString &countSql, int number)
     // Twice: a connection may have been ended while nobody used it.
     for (int time = 0; time < 2 && !isOutdated(*result); ++time) {
         result->error.clear();
+        result->errorNumber = 0;
         if (!connectOnce(result.get()) || searchOnce({sql, countSql}, result.get()))
             break;
         disconnect();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qmessevent.h"
 #include "rowstore.h"
 
 #include <QObject>
@@ -21,6 +22,9 @@ struct FoundRows
     qint64 count = 0;
     /// The server's words after a failure, with the statement; else empty.
     QString error;
+    int errorNumber = 0;
+    /// How grave it is to be told: a lost server is told once, by whoever finds it first.
+    int kind = QMessEvent::Critical;
     int request = 0;
 };
 

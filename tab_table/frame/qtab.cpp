@@ -172,7 +172,7 @@ void QTab::search(const QString &newFilter, const QString &countSql)
 void QTab::showFound(const std::shared_ptr<FoundRows> &found)
 {
     if (!found->error.isEmpty()) {
-        postMessage(m_receiver, tr("Помилка запиту.") + QLatin1Char('\n') + found->error);
+        postMessage(m_receiver, tr("Помилка запиту.") + QLatin1Char('\n') + found->error, found->kind);
         m_model->removeRows(0, m_model->rowCount());
         m_view->setEmptyText(tr("Список не прочитано: сервер відповів помилкою."));
         m_count->clear();

@@ -349,6 +349,7 @@ Saved saveGoods(const Db &db, const GoodsRecord &record, const std::optional<Goo
 
 std::optional<bool> isStored(const Db &db, const GoodsRecord &record, const QString &id)
 {
+    waitForServer(db, 3000);
     const Difference other = difference(db, record, id);
     if (other.what == Difference::Unknown)
         return std::nullopt;

@@ -106,6 +106,7 @@ Saved saveRecord(const Db &db, const QString &table, QString *id, const MeantCol
 
 std::optional<bool> holds(const Db &db, const QString &table, const QString &id, const MeantColumns &meant)
 {
+    waitForServer(db, 3000);
     const Difference difference = differenceOf(db, table, id, meant);
     return difference.what == Difference::Unknown
                ? std::nullopt

@@ -23,6 +23,7 @@ private slots:
     void lostCommitIsAskedForLater();
     void leavingWaitsForNobody();
     void searchAfterASilence();
+    void searchesTellTheLossOnce();
     void lateKillIsRepeated();
     void searchOutlivesItsConnection();
     void encryption_data();
@@ -183,6 +184,23 @@ void TstSilentServer::searchAfterASilence()
     QVERIFY2(rows->error.isEmpty(), qPrintable(rows->error));
     QCOMPARE(cellOf(rows), QString("6"));
     QTRY_VERIFY(runningId(longStatement).isEmpty());
+}
+
+void TstSilentServer::searchesTellTheLossOnce()
+{
+    QVERIFY(openWindow(address()));
+    ListLoader loader("window", nullptr);
+    QSignalSpy found(&loader, &ListLoader::found);
+    m_proxy.reset();
+    for (const int kind : {QMessEvent::Critical, QMessEvent::Warning, QMessEvent::Warning}) {
+        found.clear();
+        loader.load("SELECT 1", {});
+        QVERIFY(found.wait(3000));
+        const auto rows = found.first().first().value<std::shared_ptr<FoundRows>>();
+        QVERIFY(!rows->error.isEmpty());
+        QCOMPARE(rows->kind, kind);
+    }
+    QVERIFY(ConnectionState::of(m_window)->isLost());
 }
 
 /// Sent for an older search, it may reach the server when the newer one runs.

@@ -133,7 +133,7 @@ void TcpProxy::acceptOne()
 
 bool TcpProxy::passOn(int from, int to, bool isGreeting) const
 {
-    std::array<char, 65536> bytes;
+    std::array<char, 65536> bytes{};
     const ssize_t count = ::recv(from, bytes.data(), bytes.size(), 0);
     if (count <= 0)
         return false;
