@@ -10,8 +10,8 @@
 #include <QToolTip>
 
 namespace {
-/// A hand types no two digits faster than that, a scanner all of them.
-constexpr int betweenDigitsMs = 35;
+/// No hand types so many digits of a code one so soon behind the other.
+constexpr int betweenDigitsMs = 60;
 /// The Enter or Tab of a scanner comes within that time behind its last digit.
 constexpr int endOfCodeMs = 100;
 constexpr int shortestCode = 8;
