@@ -123,7 +123,7 @@ int pagesOfPdf(const QString &path)
 } // namespace
 
 /// The pages of a printed list: what stands on each, where, and the file of them.
-class TestListPrinter : public QObject
+class TstListPrinter : public QObject
 {
     Q_OBJECT
 
@@ -134,7 +134,7 @@ private slots:
     void pdfHoldsAllPagesOrIsNotWritten();
 };
 
-void TestListPrinter::everyPageTellsWhatItIs()
+void TstListPrinter::everyPageTellsWhatItIs()
 {
     ListOfRows rows(50);
     const PrintedList list = rows.printed({QStringLiteral("Разом: 61 725.00")});
@@ -166,7 +166,7 @@ void TestListPrinter::everyPageTellsWhatItIs()
     QVERIFY(joined(paintedTexts(none.printed(), 0, &count)).contains(QStringLiteral("сторінка1з1")));
 }
 
-void TestListPrinter::longTextsStayInTheirColumns()
+void TstListPrinter::longTextsStayInTheirColumns()
 {
     ListOfRows rows(3);
     rows.model.setData(rows.model.index(0, 0), QString(300, QChar(0x416)));
@@ -190,7 +190,7 @@ void TestListPrinter::longTextsStayInTheirColumns()
     QVERIFY(qAbs(rightEdges.first() - rightEdges.last()) < 1.5 && rightEdges.first() > 580);
 }
 
-void TestListPrinter::columnsAreAsWideAsWhatTheyHold()
+void TstListPrinter::columnsAreAsWideAsWhatTheyHold()
 {
     // Thirteen columns as of a report of shifts, squeezed on the screen: nothing is cut on paper.
     QRowModel model;
@@ -228,7 +228,7 @@ void TestListPrinter::columnsAreAsWideAsWhatTheyHold()
         QVERIFY2(text.contains(word), qPrintable(word + " in\n" + text));
 }
 
-void TestListPrinter::pdfHoldsAllPagesOrIsNotWritten()
+void TstListPrinter::pdfHoldsAllPagesOrIsNotWritten()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("звіт.pdf"));
@@ -253,5 +253,5 @@ void TestListPrinter::pdfHoldsAllPagesOrIsNotWritten()
     QVERIFY(!saved && error.isEmpty() && !QFile::exists(cancelled));
 }
 
-QTEST_MAIN(TestListPrinter)
+QTEST_MAIN(TstListPrinter)
 #include "tst_listprinter.moc"

@@ -5,7 +5,7 @@
 #include <QTest>
 
 /// The days of the presets, reckoned by hand from a given today.
-class TestSelectors : public QObject
+class TstSelectors : public QObject
 {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void presetIsTaken();
 };
 
-void TestSelectors::presetsFromAGivenToday_data()
+void TstSelectors::presetsFromAGivenToday_data()
 {
     QTest::addColumn<QString>("today");
     QTest::addColumn<QStringList>("ranges");
@@ -34,7 +34,7 @@ void TestSelectors::presetsFromAGivenToday_data()
                                              "2028-02-01 2028-02-29", "2028-01-01 2028-01-31"};
 }
 
-void TestSelectors::presetsFromAGivenToday()
+void TstSelectors::presetsFromAGivenToday()
 {
     QFETCH(QString, today);
     QFETCH(QStringList, ranges);
@@ -46,7 +46,7 @@ void TestSelectors::presetsFromAGivenToday()
     QCOMPARE(reckoned, ranges);
 }
 
-void TestSelectors::presetIsTaken()
+void TstSelectors::presetIsTaken()
 {
     RangeSelector range;
     QSignalSpy changed(&range, &RangeSelector::changed);
@@ -65,5 +65,5 @@ void TestSelectors::presetIsTaken()
     QCOMPARE(range.description(), QString("01.03.2026 – 02.03.2026"));
 }
 
-QTEST_MAIN(TestSelectors)
+QTEST_MAIN(TstSelectors)
 #include "tst_selectors.moc"
