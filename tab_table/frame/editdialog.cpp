@@ -84,12 +84,14 @@ void EditDialog::showEvent(QShowEvent *event)
 /// On a small screen, or with large letters, the fields scroll; the buttons below them stay.
 void EditDialog::fitOnScreen()
 {
-    const QSize frame = frameGeometry().size() - size();
-    const QSize room = screen()->availableGeometry().size() - frame;
+    // The window manager has not said yet how much its frame takes.
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight) + fontMetrics().height();
+    const QSize room = screen()->availableGeometry().size() - QSize(fontMetrics().height(), title);
     auto *rows = qobject_cast<QBoxLayout *>(layout());
     const QSize wanted = sizeHint();
     if (rows == nullptr || (wanted.height() <= room.height() && wanted.width() <= room.width()))
         return;
+    QWidget *const focused = focusWidget();
     auto *area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -111,6 +113,8 @@ void EditDialog::fitOnScreen()
     const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     resize((wanted + QSize(scrollBar, scrollBar)).boundedTo(room));
     move(screen()->availableGeometry().topLeft());
+    if (focused != nullptr)
+        focused->setFocus();
 }
 
 bool EditDialog::isChanged() const

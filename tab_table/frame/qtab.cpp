@@ -2,6 +2,7 @@
 
 #include "csvexport.h"
 #include "db.h"
+#include "editdialog.h"
 #include "ean13.h"
 #include "listloader.h"
 #include "qloadeduser.h"
@@ -40,6 +41,7 @@ QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
     postTrace(receiver, QStringLiteral("In constructor QTab"));
     buildGrid(layout);
     m_view->installEventFilter(this);
+    connect(user, &QLoadedUser::rightsChanged, this, &QTab::followRights);
     connectDelegate();
 }
 
@@ -161,6 +163,7 @@ void QTab::ShowData(int limit)
 void QTab::search(const QString &newFilter, const QString &countSql)
 {
     filter = newFilter;
+    m_countSql = countSql;
     if (m_loader == nullptr) {
         m_loader = new ListLoader(m_db->connectionName(), this);
         connect(m_loader, &ListLoader::found, this, &QTab::showFound);
@@ -250,6 +253,20 @@ void QTab::editadd(const QString &where, const QModelIndex &index, bool full, un
         recordAdded();
         m_view->setCurrentIndex(m_model->index(row, 0));
     }
+}
+
+std::optional<bool> QTab::runEditor(EditDialog *editor)
+{
+    if (!mayEdit())
+        editor->setReadOnly(true);
+    const bool isSaved = editor->exec() == QDialog::Accepted;
+    if (isSaved || !editor->isUnclear())
+        return isSaved;
+    postMessage(m_receiver, tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
+                               "Перевірте запис у списку."),
+                QMessEvent::Warning);
+    search(filter, m_countSql);
+    return std::nullopt;
 }
 
 void QTab::finishEditing(bool accepted, const QString &where, const QModelIndex &index)

@@ -6,8 +6,10 @@
 #include <QSqlDatabase>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 class Db;
+class EditDialog;
 class ListLoader;
 class QAbstractItemModel;
 class QComboBox;
@@ -120,6 +122,11 @@ protected:
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     /// countSql tells how many records there are.
     void search(const QString &filter, const QString &countSql);
+    /// Runs an editor, for looking only where the user may do no more. True after a save; nothing when nobody
+    /// knows whether the last save has arrived: the list is read again then.
+    std::optional<bool> runEditor(EditDialog *editor);
+    /// The user's rights were read again: what the filter offers may be different.
+    virtual void followRights() {}
     /// What follows an editor: the row is refreshed, or a notice tells that nothing was written.
     void finishEditing(bool accepted, const QString &where, const QModelIndex &index);
     /// The same for the record of that id, wherever it stands by now: a search may have arrived while the
@@ -161,6 +168,7 @@ private:
     QTabDelegate *m_delegate;
     ListLoader *m_loader = nullptr;
     QString m_widthsKey;
+    QString m_countSql;
     QLineEdit *m_search = nullptr;
     /// The list was entered before its rows had come: the first one becomes current then.
     bool m_wantsRow = false;

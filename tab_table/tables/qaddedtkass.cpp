@@ -25,7 +25,7 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
     ui->leCashDrive->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{3}")), this));
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbType})
-        keepNarrow(box);
+        keepNarrow(box, 24);
     setRecordTitle(*m_id);
     limitLengths(tab);
     connectFields();

@@ -74,12 +74,14 @@ void QTabGoods::Edit(const QModelIndex &index)
         return;
     QString id = model()->stored(index.row(), idColumn);
     const QPersistentModelIndex current = index;
-    const bool accepted = openEditor(&id);
+    const auto isSaved = openEditor(&id);
+    if (!isSaved)
+        return;
     // The list may have changed behind the editor: a search that was on its way has arrived.
     const QVector<int> rows = rowsOf(id);
-    if (accepted && !rows.isEmpty())
+    if (*isSaved && !rows.isEmpty())
         refresh(id, rows);
-    else if (!accepted && mayEdit())
+    else if (!*isSaved && mayEdit())
         finishEditing(false, QString(), current);
 }
 
@@ -88,9 +90,10 @@ void QTabGoods::Add()
     if (!mayEdit())
         return;
     QString id;
-    if (openEditor(&id))
+    const auto isSaved = openEditor(&id);
+    if (isSaved && *isSaved)
         refresh(id, {});
-    else
+    else if (isSaved)
         finishEditing(false, QString(), QModelIndex());
 }
 
@@ -104,7 +107,7 @@ QVector<int> QTabGoods::rowsOf(const QString &id) const
     return rows;
 }
 
-bool QTabGoods::openEditor(QString *id)
+std::optional<bool> QTabGoods::openEditor(QString *id)
 {
     QComboBox box;
     GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), &box);
@@ -114,9 +117,7 @@ bool QTabGoods::openEditor(QString *id)
     QAddEdtGoods editor(this, db().connection(), id, shops, receiver(), this);
     if (!editor.isLoaded())
         return false;
-    if (!mayEdit())
-        editor.setReadOnly(true);
-    return editor.exec() == QDialog::Accepted;
+    return runEditor(&editor);
 }
 
 bool QTabGoods::takesOneRow(const QString &id) const

@@ -27,8 +27,8 @@ public slots:
 private:
     void buildFilter();
     void searchAgain();
-    /// Opens the editor, for a new item with an empty id; gives the id that it has then. True after a save.
-    bool openEditor(QString *id);
+    /// Opens the editor, for a new item with an empty id; gives the id that it has then. As runEditor().
+    std::optional<bool> openEditor(QString *id);
     QVector<int> rowsOf(const QString &id) const;
     /// True when the item takes one row, by the grouping or because it has one barcode.
     bool takesOneRow(const QString &id) const;

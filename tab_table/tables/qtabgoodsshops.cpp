@@ -34,18 +34,30 @@ QTabGoodsShops::~QTabGoodsShops() = default;
 void QTabGoodsShops::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    GetLstShopFromPermis(db().connection(), user(), receiver(), QStringLiteral(" GROUP BY shops.id"),
-                         ui->cbShop);
-    {
-        const QSignalBlocker hold(ui->cbShop);
-        ui->cbShop->insertItem(0, tr("Всі магазини"), 0);
-        ui->cbShop->setCurrentIndex(0);
-    }
+    fillShops();
     keepNarrow(ui->cbShop);
     setSearchField(ui->leSearch);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoodsShops::seerch);
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this] { seerch(ui->leSearch->text()); });
+}
+
+void QTabGoodsShops::fillShops()
+{
+    const QSignalBlocker hold(ui->cbShop);
+    const QString chosen = chosenItem(ui->cbShop).id;
+    GetLstShopFromPermis(db().connection(), user(), receiver(), QStringLiteral(" GROUP BY shops.id"),
+                         ui->cbShop);
+    ui->cbShop->insertItem(0, tr("Всі магазини"), 0);
+    chooseId(ui->cbShop, chosen);
+    if (ui->cbShop->currentIndex() < 0)
+        ui->cbShop->setCurrentIndex(0);
+}
+
+void QTabGoodsShops::followRights()
+{
+    fillShops();
+    seerch(ui->leSearch->text());
 }
 
 QString QTabGoodsShops::condition(const QString &text) const

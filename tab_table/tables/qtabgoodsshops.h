@@ -20,8 +20,12 @@ public slots:
     /// Lists the stock of the chosen shop in whose goods or shop name the text stands.
     void seerch(const QString &text);
 
+protected:
+    void followRights() override;
+
 private:
     void buildFilter();
+    void fillShops();
     QString condition(const QString &text) const;
 
     std::unique_ptr<Ui::QTabGoodsShopsFilter> ui;

@@ -49,15 +49,38 @@ QTabKass::~QTabKass() = default;
 void QTabKass::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
-    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
-    ui->cbGroup->setCurrentIndex(0);
+    fillGroups();
     keepNarrow(ui->cbGroup);
     keepNarrow(ui->cbShop);
     setSearchField(ui->leSearch);
     connect(ui->cbGroup, &QComboBox::currentTextChanged, this, &QTabKass::GroupChange);
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabKass::searchAgain);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabKass::seerch);
+}
+
+void QTabKass::fillGroups()
+{
+    const QSignalBlocker hold(ui->cbGroup);
+    const QString chosen = chosenItem(ui->cbGroup).id;
+    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
+    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
+    chooseId(ui->cbGroup, chosen);
+    if (ui->cbGroup->currentIndex() < 0)
+        ui->cbGroup->setCurrentIndex(0);
+}
+
+void QTabKass::followRights()
+{
+    const QString shop = chosenItem(ui->cbShop).id;
+    fillGroups();
+    fillShops();
+    {
+        const QSignalBlocker hold(ui->cbShop);
+        chooseId(ui->cbShop, shop);
+        if (ui->cbShop->currentIndex() < 0)
+            ui->cbShop->setCurrentIndex(0);
+    }
+    searchAgain();
 }
 
 void QTabKass::connectGrid()
@@ -168,10 +191,8 @@ void QTabKass::Edit(const QModelIndex &index)
     QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, 0);
     if (!editor.isLoaded())
         return;
-    if (!mayEdit())
-        editor.setReadOnly(true);
-    const bool accepted = editor.exec() == QDialog::Accepted;
-    finishEditor(accepted, id, false);
+    if (const auto isSaved = runEditor(&editor))
+        finishEditor(*isSaved, id, false);
 }
 
 void QTabKass::Add()
@@ -181,8 +202,8 @@ void QTabKass::Add()
     QString id;
     QString group = chosenGroup();
     QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, chosenShop());
-    const bool accepted = editor.isLoaded() && editor.exec() == QDialog::Accepted;
-    finishEditor(accepted, id, true);
+    if (const auto isSaved = editor.isLoaded() ? runEditor(&editor) : false)
+        finishEditor(*isSaved, id, true);
 }
 
 void QTabKass::start(const LaunchCommand &command, const QModelIndex &index)

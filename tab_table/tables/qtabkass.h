@@ -41,9 +41,11 @@ public slots:
 protected:
     void rowsShown() override;
     void rowShown(int row) override;
+    void followRights() override;
 
 private:
     void buildFilter();
+    void fillGroups();
     void connectGrid();
     void fillShops();
     void searchAgain();

@@ -10,6 +10,7 @@
 #include "setting.h"
 
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace {
@@ -51,17 +52,32 @@ QTabShops::~QTabShops() = default;
 void QTabShops::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
-    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
-    // "All groups" leaves out the one that stands for all: whoever sees no other begins there.
-    const bool seesOnlyDefault = ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1;
-    ui->cbGroup->setCurrentIndex(seesOnlyDefault ? 1 : 0);
+    fillGroups();
     keepNarrow(ui->cbGroup);
     setSearchField(ui->leSearch);
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(ui->cbGroup, changed, this, &QTabShops::searchAgain);
     connect(ui->cbState, changed, this, &QTabShops::searchAgain);
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabShops::seerch);
+}
+
+void QTabShops::fillGroups()
+{
+    const QSignalBlocker hold(ui->cbGroup);
+    const QString chosen = chosenItem(ui->cbGroup).id;
+    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
+    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
+    chooseId(ui->cbGroup, chosen);
+    // "All groups" leaves out the one that stands for all: whoever sees no other begins there.
+    const bool seesOnlyDefault = ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1;
+    if (ui->cbGroup->currentIndex() < 0 || seesOnlyDefault)
+        ui->cbGroup->setCurrentIndex(seesOnlyDefault ? 1 : 0);
+}
+
+void QTabShops::followRights()
+{
+    fillGroups();
+    searchAgain();
 }
 
 void QTabShops::connectGrid()
@@ -137,10 +153,8 @@ void QTabShops::Edit(const QModelIndex &index)
     QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
     if (!editor.isLoaded())
         return;
-    if (!mayEdit())
-        editor.setReadOnly(true);
-    const bool accepted = editor.exec() == QDialog::Accepted;
-    finishEditor(accepted, id, false);
+    if (const auto isSaved = runEditor(&editor))
+        finishEditor(*isSaved, id, false);
 }
 
 void QTabShops::Add()
@@ -149,8 +163,8 @@ void QTabShops::Add()
         return;
     QString id;
     QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
-    const bool accepted = editor.isLoaded() && editor.exec() == QDialog::Accepted;
-    finishEditor(accepted, id, true);
+    if (const auto isSaved = editor.isLoaded() ? runEditor(&editor) : false)
+        finishEditor(*isSaved, id, true);
 }
 
 void QTabShops::LMoveMouse(int countpx, const QModelIndex &index)

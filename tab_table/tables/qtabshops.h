@@ -36,9 +36,11 @@ signals:
 protected:
     void rowsShown() override;
     void rowShown(int row) override;
+    void followRights() override;
 
 private:
     void buildFilter();
+    void fillGroups();
     void connectGrid();
     void searchAgain();
     void askForRegisters(const QModelIndex &index);

@@ -60,7 +60,7 @@ private slots:
     void unreadableSettingsConnectNowhere();
     void recordCommandsFollowTheTab();
     void exportFollowsTheRight();
-    void reportsHaveKeysOfTheirOwn();
+    void pagesHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
     void indexesAreOfferedAndTakenBack();
     void burstOfErrorsIsOneDialog();
@@ -722,9 +722,10 @@ static QStringList accessKeys(const QWidget *page)
     return keys;
 }
 
-void TstVeltab::reportsHaveKeysOfTheirOwn()
+void TstVeltab::pagesHaveKeysOfTheirOwn()
 {
-    addUser("reports", "0=1 70=1 71=1 72=1 73=1 101=1 40=1 10=1 220=1");
+    addUser("reports", "0=1 70=1 71=1 72=1 73=1 101=1 40=1 10=1 11=1 13=1 15=1 220=1");
+    m_base->exec("INSERT IGNORE INTO lst_group(id_g_prem,id_group) SELECT DISTINCT id_g_prem,1 FROM lst_permis");
     QFont large = QApplication::font();
     large.setPointSize(12);
     const QFont before = QApplication::font();
@@ -736,18 +737,29 @@ void TstVeltab::reportsHaveKeysOfTheirOwn()
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
-    for (const char *name : {"mz_cheks", "mz_zzvit", "mz_art_zvit", "mz_StatisticOnLine"}) {
+    for (const char *name : {"mz_cheks", "mz_zzvit", "mz_art_zvit", "mz_StatisticOnLine", "mt_shops", "mt_kass",
+                             "mt_goods", "mt_goods_shops"}) {
         action(name)->trigger();
+        const bool isTable = QByteArray(name).startsWith("mt_");
         const QStringList keys = accessKeys(tabs->currentWidget());
-        QVERIFY2(keys.size() > 3, name);
+        QVERIFY2(keys.size() > (isTable ? 1 : 3), name);
         for (const QString &key : keys)
             QVERIFY2(keys.count(key) == 1 && !menu.contains(key), qPrintable(name + (' ' + key)));
-        QCOMPARE(QApplication::focusWidget(), child<QWidget>(tabs->currentWidget(), "cbGroup"));
+        QCOMPARE(QApplication::focusWidget(),
+                 child<QWidget>(tabs->currentWidget(), isTable ? "leSearch" : "cbGroup"));
         const QSize least = tabs->currentWidget()->minimumSizeHint();
         QVERIFY2(least.width() <= 1000 && least.height() <= 500,
                  qPrintable(QString("%1 %2x%3").arg(name).arg(least.width()).arg(least.height())));
     }
     QApplication::setFont(before);
+    for (const char *name : {"mt_shops", "mt_kass", "mt_goods"}) {
+        action(name)->trigger();
+        QStringList keys;
+        QVERIFY(withModal<QDialog>([&] { action("add")->trigger(); },
+                                   [&](QDialog *editor) { keys = accessKeys(editor); }));
+        QVERIFY2(keys.size() > 10, name);
+        QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
+    }
 }
 
 void TstVeltab::serviceMenuIsRevealed()

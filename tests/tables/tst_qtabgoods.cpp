@@ -194,6 +194,7 @@ QStringList TstQTabGoods::shown(const QTabGoods &tab)
 
 void TstQTabGoods::addedItemComesBackWhole()
 {
+    m_base->exec("UPDATE updat SET updat='2020-01-01'");
     // An id that the server made up on this connection before: it belongs to another item.
     m_base->exec("INSERT INTO goods(name,group_g,type,tax,block) VALUES('Інший',1,1,1,0)");
     m_base->exec("INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(LAST_INSERT_ID(),'4820000000093')");
@@ -214,7 +215,7 @@ void TstQTabGoods::addedItemComesBackWhole()
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM dk_shc WHERE shtrihcod='4820000000093'"), QString("1"));
     QVERIFY2(m_base->heard.texts().isEmpty(), qPrintable(m_base->heard.texts().join('\n')));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM updat WHERE name IN ('goods','dk_shc','prices') "
-                           "AND updat>NOW()-INTERVAL 1 MINUTE"),
+                           "AND updat>'2020-01-01'"),
              QString("3"));
 }
 
@@ -811,6 +812,7 @@ void TstQTabGoods::searchFinds_data()
     QTest::newRow("barcode of another group") << "20000000024" << 2 << false << none << 0;
     QTest::newRow("id") << " 8 " << 3 << true << QStringList{"8"} << 1;
     QTest::newRow("name") << "молоко" << 0 << false << QStringList{"7", "7"} << 1;
+    QTest::newRow("name of another group") << "молоко" << 3 << true << none << 0;
     QTest::newRow("percent is a percent") << "5%" << 0 << true << QStringList{"7"} << 1;
     QTest::newRow("quotes") << "\"Бород" << 0 << true << QStringList{"8"} << 1;
     for (const char *text : {"_", "'", "\\", "x'; DELETE FROM goods; -- ", "' OR 1=1 -- ", "?:a"})
@@ -918,10 +920,21 @@ void TstQTabGoods::stockOfPermittedShopsOnly()
     QCOMPARE(rows().size(), 2);
     QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->setText("2,5%"); }));
     QCOMPARE(rows(), QStringList("вул. Нова, 2|Молоко 2,5%|1.000|-0.250"));
+    // The text also stands in the name of another shop.
+    m_base->exec("INSERT INTO goods_shop(id_shop,id_goods) VALUES(1,8)");
+    QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->setText("Ліська"); }));
+    QVERIFY(rows().isEmpty());
     m_base->exec("DELETE FROM lst_group");
     QVERIFY(m_user->reload(m_base->connection()));
     QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->clear(); }));
     QVERIFY(rows().isEmpty());
+    // Nothing but the shop that the user works in.
+    QVERIFY(m_user->load(m_base->connection(), "1", "1", "3"));
+    QTabGoodsShops own(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    QVERIFY(loaded(&own, [] {}));
+    QCOMPARE(child<QComboBox>(&own, "cbShop")->count(), 2);
+    QCOMPARE(own.model()->rowCount(), 1);
+    QCOMPARE(own.model()->stored(0, 0), QString("вул. Далека, 3"));
 }
 
 QTEST_MAIN(TstQTabGoods)

@@ -184,9 +184,13 @@ void TstQTabKass::shopAndGroupNarrowTheList()
     combo("cbShop")->setCurrentIndex(combo("cbShop")->findText("Львів"));
     QCOMPARE(shown(0), QStringList({"20", "21"}));
     QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 2"));
-    combo("cbShop")->setCurrentIndex(0);
     child<QLineEdit>(m_tab.get(), "leSearch")->setText("ки");
+    QCOMPARE(shown(0), QStringList());
+    combo("cbShop")->setCurrentIndex(0);
     QCOMPARE(shown(0), QStringList{"22"});
+    combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("Захід"));
+    QCOMPARE(shown(0), QStringList());
+    combo("cbGroup")->setCurrentIndex(0);
     child<QLineEdit>(m_tab.get(), "leSearch")->setText("'; DELETE FROM onoffline; -- %");
     QCOMPARE(shown(0), QStringList());
     m_base->exec("DELETE FROM lst_group");

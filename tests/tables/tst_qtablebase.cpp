@@ -29,6 +29,7 @@ private slots:
     void openedTabsTakeKeys();
     void stockIsNotEditedHere();
     void longAddressesWidenNothing();
+    void rightsAreFollowed();
 
 private:
     void allow(int permission, int value);
@@ -191,6 +192,26 @@ void TstQTableBase::longAddressesWidenNothing()
     QVERIFY2(box->view()->width() > box->width(), "the list opens wide");
     box->hidePopup();
     m_base->exec("UPDATE shops SET address=ELT(id-9,'Львів','Київ')");
+}
+
+void TstQTableBase::rightsAreFollowed()
+{
+    m_host->kass();
+    QCOMPARE(shown(), QStringList({"20", "21"}));
+    auto *group = child<QComboBox>(front(), "cbGroup");
+    auto *shop = child<QComboBox>(front(), "cbShop");
+    QCOMPARE(shop->count(), 3);
+    shop->setCurrentIndex(shop->findText("Київ"));
+    QCOMPARE(shown(), QStringList("21"));
+    m_base->exec("DELETE FROM lst_group WHERE id_g_prem=1 AND id_group=2");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(group->count(), 2);
+    QCOMPARE(shop->count(), 2);
+    QCOMPARE(shop->currentText(), QString("Київ"));
+    QCOMPARE(shown(), QStringList("21"));
+    m_base->exec("DELETE FROM lst_group WHERE id_g_prem=1");
+    QVERIFY(m_user->reload(m_base->connection()));
+    QCOMPARE(shown(), QStringList());
 }
 
 QTEST_MAIN(TstQTableBase)

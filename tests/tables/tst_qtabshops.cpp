@@ -178,6 +178,9 @@ void TstQTabShops::filtersNarrowTheList()
     QCOMPARE(shown(), QStringList{"Київ, 100%_ступінь"});
     type("їжак");
     QCOMPARE(shown(), QStringList{"Київ, 100%_ступінь"});
+    type("ринок");
+    QCOMPARE(shown(), QStringList());
+    type("їжак");
     combo("cbState")->setCurrentIndex(0);
     combo("cbGroup")->setCurrentIndex(0);
     QCOMPARE(shown(), QStringList({"Київ, 100%_ступінь", "Львів, Ринок 1"}));
