@@ -10,10 +10,28 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSqlRecord>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 
 namespace {
-/// Widens the list of a box, before it is opened, to what the items need.
-class ListWidener : public QObject
+/// The chosen item as long as it fits, then dots.
+void paintCut(QComboBox *box)
+{
+    QStyleOptionComboBox option;
+    option.initFrom(box);
+    option.subControls = QStyle::SC_All;
+    option.frame = box->hasFrame();
+    if (box->view()->isVisible())
+        option.state |= QStyle::State_On;
+    const QRect field = box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
+    option.currentText = box->fontMetrics().elidedText(box->currentText(), Qt::ElideRight, field.width() - 2);
+    QStylePainter painter(box);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+/// Widens the list of a box, before it is opened, to what the items need, and cuts the box's own text.
+class ItemKeeper : public QObject
 {
 public:
     using QObject::QObject;
@@ -22,6 +40,10 @@ public:
     {
         auto *box = static_cast<QComboBox *>(watched);
         const QEvent::Type type = event->type();
+        if (type == QEvent::Paint) {
+            paintCut(box);
+            return true;
+        }
         if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress || type == QEvent::FocusIn) {
             const int needed =
                 box->view()->sizeHintForColumn(0) + box->view()->verticalScrollBar()->sizeHint().width();
@@ -84,5 +106,5 @@ void keepNarrow(QComboBox *box, int letters)
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(letters);
     box->view()->setTextElideMode(Qt::ElideMiddle);
-    box->installEventFilter(new ListWidener(box));
+    box->installEventFilter(new ItemKeeper(box));
 }

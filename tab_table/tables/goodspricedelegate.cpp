@@ -3,10 +3,10 @@
 #include "goodsrules.h"
 #include "money.h"
 #include "numberfield.h"
+#include "wholespinbox.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSpinBox>
 #include <limits>
 
 PriceValidator::PriceValidator(QObject *parent)
@@ -76,7 +76,7 @@ QWidget *GoodsPriceDelegate::createEditor(QWidget *parent, const QStyleOptionVie
         return edit;
     }
     if (index.column() == Priority) {
-        auto *spin = new QSpinBox(parent);
+        auto *spin = new WholeSpinBox(parent);
         spin->setRange(0, std::numeric_limits<int>::max());
         return spin;
     }
@@ -86,6 +86,7 @@ QWidget *GoodsPriceDelegate::createEditor(QWidget *parent, const QStyleOptionVie
     // What the user may not choose, or what is no more, is kept as long as it is not changed.
     if (box->findData(index.data(IdRole)) < 0)
         box->addItem(index.data().toString(), index.data(IdRole));
+    keepNarrow(box);
     return box;
 }
 
@@ -107,6 +108,7 @@ void GoodsPriceDelegate::setModelData(QWidget *editor, QAbstractItemModel *model
         model->setData(index, box->currentText());
         model->setData(index, box->currentData(), IdRole);
     } else if (auto *spin = qobject_cast<QSpinBox *>(editor)) {
+        spin->interpretText();
         model->setData(index, QString::number(spin->value()));
     } else if (auto *edit = qobject_cast<QLineEdit *>(editor)) {
         QString text = edit->text();

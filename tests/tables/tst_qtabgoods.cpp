@@ -60,6 +60,7 @@ private slots:
     void untouchedPricesStay();
     void whatIsBeingTypedIsSaved_data();
     void whatIsBeingTypedIsSaved();
+    void scannedPriorityIsNone();
     void changesAreNotLostUnasked();
     void brokenFieldsAreRefused_data();
     void brokenFieldsAreRefused();
@@ -283,6 +284,19 @@ void TstQTabGoods::whatIsBeingTypedIsSaved()
         QTRY_VERIFY(!editor->isVisible());
         QTEST(m_base->value("SELECT CONCAT(price,'|',priority) FROM prices"), "stored");
     }
+}
+
+void TstQTabGoods::scannedPriorityIsNone()
+{
+    m_base->exec("INSERT INTO prices(id_goods,id_shop,id_group,price,priority) VALUES(7,0,1,4300,2)");
+    const auto editor = showEditor("7");
+    auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
+    table->setFocus();
+    table->setCurrentCell(0, GoodsPriceDelegate::Priority);
+    scan(bread);
+    pressAlt(editor->focusWidget(), L'Е');
+    QTRY_VERIFY(!editor->isVisible());
+    QCOMPARE(m_base->value("SELECT priority FROM prices"), QString("2"));
 }
 
 void TstQTabGoods::changesAreNotLostUnasked()
