@@ -2004,6 +2004,10 @@ Write with that date?</translation>
         <source>Файл збережено: %1</source>
         <translation>The file is saved: %1</translation>
     </message>
+    <message>
+        <source>Редактор закрито, а чи записано зміни, невідомо: зв&apos;язок обірвався під час запису. Перевірте запис у списку.</source>
+        <translation>The editor was closed, and it is not known whether the changes were written: the connection broke while writing. Check the record in the list.</translation>
+    </message>
 </context>
 <context>
     <name>QTabDelegate</name>

@@ -23,7 +23,8 @@ void paintCut(QComboBox *box)
     option.frame = box->hasFrame();
     if (box->view()->isVisible())
         option.state |= QStyle::State_On;
-    const QRect field = box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
+    const QRect field =
+        box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box);
     option.currentText = box->fontMetrics().elidedText(box->currentText(), Qt::ElideRight, field.width() - 2);
     QStylePainter painter(box);
     painter.drawComplexControl(QStyle::CC_ComboBox, option);

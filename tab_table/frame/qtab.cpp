@@ -2,8 +2,8 @@
 
 #include "csvexport.h"
 #include "db.h"
-#include "editdialog.h"
 #include "ean13.h"
+#include "editdialog.h"
 #include "listloader.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -260,10 +260,13 @@ std::optional<bool> QTab::runEditor(EditDialog *editor)
     if (!mayEdit())
         editor->setReadOnly(true);
     const bool isSaved = editor->exec() == QDialog::Accepted;
+    // A question that closes together with the editor leaves some window managers without an active window.
+    window()->activateWindow();
     if (isSaved || !editor->isUnclear())
         return isSaved;
-    postMessage(m_receiver, tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
-                               "Перевірте запис у списку."),
+    postMessage(m_receiver,
+                tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
+                   "Перевірте запис у списку."),
                 QMessEvent::Warning);
     search(filter, m_countSql);
     return std::nullopt;

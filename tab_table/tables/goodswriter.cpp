@@ -128,11 +128,19 @@ std::optional<QHash<QString, QString>> hiddenPrices(const Db &db, const QString 
     return hidden;
 }
 
-bool insertPrices(const Db &db, const GoodsRecord &record, const QString &id)
+/// A row of the same shop and group as before is written by their ids; what was chosen, by its names.
+bool staysInPlace(const GoodsPrice &price)
+{
+    return price.origin && price.origin->shop == price.shop.id && price.origin->group == price.group.id;
+}
+
+bool insertChosen(const Db &db, const GoodsRecord &record, const QString &id)
 {
     QString sql = QStringLiteral("INSERT INTO prices(id_goods,price,priority,id_group,id_shop) VALUES");
     QVariantList values;
     for (const GoodsPrice &price : record.prices) {
+        if (staysInPlace(price))
+            continue;
         sql += QLatin1Char('(') + id +
                QStringLiteral(",?,?,(SELECT id FROM group_goods WHERE name=?),IF((SELECT id FROM shops WHERE "
                               "address=?) IS NULL, 0, (SELECT id FROM shops WHERE address=?)) ),");
@@ -140,30 +148,32 @@ bool insertPrices(const Db &db, const GoodsRecord &record, const QString &id)
         values << price.price << price.priority << price.group.name << shop << shop;
     }
     sql.chop(1);
-    return db.runPositional(sql, values).has_value();
+    return values.isEmpty() || db.runPositional(sql, values);
 }
 
-bool restoreHidden(const Db &db, const GoodsPrice &price, const QString &hidden, const QString &id)
+/// Writes a row again that stays in its place, or what it had beside its price into one that was moved.
+bool restore(const Db &db, const GoodsPrice &price, const QString &hidden, const QString &id)
 {
+    const QString place = QStringLiteral("id_goods=%1%5id_shop=%2%5id_group=%3%5priority=%4")
+                              .arg(id, price.shop.id, price.group.id, number(price.priority));
+    if (staysInPlace(price))
+        return db
+            .run(QStringLiteral("INSERT INTO prices SET %1,price=%2,%3")
+                     .arg(place.arg(QLatin1Char(',')), number(price.price), hidden))
+            .has_value();
     return db
-        .run(QStringLiteral("UPDATE prices SET %1 WHERE id_goods=%2 AND id_shop=%3 AND id_group=%4 AND "
-                            "priority=%5")
-                 .arg(hidden, id, price.shop.id, price.group.id, number(price.priority)))
+        .run(QStringLiteral("UPDATE prices SET %1 WHERE %2").arg(hidden, place.arg(QStringLiteral(" AND "))))
         .has_value();
 }
 
 bool replacePrices(const Db &db, const GoodsRecord &record, const QString &id)
 {
     const auto hidden = hiddenPrices(db, id);
-    if (!hidden || !db.run(QStringLiteral("DELETE FROM prices WHERE id_goods=") + id))
-        return false;
-    if (record.prices.isEmpty())
-        return true;
-    if (!insertPrices(db, record, id))
+    if (!hidden || !db.run(QStringLiteral("DELETE FROM prices WHERE id_goods=") + id) ||
+        !insertChosen(db, record, id))
         return false;
     for (const GoodsPrice &price : record.prices) {
-        const QString values = price.origin ? hidden->value(placeKey(*price.origin)) : QString();
-        if (!values.isEmpty() && !restoreHidden(db, price, values, id))
+        if (price.origin && !restore(db, price, hidden->value(placeKey(*price.origin)), id))
             return false;
     }
     return true;
@@ -248,6 +258,8 @@ Difference difference(const Db &db, const GoodsRecord &record, const QString &id
 QString explainPrices(const Db &db, const GoodsRecord &record)
 {
     for (const GoodsPrice &price : record.prices) {
+        if (staysInPlace(price))
+            continue;
         const auto group = db.firstText(QStringLiteral("SELECT id FROM group_goods WHERE name=:group"),
                                         {{QStringLiteral(":group"), price.group.name}});
         if (group && *group != price.group.id)

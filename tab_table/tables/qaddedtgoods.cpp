@@ -163,14 +163,18 @@ void QAddEdtGoods::showRecord(const GoodsRecord &found)
 /// Where the item is sold already it stays: its stock lies there.
 void QAddEdtGoods::fillShops(const QVector<NamedId> &shops)
 {
-    for (const NamedId &shop : shops) {
-        auto *item = new QListWidgetItem(shop.name, ui->lwShops);
-        item->setData(Qt::UserRole, shop.id);
-        const bool isOffered = m_loaded && m_loaded->shops.contains(shop.id);
-        item->setCheckState(isOffered ? Qt::Checked : Qt::Unchecked);
-        item->setFlags(isOffered ? Qt::ItemIsSelectable
-                                 : Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-        item->setToolTip(isOffered ? tr("%1: товар уже продається тут.").arg(shop.name) : shop.name);
+    // First those that can be chosen.
+    for (const bool isOffered : {false, true}) {
+        for (const NamedId &shop : shops) {
+            if (isOffered != (m_loaded && m_loaded->shops.contains(shop.id)))
+                continue;
+            auto *item = new QListWidgetItem(shop.name, ui->lwShops);
+            item->setData(Qt::UserRole, shop.id);
+            item->setCheckState(isOffered ? Qt::Checked : Qt::Unchecked);
+            item->setFlags(isOffered ? Qt::ItemIsSelectable
+                                     : Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+            item->setToolTip(isOffered ? tr("%1: товар уже продається тут.").arg(shop.name) : shop.name);
+        }
     }
 }
 

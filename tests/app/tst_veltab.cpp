@@ -725,7 +725,8 @@ static QStringList accessKeys(const QWidget *page)
 void TstVeltab::pagesHaveKeysOfTheirOwn()
 {
     addUser("reports", "0=1 70=1 71=1 72=1 73=1 101=1 40=1 10=1 11=1 13=1 15=1 220=1");
-    m_base->exec("INSERT IGNORE INTO lst_group(id_g_prem,id_group) SELECT DISTINCT id_g_prem,1 FROM lst_permis");
+    m_base->exec(
+        "INSERT IGNORE INTO lst_group(id_g_prem,id_group) SELECT DISTINCT id_g_prem,1 FROM lst_permis");
     QFont large = QApplication::font();
     large.setPointSize(12);
     const QFont before = QApplication::font();
@@ -737,8 +738,8 @@ void TstVeltab::pagesHaveKeysOfTheirOwn()
     m_window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
     auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
-    for (const char *name : {"mz_cheks", "mz_zzvit", "mz_art_zvit", "mz_StatisticOnLine", "mt_shops", "mt_kass",
-                             "mt_goods", "mt_goods_shops"}) {
+    for (const char *name : {"mz_cheks", "mz_zzvit", "mz_art_zvit", "mz_StatisticOnLine", "mt_shops",
+                             "mt_kass", "mt_goods", "mt_goods_shops"}) {
         action(name)->trigger();
         const bool isTable = QByteArray(name).startsWith("mt_");
         const QStringList keys = accessKeys(tabs->currentWidget());

@@ -679,18 +679,25 @@ void TstQTabGoods::hiddenColumnsOfPricesStay()
     m_base->exec("INSERT INTO prices(id_goods,id_shop,id_group,priority,price,price_in,period_start_date,"
                  "period_end_date,period_start_time,period_end_time,week_day,info) VALUES"
                  "(7,0,1,0,4300,3900,'2026-01-02',0,'08:30:00',0,5,'акція ''А'''),"
-                 "(7,2,1,0,4400,1,0,'2026-12-31',0,'23:59:59',0,NULL)");
+                 "(7,2,1,0,4400,1,0,'2026-12-31',0,'23:59:59',0,NULL),"
+                 // A group and a shop that cannot be chosen here.
+                 "(7,99,3,0,4500,2,0,0,0,0,0,'чужа')");
     const auto editor = showEditor("7");
     auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
-    const int other = table->item(0, 0)->text() == "43.00" ? 1 : 0;
-    table->item(other, GoodsPriceDelegate::Priority)->setText("3");
+    for (int row = 0; row < table->rowCount(); ++row) {
+        if (table->item(row, 0)->text() == "44.00")
+            table->item(row, GoodsPriceDelegate::Priority)->setText("3");
+        else if (table->item(row, 0)->text() == "45.00")
+            table->item(row, GoodsPriceDelegate::Price)->setText("45.50");
+    }
     editor->insertprice(100, 9, "default", QString());
     QVERIFY(fillAndSave(editor.get(), "Молоко", {}));
     QCOMPARE(
         m_base->rows("SELECT id_shop,priority,price,price_in,period_start_date,period_end_date,"
                      "period_start_time,period_end_time,week_day,IFNULL(info,'NULL') FROM prices ORDER BY "
                      "price DESC"),
-        QStringList({"2|3|4400|1||2026-12-31|00:00:00|23:59:59|0|NULL",
+        QStringList({"99|0|4550|2|||00:00:00|00:00:00|0|чужа",
+                     "2|3|4400|1||2026-12-31|00:00:00|23:59:59|0|NULL",
                      "0|0|4300|3900|2026-01-02||08:30:00|00:00:00|5|акція 'А'",
                      "0|9|100|0|||00:00:00|00:00:00|0|NULL"}));
 }
