@@ -17,6 +17,11 @@
 
 QRegisterSale::~QRegisterSale()
 {
+    // An editor that loses the focus on the way out would still tell of it.
+    m_quantity->drop();
+    const auto parts = findChildren<QObject *>();
+    for (const QObject *part : parts)
+        part->disconnect(this);
     for (const QNTableView *view : {ui->viewGoods, ui->viewChek})
         rememberState(m_user->idUser(), widthsKey(view), view->horizontalHeader()->saveState());
 }

@@ -95,6 +95,7 @@ private slots:
     void whatCannotBeSold();
     void busyShift();
     void receiptIsNotLostSilently();
+    void endsWhileSomethingIsTyped();
     void failedSaleKeepsTheReceipt();
     void unclearReceiptIsNotDoubled();
     void unclearReceiptStaysUnclear();
@@ -767,6 +768,24 @@ void tst_qregistersale::receiptIsNotLostSilently()
     QCOMPARE(asked([&] { in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0); }, true), question);
     QCOMPARE(rows(), 0);
     QVERIFY(m_tab->close());
+}
+
+/// The window ends it without asking when the user logs out.
+void tst_qregistersale::endsWhileSomethingIsTyped()
+{
+    for (const bool isQuantity : {true, false}) {
+        cleanup();
+        init();
+        type(text("4820000000109"));
+        if (isQuantity)
+            key(Qt::Key_Asterisk);
+        else
+            in<MoneySpinBox>(m_tab.get(), "dsbDiscount")->setFocus(Qt::TabFocusReason);
+        type(text("3"), false);
+        m_tab.reset();
+        QTest::qWait(1);
+    }
+    QCOMPARE(m_base->heard.texts(3), QStringList());
 }
 
 void tst_qregistersale::failedSaleKeepsTheReceipt()
