@@ -368,22 +368,32 @@ void Veltab::welcome()
 /// What a chain that is only being set up still lacks for its first sale; empty when nothing.
 QString Veltab::nextStep()
 {
+    struct Step
+    {
+        const char *table;
+        const char *text;
+    };
+    static const Step steps[] = {
+        {"shops",
+         QT_TR_NOOP("Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → "
+                    "Обладнання) і товари з цінами (Таблиці → Товари).")},
+        {"kassa",
+         QT_TR_NOOP("Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари "
+                    "з цінами (Таблиці → Товари).")},
+        {"goods", QT_TR_NOOP("Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).")},
+        {"goods_shop",
+         QT_TR_NOOP("Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, "
+                    "«Продається в магазинах».")}};
     if (!m_user.mayEdit(Permission::Shops) || !m_user.mayEdit(Permission::Goods))
         return QString();
-    const QString empty = Db(&m_db, this)
-                              .firstText(QStringLiteral(
-                                  "SELECT IF(NOT EXISTS(SELECT 1 FROM shops),'shops',IF(NOT EXISTS(SELECT 1 "
-                                  "FROM kassa),'kassa',IF(NOT EXISTS(SELECT 1 FROM goods),'goods','')))"))
-                              .value_or(QString());
-    if (empty == QLatin1String("shops"))
-        return tr("Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу "
-                  "(Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).");
-    if (empty == QLatin1String("kassa"))
-        return tr("Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари з цінами "
-                  "(Таблиці → Товари).");
-    return empty == QLatin1String("goods")
-               ? tr("Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).")
-               : QString();
+    for (const Step &step : steps) {
+        const auto isFilled =
+            Db(&m_db, this)
+                .firstText(QStringLiteral("SELECT EXISTS(SELECT 1 FROM %1)").arg(QLatin1String(step.table)));
+        if (isFilled != QStringLiteral("1"))
+            return isFilled ? tr(step.text) : QString();
+    }
+    return QString();
 }
 
 void Veltab::EnableButton(bool enable)

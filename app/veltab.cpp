@@ -23,6 +23,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QtConcurrent>
 
@@ -80,21 +81,27 @@ void Veltab::buildForm()
 void Veltab::restorePlace(const QString &idUser)
 {
     const QVariant remembered = rememberedState(idUser, geometryKey);
-    if (!remembered.isValid() || !restoreGeometry(remembered.toByteArray()) || isMaximized() ||
-        isFullScreen())
-        return;
+    if (remembered.isValid())
+        restoreGeometry(remembered.toByteArray());
+    if (!isMaximized() && !isFullScreen())
+        fitOntoScreen();
+}
+
+void Veltab::fitOntoScreen()
+{
     const QScreen *screen = QGuiApplication::screenAt(geometry().center());
-    const QRect inner = geometry();
-    const QRect outer = frameGeometry();
-    const QRect free = (screen == nullptr ? QGuiApplication::primaryScreen() : screen)
-                           ->availableGeometry()
-                           .adjusted(inner.left() - outer.left(), inner.top() - outer.top(),
-                                     inner.right() - outer.right(), inner.bottom() - outer.bottom());
-    QRect place(inner.topLeft(), inner.size().boundedTo(free.size()));
-    place.moveLeft(qBound(free.left(), place.left(), free.right() + 1 - place.width()));
-    place.moveTop(qBound(free.top(), place.top(), free.bottom() + 1 - place.height()));
-    if (place != inner)
-        setGeometry(place);
+    const QRect free = (screen == nullptr ? QGuiApplication::primaryScreen() : screen)->availableGeometry();
+    QSize frame = frameGeometry().size() - size();
+    // Before it is shown, a window has no frame yet.
+    if (frame.isNull())
+        frame.setHeight(style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize fitting = size().boundedTo(free.size() - frame);
+    const QPoint corner(qBound(free.left(), x(), free.right() + 1 - fitting.width() - frame.width()),
+                        qBound(free.top(), y(), free.bottom() + 1 - fitting.height() - frame.height()));
+    if (fitting != size())
+        resize(fitting);
+    if (corner != pos())
+        move(corner);
 }
 
 void Veltab::buildStatusBar()
@@ -321,11 +328,13 @@ void Veltab::focusCurrentTab()
 void Veltab::add()
 {
     m_tables->AddRecord();
+    refreshNextStep();
 }
 
 void Veltab::edit()
 {
     m_tables->EditRecord();
+    refreshNextStep();
 }
 
 void Veltab::dell()

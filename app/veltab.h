@@ -137,6 +137,7 @@ private:
     void askServiceMenu();
     void rememberGeometry();
     void restorePlace(const QString &idUser);
+    void fitOntoScreen();
     void refuse(const QString &text);
     void askAndExport(const QString &code);
     bool exportCurrent(const QString &code, const QString &path);

@@ -1,6 +1,7 @@
 #include "setting.h"
 #include "ui_setting.h"
 
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "settingfile.h"
@@ -211,10 +212,19 @@ void setting::takeValues()
         m_values.insert(QLatin1String(key.path), shownIn(findChild<QWidget *>(QLatin1String(key.widget))));
 }
 
+QVariantList setting::shownValues() const
+{
+    QVariantList values;
+    for (const SettingKey &key : settingKeys())
+        values.append(shownIn(findChild<QWidget *>(QLatin1String(key.widget))));
+    return values;
+}
+
 int setting::exec()
 {
     readChangedKeys();
     showValues();
+    m_opened = shownValues();
     ui->leHost->setFocus();
     return QDialog::exec();
 }
@@ -240,6 +250,14 @@ void setting::save()
 void setting::cancel()
 {
     reject();
+}
+
+void setting::reject()
+{
+    if (!isVisible() || shownValues() == m_opened ||
+        QMessDlg::confirm(this, tr("Попередження."), tr("Зміни не збережено."), tr("Закрити без збереження"),
+                          tr("Продовжити редагування")))
+        QDialog::reject();
 }
 
 void setting::choose(QLineEdit *target, const QString &title, const QString &filter)

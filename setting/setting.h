@@ -76,6 +76,8 @@ public slots:
     int exec() override;
     void save();
     void cancel();
+    /// Esc and the closing of the window, too: asks before what was typed is lost.
+    void reject() override;
     void DialogPathLang();
     void DialogShopRMousPathPrg();
     void DialogKassRMousPathPrg();
@@ -99,6 +101,7 @@ private:
     QVariant encoded(const QString &path, const QVariant &value) const;
     void showValues();
     void takeValues();
+    QVariantList shownValues() const;
     void choose(QLineEdit *target, const QString &title, const QString &filter);
     QVariant value(const QString &path) const;
     LaunchCommand command(const QString &group) const;
@@ -111,6 +114,8 @@ private:
     /// What stood in the file of m_origin when it was read or written last: as it is stored, and as a value.
     QHash<QString, QVariant> m_stored;
     QHash<QString, QVariant> m_read;
+    /// What the fields held when the dialog opened.
+    QVariantList m_opened;
     QString m_origin;
     QString m_problem;
     QString m_loginAt;

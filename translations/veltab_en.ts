@@ -3703,6 +3703,10 @@ TO VERSION
         <source>&amp;Так</source>
         <translation>&amp;Yes</translation>
     </message>
+    <message>
+        <source>Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, «Продається в магазинах».</source>
+        <translation>So that an item can be sold, tick its shops in it: Tables → Goods, F4, “Sold in the shops”.</translation>
+    </message>
 </context>
 <context>
     <name>connection</name>
@@ -4012,6 +4016,18 @@ The changes last only until the program is closed. To keep them, allow writing t
     <message>
         <source>Сертифікати (*.pem *.crt)</source>
         <translation>Certificates (*.pem *.crt)</translation>
+    </message>
+    <message>
+        <source>Зміни не збережено.</source>
+        <translation>The changes are not saved.</translation>
+    </message>
+    <message>
+        <source>Закрити без збереження</source>
+        <translation>Close without saving</translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
     </message>
 </context>
 </TS>

@@ -154,7 +154,12 @@ void TstSetting::cancelChangesNothing()
     QVERIFY(withModal<setting>([&] { QCOMPARE(set.exec(), 0); },
                                [](setting *dialog) {
                                    child<QLineEdit>(dialog, "leHost")->setText("other");
-                                   QTest::keyClick(dialog, Qt::Key_Escape);
+                                   const auto leave = [&] { dialog->reject(); };
+                                   QVERIFY(answerConfirm(leave, false).contains("Зміни не збережено."));
+                                   QVERIFY(dialog->isVisible());
+                                   QCOMPARE(child<QLineEdit>(dialog, "leHost")->text(), QString("other"));
+                                   answerConfirm(leave, true);
+                                   QVERIFY(!dialog->isVisible());
                                }));
     QVERIFY(saved.isEmpty());
     QCOMPARE(set.databaseAddress().host, QString("localhost"));
