@@ -140,7 +140,7 @@ QString Veltab::serverDetails() const
 {
     if (m_address.host.isEmpty())
         return QString();
-    const QString place = tr("%1:%2, база %3").arg(m_address.host).arg(m_address.port).arg(m_address.name);
+    QString place = tr("%1:%2, база %3").arg(m_address.host).arg(m_address.port).arg(m_address.name);
     if (!m_isConnected || m_isLost)
         return place;
     const QString cipher = tlsCipher(m_db);

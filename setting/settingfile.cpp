@@ -6,7 +6,7 @@
 
 namespace {
 /// Far above any file of settings; a larger one would only keep the start waiting.
-const qint64 largestFile = 1024 * 1024;
+const qint64 largestFile = qint64(1024) * 1024;
 /// What stands for a file that must not be touched: reading finds nothing there, writing fails.
 const char *const nowhere = "/dev/null/Velta.ini";
 
