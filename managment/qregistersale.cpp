@@ -69,6 +69,19 @@ void QRegisterSale::fillKass()
     showShift();
 }
 
+/// What a lost connection left empty or unknown.
+void QRegisterSale::refillPlaces()
+{
+    if (!m_user->isLoaded())
+        return;
+    if (ui->cbShop->count() == 0)
+        fillShops();
+    else if (ui->cbKass->count() == 0)
+        fillKass();
+    else
+        showShift();
+}
+
 void QRegisterSale::showShift()
 {
     ui->lbShift->setText(shiftText());
@@ -345,7 +358,7 @@ bool QRegisterSale::VerifyChek()
 void QRegisterSale::sale()
 {
     notify(QString());
-    if (!settle() || !mayChange())
+    if (!settle() || isCodeLeft() || !mayChange())
         return;
     if (VerifyChek() && m_chek->receipt().total() != 0 && agreeDate() && agreeChanges())
         pay();

@@ -96,6 +96,7 @@ private:
     void fillShops();
     void fillKass();
     void showShift();
+    void refillPlaces();
     QString shiftText() const;
     void showReceipt();
     void showDate();
@@ -124,6 +125,7 @@ private:
     bool settleQuantity();
     bool settleDiscount();
     bool settleSearch();
+    bool isCodeLeft();
     void takeScans();
     void notAdded(const QString &why);
 
@@ -196,6 +198,8 @@ private:
     bool m_isDateAgreed = false;
     /// For this Enter was pressed before the list was there.
     std::optional<QString> m_waited;
+    /// What Enter asked for last; empty once something else is typed.
+    QString m_asked;
     /// A quantity that left its editor and is not in the receipt yet.
     struct TypedQuantity
     {

@@ -96,6 +96,7 @@ void QRegisterSale::enter()
     const QString text = ui->leSearch->text().trimmed();
     if (text.isEmpty() || m_waited == text)
         return;
+    m_asked = text;
     settleSearch();
     if (isScanned(text) && addScanned(text))
         return;

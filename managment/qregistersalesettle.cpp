@@ -3,6 +3,7 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
+#include "ean13.h"
 #include "listloader.h"
 #include "money.h"
 #include "quantitydelegate.h"
@@ -72,6 +73,17 @@ void QRegisterSale::dropSearch()
     m_waited.reset();
     m_loader->cancel();
     m_searchDelay.start();
+}
+
+/// A code that was typed and not confirmed: the receipt would be paid without its item.
+bool QRegisterSale::isCodeLeft()
+{
+    const QString text = ui->leSearch->text().trimmed();
+    if (!looksScanned(text) || text == m_asked)
+        return false;
+    notify(tr("Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.").arg(text));
+    focusSearch();
+    return true;
 }
 
 /// In the order they were scanned; a question that one of them asks holds up the others.

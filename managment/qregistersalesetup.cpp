@@ -144,6 +144,7 @@ void QRegisterSale::connectReceipt()
             focusSearch();
     });
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::refillPlaces);
     connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
     connect(ui->pbShowSlip, &QPushButton::clicked, this, [this] { wantSlip(false); });
     connect(ui->pbPrintSlip, &QPushButton::clicked, this, [this] { wantSlip(true); });
@@ -199,6 +200,7 @@ void QRegisterSale::connectSearch()
             loadList(ui->leSearch->text());
     });
     connect(ui->leSearch, &QLineEdit::textChanged, &m_searchDelay, qOverload<>(&QTimer::start));
+    connect(ui->leSearch, &QLineEdit::textEdited, this, [this] { m_asked.clear(); });
     connect(ui->rbName, &QRadioButton::toggled, this, [this] {
         seerch(ui->leSearch->text());
         focusSearch();

@@ -1820,6 +1820,10 @@ Write with that date?</translation>
         <source>, решта %1</source>
         <translation>, change %1</translation>
     </message>
+    <message>
+        <source>Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.</source>
+        <translation>The code “%1” is not in the receipt yet. Press Enter to add the item, or clear the field.</translation>
+    </message>
 </context>
 <context>
     <name>QReports</name>

@@ -82,6 +82,8 @@ private slots:
     void whatIsPaidIsWritten_data();
     void whatIsPaidIsWritten();
     void whatIsBegunStopsTheSale();
+    void codeWithoutEnterStopsTheSale();
+    void placesComeBack();
     void scanAnywhere_data();
     void scanAnywhere();
     void scanBehindAQuestion();
@@ -457,6 +459,37 @@ void tst_qregistersale::whatIsBegunStopsTheSale()
     QCOMPARE(asked([this] { key(Qt::Key_F9); }, false), text("Не достатньо товару для продажу!"));
     QCOMPARE(cell(m_chek, 0, 9), text("1"));
     QCOMPARE(cheks(), QString());
+}
+
+/// Typed by hand, so slowly that it is no scan, and never confirmed.
+void tst_qregistersale::codeWithoutEnterStopsTheSale()
+{
+    type(text("4820000000109"));
+    QTest::keyClicks(m_search, text("4820000000109"), Qt::NoModifier, 100);
+    key(Qt::Key_F9);
+    QVERIFY(notice().contains(text("«4820000000109» ще не в чеку")));
+    QCOMPARE(rows(), 1);
+    key(Qt::Key_Return);
+    QCOMPARE(rows(), 2);
+    type(text("4820000000901"));
+    QTRY_VERIFY(notice().contains(text("не знайдено")));
+    pay();
+    QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=1")), text("2"));
+}
+
+/// The registers of a shop that was chosen while the server was away are read when it is back.
+void tst_qregistersale::placesComeBack()
+{
+    auto *shops = in<QComboBox>(m_tab.get(), "cbShop");
+    auto *registers = in<QComboBox>(m_tab.get(), "cbKass");
+    Db::setStatementRefusal([](const QString &sql) { return sql.contains(text("FROM kassa")) ? 2013 : 0; });
+    shops->setCurrentIndex(1 - shops->currentIndex());
+    Db::setStatementRefusal({});
+    QCOMPARE(registers->count(), 0);
+    QVERIFY(waitForServer(m_base->db(), 3000));
+    emit m_user->rightsChanged();
+    QVERIFY(registers->count() > 0);
+    QVERIFY(!in<QLabel>(m_tab.get(), "lbShift")->text().contains(text("невідомий")));
 }
 
 void tst_qregistersale::scanAnywhere_data()
