@@ -2,8 +2,8 @@
 #include "ui_tunewindow.h"
 
 #include "db.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
-#include "qqestion.h"
 
 TuneWindow::TuneWindow(const QSqlDatabase &db, DatabaseTuning::Work work, QObject *receiver, QWidget *parent)
     : QDialog(parent)
@@ -28,8 +28,8 @@ TuneWindow *TuneWindow::ask(QSqlDatabase *db, QWidget *mainWindow)
 {
     const auto state = tunedState(Db(db, mainWindow));
     const bool isTuned = state == TunedState::Whole;
-    if (!state ||
-        QQestion::question(mainWindow, tr("Прискорити звіти?"), tuningQuestion(isTuned)) != QDialog::Accepted)
+    if (!state || !QMessDlg::confirm(mainWindow, tr("Прискорити звіти?"), tuningQuestion(isTuned),
+                                     isTuned ? tr("&Прибрати індекси") : tr("&Додати індекси")))
         return nullptr;
     auto *window =
         new TuneWindow(*db, isTuned ? DatabaseTuning::Remove : DatabaseTuning::Add, mainWindow, mainWindow);

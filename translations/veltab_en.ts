@@ -3216,6 +3216,14 @@ With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or
         <source>Індекси прибрано.</source>
         <translation>The indexes are removed.</translation>
     </message>
+    <message>
+        <source>&amp;Прибрати індекси</source>
+        <translation>&amp;Remove the indexes</translation>
+    </message>
+    <message>
+        <source>&amp;Додати індекси</source>
+        <translation>&amp;Add the indexes</translation>
+    </message>
 </context>
 <context>
     <name>TurnoverBars</name>

@@ -6,6 +6,7 @@
 #include "goodsrules.h"
 #include "goodswriter.h"
 #include "money.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "qtab.h"
@@ -215,9 +216,9 @@ void QAddEdtGoods::addshc()
     if (!why.isEmpty()) {
         QQestion::question(this, tr("Попередження."), why, true);
     } else if (isSoundEan(code) ||
-               QQestion::question(this, tr("Увага."),
-                                  tr("Контрольна цифра штрихкоду %1 невірна. Додати його?").arg(code)) ==
-                   Accepted) {
+               QMessDlg::confirm(this, tr("Увага."),
+                                 tr("Контрольна цифра штрихкоду %1 невірна. Додати його?").arg(code),
+                                 tr("&Додати"))) {
         ui->lwShtrih->addItem(code);
         ui->lwShtrih->setCurrentRow(ui->lwShtrih->count() - 1);
         ui->leShtrih->clear();

@@ -134,6 +134,8 @@ void TstVeltab::start(const std::function<void(QDialog *)> &answer)
         answer(dialog);
     });
     watch.start();
+    // The connection has one name: the window before must be gone first.
+    m_window.reset();
     m_window = std::make_unique<Veltab>(m_folder->path());
     m_window->show();
     const auto isOver = [&] {
@@ -796,14 +798,14 @@ void TstVeltab::indexesAreOfferedAndTakenBack()
     };
     const auto isWorking = [this] { return m_window->findChild<QDialog *>("TuneWindow") != nullptr; };
     const auto tune = [this] { action("mt_tune")->trigger(); };
-    QVERIFY(answerQuestion(tune, false).startsWith("Додати до чеків у базі два індекси?"));
+    QVERIFY(answerConfirm(tune, false).contains("\nДодати до чеків у базі два індекси?"));
     QVERIFY(!isWorking());
-    answerQuestion(tune);
+    answerConfirm(tune, true);
     QVERIFY(isWorking());
     QVERIFY(answerQuestion([this] { m_window->close(); }).startsWith("Перед виходом дочекайтесь"));
     QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
     QCOMPARE(indexes(), QString("2"));
-    QVERIFY(answerQuestion(tune).startsWith("Індекси для швидких звітів уже є у базі."));
+    QVERIFY(answerConfirm(tune, true).contains("\nІндекси для швидких звітів уже є у базі."));
     QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
     QCOMPARE(indexes(), QString("0"));
 }
@@ -814,7 +816,7 @@ void TstVeltab::tuningAndSettingsDoNotCross()
     auto *settings = child<setting>(m_window.get(), "setting");
     const auto isWorking = [this] { return m_window->findChild<QDialog *>("TuneWindow") != nullptr; };
     m_base->exec("LOCK TABLES cheks READ");
-    answerQuestion([this] { action("mt_tune")->trigger(); });
+    answerConfirm([this] { action("mt_tune")->trigger(); }, true);
     QVERIFY(isWorking());
     child<QLineEdit>(settings, "leBase")->setText("інша");
     QVERIFY(answerQuestion([&] { settings->save(); }).contains("коли закінчиться прискорення звітів"));

@@ -32,7 +32,7 @@ ChekPlace place(int kass = 1, int user = 1)
 } // namespace
 Q_DECLARE_METATYPE(ChekPayment)
 
-class tst_chekwriter : public QObject
+class TstChekWriter : public QObject
 {
     Q_OBJECT
 
@@ -89,30 +89,30 @@ private:
     std::unique_ptr<FreshDatabase> m_base;
 };
 
-void tst_chekwriter::initTestCase()
+void TstChekWriter::initTestCase()
 {
     m_base = std::make_unique<FreshDatabase>();
     fillSaleShop(m_base.get());
 }
 
-void tst_chekwriter::init()
+void TstChekWriter::init()
 {
     resetSaleShop(m_base.get());
     m_base->heard.forget();
 }
 
-void tst_chekwriter::cleanup()
+void TstChekWriter::cleanup()
 {
     Db::setStatementHook({});
     Db::setStatementRefusal({});
 }
 
-void tst_chekwriter::cleanupTestCase()
+void TstChekWriter::cleanupTestCase()
 {
     m_base.reset();
 }
 
-Receipt tst_chekwriter::receipt(const QVector<QPair<int, qint64>> &goods)
+Receipt TstChekWriter::receipt(const QVector<QPair<int, qint64>> &goods)
 {
     Receipt receipt;
     for (const auto &[id, quantity] : goods) {
@@ -123,26 +123,26 @@ Receipt tst_chekwriter::receipt(const QVector<QPair<int, qint64>> &goods)
     return receipt;
 }
 
-ChekWriter::Result tst_chekwriter::sell(const Receipt &receipt, int kass)
+ChekWriter::Result TstChekWriter::sell(const Receipt &receipt, int kass)
 {
     return ChekWriter(m_base->db(), place(kass)).write(receipt, inCash(receipt));
 }
 
-QString tst_chekwriter::stock(int goods)
+QString TstChekWriter::stock(int goods)
 {
     return m_base->value(
         QStringLiteral("SELECT count_showroom FROM goods_shop WHERE id_shop=1 AND id_goods=%1").arg(goods));
 }
 
 /// Shift 1 of register 1, with further columns.
-void tst_chekwriter::openShift(const QString &columns, const QString &values)
+void TstChekWriter::openShift(const QString &columns, const QString &values)
 {
     m_base->exec(QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time%1) "
                                 "VALUES(1,1,1,1,0%2)")
                      .arg(columns, values));
 }
 
-QStringList tst_chekwriter::written()
+QStringList TstChekWriter::written()
 {
     return m_base->rows(text("SELECT id_kass,id_chek,id_position,summa FROM cheks ORDER BY 1,2,3")) +
            m_base->rows(text("SELECT id_kass,id_zzvit,cash,count_cheks FROM z_zvit ORDER BY 1,2")) +
@@ -150,7 +150,7 @@ QStringList tst_chekwriter::written()
 }
 
 /// What is true of every receipt and every shift, whatever was sold.
-void tst_chekwriter::checkSums()
+void TstChekWriter::checkSums()
 {
     QCOMPARE(m_base->rows(text("SELECT id_kass,id_chek FROM cheks GROUP BY id_shop,id_kass,id_chek HAVING "
                                "SUM(IF(id_type=1,summa,0))-SUM(IF(id_type=2,summa,0))<>"
@@ -167,7 +167,7 @@ void tst_chekwriter::checkSums()
              QStringList());
 }
 
-void tst_chekwriter::rowsOfASale()
+void TstChekWriter::rowsOfASale()
 {
     const Receipt sold = receipt({{10, 1000}, {11, 250}, {13, 1000}});
     ChekPayment payment = inCash(sold);
@@ -200,7 +200,7 @@ void tst_chekwriter::rowsOfASale()
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
-void tst_chekwriter::rowsOfADiscountedSale()
+void TstChekWriter::rowsOfADiscountedSale()
 {
     Receipt sold = receipt({{10, 1000}, {11, 250}, {13, 1000}});
     sold.setDiscount(1000);
@@ -226,7 +226,7 @@ void tst_chekwriter::rowsOfADiscountedSale()
     checkSums();
 }
 
-void tst_chekwriter::numbersGoOn()
+void TstChekWriter::numbersGoOn()
 {
     const Receipt sold = receipt({{10, 1000}});
     QCOMPARE(sell(sold, 1).chek.number, 1);
@@ -239,7 +239,7 @@ void tst_chekwriter::numbersGoOn()
     checkSums();
 }
 
-void tst_chekwriter::dayAndRatesOfANewShift()
+void TstChekWriter::dayAndRatesOfANewShift()
 {
     m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,day,data_time) VALUES"
                       "(7,1,1,1,3,20261120200000),(6,1,1,1,2,20261119200000),(4,1,2,2,2,20261120200000)"));
@@ -252,7 +252,7 @@ void tst_chekwriter::dayAndRatesOfANewShift()
 }
 
 /// No barcode, no tax, no type, and one goods item twice.
-void tst_chekwriter::oddGoods()
+void TstChekWriter::oddGoods()
 {
     Receipt sold = receipt({{12, 1000}, {15, 250}, {12, 2000}});
     QVERIFY(sold.refusal().contains(QStringLiteral("Новинка")));
@@ -268,7 +268,7 @@ void tst_chekwriter::oddGoods()
 }
 
 /// Each group into its own column, twice.
-void tst_chekwriter::allTaxGroups()
+void TstChekWriter::allTaxGroups()
 {
     Receipt sold;
     for (int tax = 1; tax <= 5; ++tax) {
@@ -284,7 +284,7 @@ void tst_chekwriter::allTaxGroups()
     QCOMPARE(stock(10), text("-20000"));
 }
 
-void tst_chekwriter::disagreement_data()
+void TstChekWriter::disagreement_data()
 {
     QTest::addColumn<qint64>("discount");
     QTest::addColumn<ChekPayment>("payment");
@@ -302,7 +302,7 @@ void tst_chekwriter::disagreement_data()
     QTest::newRow("fourth") << qint64(0) << ChekPayment{0, 8000, 7999, 0, 0, text("1.50")} << "не стільки";
 }
 
-void tst_chekwriter::disagreement()
+void TstChekWriter::disagreement()
 {
     QFETCH(qint64, discount);
     QFETCH(ChekPayment, payment);
@@ -322,7 +322,7 @@ void tst_chekwriter::disagreement()
     QCOMPARE(written(), before);
 }
 
-void tst_chekwriter::timeOfWriting_data()
+void TstChekWriter::timeOfWriting_data()
 {
     QTest::addColumn<QDateTime>("clock");
     QTest::addColumn<QDate>("chosen");
@@ -334,7 +334,7 @@ void tst_chekwriter::timeOfWriting_data()
         << QDateTime(QDate(2026, 4, 1), QTime(3, 30)) << QDate(2026, 3, 29) << "20260329033000";
 }
 
-void tst_chekwriter::timeOfWriting()
+void TstChekWriter::timeOfWriting()
 {
     QFETCH(QDateTime, clock);
     QFETCH(QDate, chosen);
@@ -348,7 +348,7 @@ void tst_chekwriter::timeOfWriting()
              (QStringList{stamp}));
 }
 
-void tst_chekwriter::shiftLimits_data()
+void TstChekWriter::shiftLimits_data()
 {
     QTest::addColumn<QString>("columns");
     QTest::addColumn<QString>("values");
@@ -368,7 +368,7 @@ void tst_chekwriter::shiftLimits_data()
                           << ",2147478648" << false;
 }
 
-void tst_chekwriter::shiftLimits()
+void TstChekWriter::shiftLimits()
 {
     QFETCH(QString, columns);
     QFETCH(QString, values);
@@ -393,7 +393,7 @@ void tst_chekwriter::shiftLimits()
     QCOMPARE(sell(sold).outcome, ChekWriter::Written);
 }
 
-void tst_chekwriter::sumsWithoutValue()
+void TstChekWriter::sumsWithoutValue()
 {
     openShift(text(",cash,Oborot_A,count_cheks,beznal_2,summ_diskount"), text(",NULL,NULL,NULL,NULL,700"));
     QCOMPARE(sell(receipt({{10, 1000}})).outcome, ChekWriter::Written);
@@ -401,7 +401,7 @@ void tst_chekwriter::sumsWithoutValue()
              (QStringList{text("5000|5000|1|0|700")}));
 }
 
-void tst_chekwriter::numbersRunOut()
+void TstChekWriter::numbersRunOut()
 {
     const Receipt sold = receipt({{10, 1000}});
     m_base->exec(text("INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position) VALUES"
@@ -419,7 +419,7 @@ void tst_chekwriter::numbersRunOut()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM z_zvit WHERE id_kass=2")), text("1"));
 }
 
-void tst_chekwriter::foreignShiftBlocks()
+void TstChekWriter::foreignShiftBlocks()
 {
     m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(1,1,1,2,0)"));
     const QStringList before = written();
@@ -432,7 +432,7 @@ void tst_chekwriter::foreignShiftBlocks()
 
 /// Closed by another program between reading the shift and joining it; and, whatever locks there may be,
 /// right before its sums are added.
-void tst_chekwriter::shiftClosedMeanwhile()
+void TstChekWriter::shiftClosedMeanwhile()
 {
     const Receipt sold = receipt({{10, 1000}});
     QCOMPARE(sell(sold).outcome, ChekWriter::Written);
@@ -462,7 +462,7 @@ void tst_chekwriter::shiftClosedMeanwhile()
     checkSums();
 }
 
-void tst_chekwriter::placeChangedMeanwhile_data()
+void TstChekWriter::placeChangedMeanwhile_data()
 {
     QTest::addColumn<QString>("change");
     QTest::addColumn<QString>("back");
@@ -481,7 +481,7 @@ void tst_chekwriter::placeChangedMeanwhile_data()
                                      << "в іншому магазині";
 }
 
-void tst_chekwriter::placeChangedMeanwhile()
+void TstChekWriter::placeChangedMeanwhile()
 {
     QFETCH(QString, change);
     QFETCH(QString, back);
@@ -505,7 +505,7 @@ void tst_chekwriter::placeChangedMeanwhile()
     QCOMPARE(sell(sold).outcome, ChekWriter::Written);
 }
 
-void tst_chekwriter::brokenConnection_data()
+void TstChekWriter::brokenConnection_data()
 {
     QTest::addColumn<bool>("opens");
     QTest::addColumn<int>("count");
@@ -514,7 +514,7 @@ void tst_chekwriter::brokenConnection_data()
 }
 
 /// The connection breaks right before each statement in turn: nothing is written, and the next try works.
-void tst_chekwriter::brokenConnection()
+void TstChekWriter::brokenConnection()
 {
     QFETCH(bool, opens);
     QFETCH(int, count);
@@ -553,7 +553,7 @@ void tst_chekwriter::brokenConnection()
 }
 
 /// The server has committed but its answer is lost; or the server cannot be asked any more.
-void tst_chekwriter::brokenAtTheEnd()
+void TstChekWriter::brokenAtTheEnd()
 {
     const Receipt sold = receipt({{10, 1000}});
     bool isCommitted = false;
@@ -589,7 +589,7 @@ void tst_chekwriter::brokenAtTheEnd()
     checkSums();
 }
 
-void tst_chekwriter::refusedStatements()
+void TstChekWriter::refusedStatements()
 {
     const Receipt sold = receipt({{10, 1000}});
     const QStringList before = written();
@@ -605,7 +605,7 @@ void tst_chekwriter::refusedStatements()
 
 /// The cashier's program takes the number at the same moment: the next try has the next one, and nobody hears
 /// of it; when it is there each time, it is told once.
-void tst_chekwriter::twoWritersOnOneRegister()
+void TstChekWriter::twoWritersOnOneRegister()
 {
     const Receipt sold = receipt({{10, 1000}});
     QCOMPARE(sell(sold).outcome, ChekWriter::Written);
@@ -640,7 +640,7 @@ void tst_chekwriter::twoWritersOnOneRegister()
 }
 
 /// Both want the whole stock table: the later one waits, and what it does not get it tells.
-void tst_chekwriter::twoWritersOnTwoRegisters()
+void TstChekWriter::twoWritersOnTwoRegisters()
 {
     const Receipt sold = receipt({{10, 1000}});
     WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
@@ -665,7 +665,7 @@ void tst_chekwriter::twoWritersOnTwoRegisters()
 }
 
 /// Another program holds the stock longer than the server waits for it, then lets go: nobody hears of it.
-void tst_chekwriter::lockThatIsReleased()
+void TstChekWriter::lockThatIsReleased()
 {
     const Receipt sold = receipt({{10, 1000}});
     QVERIFY(m_base->db().run(QStringLiteral("SET SESSION innodb_lock_wait_timeout=1")));
@@ -690,7 +690,7 @@ void tst_chekwriter::lockThatIsReleased()
 }
 
 /// Another program of a cluster was quicker: nothing is written, and the server need not be asked.
-void tst_chekwriter::commitThatIsRefused()
+void TstChekWriter::commitThatIsRefused()
 {
     const Receipt sold = receipt({{10, 1000}});
     int commits = 0;
@@ -714,7 +714,7 @@ void tst_chekwriter::commitThatIsRefused()
 }
 
 /// The client has lost its connection, but the server still holds the transaction: neither yes nor no.
-void tst_chekwriter::askedWhileTransactionIsOpen()
+void TstChekWriter::askedWhileTransactionIsOpen()
 {
     const Receipt sold = receipt({{10, 1000}});
     WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
@@ -739,7 +739,7 @@ void tst_chekwriter::askedWhileTransactionIsOpen()
 }
 
 /// The less a row of the price list is wanted the later it is put in: each one has to win over those before.
-void tst_chekwriter::prices()
+void TstChekWriter::prices()
 {
     const auto price = [&](int priority) {
         GoodsSearch search;
@@ -777,7 +777,7 @@ void tst_chekwriter::prices()
     QCOMPARE(price(5), QString::number(kopecks));
 }
 
-void tst_chekwriter::promotions_data()
+void TstChekWriter::promotions_data()
 {
     QTest::addColumn<QString>("dates");
     QTest::addColumn<QString>("days");
@@ -804,7 +804,7 @@ void tst_chekwriter::promotions_data()
                                    << "Sat," << false;
 }
 
-void tst_chekwriter::promotions()
+void TstChekWriter::promotions()
 {
     QFETCH(QString, dates);
     QFETCH(QString, days);
@@ -831,7 +831,7 @@ void tst_chekwriter::promotions()
 
 /// Shown is what the promotion does and its own name, never that of the promotion with the number of its
 /// kind.
-void tst_chekwriter::promotionCaptions()
+void TstChekWriter::promotionCaptions()
 {
     m_base->exec(text("INSERT INTO type_action(id,name) VALUES(3,'Подарунок')"));
     m_base->exec(text("INSERT INTO action(id,name,id_type_action,val,datetime_start,week_day) VALUES"
@@ -864,7 +864,7 @@ void tst_chekwriter::promotionCaptions()
     m_base->exec(text("DELETE FROM type_action WHERE id=3"));
 }
 
-void tst_chekwriter::changesBeforePayment()
+void TstChekWriter::changesBeforePayment()
 {
     Receipt filled = receipt({{10, 2000}, {11, 250}, {13, 1000}, {10, 1000}});
     GoodsSearch search;
@@ -903,7 +903,7 @@ void tst_chekwriter::changesBeforePayment()
                                           text("«Молоко»: товар заблоковано.")}));
 }
 
-void tst_chekwriter::searchTakesTextAsData()
+void TstChekWriter::searchTakesTextAsData()
 {
     const auto found = [&](const QString &words, GoodsSearch::By by) {
         GoodsSearch search;
@@ -933,5 +933,5 @@ void tst_chekwriter::searchTakesTextAsData()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM goods_shop")), text("16"));
 }
 
-QTEST_GUILESS_MAIN(tst_chekwriter)
+QTEST_GUILESS_MAIN(TstChekWriter)
 #include "tst_chekwriter.moc"

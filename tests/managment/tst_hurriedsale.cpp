@@ -152,7 +152,7 @@ struct PaperShift
 };
 } // namespace
 
-class tst_hurriedsale : public QObject
+class TstHurriedSale : public QObject
 {
     Q_OBJECT
 
@@ -166,7 +166,7 @@ private slots:
     void agreesWithPaper();
 
 private:
-    using Act = void (tst_hurriedsale::*)();
+    using Act = void (TstHurriedSale::*)();
 
     int draw(int below) { return static_cast<int>(m_random.bounded(quint32(below))); }
     bool isLucky(int ofHundred) { return draw(100) < ofHundred; }
@@ -254,7 +254,7 @@ private:
     int m_sinceKill = 100;
 };
 
-void tst_hurriedsale::initTestCase()
+void TstHurriedSale::initTestCase()
 {
     installWheelGuard(qApp);
     m_base = std::make_unique<FreshDatabase>();
@@ -266,11 +266,11 @@ void tst_hurriedsale::initTestCase()
     QVERIFY(openConnection(m_eye, &m_base->heard));
     m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
     QVERIFY(m_user->loadpermis(m_base->connection(), text("admin"), QString()));
-    connect(&m_answering, &QTimer::timeout, this, &tst_hurriedsale::answerBox);
+    connect(&m_answering, &QTimer::timeout, this, &TstHurriedSale::answerBox);
     m_answering.start(5);
 }
 
-void tst_hurriedsale::init()
+void TstHurriedSale::init()
 {
     m_base->exec({text("DELETE FROM cheks"), text("DELETE FROM z_zvit"),
                   text("UPDATE goods_shop SET count_showroom=40000,id_action=IF(id_goods=13,7,1)")});
@@ -301,12 +301,12 @@ void tst_hurriedsale::init()
     m_sinceKill = 100;
 }
 
-void tst_hurriedsale::cleanup()
+void TstHurriedSale::cleanup()
 {
     m_tab.reset();
 }
 
-void tst_hurriedsale::cleanupTestCase()
+void TstHurriedSale::cleanupTestCase()
 {
     m_answering.stop();
     m_eye = QSqlDatabase();
@@ -315,7 +315,7 @@ void tst_hurriedsale::cleanupTestCase()
     m_base.reset();
 }
 
-void tst_hurriedsale::agreesWithPaper_data()
+void TstHurriedSale::agreesWithPaper_data()
 {
     QTest::addColumn<uint>("seed");
     for (uint seed : {1U, 311U, 4820000U})
@@ -325,7 +325,7 @@ void tst_hurriedsale::agreesWithPaper_data()
         QTest::newRow(qPrintable(QStringLiteral("seed %1").arg(seed))) << seed.toUInt();
 }
 
-void tst_hurriedsale::agreesWithPaper()
+void TstHurriedSale::agreesWithPaper()
 {
     QFETCH(uint, seed);
     m_random.seed(seed);
@@ -335,13 +335,13 @@ void tst_hurriedsale::agreesWithPaper()
         const char *name;
         Act act;
     } acts[] = {
-        {26, "scan", &tst_hurriedsale::scanGoods},        {3, "unknown code", &tst_hurriedsale::scanUnknown},
-        {8, "search", &tst_hurriedsale::searchByName},    {14, "quantity", &tst_hurriedsale::beginQuantity},
-        {6, "discount", &tst_hurriedsale::beginDiscount}, {8, "step", &tst_hurriedsale::step},
-        {5, "remove", &tst_hurriedsale::removeRow},       {3, "escape", &tst_hurriedsale::escape},
-        {4, "wheel", &tst_hurriedsale::turnWheels},       {6, "click", &tst_hurriedsale::clickAround},
-        {3, "place", &tst_hurriedsale::choosePlace},      {3, "kill", &tst_hurriedsale::killConnection},
-        {14, "payment", &tst_hurriedsale::payment},       {2, "closing", &tst_hurriedsale::cancelledClosing}};
+        {26, "scan", &TstHurriedSale::scanGoods},        {3, "unknown code", &TstHurriedSale::scanUnknown},
+        {8, "search", &TstHurriedSale::searchByName},    {14, "quantity", &TstHurriedSale::beginQuantity},
+        {6, "discount", &TstHurriedSale::beginDiscount}, {8, "step", &TstHurriedSale::step},
+        {5, "remove", &TstHurriedSale::removeRow},       {3, "escape", &TstHurriedSale::escape},
+        {4, "wheel", &TstHurriedSale::turnWheels},       {6, "click", &TstHurriedSale::clickAround},
+        {3, "place", &TstHurriedSale::choosePlace},      {3, "kill", &TstHurriedSale::killConnection},
+        {14, "payment", &TstHurriedSale::payment},       {2, "closing", &TstHurriedSale::cancelledClosing}};
     const QString before = fixedFields();
     for (int done = 0; done < actionsOfOneSeed; ++done) {
         int drawn = draw(105);
@@ -367,7 +367,7 @@ void tst_hurriedsale::agreesWithPaper()
 // --- what the hand does ---
 
 /// Two scans follow each other at once; a hand needs its time between the keyboard and the scanner.
-void tst_hurriedsale::scanGoods()
+void TstHurriedSale::scanGoods()
 {
     const Goods &goods = goodsOnSale[draw(4)];
     reachForScanner();
@@ -376,13 +376,13 @@ void tst_hurriedsale::scanGoods()
     addScanned(goods);
 }
 
-void tst_hurriedsale::reachForScanner() const
+void TstHurriedSale::reachForScanner() const
 {
     if (!m_handTyped.hasExpired(handMs))
         QTest::qSleep(handMs);
 }
 
-void tst_hurriedsale::scanUnknown()
+void TstHurriedSale::scanUnknown()
 {
     reachForScanner();
     scan(text("4820000009999"));
@@ -391,7 +391,7 @@ void tst_hurriedsale::scanUnknown()
     m_isTold = true;
 }
 
-void tst_hurriedsale::searchByName()
+void TstHurriedSale::searchByName()
 {
     pressKeys({Qt::CTRL + Qt::Key_F});
     rest();
@@ -403,7 +403,7 @@ void tst_hurriedsale::searchByName()
     payAtOnce();
 }
 
-void tst_hurriedsale::beginQuantity()
+void TstHurriedSale::beginQuantity()
 {
     if (!canPressForRow())
         return;
@@ -421,7 +421,7 @@ void tst_hurriedsale::beginQuantity()
 }
 
 /// Beyond what the promotions give.
-void tst_hurriedsale::beginDiscount()
+void TstHurriedSale::beginDiscount()
 {
     if (m_searched != nullptr || m_discountBegun >= 0)
         return;
@@ -439,13 +439,13 @@ void tst_hurriedsale::beginDiscount()
 }
 
 /// The most hurried of all.
-void tst_hurriedsale::payAtOnce()
+void TstHurriedSale::payAtOnce()
 {
     if (isLucky(30))
         payment();
 }
 
-void tst_hurriedsale::step()
+void TstHurriedSale::step()
 {
     if (!canPressForRow())
         return;
@@ -457,7 +457,7 @@ void tst_hurriedsale::step()
 }
 
 /// A quantity that was begun goes with the row.
-void tst_hurriedsale::removeRow()
+void TstHurriedSale::removeRow()
 {
     const int row = currentRow();
     if (canPressForRow() && isLucky(50))
@@ -472,7 +472,7 @@ void tst_hurriedsale::removeRow()
     }
 }
 
-void tst_hurriedsale::escape()
+void TstHurriedSale::escape()
 {
     const bool isOnlyTold = m_isTold || isEditing();
     const bool isSearching = !m_search->text().isEmpty();
@@ -493,7 +493,7 @@ void tst_hurriedsale::escape()
         leaveOnPaper();
 }
 
-void tst_hurriedsale::turnWheels()
+void TstHurriedSale::turnWheels()
 {
     rest();
     m_search->setFocus();
@@ -503,7 +503,7 @@ void tst_hurriedsale::turnWheels()
     QCOMPARE(fixedFields(), before);
 }
 
-void tst_hurriedsale::clickAround()
+void TstHurriedSale::clickAround()
 {
     QNTableView *view = isLucky(50) ? m_chek : in<QNTableView>("viewGoods");
     if (isLucky(40) || view->model()->rowCount() == 0) {
@@ -517,7 +517,7 @@ void tst_hurriedsale::clickAround()
 }
 
 /// A filled receipt is asked about first.
-void tst_hurriedsale::choosePlace()
+void TstHurriedSale::choosePlace()
 {
     if (m_sinceKill < 5)
         return;
@@ -531,13 +531,13 @@ void tst_hurriedsale::choosePlace()
     QCOMPARE(box->currentIndex() != before, hasLeft);
 }
 
-void tst_hurriedsale::killConnection()
+void TstHurriedSale::killConnection()
 {
     m_base->killConnection();
     m_sinceKill = 0;
 }
 
-void tst_hurriedsale::cancelledClosing()
+void TstHurriedSale::cancelledClosing()
 {
     m_wasAsked = false;
     pressKeys({Qt::Key_F12});
@@ -546,7 +546,7 @@ void tst_hurriedsale::cancelledClosing()
     compareWithDatabase();
 }
 
-void tst_hurriedsale::payment()
+void TstHurriedSale::payment()
 {
     m_wasAsked = false;
     m_wasPaid = false;
@@ -563,7 +563,7 @@ void tst_hurriedsale::payment()
 
 // --- what stands in the way meanwhile ---
 
-void tst_hurriedsale::answerBox()
+void TstHurriedSale::answerBox()
 {
     QWidget *modal = QApplication::activeModalWidget();
     if (modal == nullptr)
@@ -581,7 +581,7 @@ void tst_hurriedsale::answerBox()
     m_answering.start(5);
 }
 
-void tst_hurriedsale::answerQuestion(QMessDlg *box)
+void TstHurriedSale::answerQuestion(QMessDlg *box)
 {
     const QString words = child<QLabel>(box, text("labelText"))->text();
     const bool isAgreed = isLucky(60);
@@ -604,7 +604,7 @@ void tst_hurriedsale::answerQuestion(QMessDlg *box)
 }
 
 /// What is asked for is what stands on the paper; what is paid is remembered.
-void tst_hurriedsale::pay(QPayment *form)
+void TstHurriedSale::pay(QPayment *form)
 {
     m_wasAsked = true;
     if (form->windowTitle().contains(text("змін"))) {
@@ -632,7 +632,7 @@ void tst_hurriedsale::pay(QPayment *form)
 }
 
 /// Written wholly or not at all; not at all only when the connection was broken, and with words.
-void tst_hurriedsale::afterPayment()
+void TstHurriedSale::afterPayment()
 {
     for (int i = 0; i < 50 && notice().contains(text("невідомо")); ++i) {
         QTest::qWait(100);
@@ -649,7 +649,7 @@ void tst_hurriedsale::afterPayment()
 
 // --- the paper ---
 
-void tst_hurriedsale::bookOnPaper()
+void TstHurriedSale::bookOnPaper()
 {
     PaperShift &shift = m_shifts[kass()];
     ++m_receipts;
@@ -685,7 +685,7 @@ void tst_hurriedsale::bookOnPaper()
 }
 
 /// In the order in which the tab ends what was begun; false when something of it was refused.
-bool tst_hurriedsale::settleOnPaper()
+bool TstHurriedSale::settleOnPaper()
 {
     bool isGood = m_rowBegun < 0 || quantityOnPaper();
     m_rowBegun = -1;
@@ -698,7 +698,7 @@ bool tst_hurriedsale::settleOnPaper()
     return isGood;
 }
 
-bool tst_hurriedsale::quantityOnPaper()
+bool TstHurriedSale::quantityOnPaper()
 {
     const qint64 quantity = typedQuantities[m_typed].thousandths;
     const int row = m_rowBegun;
@@ -706,7 +706,7 @@ bool tst_hurriedsale::quantityOnPaper()
     return quantity >= 0 && (m_paper.rows.at(row).quantity == quantity || setOnPaper(row, quantity));
 }
 
-bool tst_hurriedsale::addOnPaper(const Goods &goods)
+bool TstHurriedSale::addOnPaper(const Goods &goods)
 {
     const QString key = QStringLiteral("%1|%2").arg(shop()).arg(goods.id);
     m_paper.rows.append({&goods, 1000, m_stock.value(key)});
@@ -718,7 +718,7 @@ bool tst_hurriedsale::addOnPaper(const Goods &goods)
     return false;
 }
 
-bool tst_hurriedsale::setOnPaper(int row, qint64 quantity)
+bool TstHurriedSale::setOnPaper(int row, qint64 quantity)
 {
     PaperRow &changed = m_paper.rows[row];
     const qint64 before = changed.quantity;
@@ -732,14 +732,14 @@ bool tst_hurriedsale::setOnPaper(int row, qint64 quantity)
 }
 
 /// The question that the paper expects has been asked.
-bool tst_hurriedsale::wasAgreed(QVector<bool> *answers)
+bool TstHurriedSale::wasAgreed(QVector<bool> *answers)
 {
     if (answers->isEmpty())
         QTest::qFail("Nobody was asked", __FILE__, __LINE__);
     return !answers->isEmpty() && answers->takeFirst();
 }
 
-bool tst_hurriedsale::leaveOnPaper()
+bool TstHurriedSale::leaveOnPaper()
 {
     settleOnPaper();
     if (!m_paper.rows.isEmpty() && !wasAgreed(&m_clearAnswers))
@@ -751,7 +751,7 @@ bool tst_hurriedsale::leaveOnPaper()
 }
 
 /// A broken connection may keep an item out, with words; they are read at once.
-void tst_hurriedsale::addScanned(const Goods &goods)
+void TstHurriedSale::addScanned(const Goods &goods)
 {
     if (!notice().contains(text("«%1» не додано").arg(QLatin1String(goods.barcode)))) {
         addOnPaper(goods);
@@ -763,7 +763,7 @@ void tst_hurriedsale::addScanned(const Goods &goods)
 }
 
 /// Where nobody manages windows, nobody activates the one behind a closed box.
-void tst_hurriedsale::activate(QWidget *window)
+void TstHurriedSale::activate(QWidget *window)
 {
     QVERIFY(QTest::qWaitFor([=] {
         if (QApplication::activeWindow() != window)
@@ -773,7 +773,7 @@ void tst_hurriedsale::activate(QWidget *window)
 }
 
 /// The window catches up with the hand.
-void tst_hurriedsale::rest()
+void TstHurriedSale::rest()
 {
     activate(m_tab.get());
     if (m_searched != nullptr)
@@ -794,7 +794,7 @@ void tst_hurriedsale::rest()
 
 // --- what is seen ---
 
-bool tst_hurriedsale::isEditing() const
+bool TstHurriedSale::isEditing() const
 {
     // The one before may still wait to be deleted.
     const auto editors = m_chek->findChildren<QLineEdit *>(text("leQuantity"));
@@ -803,13 +803,13 @@ bool tst_hurriedsale::isEditing() const
 }
 
 /// Keys for the current row are that only where nothing else is typed.
-bool tst_hurriedsale::canPressForRow() const
+bool TstHurriedSale::canPressForRow() const
 {
     const QWidget *focus = m_tab->focusWidget();
     return currentRow() >= 0 && (focus == m_chek || (focus == m_search && m_search->text().isEmpty()));
 }
 
-QString tst_hurriedsale::shownRows() const
+QString TstHurriedSale::shownRows() const
 {
     QStringList rows;
     for (int row = 0; row < m_chek->model()->rowCount(); ++row) {
@@ -823,7 +823,7 @@ QString tst_hurriedsale::shownRows() const
     return rows.join(QLatin1Char('\n')).remove(QChar(QChar::Nbsp));
 }
 
-QString tst_hurriedsale::paperRows() const
+QString TstHurriedSale::paperRows() const
 {
     QStringList rows;
     for (const PaperRow &row : m_paper.rows)
@@ -837,20 +837,20 @@ QString tst_hurriedsale::paperRows() const
     return rows.join(QLatin1Char('\n'));
 }
 
-QString tst_hurriedsale::fixedFields() const
+QString TstHurriedSale::fixedFields() const
 {
     return QStringList{in<QDateEdit>("dateEdit")->text(), in<QSpinBox>("sbPriority")->text(),
                        in<QSpinBox>("sbLimit")->text()}
         .join(QLatin1Char('|'));
 }
 
-void tst_hurriedsale::compareWithTab()
+void TstHurriedSale::compareWithTab()
 {
     QCOMPARE(shownRows(), paperRows());
 }
 
 /// All that was sold, and nothing else.
-void tst_hurriedsale::compareWithDatabase()
+void TstHurriedSale::compareWithDatabase()
 {
     QCOMPARE(seen(text("SELECT COUNT(*) FROM cheks")).value(0), QString::number(m_writtenRows));
     QStringList shifts;
@@ -868,7 +868,7 @@ void tst_hurriedsale::compareWithDatabase()
         stock);
 }
 
-QStringList tst_hurriedsale::seen(const QString &sql)
+QStringList TstHurriedSale::seen(const QString &sql)
 {
     QSqlQuery query(m_eye);
     if (!query.exec(sql))
@@ -884,5 +884,5 @@ QStringList tst_hurriedsale::seen(const QString &sql)
     return list;
 }
 
-QTEST_MAIN(tst_hurriedsale)
+QTEST_MAIN(TstHurriedSale)
 #include "tst_hurriedsale.moc"

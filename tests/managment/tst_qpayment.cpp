@@ -21,7 +21,7 @@ T *in(const QWidget *parent, const char *name)
 } // namespace
 
 /// Paying 625.15: 650.00 less 24.85.
-class tst_qpayment : public QObject
+class TstQPayment : public QObject
 {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private:
     std::unique_ptr<QPayment> m_form;
 };
 
-void tst_qpayment::init()
+void TstQPayment::init()
 {
     m_form = std::make_unique<QPayment>(text("650.00"), text("24.85"), false, nullptr);
     m_form->show();
@@ -53,7 +53,7 @@ void tst_qpayment::init()
 }
 
 /// Given, cash, certificate, card.
-QString tst_qpayment::fields() const
+QString TstQPayment::fields() const
 {
     QStringList texts;
     for (const char *name : {"dsbGiven", "dsbCash", "dsbCertificate", "dsbCard"})
@@ -61,7 +61,7 @@ QString tst_qpayment::fields() const
     return texts.join(QLatin1Char(' '));
 }
 
-void tst_qpayment::type(const char *field, const char *words) const
+void TstQPayment::type(const char *field, const char *words) const
 {
     auto *box = in<MoneySpinBox>(m_form.get(), field);
     box->setFocus(Qt::TabFocusReason);
@@ -71,7 +71,7 @@ void tst_qpayment::type(const char *field, const char *words) const
     QTest::qWait(ScanTail::gapMs + 20);
 }
 
-void tst_qpayment::noteAndChange_data()
+void TstQPayment::noteAndChange_data()
 {
     QTest::addColumn<QVector<int>>("keys");
     QTest::addColumn<QString>("given");
@@ -100,7 +100,7 @@ void tst_qpayment::noteAndChange_data()
                                        << "20000 12515 0 50000" << qint64(20000) << qint64(7485);
 }
 
-void tst_qpayment::noteAndChange()
+void TstQPayment::noteAndChange()
 {
     QFETCH(QVector<int>, keys);
     QFETCH(QString, given);
@@ -123,7 +123,7 @@ void tst_qpayment::noteAndChange()
 }
 
 /// An amount of cash that somebody typed is not overwritten by the note.
-void tst_qpayment::typedCashStays()
+void TstQPayment::typedCashStays()
 {
     type("dsbCash", "600");
     type("dsbCard", "25,15");
@@ -136,7 +136,7 @@ void tst_qpayment::typedCashStays()
 }
 
 /// In the cash field itself only what is owed is accepted.
-void tst_qpayment::overpaidCash()
+void TstQPayment::overpaidCash()
 {
     type("dsbCash", "1000");
     QCOMPARE(in<QGroupBox>(m_form.get(), "gbPaid")->styleSheet(), text("font: bold; color: #DD1010;"));
@@ -147,7 +147,7 @@ void tst_qpayment::overpaidCash()
 }
 
 /// What cannot be read is never another number: neither the rest nor the payment goes past it.
-void tst_qpayment::unreadable()
+void TstQPayment::unreadable()
 {
     type("dsbCard", "12 50");
     QVERIFY(answerQuestion([] { pressKeys({Qt::Key_F5}); }).contains(text("«12 50» не є сумою")));
@@ -159,7 +159,7 @@ void tst_qpayment::unreadable()
 }
 
 /// A scan in any field, at any moment, pays nothing: neither with the code nor with what was typed before.
-void tst_qpayment::scans()
+void TstQPayment::scans()
 {
     type("dsbGiven", "1000");
     for (const char *name :
@@ -176,7 +176,7 @@ void tst_qpayment::scans()
 }
 
 /// F9 in the middle of a scan: its last digits and its Enter arrive here.
-void tst_qpayment::restOfAScan()
+void TstQPayment::restOfAScan()
 {
     scan(text("99109"));
     QVERIFY(m_form->isVisible());
@@ -186,5 +186,5 @@ void tst_qpayment::restOfAScan()
     QCOMPARE(m_form->result(), int(QDialog::Accepted));
 }
 
-QTEST_MAIN(tst_qpayment)
+QTEST_MAIN(TstQPayment)
 #include "tst_qpayment.moc"

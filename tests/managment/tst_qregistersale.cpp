@@ -61,7 +61,7 @@ QString cell(const QTableView *view, int row, int column)
 }
 } // namespace
 
-class tst_qregistersale : public QObject
+class TstQRegisterSale : public QObject
 {
     Q_OBJECT
 
@@ -120,7 +120,7 @@ private:
     QNTableView *m_chek = nullptr;
 };
 
-void tst_qregistersale::initTestCase()
+void TstQRegisterSale::initTestCase()
 {
     m_base = std::make_unique<FreshDatabase>();
     fillSaleShop(m_base.get());
@@ -128,7 +128,7 @@ void tst_qregistersale::initTestCase()
     m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
 }
 
-void tst_qregistersale::init()
+void TstQRegisterSale::init()
 {
     resetSaleShop(m_base.get());
     m_base->exec(text("UPDATE lst_permis SET permission=1 WHERE id_prem=101"));
@@ -146,20 +146,20 @@ void tst_qregistersale::init()
     QTRY_COMPARE(m_goods->model()->rowCount(), 5);
 }
 
-void tst_qregistersale::cleanup()
+void TstQRegisterSale::cleanup()
 {
     Db::setStatementHook({});
     m_tab.reset();
 }
 
-void tst_qregistersale::cleanupTestCase()
+void TstQRegisterSale::cleanupTestCase()
 {
     m_user.reset();
     m_base.reset();
 }
 
 /// To whatever has the focus, as a scanner does.
-void tst_qregistersale::type(const QString &words, bool enter)
+void TstQRegisterSale::type(const QString &words, bool enter)
 {
     for (const QChar c : words)
         QTest::keyClick(focused(), c.toLatin1());
@@ -167,12 +167,12 @@ void tst_qregistersale::type(const QString &words, bool enter)
         key(Qt::Key_Return);
 }
 
-void tst_qregistersale::key(int key)
+void TstQRegisterSale::key(int key)
 {
     QTest::keyClick(focused(), static_cast<Qt::Key>(key));
 }
 
-void tst_qregistersale::pay(const QString &typed, const QVector<int> &keys)
+void TstQRegisterSale::pay(const QString &typed, const QVector<int> &keys)
 {
     QVERIFY(withModal<QPayment>([this] { key(Qt::Key_F9); },
                                 [&](QPayment *) {
@@ -184,19 +184,19 @@ void tst_qregistersale::pay(const QString &typed, const QVector<int> &keys)
                                 }));
 }
 
-QString tst_qregistersale::cheks()
+QString TstQRegisterSale::cheks()
 {
     return m_base->rows(text("SELECT id_type,summa FROM cheks ORDER BY id_kass,id_chek,id_position"))
         .join(QLatin1Char(' '));
 }
 
-void tst_qregistersale::selectKass(const char *name)
+void TstQRegisterSale::selectKass(const char *name)
 {
     auto *box = in<QComboBox>(m_tab.get(), "cbKass");
     box->setCurrentIndex(box->findText(QString::fromUtf8(name)));
 }
 
-void tst_qregistersale::wholeSaleByKeyboard()
+void TstQRegisterSale::wholeSaleByKeyboard()
 {
     QCOMPARE(focused(), m_search);
     QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
@@ -224,7 +224,7 @@ void tst_qregistersale::wholeSaleByKeyboard()
     QCOMPARE(m_base->heard.texts(3), QStringList());
 }
 
-void tst_qregistersale::paymentDialog_data()
+void TstQRegisterSale::paymentDialog_data()
 {
     QTest::addColumn<double>("cash");
     QTest::addColumn<double>("certificate");
@@ -238,7 +238,7 @@ void tst_qregistersale::paymentDialog_data()
     QTest::newRow("given too little") << 0.3 << 0.0 << 0.0 << 0.29 << "Отримано менше, ніж треба";
 }
 
-void tst_qregistersale::paymentDialog()
+void TstQRegisterSale::paymentDialog()
 {
     QFETCH(double, cash);
     QFETCH(double, certificate);
@@ -266,7 +266,7 @@ void tst_qregistersale::paymentDialog()
     QCOMPARE(in<QLabel>(&payment, "lbChange")->text(), given > 0 ? text("4.70") : text("0.00"));
 }
 
-void tst_qregistersale::closingForm()
+void TstQRegisterSale::closingForm()
 {
     QPayment form(text("0.00"), text("0.00"), true, nullptr, 1998);
     QVERIFY(in<QWidget>(&form, "gbPaid")->isHidden() && in<QWidget>(&form, "receiptFields")->isHidden());
@@ -276,7 +276,7 @@ void tst_qregistersale::closingForm()
     QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
 }
 
-void tst_qregistersale::columnsAndPlaces()
+void TstQRegisterSale::columnsAndPlaces()
 {
     QStringList shown;
     for (int i = 0; i < m_chek->model()->columnCount(); ++i) {
@@ -298,7 +298,7 @@ void tst_qregistersale::columnsAndPlaces()
     QTRY_COMPARE(m_goods->model()->rowCount(), 2);
 }
 
-void tst_qregistersale::quantities()
+void TstQRegisterSale::quantities()
 {
     type(text("4820000000109"));
     key(Qt::Key_Plus);
@@ -325,7 +325,7 @@ void tst_qregistersale::quantities()
     key(Qt::Key_Delete);
 }
 
-void tst_qregistersale::searchByName()
+void TstQRegisterSale::searchByName()
 {
     in<QRadioButton>(m_tab.get(), "rbName")->click();
     m_search->setText(text("Хліб"));
@@ -363,7 +363,7 @@ void tst_qregistersale::searchByName()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM goods_shop")), text("16"));
 }
 
-void tst_qregistersale::stockQuestion()
+void TstQRegisterSale::stockQuestion()
 {
     m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
     type(text("4820000000109"));
@@ -378,7 +378,7 @@ void tst_qregistersale::stockQuestion()
              text("-1000"));
 }
 
-void tst_qregistersale::whatIsPaidIsWritten_data()
+void TstQRegisterSale::whatIsPaidIsWritten_data()
 {
     QTest::addColumn<QString>("begun");
     QTest::addColumn<QString>("pay");
@@ -391,7 +391,7 @@ void tst_qregistersale::whatIsPaidIsWritten_data()
 }
 
 /// The money that is asked for is that of what was typed last, and of nothing else.
-void tst_qregistersale::whatIsPaidIsWritten()
+void TstQRegisterSale::whatIsPaidIsWritten()
 {
     QFETCH(QString, begun);
     QFETCH(QString, pay);
@@ -433,7 +433,7 @@ void tst_qregistersale::whatIsPaidIsWritten()
 }
 
 /// What cannot come into the receipt stops the sale, with words; nothing is paid without it.
-void tst_qregistersale::whatIsBegunStopsTheSale()
+void TstQRegisterSale::whatIsBegunStopsTheSale()
 {
     type(text("4820000000109"));
     key(Qt::Key_Asterisk);
@@ -462,7 +462,7 @@ void tst_qregistersale::whatIsBegunStopsTheSale()
 }
 
 /// Typed by hand, so slowly that it is no scan, and never confirmed.
-void tst_qregistersale::codeWithoutEnterStopsTheSale()
+void TstQRegisterSale::codeWithoutEnterStopsTheSale()
 {
     type(text("4820000000109"));
     QTest::keyClicks(m_search, text("4820000000109"), Qt::NoModifier, 100);
@@ -478,7 +478,7 @@ void tst_qregistersale::codeWithoutEnterStopsTheSale()
 }
 
 /// The registers of a shop that was chosen while the server was away are read when it is back.
-void tst_qregistersale::placesComeBack()
+void TstQRegisterSale::placesComeBack()
 {
     auto *shops = in<QComboBox>(m_tab.get(), "cbShop");
     auto *registers = in<QComboBox>(m_tab.get(), "cbKass");
@@ -492,7 +492,7 @@ void tst_qregistersale::placesComeBack()
     QVERIFY(!in<QLabel>(m_tab.get(), "lbShift")->text().contains(text("невідомий")));
 }
 
-void tst_qregistersale::scanAnywhere_data()
+void TstQRegisterSale::scanAnywhere_data()
 {
     QTest::addColumn<QString>("where");
     for (const char *where : {"leSearch", "viewGoods", "viewChek", "editor", "dsbDiscount", "sbLimit",
@@ -501,7 +501,7 @@ void tst_qregistersale::scanAnywhere_data()
 }
 
 /// The item comes into the receipt; the field keeps what it had, and the half-typed quantity counts.
-void tst_qregistersale::scanAnywhere()
+void TstQRegisterSale::scanAnywhere()
 {
     QFETCH(QString, where);
     type(text("4820000000109"));
@@ -537,7 +537,7 @@ void tst_qregistersale::scanAnywhere()
 }
 
 /// It answers nothing, and it is not lost either.
-void tst_qregistersale::scanBehindAQuestion()
+void TstQRegisterSale::scanBehindAQuestion()
 {
     m_base->exec(text("UPDATE goods_shop SET count_showroom=1000 WHERE id_goods=10"));
     type(text("4820000000109"));
@@ -557,7 +557,7 @@ void tst_qregistersale::scanBehindAQuestion()
     QCOMPARE(focused(), m_search);
 }
 
-void tst_qregistersale::focusReturns()
+void TstQRegisterSale::focusReturns()
 {
     const auto choose = [&](const char *name, Qt::Key key) {
         auto *box = in<QComboBox>(m_tab.get(), name);
@@ -590,7 +590,7 @@ void tst_qregistersale::focusReturns()
 }
 
 /// Seen, asked about once, and gone with the receipt.
-void tst_qregistersale::anotherDate()
+void TstQRegisterSale::anotherDate()
 {
     auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
     const QDate today = QDate::currentDate();
@@ -618,7 +618,7 @@ void tst_qregistersale::anotherDate()
 }
 
 /// Filled before midnight, paid after it: the receipt is of the day on which it is written.
-void tst_qregistersale::midnight()
+void TstQRegisterSale::midnight()
 {
     const QDate evening(2026, 11, 23);
     SaleClock::setSource([&] { return QDateTime(evening, QTime(23, 59, 50)); });
@@ -631,7 +631,7 @@ void tst_qregistersale::midnight()
     QCOMPARE(m_base->value(text("SELECT data_time+0 FROM cheks WHERE id_type=3")), text("20261124000005"));
 }
 
-void tst_qregistersale::changesAreToldBeforePayment()
+void TstQRegisterSale::changesAreToldBeforePayment()
 {
     type(text("4820000000109"));
     m_base->exec(text("UPDATE goods SET price=9900 WHERE id=10"));
@@ -659,7 +659,7 @@ void tst_qregistersale::changesAreToldBeforePayment()
     QCOMPARE(rows(), 1);
 }
 
-void tst_qregistersale::writtenReceiptIsTold()
+void TstQRegisterSale::writtenReceiptIsTold()
 {
     auto *show = in<QPushButton>(m_tab.get(), "pbShowSlip");
     auto *print = in<QPushButton>(m_tab.get(), "pbPrintSlip");
@@ -682,7 +682,7 @@ void tst_qregistersale::writtenReceiptIsTold()
 }
 
 /// Each letter opens one thing, and none that the menu bar opens.
-void tst_qregistersale::accessKeys()
+void TstQRegisterSale::accessKeys()
 {
     QString taken = text("атзопеікдс");
     const auto children = m_tab->findChildren<QWidget *>();
@@ -700,7 +700,7 @@ void tst_qregistersale::accessKeys()
 }
 
 /// With large letters and a long address; the names of the goods get the room that is left.
-void tst_qregistersale::fitsASmallScreen()
+void TstQRegisterSale::fitsASmallScreen()
 {
     const QFont usual = QApplication::font();
     QFont large = usual;
@@ -725,7 +725,7 @@ void tst_qregistersale::fitsASmallScreen()
     QApplication::setFont(usual);
 }
 
-void tst_qregistersale::whatCannotBeSold()
+void TstQRegisterSale::whatCannotBeSold()
 {
     key(Qt::Key_F9);
     QCOMPARE(notice(), text("У чеку немає товарів."));
@@ -756,7 +756,7 @@ void tst_qregistersale::whatCannotBeSold()
     QCOMPARE(cheks(), text("1|5000 2|500 3|4500"));
 }
 
-void tst_qregistersale::busyShift()
+void TstQRegisterSale::busyShift()
 {
     m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(5,1,1,2,0)"));
     selectKass("Каса 2");
@@ -781,7 +781,7 @@ void tst_qregistersale::busyShift()
     QCOMPARE(rows(), 1);
 }
 
-void tst_qregistersale::receiptIsNotLostSilently()
+void TstQRegisterSale::receiptIsNotLostSilently()
 {
     type(text("4820000000109"));
     m_search->setText(text("48"));
@@ -804,7 +804,7 @@ void tst_qregistersale::receiptIsNotLostSilently()
 }
 
 /// The window ends it without asking when the user logs out.
-void tst_qregistersale::endsWhileSomethingIsTyped()
+void TstQRegisterSale::endsWhileSomethingIsTyped()
 {
     for (const bool isQuantity : {true, false}) {
         cleanup();
@@ -821,7 +821,7 @@ void tst_qregistersale::endsWhileSomethingIsTyped()
     QCOMPARE(m_base->heard.texts(3), QStringList());
 }
 
-void tst_qregistersale::failedSaleKeepsTheReceipt()
+void TstQRegisterSale::failedSaleKeepsTheReceipt()
 {
     type(text("4820000000109"));
     Db::setStatementHook([&](const QString &sql) {
@@ -841,7 +841,7 @@ void tst_qregistersale::failedSaleKeepsTheReceipt()
 }
 
 /// The server commits, its answer is lost and it cannot be asked either; then it can.
-void tst_qregistersale::unclearReceiptIsNotDoubled()
+void TstQRegisterSale::unclearReceiptIsNotDoubled()
 {
     type(text("4820000000109"));
     Db::setStatementHook([&](const QString &sql) {
@@ -866,7 +866,7 @@ void tst_qregistersale::unclearReceiptIsNotDoubled()
 }
 
 /// No way out of it but the server's answer, or a decision about closing the tab.
-void tst_qregistersale::unclearReceiptStaysUnclear()
+void TstQRegisterSale::unclearReceiptStaysUnclear()
 {
     type(text("4820000000109"));
     Db::setStatementHook([&](const QString &sql) {
@@ -908,7 +908,7 @@ void tst_qregistersale::unclearReceiptStaysUnclear()
     QCOMPARE(cheks(), text("1|5000 3|5000"));
 }
 
-void tst_qregistersale::viewOnlyUser()
+void TstQRegisterSale::viewOnlyUser()
 {
     m_base->exec(text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
     QVERIFY(m_user->reload(m_base->connection()));
@@ -946,5 +946,5 @@ void tst_qregistersale::viewOnlyUser()
     QCOMPARE(cheks(), QString());
 }
 
-QTEST_MAIN(tst_qregistersale)
+QTEST_MAIN(TstQRegisterSale)
 #include "tst_qregistersale.moc"

@@ -35,7 +35,7 @@ QVector<qint64> discounts(const Receipt &receipt)
 }
 } // namespace
 
-class tst_receipt : public QObject
+class TstReceipt : public QObject
 {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ private slots:
     void barcodes();
 };
 
-void tst_receipt::sumsAndTurnovers()
+void TstReceipt::sumsAndTurnovers()
 {
     Receipt receipt;
     receipt.add(row(1, 8000, 250, 2));
@@ -68,7 +68,7 @@ void tst_receipt::sumsAndTurnovers()
     QVERIFY(receipt.turnover() == wanted);
 }
 
-void tst_receipt::discountsBelongToRows()
+void TstReceipt::discountsBelongToRows()
 {
     Receipt receipt;
     receipt.add(onAction(row(1, 10000, 1000), 1500));
@@ -87,7 +87,7 @@ void tst_receipt::discountsBelongToRows()
 }
 
 /// Half a kopeck is the buyer's in every row; the receipt takes off what its rows take off.
-void tst_receipt::halfAKopeckIsTheBuyers()
+void TstReceipt::halfAKopeckIsTheBuyers()
 {
     Receipt receipt;
     receipt.add(onAction(row(1, 43471, 1000), 1750));
@@ -100,7 +100,7 @@ void tst_receipt::halfAKopeckIsTheBuyers()
     QCOMPARE(receipt.toPay(), qint64(35862));
 }
 
-void tst_receipt::typedDiscountStaysBeyondPromotions()
+void TstReceipt::typedDiscountStaysBeyondPromotions()
 {
     Receipt receipt;
     receipt.add(onAction(row(1, 10000, 1000), 1000));
@@ -125,7 +125,7 @@ void tst_receipt::typedDiscountStaysBeyondPromotions()
 }
 
 /// 10.00 and 20.00 of promotions, lowered to 6.00: 2.00 and 4.00.
-void tst_receipt::loweredDiscountGoesWithItsRow()
+void TstReceipt::loweredDiscountGoesWithItsRow()
 {
     Receipt receipt;
     receipt.add(onAction(row(1, 10000, 1000), 1000));
@@ -144,7 +144,7 @@ void tst_receipt::loweredDiscountGoesWithItsRow()
     QCOMPARE(receipt.total(), qint64(18000));
 }
 
-void tst_receipt::proportionsAddUp()
+void TstReceipt::proportionsAddUp()
 {
     for (qint64 sum = 0; sum <= 61; ++sum) {
         const QVector<qint64> weights = {0, 1, 7, 3, 0, 50};
@@ -156,7 +156,7 @@ void tst_receipt::proportionsAddUp()
     QCOMPARE(inProportion(5, {0, 0}), (QVector<qint64>{0, 0}));
 }
 
-void tst_receipt::quantitiesOfOneGoodsItem()
+void TstReceipt::quantitiesOfOneGoodsItem()
 {
     Receipt receipt;
     receipt.add(row(7, 100, 3000));
@@ -171,7 +171,7 @@ void tst_receipt::quantitiesOfOneGoodsItem()
     QVERIFY(!receipt.exceedsStock(1));
 }
 
-void tst_receipt::refusals_data()
+void TstReceipt::refusals_data()
 {
     QTest::addColumn<qint64>("price");
     QTest::addColumn<qint64>("quantity");
@@ -190,7 +190,7 @@ void tst_receipt::refusals_data()
     QTest::newRow("discount") << qint64(100) << qint64(1000) << 1 << true << qint64(101) << "за суму чека";
 }
 
-void tst_receipt::refusals()
+void TstReceipt::refusals()
 {
     QFETCH(qint64, price);
     QFETCH(qint64, quantity);
@@ -209,7 +209,7 @@ void tst_receipt::refusals()
              qPrintable(receipt.refusal()));
 }
 
-void tst_receipt::dayOfShift()
+void TstReceipt::dayOfShift()
 {
     QCOMPARE(nextDay(0, 3), 1);
     QCOMPARE(nextDay(2, 3), 3);
@@ -218,7 +218,7 @@ void tst_receipt::dayOfShift()
     QCOMPARE(nextDay(1, 0), 1);
 }
 
-void tst_receipt::barcodes()
+void TstReceipt::barcodes()
 {
     QCOMPARE(ChekSql::barcode(QStringLiteral("4820000000109")), QStringLiteral("4820000000109"));
     QCOMPARE(ChekSql::barcode(QStringLiteral("0000000000116")), QStringLiteral("'0000000000116'"));
@@ -226,5 +226,5 @@ void tst_receipt::barcodes()
     QCOMPARE(ChekSql::barcode(QStringLiteral("A'1")), QStringLiteral("'A''1'"));
 }
 
-QTEST_GUILESS_MAIN(tst_receipt)
+QTEST_GUILESS_MAIN(TstReceipt)
 #include "tst_receipt.moc"

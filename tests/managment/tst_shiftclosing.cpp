@@ -102,7 +102,7 @@ private:
 };
 } // namespace
 
-class tst_shiftclosing : public QObject
+class TstShiftClosing : public QObject
 {
     Q_OBJECT
 
@@ -159,7 +159,7 @@ private:
     std::unique_ptr<QRegisterSale> m_tab;
 };
 
-void tst_shiftclosing::initTestCase()
+void TstShiftClosing::initTestCase()
 {
     m_base = std::make_unique<FreshDatabase>();
     fillSaleShop(m_base.get());
@@ -168,7 +168,7 @@ void tst_shiftclosing::initTestCase()
     m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
 }
 
-void tst_shiftclosing::init()
+void TstShiftClosing::init()
 {
     resetSaleShop(m_base.get());
     m_base->exec(text("UPDATE lst_permis SET permission=1 WHERE id_prem=101"));
@@ -177,20 +177,20 @@ void tst_shiftclosing::init()
     m_base->heard.forget();
 }
 
-void tst_shiftclosing::cleanup()
+void TstShiftClosing::cleanup()
 {
     Db::setStatementHook({});
     m_tab.reset();
 }
 
-void tst_shiftclosing::cleanupTestCase()
+void TstShiftClosing::cleanupTestCase()
 {
     m_user.reset();
     m_base.reset();
 }
 
 /// Bread for 50.00 and milk for 30.00.
-void tst_shiftclosing::sell(int kass, qint64 discount, const QDateTime &time)
+void TstShiftClosing::sell(int kass, qint64 discount, const QDateTime &time)
 {
     Receipt receipt;
     receipt.add(goodsRow(m_base.get(), 10));
@@ -205,7 +205,7 @@ void tst_shiftclosing::sell(int kass, qint64 discount, const QDateTime &time)
     QCOMPARE(ChekWriter(m_base->db(), place(kass)).write(receipt, payment).outcome, ChekWriter::Written);
 }
 
-ShiftFigures tst_shiftclosing::figures(const QString &zNumber)
+ShiftFigures TstShiftClosing::figures(const QString &zNumber)
 {
     const auto figures = ShiftCloser(m_base->db(), place()).figures(zNumber);
     if (!figures)
@@ -213,13 +213,13 @@ ShiftFigures tst_shiftclosing::figures(const QString &zNumber)
     return *figures;
 }
 
-ShiftCloser::Outcome tst_shiftclosing::close()
+ShiftCloser::Outcome TstShiftClosing::close()
 {
     const ShiftFigures shown = figures();
     return ShiftCloser(m_base->db(), place()).close(shown, unchanged(shown), evening.date());
 }
 
-void tst_shiftclosing::openTab()
+void TstShiftClosing::openTab()
 {
     m_tab =
         std::make_unique<QRegisterSale>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
@@ -227,7 +227,7 @@ void tst_shiftclosing::openTab()
     m_tab->show();
 }
 
-void tst_shiftclosing::choose(const char *box, const char *name)
+void TstShiftClosing::choose(const char *box, const char *name)
 {
     auto *combo = in<QComboBox>(m_tab.get(), box);
     combo->setCurrentIndex(combo->findText(QString::fromUtf8(name), Qt::MatchStartsWith));
@@ -235,7 +235,7 @@ void tst_shiftclosing::choose(const char *box, const char *name)
 }
 
 /// False when the form did not appear.
-bool tst_shiftclosing::closeByForm(const std::function<void(QPayment *)> &drive)
+bool TstShiftClosing::closeByForm(const std::function<void(QPayment *)> &drive)
 {
     Operator person;
     person.counts = drive;
@@ -243,14 +243,14 @@ bool tst_shiftclosing::closeByForm(const std::function<void(QPayment *)> &drive)
     return person.forms == 1;
 }
 
-QStringList tst_shiftclosing::written()
+QStringList TstShiftClosing::written()
 {
     return closings() + m_base->rows(text("SELECT id_kass,id_chek,id_position,summa FROM cheks WHERE "
                                           "id_type<>10 ORDER BY 1,2,3"));
 }
 
 /// The shifts, and the Z receipts.
-QStringList tst_shiftclosing::closings()
+QStringList TstShiftClosing::closings()
 {
     return m_base->rows(text("SELECT id_kass,id_zzvit,id_shop,data_time<>0,day,cash,count_cheks,"
                              "count_chek_diskount,count_position_canc,count_chek_canc,vnesenia,viluchenia "
@@ -259,7 +259,7 @@ QStringList tst_shiftclosing::closings()
                              "cheks WHERE id_type=10 ORDER BY id_kass,id_chek"));
 }
 
-void tst_shiftclosing::closesInTheTab()
+void TstShiftClosing::closesInTheTab()
 {
     sell();
     sell(1, 500);
@@ -350,7 +350,7 @@ bool isRed(const QLabel *label)
 }
 } // namespace
 
-void tst_shiftclosing::formCompares()
+void TstShiftClosing::formCompares()
 {
     const auto form = closingForm(busyShift());
     QCOMPARE(form->windowTitle(), text("Закрити зміну № 30"));
@@ -383,7 +383,7 @@ void tst_shiftclosing::formCompares()
 }
 
 /// Once more when the cash differs or is overdrawn; the safe answer keeps the form and what is typed.
-void tst_shiftclosing::formAsksOnceMore()
+void TstShiftClosing::formAsksOnceMore()
 {
     const auto form = closingForm(busyShift());
     in<MoneySpinBox>(form.get(), "dsbCounted")->setKopecks(104990);
@@ -401,7 +401,7 @@ void tst_shiftclosing::formAsksOnceMore()
 }
 
 /// Whatever has the focus, a scan changes nothing and closes nothing.
-void tst_shiftclosing::scansInTheForm()
+void TstShiftClosing::scansInTheForm()
 {
     const auto form = closingForm(busyShift());
     const QString before = fieldsOf(form.get());
@@ -434,7 +434,7 @@ void tst_shiftclosing::scansInTheForm()
 }
 
 /// What is still being typed counts, however the form is left; what cannot be read is told.
-void tst_shiftclosing::typedAndLeft()
+void TstShiftClosing::typedAndLeft()
 {
     const auto form = closingForm(busyShift());
     in<QWidget>(form.get(), "dsbViluchenia")->setFocus(Qt::TabFocusReason);
@@ -450,7 +450,7 @@ void tst_shiftclosing::typedAndLeft()
     QCOMPARE(form->viluchenia() + QLatin1Char(' ') + form->countCheks(), text("115000 11"));
 }
 
-void tst_shiftclosing::nothingToClose()
+void TstShiftClosing::nothingToClose()
 {
     openTab();
     QVERIFY(!closeByForm([](QPayment *) {}));
@@ -467,7 +467,7 @@ void tst_shiftclosing::nothingToClose()
     answerConfirm([&] { in<QPushButton>(m_tab.get(), "pbClear")->click(); }, true);
 }
 
-void tst_shiftclosing::cancelledFormWritesNothing()
+void TstShiftClosing::cancelledFormWritesNothing()
 {
     sell();
     openTab();
@@ -479,7 +479,7 @@ void tst_shiftclosing::cancelledFormWritesNothing()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("1"));
 }
 
-void tst_shiftclosing::lastDay_data()
+void TstShiftClosing::lastDay_data()
 {
     QTest::addColumn<int>("button");
     QTest::addColumn<bool>("closes");
@@ -489,7 +489,7 @@ void tst_shiftclosing::lastDay_data()
     QTest::newRow("Escape") << -1 << false;
 }
 
-void tst_shiftclosing::lastDay()
+void TstShiftClosing::lastDay()
 {
     QFETCH(int, button);
     QFETCH(bool, closes);
@@ -514,7 +514,7 @@ void tst_shiftclosing::lastDay()
     }
 }
 
-void tst_shiftclosing::period()
+void TstShiftClosing::period()
 {
     sell();
     sell(4);
@@ -548,7 +548,7 @@ void tst_shiftclosing::period()
 }
 
 /// Whatever is chosen: the register was moved, its shift goes on in the shop that opened it.
-void tst_shiftclosing::periodOfTheShiftsShop()
+void TstShiftClosing::periodOfTheShiftsShop()
 {
     sell();
     m_base->exec(text("UPDATE z_zvit SET day=3"));
@@ -587,7 +587,7 @@ QStringList documentRows(const char *document, const QVector<QPair<int, int>> &r
 /// Bread and milk for 80.00, 10.00 of it by card; 25.00 of two goods came back; 100.00 and 50.00 were brought
 /// in, 30.00 and 1.00 issued. The rows around belong to other shifts, registers and shops of the same
 /// numbers.
-void tst_shiftclosing::figuresOfTheShift()
+void TstShiftClosing::figuresOfTheShift()
 {
     sell();
     sell(2);
@@ -621,7 +621,7 @@ void tst_shiftclosing::figuresOfTheShift()
              text("15000|7000"));
 }
 
-void tst_shiftclosing::closingTime_data()
+void TstShiftClosing::closingTime_data()
 {
     QTest::addColumn<QDateTime>("receipt");
     QTest::addColumn<QDate>("chosen");
@@ -638,7 +638,7 @@ void tst_shiftclosing::closingTime_data()
 }
 
 /// Never before the latest receipt.
-void tst_shiftclosing::closingTime()
+void TstShiftClosing::closingTime()
 {
     QFETCH(QDateTime, receipt);
     QFETCH(QDate, chosen);
@@ -663,7 +663,7 @@ void tst_shiftclosing::closingTime()
     }
 }
 
-void tst_shiftclosing::sumsWithoutValue()
+void TstShiftClosing::sumsWithoutValue()
 {
     sell();
     m_base->exec(text("UPDATE z_zvit SET Oborot_B=NULL,Oborot_D=NULL,summ_diskount=NULL"));
@@ -671,7 +671,7 @@ void tst_shiftclosing::sumsWithoutValue()
     QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("8000"));
 }
 
-void tst_shiftclosing::tooMuchForAZReport()
+void TstShiftClosing::tooMuchForAZReport()
 {
     sell();
     m_base->exec(text("UPDATE z_zvit SET Oborot_D=2147475648"));
@@ -685,7 +685,7 @@ void tst_shiftclosing::tooMuchForAZReport()
     QCOMPARE(m_base->value(text("SELECT summa FROM cheks WHERE id_type=10")), text("2147483647"));
 }
 
-void tst_shiftclosing::commitThatIsRefused()
+void TstShiftClosing::commitThatIsRefused()
 {
     sell();
     int commits = 0;
@@ -699,7 +699,7 @@ void tst_shiftclosing::commitThatIsRefused()
 }
 
 /// The client has lost its connection, but the server still holds the transaction: neither yes nor no.
-void tst_shiftclosing::askedWhileTransactionIsOpen()
+void TstShiftClosing::askedWhileTransactionIsOpen()
 {
     sell();
     WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
@@ -720,7 +720,7 @@ void tst_shiftclosing::askedWhileTransactionIsOpen()
 }
 
 /// The form stands open in two programs; both are accepted.
-void tst_shiftclosing::closedByAnotherProgram()
+void TstShiftClosing::closedByAnotherProgram()
 {
     sell();
     openTab();
@@ -738,7 +738,7 @@ void tst_shiftclosing::closedByAnotherProgram()
     QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
 }
 
-void tst_shiftclosing::soldWhileCounting()
+void TstShiftClosing::soldWhileCounting()
 {
     sell();
     const ShiftFigures shown = figures();
@@ -767,7 +767,7 @@ void tst_shiftclosing::soldWhileCounting()
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
-void tst_shiftclosing::twoProgramsAtOnce()
+void TstShiftClosing::twoProgramsAtOnce()
 {
     sell();
     WorkerConnection other(m_base->connection()->connectionName(), &m_base->heard);
@@ -790,7 +790,7 @@ void tst_shiftclosing::twoProgramsAtOnce()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("1"));
 }
 
-void tst_shiftclosing::brokenConnection()
+void TstShiftClosing::brokenConnection()
 {
     sell();
     const ShiftFigures shown = figures();
@@ -821,7 +821,7 @@ void tst_shiftclosing::brokenConnection()
 }
 
 /// The server has committed but its answer is lost; or the server cannot be asked any more.
-void tst_shiftclosing::brokenAtTheEnd()
+void TstShiftClosing::brokenAtTheEnd()
 {
     sell();
     bool isCommitted = false;
@@ -856,7 +856,7 @@ void tst_shiftclosing::brokenAtTheEnd()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("2"));
 }
 
-void tst_shiftclosing::oddShifts_data()
+void TstShiftClosing::oddShifts_data()
 {
     QTest::addColumn<QString>("change");
     QTest::addColumn<QString>("summa");
@@ -874,7 +874,7 @@ void tst_shiftclosing::oddShifts_data()
                                       << "8000";
 }
 
-void tst_shiftclosing::oddShifts()
+void TstShiftClosing::oddShifts()
 {
     QFETCH(QString, change);
     QFETCH(QString, summa);
@@ -888,7 +888,7 @@ void tst_shiftclosing::oddShifts()
 }
 
 /// Offered because a shift is open there, and gone when it is closed.
-void tst_shiftclosing::blockedPlaces()
+void TstShiftClosing::blockedPlaces()
 {
     m_base->exec(text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,day,cash,Oborot_A,data_time) "
                       "VALUES(4,5,5,1,0,700,700,0),(9,1,3,1,0,300,300,0)"));
@@ -915,7 +915,7 @@ void tst_shiftclosing::blockedPlaces()
 }
 
 /// Its shift is closed into the shop in which it was opened; until then nothing is sold in the new one.
-void tst_shiftclosing::movedRegister()
+void TstShiftClosing::movedRegister()
 {
     sell(2);
     m_base->exec(text("UPDATE kassa SET id_shop=2 WHERE id=2"));
@@ -934,7 +934,7 @@ void tst_shiftclosing::movedRegister()
     m_base->exec(text("UPDATE shops SET count_day_cycle=1 WHERE id=2"));
 }
 
-void tst_shiftclosing::absentUser()
+void TstShiftClosing::absentUser()
 {
     m_base->exec(
         text("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,cash,data_time) VALUES(6,1,1,2,900,0)"));
@@ -956,7 +956,7 @@ void tst_shiftclosing::absentUser()
     QCOMPARE(m_base->value(text("SELECT id_user FROM z_zvit")), text("2"));
 }
 
-void tst_shiftclosing::viewOnlyUser()
+void TstShiftClosing::viewOnlyUser()
 {
     sell();
     m_base->exec(text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
@@ -971,5 +971,5 @@ void tst_shiftclosing::viewOnlyUser()
     QCOMPARE(written(), before);
 }
 
-QTEST_MAIN(tst_shiftclosing)
+QTEST_MAIN(TstShiftClosing)
 #include "tst_shiftclosing.moc"

@@ -425,10 +425,10 @@ void TstQTabGoods::scannedBarcodesAreAdded()
     QCOMPARE(answerQuestion([&] { scan("482000000002"); }), QString("Новий штрихкод повинен мати 13 цифр."));
     QCOMPARE(field->styleSheet(), QString("background-color: #FF3333"));
     field->clear();
-    const QString question = "Контрольна цифра штрихкоду 4820000000018 невірна. Додати його?";
-    QCOMPARE(answerQuestion([&] { scan("4820000000018"); }, false), question);
+    const QString question = "Увага.\nКонтрольна цифра штрихкоду 4820000000018 невірна. Додати його?";
+    QCOMPARE(answerConfirm([&] { scan("4820000000018"); }, false), question);
     QCOMPARE(list->count(), 1);
-    QCOMPARE(answerQuestion([&] { editor->addshc(); }), question);
+    QCOMPARE(answerConfirm([&] { editor->addshc(); }, true), question);
     QCOMPARE(list->count(), 2);
     editor->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(editor.get()));
