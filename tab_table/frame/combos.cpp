@@ -39,7 +39,10 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        auto *box = static_cast<QComboBox *>(watched);
+        // What is being destroyed is no box any more, but still has events.
+        auto *box = qobject_cast<QComboBox *>(watched);
+        if (box == nullptr)
+            return QObject::eventFilter(watched, event);
         const QEvent::Type type = event->type();
         if (type == QEvent::Paint) {
             paintCut(box);
