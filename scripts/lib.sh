@@ -7,12 +7,10 @@ build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tool
   libmariadb-dev)
 # The -core packages hold the programs only: no server of the system is set up or started by them.
 server_packages=(libqt5sql5-mysql mariadb-server-core mariadb-client-core)
-# The tests run in the Ukrainian locale and time zone.
-test_packages=(locales tzdata)
+# The tests run in the Ukrainian locale and time zone and read the text of printed pages.
+test_packages=(locales tzdata poppler-utils)
 screen_packages=(fonts-dejavu-core)
 picture_packages=(xvfb xauth)
-# Reads the text of printed pages.
-test_packages=(poppler-utils)
 
 say() { printf '%s\n' "$*" >&2; }
 fail() {
