@@ -94,7 +94,10 @@ QString ChekSql::insertRows(const Receipt &receipt, const ChekPayment &payment, 
 
 QString ChekSql::lowerStock(const Receipt &receipt, const QString &shop)
 {
-    QString sql = QStringLiteral("UPDATE goods_shop SET count_showroom=count_showroom-CASE");
+    // Every row of the chain is visited: those of other shops are done after one comparison.
+    QString sql = QStringLiteral("UPDATE goods_shop SET count_showroom=count_showroom-CASE WHEN id_shop<>%1 "
+                                 "THEN 0")
+                      .arg(shop);
     // Only the first WHEN that fits counts, so each goods item stands there once.
     for (const Receipt::GoodsQuantity &goods : receipt.quantities()) {
         sql += QStringLiteral(" WHEN id_shop=") + shop + QStringLiteral(" AND id_goods=") +

@@ -1,5 +1,6 @@
 #include "chekwriter.h"
 
+#include "cheks.h"
 #include "heldmessages.h"
 #include "money.h"
 #include "qmessevent.h"
@@ -79,7 +80,8 @@ std::optional<OpenZ> ChekWriter::openZ() const
 
 QString ChekWriter::newChekNumber() const
 {
-    const QString sql = ofRegister("SELECT MAX(id_chek) FROM cheks WHERE id_kass=", m_place);
+    const QString sql =
+        QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE ") + cheksOfRegister(m_place.kass);
     const auto cells = row(sql);
     if (cells && cells->isEmpty())
         postMessage(m_db.receiver(), tr("Нема даних після запиту:") + QLatin1Char('\n') + sql,

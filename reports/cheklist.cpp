@@ -1,6 +1,6 @@
 #include "cheklist.h"
 
-#include "chektypes.h"
+#include "cheks.h"
 #include "money.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,6 @@
 #include "chekquery.h"
 
+#include "cheks.h"
 #include "db.h"
 #include "shopgroups.h"
 #include "sqldate.h"
@@ -93,7 +94,8 @@ QString originFilter(const ChekOrigin &origin)
 {
     QString condition;
     if (origin.kass != 0)
-        condition += QStringLiteral("cheks.id_kass=%1 AND ").arg(origin.kass);
+        condition +=
+            cheksOfRegister(QString::number(origin.kass), QStringLiteral("cheks.")) + QStringLiteral(" AND ");
     if (origin.shop != 0)
         condition += QStringLiteral("cheks.id_shop=%1 AND ").arg(origin.shop);
     else if (origin.group != 0)

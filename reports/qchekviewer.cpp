@@ -2,7 +2,7 @@
 #include "ui_qchekviewer.h"
 
 #include "cheklist.h"
-#include "chektypes.h"
+#include "cheks.h"
 #include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"

@@ -1,6 +1,6 @@
 #include "qreports.h"
 
-#include "chektypes.h"
+#include "cheks.h"
 #include "permissions.h"
 #include "qartreport.h"
 #include "qchekviewer.h"

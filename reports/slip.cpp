@@ -1,6 +1,6 @@
 #include "slip.h"
 
-#include "chektypes.h"
+#include "cheks.h"
 #include "money.h"
 #include "slipprint.h"
 

@@ -1,7 +1,7 @@
 #include "slipreader.h"
 
 #include "chekquery.h"
-#include "chektypes.h"
+#include "cheks.h"
 #include "qmessevent.h"
 
 #include <QCoreApplication>
@@ -17,12 +17,12 @@ struct Texts
 
 constexpr int pieceGoods = 1;
 
-/// The shop changes nothing but the speed: the key of the table begins with it.
 QString condition(const SlipKey &key)
 {
-    const QString receipt =
-        QStringLiteral("cheks.id_kass=%1 AND cheks.id_chek=%2").arg(key.kass).arg(key.chek);
-    return key.shop == 0 ? receipt : receipt + QStringLiteral(" AND cheks.id_shop=%1").arg(key.shop);
+    const QString number = QStringLiteral(" AND cheks.id_chek=%1").arg(key.chek);
+    return key.shop == 0
+               ? cheksOfRegister(QString::number(key.kass), QStringLiteral("cheks.")) + number
+               : QStringLiteral("cheks.id_shop=%1 AND cheks.id_kass=%2").arg(key.shop).arg(key.kass) + number;
 }
 
 bool readHead(const Db &db, const SlipKey &key, Slip *slip)

@@ -1,5 +1,7 @@
 #include "testing.h"
 
+#include "chekquery.h"
+#include "cheks.h"
 #include "chekwriter.h"
 #include "money.h"
 #include "placeselector.h"
@@ -11,6 +13,7 @@
 #include "rangeselector.h"
 #include "saleclock.h"
 #include "shiftcloser.h"
+#include "slipreader.h"
 
 #include <QCheckBox>
 #include <QSignalSpy>
@@ -23,6 +26,7 @@ class TstDay : public QObject
 private slots:
     void reportsAgreeWithTheReceipts_data();
     void reportsAgreeWithTheReceipts();
+    void registersAreLookedUp();
 
 private:
     static void fillChain(FreshDatabase *base);
@@ -165,6 +169,47 @@ void TstDay::reportsAgreeWithTheReceipts()
                  moneyShown(base.value("SELECT SUM(summa) FROM cheks WHERE id_type=3").toLongLong())),
              qPrintable(cheks.totals().join('|')));
     QVERIFY2(base.heard.texts().isEmpty(), qPrintable(base.heard.texts().join('\n')));
+}
+
+/// One register's receipts are found without reading those of the chain, and all of them: also the ones from
+/// before it moved to its shop.
+void TstDay::registersAreLookedUp()
+{
+    FreshDatabase base;
+    fillChain(&base);
+    base.exec(QStringList{
+        "INSERT INTO shops(id,address,group_shop) SELECT seq,CONCAT('Магазин ',seq),2 FROM seq_3_to_40",
+        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_type,summa,data_time) SELECT "
+        "3+seq MOD 38,100+seq MOD 76,1,seq,0,3,100,20260301120000 FROM seq_1_to_30000",
+        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_type,summa,price,tax,data_time) "
+        "VALUES(3,1,1,7,0,1,5000,5000,1,20260228120000),(3,1,1,7,2,3,5000,5000,0,20260228120000),"
+        "(1,1,2,5,1,3,0,0,0,20260301120000)",
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(2,1,1,1,0)",
+        "ANALYZE TABLE cheks,shops"});
+    const Db db = base.db();
+    QStringList sent;
+    Db::setStatementHook([&](const QString &sql) { sent.append(sql); });
+    const ChekPlace place = {"1", "1", "1"};
+    QCOMPARE(ChekWriter(db, place).newChekNumber(), QString("8"));
+    QCOMPARE(ChekWriter(db, {"1", "2", "1"}).newChekNumber(), QString("1"));
+    QVERIFY(ShiftCloser(db, place).figures("2").has_value());
+    const auto slip = readSlip(db, ChekType::Payment, {1, 7, 0});
+    Db::setStatementHook({});
+    QVERIFY(slip && slip->rows.size() == 2 && slip->sums.agree());
+    sent.append(chekListSql([] {
+        ChekFilter filter;
+        filter.origin = ChekOrigin();
+        filter.origin->kass = 1;
+        filter.origin->zFrom = "1";
+        filter.origin->zTo = "9";
+        return filter;
+    }()));
+    for (const QString &sql : qAsConst(sent)) {
+        const QStringList plan = base.rows("EXPLAIN " + sql).filter("|cheks|");
+        QVERIFY2(plan.filter("|ALL|").isEmpty() && plan.filter("|index|").isEmpty(),
+                 qPrintable(sql + plan.join('\n')));
+    }
+    QCOMPARE(sent.filter("FROM cheks").size(), 6);
 }
 
 QTEST_MAIN(TstDay)

@@ -1,5 +1,5 @@
 #include "cheklist.h"
-#include "chektypes.h"
+#include "cheks.h"
 #include "slip.h"
 
 #include <QTest>

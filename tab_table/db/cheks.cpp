@@ -1,4 +1,4 @@
-#include "chektypes.h"
+#include "cheks.h"
 
 #include <QCoreApplication>
 
@@ -29,4 +29,9 @@ QString ChekType::name(int type)
     default:
         return Texts::tr("невідомо");
     }
+}
+
+QString cheksOfRegister(const QString &kass, const QString &table)
+{
+    return QStringLiteral("%1id_kass=%2 AND %1id_shop IN (SELECT id FROM shops)").arg(table, kass);
 }
