@@ -1,7 +1,6 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
-#include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
@@ -10,6 +9,7 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "quantitydelegate.h"
+#include "queryservice.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
 #include "salechanges.h"
@@ -29,7 +29,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     , m_chek(new ReceiptModel(this))
     , m_quantity(new QuantityDelegate(this))
     , m_goods(new QRowModel(this))
-    , m_loader(new ListLoader(db->connectionName(), this))
+    , m_queries(new QueryOwner(db->connectionName(), this))
 {
     Q_UNUSED(set)
     ui->setupUi(this);

@@ -12,7 +12,6 @@
 namespace Ui {
 class QRegisterSale;
 }
-class ListLoader;
 class QComboBox;
 class QLoadedUser;
 class QNTableView;
@@ -21,7 +20,8 @@ class QRowModel;
 class QSqlDatabase;
 class ReceiptModel;
 class setting;
-struct FoundRows;
+class QueryOwner;
+struct QueryAnswer;
 
 /// The tab in which a sale is registered for a shop's cash register: the goods of the shop, the receipt, the
 /// payment. It can be worked with a scanner and the keyboard alone; the search field has the focus.
@@ -154,7 +154,7 @@ private:
     void loadList(const QString &text);
     void enter();
     void dropSearch();
-    void showFound(const std::shared_ptr<FoundRows> &found);
+    void showFound(const std::shared_ptr<QueryAnswer> &found);
     void answerEnter(int count);
     bool addScanned(const QString &barcode);
     void addListed(int row);
@@ -185,7 +185,7 @@ private:
     ReceiptModel *m_chek;
     QuantityDelegate *m_quantity;
     QRowModel *m_goods;
-    ListLoader *m_loader;
+    QueryOwner *m_queries;
     QTimer m_searchDelay;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
     /// What is chosen in the boxes; they go back there when the user does not want to lose the receipt.

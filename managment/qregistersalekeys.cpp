@@ -3,11 +3,11 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
-#include "listloader.h"
 #include "money.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
 #include "quantitydelegate.h"
+#include "queryservice.h"
 #include "receiptmodel.h"
 #include "saleclock.h"
 
@@ -61,12 +61,11 @@ void QRegisterSale::loadList(const QString &text)
     followToday();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->viewGoods->setEmptyText(tr("Пошук…"));
-    m_loader->load(goodsListSql(goodsSearch(by, text.trimmed())), QString());
+    m_queries->ask({goodsListSql(goodsSearch(by, text.trimmed()))});
 }
 
-void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
+void QRegisterSale::showFound(const std::shared_ptr<QueryAnswer> &found)
 {
-    const int count = found->rows.rowCount();
     if (!found->error.isEmpty()) {
         postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + found->error, found->kind);
         m_goods->removeRows(0, m_goods->rowCount());
@@ -77,7 +76,8 @@ void QRegisterSale::showFound(const std::shared_ptr<FoundRows> &found)
         emit answered();
         return;
     }
-    m_goods->replaceRows(std::move(found->rows));
+    const int count = found->results.front().rowCount();
+    m_goods->replaceRows(std::move(found->results.front()));
     const QHeaderView *header = ui->viewGoods->horizontalHeader();
     if (header->sortIndicatorSection() >= 0)
         m_goods->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());

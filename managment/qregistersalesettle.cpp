@@ -4,9 +4,9 @@
 #include "ui_qregistersale.h"
 
 #include "ean13.h"
-#include "listloader.h"
 #include "money.h"
 #include "quantitydelegate.h"
+#include "queryservice.h"
 #include "receiptmodel.h"
 
 #include <QApplication>
@@ -71,7 +71,7 @@ bool QRegisterSale::settleSearch()
 void QRegisterSale::dropSearch()
 {
     m_waited.reset();
-    m_loader->cancel();
+    m_queries->cancel();
     m_searchDelay.start();
 }
 

@@ -3,10 +3,10 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
-#include "listloader.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
 #include "quantitydelegate.h"
+#include "queryservice.h"
 #include "receiptmodel.h"
 #include "scancatcher.h"
 #include "userstate.h"
@@ -209,6 +209,6 @@ void QRegisterSale::connectSearch()
             [this] { seerch(ui->leSearch->text()); });
     connect(ui->viewGoods, &QTableView::doubleClicked, this,
             [this](const QModelIndex &index) { addListed(index.row()); });
-    connect(m_loader, &ListLoader::found, this, &QRegisterSale::showFound);
+    connect(m_queries, &QueryOwner::answered, this, &QRegisterSale::showFound);
     ui->leSearch->installEventFilter(this);
 }

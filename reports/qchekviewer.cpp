@@ -1,9 +1,9 @@
 #include "qchekviewer.h"
+#include "queryservice.h"
 #include "ui_qchekviewer.h"
 
 #include "cheklist.h"
 #include "cheks.h"
-#include "listloader.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -245,19 +245,20 @@ void QChekViewer::checkSums(bool check)
     if (!check || model()->rowCount() == 0)
         return;
     if (m_checker == nullptr) {
-        m_checker = new ListLoader(connection()->connectionName(), this);
-        connect(m_checker, &ListLoader::found, this, &QChekViewer::showChecked);
+        m_checker = new QueryOwner(connection()->connectionName(), this);
+        m_checker->setLong(true);
+        connect(m_checker, &QueryOwner::answered, this, &QChekViewer::showChecked);
     }
     ui->labelCheck->setText(tr("Перевірка сум…"));
-    m_checker->load(chekMismatchSql(m_listed), QString());
+    m_checker->ask({chekMismatchSql(m_listed)});
 }
 
-void QChekViewer::showChecked(const std::shared_ptr<FoundRows> &found)
+void QChekViewer::showChecked(const std::shared_ptr<QueryAnswer> &found)
 {
     if (found->error.isEmpty()) {
-        for (int row = 0; row < found->rows.rowCount(); ++row)
-            m_mismatches.insert(
-                keyOf(asNumber.plain(found->rows.cell(row, 0)), asNumber.plain(found->rows.cell(row, 1))));
+        const RowStore &rows = found->results.front();
+        for (int row = 0; row < rows.rowCount(); ++row)
+            m_mismatches.insert(keyOf(asNumber.plain(rows.cell(row, 0)), asNumber.plain(rows.cell(row, 1))));
         colourMismatches(QColor(mismatchColour));
         ui->labelCheck->setText(m_mismatches.isEmpty()
                                     ? tr("Суми збігаються.")

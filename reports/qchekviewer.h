@@ -61,13 +61,13 @@ private:
     QStringList asked() const;
     ChekFilter filter() const;
     void checkSums(bool check);
-    void showChecked(const std::shared_ptr<FoundRows> &found);
+    void showChecked(const std::shared_ptr<QueryAnswer> &found);
     void colourMismatches(const QColor &colour);
     bool showDocument(int type, const SlipKey &key);
 
     std::unique_ptr<Ui::QChekViewer> ui;
     /// Checks the sums of the list; made when it is first needed.
-    ListLoader *m_checker = nullptr;
+    QueryOwner *m_checker = nullptr;
     /// The request on its way, and what was asked for the rows in the list.
     ChekFilter m_asked;
     ChekFilter m_listed;

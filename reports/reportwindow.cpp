@@ -1,6 +1,5 @@
 #include "reportwindow.h"
 
-#include "listloader.h"
 #include "listprinter.h"
 #include "placeselector.h"
 #include "qloadeduser.h"
@@ -9,6 +8,7 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtab.h"
+#include "queryservice.h"
 #include "slipprint.h"
 
 #include <QDateTime>
@@ -25,16 +25,17 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
     , m_mainWindow(mainWindow)
     , m_state(new QLabel(this))
     , m_chooseFile([this](const QString &suggested) { return askPdfPath(this, suggested); })
-    , m_loader(new ListLoader(db->connectionName(), this))
+    , m_queries(new QueryOwner(db->connectionName(), this))
 {
     // A page of the tab area, not a window.
     setWindowFlags(Qt::Widget);
     m_state->setObjectName(QStringLiteral("labelState"));
     statusBar()->setSizeGripEnabled(false);
+    m_queries->setLong(true);
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(m_state, 1);
     addPrintButtons();
-    connect(m_loader, &ListLoader::found, this, &ReportWindow::showFound);
+    connect(m_queries, &QueryOwner::answered, this, &ReportWindow::showFound);
 }
 
 ReportWindow::~ReportWindow() = default;
@@ -88,7 +89,7 @@ void ReportWindow::savePdf()
 
 bool ReportWindow::isLoading() const
 {
-    return m_loader->isLoading();
+    return m_queries->isWaiting();
 }
 
 void ReportWindow::takeList(QNTableView *view, QPushButton *pbLoad, QPushButton *pbStop)
@@ -149,18 +150,18 @@ void ReportWindow::loadList(const QString &sql, const QStringList &heading, cons
     m_clock.start();
     m_askedHeading = heading;
     showState(tr("Завантаження…"), true);
-    m_loader->load(sql, numberSql);
+    m_queries->ask(numberSql.isEmpty() ? QStringList(sql) : QStringList{sql, numberSql});
 }
 
 void ReportWindow::stopLoading()
 {
     if (!isLoading())
         return;
-    m_loader->cancel();
+    m_queries->cancel();
     showState(tr("Завантаження зупинено."), false);
 }
 
-void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
+void ReportWindow::showFound(const std::shared_ptr<QueryAnswer> &found)
 {
     if (!found->error.isEmpty()) {
         postMessage(m_mainWindow, tr("Помилка запиту:") + QLatin1Char('\n') + found->error, found->kind);
@@ -168,9 +169,9 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
         emit loaded();
         return;
     }
-    m_number = found->count;
+    m_number = found->results.size() > 1 ? found->number(1) : found->results.front().rowCount();
     m_heading = m_askedHeading;
-    m_model->replaceRows(arranged(std::move(found->rows)));
+    m_model->replaceRows(arranged(std::move(found->results.front())));
     sortAsBefore();
     m_list->setEmptyText(tr("немає даних"));
     rowsShown();
@@ -183,7 +184,7 @@ void ReportWindow::showFound(const std::shared_ptr<FoundRows> &found)
 
 void ReportWindow::emptyList()
 {
-    m_loader->cancel();
+    m_queries->cancel();
     m_heading.clear();
     m_number = 0;
     m_model->replaceRows(arranged({}));

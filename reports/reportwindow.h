@@ -10,13 +10,13 @@
 #include <functional>
 #include <memory>
 
-class ListLoader;
 class QLabel;
 class QLoadedUser;
 class QNTableView;
 class QPushButton;
 class QRowModel;
-struct FoundRows;
+class QueryOwner;
+struct QueryAnswer;
 struct PrintedList;
 
 /// The base of a report: a list that is loaded away from the window, with its state told below it. The
@@ -98,7 +98,7 @@ protected:
 
 private:
     void refillPlaces();
-    void showFound(const std::shared_ptr<FoundRows> &found);
+    void showFound(const std::shared_ptr<QueryAnswer> &found);
     void addPrintButtons();
     PrintedList printed() const;
     void showState(const QString &text, bool loading);
@@ -117,7 +117,7 @@ private:
     QPushButton *m_print = nullptr;
     QPushButton *m_pdf = nullptr;
     FileChooser m_chooseFile;
-    ListLoader *m_loader;
+    QueryOwner *m_queries;
     QElapsedTimer m_clock;
     qint64 m_number = 0;
     /// Of the rows in the list, and of those on their way.

@@ -393,13 +393,6 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
-    <name>ListWorker</name>
-    <message>
-        <source>Немає зв&apos;язку з базою даних.</source>
-        <translation>No connection to the database.</translation>
-    </message>
-</context>
-<context>
     <name>NumberField</name>
     <message>
         <source>Введіть суму, наприклад 1234,50.</source>
@@ -2546,6 +2539,13 @@ Write with that date?</translation>
     <message>
         <source>Кількість</source>
         <translation>Quantity</translation>
+    </message>
+</context>
+<context>
+    <name>QueryService</name>
+    <message>
+        <source>Немає зв&apos;язку з базою даних.</source>
+        <translation>No connection to the database.</translation>
     </message>
 </context>
 <context>

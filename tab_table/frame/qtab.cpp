@@ -4,12 +4,12 @@
 #include "db.h"
 #include "ean13.h"
 #include "editdialog.h"
-#include "listloader.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabdelegate.h"
+#include "queryservice.h"
 #include "qupdatebd.h"
 #include "userstate.h"
 
@@ -125,7 +125,7 @@ bool QTab::mayEdit() const
 
 bool QTab::isLoading() const
 {
-    return m_loader != nullptr && m_loader->isLoading();
+    return m_queries != nullptr && m_queries->isWaiting();
 }
 
 QString QTab::statement() const
@@ -143,8 +143,8 @@ void QTab::ShowData(int limit)
     postTrace(m_receiver, QStringLiteral("In QTab::ShowData.\nName table: ") + table +
                               QStringLiteral("\nquery: ") + query);
     const WaitCursor wait;
-    if (m_loader != nullptr)
-        m_loader->cancel();
+    if (m_queries != nullptr)
+        m_queries->cancel();
     m_model->removeRows(0, m_model->rowCount());
     QString sql = statement();
     if (limit >= 1)
@@ -164,15 +164,15 @@ void QTab::search(const QString &newFilter, const QString &countSql)
 {
     filter = newFilter;
     m_countSql = countSql;
-    if (m_loader == nullptr) {
-        m_loader = new ListLoader(m_db->connectionName(), this);
-        connect(m_loader, &ListLoader::found, this, &QTab::showFound);
+    if (m_queries == nullptr) {
+        m_queries = new QueryOwner(m_db->connectionName(), this);
+        connect(m_queries, &QueryOwner::answered, this, &QTab::showFound);
     }
     m_count->setText(tr("Пошук…"));
-    m_loader->load(statement(), countSql);
+    m_queries->ask(countSql.isEmpty() ? QStringList(statement()) : QStringList{statement(), countSql});
 }
 
-void QTab::showFound(const std::shared_ptr<FoundRows> &found)
+void QTab::showFound(const std::shared_ptr<QueryAnswer> &found)
 {
     if (!found->error.isEmpty()) {
         postMessage(m_receiver, tr("Помилка запиту.") + QLatin1Char('\n') + found->error, found->kind);
@@ -181,9 +181,10 @@ void QTab::showFound(const std::shared_ptr<FoundRows> &found)
         m_count->clear();
         return;
     }
-    m_model->replaceRows(std::move(found->rows));
+    const qint64 count = found->results.size() > 1 ? found->number(1) : found->results.front().rowCount();
+    m_model->replaceRows(std::move(found->results.front()));
     rowsShown();
-    afterLoading(found->count);
+    afterLoading(count);
 }
 
 void QTab::afterLoading(qint64 count)

@@ -10,7 +10,6 @@
 
 class Db;
 class EditDialog;
-class ListLoader;
 class QAbstractItemModel;
 class QComboBox;
 class QLabel;
@@ -23,7 +22,8 @@ class QStandardItemModel;
 class QTabDelegate;
 class QTableView;
 class setting;
-struct FoundRows;
+class QueryOwner;
+struct QueryAnswer;
 
 /// The base of every tab that lists one table of the database: it owns grid and model, loads the rows,
 /// refreshes one after an edit and knows which shops and groups the user may see.
@@ -149,7 +149,7 @@ private:
     void buildGrid(QLayout *layout);
     void enterList();
     void connectDelegate();
-    void showFound(const std::shared_ptr<FoundRows> &found);
+    void showFound(const std::shared_ptr<QueryAnswer> &found);
     void afterLoading(qint64 count);
     void recordAdded();
     void showCount();
@@ -166,7 +166,7 @@ private:
     QLabel *m_count = nullptr;
     QObject *m_receiver;
     QTabDelegate *m_delegate;
-    ListLoader *m_loader = nullptr;
+    QueryOwner *m_queries = nullptr;
     QString m_widthsKey;
     QString m_countSql;
     QLineEdit *m_search = nullptr;

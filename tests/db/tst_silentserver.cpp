@@ -2,13 +2,11 @@
 #include "testing.h"
 
 #include "connectionstate.h"
-#include "listloader.h"
 #include "qmessevent.h"
+#include "queryservice.h"
 #include "servererror.h"
 
 #include <QSignalSpy>
-
-Q_DECLARE_METATYPE(std::shared_ptr<FoundRows>)
 
 /// A server that does not answer: who waits for it, for how long, and what is told.
 class TstSilentServer : public QObject
@@ -24,8 +22,6 @@ private slots:
     void leavingWaitsForNobody();
     void searchAfterASilence();
     void searchesTellTheLossOnce();
-    void lateKillIsRepeated();
-    void searchOutlivesItsConnection();
     void encryption_data();
     void encryption();
     void encryptionIsDemandedAgain();
@@ -44,13 +40,6 @@ private:
 
 namespace {
 const char *const longStatement = "SELECT COUNT(*) FROM seq_1_to_4000000000 WHERE seq%7=3";
-const char *const someStatement = "SELECT COUNT(*) FROM seq_1_to_5000000 WHERE seq%2=0";
-QString cellOf(const std::shared_ptr<FoundRows> &rows)
-{
-    const std::string_view cell = rows->rows.rowCount() > 0 ? rows->rows.cell(0, 0) : std::string_view();
-    return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
-}
-
 const QString folder = QStringLiteral(TLS_FOLDER);
 } // namespace
 
@@ -138,20 +127,20 @@ void TstSilentServer::leavingWaitsForNobody()
 {
     QVERIFY(openWindow(address()));
     QElapsedTimer clock;
-    const auto left = [&clock](std::unique_ptr<ListLoader> loader) {
+    const auto left = [&clock](std::unique_ptr<QueryOwner> search) {
         clock.start();
-        loader.reset();
+        search.reset();
         return clock.elapsed();
     };
-    auto running = std::make_unique<ListLoader>("window", nullptr);
-    running->load(longStatement, {});
+    auto running = std::make_unique<QueryOwner>("window", nullptr);
+    running->ask({longStatement});
     QString id;
     QTRY_VERIFY(!(id = runningId(longStatement)).isEmpty());
     m_proxy->setSilent(true);
     QVERIFY2(left(std::move(running)) < 500, "Waited for a statement");
 
-    auto connecting = std::make_unique<ListLoader>("window", nullptr);
-    connecting->load("SELECT 1", {});
+    auto connecting = std::make_unique<QueryOwner>("window", nullptr);
+    connecting->ask({"SELECT 1"});
     QTest::qWait(50);
     QVERIFY2(left(std::move(connecting)) < 500, "Waited for a connection");
 
@@ -166,73 +155,41 @@ void TstSilentServer::leavingWaitsForNobody()
 void TstSilentServer::searchAfterASilence()
 {
     QVERIFY(openWindow(address()));
-    ListLoader loader("window", nullptr);
-    QSignalSpy found(&loader, &ListLoader::found);
-    loader.load(longStatement, {});
+    QueryOwner search("window", nullptr);
+    QSignalSpy found(&search, &QueryOwner::answered);
+    search.ask({longStatement});
     QString id;
     QTRY_VERIFY(!(id = runningId(longStatement)).isEmpty());
     m_proxy->setSilent(true);
     QElapsedTimer clock;
     clock.start();
-    loader.load("SELECT 5", {});
-    loader.load("SELECT 6", {});
+    search.ask({"SELECT 5"});
+    search.ask({"SELECT 6"});
     QVERIFY2(clock.elapsed() < 100, "The window has waited");
     QTest::qWait(2200);
     m_proxy->setSilent(false);
     QVERIFY(found.wait(3000));
-    const auto rows = found.first().first().value<std::shared_ptr<FoundRows>>();
+    const auto rows = found.first().first().value<std::shared_ptr<QueryAnswer>>();
     QVERIFY2(rows->error.isEmpty(), qPrintable(rows->error));
-    QCOMPARE(cellOf(rows), QString("6"));
+    QCOMPARE(rows->number(0), 6);
     QTRY_VERIFY(runningId(longStatement).isEmpty());
 }
 
 void TstSilentServer::searchesTellTheLossOnce()
 {
     QVERIFY(openWindow(address()));
-    ListLoader loader("window", nullptr);
-    QSignalSpy found(&loader, &ListLoader::found);
+    QueryOwner search("window", nullptr);
+    QSignalSpy found(&search, &QueryOwner::answered);
     m_proxy.reset();
     for (const int kind : {QMessEvent::Critical, QMessEvent::Warning, QMessEvent::Warning}) {
         found.clear();
-        loader.load("SELECT 1", {});
+        search.ask({"SELECT 1"});
         QVERIFY(found.wait(3000));
-        const auto rows = found.first().first().value<std::shared_ptr<FoundRows>>();
+        const auto rows = found.first().first().value<std::shared_ptr<QueryAnswer>>();
         QVERIFY(!rows->error.isEmpty());
         QCOMPARE(rows->kind, kind);
     }
     QVERIFY(ConnectionState::of(m_window)->isLost());
-}
-
-/// Sent for an older search, it may reach the server when the newer one runs.
-void TstSilentServer::lateKillIsRepeated()
-{
-    QVERIFY(openWindow(address()));
-    ListLoader loader("window", nullptr);
-    QSignalSpy found(&loader, &ListLoader::found);
-    loader.load(someStatement, {});
-    QString id;
-    QTRY_VERIFY(!(id = runningId(someStatement)).isEmpty());
-    m_base->exec("KILL QUERY " + id);
-    QVERIFY(found.wait(10000));
-    const auto rows = found.first().first().value<std::shared_ptr<FoundRows>>();
-    QVERIFY2(rows->error.isEmpty(), qPrintable(rows->error));
-    QCOMPARE(cellOf(rows), QString("2500000"));
-}
-
-void TstSilentServer::searchOutlivesItsConnection()
-{
-    QVERIFY(openWindow(address()));
-    ListLoader loader("window", nullptr);
-    QSignalSpy found(&loader, &ListLoader::found);
-    loader.load("SELECT CONNECTION_ID()", {});
-    QVERIFY(found.wait(3000));
-    const auto idOf = [&found](int i) {
-        return cellOf(found.at(i).first().value<std::shared_ptr<FoundRows>>());
-    };
-    m_base->exec("KILL CONNECTION " + idOf(0));
-    loader.load("SELECT CONNECTION_ID()", {});
-    QVERIFY(found.wait(3000));
-    QVERIFY(!idOf(1).isEmpty() && idOf(1) != idOf(0));
 }
 
 void TstSilentServer::encryption_data()
