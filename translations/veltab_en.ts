@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>ChangesDialog</name>
+    <message>
+        <source>(немає)</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>(порожньо)</source>
+        <translation>(empty)</translation>
+    </message>
+    <message>
+        <source>Запис змінено іншою програмою</source>
+        <translation>Record changed by another program</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, цей запис змінила інша програма. Виділене жирним змінили і ви, і вона: виберіть, чиї значення залишити. Решта її змін збережеться разом із вашими. Поки що нічого не збережено.</source>
+        <translation>While the editor was open, another program has changed this record. What is bold was changed both by you and by it: choose whose values are to stay. Its other changes will be saved together with yours. Nothing has been saved yet.</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, цей запис змінила інша програма, але не те, що змінили ви. Її зміни можна зберегти разом із вашими. Поки що нічого не збережено.</source>
+        <translation>While the editor was open, another program has changed this record, but not what you have changed. Its changes can be saved together with yours. Nothing has been saved yet.</translation>
+    </message>
+    <message>
+        <source>Поле</source>
+        <translation>Field</translation>
+    </message>
+    <message>
+        <source>Було</source>
+        <translation>Before</translation>
+    </message>
+    <message>
+        <source>У вас</source>
+        <translation>Yours</translation>
+    </message>
+    <message>
+        <source>В іншої програми</source>
+        <translation>The other program&apos;s</translation>
+    </message>
+    <message>
+        <source>&amp;Взяти її значення</source>
+        <translation>&amp;Take its values</translation>
+    </message>
+    <message>
+        <source>&amp;Залишити мої</source>
+        <translation>&amp;Keep mine</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти разом</source>
+        <translation>&amp;Save both</translation>
+    </message>
+    <message>
+        <source>&amp;Повернутися до редактора</source>
+        <translation>&amp;Back to the editor</translation>
+    </message>
+</context>
+<context>
     <name>ChekList</name>
     <message>
         <source>Z-звіт</source>
@@ -757,10 +812,6 @@ The indexes can be removed in the same way.</translation>
         <translation>other</translation>
     </message>
     <message>
-        <source>Запис не знайдено в базі!</source>
-        <translation>The record is not found in the database!</translation>
-    </message>
-    <message>
         <source>Рекламний рядок ідентифікації каси не може бути порожній!</source>
         <translation>The advertising line that identifies the cash register cannot be empty!</translation>
     </message>
@@ -870,10 +921,6 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>&amp;Відмінити</source>
         <translation>Cance&amp;l</translation>
-    </message>
-    <message>
-        <source>Запис не знайдено в базі!</source>
-        <translation>The record is not found in the database!</translation>
     </message>
     <message>
         <source>Адреса магазину не може бути пустою</source>
@@ -2691,6 +2738,33 @@ Write with that date?</translation>
     <message>
         <source>Знижка</source>
         <translation>Discount</translation>
+    </message>
+</context>
+<context>
+    <name>RecordDialog</name>
+    <message>
+        <source>Запис не знайдено id=</source>
+        <translation>Record not found id=</translation>
+    </message>
+    <message>
+        <source>Помилка при запиті отримання максимального розміру поля</source>
+        <translation>Error when asking for the maximum size of field</translation>
+    </message>
+    <message>
+        <source>в таблиці</source>
+        <translation>in table</translation>
+    </message>
+    <message>
+        <source>Поле &quot;%1&quot;: таке значення має запис №%2 &quot;%3&quot;.</source>
+        <translation>Field &quot;%1&quot;: record no. %2 &quot;%3&quot; has this value.</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, цей запис вилучила інша програма. Нічого не збережено.</source>
+        <translation>While the editor was open another program deleted this record. Nothing was saved.</translation>
+    </message>
+    <message>
+        <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; перейменувала інша програма. Нічого не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.</source>
+        <translation>While the editor was open another program renamed what is chosen in &quot;%1&quot;. Nothing was saved. Close the editor, open it again and choose once more.</translation>
     </message>
 </context>
 <context>

@@ -41,10 +41,21 @@ bool QUpdateBD::create_tmp(QSqlDatabase &connection, QObject *receiver)
 
 bool QUpdateBD::update(const QString &table, QSqlDatabase &connection, QObject *receiver)
 {
-    return create_tmp(connection, receiver) &&
-           Db(&connection, receiver)
-               .run(QStringLiteral("UPDATE updat SET updat=NOW() WHERE name=") + lit(table), {},
-                    tr("Помилка оновлення запису в таблиці") + QLatin1Char(' ') + trackerTable);
+    return create_tmp(connection, receiver) && stamp({table}, Db(&connection, receiver));
+}
+
+bool QUpdateBD::stamp(const QStringList &tables, const Db &db)
+{
+    QStringList names;
+    for (const QString &table : tables)
+        names.append(lit(table));
+    const QString chosen = names.size() == 1
+                               ? QLatin1Char('=') + names.first()
+                               : QStringLiteral(" IN (") + names.join(QLatin1Char(',')) + QLatin1Char(')');
+    return db
+        .run(QStringLiteral("UPDATE updat SET updat=NOW() WHERE name") + chosen, {},
+             tr("Помилка оновлення запису в таблиці") + QLatin1Char(' ') + trackerTable)
+        .has_value();
 }
 
 bool QUpdateBD::isUpdate(const QString &table, QSqlDatabase &connection, QObject *receiver)

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
+#include <QStringList>
 
+class Db;
 class QSqlDatabase;
 
 /// Tells whether somebody else has changed a table since this connection last read it. The table updat
@@ -21,6 +22,9 @@ public:
     bool create_tmp(QSqlDatabase &db, QObject *receiver);
     /// To be called after every write to a tracked table.
     bool update(const QString &table, QSqlDatabase &db, QObject *receiver);
+    /// The same for those who write inside a transaction, several tables at once. Filling the private list
+    /// there would lock the rows of all tables until the end, and two writers would wait for each other.
+    static bool stamp(const QStringList &tables, const Db &db);
     /// True when the table was changed since this connection last read it.
     bool isUpdate(const QString &table, QSqlDatabase &db, QObject *receiver);
     /// To be called after the table was read.

@@ -1,5 +1,6 @@
 #include "editdialog.h"
 
+#include "db.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
 #include "typedinput.h"
@@ -26,15 +27,20 @@ void EditDialog::btok()
     if (why.isEmpty())
         why = refusal();
     if (!why.isEmpty())
-        QQestion::question(this, tr("Попередження."), why, true);
+        warn(why);
     else if (save())
         accept();
+}
+
+void EditDialog::warn(const QString &why)
+{
+    QQestion::question(this, tr("Попередження."), why, true);
 }
 
 bool EditDialog::isSaved(const Saved &saved)
 {
     if (saved.outcome == Saved::Refused)
-        QQestion::question(this, tr("Попередження."), saved.why, true);
+        warn(saved.why);
     return saved.outcome == Saved::Written || (saved.outcome == Saved::Unclear && askWhetherArrived());
 }
 
@@ -43,11 +49,8 @@ bool EditDialog::askWhetherArrived()
     const auto arrived = hasArrived();
     m_isUnclear = !arrived;
     if (!arrived) {
-        QQestion::question(
-            this, tr("Попередження."),
-            tr("Зв'язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки "
-               "зв'язок відновиться, і збережіть ще раз: програма спершу запитає сервер."),
-            true);
+        warn(tr("Зв'язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки "
+                "зв'язок відновиться, і збережіть ще раз: програма спершу запитає сервер."));
     } else if (*arrived) {
         takeOver();
     }
@@ -140,22 +143,16 @@ void EditDialog::showStored(QLineEdit *field, const QVariant &stored)
 {
     if (stored.isNull())
         m_nulls.insert(field);
+    else
+        m_nulls.remove(field);
     field->setText(toText(stored));
+    m_shownTexts.insert(field, field->text());
 }
 
 QVariant EditDialog::typed(const QLineEdit *field) const
 {
     const QString text = field->text();
     return m_nulls.contains(field) ? nullIfEmpty(text) : QVariant(text);
-}
-
-bool EditDialog::isFree(const Db &db, const QString &sql, const Db::Values &values, const QString &taken)
-{
-    auto query = db.run(sql, values);
-    if (!query || !query->next())
-        return query.has_value();
-    QQestion::question(this, tr("Попередження."), taken, true);
-    return false;
 }
 
 void EditDialog::setRecordTitle(const QString &id)

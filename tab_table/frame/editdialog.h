@@ -1,10 +1,9 @@
 #pragma once
 
-#include "db.h"
-
 #include <QDialog>
 #include <QHash>
 #include <QSet>
+#include <QVariant>
 #include <optional>
 
 class QLineEdit;
@@ -12,8 +11,9 @@ class QLineEdit;
 /// What came of a save.
 struct Saved
 {
-    /// Failed: reported. Refused: `why` is for the user. Unclear: the answer to COMMIT was lost.
-    enum Outcome { Written, Failed, Refused, Unclear };
+    /// Failed: reported. Refused: `why` is for the user. Unclear: the answer to COMMIT was lost. Changed: by
+    /// somebody else since it was read; nothing was written.
+    enum Outcome { Written, Failed, Refused, Unclear, Changed };
     Outcome outcome = Failed;
     QString why;
 };
@@ -58,10 +58,8 @@ protected:
     /// is taken over, and when nobody knows, the user is told and the next save asks again first. True when
     /// the record is saved.
     bool isSaved(const Saved &saved);
-
-    /// True when the statement finds no row. Otherwise the user is told that something is `taken`; a
-    /// failure, which is reported, leaves it open and answers false.
-    bool isFree(const Db &db, const QString &sql, const Db::Values &values, const QString &taken);
+    /// Tells the user why something cannot be done.
+    void warn(const QString &why);
 
     /// "Редагування запису №12", or "Додавання нового запису" without an id.
     void setRecordTitle(const QString &id);

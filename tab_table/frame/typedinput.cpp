@@ -99,6 +99,12 @@ QString fieldName(const QWidget *field)
     return field->accessibleName();
 }
 
+QString typedAddress(const QLineEdit *field)
+{
+    const QString text = field->text().remove(QLatin1Char(' '));
+    return text == QLatin1String("...") ? QString() : text;
+}
+
 bool hasControlCharacters(const QString &text)
 {
     for (const QChar c : text) {

@@ -16,6 +16,8 @@ QStringList enteredTexts(const QWidget *window);
 /// The name of a field for messages: the text of its label without access key and colon, or its
 /// accessible name.
 QString fieldName(const QWidget *field);
+/// The network address in a field with an input mask: without its blanks, empty when nothing was typed.
+QString typedAddress(const QLineEdit *field);
 /// True for a text that does not fit one line: it holds a line break, a tab or another control character.
 bool hasControlCharacters(const QString &text);
 /// The words that refuse such a text in a field of that name.

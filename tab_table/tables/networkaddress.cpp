@@ -2,7 +2,6 @@
 
 #include "launch.h"
 
-#include <QLineEdit>
 #include <QRegularExpression>
 
 namespace {
@@ -14,12 +13,6 @@ QString storedPattern()
                           R"((?:25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?))(?![\\d]))");
 }
 } // namespace
-
-QString typedAddress(const QLineEdit *field)
-{
-    const QString text = field->text().remove(QLatin1Char(' '));
-    return text == QLatin1String("...") ? QString() : text;
-}
 
 bool isSoundAddress(const QString &address)
 {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "combos.h"
-#include "editdialog.h"
-#include "storedrecord.h"
+#include "recorddialog.h"
 
 #include <memory>
 
@@ -12,7 +10,7 @@ class QAddEdtKass;
 class QTabKass;
 
 /// The editor of a cash register or another device of a shop.
-class QAddEdtKass : public EditDialog
+class QAddEdtKass : public RecordDialog
 {
     Q_OBJECT
 
@@ -24,9 +22,6 @@ public:
                 QWidget *parent, unsigned int id_shop);
     ~QAddEdtKass() override;
 
-    /// False after a reported failure, or when the user sees no shop group: there is nothing to edit.
-    bool isLoaded() const { return m_isLoaded; }
-
 public slots:
     /// Offers the group's shops that may hold registers.
     void selgroup(const QString &name);
@@ -36,34 +31,20 @@ public slots:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     QString refusal() const override;
-    bool save() override;
-    std::optional<bool> hasArrived() override;
-    void takeOver() override;
+    QVector<UniqueValue> uniqueValues() const override;
+    QString nameQuery() const override;
+    void showField(const QString &key, const std::optional<RecordField> &value) override;
+    bool insertRecord(QString *id) override;
+    bool updateRecord(const QString &id) override;
 
 private:
-    void limitLengths(const QTabKass *tab);
+    QVector<RecordInput> inputs() const;
     void connectFields();
     bool fillLists(const QTabKass *tab);
-    bool preset(const QString &group, unsigned int id_shop);
-    bool load();
-    void showOwnShop(const NamedId &shop);
+    void preset(const QString &group, unsigned int id_shop);
+    void chooseGroupOf(const QString &shop);
     void showGateway();
-    void showWarning();
-    bool isUnique();
-    Db::Values values() const;
-    MeantColumns meant() const;
-    bool NewRecord(QString *id);
-    bool UpdateRecord(QString *id);
 
     std::unique_ptr<Ui::QAddEdtKass> ui;
-    Db m_db;
-    QString *m_id;
-    QString m_newId;
-    /// As it was read; empty for a new register.
-    MeantColumns m_loaded;
-    /// What was sent last, and the id that it got, in case the answer was lost.
-    MeantColumns m_sent;
-    QString m_sentId;
-    bool m_isLoaded = false;
     bool m_isIpSound = true;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "editdialog.h"
-#include "storedrecord.h"
+#include "recorddialog.h"
 
 #include <memory>
 
@@ -12,7 +11,7 @@ class QLoadedUser;
 class QTabShops;
 
 /// The editor of a shop.
-class QAddEdtShop : public EditDialog
+class QAddEdtShop : public RecordDialog
 {
     Q_OBJECT
 
@@ -22,9 +21,6 @@ public:
                 QWidget *parent);
     ~QAddEdtShop() override;
 
-    /// False after a reported failure: there is nothing to edit.
-    bool isLoaded() const { return m_isLoaded; }
-
 public slots:
     /// Chooses the type of shop that has this day cycle.
     void change_day_cycle(int value);
@@ -33,36 +29,22 @@ public slots:
 
 protected:
     QString refusal() const override;
-    bool save() override;
-    std::optional<bool> hasArrived() override;
-    void takeOver() override;
+    QVector<UniqueValue> uniqueValues() const override;
+    QString nameQuery() const override;
+    void showField(const QString &key, const std::optional<RecordField> &value) override;
+    bool insertRecord(QString *id) override;
+    bool updateRecord(const QString &id) override;
 
 private:
-    void limitLengths(const QTabShops *tab);
+    QVector<RecordInput> inputs() const;
     void connectFields();
     bool fillLists(QLoadedUser *user);
-    bool load();
     void presetNew(uint group);
-    void checkNetwork(const QString &typed);
-    bool isUnique();
-    Db::Values values() const;
-    QVariant dayCycle() const;
-    void showDayCycle(const QVariant &stored);
-    MeantColumns meant() const;
-    bool NewRecord(QString *id);
-    bool UpdateRecord(QString *id);
+    void checkNetwork();
+    void widenCycle(const QString &stored);
 
     std::unique_ptr<Ui::QAddEdtShop> ui;
-    Db m_db;
-    QString *m_id;
-    QString m_newId;
-    /// As it was read; empty for a new shop.
-    MeantColumns m_loaded;
-    /// What was sent last, and the id that it got, in case the answer was lost.
-    MeantColumns m_sent;
-    QString m_sentId;
     bool m_mayLackCycle = false;
-    bool m_isLoaded = false;
     /// What an ordinary shop gets back after a look at the other types.
     int m_lastCycle = 1;
 };

@@ -6,6 +6,8 @@
 #include <QVector>
 #include <functional>
 
+class Db;
+
 /// A column of a record: what it holds, or is to hold, as text, and what people call it.
 struct MeantColumn
 {

@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "changesdialog.h"
 #include "qaddedtkass.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -321,9 +322,10 @@ void TstQTabKass::refusals()
         set(editor, "leCashDrive", "000");
         QCOMPARE(
             save(editor),
-            QString("Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!"));
+            QString("Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!\n"
+                    "Поле \"Рекламний рядок\": таке значення має запис №22 \"Київ, Каса 1\"."));
         set(editor, "leAdver", "Каса 9");
-        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!"));
+        QVERIFY(save(editor).startsWith("Код CashDrive повинен бути унікальним!"));
         QVERIFY(editor->isVisible());
         auto *code = child<QLineEdit>(editor, "leCashDrive");
         code->clear();
@@ -342,7 +344,8 @@ void TstQTabKass::adverIsUniqueWithinAShop()
         set(editor, "cbShop", "Київ");
         set(editor, "leAdver", "Каса 2");
         set(editor, "leCashDrive", "001");
-        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!"));
+        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!\nПоле \"Код CashDrive\": таке "
+                                       "значення має запис №20 \"Львів, Каса 1\"."));
         set(editor, "leCashDrive", "");
         QCOMPARE(save(editor), QString());
     }));
@@ -439,7 +442,8 @@ void TstQTabKass::shopsThatChangedNamesAreTold()
         m_base->exec({"UPDATE shops SET address='Київ' WHERE id=11",
                       "UPDATE shops SET address='Львів' WHERE id=10",
                       "UPDATE kassa SET block=1 WHERE id=20"});
-        QVERIFY(save(editor).contains("цей запис змінила інша програма (Блок)"));
+        QVERIFY(withModal<ChangesDialog>([&] { child<QPushButton>(editor, "pbOk")->click(); },
+                                         [](ChangesDialog *dialog) { dialog->reject(); }));
     }));
     QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|1|інфо|М|Мод|777|10.0.1.1|2|3"});
 }

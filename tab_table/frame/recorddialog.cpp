@@ -1,0 +1,351 @@
+#include "recorddialog.h"
+
+#include "changesdialog.h"
+#include "combos.h"
+#include "money.h"
+#include "qmessevent.h"
+#include "qupdatebd.h"
+#include "typedinput.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSpinBox>
+
+namespace {
+/// So long somebody who saves waits for a server that has gone silent.
+const int patienceMs = 3000;
+
+QString moneyStored(const QLineEdit *field)
+{
+    qint64 kopecks = 0;
+    return kopecksFromText(field->text(), &kopecks) ? QString::number(kopecks) : QString();
+}
+
+QString orNull(const QString &text)
+{
+    return text.isEmpty() ? QString() : text;
+}
+
+bool isSpecial(const QSpinBox *spin)
+{
+    return !spin->specialValueText().isEmpty() && spin->value() == spin->minimum();
+}
+
+/// Chooses the entry of that id, which is added when the list does not offer it: an entry that the user does
+/// not see would be lost with the next save.
+void showEntry(QComboBox *box, const RecordField &entry)
+{
+    int found = -1;
+    for (int i = 0; i < box->count() && found < 0; ++i) {
+        if (toText(box->itemData(i)) == entry.stored)
+            found = i;
+    }
+    if (found < 0 && !entry.stored.isEmpty()) {
+        box->addItem(entry.shown, entry.stored);
+        found = box->count() - 1;
+    }
+    box->setCurrentIndex(found);
+}
+
+void showNumber(QSpinBox *spin, const QString &stored)
+{
+    spin->setValue(stored.isNull() ? spin->minimum() : stored.toInt());
+}
+
+/// As people read a stored value that is no entry of a list.
+QString shownOf(InputForm form, const QString &stored)
+{
+    return form == InputForm::Money && !stored.isNull() ? moneyText(stored.toLongLong()) : stored;
+}
+} // namespace
+
+RecordDialog::RecordDialog(const Db &db, const QString &table, QString *id, QWidget *parent)
+    : EditDialog(parent), m_db(db), m_table(table), m_id(id != nullptr ? id : &m_newId)
+{
+}
+
+void RecordDialog::setInputs(const QVector<RecordInput> &inputs, const QString &query)
+{
+    m_inputs = inputs;
+    m_query = query;
+    setRecordTitle(*m_id);
+}
+
+bool RecordDialog::load()
+{
+    limitLengths();
+    m_isLoaded = true;
+    if (isNew())
+        return true;
+    const auto record = read(*m_id);
+    m_isLoaded = record && !record->isEmpty();
+    if (record && !m_isLoaded)
+        postMessage(m_db.receiver(), tr("Запис не знайдено id=") + *m_id);
+    if (!m_isLoaded)
+        return false;
+    m_read = *record;
+    for (const RecordField &field : m_read)
+        showField(field.key, field);
+    return true;
+}
+
+void RecordDialog::limitLengths()
+{
+    // Other databases of the server may hold a table of that name too.
+    auto lengths = m_db.run(
+        QStringLiteral("select COLUMN_NAME,CHARACTER_MAXIMUM_LENGTH from INFORMATION_SCHEMA.COLUMNS WHERE "
+                       "TABLE_NAME = %1 AND TABLE_SCHEMA=DATABASE()")
+            .arg(lit(m_table)),
+        {},
+        tr("Помилка при запиті отримання максимального розміру поля") + QLatin1Char(' ') + tr("в таблиці") +
+            QLatin1Char(' ') + m_table);
+    while (lengths && lengths->next()) {
+        const int length = lengths->value(1).toInt();
+        for (const RecordInput &input : m_inputs) {
+            const bool isText = input.form == InputForm::Text || input.form == InputForm::Trimmed;
+            if (isText && length > 0 && toText(lengths->value(0)) == QLatin1String(input.column))
+                qobject_cast<QLineEdit *>(input.input)->setMaxLength(length);
+        }
+    }
+}
+
+std::optional<RecordFields> RecordDialog::read(const QString &id) const
+{
+    auto row = m_db.run(m_query + id);
+    if (!row)
+        return std::nullopt;
+    RecordFields fields;
+    if (!row->next())
+        return fields;
+    for (const RecordInput &input : m_inputs) {
+        const QString column = QLatin1String(input.column);
+        const QVariant value = row->value(m_table + QLatin1Char('.') + column);
+        const QString stored = value.isNull() ? QString() : toText(value);
+        const QString shown = input.name != nullptr ? toText(row->value(QLatin1String(input.name)))
+                                                    : shownOf(input.form, stored);
+        fields.append({column, fieldName(input.input), stored, shown});
+    }
+    return fields;
+}
+
+RecordFields RecordDialog::entered() const
+{
+    RecordFields fields;
+    for (const RecordInput &input : m_inputs)
+        fields.append(
+            {QLatin1String(input.column), fieldName(input.input), valueOf(input), shownValue(input)});
+    return fields;
+}
+
+QString RecordDialog::valueOf(const RecordInput &input) const
+{
+    const auto *line = qobject_cast<QLineEdit *>(input.input);
+    switch (input.form) {
+    case InputForm::Text:
+        return typed(line).isNull() ? QString() : line->text();
+    case InputForm::Trimmed:
+        return line->text().trimmed();
+    case InputForm::OrNull:
+        return orNull(line->text());
+    case InputForm::Address:
+        return orNull(typedAddress(line));
+    case InputForm::Money:
+        return moneyStored(line);
+    case InputForm::Entry:
+    case InputForm::EntryId:
+        return orNull(chosenItem(qobject_cast<QComboBox *>(input.input)).id);
+    case InputForm::Number:
+        break;
+    }
+    const auto *spin = qobject_cast<QSpinBox *>(input.input);
+    return isSpecial(spin) ? QString() : QString::number(spin->value());
+}
+
+QString RecordDialog::shownValue(const RecordInput &input) const
+{
+    const auto *box = qobject_cast<QComboBox *>(input.input);
+    return box != nullptr ? box->currentText() : shownOf(input.form, valueOf(input));
+}
+
+QVariant RecordDialog::boundValue(const RecordInput &input) const
+{
+    const bool isNumber =
+        input.form == InputForm::Money || input.form == InputForm::Number || input.form == InputForm::EntryId;
+    const QString value = valueOf(input);
+    if (input.form == InputForm::Entry)
+        return nullIfEmpty(chosenItem(qobject_cast<QComboBox *>(input.input)).name);
+    if (!isNumber)
+        return value;
+    return value.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.toLongLong());
+}
+
+Db::Values RecordDialog::boundValues(bool isUpdate) const
+{
+    Db::Values values;
+    for (const RecordInput &input : m_inputs) {
+        const bool isRenamed = isUpdate && input.updatePlaceholder != nullptr;
+        values.append(
+            {QLatin1String(isRenamed ? input.updatePlaceholder : input.placeholder), boundValue(input)});
+    }
+    return values;
+}
+
+bool RecordDialog::insertWith(const QString &sql, const Db::Values &values, QString *id) const
+{
+    if (!m_db.run(sql, values))
+        return false;
+    const auto made = m_db.lastInsertId();
+    if (made)
+        *id = QString::number(*made);
+    return made.has_value();
+}
+
+void RecordDialog::showField(const QString &key, const std::optional<RecordField> &value)
+{
+    for (const RecordInput &input : m_inputs) {
+        if (key != QLatin1String(input.column) || !value)
+            continue;
+        if (auto *box = qobject_cast<QComboBox *>(input.input))
+            showEntry(box, *value);
+        else if (auto *spin = qobject_cast<QSpinBox *>(input.input))
+            showNumber(spin, value->stored);
+        else
+            showStored(qobject_cast<QLineEdit *>(input.input), shownOf(input.form, value->stored));
+    }
+}
+
+bool RecordDialog::isUnique()
+{
+    const auto values = uniqueValues();
+    for (const UniqueValue &value : values) {
+        if (!isFree(value))
+            return false;
+    }
+    return true;
+}
+
+/// Tells which field it is and whose record has its value.
+bool RecordDialog::isFree(const UniqueValue &value)
+{
+    for (const auto &bound : value.values) {
+        if (bound.second.isNull())
+            return true;
+    }
+    const QString others = isNew() ? QString() : QStringLiteral(" AND id<>") + *m_id;
+    const auto owner = m_db.firstText(value.sql + others, value.values);
+    if (!owner || owner->isEmpty())
+        return owner.has_value();
+    const QString name = m_db.firstText(nameQuery() + *owner).value_or(QString());
+    value.field->setFocus();
+    warn(value.refusal + QLatin1Char('\n') +
+         tr("Поле \"%1\": таке значення має запис №%2 \"%3\".").arg(fieldName(value.field), *owner, name));
+    return false;
+}
+
+bool RecordDialog::save()
+{
+    while (isUnique()) {
+        const Saved saved = attempt();
+        if (saved.outcome == Saved::Written)
+            takeOver();
+        if (saved.outcome != Saved::Changed)
+            return isSaved(saved);
+        if (!settleChanges())
+            return false;
+        if (const QString why = refusal(); !why.isEmpty()) {
+            warn(why);
+            return false;
+        }
+    }
+    return false;
+}
+
+Saved RecordDialog::attempt()
+{
+    m_sent = entered();
+    m_sentId = *m_id;
+    Saved saved = attemptInTransaction();
+    if (saved.outcome != Saved::Failed && saved.outcome != Saved::Refused)
+        return saved;
+    const QString words = failureWords();
+    return words.isEmpty() ? saved : Saved{Saved::Refused, words};
+}
+
+Saved RecordDialog::attemptInTransaction()
+{
+    Transaction t(m_db);
+    if (!t)
+        return {};
+    if (!isNew()) {
+        const auto now = lock(*m_id) ? read(*m_id) : std::nullopt;
+        if (!now)
+            return {};
+        if (now->isEmpty())
+            return {Saved::Refused,
+                    tr("Поки редактор був відкритий, цей запис вилучила інша програма. Нічого "
+                       "не збережено.")};
+        m_theirs = *now;
+        if (firstDifference(m_read, m_theirs))
+            return {Saved::Changed, QString()};
+    }
+    if (!(isNew() ? insertRecord(&m_sentId) : updateRecord(*m_id)))
+        return {};
+    const auto stored = read(m_sentId);
+    if (!stored)
+        return {};
+    if (const auto other = firstDifference(m_sent, *stored))
+        return {Saved::Refused,
+                tr("Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого "
+                   "не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
+                    .arg(other->caption)};
+    if (!QUpdateBD::stamp(changedTables(), m_db))
+        return {};
+    return {t.commit() ? Saved::Written : Saved::Unclear, QString()};
+}
+
+QStringList RecordDialog::lockStatements(const QString &id) const
+{
+    return {QStringLiteral("SELECT id FROM %1 WHERE id=%2 FOR UPDATE").arg(m_table, id)};
+}
+
+bool RecordDialog::lock(const QString &id) const
+{
+    const auto statements = lockStatements(id);
+    for (const QString &sql : statements) {
+        if (!m_db.run(sql))
+            return false;
+    }
+    return true;
+}
+
+/// Has the user decide about what others have changed, and puts what is taken of theirs into the inputs.
+/// False when the editor is to stay as it is.
+bool RecordDialog::settleChanges()
+{
+    const auto changes = changesByOthers(m_read, m_sent, m_theirs);
+    const auto answer = changes.isEmpty() ? ChangesDialog::KeepMine : ChangesDialog::ask(this, changes);
+    if (answer == ChangesDialog::BackToEditor)
+        return false;
+    for (const RecordChange &change : changes) {
+        if (!change.isConflict || answer == ChangesDialog::TakeTheirs)
+            showField(change.any().key, change.theirs);
+    }
+    m_read = m_theirs;
+    return true;
+}
+
+std::optional<bool> RecordDialog::hasArrived()
+{
+    waitForServer(m_db, patienceMs);
+    if (!lock(m_sentId))
+        return std::nullopt;
+    const auto stored = read(m_sentId);
+    return stored ? std::optional<bool>(!stored->isEmpty() && !firstDifference(m_sent, *stored))
+                  : std::nullopt;
+}
+
+void RecordDialog::takeOver()
+{
+    *m_id = m_sentId;
+    m_read = m_sent;
+}

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "db.h"
+#include "editdialog.h"
+#include "recordfields.h"
+
+/// How an input holds the value of its column.
+enum class InputForm {
+    /// A line as it is typed; an empty one that was NULL stays NULL.
+    Text,
+    /// The same without blanks around it.
+    Trimmed,
+    /// A line that is NULL when it is empty: of columns where a value must be unique, or means something.
+    OrNull,
+    /// A network address, NULL when it is empty.
+    Address,
+    /// A price in its line; kopecks in the database, NULL when it is empty.
+    Money,
+    /// An entry of a list, written by its name.
+    Entry,
+    /// The same, written by its id; the entry without an id is NULL.
+    EntryId,
+    /// A spin box; its special text, if it has one, stands for NULL.
+    Number,
+};
+
+/// An input of an editor and the column that it shows.
+struct RecordInput
+{
+    QWidget *input;
+    InputForm form;
+    const char *column;
+    /// Of the INSERT and the UPDATE.
+    const char *placeholder;
+    /// For a list, where the query of the record has the name of the entry ("group_shop.name").
+    const char *name = nullptr;
+    /// Where the UPDATE has another placeholder.
+    const char *updatePlaceholder = nullptr;
+};
+
+/// A value that no other record may have.
+struct UniqueValue
+{
+    QWidget *field;
+    /// Finds the records that have it, without its own: "SELECT id FROM shops WHERE address=:addr".
+    QString sql;
+    Db::Values values;
+    QString refusal;
+};
+
+/// The editor of one record of a table, new or old. It keeps the record as it was read: a save whose record
+/// somebody else has changed meanwhile is shown value by value and asked about, and nothing of theirs is
+/// written over unasked. A save is one transaction that writes, looks at what it has written and tells the
+/// other programs.
+class RecordDialog : public EditDialog
+{
+    Q_OBJECT
+
+public:
+    /// id: the record, empty or null for a new one; after a save it holds the id that the record has.
+    RecordDialog(const Db &db, const QString &table, QString *id, QWidget *parent);
+
+    /// False when there is nothing to edit, which was told.
+    bool isLoaded() const { return m_isLoaded; }
+    bool isNew() const { return m_id->isEmpty(); }
+
+protected:
+    /// The inputs, and the query that reads their columns: "SELECT ... WHERE shops.id=", to which the id is
+    /// added. To be given once, before load().
+    void setInputs(const QVector<RecordInput> &inputs, const QString &query);
+    /// Limits lines to what their columns hold; reads an old record and shows it.
+    bool load();
+    void setLoaded(bool isLoaded) { m_isLoaded = isLoaded; }
+
+    /// The record as the database holds it; empty when there is none, nothing after a reported failure.
+    virtual std::optional<RecordFields> read(const QString &id) const;
+    /// The same values as they stand in the editor.
+    virtual RecordFields entered() const;
+    /// Puts one value into its input; `value` is nothing for a row that is to go.
+    virtual void showField(const QString &key, const std::optional<RecordField> &value);
+    virtual QVector<UniqueValue> uniqueValues() const { return {}; }
+    /// "SELECT address FROM shops WHERE id=": what people call the record of the id that is added.
+    virtual QString nameQuery() const { return QString(); }
+
+    /// Sends the INSERT, and puts the id that the record got into *id; or the UPDATE of the id.
+    virtual bool insertRecord(QString *id) = 0;
+    virtual bool updateRecord(const QString &id) = 0;
+    /// Locks what belongs to the record until the transaction ends; for that it waits for others.
+    virtual QStringList lockStatements(const QString &id) const;
+    /// The tables that a save changes, for the other programs.
+    virtual QStringList changedTables() const { return {m_table}; }
+    /// Why the write has failed, or has stored something else than was chosen, when the editor knows better:
+    /// for the user. Empty when it does not.
+    virtual QString failureWords() { return QString(); }
+
+    /// Bound values of all inputs, for the INSERT or the UPDATE.
+    Db::Values boundValues(bool isUpdate) const;
+    /// Runs the INSERT and puts the id that the server made up into *id.
+    bool insertWith(const QString &sql, const Db::Values &values, QString *id) const;
+    const Db &db() const { return m_db; }
+    const QString &id() const { return *m_id; }
+    /// As it was read last; empty for a new record.
+    const RecordFields &readFields() const { return m_read; }
+
+    bool save() override;
+    std::optional<bool> hasArrived() override;
+    void takeOver() override;
+
+private:
+    void limitLengths();
+    bool isUnique();
+    bool isFree(const UniqueValue &value);
+    Saved attempt();
+    Saved attemptInTransaction();
+    std::optional<bool> isAsRead();
+    bool lock(const QString &id) const;
+    bool settleChanges();
+    QString valueOf(const RecordInput &input) const;
+    QVariant boundValue(const RecordInput &input) const;
+    QString shownValue(const RecordInput &input) const;
+
+    const Db m_db;
+    const QString m_table;
+    QString m_newId;
+    QString *m_id;
+    QString m_query;
+    QVector<RecordInput> m_inputs;
+    bool m_isLoaded = false;
+    RecordFields m_read;
+    /// As others have changed it since; empty when they have not.
+    RecordFields m_theirs;
+    /// What was sent last, and the id that it got, in case the answer was lost.
+    RecordFields m_sent;
+    QString m_sentId;
+};
