@@ -33,66 +33,34 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
 {
     Q_UNUSED(set)
     ui->setupUi(this);
-    backToToday();
-    ui->notice->hide();
-    ui->notice->setBackgroundRole(QPalette::ToolTipBase);
-    ui->lbNotice->setForegroundRole(QPalette::ToolTipText);
     setUpGoods();
     setUpChek();
-    fillShops();
     connectPlace();
+    ui->place->setUp(db, user, receiver);
     connectReceipt();
     connectKeys();
     connectSearch();
     connectFocus();
+    orderTabs();
     salemode();
     showRights();
     showReceipt();
     seerch(QString());
 }
 
-void QRegisterSale::fillShops()
-{
-    const QSignalBlocker hold(ui->cbShop);
-    SalePlaces::fillShops(ui->cbShop, m_db, m_user, m_receiver);
-    const int home = ui->cbShop->findData(m_user->idShop().toUInt());
-    if (home >= 0)
-        ui->cbShop->setCurrentIndex(home);
-    m_shop = ui->cbShop->currentIndex();
-    fillKass();
-}
-
-void QRegisterSale::fillKass()
-{
-    SalePlaces::fillRegisters(ui->cbKass, ui->cbShop, m_db, m_receiver);
-    m_kass = ui->cbKass->currentIndex();
-    showShift();
-}
-
-/// What a lost connection left empty or unknown.
-void QRegisterSale::refillPlaces()
+void QRegisterSale::showShift()
 {
     if (!m_user->isLoaded())
         return;
-    if (ui->cbShop->count() == 0)
-        fillShops();
-    else if (ui->cbKass->count() == 0)
-        fillKass();
-    else
-        showShift();
-}
-
-void QRegisterSale::showShift()
-{
     ui->lbShift->setText(shiftText());
-    ui->pbSale->setEnabled(m_user->mayEdit(Permission::Sales) && !SalePlaces::isClosingOnly(ui->cbKass));
+    ui->pbSale->setEnabled(m_user->mayEdit(Permission::Sales) && !ui->place->isClosingOnly());
 }
 
 QString QRegisterSale::shiftText() const
 {
-    if (m_shop < 0)
+    if (!ui->place->hasShop())
         return tr("Немає магазину, в якому ви можете продавати.");
-    if (m_kass < 0)
+    if (!ui->place->isChosen())
         return tr("У магазині немає незаблокованої каси.");
     const auto z = writer().openZ();
     if (!z)
@@ -115,9 +83,9 @@ void QRegisterSale::showRights()
         widget->setEnabled(maySell);
         widget->setToolTip(maySell ? QString() : why);
     }
-    ui->pbSale->setEnabled(maySell && !SalePlaces::isClosingOnly(ui->cbKass));
+    ui->pbSale->setEnabled(maySell && !ui->place->isClosingOnly());
     ui->pbCloseZ->setToolTip(maySell ? QStringLiteral("F12") : why);
-    if (!maySell || ui->lbNotice->text() == why)
+    if (!maySell || ui->notice->text() == why)
         notify(maySell ? QString() : why);
 }
 
@@ -132,26 +100,7 @@ void QRegisterSale::showReceipt()
 
 void QRegisterSale::notify(const QString &text)
 {
-    QStringList words = m_notAdded;
-    if (!text.isEmpty())
-        words.append(text);
-    ui->lbNotice->setText(words.join(QLatin1Char('\n')));
-    ui->notice->setVisible(!words.isEmpty());
-    m_slip.reset();
-    showSlipButtons();
-}
-
-/// The slip of the receipt that the notice tells of.
-void QRegisterSale::showSlipButtons()
-{
-    for (QPushButton *button : {ui->pbShowSlip, ui->pbPrintSlip})
-        button->setVisible(m_slip && m_user->maySee(Permission::Cheks));
-}
-
-void QRegisterSale::wantSlip(bool print)
-{
-    if (m_slip)
-        emit slipWanted(m_slip->kass, m_slip->chek, print);
+    ui->notice->tell(text);
 }
 
 /// The scanner's field has the focus again after every box.
@@ -168,11 +117,6 @@ void QRegisterSale::warn(const QString &title, const QString &text)
     focusSearch();
 }
 
-quint32 QRegisterSale::idShop() const
-{
-    return ui->cbShop->currentData().toUInt();
-}
-
 Db QRegisterSale::db() const
 {
     return Db(m_db, m_receiver);
@@ -180,7 +124,7 @@ Db QRegisterSale::db() const
 
 ChekPlace QRegisterSale::place() const
 {
-    return {QString::number(idShop()), QString::number(ui->cbKass->currentData().toUInt()), m_user->idUser()};
+    return ui->place->place();
 }
 
 ChekWriter QRegisterSale::writer(const char *file, int line) const
@@ -193,89 +137,19 @@ ShiftCloser QRegisterSale::closer() const
     return ShiftCloser(db(), place());
 }
 
-/// None while the date follows today.
-QDate QRegisterSale::chosenDate() const
-{
-    return m_isToday ? QDate() : m_date;
-}
-
-/// A tab that is left open overnight goes on with the new day.
-void QRegisterSale::followToday()
-{
-    if (m_isToday)
-        backToToday();
-}
-
-/// Another date holds for one receipt.
-void QRegisterSale::backToToday()
-{
-    m_isToday = true;
-    m_isDateAgreed = false;
-    if (m_date != SaleClock::now().date()) {
-        m_date = SaleClock::now().date();
-        const QSignalBlocker hold(ui->dateEdit);
-        ui->dateEdit->setDate(m_date);
-    }
-    showDate();
-}
-
-void QRegisterSale::showDate()
-{
-    QPalette colours;
-    if (!m_isToday) {
-        // Dark on light in every theme.
-        colours.setColor(QPalette::Base, QColor(255, 183, 77));
-        colours.setColor(QPalette::Text, Qt::black);
-    }
-    ui->dateEdit->setPalette(m_isToday ? QPalette() : colours);
-    ui->dateEdit->setToolTip(m_isToday ? QString() : tr("Дата чека не сьогоднішня."));
-}
-
 /// Asked once a receipt.
 bool QRegisterSale::agreeDate()
 {
-    followToday();
-    if (!m_isToday && !m_isDateAgreed) {
-        const QString day = m_date.toString(QStringLiteral("dd.MM.yyyy"));
-        m_isDateAgreed =
-            confirm(tr("Дата чека"),
-                    tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
-                        .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
-                    tr("Записати %1").arg(day));
-    }
-    return m_isToday || m_isDateAgreed;
-}
-
-/// The box shows the old choice while the user is asked.
-void QRegisterSale::dateChanged(const QDate &date)
-{
-    const auto show = [this](const QDate &shown) {
-        const QSignalBlocker hold(ui->dateEdit);
-        ui->dateEdit->setDate(shown);
-    };
-    show(m_date);
-    if (!leaveReceipt())
-        return;
-    show(date);
-    m_date = date;
-    m_isToday = date == SaleClock::now().date();
-    m_isDateAgreed = false;
-    showDate();
-    seerch(ui->leSearch->text());
-}
-
-bool QRegisterSale::changePlace(QComboBox *box, int *chosen, int index)
-{
-    const auto show = [box](int shown) {
-        const QSignalBlocker hold(box);
-        box->setCurrentIndex(shown);
-    };
-    show(*chosen);
-    if (index != *chosen && !leaveReceipt())
-        return false;
-    show(index);
-    *chosen = index;
-    return true;
+    ui->place->followToday();
+    const QDate chosen = ui->place->chosenDate();
+    if (!chosen.isValid() || m_isDateAgreed)
+        return true;
+    const QString day = chosen.toString(QStringLiteral("dd.MM.yyyy"));
+    m_isDateAgreed = confirm(tr("Дата чека"),
+                             tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
+                                 .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
+                             tr("Записати %1").arg(day));
+    return m_isDateAgreed;
 }
 
 QString QRegisterSale::getIdNewCheck() const
@@ -311,7 +185,7 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
 /// The number of the written receipt, else -1 with the reason shown.
 int QRegisterSale::write(const Receipt &receipt, const ChekPayment &payment)
 {
-    const ChekWriter::Result result = writer().write(receipt, payment, chosenDate());
+    const ChekWriter::Result result = writer().write(receipt, payment, ui->place->chosenDate());
     if (result.outcome == ChekWriter::Written)
         return result.chek.number;
     if (result.outcome == ChekWriter::Unclear)
@@ -327,13 +201,12 @@ int QRegisterSale::write(const Receipt &receipt, const ChekPayment &payment)
 /// Why this receipt cannot be sold here; empty when it can.
 QString QRegisterSale::saleRefusal() const
 {
-    if (m_shop < 0 || m_kass < 0)
+    if (!ui->place->isChosen())
         return tr("Виберіть магазин і касу.");
-    if (SalePlaces::isClosingOnly(ui->cbKass))
+    if (ui->place->isClosingOnly())
         return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
     // A shift is listed in one shop; what is sold in another one does not belong into it.
-    const QString other =
-        SalePlaces::otherShopOfShift(m_db, m_receiver, place().kass, QString::number(idShop()));
+    const QString other = SalePlaces::otherShopOfShift(m_db, m_receiver, place().kass, place().shop);
     if (!other.isEmpty())
         return tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
     const QString unknown = tr("Сервер не відповів, чи можна тут продавати. Повторіть оплату.");
@@ -402,7 +275,7 @@ void QRegisterSale::pay()
         afterSale({place().kass, number}, receipt.toPay(), payment.change());
 }
 
-void QRegisterSale::afterSale(const Slip &slip, qint64 toPay, qint64 change)
+void QRegisterSale::afterSale(const NoticeBar::Slip &slip, qint64 toPay, qint64 change)
 {
     m_unclear.reset();
     clearReceipt();
@@ -412,9 +285,7 @@ void QRegisterSale::afterSale(const Slip &slip, qint64 toPay, qint64 change)
     QString told = tr("Чек № %1, %2").arg(slip.chek).arg(moneyShown(toPay));
     if (change != 0)
         told += tr(", решта %1").arg(moneyShown(change));
-    notify(told);
-    m_slip = slip;
-    showSlipButtons();
+    ui->notice->tell(told, m_user->maySee(Permission::Cheks) ? std::optional(slip) : std::nullopt);
     for (const char *table : {"cheks", "goods_shop", "z_zvit"})
         QUpdateBD().update(QLatin1String(table), *m_db, m_receiver);
 }
@@ -461,10 +332,11 @@ bool QRegisterSale::leaveReceipt()
 void QRegisterSale::clearReceipt()
 {
     m_typed.reset();
-    m_notAdded.clear();
+    ui->notice->forget();
     m_chek->clear();
     showDiscount();
-    backToToday();
+    m_isDateAgreed = false;
+    ui->place->backToToday();
 }
 
 void QRegisterSale::closeEvent(QCloseEvent *event)

@@ -3,6 +3,7 @@
 #include "chekwriter.h"
 #include "columns.h"
 #include "goodssearch.h"
+#include "noticebar.h"
 #include "shiftcloser.h"
 
 #include <QTimer>
@@ -12,7 +13,6 @@
 namespace Ui {
 class QRegisterSale;
 }
-class QComboBox;
 class QLoadedUser;
 class QNTableView;
 class QuantityDelegate;
@@ -76,12 +76,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    struct Slip
-    {
-        QString kass;
-        int chek;
-    };
-
     static QVector<Column> goodsColumns();
     void setUpGoods();
     void setUpChek();
@@ -93,29 +87,20 @@ private:
     void connectKeys();
     void connectSearch();
     void connectFocus();
-    void fillShops();
-    void fillKass();
+    void orderTabs();
     void showShift();
-    void refillPlaces();
     QString shiftText() const;
     void showReceipt();
-    void showDate();
     void notify(const QString &text);
-    void showSlipButtons();
-    void wantSlip(bool print);
     bool confirm(const QString &title, const QString &text, const QString &actCaption);
     void warn(const QString &title, const QString &text);
     void showRights();
 
-    quint32 idShop() const;
     Db db() const;
     ChekPlace place() const;
     ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
     ShiftCloser closer() const;
-    QDate chosenDate() const;
     GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
-    void followToday();
-    void backToToday();
     bool agreeDate();
     bool agreeChanges();
 
@@ -137,12 +122,10 @@ private:
     void pay();
     int write(const Receipt &receipt, const ChekPayment &payment);
     QString saleRefusal() const;
-    void afterSale(const Slip &slip, qint64 toPay, qint64 change);
+    void afterSale(const NoticeBar::Slip &slip, qint64 toPay, qint64 change);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
     void clearReceipt();
-    bool changePlace(QComboBox *box, int *chosen, int index);
-    void dateChanged(const QDate &date);
 
     QString shiftToClose();
     bool takeOver(const OpenZ &z);
@@ -175,7 +158,7 @@ private:
     bool goodsKey(const QKeyEvent *key);
     bool chekKey(const QKeyEvent *key);
     bool quantityKey(const QKeyEvent *key);
-    bool fieldKey(const QKeyEvent *key);
+    bool fieldKey(const QKeyEvent *key, bool isChoice);
     void typeIntoSearch(const QKeyEvent *key);
 
     std::unique_ptr<Ui::QRegisterSale> ui;
@@ -188,12 +171,6 @@ private:
     QueryOwner *m_queries;
     QTimer m_searchDelay;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
-    /// What is chosen in the boxes; they go back there when the user does not want to lose the receipt.
-    int m_shop = -1;
-    int m_kass = -1;
-    QDate m_date;
-    /// Nobody has chosen another date than today's.
-    bool m_isToday = true;
     /// The user knows that this receipt gets another date than today's.
     bool m_isDateAgreed = false;
     /// For this Enter was pressed before the list was there.
@@ -207,14 +184,11 @@ private:
         QString text;
     };
     std::optional<TypedQuantity> m_typed;
-    /// Scanned while a question was open; and what could not be added since somebody last looked.
+    /// Scanned while a question was open.
     QStringList m_scans;
     bool m_isTakingScans = false;
-    QStringList m_notAdded;
     bool m_isPaying = false;
     qint64 m_shownDiscount = 0;
-    /// The receipt that was written last, while the notice tells of it.
-    std::optional<Slip> m_slip;
     /// A receipt of which the server has not told whether it was written.
     std::optional<WrittenChek> m_unclear;
     /// The shift during which the period was closed: its closing does not ask for that again.

@@ -9,7 +9,6 @@
 #include "qpayment.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
-#include "saleplaces.h"
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
@@ -39,7 +38,7 @@ QString QRegisterSale::shiftToClose()
 {
     if (!mayChange())
         return QString();
-    if (m_shop < 0 || m_kass < 0)
+    if (!ui->place->isChosen())
         notify(tr("Виберіть магазин і касу."));
     else if (!m_chek->receipt().isEmpty())
         notify(tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни."));
@@ -80,7 +79,7 @@ bool QRegisterSale::offerPeriod(const QString &zNumber)
 
 void QRegisterSale::countAndClose(const ShiftFigures &figures)
 {
-    const QString early = ShiftCloser::dateRefusal(figures, chosenDate());
+    const QString early = ShiftCloser::dateRefusal(figures, ui->place->chosenDate());
     if (!early.isEmpty())
         return notify(early);
     QPayment form(QStringLiteral("0.00"), QStringLiteral("0.00"), true, this, formCash(figures.cash));
@@ -89,7 +88,7 @@ void QRegisterSale::countAndClose(const ShiftFigures &figures)
         return;
     const ShiftCount count = {form.countCheks(),    form.countDiskount(), form.countPositionCanc(),
                               form.countChekCanc(), form.vnesenia(),      form.viluchenia()};
-    const ShiftCloser::Outcome outcome = closer().close(figures, count, chosenDate());
+    const ShiftCloser::Outcome outcome = closer().close(figures, count, ui->place->chosenDate());
     if (outcome == ShiftCloser::Closed)
         return afterClosing(figures.zNumber);
     const QString why = ShiftCloser::explanation(outcome, figures.zNumber);
@@ -101,8 +100,8 @@ void QRegisterSale::countAndClose(const ShiftFigures &figures)
 
 void QRegisterSale::afterClosing(const QString &zNumber)
 {
-    if (SalePlaces::isClosingOnly(ui->cbKass)) {
-        fillShops();
+    if (ui->place->isClosingOnly()) {
+        ui->place->fillShops();
         seerch(ui->leSearch->text());
     } else {
         showShift();
@@ -127,7 +126,7 @@ void QRegisterSale::pbClosePeriod()
 /// The day after the last one is the first of the next period, so the days need no writing.
 bool QRegisterSale::ClosePeriod()
 {
-    if (m_shop < 0 || m_kass < 0) {
+    if (!ui->place->isChosen()) {
         notify(tr("Виберіть магазин і касу."));
         return false;
     }

@@ -11,6 +11,7 @@
 #include "receiptmodel.h"
 #include "saleclock.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QSqlRecord>
 
@@ -39,12 +40,12 @@ bool isScanned(const QString &text)
 GoodsSearch QRegisterSale::goodsSearch(GoodsSearch::By by, const QString &text) const
 {
     GoodsSearch search;
-    search.idShop = idShop();
+    search.idShop = place().shop.toUInt();
     search.mode = m_mode;
     search.by = by;
     search.text = text;
-    search.priority = ui->sbPriority->value();
-    search.time = SaleClock::at(chosenDate());
+    search.priority = ui->place->priority();
+    search.time = SaleClock::at(ui->place->chosenDate());
     search.limit = ui->sbLimit->value();
     return search;
 }
@@ -58,7 +59,7 @@ void QRegisterSale::seerch(const QString &text)
 void QRegisterSale::loadList(const QString &text)
 {
     m_searchDelay.stop();
-    followToday();
+    ui->place->followToday();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->viewGoods->setEmptyText(tr("Пошук…"));
     m_queries->ask({goodsListSql(goodsSearch(by, text.trimmed()))});
@@ -92,7 +93,7 @@ void QRegisterSale::showFound(const std::shared_ptr<QueryAnswer> &found)
 void QRegisterSale::enter()
 {
     notify(QString());
-    followToday();
+    ui->place->followToday();
     const QString text = ui->leSearch->text().trimmed();
     if (text.isEmpty() || m_waited == text)
         return;
@@ -277,8 +278,8 @@ void QRegisterSale::discountTyped()
 /// First what was told goes, then what is being typed, then the search, then, after a question, the receipt.
 void QRegisterSale::escape()
 {
-    const bool isTold = !m_notAdded.isEmpty();
-    m_notAdded.clear();
+    const bool isTold = ui->notice->isKeeping();
+    ui->notice->forget();
     notify(QString());
     if (isTold || isDiscountBegun()) {
         showDiscount();
@@ -329,7 +330,8 @@ bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
         return searchKey(key);
     if (watched == ui->viewGoods)
         return goodsKey(key);
-    return watched == ui->viewChek ? chekKey(key) : fieldKey(key);
+    const bool isChoice = qobject_cast<const QComboBox *>(watched) != nullptr;
+    return watched == ui->viewChek ? chekKey(key) : fieldKey(key, isChoice);
 }
 
 bool QRegisterSale::searchKey(const QKeyEvent *key)
@@ -381,9 +383,8 @@ bool QRegisterSale::chekKey(const QKeyEvent *key)
 }
 
 /// The fields above and below the grids: Enter leads back; a box of choices takes no digits.
-bool QRegisterSale::fieldKey(const QKeyEvent *key)
+bool QRegisterSale::fieldKey(const QKeyEvent *key, bool isChoice)
 {
-    const bool isChoice = ui->cbShop->hasFocus() || ui->cbKass->hasFocus();
     if (isEnter(key) && !isChoice)
         QTimer::singleShot(0, this, &QRegisterSale::focusSearch);
     if (!isChoice || !isTyped(key) || !key->text().at(0).isDigit())

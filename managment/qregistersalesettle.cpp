@@ -101,11 +101,7 @@ void QRegisterSale::takeScans()
     }
 }
 
-/// Stays in sight until somebody has looked: the next scan would cover it at once.
 void QRegisterSale::notAdded(const QString &why)
 {
-    QApplication::beep();
-    m_notAdded.append(why);
-    m_notAdded.removeDuplicates();
-    notify(QString());
+    ui->notice->keep(why);
 }

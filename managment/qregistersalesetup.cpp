@@ -114,21 +114,14 @@ void QRegisterSale::spreadNames(QNTableView *view)
 
 void QRegisterSale::connectPlace()
 {
-    connect(ui->cbShop, qOverload<int>(&QComboBox::currentIndexChanged), this, [this](int index) {
-        if (!changePlace(ui->cbShop, &m_shop, index))
-            return;
-        fillKass();
-        seerch(ui->leSearch->text());
-    });
-    connect(ui->cbKass, qOverload<int>(&QComboBox::currentIndexChanged), this, [this](int index) {
-        if (changePlace(ui->cbKass, &m_kass, index))
-            showShift();
-    });
+    ui->place->setGuard([this] { return leaveReceipt(); });
+    connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showShift);
+    connect(ui->place, &PlaceBar::dateChanged, this, [this] { m_isDateAgreed = false; });
+    connect(ui->place, &PlaceBar::goodsChanged, this, [this] { seerch(ui->leSearch->text()); });
+    connect(ui->place, &PlaceBar::left, this, &QRegisterSale::focusSearch);
+    connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
     connect(ui->pbCloseZ, &QPushButton::clicked, this, &QRegisterSale::CloseZ_zvit);
     connect(ui->pbPeriod, &QPushButton::clicked, this, &QRegisterSale::pbClosePeriod);
-    connect(ui->dateEdit, &QDateEdit::dateChanged, this, &QRegisterSale::dateChanged);
-    connect(ui->sbPriority, qOverload<int>(&QSpinBox::valueChanged), this,
-            [this] { seerch(ui->leSearch->text()); });
 }
 
 void QRegisterSale::connectReceipt()
@@ -144,10 +137,8 @@ void QRegisterSale::connectReceipt()
             focusSearch();
     });
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
-    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::refillPlaces);
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showShift);
     connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
-    connect(ui->pbShowSlip, &QPushButton::clicked, this, [this] { wantSlip(false); });
-    connect(ui->pbPrintSlip, &QPushButton::clicked, this, [this] { wantSlip(true); });
     connect(ui->pbRemove, &QPushButton::clicked, this, &QRegisterSale::removeRow);
     connect(ui->pbClear, &QPushButton::clicked, this, [this] {
         if (mayChange())
@@ -178,14 +169,25 @@ void QRegisterSale::connectFocus()
         m_scans.append(code);
         takeScans();
     });
-    for (const QComboBox *box : {ui->cbShop, ui->cbKass})
-        connect(box, qOverload<int>(&QComboBox::activated), this, &QRegisterSale::focusSearch);
     connect(ui->splitter, &QSplitter::splitterMoved, this, &QRegisterSale::focusSearch);
     for (const QNTableView *view : {ui->viewGoods, ui->viewChek})
         connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this, &QRegisterSale::focusSearch);
-    for (QWidget *field : QVector<QWidget *>{ui->cbShop, ui->cbKass, ui->dateEdit, ui->sbPriority,
-                                             ui->sbLimit, ui->dsbDiscount})
+    const QWidgetList fields = ui->place->fields() << ui->sbLimit << ui->dsbDiscount;
+    for (QWidget *field : fields)
         field->installEventFilter(this);
+}
+
+/// What a hand needs from left to right comes first, what is seldom changed last.
+void QRegisterSale::orderTabs()
+{
+    QWidget *last = ui->leSearch;
+    for (const char *name :
+         {"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear", "cbShop", "cbKass",
+          "dateEdit", "sbPriority", "pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"}) {
+        auto *next = findChild<QWidget *>(QLatin1String(name));
+        setTabOrder(last, next);
+        last = next;
+    }
 }
 
 void QRegisterSale::connectSearch()

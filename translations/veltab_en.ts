@@ -448,6 +448,21 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Показати чек</source>
+        <translation>Show receipt</translation>
+    </message>
+    <message>
+        <source>Др&amp;укувати чек</source>
+        <translation>P&amp;rint receipt</translation>
+    </message>
+</context>
+<context>
     <name>NumberField</name>
     <message>
         <source>Введіть суму, наприклад 1234,50.</source>
@@ -517,6 +532,29 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>__ Дата та час __</source>
         <translation>__ Date and time __</translation>
+    </message>
+</context>
+<context>
+    <name>PlaceBar</name>
+    <message>
+        <source>Ма&amp;газин:</source>
+        <translation>S&amp;hop:</translation>
+    </message>
+    <message>
+        <source>Каса:</source>
+        <translation>Register:</translation>
+    </message>
+    <message>
+        <source>Дата:</source>
+        <translation>Date:</translation>
+    </message>
+    <message>
+        <source>Пріоритет &amp;ціни:</source>
+        <translation>&amp;Price priority:</translation>
+    </message>
+    <message>
+        <source>Дата чека не сьогоднішня.</source>
+        <translation>The date of the receipt is not today&apos;s.</translation>
     </message>
 </context>
 <context>
@@ -1489,10 +1527,6 @@ Restart the program!</translation>
         <translation>Sale</translation>
     </message>
     <message>
-        <source>Повідомлення</source>
-        <translation>Message</translation>
-    </message>
-    <message>
         <source>Пошук по:</source>
         <translation>Search by:</translation>
     </message>
@@ -1723,22 +1757,6 @@ Close the period before closing the shift?</translation>
         <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
     </message>
     <message>
-        <source>Ма&amp;газин:</source>
-        <translation>S&amp;hop:</translation>
-    </message>
-    <message>
-        <source>Каса:</source>
-        <translation>Register:</translation>
-    </message>
-    <message>
-        <source>Дата:</source>
-        <translation>Date:</translation>
-    </message>
-    <message>
-        <source>Пріоритет &amp;ціни:</source>
-        <translation>&amp;Price priority:</translation>
-    </message>
-    <message>
         <source>Закрити пе&amp;ріод</source>
         <translation>Close pe&amp;riod</translation>
     </message>
@@ -1765,10 +1783,6 @@ Close the period before closing the shift?</translation>
     <message>
         <source>Оп&amp;лата F9</source>
         <translation>Pa&amp;y F9</translation>
-    </message>
-    <message>
-        <source>Дата чека не сьогоднішня.</source>
-        <translation>The date of the receipt is not today&apos;s.</translation>
     </message>
     <message>
         <source>Дата чека</source>
@@ -1831,14 +1845,6 @@ Write with that date?</translation>
     <message>
         <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
         <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
-    </message>
-    <message>
-        <source>Показати чек</source>
-        <translation>Show receipt</translation>
-    </message>
-    <message>
-        <source>Др&amp;укувати чек</source>
-        <translation>P&amp;rint receipt</translation>
     </message>
     <message>
         <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>

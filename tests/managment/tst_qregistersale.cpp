@@ -75,7 +75,7 @@ private slots:
     void paymentDialog_data();
     void paymentDialog();
     void closingForm();
-    void columnsAndPlaces();
+    void columnsAndLimit();
     void quantities();
     void searchByName();
     void stockQuestion();
@@ -83,7 +83,6 @@ private slots:
     void whatIsPaidIsWritten();
     void whatIsBegunStopsTheSale();
     void codeWithoutEnterStopsTheSale();
-    void placesComeBack();
     void scanAnywhere_data();
     void scanAnywhere();
     void scanBehindAQuestion();
@@ -276,7 +275,7 @@ void TstQRegisterSale::closingForm()
     QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
 }
 
-void TstQRegisterSale::columnsAndPlaces()
+void TstQRegisterSale::columnsAndLimit()
 {
     QStringList shown;
     for (int i = 0; i < m_chek->model()->columnCount(); ++i) {
@@ -287,13 +286,6 @@ void TstQRegisterSale::columnsAndPlaces()
         shown.join(QLatin1Char('|')),
         text(" код |   штрихкод   |        назва        |зал|склад|кількість|акція|  ціна  |  вартість  |"
              "Знижка"));
-    const auto *shops = in<QComboBox>(m_tab.get(), "cbShop");
-    QCOMPARE(shops->count(), 2);
-    QCOMPARE(shops->currentText(), text("вул. Перша, 1"));
-    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->count(), 2);
-    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentText(), text("Каса 1"));
-    in<QComboBox>(m_tab.get(), "cbShop")->setCurrentIndex(0);
-    QCOMPARE(in<QComboBox>(m_tab.get(), "cbKass")->currentData().toInt(), 4);
     in<QSpinBox>(m_tab.get(), "sbLimit")->setValue(2);
     QTRY_COMPARE(m_goods->model()->rowCount(), 2);
 }
@@ -475,21 +467,6 @@ void TstQRegisterSale::codeWithoutEnterStopsTheSale()
     QTRY_VERIFY(notice().contains(text("не знайдено")));
     pay();
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=1")), text("2"));
-}
-
-/// The registers of a shop that was chosen while the server was away are read when it is back.
-void TstQRegisterSale::placesComeBack()
-{
-    auto *shops = in<QComboBox>(m_tab.get(), "cbShop");
-    auto *registers = in<QComboBox>(m_tab.get(), "cbKass");
-    Db::setStatementRefusal([](const QString &sql) { return sql.contains(text("FROM kassa")) ? 2013 : 0; });
-    shops->setCurrentIndex(1 - shops->currentIndex());
-    Db::setStatementRefusal({});
-    QCOMPARE(registers->count(), 0);
-    QVERIFY(waitForServer(m_base->db(), 3000));
-    emit m_user->rightsChanged();
-    QVERIFY(registers->count() > 0);
-    QVERIFY(!in<QLabel>(m_tab.get(), "lbShift")->text().contains(text("невідомий")));
 }
 
 void TstQRegisterSale::scanAnywhere_data()

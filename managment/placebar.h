@@ -1,0 +1,85 @@
+#pragma once
+
+#include "chek.h"
+
+#include <QDate>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+namespace Ui {
+class PlaceBar;
+}
+class QComboBox;
+class QLoadedUser;
+class QSqlDatabase;
+
+/// The boxes in which a shop, its register, a date and a priority of prices are chosen: where and when
+/// something is done with goods. The date is today's, also after midnight, until somebody chooses another
+/// one.
+class PlaceBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PlaceBar(QWidget *parent = nullptr);
+    ~PlaceBar() override;
+
+    /// Fills the boxes with the user's shops, beginning with the own one; what a lost connection leaves empty
+    /// is read when the rights are read again. receiver gets the messages.
+    void setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver);
+    /// Asked before the shop, the register or the date becomes another one: false keeps the old one, which is
+    /// shown meanwhile.
+    void setGuard(const std::function<bool()> &mayLeave) { m_mayLeave = mayLeave; }
+
+    bool hasShop() const { return m_shop >= 0; }
+    bool isChosen() const { return m_shop >= 0 && m_kass >= 0; }
+    /// What is chosen, "0" for nothing; and the user.
+    ChekPlace place() const;
+    /// The chosen register is there only for closing its shift (SalePlaces).
+    bool isClosingOnly() const;
+    int priority() const;
+
+    /// None while the date follows today.
+    QDate chosenDate() const { return m_isToday ? QDate() : m_date; }
+    /// Takes over a new day if the date follows today.
+    void followToday();
+    void backToToday();
+
+    /// Reads all again, beginning with the own shop.
+    void fillShops();
+
+    /// Everything that can be typed or chosen in.
+    QWidgetList fields() const;
+
+signals:
+    /// Other goods and prices hold now: another shop, date or priority was chosen.
+    void goodsChanged();
+    /// Another register is chosen, or none any more.
+    void kassChanged();
+    /// Somebody has chosen another date.
+    void dateChanged();
+    /// Somebody is through with a box.
+    void left();
+
+private:
+    void connectBoxes();
+    void fillKass();
+    void refill();
+    void shopChosen(int index);
+    void kassChosen(int index);
+    void dateChosen(const QDate &date);
+    bool mayChange(QComboBox *box, int *chosen, int index);
+    void showDate();
+
+    std::unique_ptr<Ui::PlaceBar> ui;
+    QSqlDatabase *m_db = nullptr;
+    QLoadedUser *m_user = nullptr;
+    QObject *m_receiver = nullptr;
+    std::function<bool()> m_mayLeave;
+    /// What is chosen in the boxes; they go back there when nobody may leave it.
+    int m_shop = -1;
+    int m_kass = -1;
+    QDate m_date;
+    bool m_isToday = true;
+};
