@@ -29,14 +29,10 @@ bool isUsable(const ChainPlan &plan)
 /// Programs that are open on this database read their lists anew.
 bool announce(const Db &db)
 {
-    static const char *const tables[] = {
-        "group_shop", "group_goods", "shops",      "kassa",   "users",   "goods",           "dk_shc",
-        "prices",     "action",      "goods_shop", "procent", "clients", "group_premission"};
-    QUpdateBD tracker;
-    bool sound = true;
-    for (const char *table : tables)
-        sound = tracker.update(QLatin1String(table), *db.connection(), db.receiver()) && sound;
-    return sound;
+    return QUpdateBD().update(QStringList{"group_shop", "group_goods", "shops", "kassa", "users", "goods",
+                                          "dk_shc", "prices", "action", "goods_shop", "procent", "clients",
+                                          "group_premission"},
+                              *db.connection(), db.receiver());
 }
 } // namespace
 

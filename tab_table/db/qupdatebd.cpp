@@ -2,10 +2,42 @@
 
 #include "db.h"
 #include "qmessevent.h"
+#include "rowstore.h"
+#include "servererror.h"
 
 namespace {
 const QLatin1String trackerTable("updat");
 const QLatin1String trackerColumns("(name CHAR(50), updat DATETIME NOT NULL DEFAULT 0, PRIMARY KEY (name))");
+
+/// "'','goods','prices'": never empty.
+QString listed(const QStringList &tables)
+{
+    QStringList literals(QStringLiteral("''"));
+    for (const QString &table : tables)
+        literals.append(lit(table));
+    return literals.join(QLatin1Char(','));
+}
+
+QString textOf(std::string_view cell)
+{
+    return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
+}
+
+/// Sends a statement that needs the tracker's tables; a missing private one is created first.
+std::optional<QSqlQuery> send(const QString &sql, const QString &failure, QSqlDatabase &connection,
+                              QObject *receiver)
+{
+    const Db db(&connection, receiver);
+    QString error;
+    if (auto query = db.attempt(sql, &error))
+        return query;
+    const int number = db.lastErrorNumber();
+    if (number == ServerError::NoSuchTable)
+        return QUpdateBD().create_tmp(connection, receiver) ? db.run(sql, {}, failure) : std::nullopt;
+    postMessage(receiver, failure + QLatin1Char('\n') + error + QLatin1Char('\n') + sql,
+                isConnectionLost(number) ? QMessEvent::Warning : QMessEvent::Critical);
+    return std::nullopt;
+}
 } // namespace
 
 bool QUpdateBD::create(const QString &database, QSqlDatabase &connection, QObject *receiver)
@@ -39,43 +71,63 @@ bool QUpdateBD::create_tmp(QSqlDatabase &connection, QObject *receiver)
            db.run(QStringLiteral("INSERT IGNORE INTO updat_tmp(name) (SELECT name FROM updat)"));
 }
 
-bool QUpdateBD::update(const QString &table, QSqlDatabase &connection, QObject *receiver)
+bool QUpdateBD::update(const QStringList &tables, QSqlDatabase &connection, QObject *receiver)
 {
-    return create_tmp(connection, receiver) && stamp({table}, Db(&connection, receiver));
+    const Db db(&connection, receiver);
+    if (db.run(QStringLiteral("UPDATE updat SET updat=NOW() WHERE name IN (%1)").arg(listed(tables)), {},
+               tr("Помилка оновлення запису в таблиці") + QLatin1Char(' ') + trackerTable))
+        return true;
+    if (db.lastErrorNumber() == ServerError::NoSuchTable)
+        create_tmp(connection, receiver);
+    return false;
 }
 
-bool QUpdateBD::stamp(const QStringList &tables, const Db &db)
+bool QUpdateBD::isUpdate(const QStringList &tables, QSqlDatabase &connection, QObject *receiver)
 {
-    QStringList names;
-    for (const QString &table : tables)
-        names.append(lit(table));
-    const QString chosen = names.size() == 1
-                               ? QLatin1Char('=') + names.first()
-                               : QStringLiteral(" IN (") + names.join(QLatin1Char(',')) + QLatin1Char(')');
-    return db
-        .run(QStringLiteral("UPDATE updat SET updat=NOW() WHERE name") + chosen, {},
-             tr("Помилка оновлення запису в таблиці") + QLatin1Char(' ') + trackerTable)
-        .has_value();
+    auto query = send(QStringLiteral("SELECT updat.name FROM updat LEFT JOIN updat_tmp ON "
+                                     "updat_tmp.name=updat.name WHERE updat.name IN (%1) AND "
+                                     "(updat_tmp.updat IS NULL OR updat_tmp.updat<updat.updat) LIMIT 1")
+                          .arg(listed(tables)),
+                      tr("Помилка запиту на здійснене оновленя таблиці."), connection, receiver);
+    return query && query->next();
+}
+
+QString QUpdateBD::timesSql(const QStringList &tables)
+{
+    return QStringLiteral("SELECT name,updat FROM updat WHERE name IN (%1)").arg(listed(tables));
+}
+
+bool QUpdateBD::reRead(const QStringList &tables, QSqlDatabase &connection, QObject *receiver)
+{
+    auto times = send(timesSql(tables), QString(), connection, receiver);
+    return times && setRead(RowStore::read(*times), connection, receiver);
+}
+
+/// Literals, not a SELECT: that would lock the shared rows and wait for those who write them.
+bool QUpdateBD::setRead(const RowStore &times, QSqlDatabase &connection, QObject *receiver)
+{
+    QStringList rows;
+    for (int row = 0; row < times.rowCount(); ++row) {
+        const QString time = textOf(times.cell(row, 1));
+        rows.append(QStringLiteral("(%1,%2)").arg(lit(textOf(times.cell(row, 0))),
+                                                  time.isEmpty() ? QStringLiteral("0") : lit(time)));
+    }
+    return rows.isEmpty() ||
+           send(QStringLiteral("REPLACE INTO updat_tmp(name,updat) VALUES") + rows.join(QLatin1Char(',')),
+                QString(), connection, receiver);
+}
+
+bool QUpdateBD::update(const QString &table, QSqlDatabase &connection, QObject *receiver)
+{
+    return update(QStringList(table), connection, receiver);
 }
 
 bool QUpdateBD::isUpdate(const QString &table, QSqlDatabase &connection, QObject *receiver)
 {
-    if (!create_tmp(connection, receiver))
-        return false;
-    auto query =
-        Db(&connection, receiver)
-            .run(QStringLiteral("SELECT * FROM updat_tmp JOIN updat ON updat_tmp.name=updat.name WHERE "
-                                "updat_tmp.name=%1 AND updat_tmp.updat<updat.updat LIMIT 1")
-                     .arg(lit(table)),
-                 {}, tr("Помилка запиту на здійснене оновленя таблиці."));
-    return query && query->next();
+    return isUpdate(QStringList(table), connection, receiver);
 }
 
 bool QUpdateBD::reRead(const QString &table, QSqlDatabase &connection, QObject *receiver)
 {
-    return create_tmp(connection, receiver) &&
-           Db(&connection, receiver)
-               .run(QStringLiteral("UPDATE updat_tmp SET updat=(SELECT updat FROM updat WHERE name=%1) "
-                                   "WHERE name=%1")
-                        .arg(lit(table)));
+    return reRead(QStringList(table), connection, receiver);
 }

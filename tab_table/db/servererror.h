@@ -8,6 +8,7 @@ enum {
     TooManyConnections = 1040,
     NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
     DuplicateKey = 1062,
+    NoSuchTable = 1146,
     LockWait = 1205,
     Deadlock = 1213, ///< in a cluster also the answer to a COMMIT that another node's was quicker than
     Interrupted = 1317,

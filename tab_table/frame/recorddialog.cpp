@@ -298,7 +298,7 @@ Saved RecordDialog::attemptInTransaction()
                 tr("Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого "
                    "не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
                     .arg(other->caption)};
-    if (!QUpdateBD::stamp(changedTables(), m_db))
+    if (!QUpdateBD().update(changedTables(), *m_db.connection(), m_db.receiver()))
         return {};
     return {t.commit() ? Saved::Written : Saved::Unclear, QString()};
 }

@@ -373,6 +373,5 @@ void announceGoods(const Db &db, const GoodsRecord &record)
     QStringList changed = {QStringLiteral("goods"), QStringLiteral("dk_shc"), QStringLiteral("prices")};
     if (!record.shops.isEmpty())
         changed.append(QStringLiteral("goods_shop"));
-    for (const QString &table : changed)
-        QUpdateBD().update(table, *db.connection(), db.receiver());
+    QUpdateBD().update(changed, *db.connection(), db.receiver());
 }

@@ -2,6 +2,7 @@
 
 #include "qmessevent.h"
 #include "qupdatebd.h"
+#include "rowstore.h"
 #include "schema.h"
 
 #include <QFile>
@@ -24,6 +25,7 @@ private slots:
     void serverKeepsTheRules();
     void changeIsStamped();
     void trackerTellsOthersChanges();
+    void trackerTakesSeveralTables();
 };
 
 namespace {
@@ -237,6 +239,56 @@ void TstSchema::trackerTellsOthersChanges()
     base.exec("DROP TABLE updat");
     QVERIFY(!tracker.update("goods", db, ear));
     QVERIFY(ear->has("Створіть таблиці та перезапустіть програму.Не знайдено таблицю updat", 1));
+}
+
+void TstSchema::trackerTakesSeveralTables()
+{
+    FreshDatabase base;
+    QUpdateBD tracker;
+    QSqlDatabase &db = *base.connection();
+    Heard *ear = &base.heard;
+    const QStringList tables = {"goods", "dk_shc", "prices"};
+    int statements = 0;
+    Db::setStatementHook([&statements](const QString &) { ++statements; });
+    const auto sentFor = [&statements](const std::function<bool()> &act) {
+        statements = 0;
+        return act() ? statements : -1;
+    };
+    QCOMPARE(sentFor([&] { return tracker.create_tmp(db, ear); }), 3);
+    QCOMPARE(sentFor([&] { return tracker.reRead(tables, db, ear); }), 2);
+    QCOMPARE(sentFor([&] { return !tracker.isUpdate(tables, db, ear); }), 1);
+    QVERIFY(tracker.isUpdate(QStringList{"goods", "shops"}, db, ear));
+    base.exec("UPDATE updat SET updat='2001-01-01 00:00:00'");
+    QCOMPARE(sentFor([&] { return tracker.update(QStringList{"dk_shc", "kassa"}, db, ear); }), 1);
+    QCOMPARE(base.rows("SELECT name FROM updat WHERE updat>'2001-01-01 00:00:00' ORDER BY name"),
+             (QStringList{"dk_shc", "kassa"}));
+
+    // As a list does it: the times come from another connection, before its rows. Somebody writes meanwhile.
+    auto query = base.db().run(QUpdateBD::timesSql(tables));
+    const RowStore times = RowStore::read(*query);
+    base.exec("UPDATE updat SET updat=NOW()+INTERVAL 2 SECOND WHERE name='prices'");
+    QSqlDatabase other = QSqlDatabase::cloneDatabase(db, "other");
+    QVERIFY(other.open());
+    QVERIFY(other.exec("START TRANSACTION").isActive());
+    QVERIFY(other.exec("UPDATE updat SET updat=NOW()").isActive());
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(sentFor([&] { return tracker.setRead(times, db, ear); }), 1);
+    QVERIFY(tracker.reRead("shops", db, ear));
+    QVERIFY2(clock.elapsed() < 1000, "Waited for somebody who writes");
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase("other");
+    QVERIFY(!tracker.isUpdate(QStringList{"goods", "dk_shc"}, db, ear));
+    QVERIFY(tracker.isUpdate("prices", db, ear));
+
+    base.exec(QStringList{"CREATE TABLE later(id INT)", "INSERT INTO updat VALUES('later',NOW())"});
+    QVERIFY(tracker.isUpdate("later", db, ear));
+    QVERIFY(tracker.reRead("later", db, ear) && !tracker.isUpdate("later", db, ear));
+    base.killConnection();
+    QVERIFY(tracker.setRead(times, db, ear) && !tracker.isUpdate("goods", db, ear));
+    QVERIFY(tracker.isUpdate("shops", db, ear));
+    Db::setStatementHook(nullptr);
+    QVERIFY2(ear->texts().isEmpty(), qPrintable(ear->texts().join('\n')));
 }
 
 QTEST_MAIN(TstSchema)
