@@ -4,13 +4,13 @@
 #include "connectionstate.h"
 #include "databasestart.h"
 #include "db.h"
+#include "pages.h"
 #include "permissions.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
 #include "qqestion.h"
 #include "qseluser.h"
-#include "qtablebase.h"
 #include "qupdatebd.h"
 #include "setting.h"
 #include "settingfile.h"
@@ -408,8 +408,10 @@ void Veltab::EnableButton(bool enable)
 void Veltab::showRights()
 {
     const bool allowed = m_user.maySee(Permission::BackOffice);
-    for (const Entry &entry : m_entries)
-        entry.action->setVisible(allowed && entry.open && m_user.maySee(entry.permission));
+    for (const PageEntry &entry : m_pages->table())
+        actionOf(entry.action)->setVisible(allowed && entry.make && m_user.maySee(entry.permission));
+    for (QAction *action : {ui->changpass, ui->about})
+        action->setVisible(allowed);
     changetab(ui->tabWidget->currentIndex());
     updateMenus();
 }

@@ -1,14 +1,13 @@
 #include "veltab.h"
 #include "ui_veltab.h"
 
-#include "databasestart.h"
+#include "pages.h"
 #include "permissions.h"
 #include "qchangpass.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
 #include "qqestion.h"
-#include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
 #include "setting.h"
@@ -39,15 +38,12 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
     , m_directory(directory)
     , m_logger(directory + QDir::separator() + QStringLiteral("veltab.log"), true, allMessages, nullptr)
     , m_user(&m_logger, this)
-    , m_ownTabs(OwnTabCount, nullptr)
 {
     buildForm();
     m_logger.wlog(QMessEvent::Information, QStringLiteral(__FILE__), QString::number(__LINE__),
                   QStringLiteral(" ver:") + QLatin1String(programVersion));
     m_setting = new setting(directory, this);
-    m_tables = new QTableBase(ui->tabWidget, &m_db, m_setting, &m_user, this);
-    m_reports = new QReports(ui->tabWidget, &m_db, m_setting, &m_user, this);
-    buildEntries();
+    m_pages = new Pages(ui->tabWidget, &m_db, m_setting, &m_user, this);
     connectEntries();
     connectRecordCommands();
     connectSession();
@@ -62,7 +58,8 @@ Veltab::~Veltab()
     m_task.waitForFinished();
     // It needs the connection to end its statement.
     delete m_tuning;
-    closeTabs();
+    // They use the connection too.
+    delete m_pages;
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(connectionName);
 }
@@ -114,70 +111,33 @@ void Veltab::buildStatusBar()
     ui->statusbar->addPermanentWidget(m_userLabel);
 }
 
-void Veltab::buildEntries()
+QTableBase *Veltab::tableBase() const
 {
-    const auto table = [](QTableBase::Kind kind, const std::function<void()> &open) {
-        return QTableBase::canOpen(kind) ? open : std::function<void()>();
-    };
-    using Host = QTableBase;
-    m_entries = {
-        {ui->man_saleadmiss, Permission::Sales, [this] { SaleAdmission(); }},
-        {ui->man_goods, Permission::GoodsManagement, {}},
-        {ui->man_finance, Permission::Finance, {}},
-        {ui->man_action, Permission::ActionsManagement, {}},
-        {ui->mt_shops, Permission::Shops, table(Host::KindShops, [this] { m_tables->shops(); })},
-        {ui->mt_kass, Permission::Kassa, table(Host::KindKass, [this] { m_tables->kass(); })},
-        {ui->mt_devices, Permission::Devices, table(Host::KindDevices, [this] { m_tables->devices(); })},
-        {ui->mt_group_shops, Permission::GroupShops,
-         table(Host::KindGroupShops, [this] { m_tables->Group_Shops(); })},
-        {ui->mt_goods, Permission::Goods, table(Host::KindGoods, [this] { m_tables->Goods(); })},
-        {ui->mt_group_goods, Permission::GroupGoods,
-         table(Host::KindGroupGoods, [this] { m_tables->GroupGoods(); })},
-        {ui->mt_goods_shops, Permission::GoodsShops,
-         table(Host::KindGoodsShops, [this] { m_tables->GoodsShops(); })},
-        {ui->mt_clients, Permission::Clients, table(Host::KindClients, [this] { m_tables->Clients(); })},
-        {ui->mt_diskount, Permission::Discount, table(Host::KindDiscount, [this] { m_tables->Discount(); })},
-        {ui->mt_action, Permission::Actions, table(Host::KindAction, [this] { m_tables->Action(); })},
-        {ui->mt_cheks, Permission::Transactions,
-         table(Host::KindTrancaction, [this] { m_tables->Trancaction(); })},
-        {ui->mt_type_cheks, Permission::TypeTransactions,
-         table(Host::KindTypeTransaction, [this] { m_tables->TypeTransaction(); })},
-        {ui->mt_z_zvits, Permission::ZZvit, table(Host::KindZzvit, [this] { m_tables->Zzvit(); })},
-        {ui->mt_slujb_op, Permission::SlujbOp, table(Host::KindSlujbOp, [this] { m_tables->SlujbOp(); })},
-        {ui->mt_day_update, Permission::DayUpdate,
-         table(Host::KindDayUpdate, [this] { m_tables->Day_Update(); })},
-        {ui->mt_tax, Permission::Tax, table(Host::KindTax, [this] { m_tables->Tax(); })},
-        {ui->mz_cheks, Permission::Cheks, [this] { m_reports->ChekViewer(); }},
-        {ui->mz_zzvit, Permission::ZReports, [this] { m_reports->ZReports(); }},
-        {ui->mz_art_zvit, Permission::Articles, [this] { m_reports->ArtReports(); }},
-        {ui->mz_StatisticOnLine, Permission::Online, [this] { m_reports->StatOnLine(); }},
-        {ui->cashdrive, Permission::RegisterServer, {}},
-        {ui->importcln, Permission::ClientImport, {}},
-        {ui->comands, Permission::Comands, {}},
-        {ui->mc_users, Permission::Users, {}},
-        {ui->premis_group, Permission::PermissionGroups, {}},
-        {ui->mt_importBD, Permission::PreviousImport, {}},
-        {ui->changpass, Permission::BackOffice, [this] { changpass(); }},
-        {ui->about, Permission::BackOffice, [this] { about(); }},
-    };
+    return m_pages->tables();
+}
+
+QAction *Veltab::actionOf(const char *name) const
+{
+    return findChild<QAction *>(QLatin1String(name));
 }
 
 QList<QAction *> Veltab::openingActions() const
 {
     QList<QAction *> actions;
-    for (const Entry &entry : m_entries) {
-        if (entry.action->isVisible() && entry.permission != Permission::BackOffice)
-            actions.append(entry.action);
+    for (const PageEntry &entry : m_pages->table()) {
+        if (actionOf(entry.action)->isVisible())
+            actions.append(actionOf(entry.action));
     }
     return actions;
 }
 
 void Veltab::connectEntries()
 {
-    for (const Entry &entry : m_entries) {
-        if (entry.open)
-            connect(entry.action, &QAction::triggered, this, [open = entry.open] { open(); });
-    }
+    for (const PageEntry &entry : m_pages->table())
+        connect(actionOf(entry.action), &QAction::triggered, this,
+                [this, action = QString::fromLatin1(entry.action)] { m_pages->open(action); });
+    connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
+    connect(ui->about, &QAction::triggered, this, &Veltab::about);
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->reconnect, &QAction::triggered, this, &Veltab::connectDatabase);
     connect(ui->mt_create_tables, &QAction::triggered, this, &Veltab::CreateTables);
@@ -198,11 +158,10 @@ void Veltab::connectRecordCommands()
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
-    connect(m_tables, qOverload<bool, bool>(&QTableBase::visible), this,
+    connect(tableBase(), qOverload<bool, bool>(&QTableBase::visible), this,
             qOverload<bool, bool>(&Veltab::visible));
-    connect(m_reports, &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
-    connect(m_tables, &QTableBase::statOnLine, this, [this](uint shop) { m_reports->StatOnLine(shop); });
-    connect(m_tables, qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
+    connect(tableBase(), qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
+    connect(m_pages->reports(), &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
 }
 
 void Veltab::connectSession()
@@ -216,68 +175,17 @@ void Veltab::connectSession()
 
 void Veltab::SaleAdmission()
 {
-    openOwnTab(SaleTab, [this]() -> QWidget * {
-        auto *tab = new QRegisterSale(&m_db, &m_user, this, m_setting, nullptr);
-        connect(tab, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
-        return tab;
-    });
-}
-
-/// The one place that opens a tab of the window's own, whoever asks for it.
-void Veltab::openOwnTab(OwnTab kind, const std::function<QWidget *()> &make)
-{
-    struct Page
-    {
-        const char *title;
-        int permission;
-    };
-    static const Page pages[OwnTabCount] = {{QT_TR_NOOP("Продаж"), Permission::Sales}};
-    const Page &page = pages[kind];
-    if (!m_user.maySee(page.permission)) {
-        postMessage(this, tr("Вам не дозволено відкривати «%1».").arg(tr(page.title)), QMessEvent::Warning);
-        return;
-    }
-    QWidget *&tab = m_ownTabs[kind];
-    if (tab == nullptr) {
-        tab = make();
-        ui->tabWidget->addTab(tab, tr(page.title));
-    }
-    ui->tabWidget->setCurrentWidget(tab);
+    m_pages->open(QStringLiteral("man_saleadmiss"));
 }
 
 void Veltab::closetab(int index)
 {
-    if (m_tables->closetab(index) || m_reports->closetab(index))
-        return;
-    QWidget *widget = ui->tabWidget->widget(index);
-    // The tab may ask about what would be lost, and stay.
-    if (widget == nullptr || !widget->close())
-        return;
-    std::replace(m_ownTabs.begin(), m_ownTabs.end(), widget, static_cast<QWidget *>(nullptr));
-    ui->tabWidget->removeTab(index);
-    delete widget;
+    closePage(ui->tabWidget, index);
 }
 
 bool Veltab::closeAllTabs()
 {
-    for (int index = ui->tabWidget->count() - 1; index >= 0; --index) {
-        // What it asks is asked about the tab in front.
-        ui->tabWidget->setCurrentIndex(index);
-        closetab(index);
-    }
-    return ui->tabWidget->count() == 0;
-}
-
-void Veltab::closeTabs()
-{
-    while (ui->tabWidget->count() > 0) {
-        if (m_tables->closetab(0) || m_reports->closetab(0))
-            continue;
-        QWidget *widget = ui->tabWidget->widget(0);
-        ui->tabWidget->removeTab(0);
-        delete widget;
-    }
-    std::fill(m_ownTabs.begin(), m_ownTabs.end(), nullptr);
+    return m_pages->closeAll();
 }
 
 void Veltab::changetab(int index)
@@ -285,61 +193,64 @@ void Veltab::changetab(int index)
     ui->close_tab->setVisible(index >= 0);
     ui->close_all->setVisible(index >= 0);
     refreshNextStep();
-    if (!m_tables->ChangeTab(index) && !m_reports->changetab(index))
-        visible(false);
-    offer(ui->menu_export, {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251},
-          m_reports->exportRefusal());
-    offer(ui->menu_edit, {ui->add, ui->edit, ui->dell}, m_tables->recordRefusal());
-    focusCurrentTab();
+    offerCommands(pageAt(ui->tabWidget, index));
+    focusPage(ui->tabWidget);
+}
+
+QList<QAction *> Veltab::actionsOf(Command command) const
+{
+    switch (command) {
+    case Command::Add:
+        return {ui->add};
+    case Command::Edit:
+        return {ui->edit};
+    case Command::Delete:
+        return {ui->dell};
+    case Command::Export:
+        return {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251};
+    }
+    return {};
 }
 
 /// What the page in front cannot do is told at the command, not after a file was chosen.
-void Veltab::offer(QMenu *menu, const QList<QAction *> &actions, const QString &refusal)
+void Veltab::offerCommands(const Page *page)
 {
-    menu->setToolTipsVisible(!refusal.isEmpty());
-    for (QAction *action : actions) {
-        action->setEnabled(refusal.isEmpty());
-        action->setToolTip(refusal);
-        action->setStatusTip(refusal);
+    const Commands offered = page == nullptr ? Commands() : page->commands();
+    visible(offered.contains(Command::Edit), offered.contains(Command::Export));
+    for (const Command command : {Command::Add, Command::Edit, Command::Delete, Command::Export}) {
+        const QString refusal = offered.value(command);
+        for (QAction *action : actionsOf(command)) {
+            action->setEnabled(refusal.isEmpty());
+            action->setToolTip(refusal);
+            action->setStatusTip(refusal);
+            for (QWidget *widget : action->associatedWidgets()) {
+                if (auto *menu = qobject_cast<QMenu *>(widget))
+                    menu->setToolTipsVisible(!refusal.isEmpty());
+            }
+        }
     }
 }
 
-/// A tab that comes to the front for the first time gets the focus in its first field; one that was there
-/// before keeps it where it was.
-void Veltab::focusCurrentTab()
+void Veltab::run(Command command)
 {
-    QWidget *tab = ui->tabWidget->currentWidget();
-    if (tab == nullptr)
-        return;
-    const char *const wasInFront = "wasInFront";
-    const QWidget *focus = QApplication::focusWidget();
-    if (tab->property(wasInFront).toBool() && focus != nullptr && tab->isAncestorOf(focus))
-        return;
-    tab->setProperty(wasInFront, true);
-    if (tab->focusProxy() != nullptr || tab->focusPolicy() != Qt::NoFocus)
-        return tab->setFocus(Qt::TabFocusReason);
-    for (QWidget *next = tab->nextInFocusChain(); next != tab; next = next->nextInFocusChain()) {
-        if (tab->isAncestorOf(next) && next->isVisibleTo(tab) && next->isEnabledTo(tab) &&
-            (next->focusPolicy() & Qt::TabFocus) != 0)
-            return next->setFocus(Qt::TabFocusReason);
-    }
+    if (Page *page = m_pages->current())
+        page->run(command);
+    refreshNextStep();
 }
 
 void Veltab::add()
 {
-    m_tables->AddRecord();
-    refreshNextStep();
+    run(Command::Add);
 }
 
 void Veltab::edit()
 {
-    m_tables->EditRecord();
-    refreshNextStep();
+    run(Command::Edit);
 }
 
 void Veltab::dell()
 {
-    m_tables->DelRecord();
+    run(Command::Delete);
 }
 
 void Veltab::export_to_csv()
@@ -352,19 +263,23 @@ void Veltab::export_to_csvCP1251()
     askAndExport(QStringLiteral("cp1251"));
 }
 
-void Veltab::askAndExport(const QString &code)
+/// The page in front when its list may be exported, else null.
+Page *Veltab::exportedPage() const
 {
-    if (!m_user.maySee(Permission::ExportCsv))
-        return;
-    const QString path = m_chooseFile(ui->tabWidget->tabText(ui->tabWidget->currentIndex()));
-    if (!path.isEmpty() && !exportCurrent(code, path))
-        refuse(tr("Цю вкладку не можна зберегти у файл."));
+    Page *page = m_pages->current();
+    return page != nullptr && page->isOffered(Command::Export) && m_user.maySee(Permission::ExportCsv)
+               ? page
+               : nullptr;
 }
 
-/// Whoever owns the tab in front exports it; false when it is nobody's.
-bool Veltab::exportCurrent(const QString &code, const QString &path)
+void Veltab::askAndExport(const QString &code)
 {
-    return m_tables->export_to_csv(code, path) || m_reports->export_to_csv(code, path);
+    if (exportedPage() == nullptr)
+        return;
+    const QString path = m_chooseFile(ui->tabWidget->tabText(ui->tabWidget->currentIndex()));
+    // The rights, and with them the page, may have gone while the file was chosen.
+    if (Page *page = path.isEmpty() ? nullptr : exportedPage())
+        page->export_to_csv(code, path);
 }
 
 QString Veltab::chooseFile(const QString &suggested)
@@ -405,7 +320,7 @@ void Veltab::keyPressEvent(QKeyEvent *event)
 {
     const Qt::KeyboardModifiers all = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
     if (event->key() == Qt::Key_Delete)
-        m_tables->DelRecord();
+        run(Command::Delete);
     else if (event->key() == Qt::Key_F && (event->modifiers() & all) == all)
         askServiceMenu();
     else

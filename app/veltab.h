@@ -1,6 +1,7 @@
 #pragma once
 
 #include "connection.h"
+#include "page.h"
 #include "qloadeduser.h"
 #include "qlogger.h"
 
@@ -20,7 +21,7 @@ class Veltab;
 class QMenu;
 class QMessEvent;
 class QProcEvent;
-class QReports;
+class Pages;
 class QTableBase;
 class TuneWindow;
 class setting;
@@ -39,7 +40,7 @@ public:
     void setLoginUnattended(bool unattended) { m_isUnattended = unattended; }
     /// True when connected and logged in.
     bool isReady() const { return m_isConnected && m_user.isLoaded(); }
-    QTableBase *tableBase() const { return m_tables; }
+    QTableBase *tableBase() const;
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
     /// Who tells the file to write, from a suggested name; empty when none is wanted. The file dialog at
@@ -89,27 +90,17 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// An action that the rights show. Without an opener nothing stands behind it yet: it stays hidden.
-    struct Entry
-    {
-        QAction *action;
-        int permission;
-        std::function<void()> open;
-    };
-    /// A tab of the window's own, open at most once; m_ownTabs holds one pointer each.
-    enum OwnTab { SaleTab, OwnTabCount };
-
     void buildForm();
-    static void offer(QMenu *menu, const QList<QAction *> &actions, const QString &refusal);
+    /// The actions that stand for a command of the page in front.
+    QList<QAction *> actionsOf(Command command) const;
+    void offerCommands(const Page *page);
     void buildStatusBar();
-    void buildEntries();
+    QAction *actionOf(const char *name) const;
     void connectEntries();
     void connectRecordCommands();
     void connectSession();
     void announceUpdate();
-    void openOwnTab(OwnTab kind, const std::function<QWidget *()> &make);
-    void closeTabs();
-    void focusCurrentTab();
+    void run(Command command);
     void applySettings();
     bool hasNewAddress() const;
     bool isBusy();
@@ -139,8 +130,8 @@ private:
     void restorePlace(const QString &idUser);
     void fitOntoScreen();
     void refuse(const QString &text);
+    Page *exportedPage() const;
     void askAndExport(const QString &code);
-    bool exportCurrent(const QString &code, const QString &path);
     QString chooseFile(const QString &suggested);
 
     std::unique_ptr<Ui::Veltab> ui;
@@ -151,10 +142,7 @@ private:
     /// Where m_db is connected, or was tried to: whatever the settings say by now.
     DatabaseAddress m_address;
     QLoadedUser m_user;
-    QTableBase *m_tables = nullptr;
-    QReports *m_reports = nullptr;
-    std::vector<Entry> m_entries;
-    std::vector<QWidget *> m_ownTabs;
+    Pages *m_pages = nullptr;
     QFuture<void> m_task;
     /// Ends the connecting of m_task early.
     std::atomic<bool> m_isTaskGivenUp{false};

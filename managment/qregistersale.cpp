@@ -341,12 +341,13 @@ void QRegisterSale::clearReceipt()
 
 void QRegisterSale::closeEvent(QCloseEvent *event)
 {
-    event->setAccepted(!m_isPaying && mayClose());
+    event->setAccepted(mayClose());
 }
 
-/// An unclear receipt is told once more before it is out of sight.
 bool QRegisterSale::mayClose()
 {
+    if (m_isPaying)
+        return false;
     settle();
     if (!m_unclear || askUnclear())
         return leaveReceipt();

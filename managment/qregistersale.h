@@ -4,6 +4,7 @@
 #include "columns.h"
 #include "goodssearch.h"
 #include "noticebar.h"
+#include "page.h"
 #include "shiftcloser.h"
 
 #include <QTimer>
@@ -25,7 +26,7 @@ struct QueryAnswer;
 
 /// The tab in which a sale is registered for a shop's cash register: the goods of the shop, the receipt, the
 /// payment. It can be worked with a scanner and the keyboard alone; the search field has the focus.
-class QRegisterSale : public QWidget
+class QRegisterSale : public QWidget, public Page
 {
     Q_OBJECT
 
@@ -33,6 +34,9 @@ public:
     /// receiver gets the messages.
     QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QRegisterSale() override;
+
+    /// An unclear receipt is told once more before it is out of sight; a receipt with goods is asked about.
+    bool mayClose() override;
 
     /// Sells, instead of receiving or moving goods.
     void salemode();
@@ -117,7 +121,6 @@ private:
     /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
     bool mayChange();
     std::optional<bool> askUnclear();
-    bool mayClose();
     bool VerifyChek();
     void pay();
     int write(const Receipt &receipt, const ChekPayment &payment);

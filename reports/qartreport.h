@@ -32,6 +32,7 @@ public slots:
     void changDateEnd(const QDate &day);
 
 protected:
+    bool isExported() const override { return true; }
     void rowsShown() override;
 
 private slots:

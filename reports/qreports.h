@@ -1,14 +1,12 @@
 #pragma once
 
+#include "page.h"
+
 #include <QObject>
-#include <QPointer>
 #include <QString>
-#include <QWidget>
-#include <array>
 
 class QLoadedUser;
 class QSqlDatabase;
-class QTabWidget;
 class ReportWindow;
 class setting;
 struct ChekOrigin;
@@ -20,30 +18,27 @@ class QReports : public QObject
     Q_OBJECT
 
 public:
-    enum Report { Cheks, Zvits, Articles, OnLine, ReportCount };
-
     /// mainWindow receives the messages.
     QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow);
 
-    /// False for a report that does not exist yet, and for one that the user may not see.
-    bool canOpen(Report report) const;
-    ReportWindow *window(Report report) const;
+    /// The lines of the reports; their factories live as long as this.
+    const PageTable &pages() const { return m_pages; }
+    /// The open report of an action, or null.
+    ReportWindow *window(const QString &action) const;
     /// The report in front, or null.
     ReportWindow *current() const;
 
     /// These tell whether the page is one of the reports.
     bool closetab(int index);
     bool changetab(int index);
-    /// Why the report in front cannot be exported; empty when it can, and for other pages.
-    QString exportRefusal() const;
     /// Exports the report in front where it can be exported.
     bool export_to_csv(const QString &code, const QString &path);
 
 public slots:
-    void ChekViewer();
-    void ZReports();
-    void ArtReports();
-    void StatOnLine();
+    void ChekViewer() { open("mz_cheks"); }
+    void ZReports() { open("mz_zzvit"); }
+    void ArtReports() { open("mz_art_zvit"); }
+    void StatOnLine() { StatOnLine(0); }
     /// For one shop; 0 leaves the choice to the user.
     void StatOnLine(unsigned int shop);
     /// The receipts behind a line of another report.
@@ -56,16 +51,17 @@ signals:
     void visible(bool vis, bool exp);
 
 private:
+    PageTable lines();
+    template<typename Window>
+    std::function<QWidget *()> make();
+    QWidget *open(const char *action);
     /// What may no longer be seen goes.
     void followRights();
-    /// The one way to a report, whoever asks: null (told in the status bar) for one that the menu hides.
-    QWidget *open(Report report);
     uint shopOfRegister(const QString &kass) const;
-    int reportAt(int index) const;
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;
     setting *m_setting;
     QLoadedUser *m_user;
-    std::array<QPointer<QWidget>, ReportCount> m_open;
+    PageTable m_pages;
 };

@@ -30,6 +30,7 @@ public slots:
     void dclicktable(const QModelIndex &index);
 
 protected:
+    bool isExported() const override { return true; }
     void rowsShown() override;
 
 private:

@@ -139,6 +139,12 @@ void ReportWindow::refillPlaces()
     m_refillShops();
 }
 
+Commands ReportWindow::commands() const
+{
+    return {{Command::Export,
+             isExported() ? QString() : tr("Цей звіт зберігається у файл кнопкою «Список у PDF…».")}};
+}
+
 void ReportWindow::export_to_csv(const QString &code, const QString &path)
 {
     QTab::export_to_csv(m_mainWindow, m_model, m_list, code, path);

@@ -3,6 +3,7 @@
 #include "chekorigin.h"
 #include "columns.h"
 #include "db.h"
+#include "page.h"
 #include "rowstore.h"
 
 #include <QElapsedTimer>
@@ -21,7 +22,7 @@ struct PrintedList;
 
 /// The base of a report: a list that is loaded away from the window, with its state told below it. The
 /// concrete report has a form, takes its grid with takeList() and gives a statement to loadList().
-class ReportWindow : public QMainWindow
+class ReportWindow : public QMainWindow, public Page
 {
     Q_OBJECT
 
@@ -35,7 +36,8 @@ public:
     bool isLoading() const;
 
     /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
-    void export_to_csv(const QString &code, const QString &path);
+    void export_to_csv(const QString &code, const QString &path) override;
+    Commands commands() const override;
 
     /// Who tells the PDF file to write, from a suggested name; empty when none is wanted. The file dialog at
     /// first.
@@ -86,6 +88,8 @@ protected:
     virtual int shownRows() const;
     /// The rows of the list out of those that the statement found, where they differ.
     virtual RowStore arranged(RowStore &&found) { return std::move(found); }
+    /// False: the list goes into a PDF file only.
+    virtual bool isExported() const { return false; }
     /// Called with the rows in the model, before loaded(): totals, colours, a chart.
     virtual void rowsShown() {}
     /// Shows why a load is refused; true when there is a reason.

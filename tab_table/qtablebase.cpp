@@ -4,10 +4,6 @@
 #include "permissions.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
-#include "qntableview.h"
-#include "qqestion.h"
-#include "qrowmodel.h"
-#include "qtab.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
 #include "qtabkass.h"
@@ -16,47 +12,46 @@
 
 #include <QTabWidget>
 
-namespace {
-using Factory = QTab *(*)(QSqlDatabase *, QLoadedUser *, QObject *, setting *);
-
-template<typename Tab>
-QTab *make(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set)
+QTableBase::QTableBase(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *parent)
+    : QObject(parent), m_tabs(tabs), m_db(db), m_setting(set), m_user(user), m_pages(lines())
 {
-    return new Tab(db, user, receiver, set, nullptr);
 }
 
-/// One line a kind, in the order of QTableBase::Kind. A kind without a factory has no tab yet.
-struct TabKind
+template<typename Tab>
+std::function<QWidget *()> QTableBase::make()
 {
-    const char *title;
-    int permission;
-    Factory factory;
-};
+    return [this] { return new Tab(m_db, m_user, parent(), m_setting, nullptr); };
+}
 
-const TabKind kinds[] = {
-    {QT_TRANSLATE_NOOP("QTableBase", "Магазини"), Permission::Shops, make<QTabShops>},
-    {QT_TRANSLATE_NOOP("QTableBase", "Обладнання"), Permission::Kassa, make<QTabKass>},
-    {QT_TRANSLATE_NOOP("QTableBase", "Групи магазинів"), Permission::GroupShops, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Товари"), Permission::Goods, make<QTabGoods>},
-    {QT_TRANSLATE_NOOP("QTableBase", "Групи товарів"), Permission::GroupGoods, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Товари магазинів"), Permission::GoodsShops, make<QTabGoodsShops>},
-    {QT_TRANSLATE_NOOP("QTableBase", "Клієнти"), Permission::Clients, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Знижки"), Permission::Discount, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Акції"), Permission::Actions, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Транзакції"), Permission::Transactions, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Типи транзакцій"), Permission::TypeTransactions, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Зміни"), Permission::ZZvit, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Службові операції"), Permission::SlujbOp, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Дні оновлення"), Permission::DayUpdate, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Податкові групи"), Permission::Tax, nullptr},
-    {QT_TRANSLATE_NOOP("QTableBase", "Пристрої"), Permission::Devices, nullptr},
-};
-static_assert(sizeof(kinds) / sizeof(kinds[0]) == QTableBase::KindCount, "one line a kind");
-} // namespace
-
-QTableBase::QTableBase(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *parent)
-    : QObject(parent), m_tabs(tabs), m_db(db), m_setting(set), m_user(user)
+PageTable QTableBase::lines()
 {
+    return {
+        {"mt_shops", Permission::Shops, QT_TRANSLATE_NOOP("Page", "Магазини"),
+         [this] { return makeShops(); }},
+        {"mt_kass", Permission::Kassa, QT_TRANSLATE_NOOP("Page", "Обладнання"), make<QTabKass>()},
+        {"mt_devices", Permission::Devices, QT_TRANSLATE_NOOP("Page", "Пристрої"), {}},
+        {"mt_group_shops", Permission::GroupShops, QT_TRANSLATE_NOOP("Page", "Групи магазинів"), {}},
+        {"mt_goods", Permission::Goods, QT_TRANSLATE_NOOP("Page", "Товари"), make<QTabGoods>()},
+        {"mt_group_goods", Permission::GroupGoods, QT_TRANSLATE_NOOP("Page", "Групи товарів"), {}},
+        {"mt_goods_shops", Permission::GoodsShops, QT_TRANSLATE_NOOP("Page", "Товари магазинів"),
+         make<QTabGoodsShops>()},
+        {"mt_clients", Permission::Clients, QT_TRANSLATE_NOOP("Page", "Клієнти"), {}},
+        {"mt_diskount", Permission::Discount, QT_TRANSLATE_NOOP("Page", "Знижки"), {}},
+        {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), {}},
+        {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"), {}},
+        {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"), {}},
+        {"mt_z_zvits", Permission::ZZvit, QT_TRANSLATE_NOOP("Page", "Зміни"), {}},
+        {"mt_slujb_op", Permission::SlujbOp, QT_TRANSLATE_NOOP("Page", "Службові операції"), {}},
+        {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"), {}},
+        {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), {}},
+    };
+}
+
+QWidget *QTableBase::makeShops()
+{
+    auto *tab = new QTabShops(m_db, m_user, parent(), m_setting, nullptr);
+    connect(tab, &QTabShops::MoveMouseSignal, this, qOverload<uint>(&QTableBase::kass));
+    return tab;
 }
 
 Db QTableBase::db() const
@@ -64,122 +59,20 @@ Db QTableBase::db() const
     return Db(m_db, parent());
 }
 
-bool QTableBase::canOpen(Kind kind)
+QWidget *QTableBase::open(const char *action)
 {
-    return kinds[kind].factory != nullptr;
+    return openPage(m_tabs, *m_user, pageEntry(m_pages, QLatin1String(action)));
 }
 
-int QTableBase::permissionOf(Kind kind)
+QTab *QTableBase::tab(const QString &action) const
 {
-    return kinds[kind].permission;
-}
-
-QTab *QTableBase::open(Kind kind)
-{
-    if (!canOpen(kind))
-        return nullptr;
-    if (!m_user->maySee(permissionOf(kind))) {
-        QQestion::question(m_tabs->window(), tr("Попередження."),
-                           tr("У вас немає доступу до вкладки \"%1\".").arg(tr(kinds[kind].title)), true);
-        return nullptr;
-    }
-    if (m_open[kind] == nullptr) {
-        QTab *tab = kinds[kind].factory(m_db, m_user, parent(), m_setting);
-        tab->setPermission(permissionOf(kind));
-        m_open[kind] = tab;
-        m_tabs->addTab(tab, tr(kinds[kind].title));
-    }
-    m_tabs->setCurrentWidget(m_open[kind]);
-    m_open[kind]->setFocus();
-    return m_open[kind];
-}
-
-void QTableBase::shops()
-{
-    if (auto *tab = qobject_cast<QTabShops *>(open(KindShops)))
-        connect(tab, &QTabShops::MoveMouseSignal, this, qOverload<uint>(&QTableBase::kass),
-                Qt::UniqueConnection);
-}
-
-void QTableBase::kass()
-{
-    kass(0);
+    return qobject_cast<QTab *>(openedPage(m_tabs, pageEntry(m_pages, action)));
 }
 
 void QTableBase::kass(uint i)
 {
-    if (auto *tab = qobject_cast<QTabKass *>(open(KindKass)))
+    if (auto *tab = qobject_cast<QTabKass *>(open("mt_kass")))
         tab->LoadData(i);
-}
-
-void QTableBase::devices()
-{
-    open(KindDevices);
-}
-
-void QTableBase::Group_Shops()
-{
-    open(KindGroupShops);
-}
-
-void QTableBase::Goods()
-{
-    open(KindGoods);
-}
-
-void QTableBase::GroupGoods()
-{
-    open(KindGroupGoods);
-}
-
-void QTableBase::GoodsShops()
-{
-    open(KindGoodsShops);
-}
-
-void QTableBase::Clients()
-{
-    open(KindClients);
-}
-
-void QTableBase::Discount()
-{
-    open(KindDiscount);
-}
-
-void QTableBase::Action()
-{
-    open(KindAction);
-}
-
-void QTableBase::Trancaction()
-{
-    open(KindTrancaction);
-}
-
-void QTableBase::TypeTransaction()
-{
-    open(KindTypeTransaction);
-}
-
-void QTableBase::Zzvit()
-{
-    open(KindZzvit);
-}
-
-void QTableBase::SlujbOp()
-{
-    open(KindSlujbOp);
-}
-
-void QTableBase::Day_Update()
-{
-    open(KindDayUpdate);
-}
-
-void QTableBase::Tax()
-{
-    open(KindTax);
 }
 
 bool QTableBase::CreateTables(QSqlDatabase *db, QObject *receiver)
@@ -192,101 +85,47 @@ bool QTableBase::CreateTables()
     return CreateTables(m_db, parent());
 }
 
-void QTableBase::statShop(uint id_shop)
+Page *QTableBase::current() const
 {
-    emit statOnLine(id_shop, 0);
-}
-
-void QTableBase::statKass(uint id_kass)
-{
-    emit statOnLine(0, id_kass);
-}
-
-int QTableBase::kindAt(int index) const
-{
-    const QWidget *widget = m_tabs->widget(index);
-    for (int kind = 0; widget != nullptr && kind < KindCount; ++kind) {
-        if (m_open[static_cast<size_t>(kind)] == widget)
-            return kind;
-    }
-    return -1;
-}
-
-QTab *QTableBase::currentTab() const
-{
-    const int kind = kindAt(m_tabs->currentIndex());
-    return kind < 0 ? nullptr : m_open[static_cast<size_t>(kind)].data();
+    return pageAt(m_tabs, m_tabs->currentIndex(), m_pages);
 }
 
 bool QTableBase::closetab(int index)
 {
-    const int kind = kindAt(index);
-    if (kind < 0)
-        return false;
-    QTab *tab = m_open[static_cast<size_t>(kind)];
-    m_open[static_cast<size_t>(kind)] = nullptr;
-    m_tabs->removeTab(index);
-    delete tab;
-    return true;
+    return pageAt(m_tabs, index, m_pages) != nullptr && closePage(m_tabs, index);
 }
 
-bool QTableBase::EditRecord()
+bool QTableBase::run(Command command)
 {
-    QTab *tab = currentTab();
-    if (tab != nullptr)
-        tab->Edit();
-    return tab != nullptr;
-}
-
-bool QTableBase::AddRecord()
-{
-    QTab *tab = currentTab();
-    if (tab != nullptr)
-        tab->Add();
-    return tab != nullptr;
+    Page *page = current();
+    if (page != nullptr)
+        page->run(command);
+    return page != nullptr;
 }
 
 bool QTableBase::DelRecord()
 {
-    if (currentTab() != nullptr)
-        QQestion::question(m_tabs->window(), tr("Попередження."), tr("Видалення заборонене!!!"), true);
+    run(Command::Delete);
     return false;
-}
-
-QString QTableBase::recordRefusal() const
-{
-    switch (kindAt(m_tabs->currentIndex())) {
-    case KindGoodsShops:
-        return tr("Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці "
-                  "\"Товари\": список \"Продається в магазинах\".");
-    case KindTrancaction:
-    case KindTypeTransaction:
-    case KindZzvit:
-        return tr("Ці записи робить сама програма.");
-    default:
-        return QString();
-    }
 }
 
 bool QTableBase::ChangeTab(int index)
 {
-    const int kind = kindAt(index);
-    if (kind < 0)
+    const Page *page = pageAt(m_tabs, index, m_pages);
+    if (page == nullptr)
         return false;
-    const bool full = m_user->mayEdit(kinds[kind].permission);
-    const bool exportsAnyway = kind == KindShops || kind == KindKass;
-    emit visible(full, !full && exportsAnyway);
+    const Commands offered = page->commands();
+    const bool isEdited = offered.contains(Command::Edit);
+    emit visible(isEdited, !isEdited && offered.contains(Command::Export));
     return true;
 }
 
 bool QTableBase::export_to_csv(const QString &code, const QString &path_file_name)
 {
-    const int kind = kindAt(m_tabs->currentIndex());
-    if (kind < 0 || kind == KindAction || kind == KindDevices)
-        return false;
-    const QTab *tab = m_open[static_cast<size_t>(kind)];
-    QTab::export_to_csv(parent(), tab->model(), tab->view(), code, path_file_name);
-    return true;
+    Page *page = current();
+    if (page != nullptr)
+        page->export_to_csv(code, path_file_name);
+    return page != nullptr;
 }
 
 unsigned int QTableBase::rowcount(const QString &database, const QString &table, const QString &where)

@@ -1,16 +1,14 @@
 #pragma once
 
-#include "qtab.h"
+#include "page.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
-#include <array>
 
 class Db;
 class QLoadedUser;
 class QSqlDatabase;
-class QTabWidget;
+class QTab;
 class setting;
 
 /// Opens the table tabs, each kind once, and applies the record commands to the one in front.
@@ -19,39 +17,13 @@ class QTableBase : public QObject
     Q_OBJECT
 
 public:
-    /// The kinds of table tab.
-    enum Kind {
-        KindShops,
-        KindKass,
-        KindGroupShops,
-        KindGoods,
-        KindGroupGoods,
-        KindGoodsShops,
-        KindClients,
-        KindDiscount,
-        KindAction,
-        KindTrancaction,
-        KindTypeTransaction,
-        KindZzvit,
-        KindSlujbOp,
-        KindDayUpdate,
-        KindTax,
-        KindDevices,
-        KindCount
-    };
-
     /// The parent receives the messages of the host and its tabs: the main window.
     QTableBase(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *parent);
 
-    /// False for a kind whose tab does not exist yet.
-    static bool canOpen(Kind kind);
-    /// The permission id of a kind.
-    static int permissionOf(Kind kind);
-    /// Why records cannot be added, changed and deleted in the tab in front; empty when they can, and for
-    /// tabs that are none of the host's.
-    QString recordRefusal() const;
-    /// The open tab of a kind, or null.
-    QTab *tab(Kind kind) const { return m_open[kind]; }
+    /// The lines of the table tabs; their factories live as long as this.
+    const PageTable &pages() const { return m_pages; }
+    /// The open tab of an action, or null.
+    QTab *tab(const QString &action) const;
 
     /// Creates what is missing of the schema. On any thread: the connection is the thread's own.
     static bool CreateTables(QSqlDatabase *db, QObject *receiver);
@@ -68,48 +40,53 @@ signals:
     void statOnLine(uint id_shop, uint id_kass);
 
 public slots:
-    void shops();
-    void kass();
+    void shops() { open("mt_shops"); }
+    void kass() { kass(0); }
     /// The registers of one shop; 0 shows all.
     void kass(uint i);
-    void devices();
-    void Group_Shops();
-    void Goods();
-    void GroupGoods();
-    void GoodsShops();
-    void Clients();
-    void Discount();
-    void Action();
-    void Trancaction();
-    void TypeTransaction();
-    void Zzvit();
-    void SlujbOp();
-    void Day_Update();
-    void Tax();
+    void devices() { open("mt_devices"); }
+    void Group_Shops() { open("mt_group_shops"); }
+    void Goods() { open("mt_goods"); }
+    void GroupGoods() { open("mt_group_goods"); }
+    void GoodsShops() { open("mt_goods_shops"); }
+    void Clients() { open("mt_clients"); }
+    void Discount() { open("mt_diskount"); }
+    void Action() { open("mt_action"); }
+    void Trancaction() { open("mt_cheks"); }
+    void TypeTransaction() { open("mt_type_cheks"); }
+    void Zzvit() { open("mt_z_zvits"); }
+    void SlujbOp() { open("mt_slujb_op"); }
+    void Day_Update() { open("mt_day_update"); }
+    void Tax() { open("mt_tax"); }
     /// The same on this host's connection.
     bool CreateTables();
-    void statShop(uint id_shop);
-    void statKass(uint id_kass);
-    /// Closes the tab when it is one of the host's; false for others.
+    void statShop(uint id_shop) { emit statOnLine(id_shop, 0); }
+    void statKass(uint id_kass) { emit statOnLine(0, id_kass); }
+    /// Closes the tab when it is one of the host's and may be closed; false for others.
     bool closetab(int index);
     /// These act on the tab in front; false when it is none of the host's.
-    bool EditRecord();
+    bool EditRecord() { return run(Command::Edit); }
+    /// False: records are deleted in no tab.
     bool DelRecord();
-    bool AddRecord();
+    bool AddRecord() { return run(Command::Add); }
+    /// Tells by visible() what the tab at the index offers; false when it is none of the host's.
     bool ChangeTab(int index);
-    /// The list in front as a CSV file; promotions and devices are not exported. A failure is reported.
+    /// The list in front as a CSV file. A failure is reported.
     bool export_to_csv(const QString &code, const QString &path_file_name);
 
 private:
-    /// The one place that opens a tab: null, and the user is told, for a kind that he may not see.
-    QTab *open(Kind kind);
-    QTab *currentTab() const;
-    int kindAt(int index) const;
+    PageTable lines();
+    template<typename Tab>
+    std::function<QWidget *()> make();
+    QWidget *makeShops();
+    QWidget *open(const char *action);
+    Page *current() const;
+    bool run(Command command);
     Db db() const;
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;
     setting *m_setting;
     QLoadedUser *m_user;
-    std::array<QPointer<QTab>, KindCount> m_open;
+    PageTable m_pages;
 };

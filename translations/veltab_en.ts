@@ -535,6 +535,113 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>Page</name>
+    <message>
+        <source>Продаж</source>
+        <translation>Sale</translation>
+    </message>
+    <message>
+        <source>Автодозвін</source>
+        <translation>Auto-dial</translation>
+    </message>
+    <message>
+        <source>Імпорт клієнтів</source>
+        <translation>Import of clients</translation>
+    </message>
+    <message>
+        <source>Команди</source>
+        <translation>Commands</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>У вас немає доступу до вкладки &quot;%1&quot;.</source>
+        <translation>You have no access to the tab &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Магазини</source>
+        <translation>Shops</translation>
+    </message>
+    <message>
+        <source>Обладнання</source>
+        <translation>Equipment</translation>
+    </message>
+    <message>
+        <source>Пристрої</source>
+        <translation>Devices</translation>
+    </message>
+    <message>
+        <source>Групи магазинів</source>
+        <translation>Shop groups</translation>
+    </message>
+    <message>
+        <source>Товари</source>
+        <translation>Goods</translation>
+    </message>
+    <message>
+        <source>Групи товарів</source>
+        <translation>Goods groups</translation>
+    </message>
+    <message>
+        <source>Товари магазинів</source>
+        <translation>Goods in shops</translation>
+    </message>
+    <message>
+        <source>Клієнти</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Знижки</source>
+        <translation>Discounts</translation>
+    </message>
+    <message>
+        <source>Акції</source>
+        <translation>Promotions</translation>
+    </message>
+    <message>
+        <source>Транзакції</source>
+        <translation>Transactions</translation>
+    </message>
+    <message>
+        <source>Типи транзакцій</source>
+        <translation>Transaction types</translation>
+    </message>
+    <message>
+        <source>Зміни</source>
+        <translation>Shifts</translation>
+    </message>
+    <message>
+        <source>Службові операції</source>
+        <translation>Service operations</translation>
+    </message>
+    <message>
+        <source>Дні оновлення</source>
+        <translation>Update days</translation>
+    </message>
+    <message>
+        <source>Податкові групи</source>
+        <translation>Tax groups</translation>
+    </message>
+    <message>
+        <source>Чеки</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Z - Звіти</source>
+        <translation>Z-reports</translation>
+    </message>
+    <message>
+        <source>Звіт по товарах</source>
+        <translation>Goods report</translation>
+    </message>
+    <message>
+        <source>Статистика OnLine</source>
+        <translation>On-line statistics</translation>
+    </message>
+</context>
+<context>
     <name>PlaceBar</name>
     <message>
         <source>Ма&amp;газин:</source>
@@ -1872,33 +1979,6 @@ Write with that date?</translation>
     </message>
 </context>
 <context>
-    <name>QReports</name>
-    <message>
-        <source>Чеки</source>
-        <translation>Receipts</translation>
-    </message>
-    <message>
-        <source>Z - Звіти</source>
-        <translation>Z-reports</translation>
-    </message>
-    <message>
-        <source>Звіт по товарах</source>
-        <translation>Goods report</translation>
-    </message>
-    <message>
-        <source>Статистика OnLine</source>
-        <translation>On-line statistics</translation>
-    </message>
-    <message>
-        <source>Немає доступу: %1</source>
-        <translation>No access: %1</translation>
-    </message>
-    <message>
-        <source>Цей звіт зберігається у файл кнопкою «Список у PDF…».</source>
-        <translation>This report is saved to a file with the button &quot;List to PDF…&quot;.</translation>
-    </message>
-</context>
-<context>
     <name>QSelUser</name>
     <message>
         <source>Введіть дані користувача</source>
@@ -2058,6 +2138,14 @@ Write with that date?</translation>
         <source>Редактор закрито, а чи записано зміни, невідомо: зв&apos;язок обірвався під час запису. Перевірте запис у списку.</source>
         <translation>The editor was closed, and it is not known whether the changes were written: the connection broke while writing. Check the record in the list.</translation>
     </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Видалення заборонене!!!</source>
+        <translation>Deletion is forbidden!!!</translation>
+    </message>
 </context>
 <context>
     <name>QTabDelegate</name>
@@ -2173,6 +2261,10 @@ Write with that date?</translation>
     <message>
         <source>Всі магазини</source>
         <translation>All shops</translation>
+    </message>
+    <message>
+        <source>Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці &quot;Товари&quot;: список &quot;Продається в магазинах&quot;.</source>
+        <translation>Stock is changed by sales, receipts and movements. Add a new item of a shop in the tab &quot;Goods&quot;: the list &quot;Sold in shops&quot;.</translation>
     </message>
 </context>
 <context>
@@ -2349,78 +2441,6 @@ Write with that date?</translation>
         <translation>&apos;By piece&apos;</translation>
     </message>
     <message>
-        <source>Магазини</source>
-        <translation>Shops</translation>
-    </message>
-    <message>
-        <source>Обладнання</source>
-        <translation>Equipment</translation>
-    </message>
-    <message>
-        <source>Групи магазинів</source>
-        <translation>Shop groups</translation>
-    </message>
-    <message>
-        <source>Товари</source>
-        <translation>Goods</translation>
-    </message>
-    <message>
-        <source>Групи товарів</source>
-        <translation>Goods groups</translation>
-    </message>
-    <message>
-        <source>Товари магазинів</source>
-        <translation>Goods in shops</translation>
-    </message>
-    <message>
-        <source>Клієнти</source>
-        <translation>Clients</translation>
-    </message>
-    <message>
-        <source>Знижки</source>
-        <translation>Discounts</translation>
-    </message>
-    <message>
-        <source>Акції</source>
-        <translation>Promotions</translation>
-    </message>
-    <message>
-        <source>Транзакції</source>
-        <translation>Transactions</translation>
-    </message>
-    <message>
-        <source>Типи транзакцій</source>
-        <translation>Transaction types</translation>
-    </message>
-    <message>
-        <source>Зміни</source>
-        <translation>Shifts</translation>
-    </message>
-    <message>
-        <source>Службові операції</source>
-        <translation>Service operations</translation>
-    </message>
-    <message>
-        <source>Дні оновлення</source>
-        <translation>Update days</translation>
-    </message>
-    <message>
-        <source>Податкові групи</source>
-        <translation>Tax groups</translation>
-    </message>
-    <message>
-        <source>Пристрої</source>
-        <translation>Devices</translation>
-    </message>
-    <message>
-        <source>Попередження.</source>
-        <translation>Warning.</translation>
-    </message>
-    <message>
-        <source>Видалення заборонене!!!</source>
-        <translation>Deletion is forbidden!!!</translation>
-    </message>
-    <message>
         <source>Помилка отримання кількості записів у таблиц</source>
         <translation>Error when counting the records of table</translation>
     </message>
@@ -2439,18 +2459,6 @@ Write with that date?</translation>
     <message>
         <source> записів:</source>
         <translation> records:</translation>
-    </message>
-    <message>
-        <source>У вас немає доступу до вкладки &quot;%1&quot;.</source>
-        <translation>You have no access to the tab &quot;%1&quot;.</translation>
-    </message>
-    <message>
-        <source>Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці &quot;Товари&quot;: список &quot;Продається в магазинах&quot;.</source>
-        <translation>Stock is changed by sales, receipts and movements. Add a new item of a shop in the tab &quot;Goods&quot;: the list &quot;Sold in shops&quot;.</translation>
-    </message>
-    <message>
-        <source>Ці записи робить сама програма.</source>
-        <translation>The program makes these records itself.</translation>
     </message>
 </context>
 <context>
@@ -2824,6 +2832,10 @@ Write with that date?</translation>
     <message>
         <source>Файл збережено: %1</source>
         <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Цей звіт зберігається у файл кнопкою «Список у PDF…».</source>
+        <translation>This report is saved to a file with the button &quot;List to PDF…&quot;.</translation>
     </message>
 </context>
 <context>
@@ -3628,10 +3640,6 @@ can damage the data in the database!</translation>
         <translation>Tabs</translation>
     </message>
     <message>
-        <source>Продаж</source>
-        <translation>Sale</translation>
-    </message>
-    <message>
         <source>Про програму</source>
         <translation>About the program</translation>
     </message>
@@ -3666,10 +3674,6 @@ TO VERSION
     <message>
         <source>П&amp;рискорити звіти…</source>
         <translation>Speed &amp;up reports…</translation>
-    </message>
-    <message>
-        <source>Цю вкладку не можна зберегти у файл.</source>
-        <translation>This tab cannot be saved to a file.</translation>
     </message>
     <message>
         <source>Зберегти файл</source>
@@ -3726,10 +3730,6 @@ TO VERSION
     <message>
         <source>Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).</source>
         <translation>To begin selling, add goods with prices (Tables → Goods, Ctrl+N).</translation>
-    </message>
-    <message>
-        <source>Вам не дозволено відкривати «%1».</source>
-        <translation>You are not allowed to open “%1”.</translation>
     </message>
     <message>
         <source>&amp;Закрити всі вкладки</source>

@@ -7,6 +7,7 @@
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
+#include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtabdelegate.h"
 #include "queryservice.h"
@@ -120,7 +121,28 @@ Db QTab::db() const
 
 bool QTab::mayEdit() const
 {
-    return m_user->mayEdit(m_permission);
+    return m_user->mayEdit(permission());
+}
+
+Commands QTab::commands() const
+{
+    Commands offered;
+    if (mayEdit())
+        offered = {
+            {Command::Add, recordRefusal}, {Command::Edit, recordRefusal}, {Command::Delete, recordRefusal}};
+    if (mayEdit() || isExportedToViewers)
+        offered.insert(Command::Export, QString());
+    return offered;
+}
+
+void QTab::run(Command command)
+{
+    if (command == Command::Add)
+        Add();
+    else if (command == Command::Edit)
+        Edit();
+    else if (command == Command::Delete)
+        QQestion::question(window(), tr("Попередження."), tr("Видалення заборонене!!!"), true);
 }
 
 bool QTab::isLoading() const
@@ -351,9 +373,9 @@ bool QTab::export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableVie
     return true;
 }
 
-bool QTab::export_to_csv(const QString &code, const QString &path_file_name)
+void QTab::export_to_csv(const QString &code, const QString &path_file_name)
 {
-    return export_to_csv(m_receiver, m_model, m_view, code, path_file_name);
+    export_to_csv(m_receiver, m_model, m_view, code, path_file_name);
 }
 
 void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths, QStandardItemModel *model,

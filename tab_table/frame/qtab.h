@@ -1,6 +1,7 @@
 #pragma once
 
 #include "columns.h"
+#include "page.h"
 
 #include <QModelIndex>
 #include <QSqlDatabase>
@@ -29,7 +30,7 @@ struct QueryAnswer;
 /// refreshes one after an edit and knows which shops and groups the user may see.
 ///
 /// A concrete tab sets table, query and columns in its constructor, then calls ShowData().
-class QTab : public QWidget
+class QTab : public QWidget, public Page
 {
     Q_OBJECT
 
@@ -52,10 +53,11 @@ public:
     QNTableView *view() const { return m_view; }
     QRowModel *model() const { return m_model; }
     const QString &tableName() const { return table; }
-    /// The permission id that decides what the user may do here; the host gives it.
-    void setPermission(int id) { m_permission = id; }
     /// True when the user has full rights here: records may be added and changed.
     bool mayEdit() const;
+    /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
+    Commands commands() const override;
+    void run(Command command) override;
     /// True while a search is on its way.
     bool isLoading() const;
 
@@ -98,7 +100,7 @@ public slots:
     static bool export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view,
                               const QString &code, const QString &path_file_name);
     /// The same with this tab's list.
-    bool export_to_csv(const QString &code, const QString &path_file_name);
+    void export_to_csv(const QString &code, const QString &path_file_name) override;
 
 signals:
     /// The rows of a search, or of ShowData, stand in the grid.
@@ -144,6 +146,10 @@ protected:
     QString query;
     /// What the filter adds to the query (" WHERE ..."); kept for the next reload.
     QString filter;
+    /// Why nobody adds or edits records in this list; empty for most lists.
+    QString recordRefusal;
+    /// Who may only look may export the list as well.
+    bool isExportedToViewers = false;
 
 private:
     void buildGrid(QLayout *layout);
@@ -173,5 +179,4 @@ private:
     /// The list was entered before its rows had come: the first one becomes current then.
     bool m_wantsRow = false;
     qint64 m_total = 0;
-    int m_permission = -1;
 };

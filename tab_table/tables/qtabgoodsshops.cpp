@@ -18,6 +18,9 @@ QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *rec
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsShopsFilter)
 {
     table = QStringLiteral("goods_shop");
+    recordRefusal =
+        tr("Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці "
+           "\"Товари\": список \"Продається в магазинах\".");
     query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
                            "goods_shop.count_syllable FROM ") +
             sources;

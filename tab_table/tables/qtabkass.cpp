@@ -24,6 +24,7 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
     , ui(std::make_unique<Ui::QTabKassFilter>())
 {
     table = QStringLiteral("kassa");
+    isExportedToViewers = true;
     query = QStringLiteral(
         "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.ip_address,type_device.name, "
         "yesno.name,kassa.id_type,kassa.block,onoffline.onoff FROM kassa LEFT JOIN shops ON "

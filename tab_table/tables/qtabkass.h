@@ -33,6 +33,7 @@ public slots:
     void seerch(const QString &text);
     void Edit(const QModelIndex &index) override;
     void Add() override;
+    void openedByMenu() override { LoadData(0); }
     /// A drag of more than 49 pixels to the right starts the settings' program for it.
     void LMoveMouse(int countpx, const QModelIndex &index);
     /// Starts the settings' program for registers against the address of the register.

@@ -24,6 +24,7 @@ QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     , ui(std::make_unique<Ui::QTabShopsFilter>())
 {
     table = QStringLiteral("shops");
+    isExportedToViewers = true;
     query = QStringLiteral(
         "SELECT shops.id, shops.address, shops.name, "
         "shops.network_shop,yesno.name,shops.block,onoffline.onoff,co FROM shops LEFT JOIN (SELECT * FROM "

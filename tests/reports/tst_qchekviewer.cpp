@@ -407,12 +407,12 @@ void TstQChekViewer::rightsAreAskedOnce()
     QReports reports(&tabs, m_base->connection(), nullptr, m_user.get(), &m_base->heard);
     m_base->exec("UPDATE lst_permis SET permission=0 WHERE id_prem IN (70,73)");
     QVERIFY(m_user->reload(m_base->connection()));
-    reports.showCheks(lineOf(1, 1, "1", "1"));
-    reports.showSlip("1", 1, false);
-    reports.ChekViewer();
-    reports.StatOnLine(1);
+    const QString refused = "У вас немає доступу до вкладки \"Чеки\".";
+    QCOMPARE(answerQuestion([&] { reports.showCheks(lineOf(1, 1, "1", "1")); }), refused);
+    QCOMPARE(answerQuestion([&] { reports.showSlip("1", 1, false); }), refused);
+    QCOMPARE(answerQuestion([&] { reports.ChekViewer(); }), refused);
+    QVERIFY(answerQuestion([&] { reports.StatOnLine(1); }).contains("\"Статистика OnLine\""));
     QCOMPARE(tabs.count(), 0);
-    QVERIFY(m_base->heard.has("Немає доступу: Чеки", 2));
     reports.ZReports();
     QCOMPARE(tabs.count(), 1);
     m_base->exec("UPDATE lst_permis SET permission=1");

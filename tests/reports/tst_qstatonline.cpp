@@ -244,7 +244,7 @@ void TstQStatOnLine::reportsOpensTheShop()
     reports.StatOnLine();
     QCOMPARE(tabs.count(), 1);
     QCOMPARE(tabs.tabText(0), QString("Статистика OnLine"));
-    QSignalSpy spy(reports.window(QReports::OnLine), &ReportWindow::loaded);
+    QSignalSpy spy(reports.window("mz_StatisticOnLine"), &ReportWindow::loaded);
     QVERIFY(spy.wait(5000));
     QCOMPARE(child<PlaceSelector>(tabs.widget(0), "place")->shopId(), 2U);
     QCOMPARE(child<QNTableView>(tabs.widget(0), "listTimes")->model()->rowCount(), 1);

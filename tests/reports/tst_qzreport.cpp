@@ -118,7 +118,7 @@ void TstQZReport::init()
     m_reports =
         std::make_unique<QReports>(m_tabs.get(), m_base->connection(), nullptr, m_user.get(), &m_base->heard);
     m_reports->ZReports();
-    m_report = qobject_cast<QZReport *>(m_reports->window(QReports::Zvits));
+    m_report = qobject_cast<QZReport *>(m_reports->window("mz_zzvit"));
     QVERIFY(m_report != nullptr);
     m_tabs->resize(1200, 700);
     m_tabs->show();

@@ -166,9 +166,11 @@ void TstQTableBase::stockIsNotEditedHere()
     m_host->GoodsShops();
     QVERIFY(m_host->ChangeTab(m_tabs->currentIndex()));
     QCOMPARE(visible.last(), QVariantList({true, false}));
-    QVERIFY(m_host->recordRefusal().contains("\"Продається в магазинах\""));
+    const Commands offered = front()->commands();
+    QVERIFY(offered.value(Command::Edit).contains("\"Продається в магазинах\""));
+    QVERIFY(offered.contains(Command::Export) && offered.value(Command::Export).isEmpty());
     m_host->Goods();
-    QVERIFY(m_host->recordRefusal().isEmpty());
+    QCOMPARE(front()->commands().value(Command::Edit, "немає"), QString());
     QCOMPARE(answerQuestion([this] { m_host->DelRecord(); }), QString("Видалення заборонене!!!"));
 }
 

@@ -1,0 +1,82 @@
+#include "pages.h"
+
+#include "permissions.h"
+#include "qregistersale.h"
+#include "qreports.h"
+#include "qtablebase.h"
+
+#include <QTabWidget>
+
+Pages::Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *window)
+    : QObject(window)
+    , m_tabs(tabs)
+    , m_db(db)
+    , m_setting(set)
+    , m_user(user)
+    , m_window(window)
+    , m_tables(new QTableBase(tabs, db, set, user, window))
+    , m_reports(new QReports(tabs, db, set, user, window))
+{
+    for (const PageTable &part : {management(), m_tables->pages(), m_reports->pages(), others()})
+        m_table.insert(m_table.end(), part.begin(), part.end());
+    connect(m_tables, &QTableBase::statOnLine, m_reports, qOverload<unsigned int>(&QReports::StatOnLine));
+}
+
+Pages::~Pages()
+{
+    while (m_tabs->count() > 0)
+        delete m_tabs->widget(0);
+}
+
+PageTable Pages::management()
+{
+    return {
+        {"man_saleadmiss", Permission::Sales, QT_TRANSLATE_NOOP("Page", "Продаж"),
+         [this] { return makeSale(); }},
+        {"man_goods", Permission::GoodsManagement, "", {}},
+        {"man_finance", Permission::Finance, "", {}},
+        {"man_action", Permission::ActionsManagement, "", {}},
+    };
+}
+
+PageTable Pages::others()
+{
+    return {
+        {"cashdrive", Permission::RegisterServer, QT_TRANSLATE_NOOP("Page", "Автодозвін"), {}},
+        {"importcln", Permission::ClientImport, QT_TRANSLATE_NOOP("Page", "Імпорт клієнтів"), {}},
+        {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"), {}},
+        {"mc_users", Permission::Users, "", {}},
+        {"premis_group", Permission::PermissionGroups, "", {}},
+        {"mt_importBD", Permission::PreviousImport, "", {}},
+    };
+}
+
+QWidget *Pages::makeSale()
+{
+    auto *sale = new QRegisterSale(m_db, m_user, m_window, m_setting, nullptr);
+    connect(sale, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
+    return sale;
+}
+
+QWidget *Pages::open(const QString &action)
+{
+    QWidget *widget = openPage(m_tabs, *m_user, pageEntry(m_table, action));
+    if (auto *page = dynamic_cast<Page *>(widget))
+        page->openedByMenu();
+    return widget;
+}
+
+Page *Pages::current() const
+{
+    return pageAt(m_tabs, m_tabs->currentIndex());
+}
+
+bool Pages::closeAll()
+{
+    for (int index = m_tabs->count() - 1; index >= 0; --index) {
+        // What it asks is asked about the tab in front.
+        m_tabs->setCurrentIndex(index);
+        closePage(m_tabs, index);
+    }
+    return m_tabs->count() == 0;
+}

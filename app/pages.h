@@ -1,0 +1,48 @@
+#pragma once
+
+#include "page.h"
+
+#include <QObject>
+
+class QReports;
+class QSqlDatabase;
+class QTableBase;
+class setting;
+
+/// All pages of the program. Opening, rights, commands, closing and pictures follow from their one table.
+class Pages : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// window receives the messages.
+    Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *window);
+    /// Removes what is still open without asking.
+    ~Pages() override;
+
+    QTableBase *tables() const { return m_tables; }
+    QReports *reports() const { return m_reports; }
+    /// One line a page, in the order of the menus.
+    const PageTable &table() const { return m_table; }
+
+    /// As the menu does; null, told to the user, for a page that he may not see.
+    QWidget *open(const QString &action);
+    /// The page in front, or null.
+    Page *current() const;
+    /// Closes every page that does not hold on to what would be lost; true when none is left.
+    bool closeAll();
+
+private:
+    PageTable management();
+    PageTable others();
+    QWidget *makeSale();
+
+    QTabWidget *m_tabs;
+    QSqlDatabase *m_db;
+    setting *m_setting;
+    QLoadedUser *m_user;
+    QObject *m_window;
+    QTableBase *m_tables;
+    QReports *m_reports;
+    PageTable m_table;
+};
