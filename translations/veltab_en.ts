@@ -300,64 +300,24 @@ The indexes can be removed in the same way.</translation>
         <translation>The goods item is not saved: no price can be saved for the shop group &quot;%1&quot;. Choose the group &quot;default&quot; or a shop in it.</translation>
     </message>
     <message>
-        <source>Запис не знайдено id=</source>
-        <translation>Record not found id=</translation>
-    </message>
-    <message>
         <source>Магазин №%1</source>
         <translation>Shop No. %1</translation>
-    </message>
-    <message>
-        <source>Назва товару</source>
-        <translation>Item name</translation>
-    </message>
-    <message>
-        <source>Коротка назва</source>
-        <translation>Short name</translation>
-    </message>
-    <message>
-        <source>Ціна</source>
-        <translation>Price</translation>
-    </message>
-    <message>
-        <source>Тип товару</source>
-        <translation>Item type</translation>
-    </message>
-    <message>
-        <source>Група</source>
-        <translation>Group</translation>
-    </message>
-    <message>
-        <source>Податкова група</source>
-        <translation>Tax group</translation>
-    </message>
-    <message>
-        <source>Правило</source>
-        <translation>Rule</translation>
-    </message>
-    <message>
-        <source>Оплата бонусами</source>
-        <translation>Payment by bonus</translation>
-    </message>
-    <message>
-        <source>Знижка/Бонус</source>
-        <translation>Discount/Bonus</translation>
-    </message>
-    <message>
-        <source>Блокування</source>
-        <translation>Block</translation>
     </message>
     <message>
         <source>Штрихкод</source>
         <translation>Barcode</translation>
     </message>
     <message>
-        <source>Ціни магазинів</source>
-        <translation>Prices of shops</translation>
-    </message>
-    <message>
         <source>Товар не збережено: магазин &quot;%1&quot; перейменовано або вилучено, поки редактор був відкритий. Виберіть для цієї ціни магазин ще раз або вилучіть рядок.</source>
         <translation>The item was not saved: the shop &quot;%1&quot; was renamed or deleted while the editor was open. Choose the shop of this price again or delete the row.</translation>
+    </message>
+    <message>
+        <source>Ціна магазинів: %1, %2, пріоритет %3</source>
+        <translation>Shop price: %1, %2, priority %3</translation>
+    </message>
+    <message>
+        <source>усі магазини</source>
+        <translation>all shops</translation>
     </message>
 </context>
 <context>
@@ -3200,21 +3160,6 @@ before its last day!</translation>
 %2</source>
         <translation>File not saved: %1
 %2</translation>
-    </message>
-</context>
-<context>
-    <name>Stored</name>
-    <message>
-        <source>Поки редактор був відкритий, цей запис змінила інша програма (%1). Нічого не збережено. Закрийте редактор і відкрийте запис знову.</source>
-        <translation>While the editor was open another program changed this record (%1). Nothing was saved. Close the editor and open the record again.</translation>
-    </message>
-    <message>
-        <source>Поки редактор був відкритий, цей запис вилучила інша програма. Нічого не збережено.</source>
-        <translation>While the editor was open another program deleted this record. Nothing was saved.</translation>
-    </message>
-    <message>
-        <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; перейменувала інша програма. Нічого не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.</source>
-        <translation>While the editor was open another program renamed what is chosen in &quot;%1&quot;. Nothing was saved. Close the editor, open it again and choose once more.</translation>
     </message>
 </context>
 <context>

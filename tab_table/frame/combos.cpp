@@ -60,18 +60,32 @@ public:
 };
 } // namespace
 
-bool fillCombo(QComboBox *box, const Db &db, const QString &sql)
+std::optional<ListEntries> readEntries(const Db &db, const QString &sql)
+{
+    auto query = db.run(sql);
+    if (!query)
+        return std::nullopt;
+    const bool hasData = query->record().count() > 1;
+    ListEntries entries;
+    while (query->next())
+        entries.append({toText(query->value(0)), hasData ? query->value(1) : QVariant()});
+    return entries;
+}
+
+void showEntries(QComboBox *box, const ListEntries &entries)
 {
     const QSignalBlocker hold(box);
     box->clear();
-    auto query = db.run(sql);
-    if (!query)
-        return false;
-    const bool hasData = query->record().count() > 1;
-    while (query->next())
-        box->addItem(toText(query->value(0)), hasData ? query->value(1) : QVariant());
-    box->setCurrentIndex(box->count() > 0 ? 0 : -1);
-    return true;
+    for (const auto &[text, data] : entries)
+        box->addItem(text, data);
+    box->setCurrentIndex(entries.isEmpty() ? -1 : 0);
+}
+
+bool fillCombo(QComboBox *box, const Db &db, const QString &sql)
+{
+    const auto entries = readEntries(db, sql);
+    showEntries(box, entries.value_or(ListEntries()));
+    return entries.has_value();
 }
 
 void chooseText(QComboBox *box, const QString &text)

@@ -1,6 +1,9 @@
 #pragma once
 
-#include <QString>
+#include <QPair>
+#include <QVariant>
+#include <QVector>
+#include <optional>
 
 class Db;
 class QComboBox;
@@ -12,8 +15,15 @@ struct NamedId
     QString id;
 };
 
-/// Fills a box with the rows of a statement: the first column is the text, the second, if any, the data.
-/// What the box held goes, without a signal; the first row is chosen. False after a reported failure.
+/// What a list offers: texts with their data.
+using ListEntries = QVector<QPair<QString, QVariant>>;
+
+/// The rows of a statement: the first column is the text, the second, if any, the data. Nothing after a
+/// reported failure.
+std::optional<ListEntries> readEntries(const Db &db, const QString &sql);
+/// Puts the entries into a box. What it held goes, without a signal; the first one is chosen.
+void showEntries(QComboBox *box, const ListEntries &entries);
+/// Both in one. False after a reported failure: the box is empty then.
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql);
 /// Chooses the item with the text, or none when there is no such item.
 void chooseText(QComboBox *box, const QString &text);

@@ -3,7 +3,6 @@
 #include "csvexport.h"
 #include "db.h"
 #include "ean13.h"
-#include "editdialog.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
@@ -12,6 +11,7 @@
 #include "qtabdelegate.h"
 #include "queryservice.h"
 #include "qupdatebd.h"
+#include "recorddialog.h"
 #include "userstate.h"
 
 #include <QGuiApplication>
@@ -63,6 +63,7 @@ void QTab::buildGrid(QLayout *layout)
     m_model = new QRowModel(m_view);
     m_view->setModel(m_model);
     m_view->setSortingEnabled(true);
+    connect(m_view, &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
 }
 
 void QTab::setSearchField(QLineEdit *field)
@@ -278,42 +279,51 @@ void QTab::editadd(const QString &where, const QModelIndex &index, bool full, un
     }
 }
 
-std::optional<bool> QTab::runEditor(EditDialog *editor)
+std::unique_ptr<RecordDialog> QTab::makeEditor(QString *id)
 {
+    Q_UNUSED(id)
+    return nullptr;
+}
+
+/// An empty id adds a record. Who may only look is not told that nothing was changed.
+void QTab::openEditor(const QString &id)
+{
+    QString edited = id;
+    const auto editor = makeEditor(&edited);
+    if (editor == nullptr || !editor->isLoaded())
+        return;
     if (!mayEdit())
         editor->setReadOnly(true);
     const bool isSaved = editor->exec() == QDialog::Accepted;
     // A question that closes together with the editor leaves some window managers without an active window.
     window()->activateWindow();
-    if (isSaved || !editor->isUnclear())
-        return isSaved;
+    if (isSaved)
+        refreshRecord(edited, id.isEmpty());
+    else if (editor->isUnclear())
+        followUnclear();
+    else if (mayEdit())
+        postMessage(m_receiver,
+                    id.isEmpty() ? tr("Запис не додано, відмінено користувачем!")
+                                 : tr("Зміни не внесені, відмінено користувачем!"),
+                    QMessEvent::Information);
+}
+
+void QTab::followUnclear()
+{
     postMessage(m_receiver,
                 tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
                    "Перевірте запис у списку."),
                 QMessEvent::Warning);
     search(filter, m_countSql);
-    return std::nullopt;
 }
 
-void QTab::finishEditing(bool accepted, const QString &where, const QModelIndex &index)
-{
-    if (!accepted) {
-        postMessage(m_receiver,
-                    index.isValid() ? tr("Зміни не внесені, відмінено користувачем!")
-                                    : tr("Запис не додано, відмінено користувачем!"),
-                    QMessEvent::Information);
-        return;
-    }
-    editadd(where, index, false);
-    QUpdateBD().reRead(table, *m_db, m_receiver);
-}
-
-void QTab::finishEditor(bool accepted, const QString &id, bool isNew)
+void QTab::refreshRecord(const QString &id, bool isNew)
 {
     const QModelIndex index = isNew ? QModelIndex() : indexOf(id);
-    const bool isGone = !isNew && !index.isValid();
-    if (mayEdit() && !isGone)
-        finishEditing(accepted, QStringLiteral("WHERE ") + table + QStringLiteral(".id=") + id, index);
+    if (!isNew && !index.isValid())
+        return;
+    editadd(QStringLiteral("WHERE ") + table + QStringLiteral(".id=") + id, index, false);
+    QUpdateBD().reRead(table, *m_db, m_receiver);
 }
 
 QModelIndex QTab::indexOf(const QString &id) const
@@ -332,14 +342,20 @@ void QTab::Edit()
 
 void QTab::Edit(const QModelIndex &index)
 {
-    if (index.isValid() && m_delegate != nullptr && mayEdit())
+    if (!index.isValid())
+        return;
+    if (m_delegate == nullptr)
+        openEditor(m_model->stored(index.row(), 0));
+    else if (mayEdit())
         m_view->edit(index);
 }
 
 void QTab::Add()
 {
-    if (m_delegate == nullptr || !mayEdit())
+    if (!mayEdit())
         return;
+    if (m_delegate == nullptr)
+        return openEditor(QString());
     m_delegate->startAdding();
     const int row = m_model->rowCount();
     m_model->insertRow(row);

@@ -10,7 +10,6 @@
 #include <optional>
 
 class Db;
-class EditDialog;
 class QAbstractItemModel;
 class QComboBox;
 class QLabel;
@@ -22,6 +21,7 @@ class QSqlQuery;
 class QStandardItemModel;
 class QTabDelegate;
 class QTableView;
+class RecordDialog;
 class setting;
 class QueryOwner;
 struct QueryAnswer;
@@ -89,9 +89,9 @@ public slots:
     void ShowData();
     /// Edits the current row.
     void Edit();
-    /// Edits a row: here inline, for tabs with a delegate; tabs with an editor dialog open it.
+    /// Edits a row: inline in tabs with a delegate, in the editor in those that have one.
     virtual void Edit(const QModelIndex &index);
-    /// Appends a row and starts inline editing of it; only tabs with a delegate do that.
+    /// Adds a record: in a row that is appended and edited inline, or in the editor.
     virtual void Add();
     void delnewrecord();
     void NextEdit();
@@ -124,16 +124,14 @@ protected:
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     /// countSql tells how many records there are.
     void search(const QString &filter, const QString &countSql);
-    /// Runs an editor, for looking only where the user may do no more. True after a save; nothing when nobody
-    /// knows whether the last save has arrived: the list is read again then.
-    std::optional<bool> runEditor(EditDialog *editor);
     /// The user's rights were read again: what the filter offers may be different.
     virtual void followRights() {}
-    /// What follows an editor: the row is refreshed, or a notice tells that nothing was written.
-    void finishEditing(bool accepted, const QString &where, const QModelIndex &index);
-    /// The same for the record of that id, wherever it stands by now: a search may have arrived while the
-    /// editor was open. Nobody is told that a user who may only look has changed nothing.
-    void finishEditor(bool accepted, const QString &id, bool isNew);
+    /// The editor of the record of that id, which it changes to the id that a new record gets; null in tabs
+    /// without one.
+    virtual std::unique_ptr<RecordDialog> makeEditor(QString *id);
+    /// Reads the row of a record again, wherever it stands by now: a search may have arrived while its editor
+    /// was open. A new record gets a row.
+    virtual void refreshRecord(const QString &id, bool isNew);
     /// The row whose first column holds the id; invalid when the list does not show it.
     QModelIndex indexOf(const QString &id) const;
     /// Called when the rows stand in the model, after every load: for colours.
@@ -153,6 +151,8 @@ protected:
 
 private:
     void buildGrid(QLayout *layout);
+    void openEditor(const QString &id);
+    void followUnclear();
     void enterList();
     void connectDelegate();
     void showFound(const std::shared_ptr<QueryAnswer> &found);

@@ -123,7 +123,7 @@ std::optional<RecordFields> RecordDialog::read(const QString &id) const
         const QString stored = value.isNull() ? QString() : toText(value);
         const QString shown = input.name != nullptr ? toText(row->value(QLatin1String(input.name)))
                                                     : shownOf(input.form, stored);
-        fields.append({column, fieldName(input.input), stored, shown});
+        fields.append({column, fieldName(input.input), stored, shown, QVariant()});
     }
     return fields;
 }
@@ -132,8 +132,8 @@ RecordFields RecordDialog::entered() const
 {
     RecordFields fields;
     for (const RecordInput &input : m_inputs)
-        fields.append(
-            {QLatin1String(input.column), fieldName(input.input), valueOf(input), shownValue(input)});
+        fields.append({QLatin1String(input.column), fieldName(input.input), valueOf(input), shownValue(input),
+                       QVariant()});
     return fields;
 }
 
@@ -142,9 +142,9 @@ QString RecordDialog::valueOf(const RecordInput &input) const
     const auto *line = qobject_cast<QLineEdit *>(input.input);
     switch (input.form) {
     case InputForm::Text:
-        return typed(line).isNull() ? QString() : line->text();
+        return typed(line).toString();
     case InputForm::Trimmed:
-        return line->text().trimmed();
+        return typed(line).toString().trimmed();
     case InputForm::OrNull:
         return orNull(line->text());
     case InputForm::Address:

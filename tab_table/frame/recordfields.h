@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 #include <QVector>
 #include <optional>
 
@@ -17,6 +18,8 @@ struct RecordField
     QString stored;
     /// As people read it.
     QString shown;
+    /// For a row beside the record's own: what its editor makes it from.
+    QVariant row;
 };
 /// In the order in which they are shown.
 using RecordFields = QVector<RecordField>;

@@ -52,6 +52,42 @@ void GoodsPriceTable::append(const GoodsPrice &price)
     m_origins.append(price.origin);
 }
 
+int GoodsPriceTable::rowOf(const QString &place) const
+{
+    const QVector<GoodsPrice> list = prices();
+    for (int row = 0; row < list.size(); ++row) {
+        if (list.at(row).place().text() == place)
+            return row;
+    }
+    return -1;
+}
+
+void GoodsPriceTable::put(const GoodsPrice &price)
+{
+    const int row = rowOf(price.place().text());
+    if (row < 0)
+        return append(price);
+    item(row, Columns::Price)->setText(moneyText(price.price));
+    origin(row) = price.origin;
+}
+
+void GoodsPriceTable::remove(const QString &place)
+{
+    removeRow(rowOf(place));
+}
+
+void GoodsPriceTable::takeOver()
+{
+    const QVector<GoodsPrice> list = prices();
+    for (int row = 0; row < list.size(); ++row)
+        origin(row) = list.at(row).place();
+}
+
+std::optional<PriceKey> &GoodsPriceTable::origin(int row)
+{
+    return m_origins[item(row, Columns::Price)->data(Columns::IdRole).toInt()];
+}
+
 QString GoodsPriceTable::cell(int row, int column) const
 {
     const QTableWidgetItem *found = item(row, column);
@@ -84,7 +120,7 @@ QVector<GoodsPrice> GoodsPriceTable::prices() const
 QString GoodsPriceTable::twice(const QVector<GoodsPrice> &prices, int row) const
 {
     for (int other = 0; other < row; ++other) {
-        if (prices.at(row).replaces(prices.at(other)))
+        if (prices.at(row).place().text() == prices.at(other).place().text())
             return tr("Ціни магазинів, рядки %1 і %2: однакові пріоритет, група і магазин.")
                 .arg(other + 1)
                 .arg(row + 1);

@@ -17,6 +17,12 @@ public:
     /// What may be chosen; no shop at all is always a choice.
     void setLists(const QVector<NamedId> &groups, const QVector<NamedId> &shops);
     void append(const GoodsPrice &price);
+    /// Shows the price in the row of its place, which is added when there is none.
+    void put(const GoodsPrice &price);
+    /// Removes the row of that place, as PriceKey::text() tells it.
+    void remove(const QString &place);
+    /// The rows are stored as they stand: that is where they come from now.
+    void takeOver();
     /// The same with group and shop by their names; an empty shop is none.
     void append(qint64 price, qint64 priority, const QString &group, const QString &shop);
     QVector<GoodsPrice> prices() const;
@@ -26,6 +32,8 @@ public:
 private:
     QString cell(int row, int column) const;
     NamedId entry(int row, int column) const;
+    std::optional<PriceKey> &origin(int row);
+    int rowOf(const QString &place) const;
     QString twice(const QVector<GoodsPrice> &prices, int row) const;
 
     GoodsPriceDelegate *m_delegate;

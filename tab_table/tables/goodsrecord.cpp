@@ -1,7 +1,7 @@
 #include "goodsrecord.h"
 
 #include "db.h"
-#include "qmessevent.h"
+#include "money.h"
 
 #include <QCoreApplication>
 
@@ -11,36 +11,8 @@ struct Goods
     Q_DECLARE_TR_FUNCTIONS(Goods)
 };
 
-QString recordQuery()
-{
-    return QStringLiteral(
-        "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
-        "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
-        "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
-        "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
-        "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
-        "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
-        "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id");
-}
-
-GoodsRecord readFields(const QSqlQuery &row)
-{
-    GoodsRecord record;
-    record.name = toText(row.value(2));
-    record.shortName = toText(row.value(3));
-    if (!row.value(4).isNull())
-        record.price = row.value(4).toLongLong();
-    const int names = 5;
-    const int ids = 12;
-    NamedId *const lists[] = {&record.type,      &record.group,     &record.tax,  &record.rule,
-                              &record.paymBonus, &record.bonusDisk, &record.block};
-    int column = 0;
-    for (NamedId *list : lists) {
-        *list = {toText(row.value(names + column)), toText(row.value(ids + column))};
-        ++column;
-    }
-    return record;
-}
+const QLatin1String pricePrefix("prices/");
+const QLatin1String barcodePrefix("dk_shc/");
 
 GoodsPrice readPrice(const QSqlQuery &row)
 {
@@ -49,14 +21,97 @@ GoodsPrice readPrice(const QSqlQuery &row)
     price.priority = row.value(1).toLongLong();
     price.group = {toText(row.value(2)), toText(row.value(4))};
     price.shop = {toText(row.value(3)), toText(row.value(5))};
-    price.origin = PriceKey{price.shop.id, price.group.id, toText(row.value(1))};
+    price.origin = price.place();
     // A shop that is none any more is not "all shops".
     if (price.shop.name.isEmpty() && price.shop.id != QLatin1String("0"))
         price.shop.name = Goods::tr("Магазин №%1").arg(price.shop.id);
     return price;
 }
 
-bool loadPrices(const Db &db, const QString &id, GoodsRecord *record)
+QStringList firstColumn(QSqlQuery *rows)
+{
+    QStringList texts;
+    while (rows->next())
+        texts.append(toText(rows->value(0)));
+    return texts;
+}
+
+QString priceCaption(const GoodsPrice &price)
+{
+    return Goods::tr("Ціна магазинів: %1, %2, пріоритет %3")
+        .arg(price.group.name, price.shop.name.isEmpty() ? Goods::tr("усі магазини") : price.shop.name)
+        .arg(price.priority);
+}
+} // namespace
+
+QString PriceKey::text() const
+{
+    return shop + QLatin1Char('/') + group + QLatin1Char('/') + priority;
+}
+
+bool GoodsPrice::operator==(const GoodsPrice &other) const
+{
+    return price == other.price && place().text() == other.place().text();
+}
+
+PriceKey GoodsPrice::place() const
+{
+    return {shop.id, group.id, QString::number(priority)};
+}
+
+bool isPriceKey(const QString &key)
+{
+    return key.startsWith(pricePrefix);
+}
+
+bool isBarcodeKey(const QString &key)
+{
+    return key.startsWith(barcodePrefix);
+}
+
+QString withoutTable(const QString &key)
+{
+    return key.mid(key.indexOf(QLatin1Char('/')) + 1);
+}
+
+RecordFields priceFields(const QVector<GoodsPrice> &prices)
+{
+    RecordFields fields;
+    for (const GoodsPrice &price : prices)
+        fields.append({pricePrefix + price.place().text(), priceCaption(price), QString::number(price.price),
+                       moneyText(price.price), QVariant::fromValue(price)});
+    return fields;
+}
+
+RecordFields barcodeFields(const QStringList &codes)
+{
+    RecordFields fields;
+    for (const QString &code : codes)
+        fields.append({barcodePrefix + code, Goods::tr("Штрихкод"), code, code, code});
+    return fields;
+}
+
+QVector<GoodsPrice> pricesOf(const RecordFields &fields)
+{
+    QVector<GoodsPrice> prices;
+    for (const RecordField &field : fields) {
+        if (isPriceKey(field.key))
+            prices.append(field.row.value<GoodsPrice>());
+    }
+    return prices;
+}
+
+QStringList barcodesOf(const RecordFields &fields)
+{
+    QStringList codes;
+    for (const RecordField &field : fields) {
+        if (isBarcodeKey(field.key))
+            codes.append(field.stored);
+    }
+    return codes;
+}
+
+std::optional<RecordFields> readGoodsRows(const Db &db, const QString &id)
 {
     auto rows =
         db.run(QStringLiteral(
@@ -64,47 +119,19 @@ bool loadPrices(const Db &db, const QString &id, GoodsRecord *record)
                    "prices.id_shop FROM prices LEFT JOIN group_shop ON prices.id_group=group_shop.id LEFT "
                    "JOIN shops ON prices.id_shop=shops.id WHERE prices.id_goods=") +
                id);
-    while (rows && rows->next())
-        record->prices.append(readPrice(*rows));
-    return rows.has_value();
-}
-
-/// The first column of all rows; false after a failure.
-bool loadTexts(const Db &db, const QString &sql, QStringList *texts)
-{
-    auto rows = db.run(sql);
-    while (rows && rows->next())
-        texts->append(toText(rows->value(0)));
-    return rows.has_value();
-}
-} // namespace
-
-bool GoodsPrice::operator==(const GoodsPrice &other) const
-{
-    return price == other.price && replaces(other);
-}
-
-bool GoodsPrice::replaces(const GoodsPrice &other) const
-{
-    return priority == other.priority && group.id == other.group.id && shop.id == other.shop.id;
-}
-
-std::optional<GoodsRecord> loadGoods(const Db &db, const QString &id)
-{
-    auto row = db.run(recordQuery() + QStringLiteral(" WHERE goods.id=") + id);
-    if (!row)
+    auto codes = db.run(QStringLiteral("SELECT shtrihcod FROM dk_shc WHERE id_goods=") + id);
+    if (!rows || !codes)
         return std::nullopt;
-    if (!row->next()) {
-        postMessage(db.receiver(), Goods::tr("Запис не знайдено id=") + id);
-        return std::nullopt;
-    }
-    GoodsRecord record = readFields(*row);
-    if (!loadPrices(db, id, &record) ||
-        !loadTexts(db, QStringLiteral("SELECT shtrihcod FROM dk_shc WHERE id_goods=") + id,
-                   &record.barcodes) ||
-        !loadTexts(db, QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id, &record.shops))
-        return std::nullopt;
-    return record;
+    QVector<GoodsPrice> prices;
+    while (rows->next())
+        prices.append(readPrice(*rows));
+    return priceFields(prices) + barcodeFields(firstColumn(&*codes));
+}
+
+QStringList shopsOf(const Db &db, const QString &id)
+{
+    auto shops = db.run(QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id);
+    return shops ? firstColumn(&*shops) : QStringList();
 }
 
 std::optional<QString> otherWithRule(const Db &db, const QString &group, uint rule, const QString &id)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "combos.h"
+#include "recordfields.h"
 
+#include <QMetaType>
 #include <QStringList>
 #include <QVector>
 #include <optional>
@@ -14,6 +16,9 @@ struct PriceKey
     QString shop;
     QString group;
     QString priority;
+
+    /// The same place, the same text.
+    QString text() const;
 };
 
 /// A price of an item beside its base price, in kopecks.
@@ -28,34 +33,27 @@ struct GoodsPrice
     std::optional<PriceKey> origin;
 
     bool operator==(const GoodsPrice &other) const;
-    /// The same place: the database holds one price for it.
-    bool replaces(const GoodsPrice &other) const;
+    PriceKey place() const;
 };
+Q_DECLARE_METATYPE(GoodsPrice)
 
-/// One item with its barcodes and prices, as the editor shows it.
-struct GoodsRecord
-{
-    QString name;
-    /// A null text stands for NULL.
-    QString shortName;
-    /// In kopecks; nothing when the database holds none.
-    std::optional<qint64> price;
-    NamedId type;
-    NamedId group;
-    NamedId tax;
-    NamedId rule;
-    NamedId paymBonus;
-    NamedId bonusDisk;
-    NamedId block;
-    QStringList barcodes;
-    QVector<GoodsPrice> prices;
-    /// The ids of the shops that are to offer the item. Shops are only added: those that offer it already
-    /// keep their stock.
-    QStringList shops;
-};
+/// What belongs to an item beside its own row, as values of the record: a price by its place, a barcode by
+/// itself.
+bool isPriceKey(const QString &key);
+bool isBarcodeKey(const QString &key);
+/// The barcode, or the text of the place, in such a key.
+QString withoutTable(const QString &key);
+RecordFields priceFields(const QVector<GoodsPrice> &prices);
+RecordFields barcodeFields(const QStringList &codes);
+/// The prices among the values of a record.
+QVector<GoodsPrice> pricesOf(const RecordFields &fields);
+QStringList barcodesOf(const RecordFields &fields);
 
-/// The item of that id; nothing after a failure or when there is none (reported).
-std::optional<GoodsRecord> loadGoods(const Db &db, const QString &id);
+/// Prices and barcodes of the item of that id; nothing after a reported failure.
+std::optional<RecordFields> readGoodsRows(const Db &db, const QString &id);
+
+/// The ids of the shops that offer the item; none after a reported failure.
+QStringList shopsOf(const Db &db, const QString &id);
 
 /// The other item of the group that has the rule already; empty when there is none, nothing after a
 /// failure. id: the item itself, empty for a new one.

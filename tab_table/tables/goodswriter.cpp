@@ -3,8 +3,6 @@
 #include "db.h"
 #include "goodsrules.h"
 #include "qmessevent.h"
-#include "qupdatebd.h"
-#include "storedrecord.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -15,77 +13,6 @@ struct Goods
     Q_DECLARE_TR_FUNCTIONS(Goods)
 };
 
-QString number(qint64 value)
-{
-    return QString::number(value);
-}
-
-MeantColumns columnsOf(const GoodsRecord &record)
-{
-    return {{"name", record.name, Goods::tr("Назва товару")},
-            {"name_short", record.shortName, Goods::tr("Коротка назва")},
-            {"price", record.price ? number(*record.price) : QString(), Goods::tr("Ціна")},
-            {"type", record.type.id, Goods::tr("Тип товару")},
-            {"group_g", record.group.id, Goods::tr("Група")},
-            {"tax", record.tax.id, Goods::tr("Податкова група")},
-            {"id_rules_goods", record.rule.id, Goods::tr("Правило")},
-            {"paym_bonus", record.paymBonus.id, Goods::tr("Оплата бонусами")},
-            {"bonus_disk", record.bonusDisk.id, Goods::tr("Знижка/Бонус")},
-            {"block", record.block.id, Goods::tr("Блокування")}};
-}
-
-Db::Values fieldValues(const GoodsRecord &record)
-{
-    return {{QStringLiteral(":name"), record.name},
-            {QStringLiteral(":sname"), record.shortName},
-            {QStringLiteral(":price"), record.price ? QVariant(*record.price) : QVariant(QVariant::LongLong)},
-            {QStringLiteral(":type"), nullIfEmpty(record.type.name)},
-            {QStringLiteral(":group"), nullIfEmpty(record.group.name)},
-            {QStringLiteral(":tax"), nullIfEmpty(record.tax.name)},
-            {QStringLiteral(":paym_bonus"), nullIfEmpty(record.paymBonus.name)},
-            {QStringLiteral(":bonus_disk"), nullIfEmpty(record.bonusDisk.name)},
-            {QStringLiteral(":id_rules_goods"), nullIfEmpty(record.rule.name)},
-            {QStringLiteral(":block"), nullIfEmpty(record.block.name)}};
-}
-
-bool insertGoods(const Db &db, const GoodsRecord &record, QString *id)
-{
-    Db::Values values = fieldValues(record);
-    values.append({QStringLiteral(":id"), nullIfEmpty(*id)});
-    if (!db.run(QStringLiteral(
-                    "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
-                    "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
-                    "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
-                    "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
-                    "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
-                    "FROM yesno WHERE name=:block))"),
-                values))
-        return false;
-    // After an id that was given, the server still tells the one that it made up before.
-    if (!id->isEmpty())
-        return true;
-    const auto made = db.lastInsertId();
-    if (made)
-        *id = QString::number(*made);
-    return made.has_value();
-}
-
-bool updateGoods(const Db &db, const GoodsRecord &record, const QString &id)
-{
-    // The NULL stamps the row with the time of the change.
-    return db
-        .run(QStringLiteral(
-                 "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM type_goods "
-                 "WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),tax=(SELECT id "
-                 "FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE name=:paym_bonus),"
-                 "bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),id_rules_goods=(SELECT id FROM "
-                 "rules_goods WHERE name=:id_rules_goods),block=(SELECT id FROM yesno WHERE name=:block),"
-                 "data_update=NULL WHERE goods.id=") +
-                 id,
-             fieldValues(record))
-        .has_value();
-}
-
 /// What stands in a price row beside its price and place, as the SET clause of an UPDATE.
 const QLatin1String hiddenColumns[] = {QLatin1String("price_in"),
                                        QLatin1String("period_start_date"),
@@ -94,11 +21,6 @@ const QLatin1String hiddenColumns[] = {QLatin1String("price_in"),
                                        QLatin1String("period_end_time"),
                                        QLatin1String("week_day"),
                                        QLatin1String("info")};
-
-QString placeKey(const PriceKey &key)
-{
-    return key.shop + QLatin1Char('/') + key.group + QLatin1Char('/') + key.priority;
-}
 
 QString hiddenValues(const QSqlQuery &row, int firstColumn)
 {
@@ -123,7 +45,7 @@ std::optional<QHash<QString, QString>> hiddenPrices(const Db &db, const QString 
         return std::nullopt;
     QHash<QString, QString> hidden;
     while (rows->next())
-        hidden.insert(placeKey({toText(rows->value(0)), toText(rows->value(1)), toText(rows->value(2))}),
+        hidden.insert(PriceKey{toText(rows->value(0)), toText(rows->value(1)), toText(rows->value(2))}.text(),
                       hiddenValues(*rows, 3));
     return hidden;
 }
@@ -134,11 +56,11 @@ bool staysInPlace(const GoodsPrice &price)
     return price.origin && price.origin->shop == price.shop.id && price.origin->group == price.group.id;
 }
 
-bool insertChosen(const Db &db, const GoodsRecord &record, const QString &id)
+bool insertChosen(const Db &db, const QVector<GoodsPrice> &prices, const QString &id)
 {
     QString sql = QStringLiteral("INSERT INTO prices(id_goods,price,priority,id_group,id_shop) VALUES");
     QVariantList values;
-    for (const GoodsPrice &price : record.prices) {
+    for (const GoodsPrice &price : prices) {
         if (staysInPlace(price))
             continue;
         sql += QLatin1Char('(') + id +
@@ -151,40 +73,42 @@ bool insertChosen(const Db &db, const GoodsRecord &record, const QString &id)
     return values.isEmpty() || db.runPositional(sql, values);
 }
 
-/// Writes a row again that stays in its place, or what it had beside its price into one that was moved.
+/// Writes a row again that stays in its place, or what it had beside its price into one that was moved. A row
+/// that others have taken away meanwhile had nothing.
 bool restore(const Db &db, const GoodsPrice &price, const QString &hidden, const QString &id)
 {
     const QString place = QStringLiteral("id_goods=%1%5id_shop=%2%5id_group=%3%5priority=%4")
-                              .arg(id, price.shop.id, price.group.id, number(price.priority));
+                              .arg(id, price.shop.id, price.group.id, QString::number(price.priority));
     if (staysInPlace(price))
         return db
-            .run(QStringLiteral("INSERT INTO prices SET %1,price=%2,%3")
-                     .arg(place.arg(QLatin1Char(',')), number(price.price), hidden))
+            .run(QStringLiteral("INSERT INTO prices SET %1,price=%2")
+                     .arg(place.arg(QLatin1Char(',')), QString::number(price.price)) +
+                 (hidden.isEmpty() ? QString() : QLatin1Char(',') + hidden))
             .has_value();
-    return db
-        .run(QStringLiteral("UPDATE prices SET %1 WHERE %2").arg(hidden, place.arg(QStringLiteral(" AND "))))
-        .has_value();
+    return hidden.isEmpty() || db.run(QStringLiteral("UPDATE prices SET %1 WHERE %2")
+                                          .arg(hidden, place.arg(QStringLiteral(" AND "))));
 }
+} // namespace
 
-bool replacePrices(const Db &db, const GoodsRecord &record, const QString &id)
+bool replacePrices(const Db &db, const QVector<GoodsPrice> &prices, const QString &id)
 {
     const auto hidden = hiddenPrices(db, id);
     if (!hidden || !db.run(QStringLiteral("DELETE FROM prices WHERE id_goods=") + id) ||
-        !insertChosen(db, record, id))
+        !insertChosen(db, prices, id))
         return false;
-    for (const GoodsPrice &price : record.prices) {
-        if (price.origin && !restore(db, price, hidden->value(placeKey(*price.origin)), id))
+    for (const GoodsPrice &price : prices) {
+        if (price.origin && !restore(db, price, hidden->value(price.origin->text()), id))
             return false;
     }
     return true;
 }
 
-bool replaceBarcodes(const Db &db, const GoodsRecord &record, const QString &id)
+bool replaceBarcodes(const Db &db, const QStringList &codes, const QString &id)
 {
     if (!db.run(QStringLiteral("DELETE FROM dk_shc WHERE id_goods=") + id))
         return false;
     QStringList rows;
-    for (const QString &code : record.barcodes)
+    for (const QString &code : codes)
         rows.append(QLatin1Char('(') + id + QLatin1Char(',') + barcodeInSql(code) + QLatin1Char(')'));
     return rows.isEmpty() || db.run(QStringLiteral("INSERT INTO dk_shc(id_goods,shtrihcod) VALUES") +
                                     rows.join(QLatin1Char(',')));
@@ -199,65 +123,9 @@ bool offerToShops(const Db &db, const QStringList &shops, const QString &id)
                    .arg(id, shops.join(QLatin1Char(','))));
 }
 
-QStringList sorted(QStringList texts)
+QString explainPrices(const Db &db, const QVector<GoodsPrice> &prices)
 {
-    texts.sort();
-    return texts;
-}
-
-QStringList pricesAsText(const GoodsRecord &record)
-{
-    QStringList texts;
-    for (const GoodsPrice &price : record.prices)
-        texts.append(
-            QStringList{number(price.price), number(price.priority), price.group.id, price.shop.id}.join(
-                QLatin1Char('|')));
-    return sorted(texts);
-}
-
-/// All rows of a locking SELECT, sorted, their cells joined by "|"; nothing after a failure.
-std::optional<QStringList> storedRows(const Db &db, const QString &columns, const QString &table,
-                                      const QString &id)
-{
-    return [](std::optional<QSqlQuery> rows) -> std::optional<QStringList> {
-        if (!rows)
-            return std::nullopt;
-        QStringList texts;
-        while (rows->next())
-            texts.append(toText(rows->value(0)));
-        return sorted(texts);
-    }(db.run(QStringLiteral("SELECT CONCAT_WS('|',%1) FROM %2 WHERE id_goods=%3 FOR UPDATE")
-                                                 .arg(columns, table, id)));
-}
-
-std::optional<bool> holdsRows(const Db &db, const QString &columns, const QString &table, const QString &id,
-                              const QStringList &wanted)
-{
-    const auto stored = storedRows(db, columns, table, id);
-    return stored ? std::optional<bool>(*stored == wanted) : std::nullopt;
-}
-
-/// How the item in the database differs from the one here: fields, then prices, then barcodes.
-Difference difference(const Db &db, const GoodsRecord &record, const QString &id)
-{
-    Difference found = differenceOf(db, QStringLiteral("goods"), id, columnsOf(record));
-    if (found.what != Difference::Nothing)
-        return found;
-    const auto prices = holdsRows(db, QStringLiteral("price,priority,id_group,id_shop"),
-                                  QStringLiteral("prices"), id, pricesAsText(record));
-    const auto codes =
-        holdsRows(db, QStringLiteral("shtrihcod"), QStringLiteral("dk_shc"), id, sorted(record.barcodes));
-    if (!prices || !codes)
-        return {};
-    if (!*prices || !*codes)
-        return {Difference::Column, *prices ? Goods::tr("Штрихкод") : Goods::tr("Ціни магазинів"), QString()};
-    return found;
-}
-
-/// Names the first price whose group or shop would be stored as another one; empty when there is none.
-QString explainPrices(const Db &db, const GoodsRecord &record)
-{
-    for (const GoodsPrice &price : record.prices) {
+    for (const GoodsPrice &price : prices) {
         if (staysInPlace(price))
             continue;
         const auto group = db.firstText(QStringLiteral("SELECT id FROM group_goods WHERE name=:group"),
@@ -278,15 +146,14 @@ QString explainPrices(const Db &db, const GoodsRecord &record)
     return QString();
 }
 
-/// Names the first barcode that another item has, and that item.
-void explainBarcodes(const Db &db, const GoodsRecord &record, const QString &ownId)
+void explainBarcodes(const Db &db, const QStringList &codes, const QString &ownId)
 {
-    QStringList codes;
-    for (const QString &code : record.barcodes)
-        codes.append(lit(code));
+    QStringList literals;
+    for (const QString &code : codes)
+        literals.append(lit(code));
     QString sql = QStringLiteral("SELECT dk_shc.shtrihcod,goods.id,goods.name FROM dk_shc JOIN goods ON "
                                  "goods.id=dk_shc.id_goods WHERE dk_shc.shtrihcod IN (%1)")
-                      .arg(codes.join(QLatin1Char(',')));
+                      .arg(literals.join(QLatin1Char(',')));
     if (!ownId.isEmpty())
         sql += QStringLiteral(" AND goods.id<>") + ownId;
     auto owner = db.run(sql);
@@ -294,84 +161,4 @@ void explainBarcodes(const Db &db, const GoodsRecord &record, const QString &own
         postMessage(db.receiver(),
                     Goods::tr("Товар не збережено: штрихкод %1 вже має товар №%2 \"%3\".")
                         .arg(toText(owner->value(0)), toText(owner->value(1)), toText(owner->value(2))));
-}
-
-enum class Failed { Meanwhile, Goods, Prices, Barcodes, Shops, Otherwise, Commit, Nowhere };
-
-struct Attempt
-{
-    Failed at;
-    Difference other;
-};
-
-Attempt write(const Db &db, const GoodsRecord &record, const std::optional<GoodsRecord> &loaded, QString *id)
-{
-    Transaction t(db);
-    if (!t)
-        return {Failed::Goods, {}};
-    if (loaded) {
-        const Difference other = difference(db, *loaded, *id);
-        if (other.what != Difference::Nothing)
-            return {Failed::Meanwhile, other};
-    }
-    if (!(loaded ? updateGoods(db, record, *id) : insertGoods(db, record, id)))
-        return {Failed::Goods, {}};
-    const bool pricesChanged = !loaded || record.prices != loaded->prices;
-    if (pricesChanged && !replacePrices(db, record, *id))
-        return {Failed::Prices, {}};
-    if (!replaceBarcodes(db, record, *id))
-        return {Failed::Barcodes, {}};
-    if (!offerToShops(db, record.shops, *id))
-        return {Failed::Shops, {}};
-    const Difference other = difference(db, record, *id);
-    if (other.what != Difference::Nothing)
-        return {Failed::Otherwise, other};
-    return {t.commit() ? Failed::Nowhere : Failed::Commit, {}};
-}
-} // namespace
-
-Saved saveGoods(const Db &db, const GoodsRecord &record, const std::optional<GoodsRecord> &loaded,
-                QString *id)
-{
-    QString savedId = *id;
-    const Attempt attempt = write(db, record, loaded, &savedId);
-    switch (attempt.at) {
-    case Failed::Meanwhile:
-        return refused(changedMeanwhile(attempt.other));
-    case Failed::Prices:
-        return refused(explainPrices(db, record));
-    case Failed::Barcodes:
-        explainBarcodes(db, record, *id);
-        return {};
-    case Failed::Otherwise: {
-        const QString why = explainPrices(db, record);
-        return refused(why.isEmpty() ? storedOtherwise(attempt.other) : why);
-    }
-    case Failed::Commit:
-        *id = savedId;
-        return {Saved::Unclear, QString()};
-    case Failed::Nowhere:
-        *id = savedId;
-        announceGoods(db, record);
-        return {Saved::Written, QString()};
-    default:
-        return {};
-    }
-}
-
-std::optional<bool> isStored(const Db &db, const GoodsRecord &record, const QString &id)
-{
-    waitForServer(db, 3000);
-    const Difference other = difference(db, record, id);
-    if (other.what == Difference::Unknown)
-        return std::nullopt;
-    return other.what == Difference::Nothing;
-}
-
-void announceGoods(const Db &db, const GoodsRecord &record)
-{
-    QStringList changed = {QStringLiteral("goods"), QStringLiteral("dk_shc"), QStringLiteral("prices")};
-    if (!record.shops.isEmpty())
-        changed.append(QStringLiteral("goods_shop"));
-    QUpdateBD().update(changed, *db.connection(), db.receiver());
 }

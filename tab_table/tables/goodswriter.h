@@ -1,18 +1,16 @@
 #pragma once
 
-#include "editdialog.h"
 #include "goodsrecord.h"
 
-/// Writes an item whole, in one transaction. loaded: what was read when the editor was opened, nothing for
-/// a new item; what others have changed since is not written over. Prices that are as loaded are left alone;
-/// of the others, what the editor does not show is kept. id: of the item; for a new one empty or the one it
-/// is to have, and the one that it has afterwards (also when Unclear).
-Saved saveGoods(const Db &db, const GoodsRecord &record, const std::optional<GoodsRecord> &loaded,
-                QString *id);
+/// Replaces the prices of an item inside a transaction. What the editor does not show of a row is kept.
+bool replacePrices(const Db &db, const QVector<GoodsPrice> &prices, const QString &id);
+/// Replaces the barcodes of an item inside a transaction.
+bool replaceBarcodes(const Db &db, const QStringList &codes, const QString &id);
+/// Offers an item in the shops of these ids. Those that offer it already keep their stock.
+bool offerToShops(const Db &db, const QStringList &shops, const QString &id);
 
-/// Whether the database holds the item as it is here; nothing after a failure (reported). Waits for a
-/// transaction that the server has not ended yet.
-std::optional<bool> isStored(const Db &db, const GoodsRecord &record, const QString &id);
-
-/// Tells the other programs that the item was written.
-void announceGoods(const Db &db, const GoodsRecord &record);
+/// Names the first price whose group or shop would be stored as another one, for the user; empty when there
+/// is none.
+QString explainPrices(const Db &db, const QVector<GoodsPrice> &prices);
+/// Reports the first barcode that another item has, and that item. ownId: empty for a new one.
+void explainBarcodes(const Db &db, const QStringList &codes, const QString &ownId);

@@ -9,12 +9,12 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
-#include "qtab.h"
 #include "ui_qaddedtgoods.h"
 
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <utility>
 
 namespace {
 const QLatin1String refusedStyle("background-color: #FF3333");
@@ -22,6 +22,19 @@ const QLatin1String refusedStyle("background-color: #FF3333");
 void mark(QLineEdit *field, bool isRefused)
 {
     field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
+}
+
+QString recordQuery()
+{
+    return QStringLiteral(
+        "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
+        "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
+        "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
+        "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
+        "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
+        "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
+        "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id WHERE "
+        "goods.id=");
 }
 
 void chooseData(QComboBox *box, uint data)
@@ -32,43 +45,56 @@ void chooseData(QComboBox *box, uint data)
 
 QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops,
                            QObject *receiver, QWidget *parent)
-    : EditDialog(parent), ui(new Ui::QAddEdtGoods), m_db(db, receiver), m_id(id)
+    : RecordDialog(Db(db, receiver), QStringLiteral("goods"), id, parent), ui(new Ui::QAddEdtGoods)
 {
+    Q_UNUSED(tab)
     ui->setupUi(this);
     for (QComboBox *box :
          {ui->cbType, ui->cbGroup, ui->cbTax, ui->cbRules, ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock})
         keepNarrow(box);
-    setRecordTitle(*id);
+    setInputs(inputs(), recordQuery());
     buildFields();
-    if (const int length = tab->GetMaxChar(QStringLiteral("goods"), QStringLiteral("name")); length > 0)
-        ui->leName->setMaxLength(length);
     fillLists();
     fillPriceLists(shops);
     connectFields();
-    if (id->isEmpty()) {
+    if (!load())
+        return;
+    // What is too long for a register is cut and coloured.
+    ui->leShortName->setMaxLength(shortNameLength + 1);
+    fillShops(shops);
+    if (isNew()) {
         chooseUsual();
-        fillShops(shops);
         ui->leName->setFocus();
         return;
     }
-    m_loaded = loadGoods(m_db, *id);
-    m_isLoaded = m_loaded.has_value();
-    if (m_loaded)
-        showRecord(*m_loaded);
-    fillShops(shops);
     ui->lePrice->setFocus();
     ui->lePrice->selectAll();
 }
 
 QAddEdtGoods::~QAddEdtGoods() = default;
 
+QVector<RecordInput> QAddEdtGoods::inputs() const
+{
+    using Form = InputForm;
+    return {{ui->leName, Form::Trimmed, "name", ":name"},
+            {ui->leShortName, Form::Trimmed, "name_short", ":sname"},
+            {ui->lePrice, Form::Money, "price", ":price"},
+            {ui->cbType, Form::Entry, "type", ":type", "type_goods.name"},
+            {ui->cbGroup, Form::Entry, "group_g", ":group", "group_goods.name"},
+            {ui->cbTax, Form::Entry, "tax", ":tax", "tax.name"},
+            {ui->cbRules, Form::Entry, "id_rules_goods", ":id_rules_goods", "rules_goods.name"},
+            {ui->cbPaymBonus, Form::Entry, "paym_bonus", ":paym_bonus", "ynpaym_bon.name"},
+            {ui->cbBonusDisk, Form::Entry, "bonus_disk", ":bonus_disk", "ynbon_disk.name"},
+            {ui->cbBlock, Form::Entry, "block", ":block", "ynblock.name"}};
+}
+
 void QAddEdtGoods::buildFields()
 {
-    if (m_id->isEmpty())
+    if (isNew())
         ui->leId->setInputMask(QStringLiteral("000000000000000"));
     else
-        ui->leId->setText(*m_id);
-    ui->leId->setReadOnly(!m_id->isEmpty());
+        ui->leId->setText(id());
+    ui->leId->setReadOnly(!isNew());
     makePriceField(ui->lePrice);
     ui->leShtrih->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
@@ -107,28 +133,32 @@ void QAddEdtGoods::fillLists()
 {
     const struct
     {
-        QComboBox *box;
+        QVector<QComboBox *> boxes;
         const char *sql;
-    } lists[] = {
-        {ui->cbGroup, "SELECT name,id FROM group_goods"}, {ui->cbTax, "SELECT name,id FROM tax"},
-        {ui->cbType, "SELECT name,id FROM type_goods"},   {ui->cbPaymBonus, "SELECT name,id FROM yesno"},
-        {ui->cbBonusDisk, "SELECT name,id FROM yesno"},   {ui->cbBlock, "SELECT name,id FROM yesno"},
-        {ui->cbRules, "SELECT name,id FROM rules_goods"}};
-    for (const auto &list : lists)
-        fillCombo(list.box, m_db, QLatin1String(list.sql));
+    } lists[] = {{{ui->cbGroup}, "SELECT name,id FROM group_goods"},
+                 {{ui->cbTax}, "SELECT name,id FROM tax"},
+                 {{ui->cbType}, "SELECT name,id FROM type_goods"},
+                 {{ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock}, "SELECT name,id FROM yesno"},
+                 {{ui->cbRules}, "SELECT name,id FROM rules_goods"}};
+    for (const auto &list : lists) {
+        const auto entries = readEntries(db(), QLatin1String(list.sql));
+        for (QComboBox *box : list.boxes)
+            showEntries(box, entries.value_or(ListEntries()));
+    }
 }
 
 void QAddEdtGoods::fillPriceLists(const QVector<NamedId> &shops)
 {
     QVector<NamedId> groups;
-    auto names = m_db.run(QStringLiteral("SELECT name,id FROM group_shop"));
-    while (names && names->next())
-        groups.append({toText(names->value(0)), toText(names->value(1))});
+    const auto entries = readEntries(db(), QStringLiteral("SELECT name,id FROM group_shop"));
+    for (const auto &[name, id] : entries.value_or(ListEntries())) {
+        groups.append({name, toText(id)});
+        if (id.toUInt() == 1)
+            m_defaultGroup = name;
+    }
     ui->twPrices->setLists(groups, shops);
-    const auto preset = m_db.firstText(QStringLiteral("SELECT name FROM group_shop WHERE id=1"));
-    m_defaultGroup = preset.value_or(QString());
     if (m_defaultGroup.isEmpty())
-        postMessage(m_db.receiver(), tr("Невідоме значення по замовчуванню для групи магазинів!"));
+        postMessage(db().receiver(), tr("Невідоме значення по замовчуванню для групи магазинів!"));
 }
 
 /// What a new item has, as the database itself presets it.
@@ -144,30 +174,51 @@ void QAddEdtGoods::chooseUsual()
         chooseData(choice.box, choice.id);
 }
 
-void QAddEdtGoods::showRecord(const GoodsRecord &found)
+std::optional<RecordFields> QAddEdtGoods::read(const QString &id) const
 {
-    ui->leName->setText(found.name);
-    showStored(ui->leShortName, QVariant(found.shortName));
-    if (found.price)
-        ui->lePrice->setText(moneyText(*found.price));
-    const QPair<QComboBox *, NamedId> lists[] = {
-        {ui->cbType, found.type},  {ui->cbGroup, found.group},         {ui->cbTax, found.tax},
-        {ui->cbRules, found.rule}, {ui->cbPaymBonus, found.paymBonus}, {ui->cbBonusDisk, found.bonusDisk},
-        {ui->cbBlock, found.block}};
-    for (const auto &[box, entry] : lists)
-        chooseId(box, entry.id);
-    ui->lwShtrih->addItems(found.barcodes);
-    for (const GoodsPrice &price : found.prices)
-        ui->twPrices->append(price);
+    auto fields = RecordDialog::read(id);
+    if (!fields || fields->isEmpty())
+        return fields;
+    const auto rows = readGoodsRows(db(), id);
+    if (!rows)
+        return std::nullopt;
+    return *fields + *rows;
+}
+
+RecordFields QAddEdtGoods::entered() const
+{
+    return RecordDialog::entered() + priceFields(ui->twPrices->prices()) + barcodeFields(barcodes());
+}
+
+void QAddEdtGoods::showField(const QString &key, const std::optional<RecordField> &value)
+{
+    if (isBarcodeKey(key))
+        showBarcode(withoutTable(key), value.has_value());
+    else if (!isPriceKey(key))
+        RecordDialog::showField(key, value);
+    else if (value)
+        ui->twPrices->put(value->row.value<GoodsPrice>());
+    else
+        ui->twPrices->remove(withoutTable(key));
+}
+
+void QAddEdtGoods::showBarcode(const QString &code, bool isThere)
+{
+    const auto shown = ui->lwShtrih->findItems(code, Qt::MatchExactly);
+    if (isThere && shown.isEmpty())
+        ui->lwShtrih->addItem(code);
+    else if (!isThere)
+        qDeleteAll(shown);
 }
 
 /// Where the item is sold already it stays: its stock lies there.
 void QAddEdtGoods::fillShops(const QVector<NamedId> &shops)
 {
+    const QStringList sold = isNew() ? QStringList() : shopsOf(db(), id());
     // First those that can be chosen.
     for (const bool isOffered : {false, true}) {
         for (const NamedId &shop : shops) {
-            if (isOffered != (m_loaded && m_loaded->shops.contains(shop.id)))
+            if (isOffered != sold.contains(shop.id))
                 continue;
             auto *item = new QListWidgetItem(shop.name, ui->lwShops);
             item->setData(Qt::UserRole, shop.id);
@@ -291,31 +342,20 @@ QStringList QAddEdtGoods::barcodes() const
 }
 
 /// An item without a short name gets the beginning of its name; one that was stored without stays so.
-QString QAddEdtGoods::shortName() const
+void QAddEdtGoods::completeShortName()
 {
-    const QString text = typed(ui->leShortName).toString().trimmed();
-    const bool hadNone = m_loaded && m_loaded->shortName.isEmpty();
-    return text.isEmpty() && !hadNone ? ui->leName->text().trimmed().left(shortNameLength) : text;
+    if (ui->leShortName->text().trimmed().isEmpty() && !hadNo("name_short"))
+        ui->leShortName->setText(ui->leName->text().trimmed().left(shortNameLength));
 }
 
-GoodsRecord QAddEdtGoods::record() const
+/// True for an item that was stored without a value there: it may go without.
+bool QAddEdtGoods::hadNo(const char *column) const
 {
-    GoodsRecord goods;
-    goods.name = ui->leName->text().trimmed();
-    goods.shortName = shortName();
-    if (qint64 price = 0; priceFromText(ui->lePrice->text(), &price))
-        goods.price = price;
-    goods.type = chosenItem(ui->cbType);
-    goods.group = chosenItem(ui->cbGroup);
-    goods.tax = chosenItem(ui->cbTax);
-    goods.rule = chosenItem(ui->cbRules);
-    goods.paymBonus = chosenItem(ui->cbPaymBonus);
-    goods.bonusDisk = chosenItem(ui->cbBonusDisk);
-    goods.block = chosenItem(ui->cbBlock);
-    goods.barcodes = barcodes();
-    goods.prices = ui->twPrices->prices();
-    goods.shops = newShops();
-    return goods;
+    for (const RecordField &field : readFields()) {
+        if (field.key == QLatin1String(column))
+            return field.stored.isEmpty();
+    }
+    return false;
 }
 
 QString QAddEdtGoods::refusal() const
@@ -332,11 +372,10 @@ QString QAddEdtGoods::refusal() const
     return why.isEmpty() ? ruleRefusal() : why;
 }
 
-/// An item that was stored without a price may go without one.
 QString QAddEdtGoods::priceRefusalHere() const
 {
     const QString text = ui->lePrice->text();
-    if (m_loaded && !m_loaded->price && text.isEmpty())
+    if (text.isEmpty() && hadNo("price"))
         return QString();
     const QString why = priceRefusal(text);
     return why.isEmpty() ? why : tr("Ціна ") + why;
@@ -346,7 +385,7 @@ QString QAddEdtGoods::barcodesRefusal() const
 {
     const QStringList codes = barcodes();
     // An item that was stored without a barcode may go without one.
-    if (codes.isEmpty() && !(m_loaded && m_loaded->barcodes.isEmpty()))
+    if (codes.isEmpty() && (isNew() || !barcodesOf(readFields()).isEmpty()))
         return tr("Товар повинен мати хоча б один штрихкод!");
     for (const QString &code : codes) {
         if (!isStoredBarcode(code))
@@ -365,7 +404,7 @@ QString QAddEdtGoods::idRefusal() const
     const quint64 id = text.toULongLong();
     if (id == 0 || id > greatestGoodsId)
         return tr("Код товару повинен бути від 1 до %1.").arg(greatestGoodsId);
-    auto other = m_db.run(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
+    auto other = db().run(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
     if (!other)
         return tr("Код товару не перевірено: сервер відповів помилкою.");
     return other->next() ? tr("Товар №%1 вже є: \"%2\".").arg(QString::number(id), toText(other->value(0)))
@@ -378,7 +417,7 @@ QString QAddEdtGoods::ruleRefusal() const
     if (!isExclusiveRule(rule))
         return QString();
     const QString group = ui->cbGroup->currentText();
-    const auto other = otherWithRule(m_db, group, rule, *m_id);
+    const auto other = otherWithRule(db(), group, rule, id());
     if (!other)
         return tr("Правило товару не перевірено: сервер відповів помилкою.");
     if (other->isEmpty())
@@ -391,26 +430,89 @@ QString QAddEdtGoods::ruleRefusal() const
 
 bool QAddEdtGoods::save()
 {
-    m_sent = record();
-    m_sentId = *m_id;
-    if (const QString typedId = ui->leId->text(); isNew() && !typedId.isEmpty())
-        m_sentId = QString::number(typedId.toULongLong());
-    if (!isSaved(saveGoods(m_db, m_sent, m_loaded, &m_sentId)))
+    completeShortName();
+    return RecordDialog::save();
+}
+
+QStringList QAddEdtGoods::lockStatements(const QString &id) const
+{
+    return RecordDialog::lockStatements(id) +
+           QStringList{QStringLiteral("SELECT id_goods FROM prices WHERE id_goods=%1 FOR UPDATE").arg(id),
+                       QStringLiteral("SELECT id_goods FROM dk_shc WHERE id_goods=%1 FOR UPDATE").arg(id)};
+}
+
+bool QAddEdtGoods::insertRecord(QString *id)
+{
+    const quint64 wanted = ui->leId->text().toULongLong();
+    const QString sql = QStringLiteral(
+        "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
+        "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
+        "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
+        "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
+        "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
+        "FROM yesno WHERE name=:block))");
+    Db::Values values = boundValues(false);
+    values.append({QStringLiteral(":id"), wanted == 0 ? QVariant(QVariant::ULongLong) : QVariant(wanted)});
+    m_step = Step::Item;
+    // After an id that was given, the server still tells the one that it made up before.
+    if (wanted == 0)
+        return insertWith(sql, values, id) && writeRows(*id);
+    *id = QString::number(wanted);
+    return db().run(sql, values) && writeRows(*id);
+}
+
+bool QAddEdtGoods::updateRecord(const QString &id)
+{
+    m_step = Step::Item;
+    // The NULL stamps the row with the time of the change.
+    return db().run(
+               QStringLiteral(
+                   "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM "
+                   "type_goods WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),"
+                   "tax=(SELECT id FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE "
+                   "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
+                   "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
+                   "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id=") +
+                   id,
+               boundValues(true)) &&
+           writeRows(id);
+}
+
+bool QAddEdtGoods::writeRows(const QString &id)
+{
+    const QVector<GoodsPrice> prices = ui->twPrices->prices();
+    m_step = Step::Prices;
+    if ((isNew() || prices != pricesOf(readFields())) && !replacePrices(db(), prices, id))
         return false;
-    *m_id = m_sentId;
+    m_step = Step::Barcodes;
+    if (!replaceBarcodes(db(), barcodes(), id))
+        return false;
+    m_step = Step::Shops;
+    if (!offerToShops(db(), newShops(), id))
+        return false;
+    m_step = Step::All;
     return true;
 }
 
-std::optional<bool> QAddEdtGoods::hasArrived()
+QString QAddEdtGoods::failureWords()
 {
-    return isStored(m_db, m_sent, m_sentId);
+    const Step reached = std::exchange(m_step, Step::Item);
+    if (reached == Step::Barcodes)
+        explainBarcodes(db(), barcodes(), id());
+    const bool mayBePrices = reached == Step::Prices || reached == Step::All;
+    return mayBePrices ? explainPrices(db(), ui->twPrices->prices()) : QString();
+}
+
+QStringList QAddEdtGoods::changedTables() const
+{
+    QStringList changed = {QStringLiteral("goods"), QStringLiteral("dk_shc"), QStringLiteral("prices")};
+    if (!newShops().isEmpty())
+        changed.append(QStringLiteral("goods_shop"));
+    return changed;
 }
 
 void QAddEdtGoods::takeOver()
 {
-    announceGoods(m_db, m_sent);
-    *m_id = m_sentId;
-    m_loaded = m_sent;
-    for (GoodsPrice &price : m_loaded->prices)
-        price.origin = PriceKey{price.shop.id, price.group.id, QString::number(price.priority)};
+    RecordDialog::takeOver();
+    ui->twPrices->takeOver();
 }

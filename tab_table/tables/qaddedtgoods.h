@@ -1,8 +1,7 @@
 #pragma once
 
-#include "db.h"
-#include "editdialog.h"
 #include "goodsrecord.h"
+#include "recorddialog.h"
 
 #include <memory>
 
@@ -13,7 +12,7 @@ class QLineEdit;
 class QTab;
 
 /// The editor of one item with all its barcodes and prices.
-class QAddEdtGoods : public EditDialog
+class QAddEdtGoods : public RecordDialog
 {
     Q_OBJECT
 
@@ -23,9 +22,6 @@ public:
     QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops, QObject *receiver,
                  QWidget *parent);
     ~QAddEdtGoods() override;
-
-    /// False when the item could not be read (reported): there is nothing to show then.
-    bool isLoaded() const { return m_isLoaded; }
 
 public slots:
     /// Puts the typed barcode into the list.
@@ -44,12 +40,20 @@ public slots:
 
 protected:
     QString refusal() const override;
+    std::optional<RecordFields> read(const QString &id) const override;
+    RecordFields entered() const override;
+    void showField(const QString &key, const std::optional<RecordField> &value) override;
+    QStringList lockStatements(const QString &id) const override;
+    bool insertRecord(QString *id) override;
+    bool updateRecord(const QString &id) override;
+    QStringList changedTables() const override;
+    QString failureWords() override;
     bool save() override;
-    std::optional<bool> hasArrived() override;
     void takeOver() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    QVector<RecordInput> inputs() const;
     void buildFields();
     void connectFields();
     void fillLists();
@@ -57,24 +61,20 @@ private:
     void fillShops(const QVector<NamedId> &shops);
     QStringList newShops() const;
     QString priceRefusalHere() const;
-    QString shortName() const;
+    void completeShortName();
     void chooseUsual();
-    void showRecord(const GoodsRecord &found);
-    GoodsRecord record() const;
-    bool isNew() const { return !m_loaded; }
+    void showBarcode(const QString &code, bool isThere);
+    bool hadNo(const char *column) const;
+    bool writeRows(const QString &id);
     QStringList barcodes() const;
     QString idRefusal() const;
     QString barcodesRefusal() const;
     QString ruleRefusal() const;
 
+    /// Where the writing of an item has failed, for the words about it.
+    enum class Step { Item, Prices, Barcodes, Shops, All };
+
     std::unique_ptr<Ui::QAddEdtGoods> ui;
-    const Db m_db;
-    QString *m_id;
-    /// As it was read; nothing for a new item.
-    std::optional<GoodsRecord> m_loaded;
-    bool m_isLoaded = true;
     QString m_defaultGroup;
-    /// What was sent last, and the id that it got, in case the answer was lost.
-    GoodsRecord m_sent;
-    QString m_sentId;
+    Step m_step = Step::Item;
 };

@@ -35,7 +35,6 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
                 {tr("Знижка/Бонус"), 120},
                 {tr("Блокування"), 110}});
     buildFilter();
-    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     seerch(QString());
 }
 
@@ -68,35 +67,6 @@ void QTabGoods::searchAgain()
     seerch(ui->leSearch->text());
 }
 
-void QTabGoods::Edit(const QModelIndex &index)
-{
-    if (!index.isValid())
-        return;
-    QString id = model()->stored(index.row(), idColumn);
-    const QPersistentModelIndex current = index;
-    const auto isSaved = openEditor(&id);
-    if (!isSaved)
-        return;
-    // The list may have changed behind the editor: a search that was on its way has arrived.
-    const QVector<int> rows = rowsOf(id);
-    if (*isSaved && !rows.isEmpty())
-        refresh(id, rows);
-    else if (!*isSaved && mayEdit())
-        finishEditing(false, QString(), current);
-}
-
-void QTabGoods::Add()
-{
-    if (!mayEdit())
-        return;
-    QString id;
-    const auto isSaved = openEditor(&id);
-    if (isSaved && *isSaved)
-        refresh(id, {});
-    else if (isSaved)
-        finishEditing(false, QString(), QModelIndex());
-}
-
 QVector<int> QTabGoods::rowsOf(const QString &id) const
 {
     QVector<int> rows;
@@ -107,17 +77,14 @@ QVector<int> QTabGoods::rowsOf(const QString &id) const
     return rows;
 }
 
-std::optional<bool> QTabGoods::openEditor(QString *id)
+std::unique_ptr<RecordDialog> QTabGoods::makeEditor(QString *id)
 {
     QComboBox box;
     GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), &box);
     QVector<NamedId> shops;
     for (int i = 0; i < box.count(); ++i)
         shops.append({box.itemText(i), toText(box.itemData(i))});
-    QAddEdtGoods editor(this, db().connection(), id, shops, receiver(), this);
-    if (!editor.isLoaded())
-        return false;
-    return runEditor(&editor);
+    return std::make_unique<QAddEdtGoods>(this, db().connection(), id, shops, receiver(), this);
 }
 
 bool QTabGoods::takesOneRow(const QString &id) const
@@ -128,14 +95,15 @@ bool QTabGoods::takesOneRow(const QString &id) const
     return count && count->toInt() <= 1;
 }
 
-void QTabGoods::refresh(const QString &id, const QVector<int> &rows)
+void QTabGoods::refreshRecord(const QString &id, bool isNew)
 {
-    const QString where = QStringLiteral(" WHERE goods.id=") + id;
-    if (rows.size() <= 1 && takesOneRow(id)) {
-        finishEditing(true, where, model()->index(rows.value(0, -1), idColumn));
+    const QVector<int> rows = isNew ? QVector<int>() : rowsOf(id);
+    if (!isNew && rows.isEmpty())
         return;
-    }
-    auto records = db().run(query + where, {}, tr("Помилка при зчитуванні запису."));
+    if (rows.size() <= 1 && takesOneRow(id))
+        return QTab::refreshRecord(id, isNew);
+    auto records =
+        db().run(query + QStringLiteral(" WHERE goods.id=") + id, {}, tr("Помилка при зчитуванні запису."));
     if (records)
         writeRows(*records, rows);
 }

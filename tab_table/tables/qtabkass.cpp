@@ -86,7 +86,6 @@ void QTabKass::followRights()
 
 void QTabKass::connectGrid()
 {
-    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabKass::LMoveMouse);
     connect(view(), &QNTableView::RClicked, this, &QTabKass::RightClickSlot);
     // The same without a mouse.
@@ -183,28 +182,10 @@ void QTabKass::rowShown(int row)
     showLineState(model(), row, {Id, IpAddress}, isOnLine ? LineState::OnLine : LineState::OffLine);
 }
 
-void QTabKass::Edit(const QModelIndex &index)
+std::unique_ptr<RecordDialog> QTabKass::makeEditor(QString *id)
 {
-    if (!index.isValid())
-        return;
-    QString id = model()->stored(index.row(), Id);
-    QString group;
-    QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, 0);
-    if (!editor.isLoaded())
-        return;
-    if (const auto isSaved = runEditor(&editor))
-        finishEditor(*isSaved, id, false);
-}
-
-void QTabKass::Add()
-{
-    if (!mayEdit())
-        return;
-    QString id;
-    QString group = chosenGroup();
-    QAddEdtKass editor(this, db().connection(), &id, group, receiver(), this, chosenShop());
-    if (const auto isSaved = editor.isLoaded() ? runEditor(&editor) : false)
-        finishEditor(*isSaved, id, true);
+    return std::make_unique<QAddEdtKass>(this, db().connection(), id, chosenGroup(), receiver(), this,
+                                         id->isEmpty() ? chosenShop() : 0);
 }
 
 void QTabKass::start(const LaunchCommand &command, const QModelIndex &index)

@@ -17,7 +17,6 @@ public:
     QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QTabKass() override;
 
-    using QTab::Edit;
     using QTab::user;
     /// The shop group chosen in the filter by its name; empty for all groups.
     QString chosenGroup() const;
@@ -31,8 +30,6 @@ public slots:
     void GroupChange(const QString &text);
     /// Lists the registers of the chosen shop or group whose shop's address holds the text.
     void seerch(const QString &text);
-    void Edit(const QModelIndex &index) override;
-    void Add() override;
     void openedByMenu() override { LoadData(0); }
     /// A drag of more than 49 pixels to the right starts the settings' program for it.
     void LMoveMouse(int countpx, const QModelIndex &index);
@@ -43,6 +40,7 @@ protected:
     void rowsShown() override;
     void rowShown(int row) override;
     void followRights() override;
+    std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
 
 private:
     void buildFilter();

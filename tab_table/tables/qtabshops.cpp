@@ -83,7 +83,6 @@ void QTabShops::followRights()
 
 void QTabShops::connectGrid()
 {
-    connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabShops::LMoveMouse);
     connect(view(), &QNTableView::RClicked, this, &QTabShops::RightClickSlot);
     // The same without a mouse.
@@ -146,26 +145,9 @@ void QTabShops::rowShown(int row)
     showLineState(model(), row, {Id, Network}, state);
 }
 
-void QTabShops::Edit(const QModelIndex &index)
+std::unique_ptr<RecordDialog> QTabShops::makeEditor(QString *id)
 {
-    if (!index.isValid())
-        return;
-    QString id = model()->stored(index.row(), Id);
-    QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
-    if (!editor.isLoaded())
-        return;
-    if (const auto isSaved = runEditor(&editor))
-        finishEditor(*isSaved, id, false);
-}
-
-void QTabShops::Add()
-{
-    if (!mayEdit())
-        return;
-    QString id;
-    QAddEdtShop editor(this, user(), db().connection(), &id, receiver(), this);
-    if (const auto isSaved = editor.isLoaded() ? runEditor(&editor) : false)
-        finishEditor(*isSaved, id, true);
+    return std::make_unique<QAddEdtShop>(this, user(), db().connection(), id, receiver(), this);
 }
 
 void QTabShops::LMoveMouse(int countpx, const QModelIndex &index)

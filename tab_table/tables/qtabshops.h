@@ -15,15 +15,12 @@ public:
     QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QTabShops() override;
 
-    using QTab::Edit;
     /// The shop group chosen in the filter; 0 for all groups.
     uint chosenGroup() const;
 
 public slots:
     /// Lists the shops of the chosen group and state whose address or name holds the text.
     void seerch(const QString &text);
-    void Edit(const QModelIndex &index) override;
-    void Add() override;
     /// A drag of more than 50 pixels to the right asks for the registers of the shop.
     void LMoveMouse(int countpx, const QModelIndex &index);
     /// Starts the settings' program for shops against the gateway of the shop.
@@ -37,6 +34,7 @@ protected:
     void rowsShown() override;
     void rowShown(int row) override;
     void followRights() override;
+    std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
 
 private:
     void buildFilter();
