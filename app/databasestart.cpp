@@ -3,7 +3,6 @@
 #include "db.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
-#include "qtablebase.h"
 #include "schema.h"
 #include "servererror.h"
 
@@ -16,9 +15,9 @@ struct Window
     Q_DECLARE_TR_FUNCTIONS(Veltab)
 };
 
-void finish(QObject *receiver, QProcEvent::Outcome outcome)
+JobResult ended(QProcEvent::Outcome outcome)
 {
-    QCoreApplication::postEvent(receiver, new QProcEvent(outcome));
+    return {JobResult::Done, {}, outcome};
 }
 
 QProcEvent::Outcome connectionFailure(const QSqlDatabase &db, QObject *receiver)
@@ -30,12 +29,13 @@ QProcEvent::Outcome connectionFailure(const QSqlDatabase &db, QObject *receiver)
 }
 
 /// Tried aside first: the client library cannot be called off while it waits for a silent server.
-bool isAnswering(const DatabaseAddress &address, QObject *receiver, const std::atomic<bool> *isGivenUp)
+bool isAnswering(const DatabaseAddress &address, const JobContext &context)
 {
-    const ServerAnswer answer = connectAside(address, *isGivenUp);
+    const ServerAnswer answer = connectAside(address, context.cancelled());
     const bool isLost = isConnectionLost(answer.error);
     if (isLost && !answer.isGivenUp)
-        postMessage(receiver, Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + answer.text);
+        postMessage(context.receiver(),
+                    Window::tr("Помилка з'єднання з БД.") + QLatin1Char('\n') + answer.text);
     return !isLost;
 }
 
@@ -69,47 +69,31 @@ QProcEvent::Outcome lookForTables(QSqlDatabase *connection, QObject *receiver)
 }
 } // namespace
 
-void connectToDatabase(QSqlDatabase *connection, const DatabaseAddress &address, QObject *receiver,
-                       const std::atomic<bool> *isGivenUp)
+JobResult connectToDatabase(JobContext &context, QSqlDatabase connection, const DatabaseAddress &address)
 {
+    QObject *receiver = context.receiver();
     postMessage(receiver,
                 Window::tr("Підключення до бази даних на %1:%2").arg(address.host).arg(address.port),
                 QMessEvent::Information);
-    if (!isAnswering(address, receiver, isGivenUp)) {
-        finish(receiver, QProcEvent::ConnectionFailed);
-        return;
-    }
-    if (!openConnection(*connection, receiver)) {
-        finish(receiver, connectionFailure(*connection, receiver));
-        return;
-    }
+    if (!isAnswering(address, context))
+        return ended(QProcEvent::ConnectionFailed);
+    if (!openConnection(connection, receiver))
+        return ended(connectionFailure(connection, receiver));
     postMessage(receiver, Window::tr("Зєднання з БД всановлено."), QMessEvent::Information);
-    finish(receiver, lookForTables(connection, receiver));
+    return ended(lookForTables(&connection, receiver));
 }
 
-void createDatabaseAndSchema(const DatabaseAddress &address, QObject *receiver,
-                             const std::atomic<bool> *isGivenUp)
+JobResult createDatabaseAndSchema(JobContext &context, const DatabaseAddress &address)
 {
-    if (!isAnswering(address, receiver, isGivenUp)) {
-        finish(receiver, QProcEvent::SchemaFailed);
-        return;
-    }
+    QObject *receiver = context.receiver();
     QString error;
+    if (!isAnswering(address, context))
+        return ended(QProcEvent::SchemaFailed);
     if (!createDatabase(address, receiver, &error)) {
         postMessage(receiver, Window::tr("Не вдалося створити базу даних.") + QLatin1Char('\n') + error);
-        finish(receiver, QProcEvent::SchemaFailed);
-        return;
+        return ended(QProcEvent::SchemaFailed);
     }
-    const QString name = QStringLiteral("create_tables");
-    bool created = false;
-    {
-        QSqlDatabase db = addConnection(name, address);
-        if (openConnection(db, receiver)) {
-            created = QTableBase::CreateTables(&db, receiver);
-        } else {
-            connectionFailure(db, receiver);
-        }
-    }
-    QSqlDatabase::removeDatabase(name);
-    finish(receiver, created ? QProcEvent::SchemaReady : QProcEvent::SchemaFailed);
+    const Db db = context.db();
+    const bool isCreated = db.connection()->isOpen() && createSchema(db);
+    return ended(isCreated ? QProcEvent::SchemaReady : QProcEvent::SchemaFailed);
 }

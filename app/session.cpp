@@ -4,6 +4,7 @@
 #include "connectionstate.h"
 #include "databasestart.h"
 #include "db.h"
+#include "joblist.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qmessdlg.h"
@@ -14,13 +15,12 @@
 #include "qupdatebd.h"
 #include "setting.h"
 #include "settingfile.h"
-#include "tunewindow.h"
+#include "tuning.h"
 #include "userstate.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTimer>
-#include <QtConcurrent>
 
 namespace {
 const QLatin1String loginKey("login");
@@ -68,15 +68,50 @@ bool Veltab::isBusy()
 {
     if (ui->tabWidget->count() > 0)
         refuse(tr("Перед підключенням закрийте всі вкладки!"));
-    else if (m_tuning != nullptr)
-        refuse(tr("Дочекайтесь кінця прискорення звітів або зупиніть його!"));
-    return ui->tabWidget->count() > 0 || m_tuning != nullptr;
+    else if (isDatabaseAtWork())
+        refuse(tr("Дочекайтесь кінця завдання «%1» або скасуйте його!").arg(workTitles()));
+    return ui->tabWidget->count() > 0 || isDatabaseAtWork();
+}
+
+bool Veltab::isStarting() const
+{
+    return m_start != nullptr && m_start->isRunning();
+}
+
+/// A job needs the database where it is.
+bool Veltab::isDatabaseAtWork()
+{
+    const QVector<Job *> &jobs = RunningJobs::all().jobs();
+    return std::any_of(jobs.begin(), jobs.end(), [](const Job *job) { return job->usesDatabase(); });
+}
+
+QString Veltab::workTitles()
+{
+    QStringList titles;
+    for (const Job *job : RunningJobs::all().jobs())
+        titles.append(job->title());
+    return titles.join(QStringLiteral("», «"));
+}
+
+/// A job of the start; what came of it comes as an event, so that no dialog opens from within its last
+/// signal.
+void Veltab::startOn(const QString &title, const Job::Work &work)
+{
+    m_start = new Job(title, m_db.connectionName(), work, this);
+    connect(m_start, &Job::finished, this, [this, job = m_start.data()](const JobResult &result) {
+        const bool isKnown = result.value.isValid();
+        const auto outcome = static_cast<QProcEvent::Outcome>(result.value.toInt());
+        QCoreApplication::postEvent(this, new QProcEvent(isKnown ? outcome : QProcEvent::ConnectionFailed));
+        job->deleteLater();
+    });
+    m_start->start();
 }
 
 void Veltab::connectDatabase()
 {
-    m_isReconnectWanted = m_task.isRunning();
-    m_isTaskGivenUp = m_isReconnectWanted;
+    m_isReconnectWanted = isStarting();
+    if (m_isReconnectWanted)
+        m_start->cancel();
     if (m_isReconnectWanted || isBusy())
         return;
     logout();
@@ -96,7 +131,9 @@ void Veltab::connectDatabase()
     QSqlDatabase::removeDatabase(QStringLiteral("veltab"));
     m_db = addConnection(QStringLiteral("veltab"), m_address);
     followConnection();
-    m_task = QtConcurrent::run(connectToDatabase, &m_db, m_address, this, &m_isTaskGivenUp);
+    startOn(tr("Підключення до бази даних"), [db = m_db, address = m_address](JobContext &context) {
+        return connectToDatabase(context, db, address);
+    });
     updateMenus();
 }
 
@@ -127,7 +164,7 @@ void Veltab::showServer()
         text = tr("Зв'язок втрачено");
     else if (m_isConnected)
         text = tr("З'єднано");
-    else if (m_task.isRunning())
+    else if (isStarting())
         text = tr("Підключення…");
     m_serverLabel->setText(text);
     m_serverLabel->setToolTip(serverDetails());
@@ -165,7 +202,9 @@ void Veltab::handleMessage(const QMessEvent &message)
 {
     m_logger.wlog(message.kind(), tr("File:") + message.file(), message.line(), message.text());
     const bool isKnown = m_isLost && isLoss(message.text());
-    if (message.kind() == QMessEvent::Warning || message.kind() == QMessEvent::Information || isKnown)
+    const bool isTold = message.kind() == QMessEvent::Information && m_jobs->isTelling(message.text());
+    if (message.kind() == QMessEvent::Warning || (message.kind() == QMessEvent::Information && !isTold) ||
+        isKnown)
         ui->statusbar->showMessage(message.text().simplified(), messageMs);
     if (message.kind() != QMessEvent::Critical || isKnown)
         return;
@@ -193,8 +232,7 @@ void Veltab::showErrors()
 
 void Veltab::handleOutcome(const QProcEvent &outcome)
 {
-    m_task.waitForFinished();
-    const bool isAgain = m_isReconnectWanted && ui->tabWidget->count() == 0 && m_tuning == nullptr;
+    const bool isAgain = m_isReconnectWanted && ui->tabWidget->count() == 0 && !isDatabaseAtWork();
     m_isReconnectWanted = false;
     if (isAgain)
         connectDatabase();
@@ -249,25 +287,42 @@ void Veltab::offerSchema(bool databaseIsMissing)
 
 void Veltab::CreateTables()
 {
-    if (m_task.isRunning() || m_tuning != nullptr) {
+    if (isDatabaseAtWork()) {
         refuse(tr("Зачекайте, доки закінчиться робота з базою, яка триває."));
         return;
     }
     showConnectionState(tr("Зачекайте. Створюються таблиці."));
-    m_isTaskGivenUp = false;
-    m_task = QtConcurrent::run(createDatabaseAndSchema, m_address, this, &m_isTaskGivenUp);
+    startOn(tr("Створення таблиць"),
+            [address = m_address](JobContext &context) { return createDatabaseAndSchema(context, address); });
 }
 
 void Veltab::TuneDatabase()
 {
-    if (m_task.isRunning()) {
+    if (isDatabaseAtWork()) {
         refuse(tr("Зачекайте, доки закінчиться робота з базою, яка триває."));
         return;
     }
-    if (m_tuning == nullptr)
-        m_tuning = TuneWindow::ask(&m_db, this);
-    if (m_tuning != nullptr)
-        m_tuning->activateWindow();
+    const auto state = tunedState(Db(&m_db, this));
+    if (!state)
+        return;
+    const Tuning tuning = *state == TunedState::Whole ? Tuning::Remove : Tuning::Add;
+    if (QMessDlg::confirm(this, tr("Прискорити звіти?"), tuningQuestion(tuning),
+                          tuning == Tuning::Remove ? tr("&Прибрати індекси") : tr("&Додати індекси")))
+        tune(tuning);
+}
+
+void Veltab::tune(Tuning tuning)
+{
+    auto *job = new Job(
+        tuningTitle(tuning), m_db.connectionName(),
+        [tuning](JobContext &context) { return tuneDatabase(context, tuning); }, this);
+    connect(job, &Job::finished, this, [this, job](const JobResult &result) {
+        // A failure has reported itself.
+        if (result.outcome != JobResult::Failed)
+            postMessage(this, result.words, QMessEvent::Information);
+        job->deleteLater();
+    });
+    job->start();
 }
 
 void Veltab::login()
@@ -419,7 +474,7 @@ void Veltab::showRights()
 /// The hint follows what was added in the tabs meanwhile.
 void Veltab::refreshNextStep()
 {
-    if (m_isConnected && m_user.isLoaded() && !m_task.isRunning() && !ui->labelConnection->text().isEmpty())
+    if (m_isConnected && m_user.isLoaded() && !isStarting() && !ui->labelConnection->text().isEmpty())
         showConnectionState(nextStep());
 }
 
@@ -448,10 +503,10 @@ void Veltab::updateMenus()
     ui->settings->setVisible(service || nobody || !m_isConnected);
     ui->mt_create_tables->setVisible(service && !m_address.host.isEmpty());
     ui->mt_tune->setVisible(service && m_isConnected);
-    ui->reconnect->setVisible(!m_isConnected && !m_task.isRunning());
+    ui->reconnect->setVisible(!m_isConnected && !isStarting());
     ui->login->setVisible(m_isConnected);
     ui->pbLogin->setVisible(m_isConnected && nobody);
-    ui->pbReconnect->setVisible(!m_isConnected && !m_task.isRunning());
+    ui->pbReconnect->setVisible(!m_isConnected && !isStarting());
     ui->pbSettings->setVisible(!m_isConnected || nobody);
     ui->connectionBar->setVisible(!ui->labelConnection->text().isEmpty());
     showServer();
@@ -481,9 +536,9 @@ void Veltab::applySettings()
         return;
     if (ui->tabWidget->count() > 0)
         refuse(tr("Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову."));
-    else if (m_tuning != nullptr)
-        refuse(tr("Нові налаштування бази почнуть діяти, коли закінчиться прискорення звітів і ви увійдете "
-                  "знову."));
+    else if (isDatabaseAtWork() && !isStarting())
+        refuse(tr("Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.")
+                   .arg(workTitles()));
     else
         connectDatabase();
     updateMenus();

@@ -3,11 +3,12 @@
 #include "db.h"
 #include "qmessevent.h"
 #include "setting.h"
-#include "tunewindow.h"
+#include "tuning.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
 #include <csignal>
+#include <optional>
 #include <sys/types.h>
 
 namespace {
@@ -96,41 +97,39 @@ bool isSound(const QStringList &arguments)
     return !arguments.contains(addOption) || !arguments.contains(removeOption);
 }
 
-DatabaseTuning::Outcome work(const QString &connection, DatabaseTuning::Work work, QObject *receiver)
+/// Runs the job to its end; Ctrl+C cancels it.
+JobResult finish(Job *job)
 {
-    DatabaseTuning tuning(connection, receiver);
-    DatabaseTuning::Outcome result = DatabaseTuning::Failed;
-    QObject::connect(&tuning, &DatabaseTuning::progressed, &tuning, [](int percent) {
-        print(stdout, QLatin1Char('\r') + Texts::tr("Зроблено: %1 %").arg(percent) + QStringLiteral("   "));
+    std::optional<JobResult> result;
+    QObject::connect(job, &Job::progressed, job, [](qint64 done, qint64 of) {
+        print(stdout, QLatin1Char('\r') + Texts::tr("Зроблено: %1 %").arg(100 * done / qMax(of, qint64(1))) +
+                          QStringLiteral("   "));
     });
-    bool isOver = false;
-    QObject::connect(&tuning, &DatabaseTuning::finished, &tuning, [&](DatabaseTuning::Outcome outcome) {
-        result = outcome;
-        isOver = true;
-    });
+    QObject::connect(job, &Job::finished, job, [&result](const JobResult &ended) { result = ended; });
     std::signal(SIGINT, interrupt);
-    tuning.start(work);
-    bool isStopped = false;
-    while (!isOver) {
+    job->start();
+    while (!result) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        if (isInterrupted != 0 && !isStopped) {
-            isStopped = true;
-            tuning.stop();
-        }
+        if (isInterrupted != 0)
+            job->cancel();
     }
     std::signal(SIGINT, SIG_DFL);
-    return result;
+    return *result;
 }
 
-int change(QSqlDatabase *db, bool removes, const QStringList &arguments, QObject *receiver)
+int change(QSqlDatabase *db, Tuning tuning, const QStringList &arguments, QObject *receiver)
 {
-    if (!isAgreed(tuningQuestion(removes), arguments))
+    if (!isAgreed(tuningQuestion(tuning), arguments))
         return ExitNotWanted;
-    const auto kind = removes ? DatabaseTuning::Remove : DatabaseTuning::Add;
-    const DatabaseTuning::Outcome outcome = work(db->connectionName(), kind, receiver);
+    Job job(
+        tuningTitle(tuning), db->connectionName(),
+        [tuning](JobContext &context) { return tuneDatabase(context, tuning); }, receiver);
+    const JobResult result = finish(&job);
     QCoreApplication::sendPostedEvents(receiver, QMessEvent::eventType);
-    print(stdout, QLatin1Char('\n') + tuningResult(kind, outcome) + QLatin1Char('\n'));
-    return outcome == DatabaseTuning::Done ? ExitDone : ExitFailed;
+    // A failure was reported.
+    if (result.outcome != JobResult::Failed)
+        print(stdout, QLatin1Char('\n') + result.words + QLatin1Char('\n'));
+    return result.outcome == JobResult::Done ? ExitDone : ExitFailed;
 }
 
 int tune(QSqlDatabase *db, const QStringList &arguments, QObject *receiver)
@@ -146,7 +145,7 @@ int tune(QSqlDatabase *db, const QStringList &arguments, QObject *receiver)
     else if (isThere)
         print(stdout, Texts::tr("Нічого не змінено.") + QLatin1Char('\n'));
     else
-        return change(db, removes, arguments, receiver);
+        return change(db, removes ? Tuning::Remove : Tuning::Add, arguments, receiver);
     return ExitDone;
 }
 } // namespace

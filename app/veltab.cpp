@@ -1,6 +1,7 @@
 #include "veltab.h"
 #include "ui_veltab.h"
 
+#include "joblist.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qchangpass.h"
@@ -11,7 +12,6 @@
 #include "qreports.h"
 #include "qtablebase.h"
 #include "setting.h"
-#include "tunewindow.h"
 #include "userstate.h"
 #include "version.h"
 
@@ -24,7 +24,6 @@
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
-#include <QtConcurrent>
 
 namespace {
 const QLatin1String connectionName("veltab");
@@ -54,10 +53,9 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
 
 Veltab::~Veltab()
 {
-    m_isTaskGivenUp = true;
-    m_task.waitForFinished();
-    // It needs the connection to end its statement.
-    delete m_tuning;
+    // All at once before each is waited for; they need the connection to end their statements.
+    cancelJobs();
+    qDeleteAll(findChildren<Job *>(QString(), Qt::FindDirectChildrenOnly));
     // They use the connection too.
     delete m_pages;
     m_db = QSqlDatabase();
@@ -103,6 +101,8 @@ void Veltab::fitOntoScreen()
 
 void Veltab::buildStatusBar()
 {
+    m_jobs = new JobList(this);
+    ui->statusbar->addPermanentWidget(m_jobs);
     m_serverLabel = new QLabel(this);
     m_serverLabel->setObjectName(QStringLiteral("labelServer"));
     ui->statusbar->addPermanentWidget(m_serverLabel);
@@ -335,9 +335,24 @@ bool Veltab::mayLeave()
         closeAllTabs();
     if (ui->tabWidget->count() > 0)
         return false;
-    if (m_tuning != nullptr)
-        refuse(tr("Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!"));
-    return m_tuning == nullptr;
+    return mayLeaveJobs();
+}
+
+bool Veltab::mayLeaveJobs()
+{
+    // Connecting is nothing that could be lost.
+    const int harmless = isStarting() ? 1 : 0;
+    if (RunningJobs::all().jobs().size() <= harmless)
+        return true;
+    return QMessDlg::confirm(this, tr("Попередження."),
+                             tr("Ще триває: «%1».\nСкасувати і вийти?").arg(workTitles()),
+                             tr("&Скасувати і вийти"), tr("Зали&шитись"));
+}
+
+void Veltab::cancelJobs()
+{
+    for (Job *job : RunningJobs::all().jobs())
+        job->cancel();
 }
 
 void Veltab::closeEvent(QCloseEvent *event)

@@ -1,30 +1,30 @@
 #pragma once
 
 #include "connection.h"
+#include "job.h"
 #include "page.h"
 #include "qloadeduser.h"
 #include "qlogger.h"
 
-#include <QFuture>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QStringList>
-#include <atomic>
 #include <functional>
 #include <memory>
 
 namespace Ui {
 class Veltab;
 }
+class JobList;
 class QMenu;
 class QMessEvent;
 class QProcEvent;
 class Pages;
 class QTableBase;
-class TuneWindow;
 class setting;
+enum class Tuning;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
 class Veltab : public QMainWindow
@@ -104,6 +104,11 @@ private:
     void applySettings();
     bool hasNewAddress() const;
     bool isBusy();
+    bool isStarting() const;
+    static bool isDatabaseAtWork();
+    static QString workTitles();
+    void startOn(const QString &title, const Job::Work &work);
+    void tune(Tuning tuning);
     void finishConnecting(const QProcEvent &outcome);
     void finishSchema(bool isCreated);
     void logout();
@@ -119,6 +124,8 @@ private:
     void showRights();
     void updateMenus();
     bool mayLeave();
+    bool mayLeaveJobs();
+    static void cancelJobs();
     bool mayRememberLogin() const;
     bool isFirstUserUntouched();
     bool askForUser();
@@ -143,10 +150,9 @@ private:
     DatabaseAddress m_address;
     QLoadedUser m_user;
     Pages *m_pages = nullptr;
-    QFuture<void> m_task;
-    /// Ends the connecting of m_task early.
-    std::atomic<bool> m_isTaskGivenUp{false};
-    QPointer<TuneWindow> m_tuning;
+    /// Connects, or creates the tables.
+    QPointer<Job> m_start;
+    JobList *m_jobs = nullptr;
     QLabel *m_userLabel = nullptr;
     QLabel *m_serverLabel = nullptr;
     QStringList m_errors;

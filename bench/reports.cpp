@@ -123,16 +123,18 @@ double timeOf(const Bench &bench, BareClient *bare, const QString &sql)
     return median(times);
 }
 
-bool tune(const Bench &bench, DatabaseTuning::Work work)
+bool tune(const Bench &bench, Tuning tuning)
 {
-    DatabaseTuning tuning(bench.connection->connectionName(), nullptr);
+    Job job(
+        QString(), bench.connection->connectionName(),
+        [tuning](JobContext &context) { return tuneDatabase(context, tuning); }, nullptr);
     QEventLoop loop;
     bool done = false;
-    QObject::connect(&tuning, &DatabaseTuning::finished, &loop, [&](DatabaseTuning::Outcome outcome) {
-        done = outcome == DatabaseTuning::Done;
+    QObject::connect(&job, &Job::finished, &loop, [&](const JobResult &result) {
+        done = result.outcome == JobResult::Done;
         loop.quit();
     });
-    tuning.start(work);
+    job.start();
     loop.exec();
     return done;
 }
@@ -165,7 +167,7 @@ QVector<Figure> measureTuning(const Bench &bench)
     const double dayBefore = timeOf(bench, &bare, day);
     const double nextBefore = timeOf(bench, &bare, next);
     const double adding = milliseconds([&] {
-        if (!tune(bench, DatabaseTuning::Add))
+        if (!tune(bench, Tuning::Add))
             qFatal("The indexes were not added");
     });
     const double dayAfter = timeOf(bench, &bare, day);
@@ -174,7 +176,7 @@ QVector<Figure> measureTuning(const Bench &bench)
     if (qEnvironmentVariableIsSet("VELTAB_BENCH_VERBOSE"))
         qInfo("a day %.1f -> %.1f ms, next number %.1f -> %.2f ms, slip %.2f ms, added in %.1f s", dayBefore,
               dayAfter, nextBefore, nextAfter, slipAfter, adding / 1000);
-    tune(bench, DatabaseTuning::Remove);
+    tune(bench, Tuning::Remove);
     return {{QStringLiteral("a day's receipts, indexes to none"), dayAfter / dayBefore, 0.01,
              QStringLiteral("x")},
             {QStringLiteral("next receipt number, with indexes"), nextAfter, 2, QStringLiteral("ms")},

@@ -206,33 +206,6 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
-    <name>DatabaseTuning</name>
-    <message>
-        <source>Індекси для швидких звітів уже є у базі.
-Прибрати їх? Звіти і нові чеки стануть повільнішими, база – меншою.</source>
-        <translation>The database already has the indexes for fast reports.
-Remove them? Reports and new receipts will become slower, the database smaller.</translation>
-    </message>
-    <message>
-        <source>Додати до чеків у базі два індекси?
-Звіти за день, перегляд чека і продаж стануть швидшими, база – більшою.
-На великій базі це триває кілька хвилин; продавати можна й тоді.
-Прибрати індекси можна так само.</source>
-        <translation>Add two indexes to the receipts in the database?
-Reports for a day, viewing a receipt and selling will become faster, the database larger.
-On a large database this takes several minutes; selling can go on meanwhile.
-The indexes can be removed in the same way.</translation>
-    </message>
-    <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
-    </message>
-    <message>
-        <source>Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне копіювання). Нічого не змінено; повторіть, коли звітів немає.</source>
-        <translation>Another program holds the table of receipts all the time (a long report or a backup). Nothing was changed; try again when there are no reports.</translation>
-    </message>
-</context>
-<context>
     <name>DayTimeline</name>
     <message>
         <source>%1 %2 – %3</source>
@@ -345,6 +318,56 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Ціни магазинів, рядок %1: </source>
         <translation>Prices of shops, row %1: </translation>
+    </message>
+</context>
+<context>
+    <name>JobList</name>
+    <message>
+        <source>Завдання</source>
+        <translation>Jobs</translation>
+    </message>
+    <message>
+        <source>Показати завдання (Ctrl+J)</source>
+        <translation>Show the jobs (Ctrl+J)</translation>
+    </message>
+    <message>
+        <source>Завдання: %1</source>
+        <translation>Jobs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>JobRow</name>
+    <message>
+        <source>%1, ще %2</source>
+        <translation>%1, %2 left</translation>
+    </message>
+    <message>
+        <source>Скільки зроблено: %1</source>
+        <translation>How much is done: %1</translation>
+    </message>
+    <message>
+        <source>Скасувати</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Скасувати: %1</source>
+        <translation>Cancel: %1</translation>
+    </message>
+    <message>
+        <source>скасовано</source>
+        <translation>cancelled</translation>
+    </message>
+    <message>
+        <source>Закрити</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>Закрити: %1</source>
+        <translation>Close: %1</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
     </message>
 </context>
 <context>
@@ -3208,43 +3231,7 @@ With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or
     </message>
 </context>
 <context>
-    <name>TuneWindow</name>
-    <message>
-        <source>Прискорення звітів</source>
-        <translation>Speeding up reports</translation>
-    </message>
-    <message>
-        <source>Зачекайте…</source>
-        <translation>Wait…</translation>
-    </message>
-    <message>
-        <source>Скільки зроблено</source>
-        <translation>How much is done</translation>
-    </message>
-    <message>
-        <source>&amp;Зупинити</source>
-        <translation>&amp;Stop</translation>
-    </message>
-    <message>
-        <source>Індекси додаються…</source>
-        <translation>The indexes are being added…</translation>
-    </message>
-    <message>
-        <source>Індекси прибираються…</source>
-        <translation>The indexes are being removed…</translation>
-    </message>
-    <message>
-        <source>Прискорити звіти?</source>
-        <translation>Speed up reports?</translation>
-    </message>
-    <message>
-        <source>Зупиняється…</source>
-        <translation>Stopping…</translation>
-    </message>
-    <message>
-        <source>Зупинено; у базі нічого не змінено.</source>
-        <translation>Stopped; nothing is changed in the database.</translation>
-    </message>
+    <name>Tuning</name>
     <message>
         <source>Індекси додано: звіти прискорено.</source>
         <translation>The indexes are added: reports are sped up.</translation>
@@ -3254,12 +3241,44 @@ With --yes it does not ask. Its exit code is 0: done or so already, 1: failed or
         <translation>The indexes are removed.</translation>
     </message>
     <message>
-        <source>&amp;Прибрати індекси</source>
-        <translation>&amp;Remove the indexes</translation>
+        <source>Зупинено; у базі нічого не змінено.</source>
+        <translation>Stopped; nothing is changed in the database.</translation>
     </message>
     <message>
-        <source>&amp;Додати індекси</source>
-        <translation>&amp;Add the indexes</translation>
+        <source>Зупинено, не дочекавшись сервера. Чи є індекси у базі, покаже «Прискорити звіти…».</source>
+        <translation>Stopped without an answer of the server. “Speed up reports…” tells whether the indexes are in the database.</translation>
+    </message>
+    <message>
+        <source>Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне копіювання). Нічого не змінено; повторіть, коли звітів немає.</source>
+        <translation>Another program holds the table of receipts all the time (a long report or a backup). Nothing was changed; try again when there are no reports.</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Індекси для швидких звітів уже є у базі.
+Прибрати їх? Звіти і нові чеки стануть повільнішими, база – меншою.</source>
+        <translation>The database already has the indexes for fast reports.
+Remove them? Reports and new receipts will become slower, the database smaller.</translation>
+    </message>
+    <message>
+        <source>Додати до чеків у базі два індекси?
+Звіти за день, перегляд чека і продаж стануть швидшими, база – більшою.
+На великій базі це триває кілька хвилин; продавати можна й тоді.
+Прибрати індекси можна так само.</source>
+        <translation>Add two indexes to the receipts in the database?
+Reports for a day, viewing a receipt and selling will become faster, the database larger.
+On a large database this takes several minutes; selling can go on meanwhile.
+The indexes can be removed in the same way.</translation>
+    </message>
+    <message>
+        <source>Індекси додаються</source>
+        <translation>Adding the indexes</translation>
+    </message>
+    <message>
+        <source>Індекси прибираються</source>
+        <translation>Removing the indexes</translation>
     </message>
 </context>
 <context>
@@ -3629,16 +3648,8 @@ TO VERSION
         <translation>csv (*.csv)</translation>
     </message>
     <message>
-        <source>Перед виходом дочекайтесь кінця прискорення звітів або зупиніть його!</source>
-        <translation>Before exiting, wait until the reports are sped up, or stop it!</translation>
-    </message>
-    <message>
         <source>Перед підключенням закрийте всі вкладки!</source>
         <translation>Close all tabs before connecting!</translation>
-    </message>
-    <message>
-        <source>Дочекайтесь кінця прискорення звітів або зупиніть його!</source>
-        <translation>Wait until the reports are sped up, or stop it!</translation>
     </message>
     <message>
         <source>Виправте файл і підключіться знову, або введіть налаштування.</source>
@@ -3651,10 +3662,6 @@ TO VERSION
     <message>
         <source>Зачекайте, доки закінчиться робота з базою, яка триває.</source>
         <translation>Wait until the work on the database that is under way has finished.</translation>
-    </message>
-    <message>
-        <source>Нові налаштування бази почнуть діяти, коли закінчиться прискорення звітів і ви увійдете знову.</source>
-        <translation>The new database settings will take effect when the reports have been sped up and you log in again.</translation>
     </message>
     <message>
         <source>Закр&amp;ити вкладку</source>
@@ -3743,6 +3750,44 @@ TO VERSION
     <message>
         <source>Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, «Продається в магазинах».</source>
         <translation>So that an item can be sold, tick its shops in it: Tables → Goods, F4, “Sold in the shops”.</translation>
+    </message>
+    <message>
+        <source>Дочекайтесь кінця завдання «%1» або скасуйте його!</source>
+        <translation>Wait for the end of “%1”, or cancel it!</translation>
+    </message>
+    <message>
+        <source>Підключення до бази даних</source>
+        <translation>Connecting to the database</translation>
+    </message>
+    <message>
+        <source>Створення таблиць</source>
+        <translation>Creating the tables</translation>
+    </message>
+    <message>
+        <source>Прискорити звіти?</source>
+        <translation>Speed up reports?</translation>
+    </message>
+    <message>
+        <source>&amp;Прибрати індекси</source>
+        <translation>&amp;Remove the indexes</translation>
+    </message>
+    <message>
+        <source>&amp;Додати індекси</source>
+        <translation>&amp;Add the indexes</translation>
+    </message>
+    <message>
+        <source>Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.</source>
+        <translation>The new database settings take effect when “%1” is over and you have logged in again.</translation>
+    </message>
+    <message>
+        <source>Ще триває: «%1».
+Скасувати і вийти?</source>
+        <translation>Still running: “%1”.
+Cancel and leave?</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати і вийти</source>
+        <translation>&amp;Cancel and leave</translation>
     </message>
 </context>
 <context>

@@ -170,6 +170,7 @@ bool JobContext::pause(int ms) const
 Job::Job(const QString &title, const QString &sourceConnection, const Work &work, QObject *parent)
     : QObject(parent), m_title(title), m_work(work), m_state(std::make_shared<JobState>(sourceConnection))
 {
+    qRegisterMetaType<JobResult>();
     m_looking.setInterval(lookMs);
     connect(&m_looking, &QTimer::timeout, this, &Job::look);
 }
@@ -231,6 +232,11 @@ void Job::cancel()
     m_state->changed.notify_all();
     m_sinceCancel.start();
     look();
+}
+
+bool Job::usesDatabase() const
+{
+    return !m_state->source.isEmpty();
 }
 
 bool Job::isCancelled() const

@@ -32,10 +32,12 @@ struct JobResult
 {
     enum Outcome { Done, Cancelled, Failed };
     Outcome outcome = Failed;
-    /// For the user: what was done, or why not. The first report of a failed job's own when it gives none.
+    /// For the user: what was done, or why not; nothing when there is nothing to tell. The first report of a
+    /// failed job when it gives none.
     QString words;
     QVariant value;
 };
+Q_DECLARE_METATYPE(JobResult)
 
 /// What a job's work works with, in the job's thread.
 class JobContext
@@ -109,6 +111,7 @@ public:
     void cancel();
 
     const QString &title() const { return m_title; }
+    bool usesDatabase() const;
     bool isRunning() const { return m_thread.joinable(); }
     bool isCancelled() const;
     const JobProgress &progress() const { return m_progress; }

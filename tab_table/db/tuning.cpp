@@ -1,15 +1,19 @@
 #include "tuning.h"
 
-#include "connection.h"
-#include "db.h"
 #include "qmessevent.h"
 #include "servererror.h"
 
-#include <QElapsedTimer>
-#include <QThread>
-#include <chrono>
+#include <QCoreApplication>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 
 namespace {
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(Tuning)
+};
+
 const struct
 {
     const char *name;
@@ -27,8 +31,6 @@ const int mostTries = 60;
 /// A try that lasted longer has built the indexes and failed at the very end: that is not done often.
 const int builtMs = 5000;
 const int builtTries = mostTries / 3;
-/// The destructor gives the server so long to end the work in order.
-const int leavingMs = 2000;
 
 std::optional<QStringList> standingIndexes(const Db &db)
 {
@@ -43,19 +45,118 @@ std::optional<QStringList> standingIndexes(const Db &db)
 }
 
 /// One statement for both: the table is read once, and all or nothing is done. Empty when it is done already.
-QString alterStatement(const QStringList &standing, DatabaseTuning::Work work)
+QString alterStatement(const QStringList &standing, Tuning tuning)
 {
     QStringList parts;
     for (const auto &index : tuningIndexes) {
         const QString name = QLatin1String(index.name);
-        if (work == DatabaseTuning::Remove && standing.contains(name))
+        if (tuning == Tuning::Remove && standing.contains(name))
             parts.append(QStringLiteral("DROP INDEX ") + name);
-        if (work == DatabaseTuning::Add && !standing.contains(name))
+        if (tuning == Tuning::Add && !standing.contains(name))
             parts.append(QStringLiteral("ADD INDEX %1(%2)").arg(name, QLatin1String(index.columns)));
     }
     return parts.isEmpty() ? QString()
                            : QStringLiteral("ALTER TABLE cheks ") + parts.join(QStringLiteral(", ")) +
                                  QStringLiteral(", ALGORITHM=INPLACE, LOCK=NONE");
+}
+
+QString endText(Tuning tuning)
+{
+    return tuning == Tuning::Add ? Texts::tr("Індекси додано: звіти прискорено.")
+                                 : Texts::tr("Індекси прибрано.");
+}
+
+JobResult stopped(bool isAnswered)
+{
+    return {JobResult::Cancelled,
+            isAnswered
+                ? Texts::tr("Зупинено; у базі нічого не змінено.")
+                : Texts::tr("Зупинено, не дочекавшись сервера. Чи є індекси у базі, покаже «Прискорити "
+                            "звіти…»."),
+            {}};
+}
+
+/// In hundredths of a per cent on the server; it falls back to zero right before the end.
+int percent(const Db &db)
+{
+    QString error;
+    auto status =
+        db.attempt(QStringLiteral("SHOW GLOBAL STATUS LIKE 'Innodb_onlineddl_pct_progress'"), &error);
+    return status && status->next() ? qMin(status->value(1).toInt() / 100, 100) : 0;
+}
+
+/// Asks the server beside the work how far it is; what it tells only grows.
+class ProgressWatch
+{
+public:
+    explicit ProgressWatch(JobContext *context) : m_context(context), m_thread([this] { watch(); }) {}
+    ~ProgressWatch()
+    {
+        {
+            const std::lock_guard<std::mutex> lock(m_guard);
+            m_isOver = true;
+        }
+        m_changed.notify_all();
+        m_thread.join();
+    }
+    Q_DISABLE_COPY(ProgressWatch)
+
+private:
+    void watch()
+    {
+        JobConnection connection(*m_context);
+        int told = 0;
+        while (connection.isOpen() && !m_context->isCancelled() && pause()) {
+            const int now = percent(connection.db());
+            if (now > told)
+                m_context->progress(told = now, 100);
+        }
+    }
+
+    /// False when the work is over.
+    bool pause()
+    {
+        std::unique_lock<std::mutex> lock(m_guard);
+        return !m_changed.wait_for(lock, std::chrono::milliseconds(watchMs), [this] { return m_isOver; });
+    }
+
+    JobContext *m_context;
+    std::mutex m_guard;
+    std::condition_variable m_changed;
+    bool m_isOver = false;
+    /// The last one: it uses the others.
+    std::thread m_thread;
+};
+
+/// The refusal of a statement that was tried often enough, or cannot succeed.
+JobResult refused(const Db &db, const QString &error, const QString &sql)
+{
+    const QString words =
+        db.lastErrorNumber() == ServerError::LockWait
+            ? Texts::tr("Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне "
+                        "копіювання). Нічого не змінено; повторіть, коли звітів немає.") +
+                  QStringLiteral("\n\n")
+            : QString();
+    postMessage(db.receiver(),
+                words + Texts::tr("Помилка запиту:") + QLatin1Char('\n') + error + QLatin1Char('\n') + sql);
+    return {};
+}
+
+/// Tries until nobody holds the table any more. True when it is done.
+bool alterOrWait(const Db &db, const QString &sql, const JobContext &context, QString *error)
+{
+    for (int tries = 0; tries < mostTries && !context.isCancelled(); ++tries) {
+        QElapsedTimer clock;
+        clock.start();
+        if (db.attempt(sql, error))
+            return true;
+        if (db.lastErrorNumber() != ServerError::LockWait)
+            return false;
+        if (clock.elapsed() > builtMs)
+            tries += builtTries;
+        context.pause(pauseMs);
+    }
+    return false;
 }
 } // namespace
 
@@ -64,167 +165,38 @@ std::optional<TunedState> tunedState(const Db &db)
     const auto standing = standingIndexes(db);
     if (!standing)
         return std::nullopt;
-    if (alterStatement(*standing, DatabaseTuning::Add).isEmpty())
+    if (alterStatement(*standing, Tuning::Add).isEmpty())
         return TunedState::Whole;
-    return alterStatement(*standing, DatabaseTuning::Remove).isEmpty() ? TunedState::None
-                                                                       : TunedState::Partial;
+    return alterStatement(*standing, Tuning::Remove).isEmpty() ? TunedState::None : TunedState::Partial;
 }
 
-QString tuningQuestion(bool isTuned)
+QString tuningQuestion(Tuning tuning)
 {
-    return isTuned ? DatabaseTuning::tr("Індекси для швидких звітів уже є у базі.\nПрибрати їх? Звіти і нові "
-                                        "чеки стануть повільнішими, база – меншою.")
-                   : DatabaseTuning::tr("Додати до чеків у базі два індекси?\nЗвіти за день, перегляд чека і "
-                                        "продаж стануть швидшими, база – більшою.\nНа великій базі це триває "
-                                        "кілька хвилин; продавати можна й тоді.\nПрибрати індекси можна так "
-                                        "само.");
+    return tuning == Tuning::Remove
+               ? Texts::tr("Індекси для швидких звітів уже є у базі.\nПрибрати їх? Звіти і нові "
+                           "чеки стануть повільнішими, база – меншою.")
+               : Texts::tr("Додати до чеків у базі два індекси?\nЗвіти за день, перегляд чека і "
+                           "продаж стануть швидшими, база – більшою.\nНа великій базі це триває "
+                           "кілька хвилин; продавати можна й тоді.\nПрибрати індекси можна так "
+                           "само.");
 }
 
-/// A connection of the work's that the window's thread can cut.
-class DatabaseTuning::Line
+QString tuningTitle(Tuning tuning)
 {
-public:
-    explicit Line(DatabaseTuning *tuning)
-        : connection(tuning->m_source, tuning->m_receiver, &tuning->m_isLeaving), m_tuning(tuning)
-    {
-        const std::lock_guard<std::mutex> lock(m_tuning->m_guard);
-        m_tuning->m_lines.append(this);
-    }
-    ~Line()
-    {
-        const std::lock_guard<std::mutex> lock(m_tuning->m_guard);
-        m_tuning->m_lines.removeOne(this);
-    }
-    Q_DISABLE_COPY(Line)
-
-    Db db() { return Db(connection.database(), m_tuning->m_receiver); }
-
-    WorkerConnection connection;
-
-private:
-    DatabaseTuning *m_tuning;
-};
-
-DatabaseTuning::DatabaseTuning(const QString &sourceConnection, QObject *receiver, QObject *parent)
-    : QObject(parent), m_source(sourceConnection), m_receiver(receiver)
-{
+    return tuning == Tuning::Add ? Texts::tr("Індекси додаються") : Texts::tr("Індекси прибираються");
 }
 
-DatabaseTuning::~DatabaseTuning()
+JobResult tuneDatabase(JobContext &context, Tuning tuning)
 {
-    if (!m_thread)
-        return;
-    QThread::disconnect(m_thread.get(), nullptr, this, nullptr);
-    stop();
-    if (!m_thread->wait(leavingMs))
-        cutLines();
-    m_thread->wait();
-    cutLines();
-    m_watcher->wait();
-}
-
-void DatabaseTuning::cutLines()
-{
-    m_isLeaving = true;
-    const std::lock_guard<std::mutex> lock(m_guard);
-    for (const Line *line : qAsConst(m_lines))
-        line->connection.cut();
-}
-
-void DatabaseTuning::start(Work work)
-{
-    m_thread.reset(QThread::create([this, work] { run(work); }));
-    m_watcher.reset(QThread::create([this] { watch(); }));
-    connect(m_thread.get(), &QThread::finished, this, [this] { emit finished(m_outcome); });
-    m_thread->start();
-    m_watcher->start();
-}
-
-void DatabaseTuning::stop()
-{
-    m_isStopping = true;
-    m_changed.notify_all();
-}
-
-void DatabaseTuning::run(Work work)
-{
-    {
-        Line line(this);
-        if (line.connection.isOpen()) {
-            m_runningId = line.connection.serverId();
-            m_outcome = alter(line.db(), work);
-            m_runningId = 0;
-        }
-    }
-    m_isOver = true;
-    m_changed.notify_all();
-}
-
-void DatabaseTuning::pause(int ms, bool endsWithStop)
-{
-    std::unique_lock<std::mutex> lock(m_guard);
-    m_changed.wait_for(lock, std::chrono::milliseconds(ms),
-                       [&] { return m_isOver || (endsWithStop && m_isStopping); });
-}
-
-DatabaseTuning::Outcome DatabaseTuning::alter(const Db &db, Work work)
-{
+    const Db db = context.db();
     const auto standing = standingIndexes(db);
     if (!standing ||
         !db.run(QStringLiteral("SET SESSION lock_wait_timeout=") + QString::number(tableLockSeconds)))
-        return Failed;
-    const QString sql = alterStatement(*standing, work);
-    return sql.isEmpty() ? Done : alterOrWait(db, sql);
-}
-
-DatabaseTuning::Outcome DatabaseTuning::alterOrWait(const Db &db, const QString &sql)
-{
+        return {};
+    const QString sql = alterStatement(*standing, tuning);
+    const ProgressWatch watch(&context);
     QString error;
-    for (int tries = 0; tries < mostTries && !m_isStopping; ++tries) {
-        QElapsedTimer clock;
-        clock.start();
-        if (db.attempt(sql, &error))
-            return Done;
-        if (db.lastErrorNumber() != ServerError::LockWait)
-            break;
-        if (clock.elapsed() > builtMs)
-            tries += builtTries;
-        pause(pauseMs, true);
-    }
-    if (m_isStopping)
-        return Stopped;
-    const QString words = db.lastErrorNumber() == ServerError::LockWait
-                              ? tr("Таблицю чеків увесь час тримає інша програма (довгий звіт або резервне "
-                                   "копіювання). Нічого не змінено; повторіть, коли звітів немає.") +
-                                    QStringLiteral("\n\n")
-                              : QString();
-    postMessage(m_receiver,
-                words + tr("Помилка запиту:") + QLatin1Char('\n') + error + QLatin1Char('\n') + sql);
-    return Failed;
-}
-
-/// In hundredths of a per cent on the server; it falls back to zero right before the end.
-int DatabaseTuning::percent(const Db &db) const
-{
-    QString error;
-    auto status =
-        db.attempt(QStringLiteral("SHOW GLOBAL STATUS LIKE 'Innodb_onlineddl_pct_progress'"), &error);
-    return status && status->next() ? qMin(status->value(1).toInt() / 100, 100) : 0;
-}
-
-/// Beside the work: tells how far it is, and ends its statement when it is to stop. Repeated, because a KILL
-/// may come right before the statement.
-void DatabaseTuning::watch()
-{
-    Line line(this);
-    int told = 0;
-    while (!m_isOver) {
-        const bool isStopping = m_isStopping;
-        if (isStopping && m_runningId != 0)
-            endStatement(m_source, m_runningId);
-        const int now = isStopping || !line.connection.isOpen() ? 0 : percent(line.db());
-        if (now > told)
-            emit progressed(told = now);
-        pause(watchMs, !isStopping);
-    }
+    if (sql.isEmpty() || alterOrWait(db, sql, context, &error))
+        return {JobResult::Done, endText(tuning), {}};
+    return context.isCancelled() ? stopped(!isConnectionLost(db.lastErrorNumber())) : refused(db, error, sql);
 }

@@ -3,12 +3,12 @@
 
 #include "databasestart.h"
 #include "qmessevent.h"
-#include "qprocevent.h"
 #include "schema.h"
 #include "tunecommand.h"
 #include "veltab.h"
 
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 /// What the program does with the database before a window needs it, and without one.
@@ -72,10 +72,15 @@ void TstDatabaseStart::silentServerIsLeftAtOnce()
 
 void TstDatabaseStart::tablesWithoutTransactionsAreNamed()
 {
-    const std::atomic<bool> isGivenUp{false};
     const auto connectOnce = [&] {
         QSqlDatabase db = addConnection(QStringLiteral("start"), m_base->address());
-        connectToDatabase(&db, m_base->address(), &m_base->heard, &isGivenUp);
+        Job job(
+            QString(), QString(),
+            [&](JobContext &context) { return connectToDatabase(context, db, m_base->address()); },
+            &m_base->heard);
+        QSignalSpy finished(&job, &Job::finished);
+        job.start();
+        QVERIFY(finished.wait());
     };
     connectOnce();
     QSqlDatabase::removeDatabase("start");

@@ -794,13 +794,14 @@ void TstVeltab::indexesAreOfferedAndTakenBack()
         return m_base->value("SELECT COUNT(DISTINCT INDEX_NAME) FROM INFORMATION_SCHEMA.STATISTICS WHERE "
                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks' AND INDEX_NAME LIKE 'tune%'");
     };
-    const auto isWorking = [this] { return m_window->findChild<QDialog *>("TuneWindow") != nullptr; };
+    const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
     const auto tune = [this] { action("mt_tune")->trigger(); };
     QVERIFY(answerConfirm(tune, false).contains("\nДодати до чеків у базі два індекси?"));
     QVERIFY(!isWorking());
     answerConfirm(tune, true);
     QVERIFY(isWorking());
-    QVERIFY(answerQuestion([this] { m_window->close(); }).startsWith("Перед виходом дочекайтесь"));
+    QVERIFY(answerConfirm([this] { m_window->close(); }, false).contains("Ще триває: «Індекси додаються»"));
+    QVERIFY(m_window->isVisible());
     QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
     QCOMPARE(indexes(), QString("2"));
     QVERIFY(answerConfirm(tune, true).contains("\nІндекси для швидких звітів уже є у базі."));
@@ -812,12 +813,13 @@ void TstVeltab::tuningAndSettingsDoNotCross()
 {
     startLoggedIn("admin");
     auto *settings = child<setting>(m_window.get(), "setting");
-    const auto isWorking = [this] { return m_window->findChild<QDialog *>("TuneWindow") != nullptr; };
+    const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
     m_base->exec("LOCK TABLES cheks READ");
     answerConfirm([this] { action("mt_tune")->trigger(); }, true);
     QVERIFY(isWorking());
     child<QLineEdit>(settings, "leBase")->setText("інша");
-    QVERIFY(answerQuestion([&] { settings->save(); }).contains("коли закінчиться прискорення звітів"));
+    QVERIFY(
+        answerQuestion([&] { settings->save(); }).contains("коли закінчиться завдання «Індекси додаються»"));
     QVERIFY(answerQuestion([this] { action("login")->trigger(); }).startsWith("Дочекайтесь кінця"));
     QVERIFY(answerQuestion([this] { action("mt_create_tables")->trigger(); }).startsWith("Зачекайте"));
     QVERIFY(m_window->isReady() && m_window->windowTitle().endsWith(m_base->address().name));

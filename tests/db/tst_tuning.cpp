@@ -20,8 +20,7 @@ private slots:
 private:
     /// The columns of the indexes that the schema does not make.
     QStringList added();
-    DatabaseTuning::Outcome work(DatabaseTuning::Work work,
-                                 const std::function<void(DatabaseTuning *)> &meanwhile = {});
+    JobResult work(Tuning tuning, const std::function<void(Job *)> &meanwhile = {});
     /// Somebody has read the receipts and not ended: the work waits for that.
     void openForeignTransaction(QSqlDatabase *other);
 
@@ -36,17 +35,17 @@ QStringList TstTuning::added()
         "INDEX_NAME LIKE 'tune%' GROUP BY INDEX_NAME ORDER BY 1");
 }
 
-DatabaseTuning::Outcome TstTuning::work(DatabaseTuning::Work work,
-                                        const std::function<void(DatabaseTuning *)> &meanwhile)
+JobResult TstTuning::work(Tuning tuning, const std::function<void(Job *)> &meanwhile)
 {
-    DatabaseTuning tuning(m_base.connection()->connectionName(), &m_base.heard);
-    DatabaseTuning::Outcome result = DatabaseTuning::Failed;
-    QSignalSpy finished(&tuning, &DatabaseTuning::finished);
-    connect(&tuning, &DatabaseTuning::finished, &tuning,
-            [&](DatabaseTuning::Outcome outcome) { result = outcome; });
-    tuning.start(work);
+    Job job(
+        tuningTitle(tuning), m_base.connection()->connectionName(),
+        [tuning](JobContext &context) { return tuneDatabase(context, tuning); }, &m_base.heard);
+    JobResult result;
+    QSignalSpy finished(&job, &Job::finished);
+    connect(&job, &Job::finished, &job, [&](const JobResult &ended) { result = ended; });
+    job.start();
     if (meanwhile)
-        meanwhile(&tuning);
+        meanwhile(&job);
     if (finished.isEmpty() && !finished.wait(20000))
         qFatal("The work has not ended");
     return result;
@@ -63,24 +62,24 @@ void TstTuning::openForeignTransaction(QSqlDatabase *other)
 void TstTuning::addedAndTakenAway()
 {
     QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::None));
-    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Add).outcome, JobResult::Done);
     QCOMPARE(added(),
              QStringList({"data_time,id_type,id_kass,id_chek,id_zvit,summa,count", "id_kass,id_chek"}));
     QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::Whole));
-    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
-    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Add).outcome, JobResult::Done);
+    QCOMPARE(work(Tuning::Remove).outcome, JobResult::Done);
     QCOMPARE(added(), QStringList());
     QCOMPARE(m_base.heard.texts(), QStringList());
 }
 
 void TstTuning::halfOfThemIsCompleted()
 {
-    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Add).outcome, JobResult::Done);
     m_base.exec("DROP INDEX tune_data_time ON cheks");
     QCOMPARE(tunedState(m_base.db()), std::make_optional(TunedState::Partial));
-    QCOMPARE(work(DatabaseTuning::Add), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Add).outcome, JobResult::Done);
     QCOMPARE(added().size(), 2);
-    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Remove).outcome, JobResult::Done);
 }
 
 /// Whoever sells waits behind the work for a second at most, and the work goes on when the table is free.
@@ -89,7 +88,7 @@ void TstTuning::registersSellWhileItWaits()
     QSqlDatabase other;
     openForeignTransaction(&other);
     qint64 longest = 0;
-    const auto outcome = work(DatabaseTuning::Add, [&](DatabaseTuning *) {
+    const JobResult result = work(Tuning::Add, [&](Job *) {
         QElapsedTimer whole;
         whole.start();
         while (whole.elapsed() < 1500) {
@@ -101,11 +100,11 @@ void TstTuning::registersSellWhileItWaits()
         }
         QVERIFY(QSqlQuery(other).exec("COMMIT"));
     });
-    QCOMPARE(outcome, DatabaseTuning::Done);
+    QCOMPARE(result.outcome, JobResult::Done);
     QVERIFY2(longest > 200 && longest < 2000, qPrintable(QString::number(longest)));
     QCOMPARE(added().size(), 2);
     QCOMPARE(m_base.heard.texts(), QStringList());
-    QCOMPARE(work(DatabaseTuning::Remove), DatabaseTuning::Done);
+    QCOMPARE(work(Tuning::Remove).outcome, JobResult::Done);
     other = QSqlDatabase();
     QSqlDatabase::removeDatabase("other");
 }
@@ -116,12 +115,13 @@ void TstTuning::stoppedWorkChangesNothing()
     openForeignTransaction(&other);
     QElapsedTimer clock;
     clock.start();
-    const auto outcome = work(DatabaseTuning::Add, [](DatabaseTuning *tuning) {
+    const JobResult result = work(Tuning::Add, [](Job *job) {
         QTest::qWait(200);
-        tuning->stop();
+        job->cancel();
     });
-    QCOMPARE(outcome, DatabaseTuning::Stopped);
-    QVERIFY2(clock.elapsed() < 5000, "Waited for the other transaction");
+    QCOMPARE(result.outcome, JobResult::Cancelled);
+    QCOMPARE(result.words, QStringLiteral("Зупинено; у базі нічого не змінено."));
+    QVERIFY2(clock.elapsed() < 1500, "Waited for the other transaction");
     QCOMPARE(added(), QStringList());
     QCOMPARE(m_base.heard.texts(), QStringList());
     other = QSqlDatabase();
@@ -132,14 +132,14 @@ void TstTuning::endedStatementIsReported()
 {
     QSqlDatabase other;
     openForeignTransaction(&other);
-    const auto outcome = work(DatabaseTuning::Add, [this](DatabaseTuning *) {
+    const JobResult result = work(Tuning::Add, [this](Job *) {
         QString id;
         const char *const running = "SELECT MAX(ID) FROM INFORMATION_SCHEMA.PROCESSLIST WHERE DB=DATABASE() "
                                     "AND INFO LIKE 'ALTER TABLE cheks%'";
         QTRY_VERIFY(!(id = m_base.value(running)).isEmpty());
         m_base.exec("KILL QUERY " + id);
     });
-    QCOMPARE(outcome, DatabaseTuning::Failed);
+    QCOMPARE(result.outcome, JobResult::Failed);
     QCOMPARE(added(), QStringList());
     QCOMPARE(m_base.heard.texts().size(), 1);
     QVERIFY(m_base.heard.texts().constFirst().startsWith("Помилка запиту:"));
