@@ -1,5 +1,6 @@
 #include "bench.h"
 
+#include "cheksql.h"
 #include "shiftcloser.h"
 
 namespace {
@@ -45,9 +46,7 @@ public:
         return milliseconds([&] {
             const ShiftCloser closer(m_db, place(m_kass));
             const auto figures = closer.figures(zNumber);
-            const QString none = QStringLiteral("0");
-            if (!figures || closer.close(*figures, {none, none, none, none, none, none}, evening.date()) !=
-                                ShiftCloser::Closed)
+            if (!figures || closer.close(*figures, {}, evening.date()) != ShiftCloser::Closed)
                 qFatal("The shift was not closed");
         });
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <optional>
 
 /// Where a receipt is written and who writes it: ids as text.
 struct ChekPlace
@@ -11,7 +10,7 @@ struct ChekPlace
     QString user;
 };
 
-/// How a receipt was paid, in kopecks.
+/// How a receipt is paid, in kopecks: from the box in which it is paid to the writer.
 struct ChekPayment
 {
     qint64 discount = 0;
@@ -19,11 +18,10 @@ struct ChekPayment
     qint64 cash = 0;
     qint64 card = 0;
     qint64 certificate = 0;
-    /// Kopecks as SQL has them, with or without decimals; nothing pays in the fourth way yet.
-    QString fourth = QStringLiteral("0.00");
+    /// Nothing pays in the fourth way yet.
+    qint64 fourth = 0;
 
-    /// Nothing when it is no whole number of kopecks.
-    std::optional<qint64> fourthKopecks() const;
+    qint64 paid() const { return cash + card + certificate + fourth; }
 };
 
 /// The open shift of a register; an empty number when there is none.

@@ -1,5 +1,6 @@
 #include "cheksql.h"
 
+#include "cheks.h"
 #include "db.h"
 
 namespace {
@@ -41,7 +42,7 @@ QString goodsRow(const QString &prefix, const ReceiptRow &row, int position)
 {
     const QString goods = number(row.idGoods);
     return QStringList{prefix,
-                       number(ChekSql::SaleRow),
+                       number(ChekType::SoldGoods),
                        number(position),
                        goods,
                        QStringLiteral("(SELECT name FROM goods WHERE id=") + goods + QLatin1Char(')'),
@@ -63,15 +64,15 @@ QString discountRow(const QString &prefix, const ChekPayment &payment, int posit
 {
     return QStringLiteral("%1,%2,%3,1,'',0,(SELECT procent.discount FROM procent LEFT JOIN clients ON "
                           "clients.id_procent=procent.id WHERE clients.id=1),%4,0,0,0,NULL,0,0,0)")
-        .arg(prefix, number(ChekSql::DiscountRow), number(position), number(payment.discount));
+        .arg(prefix, number(ChekType::Discount), number(position), number(payment.discount));
 }
 
 /// The columns of an ordinary row carry how it was paid.
 QString paymentRow(const QString &prefix, const ChekPayment &payment, int position)
 {
     return QStringLiteral("%1,%2,%3,%4,'',%5,%6,%7,%8,%9,0,NULL,0,0,0)")
-        .arg(prefix, number(ChekSql::PaymentRow), number(position),
-             QLatin1String(payment.discount != 0 ? "1" : "0"), payment.fourth, number(payment.cash),
+        .arg(prefix, number(ChekType::Payment), number(position),
+             QLatin1String(payment.discount != 0 ? "1" : "0"), number(payment.fourth), number(payment.cash),
              number(payment.toPay), number(payment.card), number(payment.certificate));
 }
 } // namespace
@@ -117,7 +118,7 @@ QString ChekSql::addToZ(const Receipt &receipt, const ChekPayment &payment, cons
     return QStringLiteral("UPDATE z_zvit  SET ") + turnovers.join(QLatin1Char(',')) +
            QStringLiteral(",cash=cash+") + number(payment.cash) + QStringLiteral(",beznal_1=beznal_1+") +
            number(payment.card) + QStringLiteral(",beznal_2=beznal_2+") + number(payment.certificate) +
-           QStringLiteral(",beznal_3=beznal_3+") + payment.fourth +
+           QStringLiteral(",beznal_3=beznal_3+") + number(payment.fourth) +
            QStringLiteral(",count_cheks=count_cheks+1,count_chek_diskount=count_chek_diskount+") +
            number(payment.discount != 0 ? 1 : 0) + QStringLiteral(",summ_diskount=summ_diskount+") +
            number(payment.discount) + QStringLiteral(" WHERE id_zzvit=") + chek.zNumber +

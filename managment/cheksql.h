@@ -5,8 +5,6 @@
 
 /// The statements that write a receipt.
 namespace ChekSql {
-enum RowType { SaleRow = 1, DiscountRow = 2, PaymentRow = 3 };
-
 /// "(shop,register,Z,receipt,user,time": what all rows of a receipt begin with.
 QString prefix(const WrittenChek &chek);
 /// Without it no discount row can be read.

@@ -5,17 +5,13 @@
 #include "money.h"
 #include "qmessevent.h"
 #include "saleclock.h"
-#include "servererror.h"
 #include "shiftsums.h"
 #include "sqldate.h"
 
-#include <QSqlRecord>
 #include <limits>
 #include <numeric>
 
 namespace {
-/// A silent server is asked again before the next payment.
-constexpr int answerMs = 3000;
 constexpr qint64 largestNumber = std::numeric_limits<int>::max();
 
 QString ofRegister(const char *sql, const ChekPlace &place)
@@ -30,43 +26,9 @@ qint64 rowDiscounts(const Receipt &receipt)
 }
 } // namespace
 
-std::optional<qint64> ChekPayment::fourthKopecks() const
-{
-    const QString decimals = fourth.section(QLatin1Char('.'), 1);
-    bool ok = false;
-    const qint64 kopecks = fourth.section(QLatin1Char('.'), 0, 0).toLongLong(&ok);
-    return ok && decimals.count(QLatin1Char('0')) == decimals.size() ? std::optional<qint64>(kopecks)
-                                                                     : std::nullopt;
-}
-
 ChekWriter::ChekWriter(const Db &db, const ChekPlace &place, const char *file, int line)
-    : m_db(db), m_place(place), m_file(file), m_line(line)
+    : RegisterWriter(db, place, file, line)
 {
-}
-
-bool ChekWriter::run(const QString &sql) const
-{
-    return m_db.run(sql, {}, {}, m_file, m_line).has_value();
-}
-
-std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line)
-{
-    auto query = db.run(sql, {}, {}, file, line);
-    if (!query)
-        return std::nullopt;
-    QStringList cells;
-    if (query->next()) {
-        // Built from the answer at each call.
-        const int columns = query->record().count();
-        for (int i = 0; i < columns; ++i)
-            cells.append(toText(query->value(i)));
-    }
-    return cells;
-}
-
-std::optional<QStringList> ChekWriter::row(const QString &sql) const
-{
-    return firstRow(m_db, sql, m_file, m_line);
 }
 
 std::optional<OpenZ> ChekWriter::openZ() const
@@ -152,27 +114,8 @@ std::optional<QString> ChekWriter::placeRefusal(const char *lock) const
     return QString();
 }
 
-ChekWriter::Outcome ChekWriter::failure() const
-{
-    switch (m_db.lastErrorNumber()) {
-    case ServerError::DuplicateKey:
-        return Collided;
-    case ServerError::LockWait:
-    case ServerError::Deadlock:
-        return Locked;
-    default:
-        return Failed;
-    }
-}
-
-ChekWriter::Outcome ChekWriter::afterFailedCommit() const
-{
-    return isCommitRefused(m_db.lastErrorNumber()) ? failure() : Unclear;
-}
-
 QString ChekWriter::disagreement(const Receipt &receipt, const ChekPayment &payment)
 {
-    const auto fourth = payment.fourthKopecks();
     if (receipt.isEmpty())
         return tr("У чеку немає товарів.");
     if (receipt.total() - payment.discount != payment.toPay || payment.toPay < 0)
@@ -182,9 +125,9 @@ QString ChekWriter::disagreement(const Receipt &receipt, const ChekPayment &paym
     if (rowDiscounts(receipt) != payment.discount)
         return tr("Знижки рядків (%1) не дорівнюють знижці чека (%2). Чек не записано: введіть знижку ще раз.")
             .arg(moneyShown(rowDiscounts(receipt)), moneyShown(payment.discount));
-    const bool isNegative = payment.cash < 0 || payment.card < 0 || payment.certificate < 0;
-    if (!fourth || isNegative || *fourth < 0 ||
-        payment.cash + payment.card + payment.certificate + *fourth != payment.toPay)
+    const bool isNegative =
+        payment.cash < 0 || payment.card < 0 || payment.certificate < 0 || payment.fourth < 0;
+    if (isNegative || payment.paid() != payment.toPay)
         return tr("Оплачено не стільки, скільки треба (%1). Чек не записано: оплатіть його ще раз.")
             .arg(moneyShown(payment.toPay));
     return QString();
@@ -289,9 +232,9 @@ ChekWriter::Result ChekWriter::writeOnce(const Receipt &receipt, const ChekPayme
         return result;
     if (takeNumber(&result) && joinShift(receipt, payment, &result) && checkPlace(&result) &&
         writeRows(receipt, payment, &result))
-        result.outcome = transaction.commit(m_file, m_line) ? Written : afterFailedCommit();
+        result.outcome = transaction.commit(m_file, m_line) ? Written : commitFailureOf<ChekWriter>();
     else if (result.outcome == Failed)
-        result.outcome = failure();
+        result.outcome = failureOf<ChekWriter>();
     return result;
 }
 
@@ -311,8 +254,7 @@ ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &
         },
         [](const Result &tried) { return tried.outcome == Collided || tried.outcome == Locked; });
     if (result.outcome == Unclear) {
-        waitForServer(m_db, answerMs);
-        const auto written = isWritten(result.chek);
+        const auto written = askAfterLoss([&] { return isWritten(result.chek); });
         if (written)
             result.outcome = *written ? Written : Failed;
     }
@@ -321,17 +263,11 @@ ChekWriter::Result ChekWriter::write(const Receipt &receipt, const ChekPayment &
 
 std::optional<bool> ChekWriter::isWritten(const WrittenChek &chek) const
 {
-    // The lock waits for a transaction that the server has not ended yet, and gives up without an answer.
-    const auto cells =
-        row(QStringLiteral("SELECT COUNT(*) FROM cheks WHERE id_shop=%1 AND id_kass=%2 AND id_chek=%3 AND "
-                           "id_position=%4 AND id_user=%5 AND data_time=%6 AND id_type=%7 AND summa=%8 "
-                           "LOCK IN SHARE MODE")
-                .arg(chek.place.shop, chek.place.kass, QString::number(chek.number),
-                     QString::number(chek.paymentPosition), chek.place.user, chek.time,
-                     QString::number(ChekSql::PaymentRow), QString::number(chek.toPay)));
-    if (!cells || cells->isEmpty())
-        return std::nullopt;
-    return cells->first() != QLatin1String("0");
+    return stands(QStringLiteral("id_shop=%1 AND id_kass=%2 AND id_chek=%3 AND id_position=%4 AND id_user=%5 "
+                                 "AND data_time=%6 AND id_type=%7 AND summa=%8")
+                      .arg(chek.place.shop, chek.place.kass, QString::number(chek.number),
+                           QString::number(chek.paymentPosition), chek.place.user, chek.time,
+                           QString::number(ChekType::Payment), QString::number(chek.toPay)));
 }
 
 QString ChekWriter::explanation(const Result &result)

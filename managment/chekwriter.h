@@ -1,14 +1,14 @@
 #pragma once
 
 #include "cheksql.h"
-#include "db.h"
+#include "registerwriter.h"
 
 #include <QCoreApplication>
 #include <QDate>
 
 /// Writes receipts into the shared database. Failures of statements are reported by Db under the place that
 /// is given to the constructor.
-class ChekWriter
+class ChekWriter : private RegisterWriter
 {
     Q_DECLARE_TR_FUNCTIONS(ChekWriter)
 
@@ -77,8 +77,6 @@ public:
     static QString disagreement(const Receipt &receipt, const ChekPayment &payment);
 
 private:
-    std::optional<QStringList> row(const QString &sql) const;
-    bool run(const QString &sql) const;
     std::optional<qint64> newZNumber() const;
     QString createZ(const QString &zNumber) const;
     Result writeOnce(const Receipt &receipt, const ChekPayment &payment, const QDate &chosen) const;
@@ -88,16 +86,6 @@ private:
     bool checkPlace(Result *result) const;
     std::optional<QString> placeRefusal(const char *lock) const;
     bool writeRows(const Receipt &receipt, const ChekPayment &payment, Result *result) const;
-    Outcome failure() const;
-    Outcome afterFailedCommit() const;
     static QString tooMuchForShift(const QString &zNumber);
     static QString noMoreNumbers();
-
-    const Db m_db;
-    const ChekPlace m_place;
-    const char *m_file;
-    int m_line;
 };
-
-/// The first row as texts; empty when there is none, nothing after a failure.
-std::optional<QStringList> firstRow(const Db &db, const QString &sql, const char *file, int line);

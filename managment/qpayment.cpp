@@ -11,29 +11,29 @@
 #include <QShortcut>
 
 namespace {
-QString kopecks(const MoneySpinBox *box)
-{
-    return QString::number(box->kopecks());
-}
-
 /// Red that can be read on the window's colour.
 QColor alarmColour(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() < 128 ? QColor(0xff, 0x8a, 0x8a)
                                                              : QColor(0xc0, 0x00, 0x10);
 }
+
+ChekPayment dueOf(const QString &total, const QString &discount)
+{
+    qint64 sum = 0;
+    ChekPayment due;
+    kopecksFromText(total, &sum);
+    kopecksFromText(discount, &due.discount);
+    due.toPay = sum - due.discount;
+    return due;
+}
 } // namespace
 
-QPayment::QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash)
+QPayment::QPayment(bool closing, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::QPayment>()), m_isClosing(closing)
 {
     ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    showReceipt(total, discount);
-    if (closing)
-        showClosing(cash);
-    else
-        connectReceipt();
     ui->serviceFields->setVisible(closing);
     ui->lbNotice->hide();
     new ScanTail(this);
@@ -42,21 +42,44 @@ QPayment::QPayment(const QString &total, const QString &discount, bool closing, 
     connect(ui->pbCancel, &QPushButton::clicked, this, &QPayment::cancel);
 }
 
+QPayment::QPayment(const ChekPayment &due, QWidget *parent) : QPayment(false, parent)
+{
+    showReceipt(due);
+}
+
+QPayment::QPayment(const ShiftFigures &figures, QWidget *parent) : QPayment(true, parent)
+{
+    showClosing();
+    showFigures(figures);
+}
+
+QPayment::QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash)
+    : QPayment(closing, parent)
+{
+    if (closing) {
+        showClosing();
+        m_expected.cash = cash;
+        ui->dsbCounted->setKopecks(cash);
+        ui->dsbViluchenia->setKopecks(cash);
+        showDifferences();
+    } else {
+        showReceipt(dueOf(total, discount));
+    }
+}
+
 QPayment::~QPayment() = default;
 
-void QPayment::showReceipt(const QString &total, const QString &discount)
+void QPayment::showReceipt(const ChekPayment &due)
 {
-    qint64 sum = 0;
-    qint64 less = 0;
-    kopecksFromText(total, &sum);
-    kopecksFromText(discount, &less);
-    m_discount = less;
-    ui->lbSum->setText(moneyText(sum));
-    ui->lbDiscount->setText(moneyText(less));
-    ui->lbToPay->setText(moneyText(sum - less));
+    m_payment.discount = due.discount;
+    m_payment.toPay = due.toPay;
+    ui->lbSum->setText(moneyText(due.toPay + due.discount));
+    ui->lbDiscount->setText(moneyText(due.discount));
+    ui->lbToPay->setText(moneyText(due.toPay));
     QFont large = ui->lbToPay->font();
     large.setPointSize(large.pointSize() * 2);
     ui->lbToPay->setFont(large);
+    connectReceipt();
 }
 
 void QPayment::connectReceipt()
@@ -88,7 +111,7 @@ void QPayment::connectReceipt()
     ui->dsbGiven->setFocus();
 }
 
-void QPayment::showClosing(int cash)
+void QPayment::showClosing()
 {
     ui->receiptFields->hide();
     ui->gbPaid->hide();
@@ -98,21 +121,18 @@ void QPayment::showClosing(int cash)
     ui->pbOk->setAutoDefault(false);
     for (QSpinBox *box : {ui->sbCheks, ui->sbDiskount, ui->sbChekCanc, ui->sbPositionCanc})
         box->setRange(0, 1000000);
-    m_expected.cash = cash;
-    ui->dsbCounted->setKopecks(cash);
-    ui->dsbViluchenia->setKopecks(cash);
     for (MoneySpinBox *box : {ui->dsbCounted, ui->dsbVnesenia, ui->dsbViluchenia})
         connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QPayment::showDifferences);
-    showDifferences();
     ui->dsbCounted->setFocus();
 }
 
-void QPayment::setExpected(const ShiftFigures &figures)
+void QPayment::showFigures(const ShiftFigures &figures)
 {
     setWindowTitle(tr("Закрити зміну № %1").arg(figures.zNumber));
     m_expected = figures;
     ui->dsbCounted->setKopecks(figures.expectedCash());
     ui->dsbVnesenia->setKopecks(figures.vnesenia);
+    ui->dsbViluchenia->setKopecks(figures.cash);
     ui->sbCheks->setValue(figures.countCheks);
     ui->sbDiskount->setValue(figures.countDiskount);
     ui->sbChekCanc->setValue(figures.countChekCanc);
@@ -158,13 +178,6 @@ void QPayment::mark(QLabel *label, bool isWrong)
 void QPayment::showDifference(QLabel *label, qint64 difference)
 {
     label->setText((difference > 0 ? QStringLiteral("+") : QString()) + moneyShown(difference));
-}
-
-qint64 QPayment::owed() const
-{
-    qint64 sum = 0;
-    kopecksFromText(ui->lbToPay->text(), &sum);
-    return sum;
 }
 
 qint64 QPayment::paid() const
@@ -297,36 +310,24 @@ bool QPayment::confirmClosing()
 
 void QPayment::acceptPayment()
 {
-    m_toPay = QString::number(owed());
-    m_cash = kopecks(ui->dsbCash);
-    m_certificate = kopecks(ui->dsbCertificate);
-    m_card = kopecks(ui->dsbCard);
+    m_payment.cash = ui->dsbCash->kopecks();
+    m_payment.certificate = ui->dsbCertificate->kopecks();
+    m_payment.card = ui->dsbCard->kopecks();
     m_given = qMax(ui->dsbGiven->kopecks(), ui->dsbCash->kopecks());
     m_change = m_given - ui->dsbCash->kopecks();
     accept();
-}
-
-ChekPayment QPayment::payment() const
-{
-    ChekPayment payment;
-    payment.discount = m_discount;
-    payment.toPay = m_toPay.toLongLong();
-    payment.cash = m_cash.toLongLong();
-    payment.card = m_card.toLongLong();
-    payment.certificate = m_certificate.toLongLong();
-    return payment;
 }
 
 void QPayment::acceptClosing()
 {
     if (!confirmClosing())
         return ui->dsbCounted->setFocus(Qt::ShortcutFocusReason);
-    m_vnesenia = kopecks(ui->dsbVnesenia);
-    m_viluchenia = kopecks(ui->dsbViluchenia);
-    m_countCheks = QString::number(ui->sbCheks->value());
-    m_countDiskount = QString::number(ui->sbDiskount->value());
-    m_countChekCanc = QString::number(ui->sbChekCanc->value());
-    m_countPositionCanc = QString::number(ui->sbPositionCanc->value());
+    m_count.countCheks = ui->sbCheks->value();
+    m_count.countDiskount = ui->sbDiskount->value();
+    m_count.countPositionCanc = ui->sbPositionCanc->value();
+    m_count.countChekCanc = ui->sbChekCanc->value();
+    m_count.vnesenia = ui->dsbVnesenia->kopecks();
+    m_count.viluchenia = ui->dsbViluchenia->kopecks();
     accept();
 }
 

@@ -22,31 +22,34 @@ class QPayment : public QDialog
     Q_OBJECT
 
 public:
-    /// total, discount: texts with two decimals. closing: the form for the end of a shift, which proposes to
-    /// withdraw all of cash (kopecks).
+    /// The form of a receipt. due: what is to pay, and the discount that is taken off already.
+    QPayment(const ChekPayment &due, QWidget *parent);
+    /// The closing form: what the count is compared with, and from where its counters start. It proposes to
+    /// withdraw all that was sold for in cash.
+    QPayment(const ShiftFigures &figures, QWidget *parent);
+    /// The same from texts with two decimals, or from the shift's cash (kopecks) alone.
     QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash = 0);
     ~QPayment() override;
 
-    /// What the closing form compares the count with, and from where its counters start.
-    void setExpected(const ShiftFigures &figures);
-
-    /// What was accepted, as whole kopecks.
-    QString toPay() const { return m_toPay; }
-    QString cash() const { return m_cash; }
-    QString certificate() const { return m_certificate; }
-    QString card() const { return m_card; }
-    /// The same as one value, with the discount.
-    ChekPayment payment() const;
+    /// How the receipt was paid; complete once it was accepted.
+    const ChekPayment &payment() const { return m_payment; }
     /// Kopecks that were handed over in cash, and those to hand back.
     qint64 given() const { return m_given; }
     qint64 change() const { return m_change; }
-    /// The same of the closing form.
-    QString vnesenia() const { return m_vnesenia; }
-    QString viluchenia() const { return m_viluchenia; }
-    QString countCheks() const { return m_countCheks; }
-    QString countDiskount() const { return m_countDiskount; }
-    QString countChekCanc() const { return m_countChekCanc; }
-    QString countPositionCanc() const { return m_countPositionCanc; }
+    /// What was counted; complete once the closing was accepted.
+    const ShiftCount &count() const { return m_count; }
+
+    /// The same as texts of whole numbers.
+    QString toPay() const { return QString::number(m_payment.toPay); }
+    QString cash() const { return QString::number(m_payment.cash); }
+    QString certificate() const { return QString::number(m_payment.certificate); }
+    QString card() const { return QString::number(m_payment.card); }
+    QString vnesenia() const { return QString::number(m_count.vnesenia); }
+    QString viluchenia() const { return QString::number(m_count.viluchenia); }
+    QString countCheks() const { return QString::number(m_count.countCheks); }
+    QString countDiskount() const { return QString::number(m_count.countDiskount); }
+    QString countChekCanc() const { return QString::number(m_count.countChekCanc); }
+    QString countPositionCanc() const { return QString::number(m_count.countPositionCanc); }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -59,9 +62,11 @@ public slots:
     void cancel();
 
 private:
-    void showReceipt(const QString &total, const QString &discount);
+    QPayment(bool closing, QWidget *parent);
+    void showReceipt(const ChekPayment &due);
     void connectReceipt();
-    void showClosing(int cash);
+    void showClosing();
+    void showFigures(const ShiftFigures &figures);
     void showDifferences();
     static void showDifference(QLabel *label, qint64 difference);
     static void mark(QLabel *label, bool isWrong);
@@ -71,7 +76,7 @@ private:
     qint64 remaining() const;
     bool confirmClosing();
     qint64 expectedCash() const;
-    qint64 owed() const;
+    qint64 owed() const { return m_payment.toPay; }
     qint64 paid() const;
     void putRestInto(MoneySpinBox *box);
     void cashFollowsGiven();
@@ -82,13 +87,12 @@ private:
 
     std::unique_ptr<Ui::QPayment> ui;
     bool m_isClosing;
-    qint64 m_discount = 0;
+    /// What is owed from the beginning; how it was paid once that is accepted.
+    ChekPayment m_payment;
     qint64 m_given = 0;
     qint64 m_change = 0;
     /// What the note given has put into the cash field.
     qint64 m_followed = 0;
     ShiftFigures m_expected;
-    QString m_toPay, m_cash, m_certificate, m_card;
-    QString m_vnesenia, m_viluchenia;
-    QString m_countCheks, m_countDiskount, m_countChekCanc, m_countPositionCanc;
+    ShiftCount m_count;
 };

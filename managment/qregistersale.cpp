@@ -178,8 +178,16 @@ QString QRegisterSale::getIdZ()
 int QRegisterSale::writeChek(const QString &discount, const QString &toPay, const QString &cash,
                              const QString &card, const QString &certificate, const QString &fourth)
 {
-    return write(m_chek->receipt(), {discount.toLongLong(), toPay.toLongLong(), cash.toLongLong(),
-                                     card.toLongLong(), certificate.toLongLong(), fourth});
+    // What is no whole number of kopecks agrees with no receipt.
+    const auto whole = [](QString text) {
+        bool ok = false;
+        if (text.endsWith(QLatin1String(".00")))
+            text.chop(3);
+        const qint64 kopecks = text.toLongLong(&ok);
+        return ok ? kopecks : -1;
+    };
+    return write(m_chek->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
+                                     whole(certificate), whole(fourth)});
 }
 
 /// The number of the written receipt, else -1 with the reason shown.
@@ -267,7 +275,10 @@ void QRegisterSale::pay()
 {
     const QScopedValueRollback<bool> paying(m_isPaying, true);
     const Receipt receipt = m_chek->receipt();
-    QPayment payment(moneyText(receipt.total()), moneyText(receipt.discount()), false, this);
+    ChekPayment due;
+    due.discount = receipt.discount();
+    due.toPay = receipt.toPay();
+    QPayment payment(due, this);
     if (payment.exec() != QDialog::Accepted)
         return;
     const int number = write(receipt, payment.payment());

@@ -12,12 +12,6 @@
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
-
-/// The form takes what an int and its boxes hold.
-int formCash(qint64 kopecks)
-{
-    return static_cast<int>(qMin(kopecks, Receipt::maximum));
-}
 } // namespace
 
 void QRegisterSale::CloseZ_zvit()
@@ -82,13 +76,10 @@ void QRegisterSale::countAndClose(const ShiftFigures &figures)
     const QString early = ShiftCloser::dateRefusal(figures, ui->place->chosenDate());
     if (!early.isEmpty())
         return notify(early);
-    QPayment form(QStringLiteral("0.00"), QStringLiteral("0.00"), true, this, formCash(figures.cash));
-    form.setExpected(figures);
+    QPayment form(figures, this);
     if (form.exec() != QDialog::Accepted)
         return;
-    const ShiftCount count = {form.countCheks(),    form.countDiskount(), form.countPositionCanc(),
-                              form.countChekCanc(), form.vnesenia(),      form.viluchenia()};
-    const ShiftCloser::Outcome outcome = closer().close(figures, count, ui->place->chosenDate());
+    const ShiftCloser::Outcome outcome = closer().close(figures, form.count(), ui->place->chosenDate());
     if (outcome == ShiftCloser::Closed)
         return afterClosing(figures.zNumber);
     const QString why = ShiftCloser::explanation(outcome, figures.zNumber);

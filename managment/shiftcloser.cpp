@@ -1,9 +1,10 @@
 #include "shiftcloser.h"
 
+#include "cheks.h"
+#include "chekwriter.h"
 #include "heldmessages.h"
 #include "money.h"
 #include "saleclock.h"
-#include "servererror.h"
 #include "shiftsums.h"
 #include "sqldate.h"
 
@@ -20,12 +21,12 @@ QString otherFigures(const QString &kass, const QString &zNumber)
 {
     return QStringLiteral(
                "SELECT z_zvit.id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
-               "count_chek_canc,SUM(IF(cheks.id_type=4,summa,0)),SUM(IF(cheks.id_type=5,summa,0)),"
+               "count_chek_canc,SUM(IF(cheks.id_type=%1,summa,0)),SUM(IF(cheks.id_type=%2,summa,0)),"
                "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s') FROM z_zvit LEFT JOIN cheks ON "
                "cheks.id_shop=z_zvit.id_shop AND cheks.id_kass=z_zvit.id_kass AND "
-               "cheks.id_zvit=z_zvit.id_zzvit WHERE z_zvit.id_kass=") +
-           kass + QStringLiteral(" AND z_zvit.id_zzvit=") + zNumber +
-           QStringLiteral(" GROUP BY z_zvit.id_zzvit,z_zvit.id_kass");
+               "cheks.id_zvit=z_zvit.id_zzvit WHERE z_zvit.id_kass=%3 AND z_zvit.id_zzvit=%4 "
+               "GROUP BY z_zvit.id_zzvit,z_zvit.id_kass")
+        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut), kass, zNumber);
 }
 
 ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStringList &other)
@@ -70,7 +71,7 @@ QString ClosingSql::insertChek(const ClosedShift &shift)
                        shift.chekNumber,
                        QStringLiteral("0"),
                        shift.place.user,
-                       QStringLiteral("10"),
+                       QString::number(ChekType::ZReport),
                        QStringLiteral("Oborot_A+Oborot_B+Oborot_V+Oborot_G+Oborot_D-summ_diskount"),
                        shift.time}
                .join(QLatin1Char(',')) +
@@ -80,30 +81,29 @@ QString ClosingSql::insertChek(const ClosedShift &shift)
 
 QString ClosingSql::completeZ(const ClosedShift &shift, const ShiftCount &count)
 {
-    return QStringLiteral("UPDATE z_zvit SET count_cheks=") + count.countCheks +
-           QStringLiteral(",count_chek_diskount=") + count.countDiskount +
-           QStringLiteral(",count_position_canc=") + count.countPositionCanc +
-           QStringLiteral(",count_chek_canc=") + count.countChekCanc + QStringLiteral(",vnesenia=") +
-           count.vnesenia + QStringLiteral(",viluchenia=") + count.viluchenia +
-           QStringLiteral(",data_time=") + shift.time + ofShift(shift.place.kass, shift.zNumber);
+    return QStringLiteral("UPDATE z_zvit SET count_cheks=%1,count_chek_diskount=%2,count_position_canc=%3,"
+                          "count_chek_canc=%4,vnesenia=%5,viluchenia=%6,data_time=%7")
+               .arg(count.countCheks)
+               .arg(count.countDiskount)
+               .arg(count.countPositionCanc)
+               .arg(count.countChekCanc)
+               .arg(count.vnesenia)
+               .arg(count.viluchenia)
+               .arg(shift.time) +
+           ofShift(shift.place.kass, shift.zNumber);
 }
 
 ShiftCloser::ShiftCloser(const Db &db, const ChekPlace &place, const char *file, int line)
-    : m_db(db), m_place(place), m_file(file), m_line(line)
+    : RegisterWriter(db, place, file, line)
 {
-}
-
-bool ShiftCloser::run(const QString &sql) const
-{
-    return m_db.run(sql, {}, {}, m_file, m_line).has_value();
 }
 
 std::optional<ShiftFigures> ShiftCloser::figures(const QString &zNumber) const
 {
-    const auto cash = firstRow(m_db, ClosingSql::cash(m_place.kass, zNumber), m_file, m_line);
+    const auto cash = row(ClosingSql::cash(m_place.kass, zNumber));
     if (!cash || cash->isEmpty())
         return std::nullopt;
-    const auto other = firstRow(m_db, otherFigures(m_place.kass, zNumber), m_file, m_line);
+    const auto other = row(otherFigures(m_place.kass, zNumber));
     if (!other || other->isEmpty())
         return std::nullopt;
     return figuresOf(zNumber, cash->first(), *other);
@@ -111,38 +111,23 @@ std::optional<ShiftFigures> ShiftCloser::figures(const QString &zNumber) const
 
 std::optional<PeriodDay> ShiftCloser::periodDay() const
 {
-    const auto cells = firstRow(
-        m_db,
-        QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE id_kass=%1 ORDER BY "
-                       "data_time=0 DESC,id_zzvit DESC LIMIT 1) FROM shops WHERE id=COALESCE((SELECT "
-                       "id_shop FROM z_zvit WHERE id_kass=%1 AND data_time=0 LIMIT 1),%2)")
-            .arg(m_place.kass, m_place.shop),
-        m_file, m_line);
+    const auto cells =
+        row(QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE id_kass=%1 ORDER BY "
+                           "data_time=0 DESC,id_zzvit DESC LIMIT 1) FROM shops WHERE id=COALESCE((SELECT "
+                           "id_shop FROM z_zvit WHERE id_kass=%1 AND data_time=0 LIMIT 1),%2)")
+                .arg(m_place.kass, m_place.shop));
     if (!cells)
         return std::nullopt;
     return PeriodDay{cells->value(1).toInt(), qMax(cells->value(0).toInt(), 1)};
-}
-
-ShiftCloser::Outcome ShiftCloser::failure() const
-{
-    switch (m_db.lastErrorNumber()) {
-    case ServerError::DuplicateKey:
-        return Collided;
-    case ServerError::LockWait:
-    case ServerError::Deadlock:
-        return Locked;
-    default:
-        return Failed;
-    }
 }
 
 /// The row stays locked to the end: of two programs the later one finds it closed.
 ShiftCloser::Outcome ShiftCloser::closeInTransaction(const ClosedShift &shift, const ShiftFigures &figures,
                                                      const ShiftCount &count) const
 {
-    const auto cells = firstRow(m_db, ShiftSql::lockedSums(m_place.kass, shift.zNumber), m_file, m_line);
+    const auto cells = row(ShiftSql::lockedSums(m_place.kass, shift.zNumber));
     if (!cells)
-        return failure();
+        return failureOf<ShiftCloser>();
     const ShiftSums sums = shiftSums(*cells);
     if (!sums.isOpen)
         return AlreadyClosed;
@@ -150,12 +135,12 @@ ShiftCloser::Outcome ShiftCloser::closeInTransaction(const ClosedShift &shift, c
         return TooMuch;
     const auto now = this->figures(shift.zNumber);
     if (!now)
-        return failure();
+        return failureOf<ShiftCloser>();
     if (!(*now == figures))
         return Changed;
     const bool isWhole = (!sums.hasNulls || run(ShiftSql::nullsToZero(m_place.kass, shift.zNumber))) &&
                          run(ClosingSql::insertChek(shift)) && run(ClosingSql::completeZ(shift, count));
-    return isWhole ? Closed : failure();
+    return isWhole ? Closed : failureOf<ShiftCloser>();
 }
 
 ShiftCloser::Outcome ShiftCloser::closeOnce(const ShiftFigures &figures, const ShiftCount &count,
@@ -166,7 +151,7 @@ ShiftCloser::Outcome ShiftCloser::closeOnce(const ShiftFigures &figures, const S
     shift.place.shop = figures.shop;
     shift.chekNumber = ChekWriter(m_db, m_place, m_file, m_line).newChekNumber();
     if (shift.chekNumber.isEmpty())
-        return failure();
+        return failureOf<ShiftCloser>();
     Outcome outcome = Failed;
     {
         Transaction transaction(m_db, m_file, m_line);
@@ -174,13 +159,11 @@ ShiftCloser::Outcome ShiftCloser::closeOnce(const ShiftFigures &figures, const S
             return Failed;
         outcome = closeInTransaction(shift, figures, count);
         if (outcome == Closed && !transaction.commit(m_file, m_line))
-            outcome = isCommitRefused(m_db.lastErrorNumber()) ? failure() : Unclear;
+            outcome = commitFailureOf<ShiftCloser>();
     }
     if (outcome != Unclear)
         return outcome;
-    constexpr int answerMs = 3000;
-    waitForServer(m_db, answerMs);
-    const auto written = isClosed(shift);
+    const auto written = askAfterLoss([&] { return isClosed(shift); });
     if (!written)
         return Unclear;
     return *written ? Closed : Failed;
@@ -212,18 +195,10 @@ QString ShiftCloser::dateRefusal(const ShiftFigures &figures, const QDate &chose
 
 std::optional<bool> ShiftCloser::isClosed(const ClosedShift &shift) const
 {
-    // The lock waits for a transaction that the server has not ended yet.
-    const auto cells = firstRow(
-        m_db,
-        QStringLiteral("SELECT COUNT(*) FROM cheks WHERE id_shop=%1 AND id_kass=%2 AND id_chek=%3 AND "
-                       "id_position=0 AND id_zvit=%4 AND id_user=%5 AND data_time=%6 AND id_type=10 "
-                       "LOCK IN SHARE MODE")
-            .arg(shift.place.shop, shift.place.kass, shift.chekNumber, shift.zNumber, shift.place.user,
-                 shift.time),
-        m_file, m_line);
-    if (!cells || cells->isEmpty())
-        return std::nullopt;
-    return cells->first() != QLatin1String("0");
+    return stands(QStringLiteral("id_shop=%1 AND id_kass=%2 AND id_chek=%3 AND id_position=0 AND id_zvit=%4 "
+                                 "AND id_user=%5 AND data_time=%6 AND id_type=%7")
+                      .arg(shift.place.shop, shift.place.kass, shift.chekNumber, shift.zNumber,
+                           shift.place.user, shift.time, QString::number(ChekType::ZReport)));
 }
 
 QString ShiftCloser::explanation(Outcome outcome, const QString &zNumber)

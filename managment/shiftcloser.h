@@ -1,6 +1,9 @@
 #pragma once
 
-#include "chekwriter.h"
+#include "registerwriter.h"
+
+#include <QCoreApplication>
+#include <QDate>
 
 /// What the database knows of a shift that is still open; amounts in kopecks.
 struct ShiftFigures
@@ -26,15 +29,15 @@ struct ShiftFigures
     bool operator==(const ShiftFigures &other) const;
 };
 
-/// What the operator enters, as whole numbers; amounts in kopecks.
+/// What the operator enters; amounts in kopecks.
 struct ShiftCount
 {
-    QString countCheks;
-    QString countDiskount;
-    QString countPositionCanc;
-    QString countChekCanc;
-    QString vnesenia;
-    QString viluchenia;
+    int countCheks = 0;
+    int countDiskount = 0;
+    int countPositionCanc = 0;
+    int countChekCanc = 0;
+    qint64 vnesenia = 0;
+    qint64 viluchenia = 0;
 };
 
 /// What tells one Z receipt from every other.
@@ -60,7 +63,7 @@ struct PeriodDay
 
 /// Closes the shift of a register. Failures of statements are reported by Db under the place that is given
 /// to the constructor.
-class ShiftCloser
+class ShiftCloser : private RegisterWriter
 {
     Q_DECLARE_TR_FUNCTIONS(ShiftCloser)
 
@@ -110,16 +113,9 @@ public:
     static QString periodRefusal(const PeriodDay &day);
 
 private:
-    bool run(const QString &sql) const;
-    Outcome failure() const;
     Outcome closeInTransaction(const ClosedShift &shift, const ShiftFigures &figures,
                                const ShiftCount &count) const;
     Outcome closeOnce(const ShiftFigures &figures, const ShiftCount &count, const QString &time) const;
-
-    const Db m_db;
-    const ChekPlace m_place;
-    const char *m_file;
-    int m_line;
 };
 
 /// The texts of the statements.

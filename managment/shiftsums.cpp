@@ -86,7 +86,7 @@ ShiftSums ShiftSums::with(const Receipt &receipt, const ChekPayment &payment) co
     sums.cash += payment.cash;
     sums.cashless[0] += payment.card;
     sums.cashless[1] += payment.certificate;
-    sums.cashless[2] += payment.fourthKopecks().value_or(0);
+    sums.cashless[2] += payment.fourth;
     sums.discount += payment.discount;
     return sums;
 }

@@ -37,9 +37,8 @@ ChekPlace place(int kass = 1, int user = 1)
 /// As the operator leaves the form who changes nothing.
 ShiftCount unchanged(const ShiftFigures &figures)
 {
-    return {QString::number(figures.countCheks),        QString::number(figures.countDiskount),
-            QString::number(figures.countPositionCanc), QString::number(figures.countChekCanc),
-            QString::number(figures.vnesenia),          QString::number(figures.cash)};
+    return {figures.countCheks,    figures.countDiskount, figures.countPositionCanc,
+            figures.countChekCanc, figures.vnesenia,      figures.cash};
 }
 
 void acceptForm(QPayment *form)
@@ -323,8 +322,7 @@ ShiftFigures busyShift()
 /// Shown and active, as the operator sees it.
 std::unique_ptr<QPayment> closingForm(const ShiftFigures &figures)
 {
-    auto form = std::make_unique<QPayment>(text("0.00"), text("0.00"), true, nullptr, 100000);
-    form->setExpected(figures);
+    auto form = std::make_unique<QPayment>(figures, nullptr);
     form->show();
     form->activateWindow();
     if (!QTest::qWaitForWindowActive(form.get()))

@@ -86,9 +86,7 @@ void TstDay::close(FreshDatabase *base, const QString &kass)
 {
     const ShiftCloser closer(base->db(), {"1", kass, "1"});
     const auto figures = closer.figures("1");
-    const ShiftCount count = {
-        QString::number(figures->countCheks), QString::number(figures->countDiskount), "0", "0", "0",
-        QString::number(figures->cash)};
+    const ShiftCount count = {figures->countCheks, figures->countDiskount, 0, 0, 0, figures->cash};
     SaleClock::setSource([] { return QDateTime(day, QTime(23, 59, 59)); });
     if (closer.close(*figures, count) != ShiftCloser::Closed)
         qFatal("Not closed: %s", qPrintable(base->heard.texts().join('|')));
