@@ -5,19 +5,14 @@
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
-#include "qpayment.h"
-#include "qqestion.h"
 #include "qrowmodel.h"
 #include "quantitydelegate.h"
 #include "queryservice.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
-#include "salechanges.h"
-#include "saleclock.h"
-#include "saleplaces.h"
 
 #include <QCloseEvent>
-#include <QScopedValueRollback>
+#include <utility>
 
 QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                              QWidget *parent)
@@ -35,7 +30,10 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     ui->setupUi(this);
     setUpGoods();
     setUpChek();
+    m_payment = new SalePayment(db, receiver, ui->place, m_chek, this);
+    ui->shift->setUp(db, user, receiver, ui->place);
     connectPlace();
+    connectClosing();
     ui->place->setUp(db, user, receiver);
     connectReceipt();
     connectKeys();
@@ -48,43 +46,17 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     seerch(QString());
 }
 
-void QRegisterSale::showShift()
-{
-    if (!m_user->isLoaded())
-        return;
-    ui->lbShift->setText(shiftText());
-    ui->pbSale->setEnabled(m_user->mayEdit(Permission::Sales) && !ui->place->isClosingOnly());
-}
-
-QString QRegisterSale::shiftText() const
-{
-    if (!ui->place->hasShop())
-        return tr("Немає магазину, в якому ви можете продавати.");
-    if (!ui->place->isChosen())
-        return tr("У магазині немає незаблокованої каси.");
-    const auto z = writer().openZ();
-    if (!z)
-        return tr("Стан зміни невідомий.");
-    if (z->number.isEmpty())
-        return tr("Зміна буде відкрита першим чеком.");
-    if (writer().isOwn(*z))
-        return tr("Зміна № %1 відкрита, день періоду: %2.").arg(z->number, z->day);
-    return tr("Зміну № %1 відкрив інший користувач: %2")
-        .arg(z->number, m_user->getNameSename(m_db, z->user.toInt()));
-}
-
 /// Also when they were read again.
 void QRegisterSale::showRights()
 {
     const bool maySell = m_user->mayEdit(Permission::Sales);
     const QString why = tr("Лише перегляд: продавати може користувач з повним дозволом.");
-    for (QWidget *widget :
-         QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->dsbDiscount, ui->pbCloseZ, ui->pbPeriod}) {
+    for (QWidget *widget : QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->dsbDiscount}) {
         widget->setEnabled(maySell);
         widget->setToolTip(maySell ? QString() : why);
     }
     ui->pbSale->setEnabled(maySell && !ui->place->isClosingOnly());
-    ui->pbCloseZ->setToolTip(maySell ? QStringLiteral("F12") : why);
+    ui->shift->setMayClose(maySell, why);
     if (!maySell || ui->notice->text() == why)
         notify(maySell ? QString() : why);
 }
@@ -111,45 +83,14 @@ bool QRegisterSale::confirm(const QString &title, const QString &text, const QSt
     return isAgreed;
 }
 
-void QRegisterSale::warn(const QString &title, const QString &text)
-{
-    QQestion::question(this, title, text, true);
-    focusSearch();
-}
-
 Db QRegisterSale::db() const
 {
     return Db(m_db, m_receiver);
 }
 
-ChekPlace QRegisterSale::place() const
-{
-    return ui->place->place();
-}
-
 ChekWriter QRegisterSale::writer(const char *file, int line) const
 {
-    return ChekWriter(db(), place(), file, line);
-}
-
-ShiftCloser QRegisterSale::closer() const
-{
-    return ShiftCloser(db(), place());
-}
-
-/// Asked once a receipt.
-bool QRegisterSale::agreeDate()
-{
-    ui->place->followToday();
-    const QDate chosen = ui->place->chosenDate();
-    if (!chosen.isValid() || m_isDateAgreed)
-        return true;
-    const QString day = chosen.toString(QStringLiteral("dd.MM.yyyy"));
-    m_isDateAgreed = confirm(tr("Дата чека"),
-                             tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
-                                 .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
-                             tr("Записати %1").arg(day));
-    return m_isDateAgreed;
+    return ChekWriter(db(), ui->place->place(), file, line);
 }
 
 QString QRegisterSale::getIdNewCheck() const
@@ -159,11 +100,7 @@ QString QRegisterSale::getIdNewCheck() const
 
 QString QRegisterSale::isOpenZ(bool *ok)
 {
-    const auto z = writer().openZ();
-    *ok = z && writer().isOwn(*z);
-    if (z && !*ok)
-        warn(tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}));
-    return z ? z->number : QString();
+    return m_payment->openShift(ok);
 }
 
 QString QRegisterSale::getIdZ()
@@ -186,54 +123,8 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
         const qint64 kopecks = text.toLongLong(&ok);
         return ok ? kopecks : -1;
     };
-    return write(m_chek->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
-                                     whole(certificate), whole(fourth)});
-}
-
-/// The number of the written receipt, else -1 with the reason shown.
-int QRegisterSale::write(const Receipt &receipt, const ChekPayment &payment)
-{
-    const ChekWriter::Result result = writer().write(receipt, payment, ui->place->chosenDate());
-    if (result.outcome == ChekWriter::Written)
-        return result.chek.number;
-    if (result.outcome == ChekWriter::Unclear)
-        m_unclear = result.chek;
-    const QString why = ChekWriter::explanation(result);
-    postMessage(m_receiver, why, QMessEvent::Warning);
-    notify(why);
-    if (result.outcome == ChekWriter::Busy)
-        warn(tr("Магазин зайнятий!"), why);
-    return -1;
-}
-
-/// Why this receipt cannot be sold here; empty when it can.
-QString QRegisterSale::saleRefusal() const
-{
-    if (!ui->place->isChosen())
-        return tr("Виберіть магазин і касу.");
-    if (ui->place->isClosingOnly())
-        return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
-    // A shift is listed in one shop; what is sold in another one does not belong into it.
-    const QString other = SalePlaces::otherShopOfShift(m_db, m_receiver, place().kass, place().shop);
-    if (!other.isEmpty())
-        return tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
-    const QString unknown = tr("Сервер не відповів, чи можна тут продавати. Повторіть оплату.");
-    const QString why = writer().placeRefusal().value_or(unknown);
-    return why.isEmpty() ? m_chek->receipt().refusal() : why;
-}
-
-bool QRegisterSale::VerifyChek()
-{
-    QString why = saleRefusal();
-    bool ok = why.isEmpty();
-    if (ok)
-        isOpenZ(&ok);
-    if (ok)
-        why =
-            writer().shiftRefusal(m_chek->receipt()).value_or(tr("Стан зміни невідомий. Повторіть оплату."));
-    showShift();
-    notify(why);
-    return ok && why.isEmpty();
+    return m_payment->write(m_chek->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
+                                                whole(certificate), whole(fourth)});
 }
 
 void QRegisterSale::sale()
@@ -241,77 +132,53 @@ void QRegisterSale::sale()
     notify(QString());
     if (!settle() || isCodeLeft() || !mayChange())
         return;
-    if (VerifyChek() && m_chek->receipt().total() != 0 && agreeDate() && agreeChanges())
-        pay();
+    m_payment->sell();
     focusSearch();
 }
 
-/// What became of the goods since they were put in is told before anybody pays.
-bool QRegisterSale::agreeChanges()
+void QRegisterSale::CloseZ_zvit()
 {
-    const auto changes =
-        saleChanges(db(), place(), m_chek->receipt(), goodsSearch(GoodsSearch::Goods, QString()));
-    if (!changes) {
-        notify(tr("Сервер не відповів, чи змінились ціни. Повторіть оплату."));
-        return false;
-    }
-    if (!changes->blocking.isEmpty()) {
-        notify(changes->blocking.join(QLatin1Char('\n')));
-        return false;
-    }
-    if (changes->told.isEmpty())
-        return true;
-    if (!confirm(tr("Товари змінились"),
-                 changes->told.join(QLatin1Char('\n')) + QStringLiteral("\n\n") +
-                     tr("Продати за новими умовами?"),
-                 tr("Продати")))
-        return false;
-    m_chek->takeOver(changes->rows);
-    return VerifyChek();
+    ui->shift->closeShift();
 }
 
-/// What is shown, what is paid and what is written is one receipt, taken once.
-void QRegisterSale::pay()
+void QRegisterSale::pbClosePeriod()
 {
-    const QScopedValueRollback<bool> paying(m_isPaying, true);
-    const Receipt receipt = m_chek->receipt();
-    ChekPayment due;
-    due.discount = receipt.discount();
-    due.toPay = receipt.toPay();
-    QPayment payment(due, this);
-    if (payment.exec() != QDialog::Accepted)
-        return;
-    const int number = write(receipt, payment.payment());
-    if (number != -1)
-        afterSale({place().kass, number}, receipt.toPay(), payment.change());
+    ui->shift->closePeriodAlone();
 }
 
-void QRegisterSale::afterSale(const NoticeBar::Slip &slip, qint64 toPay, qint64 change)
+bool QRegisterSale::ClosePeriod()
 {
-    m_unclear.reset();
+    return ui->shift->closePeriod();
+}
+
+/// First the next receipt can be begun, then the other programs are told of this one.
+void QRegisterSale::afterSale(const SalePayment::Sold &sold)
+{
     clearReceipt();
     ui->leSearch->clear();
     seerch(QString());
-    showShift();
-    QString told = tr("Чек № %1, %2").arg(slip.chek).arg(moneyShown(toPay));
-    if (change != 0)
-        told += tr(", решта %1").arg(moneyShown(change));
-    ui->notice->tell(told, m_user->maySee(Permission::Cheks) ? std::optional(slip) : std::nullopt);
-    for (const char *table : {"cheks", "goods_shop", "z_zvit"})
-        QUpdateBD().update(QLatin1String(table), *m_db, m_receiver);
+    ui->shift->refresh();
+    QString told = tr("Чек № %1, %2").arg(sold.number).arg(moneyShown(sold.toPay));
+    if (sold.change != 0)
+        told += tr(", решта %1").arg(moneyShown(sold.change));
+    if (m_user->maySee(Permission::Cheks))
+        ui->notice->tell(told, NoticeBar::Slip{sold.kass, sold.number});
+    else
+        notify(told);
+    tellLater({QStringLiteral("cheks"), QStringLiteral("goods_shop"), QStringLiteral("z_zvit")});
 }
 
-/// Whether the last receipt is written; nothing while the server does not tell.
-std::optional<bool> QRegisterSale::askUnclear()
+void QRegisterSale::tellLater(const QStringList &tables)
 {
-    const auto isWritten = writer().isWritten(*m_unclear);
-    if (!isWritten)
-        notify(ChekWriter::explanation({ChekWriter::Unclear, *m_unclear}));
-    else if (*isWritten)
-        afterSale({m_unclear->place.kass, m_unclear->number}, m_unclear->toPay, 0);
-    else
-        m_unclear.reset();
-    return isWritten;
+    m_changedTables += tables;
+    QTimer::singleShot(0, this, &QRegisterSale::tellTracker);
+}
+
+void QRegisterSale::tellTracker()
+{
+    m_changedTables.removeDuplicates();
+    if (!m_changedTables.isEmpty())
+        QUpdateBD().update(std::exchange(m_changedTables, {}), *m_db, m_receiver);
 }
 
 bool QRegisterSale::mayChange()
@@ -320,13 +187,13 @@ bool QRegisterSale::mayChange()
         showRights();
         return false;
     }
-    return !m_unclear || askUnclear() == false;
+    return !m_payment->unclear() || m_payment->askUnclear() == false;
 }
 
 bool QRegisterSale::leaveReceipt()
 {
     settle();
-    if (m_unclear && !askUnclear()) {
+    if (m_payment->unclear() && !m_payment->askUnclear()) {
         focusSearch();
         return false;
     }
@@ -346,7 +213,7 @@ void QRegisterSale::clearReceipt()
     ui->notice->forget();
     m_chek->clear();
     showDiscount();
-    m_isDateAgreed = false;
+    m_payment->beginReceipt();
     ui->place->backToToday();
 }
 
@@ -357,16 +224,16 @@ void QRegisterSale::closeEvent(QCloseEvent *event)
 
 bool QRegisterSale::mayClose()
 {
-    if (m_isPaying)
+    if (m_payment->isPaying())
         return false;
     settle();
-    if (!m_unclear || askUnclear())
+    if (!m_payment->unclear() || m_payment->askUnclear())
         return leaveReceipt();
-    const QString what = ChekWriter::explanation({ChekWriter::Unclear, *m_unclear});
+    const QString what = m_payment->unclearWords();
     if (!confirm(tr("Закрити вкладку?"),
                  what + QStringLiteral("\n\n") +
                      tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
-                         .arg(moneyShown(m_unclear->toPay)),
+                         .arg(moneyShown(m_payment->unclear()->toPay)),
                  tr("Закрити")))
         return false;
     postMessage(m_receiver, what, QMessEvent::Warning);

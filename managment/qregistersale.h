@@ -3,9 +3,8 @@
 #include "chekwriter.h"
 #include "columns.h"
 #include "goodssearch.h"
-#include "noticebar.h"
 #include "page.h"
-#include "shiftcloser.h"
+#include "salepayment.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -87,26 +86,22 @@ private:
     static QString widthsKey(const QNTableView *view);
     static void spreadNames(QNTableView *view);
     void connectPlace();
+    void connectClosing();
     void connectReceipt();
     void connectKeys();
     void connectSearch();
     void connectFocus();
     void orderTabs();
-    void showShift();
-    QString shiftText() const;
     void showReceipt();
     void notify(const QString &text);
     bool confirm(const QString &title, const QString &text, const QString &actCaption);
-    void warn(const QString &title, const QString &text);
+    void tellLater(const QStringList &tables);
+    void tellTracker();
     void showRights();
 
     Db db() const;
-    ChekPlace place() const;
     ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
-    ShiftCloser closer() const;
     GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
-    bool agreeDate();
-    bool agreeChanges();
 
     /// Ends what the hand has begun: a quantity or a discount that is being typed, an item that Enter waits
     /// for. False, with the reason shown, when something of it did not come into the receipt.
@@ -120,22 +115,10 @@ private:
 
     /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
     bool mayChange();
-    std::optional<bool> askUnclear();
-    bool VerifyChek();
-    void pay();
-    int write(const Receipt &receipt, const ChekPayment &payment);
-    QString saleRefusal() const;
-    void afterSale(const NoticeBar::Slip &slip, qint64 toPay, qint64 change);
+    void afterSale(const SalePayment::Sold &sold);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
     void clearReceipt();
-
-    QString shiftToClose();
-    bool takeOver(const OpenZ &z);
-    bool offerPeriod(const QString &zNumber);
-    void countAndClose(const ShiftFigures &figures);
-    void afterClosing(const QString &zNumber);
-    QString shiftKey(const QString &zNumber) const;
 
     void loadList(const QString &text);
     void enter();
@@ -169,13 +152,12 @@ private:
     QLoadedUser *m_user;
     QObject *m_receiver;
     ReceiptModel *m_chek;
+    SalePayment *m_payment = nullptr;
     QuantityDelegate *m_quantity;
     QRowModel *m_goods;
     QueryOwner *m_queries;
     QTimer m_searchDelay;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
-    /// The user knows that this receipt gets another date than today's.
-    bool m_isDateAgreed = false;
     /// For this Enter was pressed before the list was there.
     std::optional<QString> m_waited;
     /// What Enter asked for last; empty once something else is typed.
@@ -190,10 +172,7 @@ private:
     /// Scanned while a question was open.
     QStringList m_scans;
     bool m_isTakingScans = false;
-    bool m_isPaying = false;
     qint64 m_shownDiscount = 0;
-    /// A receipt of which the server has not told whether it was written.
-    std::optional<WrittenChek> m_unclear;
-    /// The shift during which the period was closed: its closing does not ask for that again.
-    QString m_closedPeriod;
+    /// Written to, and not told to other programs yet.
+    QStringList m_changedTables;
 };

@@ -40,7 +40,7 @@ bool isScanned(const QString &text)
 GoodsSearch QRegisterSale::goodsSearch(GoodsSearch::By by, const QString &text) const
 {
     GoodsSearch search;
-    search.idShop = place().shop.toUInt();
+    search.idShop = ui->place->place().shop.toUInt();
     search.mode = m_mode;
     search.by = by;
     search.text = text;

@@ -17,6 +17,7 @@
 
 QRegisterSale::~QRegisterSale()
 {
+    tellTracker();
     // An editor that loses the focus on the way out would still tell of it.
     m_quantity->drop();
     const auto parts = findChildren<QObject *>();
@@ -115,13 +116,36 @@ void QRegisterSale::spreadNames(QNTableView *view)
 void QRegisterSale::connectPlace()
 {
     ui->place->setGuard([this] { return leaveReceipt(); });
-    connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showShift);
-    connect(ui->place, &PlaceBar::dateChanged, this, [this] { m_isDateAgreed = false; });
+    connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showRights);
     connect(ui->place, &PlaceBar::goodsChanged, this, [this] { seerch(ui->leSearch->text()); });
     connect(ui->place, &PlaceBar::left, this, &QRegisterSale::focusSearch);
     connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
-    connect(ui->pbCloseZ, &QPushButton::clicked, this, &QRegisterSale::CloseZ_zvit);
-    connect(ui->pbPeriod, &QPushButton::clicked, this, &QRegisterSale::pbClosePeriod);
+    m_payment->setScope([this] { return goodsSearch(GoodsSearch::Goods, QString()); });
+    connect(m_payment, &SalePayment::told, this, &QRegisterSale::notify);
+    connect(m_payment, &SalePayment::sold, this, &QRegisterSale::afterSale);
+    connect(m_payment, &SalePayment::shiftRead, ui->shift, &ShiftBar::refresh);
+    connect(m_payment, &SalePayment::left, this, &QRegisterSale::focusSearch);
+}
+
+void QRegisterSale::connectClosing()
+{
+    ui->shift->setGuard([this] {
+        if (!settle())
+            return false;
+        const bool may = mayChange();
+        if (!may)
+            focusSearch();
+        return may;
+    });
+    ui->shift->setRefusal([this] {
+        return m_chek->receipt().isEmpty()
+                   ? QString()
+                   : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
+    });
+    connect(ui->shift, &ShiftBar::told, this, &QRegisterSale::notify);
+    connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellLater);
+    connect(ui->shift, &ShiftBar::placesChanged, this, [this] { seerch(ui->leSearch->text()); });
+    connect(ui->shift, &ShiftBar::left, this, &QRegisterSale::focusSearch);
 }
 
 void QRegisterSale::connectReceipt()
@@ -137,7 +161,6 @@ void QRegisterSale::connectReceipt()
             focusSearch();
     });
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &QRegisterSale::discountTyped);
-    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showShift);
     connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
     connect(ui->pbRemove, &QPushButton::clicked, this, &QRegisterSale::removeRow);
     connect(ui->pbClear, &QPushButton::clicked, this, [this] {

@@ -1649,36 +1649,8 @@ Restart the program!</translation>
         <translation>0.00</translation>
     </message>
     <message>
-        <source>Немає магазину, в якому ви можете продавати.</source>
-        <translation>There is no shop in which you may sell.</translation>
-    </message>
-    <message>
-        <source>У магазині немає незаблокованої каси.</source>
-        <translation>The shop has no cash register that is not blocked.</translation>
-    </message>
-    <message>
-        <source>Стан зміни невідомий.</source>
-        <translation>The state of the shift is unknown.</translation>
-    </message>
-    <message>
-        <source>Зміна буде відкрита першим чеком.</source>
-        <translation>The first receipt will open the shift.</translation>
-    </message>
-    <message>
-        <source>Зміну № %1 відкрив інший користувач: %2</source>
-        <translation>Shift No. %1 was opened by another user: %2</translation>
-    </message>
-    <message>
         <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
         <translation>View only: selling needs full permission.</translation>
-    </message>
-    <message>
-        <source>Магазин зайнятий!</source>
-        <translation>The shop is busy!</translation>
-    </message>
-    <message>
-        <source>Виберіть магазин і касу.</source>
-        <translation>Choose a shop and a cash register.</translation>
     </message>
     <message>
         <source>Очистити чек?</source>
@@ -1771,84 +1743,12 @@ Clear it?</translation>
         <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
     </message>
     <message>
-        <source>Закрит&amp;и зміну</source>
-        <translation>Close shi&amp;ft</translation>
-    </message>
-    <message>
-        <source>F12</source>
-        <translation>F12</translation>
-    </message>
-    <message>
-        <source>Зміна № %1 відкрита, день періоду: %2.</source>
-        <translation>Shift No. %1 is open, day of the period: %2.</translation>
-    </message>
-    <message>
-        <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
-        <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
-    </message>
-    <message>
         <source>У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.</source>
         <translation>The receipt has goods. Pay or clear it before closing the shift.</translation>
     </message>
     <message>
-        <source>На цій касі немає відкритої зміни: закривати нічого.</source>
-        <translation>This cash register has no open shift: there is nothing to close.</translation>
-    </message>
-    <message>
-        <source>Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?</source>
-        <translation>Shift No. %1 was opened by another user: %2. Close it in their place?</translation>
-    </message>
-    <message>
-        <source>закрити?</source>
-        <translation>close?</translation>
-    </message>
-    <message>
-        <source>Ви збираєтесь закрити зміну
-в останні день періоду.
-Закрити період перед закриттям зміни?</source>
-        <translation>You are about to close the shift
-on the last day of the period.
-Close the period before closing the shift?</translation>
-    </message>
-    <message>
-        <source>Відмінити закриття</source>
-        <translation>Cancel closing</translation>
-    </message>
-    <message>
-        <source>Закрити тільки зміну</source>
-        <translation>Close the shift only</translation>
-    </message>
-    <message>
-        <source>Закрити період та зміну</source>
-        <translation>Close the period and the shift</translation>
-    </message>
-    <message>
-        <source>Попередження.</source>
-        <translation>Warning.</translation>
-    </message>
-    <message>
-        <source>Зміну № %1 закрито.</source>
-        <translation>Shift No. %1 is closed.</translation>
-    </message>
-    <message>
-        <source>Період закрито. Наступна зміна почне новий.</source>
-        <translation>The period is closed. The next shift starts a new one.</translation>
-    </message>
-    <message>
-        <source>Попередження?</source>
-        <translation>Warning?</translation>
-    </message>
-    <message>
-        <source>Період не закрито!</source>
-        <translation>The period is not closed!</translation>
-    </message>
-    <message>
         <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
         <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
-    </message>
-    <message>
-        <source>Закрити пе&amp;ріод</source>
-        <translation>Close pe&amp;riod</translation>
     </message>
     <message>
         <source>То&amp;вар:</source>
@@ -1875,28 +1775,6 @@ Close the period before closing the shift?</translation>
         <translation>Pa&amp;y F9</translation>
     </message>
     <message>
-        <source>Дата чека</source>
-        <translation>Date of the receipt</translation>
-    </message>
-    <message>
-        <source>Сьогодні %1, а вибрано дату %2.
-Записати цією датою?</source>
-        <translation>Today is %1, the chosen date is %2.
-Write with that date?</translation>
-    </message>
-    <message>
-        <source>Записати %1</source>
-        <translation>Write %1</translation>
-    </message>
-    <message>
-        <source>Сервер не відповів, чи можна тут продавати. Повторіть оплату.</source>
-        <translation>The server did not tell whether this can be sold here. Pay again.</translation>
-    </message>
-    <message>
-        <source>Стан зміни невідомий. Повторіть оплату.</source>
-        <translation>The state of the shift is unknown. Pay again.</translation>
-    </message>
-    <message>
         <source>Очистити</source>
         <translation>Clear</translation>
     </message>
@@ -1913,10 +1791,6 @@ Write with that date?</translation>
         <translation>Close</translation>
     </message>
     <message>
-        <source>Закрити її</source>
-        <translation>Close it</translation>
-    </message>
-    <message>
         <source>Товар «%1» не додано: сервер не відповів.</source>
         <translation>Item “%1” was not added: the server did not answer.</translation>
     </message>
@@ -1931,22 +1805,6 @@ Write with that date?</translation>
     <message>
         <source>Товар «%1» не додано: сервер не відповів вчасно.</source>
         <translation>Item “%1” was not added: the server did not answer in time.</translation>
-    </message>
-    <message>
-        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
-        <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
-    </message>
-    <message>
-        <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>
-        <translation>The server did not tell whether prices have changed. Pay again.</translation>
-    </message>
-    <message>
-        <source>Товари змінились</source>
-        <translation>The goods have changed</translation>
-    </message>
-    <message>
-        <source>Продати за новими умовами?</source>
-        <translation>Sell on the new terms?</translation>
     </message>
     <message>
         <source>Чек № %1, %2</source>
@@ -2868,6 +2726,63 @@ Write with that date?</translation>
     </message>
 </context>
 <context>
+    <name>SalePayment</name>
+    <message>
+        <source>Магазин зайнятий!</source>
+        <translation>The shop is busy!</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин і касу.</source>
+        <translation>Choose a shop and a cash register.</translation>
+    </message>
+    <message>
+        <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
+        <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
+        <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи можна тут продавати. Повторіть оплату.</source>
+        <translation>The server did not tell whether this can be sold here. Pay again.</translation>
+    </message>
+    <message>
+        <source>Стан зміни невідомий. Повторіть оплату.</source>
+        <translation>The state of the shift is unknown. Pay again.</translation>
+    </message>
+    <message>
+        <source>Дата чека</source>
+        <translation>Date of the receipt</translation>
+    </message>
+    <message>
+        <source>Сьогодні %1, а вибрано дату %2.
+Записати цією датою?</source>
+        <translation>Today is %1, the chosen date is %2.
+Write with that date?</translation>
+    </message>
+    <message>
+        <source>Записати %1</source>
+        <translation>Write %1</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>
+        <translation>The server did not tell whether prices have changed. Pay again.</translation>
+    </message>
+    <message>
+        <source>Товари змінились</source>
+        <translation>The goods have changed</translation>
+    </message>
+    <message>
+        <source>Продати за новими умовами?</source>
+        <translation>Sell on the new terms?</translation>
+    </message>
+    <message>
+        <source>Продати</source>
+        <translation>Sell</translation>
+    </message>
+</context>
+<context>
     <name>SalePlaces</name>
     <message>
         <source>%1 (заблоковано, лише закриття зміни)</source>
@@ -2941,6 +2856,109 @@ can damage the data in the database!</translation>
 %2</source>
         <translation>The settings file was not read: %1
 %2</translation>
+    </message>
+</context>
+<context>
+    <name>ShiftBar</name>
+    <message>
+        <source>Закрит&amp;и зміну</source>
+        <translation>Close shi&amp;ft</translation>
+    </message>
+    <message>
+        <source>F12</source>
+        <translation>F12</translation>
+    </message>
+    <message>
+        <source>Закрити пе&amp;ріод</source>
+        <translation>Close pe&amp;riod</translation>
+    </message>
+    <message>
+        <source>Немає магазину, в якому ви можете продавати.</source>
+        <translation>There is no shop in which you may sell.</translation>
+    </message>
+    <message>
+        <source>У магазині немає незаблокованої каси.</source>
+        <translation>The shop has no cash register that is not blocked.</translation>
+    </message>
+    <message>
+        <source>Стан зміни невідомий.</source>
+        <translation>The state of the shift is unknown.</translation>
+    </message>
+    <message>
+        <source>Зміна буде відкрита першим чеком.</source>
+        <translation>The first receipt will open the shift.</translation>
+    </message>
+    <message>
+        <source>Зміна № %1 відкрита, день періоду: %2.</source>
+        <translation>Shift No. %1 is open, day of the period: %2.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 відкрив інший користувач: %2</source>
+        <translation>Shift No. %1 was opened by another user: %2</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин і касу.</source>
+        <translation>Choose a shop and a cash register.</translation>
+    </message>
+    <message>
+        <source>На цій касі немає відкритої зміни: закривати нічого.</source>
+        <translation>This cash register has no open shift: there is nothing to close.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?</source>
+        <translation>Shift No. %1 was opened by another user: %2. Close it in their place?</translation>
+    </message>
+    <message>
+        <source>Магазин зайнятий!</source>
+        <translation>The shop is busy!</translation>
+    </message>
+    <message>
+        <source>Закрити її</source>
+        <translation>Close it</translation>
+    </message>
+    <message>
+        <source>закрити?</source>
+        <translation>close?</translation>
+    </message>
+    <message>
+        <source>Ви збираєтесь закрити зміну
+в останні день періоду.
+Закрити період перед закриттям зміни?</source>
+        <translation>You are about to close the shift
+on the last day of the period.
+Close the period before closing the shift?</translation>
+    </message>
+    <message>
+        <source>Відмінити закриття</source>
+        <translation>Cancel closing</translation>
+    </message>
+    <message>
+        <source>Закрити тільки зміну</source>
+        <translation>Close the shift only</translation>
+    </message>
+    <message>
+        <source>Закрити період та зміну</source>
+        <translation>Close the period and the shift</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 закрито.</source>
+        <translation>Shift No. %1 is closed.</translation>
+    </message>
+    <message>
+        <source>Період закрито. Наступна зміна почне новий.</source>
+        <translation>The period is closed. The next shift starts a new one.</translation>
+    </message>
+    <message>
+        <source>Попередження?</source>
+        <translation>Warning?</translation>
+    </message>
+    <message>
+        <source>Період не закрито!</source>
+        <translation>The period is not closed!</translation>
     </message>
 </context>
 <context>

@@ -294,8 +294,8 @@ void TstShiftClosing::closesInTheTab()
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks,z_zvit WHERE id_type=10 AND name IS NULL AND "
                                 "cheks.data_time=z_zvit.data_time AND cheks.data_time=20261121201507")),
              text("1"));
-    QCOMPARE(m_base->rows(text("SELECT name FROM updat WHERE updat>'2020-01-01' ORDER BY name")),
-             (QStringList{text("cheks"), text("z_zvit")}));
+    QTRY_COMPARE(m_base->rows(text("SELECT name FROM updat WHERE updat>'2020-01-01' ORDER BY name")),
+                 (QStringList{text("cheks"), text("z_zvit")}));
     QCOMPARE(notice(), text("Зміну № 1 закрито."));
     QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
     QCOMPARE(m_base->heard.texts(3), QStringList());
