@@ -2621,6 +2621,10 @@ Clear it?</translation>
         <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; перейменувала інша програма. Нічого не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.</source>
         <translation>While the editor was open another program renamed what is chosen in &quot;%1&quot;. Nothing was saved. Close the editor, open it again and choose once more.</translation>
     </message>
+    <message>
+        <source>Поле &quot;%1&quot;: база даних зберігає &quot;%2&quot; замість введеного. Нічого не збережено. Введіть інше значення.</source>
+        <translation>Field &quot;%1&quot;: the database stores &quot;%2&quot; instead of what was entered. Nothing has been saved. Enter another value.</translation>
+    </message>
 </context>
 <context>
     <name>ReportWindow</name>

@@ -5,6 +5,7 @@
 #include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
+#include "servererror.h"
 #include "typedinput.h"
 
 #include <QComboBox>
@@ -267,6 +268,9 @@ Saved RecordDialog::attempt()
     Saved saved = attemptInTransaction();
     if (saved.outcome != Saved::Failed && saved.outcome != Saved::Refused)
         return saved;
+    // Another program was quicker with the same value: whoever has it is named now.
+    if (saved.outcome == Saved::Failed && m_db.lastErrorNumber() == ServerError::DuplicateKey && !isUnique())
+        return saved;
     const QString words = failureWords();
     return words.isEmpty() ? saved : Saved{Saved::Refused, words};
 }
@@ -294,13 +298,24 @@ Saved RecordDialog::attemptInTransaction()
     if (!stored)
         return {};
     if (const auto other = firstDifference(m_sent, *stored))
-        return {Saved::Refused,
-                tr("Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого "
-                   "не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
-                    .arg(other->caption)};
+        return {Saved::Refused, storedOtherwise(*other)};
     if (!QUpdateBD().update(changedTables(), *m_db.connection(), m_db.receiver()))
         return {};
     return {t.commit() ? Saved::Written : Saved::Unclear, QString()};
+}
+
+/// A list is bound by the names of its entries, and others may rename them.
+QString RecordDialog::storedOtherwise(const RecordField &stored) const
+{
+    for (const RecordInput &input : m_inputs) {
+        if (stored.key == QLatin1String(input.column) && qobject_cast<QComboBox *>(input.input) == nullptr)
+            return tr("Поле \"%1\": база даних зберігає \"%2\" замість введеного. Нічого не збережено. Введіть "
+                      "інше значення.")
+                .arg(stored.caption, stored.shown);
+    }
+    return tr("Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого не "
+              "збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
+        .arg(stored.caption);
 }
 
 QStringList RecordDialog::lockStatements(const QString &id) const

@@ -50,8 +50,8 @@ struct UniqueValue
 
 /// The editor of one record of a table, new or old. It keeps the record as it was read: a save whose record
 /// somebody else has changed meanwhile is shown value by value and asked about, and nothing of theirs is
-/// written over unasked. A save is one transaction that writes, looks at what it has written and tells the
-/// other programs.
+/// written over unasked; columns that the editor does not show are not written at all. A save is one
+/// transaction that writes, looks at what it has written and tells the other programs.
 class RecordDialog : public EditDialog
 {
     Q_OBJECT
@@ -112,7 +112,7 @@ private:
     bool isFree(const UniqueValue &value);
     Saved attempt();
     Saved attemptInTransaction();
-    std::optional<bool> isAsRead();
+    QString storedOtherwise(const RecordField &stored) const;
     bool lock(const QString &id) const;
     bool settleChanges();
     QString valueOf(const RecordInput &input) const;

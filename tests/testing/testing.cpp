@@ -199,6 +199,13 @@ void FreshDatabase::killConnection()
     QSqlQuery(m_admin).exec(QStringLiteral("KILL CONNECTION ") + id);
 }
 
+void FreshDatabase::execElsewhere(const QString &sql)
+{
+    QSqlQuery query(m_admin);
+    if (!query.exec(QStringLiteral("USE ") + m_name) || !query.exec(sql))
+        qFatal("%s\n%s", qPrintable(query.lastError().text()), qPrintable(sql));
+}
+
 void failMissingChild(const QObject *parent, const QString &name, const char *type)
 {
     QStringList names;

@@ -63,6 +63,9 @@ public:
     QStringList rows(const QString &sql);
     /// Ends this connection from outside, as a failing server or network would.
     void killConnection();
+    /// Runs a statement on another connection, as another program would in the middle of a transaction of
+    /// this one.
+    void execElsewhere(const QString &sql);
 
     Heard heard;
 
