@@ -1,15 +1,8 @@
 #include "screenshots.h"
 
-#include "qartreport.h"
-#include "qchekviewer.h"
+#include "page.h"
 #include "qmessdlg.h"
-#include "qntableview.h"
-#include "qregistersale.h"
-#include "qrowmodel.h"
 #include "qseluser.h"
-#include "qstatonline.h"
-#include "qtab.h"
-#include "qtablebase.h"
 #include "rangeselector.h"
 #include "veltab.h"
 
@@ -20,10 +13,12 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextBrowser>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 const int startLimitMs = 60000;
@@ -44,6 +39,20 @@ void workUntil(const std::function<bool()> &done, int limitMs)
 void workFor(int ms)
 {
     workUntil([] { return false; }, ms);
+}
+
+void waitForRows(QWidget *widget)
+{
+    const auto *page = dynamic_cast<Page *>(widget);
+    workUntil([page] { return page == nullptr || !page->isLoading(); }, tabLimitMs);
+    workFor(200);
+}
+
+bool isEmpty(const QWidget *page)
+{
+    const auto lists = page->findChildren<QTableView *>();
+    return std::all_of(lists.begin(), lists.end(),
+                       [](const QTableView *list) { return list->model()->rowCount() == 0; });
 }
 } // namespace
 
@@ -68,7 +77,7 @@ void Screenshots::takeAll()
     const QList<QAction *> actions = m_window->openingActions();
     for (QAction *action : actions) {
         action->trigger();
-        takeTab(action->objectName());
+        takePage(action->objectName());
     }
     takeModal(QStringLiteral("settings"), [this] { m_window->s_setting(); });
     takeModal(QStringLiteral("changpass"), [this] { m_window->changpass(); });
@@ -87,54 +96,62 @@ void Screenshots::takeLogin()
     save(&dialog, QStringLiteral("login"));
 }
 
-void Screenshots::takeTab(const QString &name)
+/// Pages that show more than a list and its editors.
+void Screenshots::takePage(const QString &name)
 {
-    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
-    auto *tab = qobject_cast<QTab *>(tabs->currentWidget());
-    workUntil([tab] { return tab == nullptr || !tab->isLoading(); }, tabLimitMs);
-    workFor(200);
-    if (qobject_cast<QRegisterSale *>(tabs->currentWidget()) != nullptr) {
-        takeSale(name);
-    } else if (qobject_cast<ReportWindow *>(tabs->currentWidget()) != nullptr) {
-        takeReport(name);
-    } else {
-        save(m_window, name);
-        if (tab != nullptr)
-            takeEditors(name);
-    }
+    const struct
+    {
+        const char *action;
+        void (Screenshots::*take)(QWidget *page, const QString &name);
+    } others[] = {{"man_saleadmiss", &Screenshots::takeSale}, {"mz_cheks", &Screenshots::takeCheks}};
+    const auto other = std::find_if(std::begin(others), std::end(others),
+                                    [&name](const auto &each) { return name == QLatin1String(each.action); });
+    QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
+    waitForRows(page);
+    (this->*(other == std::end(others) ? &Screenshots::takeList : other->take))(page, name);
 }
 
-namespace {
-/// The article report wants a register, the on-line statistics a shop; the others show all places.
-void choosePlace(ReportWindow *report)
+void Screenshots::takeList(QWidget *page, const QString &name)
 {
-    if (qobject_cast<QArtReport *>(report) == nullptr && qobject_cast<QStatOnLine *>(report) == nullptr)
-        return;
-    for (const char *name : {"cbGroup", "cbShop", "cbRegister"}) {
-        if (auto *box = report->findChild<QComboBox *>(QLatin1String(name)))
-            box->setCurrentIndex(
-                qMin(box->objectName() == QLatin1String("cbGroup") ? 2 : 1, box->count() - 1));
-    }
+    if (page->findChild<QPushButton *>(QStringLiteral("pbLoad")) != nullptr)
+        fillReport(page, name);
+    save(m_window, name);
+    if (auto *tab = dynamic_cast<Page *>(page); tab != nullptr && tab->isOffered(Command::Edit))
+        takeEditors(page, name);
 }
-} // namespace
 
-void Screenshots::takeReport(const QString &name)
+/// The days of the last week; a place where the report shows nothing without one.
+void Screenshots::fillReport(QWidget *report, const QString &name)
 {
-    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
-    auto *report = static_cast<ReportWindow *>(tabs->currentWidget());
-    choosePlace(report);
     const QDate today = QDate::currentDate();
     if (auto *range = report->findChild<RangeSelector *>())
         range->setDays(today.addDays(-7), today.addDays(-1));
-    // A report that refuses to load says so in a box, which is its picture then.
-    takeModal(name + QStringLiteral("_refusal"), [report] { report->load(); });
-    workUntil([report] { return !report->isLoading(); }, tabLimitMs);
-    workFor(300);
-    if (auto *viewer = qobject_cast<QChekViewer *>(report)) {
-        viewer->dclicktable(viewer->model()->index(2, 0));
-        workFor(200);
-        takeSlip(viewer->findChild<QTextBrowser *>(QStringLiteral("tbSlip"))->toHtml());
+    load(report, name);
+    if (!isEmpty(report))
+        return;
+    for (const char *box : {"cbGroup", "cbShop", "cbRegister"}) {
+        if (auto *choice = report->findChild<QComboBox *>(QLatin1String(box)))
+            choice->setCurrentIndex(
+                qMin(choice->objectName() == QLatin1String("cbGroup") ? 2 : 1, choice->count() - 1));
     }
+    load(report, name);
+}
+
+/// A report that refuses to load says so in a box, which is its picture then.
+void Screenshots::load(QWidget *report, const QString &name)
+{
+    takeModal(name + QStringLiteral("_refusal"),
+              [report] { report->findChild<QPushButton *>(QStringLiteral("pbLoad"))->click(); });
+    waitForRows(report);
+}
+
+void Screenshots::takeCheks(QWidget *viewer, const QString &name)
+{
+    fillReport(viewer, name);
+    auto *list = viewer->findChild<QTableView *>(QStringLiteral("tvCheks"));
+    emit list->doubleClicked(list->model()->index(2, 0));
+    workFor(200);
+    takeSlip(viewer->findChild<QTextBrowser *>(QStringLiteral("tbSlip"))->toHtml());
     save(m_window, name);
 }
 
@@ -152,10 +169,8 @@ void Screenshots::takeSlip(const QString &html)
     m_failed = !paper.save(file) || m_failed;
 }
 
-void Screenshots::takeSale(const QString &name)
+void Screenshots::takeSale(QWidget *sale, const QString &name)
 {
-    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
-    auto *sale = static_cast<QRegisterSale *>(tabs->currentWidget());
     auto *goods = sale->findChild<QTableView *>(QStringLiteral("viewGoods"));
     workUntil([goods] { return goods->model()->rowCount() > 0; }, tabLimitMs);
     for (int row = 0; row < 3; ++row) {
@@ -166,14 +181,13 @@ void Screenshots::takeSale(const QString &name)
         workFor(100);
     }
     save(m_window, name);
-    takeModal(name + QStringLiteral("_payment"), [sale] { sale->sale(); });
+    takeModal(name + QStringLiteral("_payment"),
+              [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbSale"))->click(); });
 }
 
-void Screenshots::takeEditors(const QString &name)
+void Screenshots::takeEditors(QWidget *page, const QString &name)
 {
-    auto *tabs = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
-    auto *tab = static_cast<QTab *>(tabs->currentWidget());
-    tab->view()->selectRow(0);
+    page->findChild<QTableView *>()->selectRow(0);
     takeModal(name + QStringLiteral("_edit"), [this] { m_window->edit(); });
     takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
 }

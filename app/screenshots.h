@@ -20,12 +20,16 @@ public:
 private:
     void takeAll();
     void takeLogin();
-    void takeTab(const QString &name);
-    void takeEditors(const QString &name);
-    /// Pictures a report with the last month in it, and the first document of the receipt viewer.
-    void takeReport(const QString &name);
+    void takePage(const QString &name);
+    /// A list or a report, with its editors where the user may edit.
+    void takeList(QWidget *page, const QString &name);
+    void fillReport(QWidget *report, const QString &name);
+    void load(QWidget *report, const QString &name);
+    void takeEditors(QWidget *page, const QString &name);
+    /// Pictures the receipt viewer with a document, and that document.
+    void takeCheks(QWidget *viewer, const QString &name);
     /// Pictures a receipt with three goods, and its payment.
-    void takeSale(const QString &name);
+    void takeSale(QWidget *sale, const QString &name);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);
     /// Pictures a slip as it is printed: black on white, as narrow as the paper.

@@ -33,7 +33,7 @@ public:
 
     QNTableView *list() const { return m_list; }
     QRowModel *model() const { return m_model; }
-    bool isLoading() const;
+    bool isLoading() const override;
 
     /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
     void export_to_csv(const QString &code, const QString &path) override;

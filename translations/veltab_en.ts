@@ -628,7 +628,7 @@ Wait or contact support.</translation>
     <name>PlaceBar</name>
     <message>
         <source>Ма&amp;газин:</source>
-        <translation>S&amp;hop:</translation>
+        <translation>&amp;Shop:</translation>
     </message>
     <message>
         <source>Каса:</source>
@@ -640,7 +640,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Пріоритет &amp;ціни:</source>
-        <translation>&amp;Price priority:</translation>
+        <translation>Pri&amp;ce priority:</translation>
     </message>
     <message>
         <source>Дата чека не сьогоднішня.</source>
@@ -1203,7 +1203,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>заванта&amp;жити</source>
-        <translation>&amp;load</translation>
+        <translation>lo&amp;ad</translation>
     </message>
     <message>
         <source>зміна від</source>
@@ -1215,11 +1215,11 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Оновити номе&amp;ри</source>
-        <translation>Update numbe&amp;rs</translation>
+        <translation>Update num&amp;bers</translation>
     </message>
     <message>
         <source>Груп&amp;и товарів</source>
-        <translation>Goods &amp;groups</translation>
+        <translation>Goo&amp;ds groups</translation>
     </message>
     <message>
         <source>ли&amp;ше за ці дати</source>
@@ -1227,7 +1227,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>середня &amp;ціна</source>
-        <translation>average &amp;price</translation>
+        <translation>average pri&amp;ce</translation>
     </message>
     <message>
         <source>діаграма</source>
@@ -1756,7 +1756,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>Лі&amp;міт</source>
-        <translation>Li&amp;mit</translation>
+        <translation>&amp;Limit</translation>
     </message>
     <message>
         <source>Видалити р&amp;ядок</source>
@@ -1764,7 +1764,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>Очистити &amp;чек</source>
-        <translation>&amp;Clear receipt</translation>
+        <translation>Cle&amp;ar receipt</translation>
     </message>
     <message>
         <source>Зни&amp;жка:</source>
@@ -1876,7 +1876,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>&amp;шкала дня</source>
-        <translation>day time&amp;line</translation>
+        <translation>day timeli&amp;ne</translation>
     </message>
     <message>
         <source>Статистика OnLine</source>
@@ -1900,11 +1900,11 @@ Clear it?</translation>
     </message>
     <message>
         <source>де&amp;нь</source>
-        <translation>d&amp;ay</translation>
+        <translation>&amp;day</translation>
     </message>
     <message>
         <source>заванта&amp;жити</source>
-        <translation>&amp;load</translation>
+        <translation>lo&amp;ad</translation>
     </message>
 </context>
 <context>
@@ -2425,7 +2425,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>заванта&amp;жити</source>
-        <translation>&amp;load</translation>
+        <translation>lo&amp;ad</translation>
     </message>
     <message>
         <source>зупи&amp;нити</source>
@@ -2433,7 +2433,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>Діаг&amp;рама продажу</source>
-        <translation>Sales c&amp;hart</translation>
+        <translation>Sales &amp;chart</translation>
     </message>
 </context>
 <context>
@@ -2454,7 +2454,7 @@ Clear it?</translation>
     <name>RangeSelector</name>
     <message>
         <source>&amp;від</source>
-        <translation>&amp;from</translation>
+        <translation>fr&amp;om</translation>
     </message>
     <message>
         <source>Проміжок днів</source>
@@ -2506,7 +2506,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>по зміна&amp;х</source>
-        <translation>by s&amp;hifts</translation>
+        <translation>&amp;by shifts</translation>
     </message>
     <message>
         <source>до</source>
@@ -2874,7 +2874,7 @@ can damage the data in the database!</translation>
     </message>
     <message>
         <source>Закрити пе&amp;ріод</source>
-        <translation>Close pe&amp;riod</translation>
+        <translation>Close peri&amp;od</translation>
     </message>
     <message>
         <source>Немає магазину, в якому ви можете продавати.</source>
@@ -3190,7 +3190,7 @@ before its last day!</translation>
     </message>
     <message>
         <source>Д&amp;рук…</source>
-        <translation>P&amp;rint…</translation>
+        <translation>Pri&amp;nt…</translation>
     </message>
     <message>
         <source>Зберегти PD&amp;F…</source>
@@ -3719,7 +3719,7 @@ TO VERSION
     </message>
     <message>
         <source>Підкл&amp;ючитись знову</source>
-        <translation>&amp;Reconnect</translation>
+        <translation>Reco&amp;nnect</translation>
     </message>
     <message>
         <source>Змі&amp;ни</source>

@@ -33,6 +33,8 @@ public:
     /// Writes what the page lists into a CSV file: UTF-8, or Windows-1251 with any code. Failures are
     /// reported.
     virtual void export_to_csv(const QString &code, const QString &path);
+    /// True while what it lists is on its way.
+    virtual bool isLoading() const { return false; }
     /// Asks about what would be lost; false when the page stays open.
     virtual bool mayClose() { return true; }
     /// A menu has opened the page or brought it to the front: it shows everything, whatever another page had

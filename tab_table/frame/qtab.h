@@ -59,7 +59,7 @@ public:
     Commands commands() const override;
     void run(Command command) override;
     /// True while a search is on its way.
-    bool isLoading() const;
+    bool isLoading() const override;
 
     /// The declared length of a CHAR column; 0 when it is not known: set no limit then.
     int GetMaxChar(const QString &tableName, const QString &column) const;
