@@ -65,7 +65,7 @@ void QRegisterSale::setUpGoods()
     ui->viewGoods->setSortingEnabled(true);
     QVector<int> digits;
     for (int i = 0; i < m_goods->columns().size(); ++i) {
-        digits.append(m_goods->columns().at(i).width);
+        digits.append(m_goods->columns().at(i).digits);
         ui->viewGoods->setColumnHidden(i, m_goods->columns().at(i).hidden);
     }
     setUpGrid(ui->viewGoods, digits);

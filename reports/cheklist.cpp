@@ -108,8 +108,8 @@ ChekList ChekList::from(const RowStore &found)
 
 QVector<Column> ChekList::columns()
 {
-    return {{Texts::tr("Z-звіт"), 0, &asNumber},     {Texts::tr("номер"), 0, &asNumber},
-            {Texts::tr("тип"), 0, &asTypeName},      {Texts::tr("сума / кількість"), 0, &asAmount},
-            {Texts::tr("дата час"), 0, &asDateTime}, {Texts::tr("каса"), 0, &asNumber},
+    return {{Texts::tr("Z-звіт"), 5, &asNumber},      {Texts::tr("номер"), 6, &asNumber},
+            {Texts::tr("тип"), 13, &asTypeName},      {Texts::tr("сума / кількість"), 12, &asAmount},
+            {Texts::tr("дата час"), 17, &asDateTime}, {Texts::tr("каса"), 5, &asNumber},
             {QString(), 0, &asNumber, true}};
 }

@@ -77,20 +77,15 @@ QArtReport::~QArtReport() = default;
 void QArtReport::setUpList()
 {
     takeList(ui->listArticles, ui->pbLoad, ui->pbStop);
-    setColumns({{tr("Початковий код"), 0, &asNumber},
-                {tr("штрихкод")},
-                {tr("назва")},
-                {tr("середня ціна"), 0, &asRoundedMoney},
-                {tr("сума / кількість"), 0, &asQuantity},
-                {tr("сума"), 0, &asRoundedMoney},
-                {tr("знижка"), 0, &asRoundedMoney},
-                {tr("дата"), 0, &asDay},
-                {QStringLiteral("isNoWeight"), 0, &asText, true}},
-               {QStringLiteral("99999"), QStringLiteral("01234456789112"),
-                tr("коротка назва коротка назва коротка назва"), QStringLiteral("9999999.99"),
-                QStringLiteral("9999999.999"), QStringLiteral("9999999.99"), QStringLiteral("9999999.99"),
-                QStringLiteral("01-01-2015")});
-    ui->listArticles->setMainColumn(Name);
+    setColumns({{tr("Початковий код"), 5, &asNumber},
+                {tr("штрихкод"), 14},
+                {tr("назва"), 41},
+                {tr("середня ціна"), 10, &asRoundedMoney},
+                {tr("сума / кількість"), 11, &asQuantity},
+                {tr("сума"), 10, &asRoundedMoney},
+                {tr("знижка"), 10, &asRoundedMoney},
+                {tr("дата"), 10, &asDay},
+                {QStringLiteral("isNoWeight"), 0, &asText, true}});
     connectOpening([this](const QModelIndex &line) { showReceipts(line); });
 }
 
@@ -281,7 +276,7 @@ void QArtReport::rowsShown()
 {
     m_shown = m_asked;
     model()->setHeaderData(Price, Qt::Horizontal, m_shown.averagePrice ? tr("середня ціна") : tr("ціна"));
-    ui->leBonus->setText(moneyShown(number()));
+    ui->leBonus->setText(moneyShown(list()->number()));
     calcsum();
     drawTop();
 }
@@ -298,7 +293,7 @@ void QArtReport::calcsum()
     }
     ui->leWeight->setText(quantityShown(weight));
     ui->lePieces->setText(piecesShown(pieces));
-    ui->leValue->setText(moneyShown(value - number()));
+    ui->leValue->setText(moneyShown(value - list()->number()));
 }
 
 void QArtReport::drawTop()

@@ -7,10 +7,11 @@
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 #include "shopgroups.h"
+#include "waitcursor.h"
 
-#include <QGuiApplication>
 #include <QItemSelectionModel>
 
 namespace {
@@ -23,21 +24,13 @@ quint64 keyOf(const QString &kass, const QString &chek)
     return quint64(kass.toUInt()) << 32U | chek.toUInt();
 }
 
-/// The wait cursor for as long as it lives.
-class Waiting
-{
-public:
-    Waiting() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Waiting() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY(Waiting)
-};
 } // namespace
 
 QChekViewer::QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
     : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QChekViewer>())
 {
     ui->setupUi(this);
-    takeList(ui->tvCheks, ui->pbLoad, ui->pbStop);
+    takeList(ui->listCheks, ui->pbLoad, ui->pbStop);
     InsertColumnsListCheks();
     ui->splitter->setStretchFactor(0, 7);
     ui->splitter->setStretchFactor(1, 3);
@@ -52,8 +45,8 @@ QChekViewer::~QChekViewer() = default;
 
 void QChekViewer::InsertColumnsListCheks()
 {
-    setColumns(ChekList::columns(), {QStringLiteral("00000"), QStringLiteral("000000"), tr("переміщення"),
-                                     QStringLiteral("0 000 000.00"), QStringLiteral("01-01-15/12:12:00")});
+    setColumns(ChekList::columns());
+    view()->setMainColumn(-1);
 }
 
 void QChekViewer::connectWidgets()
@@ -76,9 +69,9 @@ void QChekViewer::connectSlip()
 {
     m_selection.setSingleShot(true);
     m_selection.setInterval(selectionRestMs);
-    const auto showCurrent = [this] { dclicktable(ui->tvCheks->currentIndex()); };
+    const auto showCurrent = [this] { dclicktable(view()->currentIndex()); };
     connect(&m_selection, &QTimer::timeout, this, showCurrent);
-    connect(ui->tvCheks->selectionModel(), &QItemSelectionModel::currentRowChanged, &m_selection,
+    connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, &m_selection,
             qOverload<>(&QTimer::start));
     connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
@@ -121,7 +114,7 @@ void QChekViewer::showOrigin(const ChekOrigin &origin)
     m_isShowingOrigin = false;
     setOrigin(origin);
     load();
-    ui->tvCheks->setFocus();
+    view()->setFocus();
 }
 
 void QChekViewer::showPlace(const ChekOrigin &origin)
@@ -224,7 +217,7 @@ void QChekViewer::rowsShown()
         ui->slip->clear();
     m_keepsSlip = false;
     if (m_origin && model()->rowCount() > 0)
-        ui->tvCheks->setCurrentIndex(model()->index(0, ChekList::Number));
+        view()->setCurrentIndex(model()->index(0, ChekList::Number));
     ui->labelSum->setText(totals().constFirst());
     m_mismatches.clear();
     checkSums(ui->chCheckSums->isChecked());
@@ -301,7 +294,7 @@ bool QChekViewer::showReceipt(uint kass, uint chek, uint shop)
 
 bool QChekViewer::showDocument(int type, const SlipKey &key)
 {
-    const Waiting waiting;
+    const WaitCursor wait;
     m_selection.stop();
     const auto document = readSlip(db(), type, key);
     if (document)

@@ -3,6 +3,7 @@
 
 #include "onlinegrid.h"
 #include "qloadeduser.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 #include "shopgroups.h"
 
@@ -47,12 +48,12 @@ void QStatOnLine::setUpGrid()
 {
     takeList(ui->listTimes, ui->pbLoad, ui->pbStop);
     // The rows of the statement are its source; what is seen are times and registers.
-    ui->listTimes->setSortingEnabled(false);
-    ui->listTimes->setModel(m_grid);
+    view()->setSortingEnabled(false);
+    view()->setModel(m_grid);
     // A selection would cover the colours.
-    ui->listTimes->setSelectionMode(QAbstractItemView::NoSelection);
-    ui->listTimes->horizontalHeader()->setMinimumSectionSize(
-        fontMetrics().horizontalAdvance(onLineText(false)) + 2 * fontMetrics().averageCharWidth());
+    view()->setSelectionMode(QAbstractItemView::NoSelection);
+    view()->horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance(onLineText(false)) +
+                                                      2 * fontMetrics().averageCharWidth());
 }
 
 void QStatOnLine::setUpChoice()
@@ -116,7 +117,7 @@ bool QStatOnLine::readRegisters(unsigned int shop)
     }
     emptyList();
     giveTimelineRoom();
-    ui->listTimes->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
+    view()->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
     return shop != 0 && query.has_value();
 }
 
@@ -151,7 +152,7 @@ QVector<OnLineInterval> QStatOnLine::readIntervals() const
 void QStatOnLine::showIntervals(const QVector<OnLineInterval> &intervals)
 {
     m_grid->setIntervals(m_registers, intervals);
-    ui->listTimes->resizeColumnsToContents();
+    view()->resizeColumnsToContents();
     ui->timeline->setDay(m_registers, daySpans(intervals, m_askedDay, databaseNow()));
 }
 
@@ -160,11 +161,6 @@ void QStatOnLine::giveTimelineRoom()
     const int all = ui->splitter->height();
     const int wanted = ui->timelinePage->sizeHint().height() + 2 * ui->areaTimeline->frameWidth();
     ui->splitter->setSizes({all - qMin(wanted, all / 2), qMin(wanted, all / 2)});
-}
-
-int QStatOnLine::shownRows() const
-{
-    return m_grid->rowCount();
 }
 
 void QStatOnLine::showShop(unsigned int shop)

@@ -34,7 +34,6 @@ public slots:
 
 protected:
     void rowsShown() override;
-    int shownRows() const override;
 
 private:
     void setUpGrid();

@@ -47,25 +47,22 @@ QZReport::~QZReport() = default;
 
 void QZReport::buildList()
 {
-    takeList(ui->view, ui->pbLoad, ui->pbStop);
-    const QString money = QStringLiteral("9999999.99");
-    const QString count = QStringLiteral("99999");
-    setColumns({{tr("Z-звіт"), 0, &asNumber},
-                {tr("магазин")},
-                {tr("каса")},
-                {tr("продаж"), 0, &asMoney},
-                {tr("Оплата готівкою"), 0, &asMoney},
-                {tr("безготівкою"), 0, &asMoney},
-                {tr("Звіт чеків"), 0, &asNumber},
-                {tr("знижка"), 0, &asMoney},
-                {tr("чеків зі знижкою"), 0, &asNumber},
-                {tr("позицій анульовано"), 0, &asNumber},
-                {tr("повернення"), 0, &asMoney},
-                {tr("податок"), 0, &asRoundedMoney},
-                {tr("дата час"), 0, &asDateTime}},
-               {count, tr("магазин_магазинмагазин"), tr("магазин_магазин"), money, money, money, count, money,
-                count, count, money, money, QStringLiteral("01-01-15/12:12:00")});
-    ui->view->setMainColumn(Shop);
+    takeList(ui->listShifts, ui->pbLoad, ui->pbStop);
+    const int money = 10;
+    const int count = 5;
+    setColumns({{tr("Z-звіт"), count, &asNumber},
+                {tr("магазин"), 24},
+                {tr("каса"), 16},
+                {tr("продаж"), money, &asMoney},
+                {tr("Оплата готівкою"), money, &asMoney},
+                {tr("безготівкою"), money, &asMoney},
+                {tr("Звіт чеків"), count, &asNumber},
+                {tr("знижка"), money, &asMoney},
+                {tr("чеків зі знижкою"), count, &asNumber},
+                {tr("позицій анульовано"), count, &asNumber},
+                {tr("повернення"), money, &asMoney},
+                {tr("податок"), money, &asRoundedMoney},
+                {tr("дата час"), 17, &asDateTime}});
     connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 

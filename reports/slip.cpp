@@ -1,8 +1,8 @@
 #include "slip.h"
 
 #include "cheks.h"
+#include "listprinter.h"
 #include "money.h"
-#include "slipprint.h"
 
 #include <QCoreApplication>
 #include <algorithm>

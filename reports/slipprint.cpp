@@ -2,14 +2,12 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFont>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QRegularExpression>
 #include <QSaveFile>
 #include <QTextDocument>
 #include <QtMath>
@@ -20,8 +18,6 @@ constexpr double paperWidthMm = 80;
 constexpr double edgeMm = 4;
 constexpr double slipWidthMm = paperWidthMm - 2 * edgeMm;
 constexpr double mmPerInch = 25.4;
-/// In letters of up to two bytes, with room for the ending.
-constexpr int longestFileName = 120;
 
 struct Texts
 {
@@ -100,21 +96,4 @@ QString saveSlipPdf(const QString &html, const QString &path)
     }
     // What does not fit at the end would not be noticed without the flush.
     return file.flush() && file.commit() ? QString() : file.errorString();
-}
-
-QString askPdfPath(QWidget *parent, const QString &suggested)
-{
-    QFileDialog dialog(parent, Texts::tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(suggested + QStringLiteral(".pdf"));
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-QString fileNameOf(const QString &text)
-{
-    QString name = text;
-    return name.replace(QRegularExpression(QStringLiteral("[\\\\/:*?\"<>|\\s]+")), QStringLiteral(" "))
-        .trimmed()
-        .left(longestFileName);
 }

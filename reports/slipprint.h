@@ -13,8 +13,3 @@ void previewSlip(QWidget *parent, const QString &html);
 /// Writes a slip as a PDF file of one page, as long as the slip; whole or not at all. What is wrong in the
 /// system's words, empty when it is written.
 QString saveSlipPdf(const QString &html, const QString &path);
-
-/// Asks for the PDF file to write, from a suggested name without its ending; empty when none is wanted.
-QString askPdfPath(QWidget *parent, const QString &suggested);
-/// A text without what a file's name may not hold on any system.
-QString fileNameOf(const QString &text);

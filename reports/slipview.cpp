@@ -1,6 +1,7 @@
 #include "slipview.h"
 #include "ui_slipview.h"
 
+#include "listprinter.h"
 #include "qmessevent.h"
 #include "slipprint.h"
 

@@ -405,10 +405,66 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>ListColumns</name>
+    <message>
+        <source>Без &amp;сортування</source>
+        <translation>&amp;Unsorted</translation>
+    </message>
+    <message>
+        <source>Стовпці як с&amp;початку</source>
+        <translation>Columns as at &amp;first</translation>
+    </message>
+</context>
+<context>
     <name>ListPages</name>
     <message>
         <source>сторінка %1 з %2</source>
         <translation>page %1 of %2</translation>
+    </message>
+</context>
+<context>
+    <name>ListPane</name>
+    <message>
+        <source>Друк списку…</source>
+        <translation>Print list…</translation>
+    </message>
+    <message>
+        <source>Список у PDF…</source>
+        <translation>List to PDF…</translation>
+    </message>
+    <message>
+        <source>Завантаження…</source>
+        <translation>Loading…</translation>
+    </message>
+    <message>
+        <source>Завантаження зупинено.</source>
+        <translation>Loading stopped.</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Список не прочитано: сервер відповів помилкою.</source>
+        <translation>The list is not read: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>Записів: %1</source>
+        <translation>Records: %1</translation>
+    </message>
+    <message>
+        <source>Складено: %1</source>
+        <translation>Made: %1</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
     </message>
 </context>
 <context>
@@ -428,6 +484,10 @@ Wait or contact support.</translation>
     <message>
         <source>Це не звичайний файл.</source>
         <translation>This is not a regular file.</translation>
+    </message>
+    <message>
+        <source>Зберегти PDF</source>
+        <translation>Save as PDF</translation>
     </message>
 </context>
 <context>
@@ -1154,10 +1214,6 @@ Wait or contact support.</translation>
         <translation>date</translation>
     </message>
     <message>
-        <source>коротка назва коротка назва коротка назва</source>
-        <translation>short name short name short name short na</translation>
-    </message>
-    <message>
         <source>Усі групи товарів</source>
         <translation>All goods groups</translation>
     </message>
@@ -1314,10 +1370,6 @@ Wait or contact support.</translation>
     <message>
         <source>Червоним — чеки, суми яких не збігаються</source>
         <translation>In red: receipts whose sums do not match</translation>
-    </message>
-    <message>
-        <source>переміщення</source>
-        <translation>transfer</translation>
     </message>
     <message>
         <source>Перевірка сум…</source>
@@ -1922,24 +1974,12 @@ Clear it?</translation>
         <translation>Query error.</translation>
     </message>
     <message>
-        <source>Список не прочитано: сервер відповів помилкою.</source>
-        <translation>The list is not read: the server answered with an error.</translation>
-    </message>
-    <message>
-        <source>Пошук…</source>
-        <translation>Searching…</translation>
-    </message>
-    <message>
         <source>Записів ще немає.</source>
         <translation>No records yet.</translation>
     </message>
     <message>
         <source>За цими умовами нічого не знайдено.</source>
         <translation>Nothing matches these conditions.</translation>
-    </message>
-    <message>
-        <source>Записів: %1</source>
-        <translation>Records: %1</translation>
     </message>
     <message>
         <source>Повне оновлення таблиці</source>
@@ -1964,16 +2004,6 @@ Clear it?</translation>
     <message>
         <source>Запис не додано, відмінено користувачем!</source>
         <translation>The record is not added, cancelled by the user!</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>The file is not saved: %1
-%2</translation>
-    </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>The file is saved: %1</translation>
     </message>
     <message>
         <source>Редактор закрито, а чи записано зміни, невідомо: зв&apos;язок обірвався під час запису. Перевірте запис у списку.</source>
@@ -2408,14 +2438,6 @@ Clear it?</translation>
         <translation>date time</translation>
     </message>
     <message>
-        <source>магазин_магазинмагазин</source>
-        <translation>shop_shop_shop_shop_sh</translation>
-    </message>
-    <message>
-        <source>магазин_магазин</source>
-        <translation>shop_shop_shop_</translation>
-    </message>
-    <message>
         <source>не більше %1</source>
         <translation>at most %1</translation>
     </message>
@@ -2629,58 +2651,20 @@ Clear it?</translation>
 <context>
     <name>ReportWindow</name>
     <message>
-        <source>Завантаження…</source>
-        <translation>Loading…</translation>
-    </message>
-    <message>
-        <source>Завантаження зупинено.</source>
-        <translation>Loading stopped.</translation>
-    </message>
-    <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
-    </message>
-    <message>
-        <source>Не завантажено: сервер відповів помилкою.</source>
-        <translation>Not loaded: the server answered with an error.</translation>
-    </message>
-    <message>
         <source>немає даних</source>
         <translation>no data</translation>
-    </message>
-    <message>
-        <source>Рядків: %1, час: %2 с</source>
-        <translation>Rows: %1, time: %2 s</translation>
     </message>
     <message>
         <source>Попередження.</source>
         <translation>Warning.</translation>
     </message>
     <message>
-        <source>Друк списку…</source>
-        <translation>Print list…</translation>
-    </message>
-    <message>
-        <source>Список у PDF…</source>
-        <translation>List to PDF…</translation>
-    </message>
-    <message>
-        <source>Складено: %1</source>
-        <translation>Made: %1</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>The file is not saved: %1
-%2</translation>
-    </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
         <source>Цей звіт зберігається у файл кнопкою «Список у PDF…».</source>
         <translation>This report is saved to a file with the button &quot;List to PDF…&quot;.</translation>
+    </message>
+    <message>
+        <source>час: %1 с</source>
+        <translation>time: %1 s</translation>
     </message>
 </context>
 <context>
@@ -3176,10 +3160,6 @@ before its last day!</translation>
     <message>
         <source>Це не звичайний файл.</source>
         <translation>This is not a regular file.</translation>
-    </message>
-    <message>
-        <source>Зберегти PDF</source>
-        <translation>Save PDF</translation>
     </message>
 </context>
 <context>

@@ -39,8 +39,8 @@ extern const CellFormat asDate;
 struct Column
 {
     QString caption;
-    /// In pixels at 96 dpi; 0 takes the caption's width.
-    int width = 0;
+    /// How many digits it has room for; never narrower than its caption.
+    int digits = 0;
     const CellFormat *format = &asText;
     bool hidden = false;
 };

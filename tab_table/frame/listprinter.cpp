@@ -3,12 +3,14 @@
 #include "listpages.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProgressDialog>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <limits>
 
@@ -20,6 +22,8 @@ struct Texts
 
 constexpr int manyPages = 50;
 constexpr double marginMillimetres = 12;
+/// In letters of up to two bytes, with room for the ending.
+constexpr int longestFileName = 120;
 
 QSizeF pageSize(const QPagedPaintDevice &device)
 {
@@ -115,4 +119,21 @@ bool saveListPdf(const PrintedList &list, const QString &path, QString *error)
     if (!saved)
         why = file.errorString();
     return saved;
+}
+
+QString askPdfPath(QWidget *parent, const QString &suggested)
+{
+    QFileDialog dialog(parent, Texts::tr("Зберегти PDF"), QString(), QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(suggested + QStringLiteral(".pdf"));
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+QString fileNameOf(const QString &text)
+{
+    QString name = text;
+    return name.replace(QRegularExpression(QStringLiteral("[\\\\/:*?\"<>|\\s]+")), QStringLiteral(" "))
+        .trimmed()
+        .left(longestFileName);
 }

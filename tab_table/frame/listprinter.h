@@ -34,3 +34,8 @@ void previewList(QWidget *parent, const PrintedList &list);
 /// Writes the pages into a file, whole or not at all. False when it was cancelled (then error is empty) or
 /// could not be written.
 bool saveListPdf(const PrintedList &list, const QString &path, QString *error = nullptr);
+
+/// Asks for the PDF file to write, from a suggested name without its ending; empty when none is wanted.
+QString askPdfPath(QWidget *parent, const QString &suggested);
+/// A text without what a file's name may not hold on any system.
+QString fileNameOf(const QString &text);

@@ -1,5 +1,6 @@
 #include "page.h"
 
+#include "listpane.h"
 #include "qloadeduser.h"
 #include "qqestion.h"
 
@@ -21,8 +22,11 @@ QWidget *addPage(QTabWidget *tabs, const PageEntry &entry)
 {
     QWidget *widget = entry.make();
     widget->setProperty(entryProperty, QLatin1String(entry.action));
-    if (auto *page = dynamic_cast<Page *>(widget))
+    auto *page = dynamic_cast<Page *>(widget);
+    if (page != nullptr)
         page->setPermission(entry.permission);
+    if (page != nullptr && page->list() != nullptr)
+        page->list()->setHeading({titleOf(entry)});
     tabs->addTab(widget, titleOf(entry));
     return widget;
 }

@@ -41,7 +41,7 @@ public:
     /// asked it for.
     virtual void openedByMenu() {}
     /// The one list of the page; null when it has none, or several.
-    virtual ListPane *listPane() const { return nullptr; }
+    virtual ListPane *list() const { return nullptr; }
 
     /// The permission id that decides what the user may do here; openPage() gives it.
     void setPermission(int id) { m_permission = id; }

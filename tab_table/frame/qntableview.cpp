@@ -1,8 +1,14 @@
 #include "qntableview.h"
 
+#include "listcolumns.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 QNTableView::QNTableView(QWidget *parent) : QTableView(parent)
 {
@@ -44,6 +50,37 @@ void QNTableView::fillWidth()
         return;
     const int others = horizontalHeader()->length() - columnWidth(m_mainColumn);
     setColumnWidth(m_mainColumn, qMax(m_leastMainWidth, viewport()->width() - others));
+}
+
+QString QNTableView::selectedText() const
+{
+    const QVector<int> columns = shownColumns(this);
+    QVector<int> rows;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QString text;
+    for (const int row : qAsConst(rows)) {
+        for (const int column : columns) {
+            // A text must not look like several cells.
+            text += model()->index(row, column).data().toString().simplified();
+            text += column == columns.constLast() ? QLatin1Char('\n') : QLatin1Char('\t');
+        }
+    }
+    return text;
+}
+
+void QNTableView::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::Copy))
+        return QTableView::keyPressEvent(event);
+    if (const QString text = selectedText(); !text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+    event->accept();
 }
 
 void QNTableView::mousePressEvent(QMouseEvent *event)

@@ -2,7 +2,8 @@
 
 #include <QTableView>
 
-/// The grid of every tab: tells of right clicks and of horizontal drags, and says why it is empty.
+/// The grid of every tab: tells of right clicks and of horizontal drags, says why it is empty, copies the
+/// selected rows as they are shown.
 class QNTableView : public QTableView
 {
     Q_OBJECT
@@ -13,9 +14,13 @@ public:
     /// What stands in the middle while there is no row.
     void setEmptyText(const QString &text);
     QString emptyText() const { return m_emptyText; }
+    /// The selected rows as text: a line each, the shown cells separated by tabs, from left to right.
+    QString selectedText() const;
 
     /// The column that takes the width the others leave free, and never less than it has now; -1 for none.
     void setMainColumn(int column);
+    /// Gives it that width again, after columns were shown or hidden.
+    void fillWidth();
 
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
@@ -26,14 +31,13 @@ signals:
     void LMoveMouseInRow(int countpx, const QModelIndex &index);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void fillWidth();
-
     int m_mainColumn = -1;
     int m_leastMainWidth = 0;
     QString m_emptyText;

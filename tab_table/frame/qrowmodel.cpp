@@ -7,6 +7,7 @@
 #include <QSqlRecord>
 #include <QTimer>
 #include <QtMath>
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -330,7 +331,7 @@ bool QRowModel::removeColumns(int column, int count, const QModelIndex &parent)
 
 void QRowModel::sort(int column, Qt::SortOrder order)
 {
-    if (column < 0 || column >= columnCount() || rowCount() == 0)
+    if (column < -1 || column >= columnCount() || rowCount() == 0)
         return;
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
@@ -338,7 +339,10 @@ void QRowModel::sort(int column, Qt::SortOrder order)
     for (const QModelIndex &index : before)
         ids.push_back(idAt(index.row()));
     writeOutOrder();
-    sortRows(&m_order, m_rows, column, format(column).isNumber, order);
+    if (column < 0)
+        std::sort(m_order.begin(), m_order.end());
+    else
+        sortRows(&m_order, m_rows, column, format(column).isNumber, order);
     movePersistentIndexes(before, ids);
     emit layoutChanged({}, VerticalSortHint);
 }

@@ -70,6 +70,7 @@ public:
     bool insertColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
     /// Only while there are no rows.
     bool removeColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
+    /// -1 is the order of the query.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
     // There are no items; the base class would look into an empty tree.

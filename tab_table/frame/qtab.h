@@ -10,9 +10,9 @@
 #include <optional>
 
 class Db;
+class ListPane;
 class QAbstractItemModel;
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QLoadedUser;
 class QNTableView;
@@ -23,11 +23,9 @@ class QTabDelegate;
 class QTableView;
 class RecordDialog;
 class setting;
-class QueryOwner;
-struct QueryAnswer;
 
-/// The base of every tab that lists one table of the database: it owns grid and model, loads the rows,
-/// refreshes one after an edit and knows which shops and groups the user may see.
+/// The base of every tab that lists one table of the database: it says what its list loads, refreshes a row
+/// after an edit and knows which shops and groups the user may see.
 ///
 /// A concrete tab sets table, query and columns in its constructor, then calls ShowData().
 class QTab : public QWidget, public Page
@@ -36,7 +34,7 @@ class QTab : public QWidget, public Page
 
 public:
     /// delegate: the inline editor, or null for tabs that edit in dialogs. The tab takes it and the
-    /// layout, and adds the grid to the layout.
+    /// layout, and adds the list to the layout.
     QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
          QTabDelegate *delegate, QLayout *layout);
     ~QTab() override;
@@ -50,8 +48,9 @@ public:
     /// means that the record was added; its new row becomes the current one.
     void editadd(const QString &where, const QModelIndex &index, bool full, unsigned int limit = 0);
 
-    QNTableView *view() const { return m_view; }
-    QRowModel *model() const { return m_model; }
+    ListPane *list() const override { return m_list; }
+    QNTableView *view() const;
+    QRowModel *model() const;
     const QString &tableName() const { return table; }
     /// True when the user has full rights here: records may be added and changed.
     bool mayEdit() const;
@@ -112,7 +111,7 @@ protected:
     QObject *receiver() const { return m_receiver; }
     setting *settings() const { return m_setting; }
 
-    /// The columns in the order of the SELECT; widths that the user has set before come back.
+    /// The columns in the order of the SELECT; what the user has made of them before comes back.
     void setColumns(const QVector<Column> &columns);
     /// A row of filter widgets above the grid.
     QWidget *addFilterBar();
@@ -132,8 +131,6 @@ protected:
     /// Reads the row of a record again, wherever it stands by now: a search may have arrived while its editor
     /// was open. A new record gets a row.
     virtual void refreshRecord(const QString &id, bool isNew);
-    /// The row whose first column holds the id; invalid when the list does not show it.
-    QModelIndex indexOf(const QString &id) const;
     /// Called when the rows stand in the model, after every load: for colours.
     virtual void rowsShown() {}
     /// Called after one row was written again.
@@ -150,33 +147,19 @@ protected:
     bool isExportedToViewers = false;
 
 private:
-    void buildGrid(QLayout *layout);
+    void buildList(QLayout *layout);
     void openEditor(const QString &id);
     void followUnclear();
-    void enterList();
     void connectDelegate();
-    void showFound(const std::shared_ptr<QueryAnswer> &found);
-    void afterLoading(qint64 count);
-    void recordAdded();
-    void showCount();
-    void sortAsBefore();
+    void tellEmptyText();
     QString statement() const;
-    void restoreWidths();
-    void saveWidths() const;
 
     setting *m_setting;
     QLoadedUser *m_user;
     QSqlDatabase *m_db;
-    QNTableView *m_view = nullptr;
-    QRowModel *m_model = nullptr;
-    QLabel *m_count = nullptr;
+    ListPane *m_list = nullptr;
     QObject *m_receiver;
     QTabDelegate *m_delegate;
-    QueryOwner *m_queries = nullptr;
-    QString m_widthsKey;
     QString m_countSql;
     QLineEdit *m_search = nullptr;
-    /// The list was entered before its rows had come: the first one becomes current then.
-    bool m_wantsRow = false;
-    qint64 m_total = 0;
 };

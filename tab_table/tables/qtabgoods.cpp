@@ -25,15 +25,15 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
         "LEFT JOIN type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON "
         "goods.group_g=group_goods.id LEFT JOIN tax ON goods.tax=tax.id LEFT JOIN yesno AS ynbon_disk ON "
         "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id");
-    setColumns({{tr("Код"), 80, &asNumber},
-                {tr("Штрихкод"), 130},
-                {tr("Назва товару"), 340},
-                {tr("Ціна"), 100, &asMoney},
-                {tr("Тип товару"), 100},
-                {tr("Група"), 180},
-                {tr("Податкова група"), 130},
-                {tr("Знижка/Бонус"), 120},
-                {tr("Блокування"), 110}});
+    setColumns({{tr("Код"), 8, &asNumber},
+                {tr("Штрихкод"), 14},
+                {tr("Назва товару"), 42},
+                {tr("Ціна"), 11, &asMoney},
+                {tr("Тип товару"), 11},
+                {tr("Група"), 22},
+                {tr("Податкова група"), 14},
+                {tr("Знижка/Бонус"), 14},
+                {tr("Блокування"), 12}});
     buildFilter();
     seerch(QString());
 }

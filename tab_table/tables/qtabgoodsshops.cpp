@@ -24,10 +24,10 @@ QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *rec
     query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
                            "goods_shop.count_syllable FROM ") +
             sources;
-    setColumns({{tr("Назва магазину"), 280},
-                {tr("Назва товару"), 340},
-                {tr("Кількість в торговому залі"), 180, &asQuantity},
-                {tr("Кількість на складі"), 150, &asQuantity}});
+    setColumns({{tr("Назва магазину"), 35},
+                {tr("Назва товару"), 42},
+                {tr("Кількість в торговому залі"), 22, &asQuantity},
+                {tr("Кількість на складі"), 18, &asQuantity}});
     buildFilter();
     seerch(QString());
 }

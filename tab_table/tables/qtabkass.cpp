@@ -31,12 +31,12 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
         "kassa.id_shop=shops.id  LEFT JOIN (SELECT * FROM onoffline WHERE onoffline.dt_end IS NULL)  "
         "onoffline ON onoffline.id_kass=kassa.id LEFT JOIN type_device ON kassa.id_type=type_device.id  "
         "LEFT JOIN yesno ON kassa.block=yesno.id");
-    setColumns({{tr("Код"), 70, &asNumber},
-                {tr("Адреса магазину"), 320},
-                {tr("Рекламний рядок"), 240},
-                {tr("IP адреса"), 150},
-                {tr("Тип пристрою"), 130},
-                {tr("Блок"), 70},
+    setColumns({{tr("Код"), 7, &asNumber},
+                {tr("Адреса магазину"), 40},
+                {tr("Рекламний рядок"), 30},
+                {tr("IP адреса"), 18},
+                {tr("Тип пристрою"), 14},
+                {tr("Блок"), 7},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});

@@ -31,7 +31,7 @@ public:
     {
         table = "day_update";
         query = "SELECT id,name FROM day_update";
-        setColumns({{"Код", 60, &asNumber}, {"Назва", 300}});
+        setColumns({{"Код", 6, &asNumber}, {"Назва", 38}});
         setPermission(Permission::DayUpdate);
         resize(500, 400);
         show();
@@ -311,7 +311,7 @@ void TstFrame::newestSearchWins()
     QCOMPARE(shown(), QStringList{"Середа"});
     QVERIFY2(clock.elapsed() < 10000, "the search before was waited for");
     QCOMPARE(loaded.count(), 1);
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
     m_tab->search(" WHERE id=2", "SELECT SLEEP(30)");
     m_tab->ShowData();
     QVERIFY(!m_tab->isLoading());
@@ -331,7 +331,7 @@ void TstFrame::failedSearchIsReported()
     open();
     m_tab->search(" WHERE nothing=1", "");
     QCOMPARE(shown(), QStringList());
-    QVERIFY(m_base->heard.has("Помилка запиту.\n", QMessEvent::Critical));
+    QVERIFY(m_base->heard.has("Помилка запиту:\n", QMessEvent::Critical));
     QVERIFY(m_base->heard.has("WHERE nothing=1", QMessEvent::Critical));
     m_tab->search("", "SELECT nothing");
     QCOMPARE(shown(), QStringList());
@@ -363,7 +363,7 @@ void TstFrame::addedRowIsAppended()
     QCOMPARE(shown().last(), QString("А"));
     QCOMPARE(shown(0).last(), QString("5"));
     QCOMPARE(m_tab->view()->currentIndex().row(), 3);
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 4"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 4"));
 }
 
 void TstFrame::vanishedRecordIsTold()
@@ -437,7 +437,7 @@ void TstFrame::inlineAddGoesOn()
     QCOMPARE(names().mid(3).join(' ').remove(QRegularExpression("[0-9]+\\|")),
              QString("Четвер '\\% П'ятниця"));
     QCOMPARE(shown(0).mid(3), m_base->rows("SELECT id FROM day_update WHERE id>10 ORDER BY id"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 5"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 5"));
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 

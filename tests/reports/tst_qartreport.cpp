@@ -364,13 +364,13 @@ void TstQArtReport::doubleClickAsksForTheReceipts()
     QVector<ChekOrigin> asked;
     connect(m_report.get(), &ReportWindow::cheksWanted, this,
             [&](const ChekOrigin &line) { asked.append(line); });
-    emit m_report->list()->doubleClicked(m_report->model()->index(0, 0));
-    m_report->list()->setCurrentIndex(m_report->model()->index(1, 0));
+    emit m_report->view()->doubleClicked(m_report->model()->index(0, 0));
+    m_report->view()->setCurrentIndex(m_report->model()->index(1, 0));
     m_report->show();
     m_report->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_report.get()));
-    m_report->list()->setFocus();
-    QTest::keyClick(m_report->list(), Qt::Key_Enter);
+    m_report->view()->setFocus();
+    QTest::keyClick(m_report->view(), Qt::Key_Enter);
     QCOMPARE(asked.size(), 2);
     for (int row = 0; row < 2; ++row) {
         const ChekOrigin &line = asked.at(row);
@@ -385,7 +385,7 @@ void TstQArtReport::doubleClickAsksForTheReceipts()
     child<QCheckBox>(m_report.get(), "chNoDate")->setChecked(false);
     child<QCheckBox>(m_report.get(), "chAverage")->setChecked(true);
     load();
-    emit m_report->list()->doubleClicked(m_report->model()->index(0, 0));
+    emit m_report->view()->doubleClicked(m_report->model()->index(0, 0));
     QCOMPARE(asked.last().firstDay.toString(Qt::ISODate), m_report->model()->stored(0, 7).left(10));
     QCOMPARE(asked.last().lastDay, asked.last().firstDay);
     QVERIFY(asked.last().price.isEmpty() && asked.last().kass == 0);
@@ -441,7 +441,7 @@ void TstQArtReport::listIsSavedAsPdf()
     QVERIFY(!button->isEnabled());
     load();
     QString suggested;
-    m_report->setFileChooser([&](const QString &name) -> QString {
+    m_report->list()->setFileChooser([&](const QString &name) -> QString {
         suggested = name;
         return path;
     });
@@ -452,7 +452,7 @@ void TstQArtReport::listIsSavedAsPdf()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.read(5) == "%PDF-");
     QVERIFY(m_report->totals().contains("Вартість: " + text("leValue")));
-    m_report->setFileChooser([&](const QString &) { return folder.filePath("none/list.pdf"); });
+    m_report->list()->setFileChooser([&](const QString &) { return folder.filePath("none/list.pdf"); });
     button->click();
     QVERIFY(m_base->heard.has("Файл не збережено"));
 }

@@ -253,7 +253,7 @@ QStringList TstQChekViewer::itemsOf(const QComboBox *box)
 
 void TstQChekViewer::open(int row)
 {
-    emit viewer().list()->doubleClicked(viewer().model()->index(row, 0));
+    emit viewer().view()->doubleClicked(viewer().model()->index(row, 0));
 }
 
 void TstQChekViewer::dayOfAllShops()
@@ -329,7 +329,7 @@ void TstQChekViewer::selectedLineShowsItsSlip()
     showDay(1);
     viewer().model()->sort(ChekList::Number);
     QCOMPARE(viewer().slip(), QString());
-    auto *list = viewer().list();
+    auto *list = viewer().view();
     viewer().show();
     viewer().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&viewer()));

@@ -88,7 +88,7 @@ void TstQStatOnLine::show(uint shop, const QDate &day)
 
 QStringList TstQStatOnLine::grid()
 {
-    const QAbstractItemModel *model = m_report->list()->model();
+    const QAbstractItemModel *model = m_report->view()->model();
     QStringList captions;
     for (int column = 0; column < model->columnCount(); ++column)
         captions.append(model->headerData(column, Qt::Horizontal).toString());
@@ -125,7 +125,7 @@ void TstQStatOnLine::registerOnSinceYesterdayIsGreen()
     show(2, {2026, 3, 1});
     QCOMPARE(grid(), (QStringList{"__ Дата та час __|Перша", "28-02-2026 20:00:00 +"}));
     QCOMPARE(spans(), QStringList{"0+ 00:00-24:00"});
-    const QString tip = m_report->list()->model()->index(0, 1).data(Qt::ToolTipRole).toString();
+    const QString tip = m_report->view()->model()->index(0, 1).data(Qt::ToolTipRole).toString();
     QCOMPARE(tip, QString("Перша: на зв'язку\n28-02-2026 20:00:00 – триває"));
     QCOMPARE(child<DayTimeline>(m_report.get(), "timeline")->accessibleDescription(),
              QString("Перша: на зв'язку 00:00 – 24:00"));
@@ -247,7 +247,7 @@ void TstQStatOnLine::reportsOpensTheShop()
     QSignalSpy spy(reports.window("mz_StatisticOnLine"), &ReportWindow::loaded);
     QVERIFY(spy.wait(5000));
     QCOMPARE(child<PlaceSelector>(tabs.widget(0), "place")->shopId(), 2U);
-    QCOMPARE(child<QNTableView>(tabs.widget(0), "listTimes")->model()->rowCount(), 1);
+    QCOMPARE(child<ListPane>(tabs.widget(0), "listTimes")->view()->model()->rowCount(), 1);
     QVERIFY(reports.closetab(0));
 }
 

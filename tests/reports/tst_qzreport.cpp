@@ -177,7 +177,7 @@ void TstQZReport::figuresAreThoseOfTheShifts()
     QVERIFY(m_report->totals().contains("продаж: " + QString("664.50")));
     // Not the sum of the rounded ones, 108.67.
     QVERIFY2(m_report->totals().contains("податок: 108.67"), qPrintable(m_report->totals().join('|')));
-    QVERIFY(part<QLabel>("labelState")->text().startsWith("Рядків: 5"));
+    QVERIFY(part<QLabel>("labelState")->text().startsWith("Записів: 5"));
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
@@ -290,7 +290,7 @@ void TstQZReport::printedListTellsItsFigures()
 {
     load();
     QString path = m_config.filePath("z.pdf");
-    m_report->setFileChooser([&](const QString &) { return path; });
+    m_report->list()->setFileChooser([&](const QString &) { return path; });
     // Chosen, not loaded.
     range()->setDays(march1, march1);
     part<QPushButton>("pbPdfList")->click();
@@ -339,7 +339,7 @@ void TstQZReport::numbersOfOthersFail()
     QCOMPARE(m_base->heard.texts().size(), 1);
     QVERIFY(m_base->heard.texts().constFirst().startsWith("Помилка запиту:"));
     QVERIFY2(m_base->heard.has(error), qPrintable(m_base->heard.texts().join('\n')));
-    QVERIFY(m_base->heard.all().constLast().location.startsWith("In file: reports/"));
+    QVERIFY(m_base->heard.all().constLast().location.startsWith("In file: tab_table/frame/listpane"));
     QCOMPARE(m_report->model()->rowCount(), 5);
 }
 
@@ -361,7 +361,7 @@ void TstQZReport::limitCutsOrNot()
     QTest::keyClick(part<QPushButton>("pbLoad"), Qt::Key_Space);
     QVERIFY(loaded.wait());
     QCOMPARE(m_report->model()->rowCount(), 5);
-    QVERIFY(m_report->list()->hasFocus());
+    QVERIFY(m_report->view()->hasFocus());
 }
 
 void TstQZReport::sumsAreOneLine()
@@ -391,7 +391,7 @@ void TstQZReport::emptyRangeAndBrokenRange()
     range()->setDays(QDate(2020, 1, 1), QDate(2020, 1, 1));
     load();
     QCOMPARE(m_report->model()->rowCount(), 0);
-    QCOMPARE(m_report->list()->emptyText(), QString("немає даних"));
+    QCOMPARE(m_report->view()->emptyText(), QString("немає даних"));
     QVERIFY(part<TurnoverChart>("chart")->isHidden());
     range()->setDays(march2, march1);
     QCOMPARE(answerQuestion([this] { m_report->load(); }), QString("Початкова дата пізніша за кінцеву."));

@@ -857,7 +857,7 @@ void TstQTabGoods::searchFinds()
         found.append(row.section('|', 0, 0));
     found.sort();
     QCOMPARE(found, ids);
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: %1").arg(count));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: %1").arg(count));
     QVERIFY2(m_base->heard.texts().isEmpty(), qPrintable(m_base->heard.texts().join('\n')));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM goods"), QString("2"));
 }

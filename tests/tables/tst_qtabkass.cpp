@@ -184,7 +184,7 @@ void TstQTabKass::shopAndGroupNarrowTheList()
     combo("cbGroup")->setCurrentIndex(0);
     combo("cbShop")->setCurrentIndex(combo("cbShop")->findText("Львів"));
     QCOMPARE(shown(0), QStringList({"20", "21"}));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 2"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 2"));
     child<QLineEdit>(m_tab.get(), "leSearch")->setText("ки");
     QCOMPARE(shown(0), QStringList());
     combo("cbShop")->setCurrentIndex(0);
@@ -282,7 +282,7 @@ void TstQTabKass::addedRegisterIsStored()
     QCOMPARE(stored("id>23"), QStringList{"10|Каса \"О'Г\" \\|042|1|1|ремонт|марка|модель|№ 5|10.0.1.77|3|"});
     QCOMPARE(m_tab->view()->currentIndex().row(), 2);
     QCOMPARE(m_tab->model()->stored(2, 3), QString("10.0.1.77"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
     QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("kassa"));
     QCOMPARE(m_base->heard.texts(), QStringList());
 }

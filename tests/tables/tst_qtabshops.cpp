@@ -169,7 +169,7 @@ void TstQTabShops::filtersNarrowTheList()
 {
     const QStringList all = {"Київ, 100%_ступінь", "Львів, Ринок 1", "Суми, Склад"};
     QCOMPARE(shown(), all);
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
     combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("Схід"));
     QCOMPARE(shown(), QStringList({"Київ, 100%_ступінь", "Суми, Склад"}));
     combo("cbState")->setCurrentIndex(combo("cbState")->findText("Показати діючі"));
@@ -184,7 +184,7 @@ void TstQTabShops::filtersNarrowTheList()
     combo("cbState")->setCurrentIndex(0);
     combo("cbGroup")->setCurrentIndex(0);
     QCOMPARE(shown(), QStringList({"Київ, 100%_ступінь", "Львів, Ринок 1"}));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 2"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 2"));
     type("");
     combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("default"));
     QCOMPARE(shown(), QStringList{"Усі групи"});
@@ -307,7 +307,7 @@ void TstQTabShops::addedShopIsStored()
     QCOMPARE(m_tab->model()->stored(row, 1), QString("Дніпро, \"О'Генрі\" \\ 50%"));
     QCOMPARE(m_tab->model()->stored(row, 0), m_base->value("SELECT MAX(id) FROM shops"));
     QCOMPARE(background(row), QString("#ff0000"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 4"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 4"));
     QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("shops"));
     QVERIFY(!tracker.isUpdate("shops", *m_base->connection(), &m_base->heard));
     QCOMPARE(m_base->heard.texts(), QStringList());
@@ -380,7 +380,7 @@ void TstQTabShops::editingKeepsWhatIsNotShown()
              QStringList{"Львів, Ринок 1|Їжачок|2|3||700|7|0|не чіпати"});
     QCOMPARE(m_tab->model()->stored(0, 2), QString("Їжачок"));
     QCOMPARE(m_tab->model()->stored(0, 0), QString("10"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
 }
 
 void TstQTabShops::typeAndCycleKeepStep()
@@ -530,7 +530,7 @@ void TstQTabShops::cancelIsTold()
     QVERIFY(m_base->heard.has("Зміни не внесені, відмінено користувачем!"));
     QVERIFY(add([](QAddEdtShop *editor) { editor->reject(); }));
     QVERIFY(m_base->heard.has("Запис не додано, відмінено користувачем!"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelCount")->text(), QString("Записів: 3"));
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
 }
 
 void TstQTabShops::failureWritesNothing()

@@ -1,0 +1,167 @@
+#include "listcolumns.h"
+
+#include "qntableview.h"
+#include "userstate.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <algorithm>
+#include <numeric>
+
+namespace {
+/// Widths are remembered in hundredths of a digit, so that they hold for letters of another size.
+const int widthUnit = 100;
+
+QVector<int> numbersOf(const QString &text)
+{
+    QVector<int> numbers;
+    const QStringList parts = text.split(QLatin1Char(' '));
+    for (const QString &part : parts)
+        numbers.append(part.toInt());
+    return numbers;
+}
+} // namespace
+
+ListColumns::ListColumns(QNTableView *view) : m_view(view)
+{
+    QHeaderView *header = view->horizontalHeader();
+    header->setSectionsMovable(true);
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint &place) {
+        QMenu menu(m_view);
+        fillMenu(&menu);
+        menu.exec(header->mapToGlobal(place));
+    });
+}
+
+ListColumns::~ListColumns()
+{
+    remember();
+}
+
+void ListColumns::set(const QVector<Column> &columns, const QString &idUser, const QString &key)
+{
+    m_columns = columns;
+    m_idUser = idUser;
+    m_key = QStringLiteral("list/") + key;
+    setWidths();
+    restore(rememberedState(m_idUser, m_key).toStringList());
+}
+
+int ListColumns::digitWidth() const
+{
+    return m_view->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+}
+
+void ListColumns::setWidths()
+{
+    const int edges = m_view->fontMetrics().height();
+    for (int i = 0; i < m_columns.size(); ++i) {
+        const int caption = m_view->horizontalHeader()->sectionSizeHint(i) + edges;
+        m_view->setColumnHidden(i, m_columns.at(i).hidden);
+        m_view->setColumnWidth(i, qMax(m_columns.at(i).digits * digitWidth() + edges, caption));
+    }
+    const auto widest =
+        std::max_element(m_columns.constBegin(), m_columns.constEnd(),
+                         [](const Column &one, const Column &other) { return one.digits < other.digits; });
+    m_view->setMainColumn(static_cast<int>(widest - m_columns.constBegin()));
+}
+
+QStringList ListColumns::state() const
+{
+    const QHeaderView *header = m_view->horizontalHeader();
+    QStringList state = {
+        QStringLiteral("%1 %2").arg(header->sortIndicatorSection()).arg(header->sortIndicatorOrder())};
+    for (int i = 0; i < m_columns.size(); ++i) {
+        const bool isHidden = header->isSectionHidden(i);
+        // A hidden section has no width of its own to tell.
+        const int width = isHidden ? 0 : qRound(double(header->sectionSize(i)) * widthUnit / digitWidth());
+        state.append(QStringLiteral("%1 %2 %3").arg(width).arg(header->visualIndex(i)).arg(int(isHidden)));
+    }
+    return state;
+}
+
+/// False when the list has other columns by now.
+bool ListColumns::restore(const QStringList &state)
+{
+    if (state.size() != m_columns.size() + 1)
+        return false;
+    QHeaderView *header = m_view->horizontalHeader();
+    QVector<int> order(m_columns.size());
+    for (int i = 0; i < m_columns.size(); ++i) {
+        const QVector<int> numbers = numbersOf(state.at(i + 1));
+        if (numbers.value(0) > 0)
+            m_view->setColumnWidth(i, qRound(double(numbers.at(0)) * digitWidth() / widthUnit));
+        if (numbers.value(2) != 0)
+            showColumn(i, false);
+        order[qBound(0, numbers.value(1), order.size() - 1)] = i;
+    }
+    for (int place = 0; place < order.size(); ++place)
+        header->moveSection(header->visualIndex(order.at(place)), place);
+    const QVector<int> sorting = numbersOf(state.constFirst());
+    if (m_view->isSortingEnabled() && sorting.value(0) < m_columns.size())
+        header->setSortIndicator(sorting.value(0), Qt::SortOrder(sorting.value(1)));
+    return true;
+}
+
+void ListColumns::remember() const
+{
+    if (!m_key.isEmpty() && m_view)
+        rememberState(m_idUser, m_key, state());
+}
+
+void ListColumns::showColumn(int column, bool isShown)
+{
+    // One has to stay: the menu would be out of reach.
+    if (m_columns.at(column).hidden || (!isShown && shown().size() < 2))
+        return;
+    m_view->setColumnHidden(column, !isShown);
+    m_view->fillWidth();
+}
+
+void ListColumns::clearSorting()
+{
+    m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+}
+
+void ListColumns::reset()
+{
+    QHeaderView *header = m_view->horizontalHeader();
+    for (int i = 0; i < m_columns.size(); ++i)
+        header->moveSection(header->visualIndex(i), i);
+    setWidths();
+    m_view->fillWidth();
+}
+
+QVector<int> ListColumns::shown() const
+{
+    return shownColumns(m_view);
+}
+
+void ListColumns::fillMenu(QMenu *menu)
+{
+    for (int i = 0; i < m_columns.size(); ++i) {
+        if (m_columns.at(i).hidden)
+            continue;
+        QAction *column = menu->addAction(m_view->model()->headerData(i, Qt::Horizontal).toString());
+        column->setCheckable(true);
+        column->setChecked(!m_view->isColumnHidden(i));
+        connect(column, &QAction::toggled, this, [this, i](bool on) { showColumn(i, on); });
+    }
+    menu->addSeparator();
+    if (m_view->isSortingEnabled())
+        connect(menu->addAction(tr("Без &сортування")), &QAction::triggered, this,
+                &ListColumns::clearSorting);
+    connect(menu->addAction(tr("Стовпці як с&початку")), &QAction::triggered, this, &ListColumns::reset);
+}
+
+QVector<int> shownColumns(const QNTableView *view)
+{
+    const QHeaderView *header = view->horizontalHeader();
+    QVector<int> columns;
+    for (int place = 0; place < header->count(); ++place) {
+        if (const int column = header->logicalIndex(place); !header->isSectionHidden(column))
+            columns.append(column);
+    }
+    return columns;
+}

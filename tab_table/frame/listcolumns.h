@@ -1,0 +1,47 @@
+#pragma once
+
+#include "columns.h"
+
+#include <QObject>
+#include <QPointer>
+
+class QMenu;
+class QNTableView;
+
+/// The columns of a grid as its user has them: how wide, in which order, which of them, sorted by what.
+/// Remembered between two starts; the menu of the header chooses. For a grid with any model.
+class ListColumns : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ListColumns(QNTableView *view);
+    /// Remembers how the columns stand; the grid has to be there still.
+    ~ListColumns() override;
+
+    /// Widths, what is hidden for good, and what that user has made of them before. key: the list's name
+    /// among all lists. The widest column takes the width that the others leave free.
+    void set(const QVector<Column> &columns, const QString &idUser, const QString &key);
+    /// The columns that are seen, by their places in the model, as they stand from left to right.
+    QVector<int> shown() const;
+    /// Which columns are seen, the order of the server, everything as at first.
+    void fillMenu(QMenu *menu);
+
+private:
+    int digitWidth() const;
+    void setWidths();
+    void reset();
+    void showColumn(int column, bool isShown);
+    void clearSorting();
+    QStringList state() const;
+    bool restore(const QStringList &state);
+    void remember() const;
+
+    QPointer<QNTableView> m_view;
+    QVector<Column> m_columns;
+    QString m_idUser;
+    QString m_key;
+};
+
+/// The columns of a grid that are seen, by their places in the model, from left to right.
+QVector<int> shownColumns(const QNTableView *view);

@@ -1,0 +1,291 @@
+#include "listpane.h"
+
+#include "csvexport.h"
+#include "listprinter.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "queryservice.h"
+#include "waitcursor.h"
+
+#include <QDateTime>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSqlDatabase>
+
+ListPane::ListPane(QWidget *parent)
+    : QWidget(parent)
+    , m_view(new QNTableView(this))
+    , m_model(new QRowModel(m_view))
+    , m_footer(new QWidget(this))
+    , m_columns(m_view)
+    , m_chooseFile([this](const QString &suggested) { return askPdfPath(this, suggested); })
+{
+    m_view->setObjectName(QStringLiteral("view"));
+    m_view->setModel(m_model);
+    m_view->setSortingEnabled(true);
+    setFocusProxy(m_view);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    layout->addWidget(m_footer);
+    buildFooter();
+    showState(QString(), false);
+}
+
+ListPane::~ListPane() = default;
+
+void ListPane::buildFooter()
+{
+    auto *line = new QHBoxLayout(m_footer);
+    line->setContentsMargins(0, 0, 0, 0);
+    m_state = new QLabel(m_footer);
+    m_state->setObjectName(QStringLiteral("labelState"));
+    m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    line->addWidget(m_state, 1);
+    const auto add = [this, line](const QString &name, const QString &text, const QKeySequence &keys) {
+        auto *button = new QPushButton(text, m_footer);
+        button->setObjectName(name);
+        button->setShortcut(keys);
+        button->setToolTip(keys.toString(QKeySequence::NativeText));
+        line->addWidget(button);
+        return button;
+    };
+    m_print = add(QStringLiteral("pbPrintList"), tr("Друк списку…"), QKeySequence(Qt::CTRL + Qt::Key_P));
+    m_pdf =
+        add(QStringLiteral("pbPdfList"), tr("Список у PDF…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P));
+    connect(m_print, &QPushButton::clicked, this, &ListPane::preview);
+    connect(m_pdf, &QPushButton::clicked, this, &ListPane::savePdf);
+}
+
+void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver)
+{
+    m_db = db;
+    m_user = user;
+    m_receiver = receiver;
+    m_view->setAccessibleName(accessibleName());
+    m_queries = new QueryOwner(db->connectionName(), this);
+    connect(m_queries, &QueryOwner::answered, this, &ListPane::showAnswer);
+}
+
+void ListPane::expectLongLoads()
+{
+    m_queries->setLong(true);
+}
+
+void ListPane::setColumns(const QVector<Column> &columns, const QString &key)
+{
+    m_model->setColumns(columns);
+    m_columns.set(columns, m_user->idUser(), key);
+}
+
+void ListPane::setButtons(QPushButton *load, QPushButton *stop)
+{
+    m_load = load;
+    m_stop = stop;
+    if (stop != nullptr)
+        connect(stop, &QPushButton::clicked, this, &ListPane::stop);
+    showState(QString(), false);
+}
+
+bool ListPane::isLoading() const
+{
+    return m_queries != nullptr && m_queries->isWaiting();
+}
+
+void ListPane::load(const QString &sql, const QString &numberSql)
+{
+    m_clock.start();
+    showState(tr("Завантаження…"), true);
+    m_queries->ask(numberSql.isEmpty() ? QStringList(sql) : QStringList{sql, numberSql});
+}
+
+void ListPane::stop()
+{
+    if (!isLoading())
+        return;
+    m_queries->cancel();
+    showState(tr("Завантаження зупинено."), false);
+}
+
+void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
+{
+    m_loadMs = m_clock.elapsed();
+    if (answer->error.isEmpty()) {
+        m_number = answer->results.size() > 1 ? answer->number(1) : 0;
+        replaceRows(std::move(answer->results.front()));
+        return;
+    }
+    postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);
+    clearAfterFailure();
+    emit failed();
+}
+
+void ListPane::showRows(RowStore &&rows)
+{
+    m_queries->cancel();
+    m_number = 0;
+    replaceRows(std::move(rows));
+}
+
+void ListPane::replaceRows(RowStore &&rows)
+{
+    m_model->replaceRows(m_arrange ? m_arrange(std::move(rows)) : std::move(rows));
+    sortAsBefore();
+    m_view->setEmptyText(m_emptyText);
+    m_count = -1;
+    emit rowsShown();
+    if (m_wantsRow)
+        m_view->setCurrentIndex(m_view->model()->index(0, 0));
+    m_wantsRow = false;
+    showCount();
+    emit loaded();
+}
+
+void ListPane::clear()
+{
+    m_queries->cancel();
+    m_number = 0;
+    m_count = -1;
+    m_model->replaceRows(m_arrange ? m_arrange({}) : RowStore());
+    emit rowsShown();
+    showState(QString(), false);
+}
+
+void ListPane::clearAfterFailure()
+{
+    const QString text = tr("Список не прочитано: сервер відповів помилкою.");
+    if (!m_keepsRows) {
+        clear();
+        m_view->setEmptyText(text);
+    }
+    showState(text, false);
+}
+
+void ListPane::sortAsBefore()
+{
+    const QHeaderView *header = m_view->horizontalHeader();
+    if (m_view->isSortingEnabled() && header->sortIndicatorSection() >= 0)
+        m_model->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
+}
+
+QModelIndex ListPane::indexOf(const QString &id) const
+{
+    const QByteArray wanted = id.toUtf8();
+    const std::string_view bytes(wanted.constData(), static_cast<size_t>(wanted.size()));
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        if (m_model->storedBytes(row, 0) == bytes)
+            return m_model->index(row, 0);
+    }
+    return QModelIndex();
+}
+
+void ListPane::refreshRow(QSqlQuery &record, int row, int firstColumn)
+{
+    const bool isNew = row < 0;
+    if (isNew) {
+        row = m_model->rowCount();
+        m_model->insertRow(row);
+        countAdded();
+    }
+    m_model->writeRecord(record, isNew ? 0 : firstColumn, row);
+    emit rowShown(row);
+    if (isNew)
+        m_view->setCurrentIndex(m_model->index(row, 0));
+}
+
+void ListPane::enter()
+{
+    m_view->setFocus();
+    m_wantsRow = isLoading();
+    if (!m_wantsRow && !m_view->currentIndex().isValid())
+        m_view->setCurrentIndex(m_view->model()->index(0, 0));
+}
+
+void ListPane::setCount(qint64 count)
+{
+    m_count = count;
+    showCount();
+}
+
+void ListPane::countAdded()
+{
+    setCount(m_count < 0 ? -1 : m_count + 1);
+}
+
+void ListPane::showCount()
+{
+    const QString count = tr("Записів: %1").arg(m_count < 0 ? m_view->model()->rowCount() : m_count);
+    showState(m_details.isEmpty() ? count : count + QStringLiteral(", ") + m_details, isLoading());
+}
+
+void ListPane::showState(const QString &text, bool isLoading)
+{
+    m_state->setText(text);
+    m_state->setToolTip(text);
+    for (QPushButton *button : {m_print, m_pdf})
+        button->setDisabled(isLoading || m_view->model()->rowCount() == 0);
+    // The keyboard goes on in the list, not in whatever stands behind the button.
+    if (isLoading && m_load != nullptr && m_load->hasFocus())
+        m_view->setFocus();
+    if (m_load != nullptr)
+        m_load->setDisabled(isLoading);
+    if (m_stop != nullptr)
+        m_stop->setVisible(isLoading);
+    if (isLoading)
+        setCursor(Qt::BusyCursor);
+    else
+        unsetCursor();
+}
+
+PrintedList ListPane::printed() const
+{
+    PrintedList list;
+    list.heading = m_heading;
+    list.heading.append(
+        tr("Складено: %1").arg(QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))));
+    list.model = m_view->model();
+    list.view = m_view;
+    if (m_totals)
+        list.totals = m_totals();
+    return list;
+}
+
+void ListPane::preview()
+{
+    previewList(this, printed());
+}
+
+void ListPane::savePdf()
+{
+    const QString path = m_chooseFile(fileNameOf(m_heading.join(QLatin1Char(' '))));
+    if (path.isEmpty())
+        return;
+    QString error;
+    if (saveListPdf(printed(), path, &error))
+        postMessage(m_receiver, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
+    else if (!error.isEmpty())
+        postMessage(m_receiver, tr("Файл не збережено: %1\n%2").arg(path, error));
+}
+
+bool ListPane::exportCsv(QObject *receiver, const QAbstractItemModel *model, const QTableView *view,
+                         const QString &code, const QString &path)
+{
+    const WaitCursor wait;
+    const CsvEncoding encoding = code.isEmpty() ? CsvEncoding::Utf8 : CsvEncoding::Windows1251;
+    const QString error = saveCsv(*model, view, encoding, path);
+    if (!error.isEmpty()) {
+        postMessage(receiver, tr("Файл не збережено: %1\n%2").arg(path, error));
+        return false;
+    }
+    postMessage(receiver, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
+    return true;
+}
+
+bool ListPane::exportCsv(const QString &code, const QString &path) const
+{
+    return exportCsv(m_receiver, m_view->model(), m_view, code, path);
+}
