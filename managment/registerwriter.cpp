@@ -9,17 +9,7 @@ bool RegisterWriter::run(const QString &sql) const
 
 std::optional<QStringList> RegisterWriter::row(const QString &sql) const
 {
-    auto query = m_db.run(sql, {}, {}, m_file, m_line);
-    if (!query)
-        return std::nullopt;
-    QStringList cells;
-    if (query->next()) {
-        // Built from the answer at each call.
-        const int columns = query->record().count();
-        for (int i = 0; i < columns; ++i)
-            cells.append(toText(query->value(i)));
-    }
-    return cells;
+    return m_db.firstRow(sql, {}, {}, m_file, m_line);
 }
 
 std::optional<bool> RegisterWriter::stands(const QString &condition) const

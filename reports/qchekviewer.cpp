@@ -122,10 +122,11 @@ void QChekViewer::showPlace(const ChekOrigin &origin)
     QString shop;
     QString kass;
     uint group = origin.group;
-    auto row = db().run(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(origin.shop));
-    if (row && row->next()) {
-        shop = toText(row->value(0));
-        group = row->value(1).toUInt();
+    const auto row =
+        db().firstRow(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(origin.shop));
+    if (row && !row->isEmpty()) {
+        shop = row->at(0);
+        group = row->at(1).toUInt();
         kass =
             db().firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(origin.kass))
                 .value_or(QString());

@@ -152,18 +152,18 @@ void QZReport::dclicktable(const QModelIndex &index)
         return;
     const auto stored = [this, &index](int column) { return model()->stored(index.row(), column); };
     // The list has no ids; two registers of a shop may bear the same text, their shifts end at other times.
-    auto found =
-        db().run(QStringLiteral(
-                     "SELECT z_zvit.id_shop,z_zvit.id_kass FROM z_zvit JOIN kassa ON z_zvit.id_kass=kassa.id "
-                     "JOIN shops ON z_zvit.id_shop=shops.id WHERE z_zvit.id_zzvit=:zvit AND "
-                     "shops.address=:addres AND kassa.advertising_str=:kassa "
-                     "ORDER BY z_zvit.data_time=:time DESC LIMIT 1"),
-                 {{QStringLiteral(":zvit"), stored(Number)},
-                  {QStringLiteral(":addres"), stored(Shop)},
-                  {QStringLiteral(":kassa"), stored(Register)},
-                  {QStringLiteral(":time"), stored(Time)}});
-    if (found && found->next())
-        emit cheksWanted(originOf(found->value(0).toUInt(), found->value(1).toUInt(), stored(Number)));
+    const auto found = db().firstRow(
+        QStringLiteral(
+            "SELECT z_zvit.id_shop,z_zvit.id_kass FROM z_zvit JOIN kassa ON z_zvit.id_kass=kassa.id "
+            "JOIN shops ON z_zvit.id_shop=shops.id WHERE z_zvit.id_zzvit=:zvit AND "
+            "shops.address=:addres AND kassa.advertising_str=:kassa "
+            "ORDER BY z_zvit.data_time=:time DESC LIMIT 1"),
+        {{QStringLiteral(":zvit"), stored(Number)},
+         {QStringLiteral(":addres"), stored(Shop)},
+         {QStringLiteral(":kassa"), stored(Register)},
+         {QStringLiteral(":time"), stored(Time)}});
+    if (found && !found->isEmpty())
+        emit cheksWanted(originOf(found->at(0).toUInt(), found->at(1).toUInt(), stored(Number)));
 }
 
 void QZReport::rowsShown()

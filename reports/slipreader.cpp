@@ -34,17 +34,17 @@ bool readHead(const Db &db, const SlipKey &key, Slip *slip)
                        "LEFT JOIN shops ON shops.id=cheks.id_shop LEFT JOIN kassa ON kassa.id=cheks.id_kass "
                        "WHERE ") +
         condition(key) + QStringLiteral(" LIMIT 1");
-    auto head = db.run(sql);
+    const auto head = db.firstRow(sql);
     if (!head)
         return false;
-    if (!head->next()) {
+    if (head->isEmpty()) {
         postMessage(db.receiver(), Texts::tr("Відсутні дані після запиту:") + QLatin1Char('\n') + sql);
         return false;
     }
-    slip->shop = toText(head->value(0));
-    slip->kass = toText(head->value(1));
-    slip->time = toText(head->value(4));
-    slip->number = slip->type == ChekType::ZReport ? toText(head->value(3)) : QString::number(key.chek);
+    slip->shop = head->at(0);
+    slip->kass = head->at(1);
+    slip->time = head->at(4);
+    slip->number = slip->type == ChekType::ZReport ? head->at(3) : QString::number(key.chek);
     return true;
 }
 
@@ -96,13 +96,13 @@ bool readRows(const Db &db, const SlipKey &key, Slip *slip)
 
 bool readSums(const Db &db, const SlipKey &key, SlipSums *sums)
 {
-    auto query = db.run(chekSumsSql(condition(key)));
-    if (!query || !query->next())
+    const auto row = db.firstRow(chekSumsSql(condition(key)));
+    if (!row || row->isEmpty())
         return false;
     qint64 *const values[] = {&sums->goods, &sums->discount, &sums->toPay, &sums->paid};
     for (int i = 0; i < 4; ++i)
-        *values[i] = toText(query->value(i)).toLongLong();
-    sums->payments = toText(query->value(4)).toInt();
+        *values[i] = row->at(i).toLongLong();
+    sums->payments = row->at(4).toInt();
     return true;
 }
 

@@ -13,21 +13,9 @@ QString findUser()
     return QStringLiteral("SELECT id_g_prem,id,id_group,id_shop FROM users WHERE ");
 }
 
-/// The first column of a statement; nothing after a reported failure.
-std::optional<QStringList> firstColumn(const Db &db, const QString &sql)
-{
-    auto query = db.run(sql);
-    if (!query)
-        return std::nullopt;
-    QStringList list;
-    while (query->next())
-        list.append(toText(query->value(0)));
-    return list;
-}
-
 bool fillList(const Db &db, const QString &sql, QStringList *list)
 {
-    const auto read = firstColumn(db, sql);
+    const auto read = db.firstColumn(sql);
     if (read)
         *list = *read;
     return read.has_value();
@@ -160,13 +148,10 @@ bool QLoadedUser::isPermissionForShop(const QString &idShop, const QString &idGr
 
 QString QLoadedUser::getNameSename(QSqlDatabase *db, int id) const
 {
-    auto query = Db(db, m_receiver)
-                     .run(QStringLiteral("SELECT name,surname FROM users WHERE id=") + QString::number(id));
-    if (!query)
-        return QString();
-    if (!query->next()) {
+    const auto names =
+        Db(db, m_receiver)
+            .firstRow(QStringLiteral("SELECT name,surname FROM users WHERE id=") + QString::number(id));
+    if (names && names->isEmpty())
         postMessage(m_receiver, tr("Користувача не знайдено!"));
-        return QString();
-    }
-    return (toText(query->value(0)) + QLatin1Char(' ') + toText(query->value(1))).trimmed();
+    return names ? names->join(QLatin1Char(' ')).trimmed() : QString();
 }

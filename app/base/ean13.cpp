@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
-namespace {
-bool allDigits(const QString &text)
+bool isAllDigits(const QString &text)
 {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    return !text.isEmpty() &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
-} // namespace
 
 QChar eanCheckDigit(const QString &code, int len)
 {
@@ -20,12 +19,12 @@ QChar eanCheckDigit(const QString &code, int len)
 
 bool isSoundEan(const QString &code)
 {
-    if ((code.size() != 8 && code.size() != 13) || !allDigits(code))
+    if ((code.size() != 8 && code.size() != 13) || !isAllDigits(code))
         return false;
     return code.back() == eanCheckDigit(code, code.size() - 1);
 }
 
 bool looksScanned(const QString &text)
 {
-    return (text.size() == 8 || (text.size() >= 12 && text.size() <= 14)) && allDigits(text);
+    return (text.size() == 8 || (text.size() >= 12 && text.size() <= 14)) && isAllDigits(text);
 }

@@ -3,6 +3,9 @@
 #include <QChar>
 #include <QString>
 
+/// True for a text of digits 0 to 9 and nothing else; false for an empty one.
+bool isAllDigits(const QString &text);
+
 /// The check digit of a barcode: '0' to '9'. code holds at least len digits, of which the first len are
 /// the data (12 for EAN-13, 7 for EAN-8). The digits are weighed 3, 1, 3, ... from the last backwards.
 QChar eanCheckDigit(const QString &code, int len);

@@ -1,5 +1,7 @@
 #include "qlogger.h"
 
+#include "sqldate.h"
+
 #include <QDateTime>
 
 QLogger::QLogger(const QString &fileName, bool flag, LEVELVERB level, QObject *parent)
@@ -20,7 +22,7 @@ void QLogger::wlog(TYPELOG type, const QString &file, const QString &line, const
         return;
     const QString &label = m_labels.at(type >= 0 && type < m_labels.size() ? type : 1);
     const QString name = file.mid(file.lastIndexOf(QLatin1Char('/')) + 1);
-    const QString time = QDateTime::currentDateTime().toString(QStringLiteral("dd-MM-yy hh:mm:ss"));
+    const QString time = shownDateTime(QDateTime::currentDateTime());
     const QString text = label + QLatin1String("  ") + time + QLatin1String("  ") + name + QLatin1Char('\t') +
                          line + QLatin1Char('\t') + message + QLatin1Char('\n');
     m_file.write(text.toLocal8Bit());

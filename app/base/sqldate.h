@@ -10,7 +10,7 @@ QString sqlDateTime(const QDateTime &time);
 /// The first and the last second of a day, as such numbers.
 QString sqlDayStart(const QDate &day);
 QString sqlDayEnd(const QDate &day);
-/// "dd-MM-yy hh:mm:ss" as lists show it; empty for no date.
+/// "dd-MM-yy hh:mm:ss" as lists and the log show it; empty for no date.
 QString shownDateTime(const QDateTime &time);
 /// "Mon," to "Sun,"; a single blank for an invalid date. The tokens of action.week_day.
 QString weekDayToken(const QDate &day);

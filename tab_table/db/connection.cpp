@@ -320,7 +320,7 @@ bool createDatabase(const DatabaseAddress &address, QObject *receiver, QString *
 
 bool isUnknownDatabase(const QSqlDatabase &db)
 {
-    return db.lastError().nativeErrorCode() == QLatin1String("1049");
+    return db.lastError().nativeErrorCode().toInt() == ServerError::UnknownDatabase;
 }
 
 ServerAnswer connectAside(const DatabaseAddress &address, const std::atomic<bool> &isGivenUp,

@@ -1,6 +1,7 @@
 #include "db.h"
 
 #include "connectionstate.h"
+#include "ean13.h"
 #include "qmessevent.h"
 #include "servererror.h"
 
@@ -11,6 +12,7 @@
 #include <QSet>
 #include <QSqlDriver>
 #include <QSqlError>
+#include <QSqlRecord>
 #include <QThread>
 
 namespace {
@@ -247,6 +249,32 @@ std::optional<QString> Db::firstText(const QString &sql, const Values &values, c
     return query->next() ? toText(query->value(0)) : QString();
 }
 
+std::optional<QStringList> Db::firstRow(const QString &sql, const Values &values, const QString &failure,
+                                        const char *file, int line) const
+{
+    auto query = run(sql, values, failure, file, line);
+    if (!query)
+        return std::nullopt;
+    QStringList cells;
+    // Built from the answer at each call.
+    const int columns = query->next() ? query->record().count() : 0;
+    for (int i = 0; i < columns; ++i)
+        cells.append(toText(query->value(i)));
+    return cells;
+}
+
+std::optional<QStringList> Db::firstColumn(const QString &sql, const Values &values, const QString &failure,
+                                           const char *file, int line) const
+{
+    auto query = run(sql, values, failure, file, line);
+    if (!query)
+        return std::nullopt;
+    QStringList cells;
+    while (query->next())
+        cells.append(toText(query->value(0)));
+    return cells;
+}
+
 std::optional<quint64> Db::lastInsertId(const char *file, int line) const
 {
     const QString sql = QStringLiteral("SELECT LAST_INSERT_ID()");
@@ -359,6 +387,11 @@ bool waitForServer(const Db &db, int ms)
 {
     ConnectionState *state = ConnectionState::of(*db.connection());
     return state == nullptr || state->waitUntilBack(ms);
+}
+
+QString barcodeInSql(const QString &code)
+{
+    return isAllDigits(code) && !code.startsWith(QLatin1Char('0')) ? code : lit(code);
 }
 
 QVariant nullIfEmpty(const QString &text)

@@ -3,6 +3,7 @@
 #include <QPair>
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 #include <functional>
@@ -43,6 +44,16 @@ public:
     std::optional<QString> firstText(const QString &sql, const Values &values = {},
                                      const QString &failure = {}, const char *file = __builtin_FILE(),
                                      int line = __builtin_LINE()) const;
+
+    /// The cells of the first row as text; empty without a row, nothing after a failure.
+    std::optional<QStringList> firstRow(const QString &sql, const Values &values = {},
+                                        const QString &failure = {}, const char *file = __builtin_FILE(),
+                                        int line = __builtin_LINE()) const;
+
+    /// The first cells of all rows as text; nothing after a failure.
+    std::optional<QStringList> firstColumn(const QString &sql, const Values &values = {},
+                                           const QString &failure = {}, const char *file = __builtin_FILE(),
+                                           int line = __builtin_LINE()) const;
 
     /// The id that AUTO_INCREMENT gave to the row inserted last; nothing (reported) when there is none.
     std::optional<quint64> lastInsertId(const char *file = __builtin_FILE(),
@@ -123,5 +134,7 @@ QString errorText(const QSqlError &error);
 /// Whether the server of the connection answers, waiting so long at most. For those who have to know what
 /// became of their COMMIT.
 bool waitForServer(const Db &db, int ms);
+/// A barcode in a statement: bare digits, but quoted when it begins with 0, which a number would lose.
+QString barcodeInSql(const QString &code);
 /// NULL for an empty text, else the text; to bind.
 QVariant nullIfEmpty(const QString &text);

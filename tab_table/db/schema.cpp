@@ -54,15 +54,12 @@ bool isSchemaMissing(const Db &db, QString *error)
 
 QStringList tablesWithoutTransactions(const Db &db)
 {
-    auto query =
-        db.run(QStringLiteral("SELECT CONCAT(TABLE_NAME,' (',ENGINE,')') FROM "
-                              "INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME "
-                              "IN ('cheks','z_zvit','goods_shop') AND ENGINE<>'InnoDB' "
-                              "ORDER BY TABLE_NAME"));
-    QStringList tables;
-    while (query && query->next())
-        tables.append(toText(query->value(0)));
-    return tables;
+    return db
+        .firstColumn(QStringLiteral("SELECT CONCAT(TABLE_NAME,' (',ENGINE,')') FROM "
+                                    "INFORMATION_SCHEMA.TABLES WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME "
+                                    "IN ('cheks','z_zvit','goods_shop') AND ENGINE<>'InnoDB' "
+                                    "ORDER BY TABLE_NAME"))
+        .value_or(QStringList());
 }
 
 bool createSchema(const Db &db, const char *file, int line)

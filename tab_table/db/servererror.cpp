@@ -36,12 +36,6 @@ bool isConnectionLost(int error)
     return std::find(std::begin(lossErrors), std::end(lossErrors), error) != std::end(lossErrors);
 }
 
-bool isOtherProgram(int error)
-{
-    return error == ServerError::DuplicateKey || error == ServerError::LockWait ||
-           error == ServerError::Deadlock;
-}
-
 bool isCommitRefused(int error)
 {
     return error == ServerError::LockWait || error == ServerError::Deadlock ||

@@ -7,6 +7,7 @@ namespace ServerError {
 enum {
     TooManyConnections = 1040,
     NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
+    UnknownDatabase = 1049,
     DuplicateKey = 1062,
     NoSuchTable = 1146,
     LockWait = 1205,
@@ -23,10 +24,6 @@ enum {
 /// True when this connection is of no use any more, whatever it was doing: nobody answers, or the server is
 /// ending it. A transaction of it is rolled back by the server.
 bool isConnectionLost(int error);
-
-/// True when another program was in the way (a lock, a deadlock, the same number written first): what was
-/// sent in the transaction is not written, and the same may be tried again.
-bool isOtherProgram(int error);
 
 /// True when a COMMIT that failed so has certainly written nothing. After any other failure of a COMMIT the
 /// server has to be asked.

@@ -34,14 +34,9 @@ const int builtTries = mostTries / 3;
 
 std::optional<QStringList> standingIndexes(const Db &db)
 {
-    auto query = db.run(QStringLiteral("SELECT DISTINCT INDEX_NAME FROM INFORMATION_SCHEMA.STATISTICS WHERE "
-                                       "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks'"));
-    if (!query)
-        return std::nullopt;
-    QStringList names;
-    while (query->next())
-        names.append(toText(query->value(0)));
-    return names;
+    return db.firstColumn(
+        QStringLiteral("SELECT DISTINCT INDEX_NAME FROM INFORMATION_SCHEMA.STATISTICS WHERE "
+                       "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks'"));
 }
 
 /// One statement for both: the table is read once, and all or nothing is done. Empty when it is done already.

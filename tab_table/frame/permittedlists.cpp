@@ -6,22 +6,12 @@
 #include "qmessevent.h"
 
 #include <QComboBox>
-#include <QSqlQuery>
 
 namespace {
-QStringList firstColumn(const Db &db, const QString &sql)
-{
-    QStringList list;
-    auto query = db.run(sql);
-    while (query && query->next())
-        list.append(toText(query->value(0)));
-    return list;
-}
-
 QStringList listOrBox(const Db &db, const QString &sql, QComboBox *box)
 {
     if (box == nullptr)
-        return firstColumn(db, sql);
+        return db.firstColumn(sql).value_or(QStringList());
     fillCombo(box, db, sql);
     return {};
 }

@@ -98,10 +98,10 @@ bool QTabDelegate::isTaken(QWidget *editor, const QString &name, const QString &
     QString sql = QStringLiteral("SELECT id FROM ") + m_table + QStringLiteral(" WHERE name=:name");
     if (!ownId.isEmpty())
         sql += QStringLiteral(" AND id<>") + QString::number(ownId.toUInt());
-    auto query = Db(m_db, m_receiver).run(sql, {{QStringLiteral(":name"), name}});
-    if (!query)
+    const auto other = Db(m_db, m_receiver).firstText(sql, {{QStringLiteral(":name"), name}});
+    if (!other)
         return true;
-    if (!query->next())
+    if (other->isEmpty())
         return false;
     warn(editor, tr("Такий запис вже існує в базі!"));
     return true;

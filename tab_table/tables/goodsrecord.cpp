@@ -28,14 +28,6 @@ GoodsPrice readPrice(const QSqlQuery &row)
     return price;
 }
 
-QStringList firstColumn(QSqlQuery *rows)
-{
-    QStringList texts;
-    while (rows->next())
-        texts.append(toText(rows->value(0)));
-    return texts;
-}
-
 QString priceCaption(const GoodsPrice &price)
 {
     return Goods::tr("Ціна магазинів: %1, %2, пріоритет %3")
@@ -119,19 +111,19 @@ std::optional<RecordFields> readGoodsRows(const Db &db, const QString &id)
                    "prices.id_shop FROM prices LEFT JOIN group_shop ON prices.id_group=group_shop.id LEFT "
                    "JOIN shops ON prices.id_shop=shops.id WHERE prices.id_goods=") +
                id);
-    auto codes = db.run(QStringLiteral("SELECT shtrihcod FROM dk_shc WHERE id_goods=") + id);
+    const auto codes = db.firstColumn(QStringLiteral("SELECT shtrihcod FROM dk_shc WHERE id_goods=") + id);
     if (!rows || !codes)
         return std::nullopt;
     QVector<GoodsPrice> prices;
     while (rows->next())
         prices.append(readPrice(*rows));
-    return priceFields(prices) + barcodeFields(firstColumn(&*codes));
+    return priceFields(prices) + barcodeFields(*codes);
 }
 
 QStringList shopsOf(const Db &db, const QString &id)
 {
-    auto shops = db.run(QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id);
-    return shops ? firstColumn(&*shops) : QStringList();
+    return db.firstColumn(QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id)
+        .value_or(QStringList());
 }
 
 std::optional<QString> otherWithRule(const Db &db, const QString &group, uint rule, const QString &id)

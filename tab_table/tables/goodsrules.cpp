@@ -14,15 +14,6 @@ struct Rules
 
 const uint firstExclusiveRule = 2;
 const uint lastExclusiveRule = 4;
-
-bool allDigits(const QString &text)
-{
-    for (const QChar c : text) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
-    return !text.isEmpty();
-}
 } // namespace
 
 QString goodsCondition(uint group, const QString &text)
@@ -62,16 +53,10 @@ QString priceRefusal(const QString &text)
 
 bool isTypedBarcode(const QString &code)
 {
-    return code.size() == 13 && allDigits(code);
+    return code.size() == 13 && isAllDigits(code);
 }
 
 bool isStoredBarcode(const QString &code)
 {
-    return (code.size() == 8 || code.size() == 13) && allDigits(code);
-}
-
-QString barcodeInSql(const QString &code)
-{
-    const bool isNumber = allDigits(code) && !code.startsWith(QLatin1Char('0'));
-    return isNumber ? code : lit(code);
+    return (code.size() == 8 || code.size() == 13) && isAllDigits(code);
 }

@@ -27,5 +27,3 @@ QString priceRefusal(const QString &text);
 bool isTypedBarcode(const QString &code);
 /// A barcode of 8 or 13 digits, as they may stand in the database.
 bool isStoredBarcode(const QString &code);
-/// A barcode in a statement: bare digits, but quoted when it begins with 0, which a number would lose.
-QString barcodeInSql(const QString &code);

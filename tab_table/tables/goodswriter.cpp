@@ -156,9 +156,8 @@ void explainBarcodes(const Db &db, const QStringList &codes, const QString &ownI
                       .arg(literals.join(QLatin1Char(',')));
     if (!ownId.isEmpty())
         sql += QStringLiteral(" AND goods.id<>") + ownId;
-    auto owner = db.run(sql);
-    if (owner && owner->next())
-        postMessage(db.receiver(),
-                    Goods::tr("Товар не збережено: штрихкод %1 вже має товар №%2 \"%3\".")
-                        .arg(toText(owner->value(0)), toText(owner->value(1)), toText(owner->value(2))));
+    const auto owner = db.firstRow(sql);
+    if (owner && !owner->isEmpty())
+        postMessage(db.receiver(), Goods::tr("Товар не збережено: штрихкод %1 вже має товар №%2 \"%3\".")
+                                       .arg(owner->at(0), owner->at(1), owner->at(2)));
 }

@@ -404,11 +404,12 @@ QString QAddEdtGoods::idRefusal() const
     const quint64 id = text.toULongLong();
     if (id == 0 || id > greatestGoodsId)
         return tr("Код товару повинен бути від 1 до %1.").arg(greatestGoodsId);
-    auto other = db().run(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
+    const auto other =
+        db().firstRow(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
     if (!other)
         return tr("Код товару не перевірено: сервер відповів помилкою.");
-    return other->next() ? tr("Товар №%1 вже є: \"%2\".").arg(QString::number(id), toText(other->value(0)))
-                         : QString();
+    return other->isEmpty() ? QString()
+                            : tr("Товар №%1 вже є: \"%2\".").arg(QString::number(id), other->first());
 }
 
 QString QAddEdtGoods::ruleRefusal() const

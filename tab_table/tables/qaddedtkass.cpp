@@ -104,11 +104,12 @@ void QAddEdtKass::preset(const QString &group, unsigned int id_shop)
         chooseOnlyItem(ui->cbGroup);
     if (id_shop == 0)
         return showGateway();
-    auto shop = db().run(QStringLiteral("SELECT shops.group_shop,shops.network_shop FROM shops LEFT JOIN "
-                                        "kassa ON kassa.id_shop=shops.id WHERE shops.id=") +
-                         QString::number(id_shop) + QStringLiteral(" LIMIT 1"));
-    if (shop && shop->next()) {
-        ui->cbGroup->setCurrentIndex(ui->cbGroup->findData(shop->value(0).toUInt()));
+    const auto shop =
+        db().firstRow(QStringLiteral("SELECT shops.group_shop,shops.network_shop FROM shops LEFT JOIN "
+                                     "kassa ON kassa.id_shop=shops.id WHERE shops.id=") +
+                      QString::number(id_shop) + QStringLiteral(" LIMIT 1"));
+    if (shop && !shop->isEmpty()) {
+        ui->cbGroup->setCurrentIndex(ui->cbGroup->findData(shop->first().toUInt()));
         ui->cbShop->setCurrentIndex(ui->cbShop->findData(id_shop));
     }
 }
