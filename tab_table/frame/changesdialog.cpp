@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 enum Column { Caption, Before, Mine, Theirs, ColumnCount };
@@ -70,7 +71,6 @@ void ChangesDialog::buildTable(const QVector<RecordChange> &changes)
     m_table->setWordWrap(true);
     m_table->verticalHeader()->hide();
     m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     for (int row = 0; row < changes.size(); ++row) {
         const RecordChange &change = changes.at(row);
         const QStringList texts = {change.any().caption, shownValue(change.before), shownValue(change.mine),
@@ -115,20 +115,29 @@ QPushButton *ChangesDialog::addButton(const QString &name, const QString &captio
 /// Wide enough for four columns, high enough for the rows, as far as the screen allows.
 void ChangesDialog::fit()
 {
-    const QSize screenSize = screen()->availableGeometry().size() * 9 / 10;
-    const int width = qMin(fontMetrics().averageCharWidth() * 110, screenSize.width());
+    const QSize greatest = screen()->availableGeometry().size() * 9 / 10;
+    const int width = qMin(fontMetrics().averageCharWidth() * 130, greatest.width());
     fitButtons(m_buttons, width);
     const int rowHeight = m_table->verticalHeader()->defaultSectionSize();
-    m_table->setMinimumHeight(rowHeight * 3);
-    m_table->resize(width, m_table->height());
+    // The rows are as high as their texts need in columns of that width.
+    for (int column = 0; column < ColumnCount; ++column)
+        m_table->setColumnWidth(column, (width - rowHeight * 2) / ColumnCount);
     m_table->resizeRowsToContents();
-    const int wanted = m_table->verticalHeader()->length() + rowHeight * 2;
-    resize(width, qMin(m_text->heightForWidth(width) + wanted + rowHeight * 3, screenSize.height()));
+    const int rows = m_table->verticalHeader()->length() + rowHeight * 2;
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->setMinimumHeight(rowHeight * 3);
+    const int others = m_text->heightForWidth(width) + m_buttons->sizeHint().height() + rowHeight * 2;
+    resize(width, qMin(rows + others, greatest.height()));
 }
 
 ChangesDialog::Answer ChangesDialog::ask(QWidget *parent, const QVector<RecordChange> &changes)
 {
-    ChangesDialog dialog(parent, changes);
+    // What has to be decided stands first.
+    QVector<RecordChange> sorted = changes;
+    std::stable_partition(sorted.begin(), sorted.end(),
+                          [](const RecordChange &change) { return change.isConflict; });
+    ChangesDialog dialog(parent, sorted);
     dialog.exec();
     return dialog.m_answer;
 }

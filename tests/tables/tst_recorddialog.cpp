@@ -252,10 +252,12 @@ void TstRecordDialog::conflictIsDecided()
 void TstRecordDialog::nothingStrayDecides()
 {
     editShop([&](QAddEdtShop *editor) {
+        QTRY_COMPARE(QApplication::activeWindow(), editor);
         enter(editor, "leAddress", "Самбір");
         base().exec("UPDATE shops SET address='Луцьк' WHERE id=10");
         QVERIFY(saveAsking(editor, [&](ChangesDialog *dialog) {
-            scan(dialog, milk);
+            QTRY_COMPARE(QApplication::activeWindow(), dialog);
+            scan(milk);
             QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
             QTest::keyClick(dialog->focusWidget(), Qt::Key_Space);
             turnWheel(child<QTableWidget>(dialog, "twChanges"), -3);
