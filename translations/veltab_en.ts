@@ -2180,10 +2180,6 @@ Clear it?</translation>
         <translation>Blocked</translation>
     </message>
     <message>
-        <source>Усі групи</source>
-        <translation>All groups</translation>
-    </message>
-    <message>
         <source>Магазин</source>
         <translation>Shop</translation>
     </message>
@@ -2208,6 +2204,13 @@ Clear it?</translation>
     </message>
 </context>
 <context>
+    <name>QTabOnLine</name>
+    <message>
+        <source>Усі групи</source>
+        <translation>All groups</translation>
+    </message>
+</context>
+<context>
     <name>QTabShops</name>
     <message>
         <source>Код</source>
@@ -2228,10 +2231,6 @@ Clear it?</translation>
     <message>
         <source>Блок</source>
         <translation>Blocked</translation>
-    </message>
-    <message>
-        <source>Усі групи</source>
-        <translation>All groups</translation>
     </message>
 </context>
 <context>

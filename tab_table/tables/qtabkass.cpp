@@ -3,15 +3,11 @@
 
 #include "combos.h"
 #include "db.h"
-#include "linestate.h"
 #include "qaddedtkass.h"
-#include "qntableview.h"
 #include "qrowmodel.h"
 #include "setting.h"
 
-#include <QShortcut>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 
 namespace {
 enum ColumnOf { Id, Address, AdvertisingStr, IpAddress, TypeName, BlockName, IdType, Block, OnOff };
@@ -20,7 +16,7 @@ const QLatin1String shopGroup("shops.group_shop");
 } // namespace
 
 QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    : QTabOnLine(db, user, receiver, set, parent, longestStrayDrag, {Id, IpAddress})
     , ui(std::make_unique<Ui::QTabKassFilter>())
 {
     table = QStringLiteral("kassa");
@@ -41,7 +37,6 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});
     buildFilter();
-    connectGrid();
     GroupChange(QString());
 }
 
@@ -50,7 +45,7 @@ QTabKass::~QTabKass() = default;
 void QTabKass::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    fillGroups();
+    fillGroups(ui->cbGroup);
     keepNarrow(ui->cbGroup);
     keepNarrow(ui->cbShop);
     setSearchField(ui->leSearch);
@@ -59,21 +54,10 @@ void QTabKass::buildFilter()
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabKass::seerch);
 }
 
-void QTabKass::fillGroups()
-{
-    const QSignalBlocker hold(ui->cbGroup);
-    const QString chosen = chosenItem(ui->cbGroup).id;
-    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
-    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
-    chooseId(ui->cbGroup, chosen);
-    if (ui->cbGroup->currentIndex() < 0)
-        ui->cbGroup->setCurrentIndex(0);
-}
-
 void QTabKass::followRights()
 {
     const QString shop = chosenItem(ui->cbShop).id;
-    fillGroups();
+    fillGroups(ui->cbGroup);
     fillShops();
     {
         const QSignalBlocker hold(ui->cbShop);
@@ -82,20 +66,6 @@ void QTabKass::followRights()
             ui->cbShop->setCurrentIndex(0);
     }
     searchAgain();
-}
-
-void QTabKass::connectGrid()
-{
-    connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabKass::LMoveMouse);
-    connect(view(), &QNTableView::RClicked, this, &QTabKass::RightClickSlot);
-    // The same without a mouse.
-    auto *drag = new QShortcut(Qt::CTRL + Qt::Key_Right, view());
-    auto *click = new QShortcut(Qt::CTRL + Qt::Key_R, view());
-    for (QShortcut *shortcut : {drag, click})
-        shortcut->setContext(Qt::WidgetShortcut);
-    connect(drag, &QShortcut::activated, this,
-            [this] { start(settings()->kassaDrag(), view()->currentIndex()); });
-    connect(click, &QShortcut::activated, this, [this] { RightClickSlot(view()->currentIndex()); });
 }
 
 QString QTabKass::chosenGroup() const
@@ -170,16 +140,9 @@ void QTabKass::searchAgain()
     seerch(ui->leSearch->text());
 }
 
-void QTabKass::rowsShown()
+LineState QTabKass::lineState(int row) const
 {
-    for (int row = 0; row < model()->rowCount(); ++row)
-        rowShown(row);
-}
-
-void QTabKass::rowShown(int row)
-{
-    const bool isOnLine = model()->stored(row, OnOff).toInt() != 0;
-    showLineState(model(), row, {Id, IpAddress}, isOnLine ? LineState::OnLine : LineState::OffLine);
+    return model()->stored(row, OnOff).toInt() != 0 ? LineState::OnLine : LineState::OffLine;
 }
 
 std::unique_ptr<RecordDialog> QTabKass::makeEditor(QString *id)
@@ -188,19 +151,12 @@ std::unique_ptr<RecordDialog> QTabKass::makeEditor(QString *id)
                                          id->isEmpty() ? chosenShop() : 0);
 }
 
-void QTabKass::start(const LaunchCommand &command, const QModelIndex &index)
+void QTabKass::dragged(int row)
 {
-    if (index.isValid())
-        launchProgram(this, receiver(), command, model()->stored(index.row(), IpAddress));
+    launchProgram(this, receiver(), settings()->kassaDrag(), model()->stored(row, IpAddress));
 }
 
-void QTabKass::LMoveMouse(int countpx, const QModelIndex &index)
+void QTabKass::rightClicked(int row)
 {
-    if (countpx > longestStrayDrag)
-        start(settings()->kassaDrag(), index);
-}
-
-void QTabKass::RightClickSlot(const QModelIndex &index)
-{
-    start(settings()->kassaRightClick(), index);
+    launchProgram(this, receiver(), settings()->kassaRightClick(), model()->stored(row, IpAddress));
 }

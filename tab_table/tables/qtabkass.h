@@ -1,15 +1,14 @@
 #pragma once
 
-#include "qtab.h"
+#include "qtabonline.h"
 
 namespace Ui {
 class QTabKassFilter;
 }
-struct LaunchCommand;
 
 /// The cash registers and other equipment of the shops that the user may see, with their state on the
 /// line, found by group, shop and address.
-class QTabKass : public QTab
+class QTabKass : public QTabOnLine
 {
     Q_OBJECT
 
@@ -31,24 +30,19 @@ public slots:
     /// Lists the registers of the chosen shop or group whose shop's address holds the text.
     void seerch(const QString &text);
     void openedByMenu() override { LoadData(0); }
-    /// A drag of more than 49 pixels to the right starts the settings' program for it.
-    void LMoveMouse(int countpx, const QModelIndex &index);
-    /// Starts the settings' program for registers against the address of the register.
-    void RightClickSlot(const QModelIndex &index);
 
 protected:
-    void rowsShown() override;
-    void rowShown(int row) override;
+    /// Both start the settings' programs for registers against the address of the register.
+    void dragged(int row) override;
+    void rightClicked(int row) override;
+    LineState lineState(int row) const override;
     void followRights() override;
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
 
 private:
     void buildFilter();
-    void fillGroups();
-    void connectGrid();
     void fillShops();
     void searchAgain();
-    void start(const LaunchCommand &command, const QModelIndex &index);
     QString placeCondition() const;
 
     std::unique_ptr<Ui::QTabKassFilter> ui;

@@ -3,15 +3,11 @@
 
 #include "combos.h"
 #include "db.h"
-#include "linestate.h"
 #include "qaddedtshop.h"
-#include "qntableview.h"
 #include "qrowmodel.h"
 #include "setting.h"
 
-#include <QShortcut>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 
 namespace {
 enum ColumnOf { Id, Address, Name, Network, BlockName, Block, OnOff, CountOffLine };
@@ -20,7 +16,7 @@ const int longestStrayDrag = 50;
 } // namespace
 
 QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    : QTabOnLine(db, user, receiver, set, parent, longestStrayDrag, {Id, Network})
     , ui(std::make_unique<Ui::QTabShopsFilter>())
 {
     table = QStringLiteral("shops");
@@ -44,7 +40,6 @@ QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});
     buildFilter();
-    connectGrid();
     searchAgain();
 }
 
@@ -53,7 +48,7 @@ QTabShops::~QTabShops() = default;
 void QTabShops::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    fillGroups();
+    fillGroupFilter();
     keepNarrow(ui->cbGroup);
     setSearchField(ui->leSearch);
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
@@ -62,36 +57,19 @@ void QTabShops::buildFilter()
     connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabShops::seerch);
 }
 
-void QTabShops::fillGroups()
+/// "All groups" leaves out the one that stands for all: whoever sees no other begins there.
+void QTabShops::fillGroupFilter()
 {
+    fillGroups(ui->cbGroup);
     const QSignalBlocker hold(ui->cbGroup);
-    const QString chosen = chosenItem(ui->cbGroup).id;
-    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, ui->cbGroup);
-    ui->cbGroup->insertItem(0, tr("Усі групи"), 0);
-    chooseId(ui->cbGroup, chosen);
-    // "All groups" leaves out the one that stands for all: whoever sees no other begins there.
-    const bool seesOnlyDefault = ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1;
-    if (ui->cbGroup->currentIndex() < 0 || seesOnlyDefault)
-        ui->cbGroup->setCurrentIndex(seesOnlyDefault ? 1 : 0);
+    if (ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1)
+        ui->cbGroup->setCurrentIndex(1);
 }
 
 void QTabShops::followRights()
 {
-    fillGroups();
+    fillGroupFilter();
     searchAgain();
-}
-
-void QTabShops::connectGrid()
-{
-    connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabShops::LMoveMouse);
-    connect(view(), &QNTableView::RClicked, this, &QTabShops::RightClickSlot);
-    // The same without a mouse.
-    auto *registers = new QShortcut(Qt::CTRL + Qt::Key_Right, view());
-    auto *program = new QShortcut(Qt::CTRL + Qt::Key_R, view());
-    for (QShortcut *shortcut : {registers, program})
-        shortcut->setContext(Qt::WidgetShortcut);
-    connect(registers, &QShortcut::activated, this, [this] { askForRegisters(view()->currentIndex()); });
-    connect(program, &QShortcut::activated, this, [this] { RightClickSlot(view()->currentIndex()); });
 }
 
 uint QTabShops::chosenGroup() const
@@ -131,18 +109,11 @@ void QTabShops::searchAgain()
     seerch(ui->leSearch->text());
 }
 
-void QTabShops::rowsShown()
+LineState QTabShops::lineState(int row) const
 {
-    for (int row = 0; row < model()->rowCount(); ++row)
-        rowShown(row);
-}
-
-void QTabShops::rowShown(int row)
-{
-    LineState state = LineState::OffLine;
-    if (model()->stored(row, OnOff).toInt() != 0)
-        state = model()->stored(row, CountOffLine).toInt() == 0 ? LineState::OnLine : LineState::PartlyOnLine;
-    showLineState(model(), row, {Id, Network}, state);
+    if (model()->stored(row, OnOff).toInt() == 0)
+        return LineState::OffLine;
+    return model()->stored(row, CountOffLine).toInt() == 0 ? LineState::OnLine : LineState::PartlyOnLine;
 }
 
 std::unique_ptr<RecordDialog> QTabShops::makeEditor(QString *id)
@@ -150,20 +121,12 @@ std::unique_ptr<RecordDialog> QTabShops::makeEditor(QString *id)
     return std::make_unique<QAddEdtShop>(this, user(), db().connection(), id, receiver(), this);
 }
 
-void QTabShops::LMoveMouse(int countpx, const QModelIndex &index)
+void QTabShops::dragged(int row)
 {
-    if (countpx > longestStrayDrag)
-        askForRegisters(index);
+    emit MoveMouseSignal(model()->stored(row, Id).toUInt());
 }
 
-void QTabShops::askForRegisters(const QModelIndex &index)
+void QTabShops::rightClicked(int row)
 {
-    if (index.isValid())
-        emit MoveMouseSignal(model()->stored(index.row(), Id).toUInt());
-}
-
-void QTabShops::RightClickSlot(const QModelIndex &index)
-{
-    if (index.isValid())
-        launchProgram(this, receiver(), settings()->shopRightClick(), model()->stored(index.row(), Network));
+    launchProgram(this, receiver(), settings()->shopRightClick(), model()->stored(row, Network));
 }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "qtab.h"
+#include "qtabonline.h"
 
 namespace Ui {
 class QTabShopsFilter;
 }
 
 /// The shops that the user may see, with their state on the line, found by group, block and text.
-class QTabShops : public QTab
+class QTabShops : public QTabOnLine
 {
     Q_OBJECT
 
@@ -21,27 +21,24 @@ public:
 public slots:
     /// Lists the shops of the chosen group and state whose address or name holds the text.
     void seerch(const QString &text);
-    /// A drag of more than 50 pixels to the right asks for the registers of the shop.
-    void LMoveMouse(int countpx, const QModelIndex &index);
-    /// Starts the settings' program for shops against the gateway of the shop.
-    void RightClickSlot(const QModelIndex &index);
 
 signals:
     /// The registers of the shop are wanted.
     void MoveMouseSignal(uint id_shop);
 
 protected:
-    void rowsShown() override;
-    void rowShown(int row) override;
+    /// Asks for the registers of the shop.
+    void dragged(int row) override;
+    /// Starts the settings' program for shops against the gateway of the shop.
+    void rightClicked(int row) override;
+    LineState lineState(int row) const override;
     void followRights() override;
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
 
 private:
     void buildFilter();
-    void fillGroups();
-    void connectGrid();
+    void fillGroupFilter();
     void searchAgain();
-    void askForRegisters(const QModelIndex &index);
     QString condition(const QString &text) const;
 
     std::unique_ptr<Ui::QTabShopsFilter> ui;

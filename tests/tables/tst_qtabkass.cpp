@@ -1,20 +1,17 @@
-#include "testing.h"
+#include "workplace.h"
 
 #include "changesdialog.h"
+#include "launch.h"
 #include "qaddedtkass.h"
-#include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabkass.h"
-#include "setting.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
-#include <QTemporaryDir>
 
 /// The registers tab with its filters, colours and launches, and the editor of a register.
 class TstQTabKass : public QObject
@@ -22,7 +19,8 @@ class TstQTabKass : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { m_place = std::make_unique<Workplace>(); }
+    void cleanupTestCase() { m_place.reset(); }
     void init();
     void cleanup();
 
@@ -35,7 +33,6 @@ private slots:
     void refusals();
     void adverIsUniqueWithinAShop();
     void editingKeepsWhatIsNotShown();
-    void lostAnswerIsLookedUp();
     void shopsThatChangedNamesAreTold();
     void wrongGatewayIsTold();
     void wrongAddressIsColouredOnLeaving();
@@ -44,43 +41,22 @@ private slots:
 
 private:
     void openTab(int right = Permission::Full);
-    void writeSettings(const QByteArray &text);
     QStringList shown(int column);
     QComboBox *combo(const QString &name) { return child<QComboBox>(m_tab.get(), name); }
     bool edit(int id, const std::function<void(QAddEdtKass *)> &drive);
     bool add(const std::function<void(QAddEdtKass *)> &drive);
-    static void set(QDialog *dialog, const QString &name, const QString &text);
-    static QString save(QAddEdtKass *editor);
     QStringList stored(const QString &where);
 
-    QTemporaryDir m_home;
-    QWidget m_window;
-    std::unique_ptr<FreshDatabase> m_base;
-    std::unique_ptr<QLoadedUser> m_user;
-    std::unique_ptr<setting> m_settings;
+    std::unique_ptr<Workplace> m_place;
+    FreshDatabase *m_base = nullptr;
     std::unique_ptr<QTabKass> m_tab;
     QStringList m_started;
 };
 
-void TstQTabKass::initTestCase()
-{
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
-    m_base = std::make_unique<FreshDatabase>();
-    m_settings = std::make_unique<setting>(m_home.path(), &m_window);
-}
-
 void TstQTabKass::init()
 {
-    m_base->exec({
-        "DELETE FROM onoffline",
-        "DELETE FROM kassa",
-        "DELETE FROM shops",
-        "DELETE FROM lst_group WHERE id_group>1",
-        "DELETE FROM group_shop WHERE id>1",
-        "REPLACE INTO lst_group VALUES(1,1)",
-        "INSERT INTO group_shop(id,name) VALUES(2,'Захід'),(3,'Схід'),(4,'Чужа')",
-        "INSERT INTO lst_group VALUES(1,2),(1,3)",
-    });
+    m_place->clear();
+    m_base = &m_place->base;
     m_base->exec("INSERT INTO shops(id,address,group_shop,network_shop,count_day_cycle,block) VALUES"
                  "(10,'Львів',2,'10.0.0.10',7,0),(11,'Київ',3,NULL,1,0),(12,'Склад',3,NULL,0,0),"
                  "(13,'Офіс',3,NULL,-1,0),(14,'Чужий',4,NULL,1,0)");
@@ -95,7 +71,7 @@ void TstQTabKass::init()
         m_started = QStringList(program) + arguments;
         return true;
     });
-    writeSettings("");
+    m_place->writeSettings("");
     openTab();
 }
 
@@ -103,32 +79,20 @@ void TstQTabKass::cleanup()
 {
     setProgramStarter({});
     m_tab.reset();
-    m_user.reset();
 }
 
 void TstQTabKass::openTab(int right)
 {
     m_tab.reset();
-    m_base->exec(QString("UPDATE lst_permis SET permission=%1 WHERE id_g_prem=1 AND id_prem=11").arg(right));
-    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
-    QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
-    m_tab = std::make_unique<QTabKass>(m_base->connection(), m_user.get(), &m_base->heard, m_settings.get(),
-                                       nullptr);
+    m_place->logIn(Permission::Kassa, right);
+    m_tab = std::make_unique<QTabKass>(m_place->connection(), m_place->user(), &m_base->heard,
+                                       m_place->settings(), nullptr);
     m_tab->setPermission(Permission::Kassa);
     m_tab->resize(1000, 400);
     m_tab->show();
     m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
     QTRY_VERIFY(!m_tab->isLoading());
     m_base->heard.forget();
-}
-
-void TstQTabKass::writeSettings(const QByteArray &text)
-{
-    QFile ini(m_home.filePath("Velta.ini"));
-    QVERIFY(ini.open(QIODevice::WriteOnly));
-    ini.write(text);
-    ini.close();
-    m_settings->ReadSetting(m_home.path());
 }
 
 QStringList TstQTabKass::shown(int column)
@@ -150,20 +114,6 @@ bool TstQTabKass::edit(int id, const std::function<void(QAddEdtKass *)> &drive)
 bool TstQTabKass::add(const std::function<void(QAddEdtKass *)> &drive)
 {
     return withModal<QAddEdtKass>([&] { m_tab->Add(); }, drive);
-}
-
-void TstQTabKass::set(QDialog *dialog, const QString &name, const QString &text)
-{
-    if (auto *box = dialog->findChild<QComboBox *>(name))
-        box->setCurrentIndex(box->findText(text));
-    else
-        child<QLineEdit>(dialog, name)->setText(text);
-}
-
-/// The warning that the save met; empty when there was none.
-QString TstQTabKass::save(QAddEdtKass *editor)
-{
-    return answerQuestion([&] { child<QPushButton>(editor, "pbOk")->click(); });
 }
 
 QStringList TstQTabKass::stored(const QString &where)
@@ -246,8 +196,8 @@ void TstQTabKass::dragAndClickStartTheirPrograms()
         return m_started.join(' ');
     };
     QCOMPARE(drag(200, 0) + click(0), QString());
-    writeSettings("[COMAND_RCLICK_KASS]\nPATH_PROGRAM=/opt/click\nPARAM_PRG=[{IP}] [{IP}]\n"
-                  "[COMAND_LMOVE_KASS]\nPATH_PROGRAM=/opt/drag\nPARAM_PRG=plain\n");
+    m_place->writeSettings("[COMAND_RCLICK_KASS]\nPATH_PROGRAM=/opt/click\nPARAM_PRG=[{IP}] [{IP}]\n"
+                           "[COMAND_LMOVE_KASS]\nPATH_PROGRAM=/opt/drag\nPARAM_PRG=plain\n");
     QCOMPARE(drag(49, 0) + drag(-200, 0), QString());
     QCOMPARE(drag(50, 0), QString("/opt/drag plain"));
     QCOMPARE(drag(50, 1), QString("/opt/drag plain"));
@@ -267,16 +217,16 @@ void TstQTabKass::addedRegisterIsStored()
         QCOMPARE(child<QComboBox>(editor, "cbGroup")->currentText(), QString("Захід"));
         QCOMPARE(child<QComboBox>(editor, "cbShop")->currentText(), QString("Львів"));
         QCOMPARE(child<QLineEdit>(editor, "leGateway")->text(), QString("10.0.0.10"));
-        set(editor, "leAdver", "Каса \"О'Г\" \\");
-        set(editor, "leCashDrive", "042");
-        set(editor, "cbHeadEdit", "Так");
-        set(editor, "cbBlock", "Так");
-        set(editor, "leInfoBlock", "ремонт");
-        set(editor, "cbType", "Камера");
-        set(editor, "leMarka", "марка");
-        set(editor, "leModel", "модель");
-        set(editor, "leNumber", "№ 5");
-        set(editor, "leIp", "10.0.1.77");
+        enter(editor, "leAdver", "Каса \"О'Г\" \\");
+        enter(editor, "leCashDrive", "042");
+        enter(editor, "cbHeadEdit", "Так");
+        enter(editor, "cbBlock", "Так");
+        enter(editor, "leInfoBlock", "ремонт");
+        enter(editor, "cbType", "Камера");
+        enter(editor, "leMarka", "марка");
+        enter(editor, "leModel", "модель");
+        enter(editor, "leNumber", "№ 5");
+        enter(editor, "leIp", "10.0.1.77");
         QTest::keyClick(editor, Qt::Key_Return);
     }));
     QCOMPARE(stored("id>23"), QStringList{"10|Каса \"О'Г\" \\|042|1|1|ремонт|марка|модель|№ 5|10.0.1.77|3|"});
@@ -291,11 +241,11 @@ void TstQTabKass::emptyFieldsAreNull()
 {
     for (const char *adver : {"А", "Б"}) {
         QVERIFY(add([adver](QAddEdtKass *editor) {
-            set(editor, "cbGroup", "Захід");
-            set(editor, "cbShop", "Львів");
-            set(editor, "leAdver", adver);
-            set(editor, "cbType", "інше");
-            QCOMPARE(save(editor), QString());
+            enter(editor, "cbGroup", "Захід");
+            enter(editor, "cbShop", "Львів");
+            enter(editor, "leAdver", adver);
+            enter(editor, "cbType", "інше");
+            QCOMPARE(saveMeets(editor), QString());
         }));
     }
     QCOMPARE(stored("id>23"), QStringList({"10|А|NULL|0|0|||||NULL|NULL|", "10|Б|NULL|0|0|||||NULL|NULL|"}));
@@ -305,27 +255,27 @@ void TstQTabKass::emptyFieldsAreNull()
 void TstQTabKass::refusals()
 {
     QVERIFY(add([](QAddEdtKass *editor) {
-        QCOMPARE(save(editor), QString("Рекламний рядок ідентифікації каси не може бути порожній!"));
-        set(editor, "leAdver", "Каса 1");
-        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
-        set(editor, "cbGroup", "Схід");
+        QCOMPARE(saveMeets(editor), QString("Рекламний рядок ідентифікації каси не може бути порожній!"));
+        enter(editor, "leAdver", "Каса 1");
+        QCOMPARE(saveMeets(editor), QString("Адреса магазину не може бути порожня!"));
+        enter(editor, "cbGroup", "Схід");
         const auto *shops = child<QComboBox>(editor, "cbShop");
         QCOMPARE(shops->count(), 1);
         QCOMPARE(shops->itemText(0), QString("Київ"));
-        QCOMPARE(save(editor), QString("Адреса магазину не може бути порожня!"));
-        set(editor, "cbShop", "Київ");
+        QCOMPARE(saveMeets(editor), QString("Адреса магазину не може бути порожня!"));
+        enter(editor, "cbShop", "Київ");
         for (const char *code : {"1", "12"}) {
-            set(editor, "leCashDrive", code);
-            QCOMPARE(save(editor),
+            enter(editor, "leCashDrive", code);
+            QCOMPARE(saveMeets(editor),
                      QString("Код CashDrive повинен складатися з трьох цифр або бути порожнім!"));
         }
-        set(editor, "leCashDrive", "000");
+        enter(editor, "leCashDrive", "000");
         QCOMPARE(
-            save(editor),
+            saveMeets(editor),
             QString("Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!\n"
                     "Поле \"Рекламний рядок\": таке значення має запис №22 \"Київ, Каса 1\"."));
-        set(editor, "leAdver", "Каса 9");
-        QVERIFY(save(editor).startsWith("Код CashDrive повинен бути унікальним!"));
+        enter(editor, "leAdver", "Каса 9");
+        QVERIFY(saveMeets(editor).startsWith("Код CashDrive повинен бути унікальним!"));
         QVERIFY(editor->isVisible());
         auto *code = child<QLineEdit>(editor, "leCashDrive");
         code->clear();
@@ -338,16 +288,17 @@ void TstQTabKass::refusals()
 void TstQTabKass::adverIsUniqueWithinAShop()
 {
     QVERIFY(edit(21, [](QAddEdtKass *editor) {
-        set(editor, "leAdver", "Каса 1");
-        QVERIFY(save(editor).startsWith("Рекламний рядок"));
-        set(editor, "cbGroup", "Схід");
-        set(editor, "cbShop", "Київ");
-        set(editor, "leAdver", "Каса 2");
-        set(editor, "leCashDrive", "001");
-        QCOMPARE(save(editor), QString("Код CashDrive повинен бути унікальним!\nПоле \"Код CashDrive\": таке "
-                                       "значення має запис №20 \"Львів, Каса 1\"."));
-        set(editor, "leCashDrive", "");
-        QCOMPARE(save(editor), QString());
+        enter(editor, "leAdver", "Каса 1");
+        QVERIFY(saveMeets(editor).startsWith("Рекламний рядок"));
+        enter(editor, "cbGroup", "Схід");
+        enter(editor, "cbShop", "Київ");
+        enter(editor, "leAdver", "Каса 2");
+        enter(editor, "leCashDrive", "001");
+        QCOMPARE(saveMeets(editor),
+                 QString("Код CashDrive повинен бути унікальним!\nПоле \"Код CashDrive\": таке "
+                         "значення має запис №20 \"Львів, Каса 1\"."));
+        enter(editor, "leCashDrive", "");
+        QCOMPARE(saveMeets(editor), QString());
     }));
     QCOMPARE(stored("id=21"), QStringList{"11|Каса 2|NULL|0|1|||||NULL|NULL|"});
     QCOMPARE(shown(1).at(1), QString("Київ"));
@@ -359,29 +310,29 @@ void TstQTabKass::editingKeepsWhatIsNotShown()
         QCOMPARE(editor->windowTitle(), QString("Редагування запису №20"));
         QCOMPARE(child<QComboBox>(editor, "cbType")->currentText(), QString("РРО"));
         QCOMPARE(child<QLineEdit>(editor, "leAdver")->maxLength(), 50);
-        set(editor, "leModel", "Мод 2");
-        QCOMPARE(save(editor), QString());
+        enter(editor, "leModel", "Мод 2");
+        QCOMPARE(saveMeets(editor), QString());
     }));
     QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|0|інфо|М|Мод 2|777|10.0.1.1|2|3"});
     for (const char *cycle : {"0", "-1", "NULL"}) {
         m_base->exec(QString("UPDATE shops SET count_day_cycle=%1 WHERE id=10").arg(cycle));
         QVERIFY(edit(20, [cycle](QAddEdtKass *editor) {
-            set(editor, "leModel", cycle);
-            QCOMPARE(save(editor), QString());
+            enter(editor, "leModel", cycle);
+            QCOMPARE(saveMeets(editor), QString());
         }));
         QCOMPARE(m_base->value("SELECT CONCAT(id_shop,model) FROM kassa WHERE id=20"), QString("10") + cycle);
     }
     QVERIFY(edit(20, [](QAddEdtKass *editor) {
-        set(editor, "cbGroup", "Схід");
-        set(editor, "cbGroup", "Захід");
+        enter(editor, "cbGroup", "Схід");
+        enter(editor, "cbGroup", "Захід");
         QVERIFY2(child<QComboBox>(editor, "cbShop")->findText("Львів") < 0, "an office is not offered anew");
-        QCOMPARE(save(editor),
+        QCOMPARE(saveMeets(editor),
                  QString("Адреса магазину не може бути порожня!\nУ цій групі ще немає магазинів з "
                          "касами: спершу додайте магазин у вкладці \"Магазини\"."));
     }));
     QVERIFY(edit(21, [](QAddEdtKass *editor) {
-        set(editor, "leAdver", "Каса 9");
-        QCOMPARE(save(editor), QString());
+        enter(editor, "leAdver", "Каса 9");
+        QCOMPARE(saveMeets(editor), QString());
     }));
     QCOMPARE(m_base->value("SELECT (cashdrive_code IS NULL)+(info_block IS NULL)+(marka IS NULL)+(model IS "
                            "NULL)+(number IS NULL)+(ip_address IS NULL)+(id_type IS NULL) FROM kassa WHERE "
@@ -389,53 +340,15 @@ void TstQTabKass::editingKeepsWhatIsNotShown()
              QString("7"));
 }
 
-void TstQTabKass::lostAnswerIsLookedUp()
-{
-    for (const int id : {0, 21}) {
-        for (const bool serverGotIt : {true, false}) {
-            m_base->exec({"UPDATE updat SET updat='2020-01-01'", "DELETE FROM kassa WHERE id>23",
-                          "UPDATE kassa SET advertising_str='Каса 2' WHERE id=21"});
-            QString told;
-            const auto drive = [&](QAddEdtKass *editor) {
-                set(editor, "cbGroup", "Захід");
-                set(editor, "cbShop", "Львів");
-                set(editor, "leAdver", "Каса 5");
-                bool isLost = false;
-                Db::setStatementHook([&](const QString &sql) {
-                    if (sql != "COMMIT" || isLost)
-                        return;
-                    isLost = true;
-                    // The new transaction keeps the client from reconnecting silently.
-                    if (serverGotIt)
-                        m_base->exec("COMMIT AND CHAIN");
-                    m_base->killConnection();
-                });
-                told = save(editor);
-                Db::setStatementHook(nullptr);
-                QVERIFY(isLost);
-                QCOMPARE(editor->isVisible(), !serverGotIt);
-                if (!serverGotIt)
-                    QCOMPARE(save(editor), QString());
-            };
-            QVERIFY(id == 0 ? add(drive) : edit(id, drive));
-            QCOMPARE(told, QString());
-            QCOMPARE(
-                m_base->value("SELECT COUNT(*) FROM kassa WHERE advertising_str='Каса 5' AND id_shop=10"),
-                QString("1"));
-            QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("kassa"));
-        }
-    }
-}
-
 void TstQTabKass::shopsThatChangedNamesAreTold()
 {
     QVERIFY(edit(20, [this](QAddEdtKass *editor) {
-        set(editor, "leAdver", "Каса 7");
+        enter(editor, "leAdver", "Каса 7");
         // Now another shop has the address that the editor shows.
         m_base->exec({"UPDATE shops SET address='Старий' WHERE id=10",
                       "UPDATE shops SET address='Львів' WHERE "
                       "id=11"});
-        const QString why = save(editor);
+        const QString why = saveMeets(editor);
         QVERIFY2(why.contains("вибране в полі \"Адреса магазину\" перейменувала інша програма"),
                  qPrintable(why));
         QVERIFY(editor->isVisible());
@@ -455,12 +368,12 @@ void TstQTabKass::wrongGatewayIsTold()
         const auto *warning = child<QLabel>(editor, "labelGateway");
         QCOMPARE(warning->text(), QString("Не коректна ip адреса шлюзу;"));
         QVERIFY(warning->isHidden());
-        set(editor, "cbGroup", "Схід");
-        set(editor, "cbShop", "Київ");
+        enter(editor, "cbGroup", "Схід");
+        enter(editor, "cbShop", "Київ");
         QCOMPARE(child<QLineEdit>(editor, "leGateway")->text(), QString("10.0..1"));
         QVERIFY(!warning->isHidden());
-        set(editor, "leAdver", "Каса 3");
-        QCOMPARE(save(editor), QString());
+        enter(editor, "leAdver", "Каса 3");
+        QCOMPARE(saveMeets(editor), QString());
     }));
     QCOMPARE(m_base->value("SELECT id_shop FROM kassa WHERE id=20"), QString("11"));
 }
@@ -482,7 +395,7 @@ void TstQTabKass::wrongAddressIsColouredOnLeaving()
         ip->setText("30.1.1.1");
         QCOMPARE(ip->palette().color(QPalette::Base), usual);
         ip->setText("300.1.1.1");
-        QVERIFY2(save(editor).isEmpty(), "it is coloured, not refused");
+        QVERIFY2(saveMeets(editor).isEmpty(), "it is coloured, not refused");
     }));
     QCOMPARE(m_base->value("SELECT ip_address FROM kassa WHERE id=20"), QString("300.1.1.1"));
 }

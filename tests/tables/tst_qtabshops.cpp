@@ -1,23 +1,20 @@
-#include "testing.h"
+#include "workplace.h"
 
+#include "launch.h"
 #include "qaddedtshop.h"
-#include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "qtabshops.h"
 #include "qupdatebd.h"
-#include "setting.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QTemporaryDir>
 
 /// The shops tab with its filters, colours and drags, and the editor of a shop.
 class TstQTabShops : public QObject
@@ -25,7 +22,8 @@ class TstQTabShops : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase() { m_place = std::make_unique<Workplace>(); }
+    void cleanupTestCase() { m_place.reset(); }
     void init();
     void cleanup();
 
@@ -58,36 +56,16 @@ private:
     void type(const QString &text);
     bool edit(int row, const std::function<void(QAddEdtShop *)> &drive);
     bool add(const std::function<void(QAddEdtShop *)> &drive);
-    static void set(QDialog *dialog, const QString &name, const QString &text);
-    static QString warningOf(QAddEdtShop *editor);
 
-    QTemporaryDir m_home;
-    QWidget m_window;
-    std::unique_ptr<FreshDatabase> m_base;
-    std::unique_ptr<QLoadedUser> m_user;
-    std::unique_ptr<setting> m_settings;
+    std::unique_ptr<Workplace> m_place;
+    FreshDatabase *m_base = nullptr;
     std::unique_ptr<QTabShops> m_tab;
 };
 
-void TstQTabShops::initTestCase()
-{
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
-    m_base = std::make_unique<FreshDatabase>();
-    m_settings = std::make_unique<setting>(m_home.path(), &m_window);
-}
-
 void TstQTabShops::init()
 {
-    m_base->exec({
-        "DELETE FROM onoffline",
-        "DELETE FROM kassa",
-        "DELETE FROM shops",
-        "DELETE FROM lst_group WHERE id_group>1",
-        "DELETE FROM group_shop WHERE id>1",
-        "REPLACE INTO lst_group VALUES(1,1)",
-        "INSERT INTO group_shop(id,name) VALUES(2,'Захід'),(3,'Схід'),(4,'Чужа')",
-        "INSERT INTO lst_group VALUES(1,2),(1,3)",
-    });
+    m_place->clear();
+    m_base = &m_place->base;
     m_base->exec(
         "INSERT INTO shops(id,address,name,group_shop,day_update,network_shop,sum_cash,count_day_cycle,block,"
         "info_block) VALUES(10,'Львів, Ринок 1','Їжак',2,3,'10.0.0.10',700,7,0,'не чіпати'),"
@@ -103,17 +81,14 @@ void TstQTabShops::cleanup()
 {
     setProgramStarter({});
     m_tab.reset();
-    m_user.reset();
 }
 
 void TstQTabShops::openTab(int right)
 {
     m_tab.reset();
-    m_base->exec(QString("UPDATE lst_permis SET permission=%1 WHERE id_g_prem=1 AND id_prem=10").arg(right));
-    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
-    QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
-    m_tab = std::make_unique<QTabShops>(m_base->connection(), m_user.get(), &m_base->heard, m_settings.get(),
-                                        nullptr);
+    m_place->logIn(Permission::Shops, right);
+    m_tab = std::make_unique<QTabShops>(m_place->connection(), m_place->user(), &m_base->heard,
+                                        m_place->settings(), nullptr);
     m_tab->setPermission(Permission::Shops);
     m_tab->resize(1000, 400);
     m_tab->show();
@@ -150,19 +125,6 @@ bool TstQTabShops::edit(int row, const std::function<void(QAddEdtShop *)> &drive
 bool TstQTabShops::add(const std::function<void(QAddEdtShop *)> &drive)
 {
     return withModal<QAddEdtShop>([&] { m_tab->Add(); }, drive);
-}
-
-void TstQTabShops::set(QDialog *dialog, const QString &name, const QString &text)
-{
-    if (auto *box = dialog->findChild<QComboBox *>(name))
-        box->setCurrentIndex(box->findText(text));
-    else
-        child<QLineEdit>(dialog, name)->setText(text);
-}
-
-QString TstQTabShops::warningOf(QAddEdtShop *editor)
-{
-    return answerQuestion([&] { child<QPushButton>(editor, "pbOk")->click(); });
 }
 
 void TstQTabShops::filtersNarrowTheList()
@@ -264,11 +226,7 @@ void TstQTabShops::rightClickStartsTheProgram()
     };
     click(0);
     QCOMPARE(started, QStringList());
-    QFile ini(m_home.filePath("Velta.ini"));
-    QVERIFY(ini.open(QIODevice::WriteOnly));
-    ini.write("[COMAND_RCLICK_SHOP]\nPATH_PROGRAM=/opt/viewer\nPARAM_PRG=-host [{IP}]\n");
-    ini.close();
-    m_settings->ReadSetting(m_home.path());
+    m_place->writeSettings("[COMAND_RCLICK_SHOP]\nPATH_PROGRAM=/opt/viewer\nPARAM_PRG=-host [{IP}]\n");
     click(0);
     QCOMPARE(started, QStringList({"/opt/viewer", "-host", "10.0.0.10"}));
     started.clear();
@@ -284,17 +242,17 @@ void TstQTabShops::addedShopIsStored()
     m_base->exec("UPDATE updat SET updat='2020-01-01'");
     QVERIFY(add([](QAddEdtShop *editor) {
         QCOMPARE(editor->windowTitle(), QString("Додавання нового запису"));
-        set(editor, "leAddress", "Дніпро, \"О'Генрі\" \\ 50%");
-        set(editor, "leName", "Новий");
-        set(editor, "cbGroup", "Захід");
-        set(editor, "cbDay", "П'ятниця");
+        enter(editor, "leAddress", "Дніпро, \"О'Генрі\" \\ 50%");
+        enter(editor, "leName", "Новий");
+        enter(editor, "cbGroup", "Захід");
+        enter(editor, "cbDay", "П'ятниця");
         for (int i = 1; i <= 4; ++i)
-            set(editor, QString("leTitle%1").arg(i), QString("верх %1").arg(i));
-        set(editor, "leEnd1", "низ 1");
-        set(editor, "leEnd2", "низ 2");
-        set(editor, "leNetwork", "192.168.1.7");
+            enter(editor, QString("leTitle%1").arg(i), QString("верх %1").arg(i));
+        enter(editor, "leEnd1", "низ 1");
+        enter(editor, "leEnd2", "низ 2");
+        enter(editor, "leNetwork", "192.168.1.7");
         child<QSpinBox>(editor, "sbDayCycle")->setValue(30);
-        set(editor, "cbBlock", "Так");
+        enter(editor, "cbBlock", "Так");
         QTest::keyClick(editor, Qt::Key_Return);
     }));
     QCOMPARE(m_base->rows("SELECT address,name,group_shop,day_update,one_str_title,two_str_title,"
@@ -318,10 +276,10 @@ void TstQTabShops::onlyShopsWithoutGatewayMayRepeatIt()
     for (const QString network : {"", "...", "10.0.0.10"}) {
         QString told;
         QVERIFY(add([&](QAddEdtShop *editor) {
-            set(editor, "leAddress", "Новий" + network);
-            set(editor, "cbGroup", "Захід");
-            set(editor, "leNetwork", network);
-            told = warningOf(editor);
+            enter(editor, "leAddress", "Новий" + network);
+            enter(editor, "cbGroup", "Захід");
+            enter(editor, "leNetwork", network);
+            told = saveMeets(editor);
             if (!told.isEmpty())
                 QCOMPARE(child<QLineEdit>(editor, "leAddress")->text(), "Новий" + network);
         }));
@@ -339,11 +297,11 @@ void TstQTabShops::onlyShopsWithoutGatewayMayRepeatIt()
 void TstQTabShops::refusalsKeepTheDialog()
 {
     QVERIFY(add([](QAddEdtShop *editor) {
-        QCOMPARE(warningOf(editor), QString("Адреса магазину не може бути пустою"));
-        set(editor, "leAddress", "львів, ринок 1");
-        QCOMPARE(warningOf(editor), QString("Група магазину не може бути пустою"));
-        set(editor, "cbGroup", "Схід");
-        QCOMPARE(warningOf(editor),
+        QCOMPARE(saveMeets(editor), QString("Адреса магазину не може бути пустою"));
+        enter(editor, "leAddress", "львів, ринок 1");
+        QCOMPARE(saveMeets(editor), QString("Група магазину не може бути пустою"));
+        enter(editor, "cbGroup", "Схід");
+        QCOMPARE(saveMeets(editor),
                  QString("Адреса магазину вже існує в базі!\nПоле \"Адреса магазину\": таке "
                          "значення має запис №10 \"Львів, Ринок 1\"."));
         QVERIFY(editor->isVisible());
@@ -351,12 +309,12 @@ void TstQTabShops::refusalsKeepTheDialog()
     }));
     m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
     QVERIFY(edit(0, [](QAddEdtShop *editor) {
-        QCOMPARE(warningOf(editor), QString());
+        QCOMPARE(saveMeets(editor), QString());
         QVERIFY(!editor->isVisible());
     }));
     QVERIFY(edit(0, [](QAddEdtShop *editor) {
-        set(editor, "leAddress", "Суми, Склад");
-        QVERIFY(warningOf(editor).startsWith("Адреса магазину вже існує в базі!"));
+        enter(editor, "leAddress", "Суми, Склад");
+        QVERIFY(saveMeets(editor).startsWith("Адреса магазину вже існує в базі!"));
     }));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString("5"));
     QCOMPARE(m_base->value("SELECT address FROM shops WHERE id=10"), QString("Львів, Ринок 1"));
@@ -371,8 +329,8 @@ void TstQTabShops::editingKeepsWhatIsNotShown()
         QCOMPARE(child<QLineEdit>(editor, "leNetwork")->text(), QString("10.0.0.10"));
         QCOMPARE(child<QLineEdit>(editor, "leAddress")->maxLength(), 150);
         QCOMPARE(child<QLineEdit>(editor, "leEnd2")->maxLength(), 50);
-        set(editor, "leName", "Їжачок");
-        set(editor, "leNetwork", "");
+        enter(editor, "leName", "Їжачок");
+        enter(editor, "leNetwork", "");
         child<QPushButton>(editor, "pbOk")->click();
     }));
     QCOMPARE(m_base->rows("SELECT address,name,group_shop,day_update,network_shop,sum_cash,count_day_cycle,"
@@ -390,23 +348,23 @@ void TstQTabShops::typeAndCycleKeepStep()
         auto *type = child<QComboBox>(editor, "cbType");
         auto *cycle = child<QSpinBox>(editor, "sbDayCycle");
         QCOMPARE(type->currentText(), QString("Магазин"));
-        set(editor, "cbType", "Офіс");
+        enter(editor, "cbType", "Офіс");
         QCOMPARE(cycle->value(), -1);
         cycle->setValue(0);
         QCOMPARE(type->currentText(), QString("Склад"));
-        set(editor, "cbType", "Магазин");
+        enter(editor, "cbType", "Магазин");
         QCOMPARE(cycle->value(), 7);
         cycle->setValue(366);
         QCOMPARE(type->currentText(), QString("Магазин"));
         QCOMPARE(cycle->value(), 366);
-        set(editor, "cbType", "Офіс");
+        enter(editor, "cbType", "Офіс");
         child<QPushButton>(editor, "pbOk")->click();
     }));
     QCOMPARE(m_base->value("SELECT count_day_cycle FROM shops WHERE id=10"), QString("-1"));
     QVERIFY(edit(2, [](QAddEdtShop *editor) {
         QCOMPARE(child<QComboBox>(editor, "cbType")->currentText(), QString("Склад"));
         QVERIFY(child<QLabel>(editor, "labelGateway")->isHidden());
-        set(editor, "leNetwork", "10.0.0");
+        enter(editor, "leNetwork", "10.0.0");
         QVERIFY(!child<QLabel>(editor, "labelGateway")->isHidden());
     }));
 }
@@ -419,9 +377,9 @@ void TstQTabShops::whatTheEditorCannotSayStays()
                              "group_shop=NULL,two_str_bottom='x',count_day_cycle=%1 WHERE id=10")
                          .arg(cycle));
         QVERIFY(edit(0, [&](QAddEdtShop *editor) {
-            set(editor, "leAddress", QString("Львів ") + cycle);
+            enter(editor, "leAddress", QString("Львів ") + cycle);
             QCOMPARE(child<QComboBox>(editor, "cbType")->currentIndex() < 0, QString(cycle) == "NULL");
-            QCOMPARE(warningOf(editor), QString());
+            QCOMPARE(saveMeets(editor), QString());
         }));
         QCOMPARE(m_base->value("SELECT CONCAT_WS('|',address,name,day_update,block,one_str_title,group_shop,"
                                "two_str_bottom,IFNULL(count_day_cycle,'NULL')) FROM shops WHERE id=10"),
@@ -429,8 +387,8 @@ void TstQTabShops::whatTheEditorCannotSayStays()
     }
     m_base->exec("UPDATE shops SET count_day_cycle=NULL WHERE id=10");
     QVERIFY(edit(0, [&](QAddEdtShop *editor) {
-        set(editor, "cbType", "Склад");
-        QCOMPARE(warningOf(editor), QString());
+        enter(editor, "cbType", "Склад");
+        QCOMPARE(saveMeets(editor), QString());
     }));
     QCOMPARE(m_base->value("SELECT count_day_cycle FROM shops WHERE id=10"), QString("0"));
 }
@@ -438,10 +396,10 @@ void TstQTabShops::whatTheEditorCannotSayStays()
 void TstQTabShops::renamedGroupIsTold()
 {
     QVERIFY(add([this](QAddEdtShop *editor) {
-        set(editor, "leAddress", "Новий");
-        set(editor, "cbGroup", "Захід");
+        enter(editor, "leAddress", "Новий");
+        enter(editor, "cbGroup", "Захід");
         m_base->exec("UPDATE group_shop SET name='Інша' WHERE id=2");
-        const QString why = warningOf(editor);
+        const QString why = saveMeets(editor);
         QVERIFY2(why.contains("вибране в полі \"Група\" перейменувала інша програма"), qPrintable(why));
     }));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString("5"));
@@ -455,8 +413,8 @@ void TstQTabShops::lostAnswerIsLookedUp()
             m_base->exec({"DELETE FROM shops WHERE id>14", "UPDATE shops SET address='Львів' WHERE id=10",
                           "UPDATE updat SET updat='2020-01-01'"});
             const auto drive = [&](QAddEdtShop *editor) {
-                set(editor, "leAddress", "Новий");
-                set(editor, "cbGroup", "Захід");
+                enter(editor, "leAddress", "Новий");
+                enter(editor, "cbGroup", "Захід");
                 bool isLost = false;
                 Db::setStatementHook([&](const QString &sql) {
                     if (sql == "COMMIT" && !isLost) {
@@ -469,12 +427,12 @@ void TstQTabShops::lostAnswerIsLookedUp()
                         m_base->exec("RENAME TABLE shops TO away");
                     }
                 });
-                const QString told = warningOf(editor);
+                const QString told = saveMeets(editor);
                 Db::setStatementHook(nullptr);
                 QVERIFY2(told.contains("невідомо, чи запис збережено"), qPrintable(told));
                 m_base->exec("RENAME TABLE away TO shops");
                 // The record that has arrived is no rival of itself.
-                QCOMPARE(warningOf(editor), QString());
+                QCOMPARE(saveMeets(editor), QString());
                 QVERIFY(!editor->isVisible());
             };
             QVERIFY(isNew ? add(drive) : edit(0, drive));
@@ -540,9 +498,9 @@ void TstQTabShops::failureWritesNothing()
     QVERIFY(m_base->heard.has("Помилка запиту:", QMessEvent::Critical));
     QCOMPARE(m_tab->model()->rowCount(), 3);
     QVERIFY(add([](QAddEdtShop *editor) {
-        set(editor, "leAddress", "Новий");
-        set(editor, "cbGroup", "Захід");
-        QCOMPARE(warningOf(editor), QString());
+        enter(editor, "leAddress", "Новий");
+        enter(editor, "cbGroup", "Захід");
+        QCOMPARE(saveMeets(editor), QString());
         QVERIFY2(editor->isVisible(), "a failure leaves the dialog open");
     }));
     m_base->exec("RENAME TABLE shops_away TO shops");
@@ -557,7 +515,7 @@ void TstQTabShops::recordFoundAgainAfterASearch()
         type("їжак");
         shown();
         m_tab->view()->sortByColumn(0, Qt::DescendingOrder);
-        set(editor, "leName", "Інший");
+        enter(editor, "leName", "Інший");
         child<QPushButton>(editor, "pbOk")->click();
     }));
     QCOMPARE(shown(2), QStringList({"Інший", "Їжак"}));

@@ -1,4 +1,3 @@
-#include "testing.h"
 #include "workplace.h"
 
 #include "changesdialog.h"
