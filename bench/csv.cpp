@@ -50,7 +50,8 @@ double exportRatio(const Bench &bench, const QRowModel &model, CsvEncoding encod
         file.close();
         file.setData(QByteArray());
         file.open(QIODevice::WriteOnly);
-        return milliseconds([&] { writeCsv(model, nullptr, encoding, &file); });
+        return milliseconds(
+            [&] { writeCsv(ListSnapshot(model, nullptr, ListSnapshot::AsStored), encoding, &file); });
     };
     const double value = ratio(bench.rounds, theirs, ours);
     if (file.data() != expected)

@@ -1,14 +1,14 @@
 #include "slipprint.h"
 
+#include "filejob.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QFont>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QTextDocument>
 #include <QtMath>
 
@@ -46,6 +46,17 @@ void drawPage(QTextDocument *document, QPainter *painter, int page)
     document->documentLayout()->draw(painter, context);
     painter->restore();
 }
+void writePdf(const QString &html, QIODevice *file)
+{
+    QPdfWriter writer(file);
+    QTextDocument document;
+    layOut(&document, html, &writer);
+    const double height = document.size().height() / writer.logicalDpiY() * mmPerInch;
+    writer.setPageSize(
+        QPageSize(QSizeF(paperWidthMm, qCeil(height) + 2 * edgeMm + 2), QPageSize::Millimeter));
+    writer.setPageMargins(QMarginsF(edgeMm, edgeMm, edgeMm, edgeMm), QPageLayout::Millimeter);
+    printSlip(html, &writer);
+}
 } // namespace
 
 void printSlip(const QString &html, QPagedPaintDevice *paper)
@@ -74,26 +85,10 @@ void previewSlip(QWidget *parent, const QString &html)
     preview.exec();
 }
 
-QString saveSlipPdf(const QString &html, const QString &path)
+bool saveSlipPdf(QObject *receiver, const QString &html, const QString &path)
 {
-    const QFileInfo there(path);
-    // The new file would take the place of a device.
-    if (there.exists() && !there.isFile())
-        return Texts::tr("Це не звичайний файл.");
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    {
-        QPdfWriter writer(&file);
-        QTextDocument document;
-        layOut(&document, html, &writer);
-        const double height = document.size().height() / writer.logicalDpiY() * mmPerInch;
-        writer.setPageSize(
-            QPageSize(QSizeF(paperWidthMm, qCeil(height) + 2 * edgeMm + 2), QPageSize::Millimeter));
-        writer.setPageMargins(QMarginsF(edgeMm, edgeMm, edgeMm, edgeMm), QPageLayout::Millimeter);
-        printSlip(html, &writer);
-    }
-    // What does not fit at the end would not be noticed without the flush.
-    return file.flush() && file.commit() ? QString() : file.errorString();
+    return saveInBackground(receiver, path, [html](QIODevice *file, const ListProgress &) {
+        writePdf(html, file);
+        return true;
+    });
 }

@@ -2,14 +2,13 @@
 
 #include <QString>
 
+class QObject;
 class QPagedPaintDevice;
-class QPainter;
 class QWidget;
 
 /// Prints a slip as a narrow column, as a register does, on as many pages as it needs.
 void printSlip(const QString &html, QPagedPaintDevice *paper);
 /// Shows the slip as it would be printed, with the way to the printer.
 void previewSlip(QWidget *parent, const QString &html);
-/// Writes a slip as a PDF file of one page, as long as the slip; whole or not at all. What is wrong in the
-/// system's words, empty when it is written.
-QString saveSlipPdf(const QString &html, const QString &path);
+/// Writes a slip as a PDF file of one page, as long as the slip, in the background; see saveInBackground().
+bool saveSlipPdf(QObject *receiver, const QString &html, const QString &path);

@@ -2,7 +2,6 @@
 #include "ui_slipview.h"
 
 #include "listprinter.h"
-#include "qmessevent.h"
 #include "slipprint.h"
 
 SlipView::SlipView(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::SlipView>())
@@ -44,11 +43,6 @@ void SlipView::savePdf()
     // The slip shown may become another one while the file is chosen.
     const QString html = m_html;
     const QString path = askPdfPath(this, m_fileName);
-    if (path.isEmpty())
-        return;
-    const QString error = saveSlipPdf(html, path);
-    if (error.isEmpty())
-        postMessage(m_receiver, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
-    else
-        postMessage(m_receiver, tr("Файл не збережено: %1\n%2").arg(path, error));
+    if (!path.isEmpty())
+        saveSlipPdf(m_receiver, html, path);
 }

@@ -199,13 +199,6 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
-    <name>CsvExport</name>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
-    </message>
-</context>
-<context>
     <name>DayTimeline</name>
     <message>
         <source>%1 %2 – %3</source>
@@ -260,6 +253,31 @@ Wait or contact support.</translation>
     <message>
         <source>Зв&apos;язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
         <translation>The connection broke while the record was being written, and it is not known whether it was saved. Wait until the connection is back and save again: the program will ask the server first.</translation>
+    </message>
+</context>
+<context>
+    <name>FileJob</name>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+    <message>
+        <source>Цей файл саме записується: дочекайтесь кінця або скасуйте те завдання.</source>
+        <translation>This file is being written: wait for the end, or cancel that job.</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Запис файла %1</source>
+        <translation>Writing %1</translation>
     </message>
 </context>
 <context>
@@ -456,16 +474,6 @@ Wait or contact support.</translation>
         <source>Складено: %1</source>
         <translation>Made: %1</translation>
     </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>File not saved: %1
-%2</translation>
-    </message>
 </context>
 <context>
     <name>ListPrinter</name>
@@ -480,10 +488,6 @@ Wait or contact support.</translation>
     <message>
         <source>Перегляд перед друком</source>
         <translation>Print preview</translation>
-    </message>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
     </message>
     <message>
         <source>Зберегти PDF</source>
@@ -3156,10 +3160,6 @@ before its last day!</translation>
         <source>Перегляд перед друком</source>
         <translation>Print preview</translation>
     </message>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
-    </message>
 </context>
 <context>
     <name>SlipView</name>
@@ -3174,16 +3174,6 @@ before its last day!</translation>
     <message>
         <source>Зберегти PD&amp;F…</source>
         <translation>Save PD&amp;F…</translation>
-    </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>File not saved: %1
-%2</translation>
     </message>
 </context>
 <context>

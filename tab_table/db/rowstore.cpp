@@ -6,6 +6,7 @@
 #include <QSqlRecord>
 #include <QSqlResult>
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <mysql.h>
@@ -166,16 +167,28 @@ std::string_view RowStore::cell(int row, int column) const
     return {begin + head.textsAt() + start, head.end(begin, cell) - start};
 }
 
-void RowStore::FreeChunk::operator()(char *chunk) const
+/// The copy writes into chunks of its own.
+RowStore::RowStore(const RowStore &other)
+    : m_names(other.m_names), m_chunks(other.m_chunks), m_rows(other.m_rows)
 {
-    std::free(chunk);
+}
+
+/// True while a copy may read the texts: they must not be overwritten. A copy shares all chunks there are.
+bool RowStore::isShared() const
+{
+    if (m_chunks.empty() || m_chunks.front().use_count() > 1)
+        return true;
+    // What the last copy has read, it has read before.
+    std::atomic_thread_fence(std::memory_order_acquire);
+    return false;
 }
 
 /// Large chunks are filled and freed much faster in huge pages.
 RowStore::Chunk RowStore::makeChunk(size_t bytes)
 {
     const bool isHuge = bytes % hugePage == 0;
-    Chunk chunk(static_cast<char *>(isHuge ? std::aligned_alloc(hugePage, bytes) : std::malloc(bytes)));
+    Chunk chunk(static_cast<char *>(isHuge ? std::aligned_alloc(hugePage, bytes) : std::malloc(bytes)),
+                std::free);
     if (!chunk)
         throw std::bad_alloc();
     if (isHuge)
@@ -186,7 +199,7 @@ RowStore::Chunk RowStore::makeChunk(size_t bytes)
 char *RowStore::reserve(size_t bytes)
 {
     if (m_chunks.empty() || m_chunkSize - m_used < bytes) {
-        const size_t next = m_chunks.empty() ? firstChunk : std::min(m_chunkSize * 2, largestChunk);
+        const size_t next = std::max(firstChunk, std::min(m_chunkSize * 2, largestChunk));
         m_chunkSize = std::max(next, bytes);
         m_chunks.push_back(makeChunk(m_chunkSize));
         m_used = 0;
@@ -204,7 +217,7 @@ const char *RowStore::pack(const Cells &cells, const char *replaced)
         length += text.size();
     const Head head{cells.size(), endSizeFor(length)};
     char *row = nullptr;
-    if (replaced != nullptr) {
+    if (replaced != nullptr && !isShared()) {
         const Head old = Head::of(replaced);
         const size_t room = old.textsAt() + (old.cells == 0 ? 0 : old.end(replaced, old.cells - 1));
         if (head.textsAt() + length <= room)

@@ -9,14 +9,17 @@
 class QSqlQuery;
 
 /// The rows of an executed query as UTF-8 text, packed into large chunks; NULL and zero dates are empty.
-/// Movable, independent of the connection: a worker thread may read it and hand it to a model.
+/// Independent of the connection: a worker thread may read it and hand it to a model. A copy shares the texts
+/// and may be read in another thread, whatever happens to the other one.
 class RowStore
 {
 public:
     RowStore() = default;
+    RowStore(const RowStore &other);
     RowStore(RowStore &&) = default;
+    RowStore &operator=(const RowStore &) = delete;
     RowStore &operator=(RowStore &&) = default;
-    Q_DISABLE_COPY(RowStore)
+    ~RowStore() = default;
 
     /// All rows of an executed query, whatever record it stands on; it stands before the first one
     /// afterwards.
@@ -61,12 +64,9 @@ private:
     char *reserve(size_t bytes);
 
     QStringList m_names;
-    struct FreeChunk
-    {
-        void operator()(char *chunk) const;
-    };
-    using Chunk = std::unique_ptr<char[], FreeChunk>;
+    using Chunk = std::shared_ptr<char>;
     static Chunk makeChunk(size_t bytes);
+    bool isShared() const;
 
     std::vector<Chunk> m_chunks;
     size_t m_chunkSize = 0;

@@ -1,22 +1,14 @@
 #include "csvexport.h"
 
-#include "qrowmodel.h"
+#include "columns.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <QTableView>
+#include <QIODevice>
 #include <QTextCodec>
 #include <array>
 #include <cstring>
-#include <typeinfo>
 
 namespace {
-struct Messages
-{
-    Q_DECLARE_TR_FUNCTIONS(CsvExport)
-};
-
+constexpr int rowsBetween = 4096;
 constexpr size_t chunk = size_t(256) << 10U;
 
 bool isAscii(std::string_view bytes)
@@ -170,93 +162,48 @@ private:
     std::string m_lines;
 };
 
-QVector<int> shownColumns(const QAbstractItemModel &model, const QTableView *view)
-{
-    QVector<int> columns;
-    for (int column = 0; column < model.columnCount(); ++column) {
-        if (view == nullptr || !view->isColumnHidden(column))
-            columns.append(column);
-    }
-    return columns;
-}
-
-void addRow(const QAbstractItemModel &model, int row, const QVector<int> &columns, CsvLines *lines)
-{
-    for (const int column : columns) {
-        const QModelIndex cell = model.index(row, column);
-        const QVariant plain = cell.data(Qt::EditRole);
-        lines->add((plain.isValid() ? plain : cell.data()).toString());
-    }
-}
-
-/// The same without a QString for each cell; formats: those of the columns.
-void addStoredRow(const QRowModel &model, int row, const QVector<int> &columns,
-                  const std::vector<CellFormat> &formats, CsvLines *lines)
+/// Without a QString for each cell; formats: those of the columns.
+void addRow(const ListSnapshot &list, int row, const std::vector<CellFormat> &formats, CsvLines *lines)
 {
     char room[CellFormat::plainRoom];
-    for (size_t i = 0; i < formats.size(); ++i) {
-        const std::string_view stored = model.storedBytes(row, columns.at(static_cast<int>(i)));
-        if (formats[i].plainBytes != nullptr)
-            lines->addUtf8(formats[i].plainBytes(stored, room));
+    for (size_t column = 0; column < formats.size(); ++column) {
+        const std::string_view stored = list.stored(row, static_cast<int>(column));
+        if (formats[column].plainBytes != nullptr)
+            lines->addUtf8(formats[column].plainBytes(stored, room));
         else
-            lines->add(formats[i].plain(stored));
+            lines->add(formats[column].plain(stored));
     }
 }
 
-bool addRows(const QAbstractItemModel &model, const QVector<int> &columns, CsvLines *lines)
-{
-    bool written = true;
-    for (int row = 0; row < model.rowCount() && written; ++row) {
-        addRow(model, row, columns, lines);
-        written = lines->endLine();
-    }
-    return written;
-}
-
-bool addStoredRows(const QRowModel &model, const QVector<int> &columns, CsvLines *lines)
+bool addRows(const ListSnapshot &list, CsvLines *lines, const ListProgress &mayGoOn)
 {
     std::vector<CellFormat> formats;
-    for (const int column : columns)
-        formats.push_back(model.format(column));
-    bool written = true;
-    for (int row = 0; row < model.rowCount() && written; ++row) {
-        addStoredRow(model, row, columns, formats, lines);
-        written = lines->endLine();
+    for (int column = 0; column < list.columnCount(); ++column)
+        formats.push_back(list.format(column));
+    for (int row = 0; row < list.rowCount(); ++row) {
+        if (row % rowsBetween == 0 && mayGoOn && !mayGoOn(row, list.rowCount()))
+            return false;
+        addRow(list, row, formats, lines);
+        if (!lines->endLine())
+            return false;
     }
-    return written;
+    return true;
 }
 } // namespace
 
-bool writeCsv(const QAbstractItemModel &model, const QTableView *view, CsvEncoding encoding, QIODevice *out)
+bool writeCsv(const ListSnapshot &list, CsvEncoding encoding, QIODevice *out, const ListProgress &mayGoOn)
 {
-    const QVector<int> columns = shownColumns(model, view);
-    if (columns.isEmpty())
+    if (list.columnCount() == 0)
         return true;
     CsvLines lines(encoding, out);
-    for (const int column : columns)
-        lines.add(model.headerData(column, Qt::Horizontal).toString());
-    bool written = lines.endLine();
-    // A model derived from it may show something else than what is stored.
-    if (typeid(model) == typeid(QRowModel))
-        written = written && addStoredRows(static_cast<const QRowModel &>(model), columns, &lines);
-    else
-        written = written && addRows(model, columns, &lines);
-    return written && lines.flush();
+    for (int column = 0; column < list.columnCount(); ++column)
+        lines.add(list.caption(column));
+    return lines.endLine() && addRows(list, &lines, mayGoOn) && lines.flush();
 }
 
-QString saveCsv(const QAbstractItemModel &model, const QTableView *view, CsvEncoding encoding,
-                const QString &path)
+bool saveCsv(QObject *receiver, const ListSnapshot &list, CsvEncoding encoding, const QString &path)
 {
-    const QFileInfo there(path);
-    // The new file would take the place of a device.
-    if (there.exists() && !there.isFile())
-        return Messages::tr("Це не звичайний файл.");
-    QSaveFile file(path);
-    // Where no file can be laid beside it.
-    file.setDirectWriteFallback(true);
-    // Unbuffered: what a buffer could not write at the end would not be noticed.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && writeCsv(model, view, encoding, &file) &&
-        file.commit())
-        return QString();
-    return file.errorString();
+    return saveInBackground(receiver, path, [list, encoding](QIODevice *file, const ListProgress &mayGoOn) {
+        return writeCsv(list, encoding, file, mayGoOn);
+    });
 }

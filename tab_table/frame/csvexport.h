@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QString>
-
-class QAbstractItemModel;
-class QIODevice;
-class QTableView;
+#include "filejob.h"
+#include "listsnapshot.h"
 
 enum class CsvEncoding {
     Utf8,       ///< without a byte-order mark
@@ -12,10 +9,10 @@ enum class CsvEncoding {
 };
 
 /// Writes the captions and the rows of a list, each as a line of its own: the plain texts ("1234.50") as they
-/// are, without quotes, separated by ";", ended by "\n". Columns that the view hides are left out; the view
-/// may be null. False when the device could not be written.
-bool writeCsv(const QAbstractItemModel &model, const QTableView *view, CsvEncoding encoding, QIODevice *out);
+/// are, without quotes, separated by ";", ended by "\n". False when the device could not be written, or the
+/// work is to stop.
+bool writeCsv(const ListSnapshot &list, CsvEncoding encoding, QIODevice *out,
+              const ListProgress &mayGoOn = {});
 
-/// The same into a file, which gets the whole list or stays as it was. Returns why not; empty when written.
-QString saveCsv(const QAbstractItemModel &model, const QTableView *view, CsvEncoding encoding,
-                const QString &path);
+/// The same into a file, in the background.
+bool saveCsv(QObject *receiver, const ListSnapshot &list, CsvEncoding encoding, const QString &path);

@@ -3,10 +3,10 @@
 #include <QBrush>
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QTableView>
 #include <QTextLayout>
 #include <algorithm>
 #include <numeric>
+#include <vector>
 
 namespace {
 constexpr double fontPoints = 9;
@@ -21,20 +21,13 @@ constexpr int shortestLine = 20;
 constexpr int fairLine = 40;
 /// A cell cannot be higher than the page.
 constexpr int mostLines = 12;
+/// Looked up again rather than broken into lines again.
+constexpr int mostBroken = 20000;
+constexpr int rowsBetween = 1024;
 
-QString textOf(const QModelIndex &cell)
+QString textOf(const ListSnapshot &list, int row, int column)
 {
-    return cell.data().toString().replace(QLatin1Char('\n'), QLatin1Char(' '));
-}
-
-QVector<int> shownColumns(const PrintedList &list)
-{
-    QVector<int> columns;
-    for (int column = 0; column < list.model->columnCount(); ++column) {
-        if (list.view == nullptr || !list.view->isColumnHidden(column))
-            columns.append(column);
-    }
-    return columns;
+    return list.shown(row, column).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 void keepLongest(QStringList *longest, const QString &text)
@@ -85,9 +78,9 @@ double levelOf(QVector<double> widths, double room)
 }
 
 /// Numbers stand as they do in the first row.
-Qt::Alignment alignmentOf(const QAbstractItemModel &model, int column)
+Qt::Alignment alignmentOf(const ListSnapshot &list, int column)
 {
-    const QVariant given = model.index(0, column).data(Qt::TextAlignmentRole);
+    const QVariant given = list.rowCount() > 0 ? list.data(0, column, Qt::TextAlignmentRole) : QVariant();
     const auto horizontal = Qt::Alignment(given.toInt()) & Qt::AlignHorizontal_Mask;
     return (horizontal == 0 ? Qt::Alignment(Qt::AlignLeft) : horizontal) | Qt::AlignVCenter;
 }
@@ -98,9 +91,8 @@ double heightOf(const QFontMetricsF &metrics, double width, const QString &text)
 }
 
 /// The caption of a column, ready to be wrapped: no word is wider than the column.
-QString captionOf(const QAbstractItemModel &model, int column, const QFontMetricsF &metrics, double width)
+QString captionOf(const QString &caption, const QFontMetricsF &metrics, double width)
 {
-    const QString caption = model.headerData(column, Qt::Horizontal).toString();
     QStringList words = caption.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     for (QString &word : words)
         word = metrics.elidedText(word, Qt::ElideRight, width);
@@ -108,27 +100,75 @@ QString captionOf(const QAbstractItemModel &model, int column, const QFontMetric
 }
 } // namespace
 
-ListPages::ListPages(const PrintedList &list, QPaintDevice *device, const QSizeF &page)
-    : m_list(list), m_page(page), m_columns(columnsOf(list))
+/// Widths of characters in a font, each asked for once. Their sum is what a text takes at most: letters that
+/// stand closer together only make it shorter.
+class ListPages::CharacterWidths
 {
-    chooseFont(device);
-    placeColumns(device);
-    measure(device);
-    measureRows(device);
-    cutIntoPages();
+public:
+    CharacterWidths(const QFont &font, QPaintDevice *device)
+        : m_metrics(font, device), m_widths(tableSize, -1)
+    {
+    }
+
+    double of(const QString &text)
+    {
+        double width = 0;
+        for (const QChar character : text)
+            width += of(character);
+        return width;
+    }
+
+private:
+    /// Latin, Greek and Cyrillic letters.
+    static constexpr size_t tableSize = 0x500;
+
+    double of(QChar character)
+    {
+        const size_t code = character.unicode();
+        if (code >= tableSize)
+            return m_metrics.horizontalAdvance(character);
+        if (m_widths[code] < 0)
+            m_widths[code] = m_metrics.horizontalAdvance(character);
+        return m_widths[code];
+    }
+
+    QFontMetricsF m_metrics;
+    std::vector<double> m_widths;
+};
+
+ListPages::ListPages(const PrintedList &list) : m_list(list) {}
+
+ListPages::~ListPages() = default;
+
+bool ListPages::read(const ListProgress &mayGoOn)
+{
+    const ListSnapshot &rows = m_list.rows;
+    for (int column = 0; column < rows.columnCount(); ++column) {
+        PrintedColumn printed;
+        printed.caption = rows.caption(column);
+        printed.alignment = alignmentOf(rows, column);
+        m_columns.append(printed);
+    }
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        if (row % rowsBetween == 0 && mayGoOn && !mayGoOn(row, rows.rowCount()))
+            return false;
+        for (int column = 0; column < m_columns.size(); ++column)
+            keepLongest(&m_columns[column].longest, textOf(rows, row, column));
+    }
+    return true;
 }
 
-QVector<ListPages::PrintedColumn> ListPages::columnsOf(const PrintedList &list)
+bool ListPages::layOut(QPaintDevice *device, const QSizeF &page, const ListProgress &mayGoOn)
 {
-    QVector<PrintedColumn> columns;
-    const QVector<int> shown = shownColumns(list);
-    for (const int index : shown) {
-        PrintedColumn column = {index, alignmentOf(*list.model, index), {}};
-        for (int row = 0; row < list.model->rowCount(); ++row)
-            keepLongest(&column.longest, textOf(list.model->index(row, index)));
-        columns.append(column);
-    }
-    return columns;
+    m_page = page;
+    chooseFont(device);
+    m_widths = std::make_unique<CharacterWidths>(m_font, device);
+    placeColumns(device);
+    measure(device);
+    if (!measureRows(device, mayGoOn))
+        return false;
+    cutIntoPages();
+    return true;
 }
 
 double ListPages::paddingOf(const QFont &font, QPaintDevice *device)
@@ -136,7 +176,7 @@ double ListPages::paddingOf(const QFont &font, QPaintDevice *device)
     return QFontMetricsF(font, device).averageCharWidth() * 0.8;
 }
 
-double ListPages::PrintedColumn::wanted(const QFont &font, QPaintDevice *device, const QString &caption) const
+double ListPages::PrintedColumn::wanted(const QFont &font, QPaintDevice *device) const
 {
     const QFontMetricsF metrics(font, device);
     double width = widestWord(caption, QFontMetricsF(boldOf(font), device));
@@ -145,15 +185,13 @@ double ListPages::PrintedColumn::wanted(const QFont &font, QPaintDevice *device,
     return width + 2 * paddingOf(font, device) + 1;
 }
 
-double ListPages::naturalWidth(const PrintedList &list, QPaintDevice *device)
+double ListPages::naturalWidth(QPaintDevice *device) const
 {
     const QFont font = fontOf(fontPoints);
     const double fair = QFontMetricsF(font, device).averageCharWidth() * fairLine;
     double width = 0;
-    const QVector<PrintedColumn> columns = columnsOf(list);
-    for (const PrintedColumn &column : columns) {
-        const double wanted =
-            column.wanted(font, device, list.model->headerData(column.index, Qt::Horizontal).toString());
+    for (const PrintedColumn &column : m_columns) {
+        const double wanted = column.wanted(font, device);
         width += column.isNumber() ? wanted : qMin(wanted, fair);
     }
     return width / device->logicalDpiX();
@@ -163,8 +201,7 @@ QVector<double> ListPages::wantedWidths(const QFont &font, QPaintDevice *device)
 {
     QVector<double> widths;
     for (const PrintedColumn &column : m_columns)
-        widths.append(
-            column.wanted(font, device, m_list.model->headerData(column.index, Qt::Horizontal).toString()));
+        widths.append(column.wanted(font, device));
     return widths;
 }
 
@@ -203,6 +240,7 @@ void ListPages::placeColumns(QPaintDevice *device)
     for (int i = 0; i < widths.size(); ++i) {
         m_columns[i].left = left;
         m_columns[i].width = widths.at(i) * scale;
+        m_columns[i].broken.clear();
         left += m_columns.at(i).width;
     }
 }
@@ -226,24 +264,48 @@ QStringList ListPages::linesOf(const QString &text, double width, QPaintDevice *
     return lines;
 }
 
-void ListPages::measureRows(QPaintDevice *device)
+/// The same text stands in many rows: its lines are kept.
+QStringList ListPages::brokenLines(const PrintedColumn &column, const QString &text,
+                                   QPaintDevice *device) const
 {
-    const QFontMetricsF metrics(m_font, device);
-    m_lineSpacing = metrics.lineSpacing();
-    const int rows = m_list.model->rowCount();
-    for (const PrintedColumn &column : qAsConst(m_columns)) {
-        const double width = inside(column, 0, 0).width();
-        if (column.isNumber() || column.longest.isEmpty() ||
-            column.wanted(m_font, device, QString()) <= column.width)
-            continue;
-        m_rowHeights.resize(rows);
-        for (int row = 0; row < rows; ++row) {
-            const QString text = textOf(m_list.model->index(row, column.index));
-            const bool fits = metrics.horizontalAdvance(text) <= width;
-            const int lines = fits ? 1 : linesOf(text, width, device).size();
-            m_rowHeights[row] = qMax(m_rowHeights.at(row), m_rowHeight + (lines - 1) * m_lineSpacing);
-        }
+    const auto known = column.broken.constFind(text);
+    if (known != column.broken.constEnd())
+        return *known;
+    const QStringList lines = linesOf(text, inside(column, 0, 0).width(), device);
+    if (column.broken.size() < mostBroken)
+        column.broken.insert(text, lines);
+    return lines;
+}
+
+bool ListPages::fits(const PrintedColumn &column, const QString &text) const
+{
+    return m_widths->of(text) <= inside(column, 0, 0).width();
+}
+
+bool ListPages::measureRows(QPaintDevice *device, const ListProgress &mayGoOn)
+{
+    m_lineSpacing = QFontMetricsF(m_font, device).lineSpacing();
+    m_rowHeights.clear();
+    const int rows = m_list.rows.rowCount();
+    for (int row = 0; row < rows; ++row) {
+        if (row % rowsBetween == 0 && mayGoOn && !mayGoOn(row, rows))
+            return false;
+        int lines = 1;
+        for (int column = 0; column < m_columns.size(); ++column)
+            lines = qMax(lines, lineCount(column, row, device));
+        if (lines > 1)
+            m_rowHeights.insert(row, m_rowHeight + (lines - 1) * m_lineSpacing);
     }
+    return true;
+}
+
+int ListPages::lineCount(int column, int row, QPaintDevice *device) const
+{
+    const PrintedColumn &placed = m_columns.at(column);
+    if (placed.isNumber())
+        return 1;
+    const QString text = textOf(m_list.rows, row, column);
+    return fits(placed, text) ? 1 : brokenLines(placed, text, device).size();
 }
 
 QFont ListPages::boldFont() const
@@ -265,6 +327,8 @@ void ListPages::measure(QPaintDevice *device)
     const QFontMetricsF title(titleFont(), device);
     m_padding = paddingOf(m_font, device);
     m_rowHeight = plain.height() * 1.3;
+    m_headingHeights.clear();
+    m_totalHeights.clear();
     for (int i = 0; i < m_list.heading.size(); ++i)
         m_headingHeights.append(heightOf(i == 0 ? title : plain, m_page.width(), m_list.heading.at(i)));
     for (const QString &line : m_list.totals)
@@ -272,7 +336,7 @@ void ListPages::measure(QPaintDevice *device)
     double lines = bold.height();
     for (const PrintedColumn &column : m_columns) {
         const double width = inside(column, 0, 0).width();
-        lines = qMax(lines, heightOf(bold, width, captionOf(*m_list.model, column.index, bold, width)));
+        lines = qMax(lines, heightOf(bold, width, captionOf(column.caption, bold, width)));
     }
     m_captionHeight = qMin(lines, captionLines * bold.lineSpacing()) + 2 * m_padding;
 }
@@ -285,9 +349,10 @@ double ListPages::headingHeight() const
 
 void ListPages::cutIntoPages()
 {
-    const int rows = m_list.model->rowCount();
+    const int rows = m_list.rows.rowCount();
     int row = 0;
     int total = 0;
+    m_pages.clear();
     do {
         Page page{row, 0, total, 0};
         double room = m_page.height() - m_captionHeight - 2 * m_rowHeight;
@@ -350,7 +415,7 @@ void ListPages::paintCaptions(QPainter *painter, double top) const
         painter->save();
         painter->setClipRect(place);
         painter->drawText(place, static_cast<int>(column.alignment) | wrapped,
-                          captionOf(*m_list.model, column.index, metrics, place.width()));
+                          captionOf(column.caption, metrics, place.width()));
         painter->restore();
     }
 }
@@ -358,30 +423,31 @@ void ListPages::paintCaptions(QPainter *painter, double top) const
 void ListPages::paintRow(QPainter *painter, int row, double top) const
 {
     const double height = rowHeight(row);
-    for (const PrintedColumn &column : m_columns) {
-        const QModelIndex cell = m_list.model->index(row, column.index);
-        const QVariant background = cell.data(Qt::BackgroundRole);
+    for (int i = 0; i < m_columns.size(); ++i) {
+        const PrintedColumn &column = m_columns.at(i);
+        const QVariant background = m_list.rows.data(row, i, Qt::BackgroundRole);
         if (background.isValid())
             painter->fillRect(QRectF(column.left, top, column.width, height), background.value<QBrush>());
-        const QVariant colour = cell.data(Qt::ForegroundRole);
+        const QVariant colour = m_list.rows.data(row, i, Qt::ForegroundRole);
         painter->setPen(colour.isValid() ? colour.value<QBrush>().color() : QColor(Qt::black));
-        paintCell(painter, cell, column, inside(column, top, height));
+        paintCell(painter, textOf(m_list.rows, row, i), column, top);
     }
     painter->setPen(QPen(Qt::lightGray, 0));
     painter->drawLine(QPointF(0, top + height), QPointF(m_page.width(), top + height));
 }
 
-void ListPages::paintCell(QPainter *painter, const QModelIndex &cell, const PrintedColumn &column,
-                          const QRectF &place) const
+void ListPages::paintCell(QPainter *painter, const QString &text, const PrintedColumn &column,
+                          double top) const
 {
+    QRectF line = inside(column, top, m_rowHeight);
+    const int flags = static_cast<int>(column.alignment) | Qt::TextSingleLine;
+    if (fits(column, text))
+        return painter->drawText(line, flags, text);
     const QFontMetricsF metrics(m_font, painter->device());
-    const QString text = textOf(cell);
-    const bool fits = column.isNumber() || metrics.horizontalAdvance(text) <= place.width();
-    const QStringList lines = fits ? QStringList(text) : linesOf(text, place.width(), painter->device());
-    QRectF line(place.left(), place.top(), place.width(), m_rowHeight);
+    const QStringList lines =
+        column.isNumber() ? QStringList(text) : brokenLines(column, text, painter->device());
     for (const QString &part : lines) {
-        painter->drawText(line, static_cast<int>(column.alignment) | Qt::TextSingleLine,
-                          metrics.elidedText(part, Qt::ElideRight, place.width() + 1));
+        painter->drawText(line, flags, metrics.elidedText(part, Qt::ElideRight, line.width() + 1));
         line.translate(0, m_lineSpacing);
     }
 }

@@ -247,8 +247,7 @@ PrintedList ListPane::printed() const
     list.heading = m_heading;
     list.heading.append(
         tr("Складено: %1").arg(QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss"))));
-    list.model = m_view->model();
-    list.view = m_view;
+    list.rows = ListSnapshot(*m_view->model(), m_view, ListSnapshot::AsShown);
     if (m_totals)
         list.totals = m_totals();
     return list;
@@ -264,25 +263,14 @@ void ListPane::savePdf()
     const QString path = m_chooseFile(fileNameOf(m_heading.join(QLatin1Char(' '))));
     if (path.isEmpty())
         return;
-    QString error;
-    if (saveListPdf(printed(), path, &error))
-        postMessage(m_receiver, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
-    else if (!error.isEmpty())
-        postMessage(m_receiver, tr("Файл не збережено: %1\n%2").arg(path, error));
+    saveListPdf(m_receiver, printed(), path);
 }
 
 bool ListPane::exportCsv(QObject *receiver, const QAbstractItemModel *model, const QTableView *view,
                          const QString &code, const QString &path)
 {
-    const WaitCursor wait;
     const CsvEncoding encoding = code.isEmpty() ? CsvEncoding::Utf8 : CsvEncoding::Windows1251;
-    const QString error = saveCsv(*model, view, encoding, path);
-    if (!error.isEmpty()) {
-        postMessage(receiver, tr("Файл не збережено: %1\n%2").arg(path, error));
-        return false;
-    }
-    postMessage(receiver, tr("Файл збережено: %1").arg(path), QMessEvent::Information);
-    return true;
+    return saveCsv(receiver, ListSnapshot(*model, view, ListSnapshot::AsStored), encoding, path);
 }
 
 bool ListPane::exportCsv(const QString &code, const QString &path) const

@@ -96,7 +96,7 @@ public:
     void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
 
     /// Writes what a list holds, hidden columns left out, into a CSV file: UTF-8, or Windows-1251 with any
-    /// code. False after a reported failure; what the file held before is still there then.
+    /// code. In the background: its end is posted. False when it cannot begin (posted too).
     static bool exportCsv(QObject *receiver, const QAbstractItemModel *model, const QTableView *view,
                           const QString &code, const QString &path);
     bool exportCsv(const QString &code, const QString &path) const;
@@ -104,7 +104,7 @@ public:
 public slots:
     /// Shows the list as it would be printed, with the way to the printer.
     void preview();
-    /// Asks for a file and writes the list into it; a failure is reported.
+    /// Asks for a file and writes the list into it in the background; its end is posted.
     void savePdf();
 
 signals:

@@ -360,3 +360,19 @@ void QRowModel::movePersistentIndexes(const QModelIndexList &before, const std::
         after.append(createIndex(places[ids[static_cast<size_t>(i)]], before.at(i).column()));
     changePersistentIndexList(before, after);
 }
+
+std::shared_ptr<const QRowModel> QRowModel::frozen() const
+{
+    auto copy = std::make_shared<QRowModel>();
+    copy->setColumns(m_columns);
+    QStringList captions;
+    for (int column = 0; column < columnCount(); ++column)
+        captions.append(headerData(column, Qt::Horizontal).toString());
+    copy->setHorizontalHeaderLabels(captions);
+    copy->m_rows = RowStore(m_rows);
+    copy->m_order = m_order;
+    copy->m_extras = m_extras;
+    // It belongs to whoever reads it.
+    copy->moveToThread(nullptr);
+    return copy;
+}

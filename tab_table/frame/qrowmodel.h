@@ -41,6 +41,8 @@ public:
     QString stored(int row, int column) const;
     /// The same as bytes, valid until the model changes; row and column have to be there.
     std::string_view storedBytes(int row, int column) const { return cell(row, column); }
+    /// The list as it is now, for another thread to read; the texts are shared.
+    std::shared_ptr<const QRowModel> frozen() const;
     /// How the texts of a column are formatted.
     const CellFormat &format(int column) const;
     /// The background of a whole row, with a text colour that is readable on it; an invalid colour ends it.

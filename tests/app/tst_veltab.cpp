@@ -731,17 +731,20 @@ void TstVeltab::exportFollowsTheRight()
     QVERIFY(action("export_to_csv_cp1251")->isVisible() && !action("import_csv_UTF8")->isVisible());
     QTRY_VERIFY(!m_window->tableBase()->tab("mt_shops")->isLoading());
     pressShortcut();
+    waitOutJobs();
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(file.readAll());
     QVERIFY2(text.contains("Їжак ₴"), qPrintable(text));
     file.close();
     action("export_to_csv_cp1251")->trigger();
+    waitOutJobs();
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("\xaf\xe6\xe0\xea ?"));
     m_window->setFileChooser([](const QString &) { return QString("/немає/такого"); });
     const QString why = answerQuestion([&] {
         pressShortcut();
+        waitOutJobs();
         QTest::qWait(50);
     });
     QVERIFY2(why.contains("/немає/такого") && why.contains("No such file"), qPrintable(why));

@@ -1,4 +1,5 @@
 #include "csvexport.h"
+#include "job.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
 #include "qtab.h"
@@ -23,6 +24,8 @@ private slots:
     void writesWhatTheViewShows();
     void storedBytesAreWrittenAsTheyAreShown();
     void fileIsWholeOrAsItWas();
+    void listMayChangeMeanwhile();
+    void cancelledLeavesNothingBehind();
 };
 
 namespace {
@@ -30,7 +33,8 @@ QByteArray written(const QAbstractItemModel &model, const QTableView *view, CsvE
 {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
-    return writeCsv(model, view, encoding, &file) ? file.data() : QByteArray("not written");
+    const ListSnapshot list(model, view, ListSnapshot::AsStored);
+    return writeCsv(list, encoding, &file) ? file.data() : QByteArray("not written");
 }
 
 /// No file may grow beyond four bytes while it stands.
@@ -180,10 +184,15 @@ void TstCsvExport::fileIsWholeOrAsItWas()
     }
     Heard heard;
     QVERIFY(QTab::export_to_csv(&heard, &model, nullptr, QString(), path));
+    // One file, one writer.
+    QVERIFY(!QTab::export_to_csv(&heard, &model, nullptr, QStringLiteral("cp1251"), path));
+    QVERIFY(heard.has(path + QStringLiteral("\nЦей файл саме записується"), QMessEvent::Critical));
+    waitOutJobs();
     QCOMPARE(content(), QByteArray("а\n\n\n\n"));
     QVERIFY(heard.has(QStringLiteral("Файл збережено: ") + path, QMessEvent::Information));
     QVERIFY(heard.has(QStringLiteral("QTab::export_to_csv ") + path, QMessEvent::Debug));
     QVERIFY(QTab::export_to_csv(&heard, &model, nullptr, QStringLiteral("cp1251"), path));
+    waitOutJobs();
     QCOMPARE(content(), QByteArray("\xe0\n\n\n\n"));
 
     heard.forget();
@@ -192,13 +201,67 @@ void TstCsvExport::fileIsWholeOrAsItWas()
     heard.forget();
     {
         const FullDisk full;
-        QVERIFY(!QTab::export_to_csv(&heard, &model, nullptr, QString(), path));
+        QVERIFY(QTab::export_to_csv(&heard, &model, nullptr, QString(), path));
+        waitOutJobs();
     }
     QVERIFY2(heard.has(path + QLatin1Char('\n') + qt_error_string(EFBIG), QMessEvent::Critical),
              qPrintable(heard.texts().join('\n')));
     QCOMPARE(content(), QByteArray("\xe0\n\n\n\n"));
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-    QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+}
+
+/// A million cells, changed, sorted, emptied and gone while they are written.
+void TstCsvExport::listMayChangeMeanwhile()
+{
+    auto model = std::make_unique<QRowModel>();
+    model->setColumns({{QStringLiteral("Код"), 0, &asNumber}, {QStringLiteral("Ціна"), 0, &asMoney}});
+    const int rows = 200000;
+    RowStore store;
+    QByteArray expected("Код;Ціна\n");
+    for (int row = 0; row < rows; ++row) {
+        const std::string code = std::to_string(rows - row);
+        store.append({code, "12345"});
+        expected += QByteArray::fromStdString(code) + ";123.45\n";
+    }
+    model->replaceRows(std::move(store));
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("а.csv"));
+    Heard heard;
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(QTab::export_to_csv(&heard, model.get(), nullptr, QString(), path));
+    QVERIFY2(clock.elapsed() < 100, qPrintable(QString::number(clock.elapsed())));
+    for (int row = 0; row < rows; row += 100)
+        model->setData(model->index(row, 1), 1);
+    model->sort(0);
+    model->removeRows(0, rows / 2);
+    model.reset();
+    waitOutJobs();
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll() == expected);
+}
+
+void TstCsvExport::cancelledLeavesNothingBehind()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("а.csv"));
+    const auto endless = [](QIODevice *file, const ListProgress &mayGoOn) {
+        while (mayGoOn(1, 2))
+            file->write("рядок\n");
+        return false;
+    };
+    {
+        Heard heard;
+        QVERIFY(saveInBackground(&heard, path, endless));
+        QTRY_VERIFY(RunningJobs::all().jobs().constFirst()->progress().done == 1);
+        RunningJobs::all().jobs().constFirst()->cancel();
+        waitOutJobs();
+        QCOMPARE(heard.texts(QMessEvent::Information), QStringList());
+        QVERIFY(saveInBackground(&heard, path, endless));
+    }
+    QVERIFY(RunningJobs::all().jobs().isEmpty());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
 }
 
 QTEST_MAIN(TstCsvExport)

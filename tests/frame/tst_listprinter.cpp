@@ -1,4 +1,6 @@
+#include "job.h"
 #include "listpages.h"
+#include "qmessevent.h"
 #include "qrowmodel.h"
 #include "testing.h"
 
@@ -83,7 +85,9 @@ struct ListOfRows
 
     PrintedList printed(const QStringList &totals = {})
     {
-        return {{QStringLiteral("Звіт по товарах"), QStringLiteral("Магазин 1")}, &model, &view, totals};
+        return {{QStringLiteral("Звіт по товарах"), QStringLiteral("Магазин 1")},
+                ListSnapshot(model, &view, ListSnapshot::AsShown),
+                totals};
     }
 
     QRowModel model;
@@ -93,7 +97,9 @@ struct ListOfRows
 QVector<TextRecorder::Text> paintedTexts(const PrintedList &list, int page, int *pageCount)
 {
     RecordingPage device;
-    const ListPages pages(list, &device, QSizeF(600, 400));
+    ListPages pages(list);
+    pages.read();
+    pages.layOut(&device, QSizeF(600, 400));
     *pageCount = pages.count();
     QPainter painter(&device);
     pages.paint(&painter, page);
@@ -132,6 +138,7 @@ private slots:
     void longTextsStayInTheirColumns();
     void columnsAreAsWideAsWhatTheyHold();
     void pdfHoldsAllPagesOrIsNotWritten();
+    void previewOfALongListIsCalledOff();
 };
 
 void TstListPrinter::everyPageTellsWhatItIs()
@@ -215,7 +222,10 @@ void TstListPrinter::columnsAreAsWideAsWhatTheyHold()
         view.setColumnWidth(column, 20);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("зміни.pdf"));
-    QVERIFY(saveListPdf({{QStringLiteral("Z - Звіти")}, &model, &view, {}}, path));
+    Heard heard;
+    const ListSnapshot list(model, &view, ListSnapshot::AsShown);
+    QVERIFY(saveListPdf(&heard, {{QStringLiteral("Z - Звіти")}, list, {}}, path));
+    waitOutJobs();
     QVERIFY(isLandscape(path));
     if (!canReadPdf())
         QSKIP("pdftotext (poppler-utils) is missing");
@@ -233,24 +243,52 @@ void TstListPrinter::pdfHoldsAllPagesOrIsNotWritten()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("звіт.pdf"));
     ListOfRows rows(200);
-    QVERIFY(saveListPdf(rows.printed(), path));
-    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    Heard heard;
+    QVERIFY(saveListPdf(&heard, rows.printed(), path));
+    waitOutJobs();
+    QVERIFY(heard.has(QStringLiteral("Файл збережено: ") + path, QMessEvent::Information));
     const int portrait = pagesOfPdf(path);
     QVERIFY2(portrait > 2 && portrait < 8, qPrintable(QString::number(portrait)));
     QVERIFY(!isLandscape(path));
 
-    QString error;
-    QVERIFY(!saveListPdf(rows.printed(), QStringLiteral("/немає/звіт.pdf"), &error));
-    QVERIFY2(error.contains(QStringLiteral("No such file")), qPrintable(error));
+    QVERIFY(saveListPdf(&heard, rows.printed(), QStringLiteral("/немає/звіт.pdf")));
+    waitOutJobs();
+    QVERIFY2(heard.has(QStringLiteral("/немає/звіт.pdf\nNo such file")),
+             qPrintable(heard.texts().join(QLatin1Char('\n'))));
+    QVERIFY(!saveListPdf(&heard, rows.printed(), folder.path()));
 
-    QVERIFY(!saveListPdf(rows.printed(), folder.path(), &error) && !error.isEmpty());
-
-    ListOfRows many(4000);
+    ListOfRows many(20000);
     const QString cancelled = folder.filePath(QStringLiteral("довгий.pdf"));
-    bool saved = true;
-    QVERIFY(withModal<QProgressDialog>([&] { saved = saveListPdf(many.printed(), cancelled, &error); },
-                                       [](QProgressDialog *dialog) { dialog->cancel(); }));
-    QVERIFY(!saved && error.isEmpty() && !QFile::exists(cancelled));
+    QVERIFY(saveListPdf(&heard, many.printed(), cancelled));
+    Job *job = RunningJobs::all().jobs().constFirst();
+    QTRY_VERIFY(job->progress().done > job->progress().of / 3);
+    QElapsedTimer clock;
+    clock.start();
+    job->cancel();
+    waitOutJobs();
+    QVERIFY2(clock.elapsed() < 1000 && !QFile::exists(cancelled),
+             qPrintable(QString::number(clock.elapsed())));
+}
+
+/// The window lives while a long preview is prepared, and it can be called off.
+void TstListPrinter::previewOfALongListIsCalledOff()
+{
+    ListOfRows many(60000);
+    int beats = 0;
+    QTimer heart;
+    connect(&heart, &QTimer::timeout, &heart, [&] { ++beats; });
+    heart.start(5);
+    QElapsedTimer clock;
+    clock.start();
+    QTimer poll;
+    connect(&poll, &QTimer::timeout, &poll, [&] {
+        auto *progress = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        if (progress != nullptr && beats > 20)
+            progress->cancel();
+    });
+    poll.start(20);
+    previewList(nullptr, many.printed());
+    QVERIFY2(beats > clock.elapsed() / 100, qPrintable(QString::number(beats)));
 }
 
 QTEST_MAIN(TstListPrinter)

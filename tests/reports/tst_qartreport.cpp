@@ -421,6 +421,7 @@ void TstQArtReport::listIsExported()
     reports.current()->load();
     QVERIFY(spy.wait(5000));
     QVERIFY(reports.export_to_csv(QString(), folder.filePath("a.csv")));
+    waitOutJobs();
     QFile file(folder.filePath("a.csv"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QStringList lines = QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts);
@@ -447,6 +448,7 @@ void TstQArtReport::listIsSavedAsPdf()
     });
     button->click();
     QCOMPARE(suggested, QString("Звіт по товарах усі магазини зміни 5 – 8, продано 01.03.2026 – 02.03.2026"));
+    waitOutJobs();
     QVERIFY(m_base->heard.has("Файл збережено: " + path, 3));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -454,6 +456,7 @@ void TstQArtReport::listIsSavedAsPdf()
     QVERIFY(m_report->totals().contains("Вартість: " + text("leValue")));
     m_report->list()->setFileChooser([&](const QString &) { return folder.filePath("none/list.pdf"); });
     button->click();
+    waitOutJobs();
     QVERIFY(m_base->heard.has("Файл не збережено"));
 }
 

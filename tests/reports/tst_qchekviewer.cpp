@@ -603,12 +603,15 @@ void TstQChekViewer::slipOnPaper()
     const QString path = folder.filePath("чек.pdf");
     QString suggested;
     const auto saveTo = [&](const QString &file) {
-        return withModal<QFileDialog>([&] { pdf->click(); },
-                                      [&](QFileDialog *dialog) {
-                                          suggested = child<QLineEdit>(dialog, "fileNameEdit")->text();
-                                          child<QLineEdit>(dialog, "fileNameEdit")->setText(file);
-                                          QMetaObject::invokeMethod(dialog, "accept");
-                                      });
+        const bool isAsked =
+            withModal<QFileDialog>([&] { pdf->click(); },
+                                   [&](QFileDialog *dialog) {
+                                       suggested = child<QLineEdit>(dialog, "fileNameEdit")->text();
+                                       child<QLineEdit>(dialog, "fileNameEdit")->setText(file);
+                                       QMetaObject::invokeMethod(dialog, "accept");
+                                   });
+        waitOutJobs();
+        return isAsked;
     };
     QVERIFY(saveTo(path));
     QCOMPARE(suggested, QString("Чек 1 К1 2026-03-01.pdf"));
@@ -622,7 +625,7 @@ void TstQChekViewer::slipOnPaper()
     // What cannot be written is told and leaves what is there.
     QVERIFY(saveTo(folder.filePath("немає/чек.pdf")));
     QVERIFY(m_base->heard.has("Файл не збережено: ", 1));
-    QVERIFY(!saveSlipPdf(viewer().slip(), folder.path()).isEmpty());
+    QVERIFY(!saveSlipPdf(&m_base->heard, viewer().slip(), folder.path()));
     QVERIFY(withModal<QPrintPreviewDialog>([&] { child<QPushButton>(m_viewer.get(), "pbPrint")->click(); },
                                            [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
 }

@@ -294,6 +294,7 @@ void TstQZReport::printedListTellsItsFigures()
     // Chosen, not loaded.
     range()->setDays(march1, march1);
     part<QPushButton>("pbPdfList")->click();
+    waitOutJobs();
     QVERIFY(m_base->heard.has("Файл збережено: " + path, 3));
     if (!canReadPdf())
         QSKIP("pdftotext (poppler-utils) is missing");
@@ -492,6 +493,7 @@ void TstQZReport::reportInFrontIsExported()
     load();
     const QString path = m_config.filePath("z.csv");
     QVERIFY(m_reports->export_to_csv(QString(), path));
+    waitOutJobs();
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QStringList lines = QString::fromUtf8(file.readAll()).split('\n');

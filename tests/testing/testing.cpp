@@ -1,5 +1,7 @@
 #include "testing.h"
 
+#include "job.h"
+
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
@@ -246,6 +248,12 @@ QString answerChoice(const std::function<void()> &act, int button)
 QString answerConfirm(const std::function<void()> &act, bool accept)
 {
     return answerChoice(act, accept ? 0 : 1);
+}
+
+void waitOutJobs()
+{
+    if (!QTest::qWaitFor([] { return RunningJobs::all().jobs().isEmpty(); }, 20000))
+        qFatal("A job has not ended");
 }
 
 void waitOutGuard()

@@ -130,6 +130,8 @@ QString answerQuestion(const std::function<void()> &act, bool confirm = true);
 QString answerChoice(const std::function<void()> &act, int button);
 /// Answers the next QMessDlg::confirm: lets what it asks for happen, or keeps things as they are.
 QString answerConfirm(const std::function<void()> &act, bool accept);
+/// Waits for the end of all jobs.
+void waitOutJobs();
 /// Waits until a question that has just appeared takes keys.
 void waitOutGuard();
 
