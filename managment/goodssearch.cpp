@@ -3,6 +3,9 @@
 #include "db.h"
 #include "sqldate.h"
 
+#include <QCoreApplication>
+#include <QSqlQuery>
+
 namespace {
 /// A price of the price lists. A shop's own rows name a group too, therefore "id_shop=0" for the groups.
 QString listPrice(const QString &whose, const QString &priority)
@@ -80,40 +83,109 @@ QString condition(const GoodsSearch &search)
     }
     return QStringLiteral("dk_shc.shtrihcod LIKE ") + likeContains(search.text);
 }
+const CellFormat asPromotion = {promotionShown, promotionShown, false};
+
+/// A column of the list: what is selected (%1: the price, %2: the promotion in force), how it is shown, and
+/// what of an item it is. Without a caption it is never shown.
+struct Field
+{
+    GoodsColumn column;
+    const char *sql;
+    const char *caption;
+    int digits;
+    const CellFormat *format;
+    void (*take)(GoodsItem *item, const QString &cell);
+};
+
+template<auto member>
+void number(GoodsItem *item, const QString &cell)
+{
+    using Number = std::decay_t<decltype(item->*member)>;
+    item->*member = static_cast<Number>(cell.toLongLong());
+}
+
+template<auto member>
+void words(GoodsItem *item, const QString &cell)
+{
+    item->*member = cell;
+}
+
+void takePrice(GoodsItem *item, const QString &cell)
+{
+    item->hasPrice = !cell.isEmpty();
+    item->price = cell.toLongLong();
+}
+
+void takePromotion(GoodsItem *item, const QString &cell)
+{
+    item->actOwnName = cell.section(QLatin1Char('\t'), 2);
+}
+
+constexpr Field fields[] = {
+    {GoodsColumn::Id, "goods.id", QT_TRANSLATE_NOOP("GoodsSearch", "код"), 7, &asNumber,
+     &number<&GoodsItem::idGoods>},
+    {GoodsColumn::Barcode, "dk_shc.shtrihcod", QT_TRANSLATE_NOOP("GoodsSearch", "штрихкод"), 14, &asText,
+     &words<&GoodsItem::barcode>},
+    {GoodsColumn::Name, "goods.name", QT_TRANSLATE_NOOP("GoodsSearch", "назва"), 20, &asText,
+     &words<&GoodsItem::name>},
+    {GoodsColumn::Showroom, "goods_shop.count_showroom", QT_TRANSLATE_NOOP("GoodsSearch", "зал"), 8,
+     &asQuantity, &number<&GoodsItem::showroom>},
+    {GoodsColumn::Syllable, "goods_shop.count_syllable", QT_TRANSLATE_NOOP("GoodsSearch", "склад"), 8,
+     &asQuantity, &number<&GoodsItem::syllable>},
+    {GoodsColumn::Rules, "goods.id_rules_goods", nullptr, 0, &asNumber, &number<&GoodsItem::rules>},
+    {GoodsColumn::Type, "goods.type", nullptr, 0, &asNumber, &number<&GoodsItem::type>},
+    {GoodsColumn::IsDisk, "goods.bonus_disk", nullptr, 0, &asNumber, &number<&GoodsItem::isDisk>},
+    {GoodsColumn::Tax, "goods.tax", nullptr, 0, &asNumber, &number<&GoodsItem::tax>},
+    {GoodsColumn::Price, "%1 AS prc", QT_TRANSLATE_NOOP("GoodsSearch", "ціна"), 9, &asMoney, &takePrice},
+    {GoodsColumn::ActType, "%2 AS act", nullptr, 0, &asNumber, &number<&GoodsItem::actType>},
+    {GoodsColumn::ActVal, "action.val", nullptr, 0, &asNumber, &number<&GoodsItem::actVal>},
+    {GoodsColumn::ActVal1, "action.val_1", nullptr, 0, &asNumber, &number<&GoodsItem::actVal1>},
+    {GoodsColumn::ActVal2, "action.val_2", nullptr, 0, &asNumber, &number<&GoodsItem::actVal2>},
+    // Looked up by the promotion's type, as the other programs on this database do.
+    {GoodsColumn::ActName, "(SELECT action.name FROM action WHERE id=act)", nullptr, 0, &asText,
+     &words<&GoodsItem::actName>},
+    {GoodsColumn::Promotion,
+     "CONCAT_WS(CHAR(9),(SELECT act),action.val,IF((SELECT act)=1,(SELECT action.name FROM action WHERE "
+     "id=1),action.name))",
+     QT_TRANSLATE_NOOP("GoodsSearch", "акція"), 16, &asPromotion, &takePromotion},
+};
+
+constexpr bool isInOrder()
+{
+    int next = 0;
+    for (const Field &field : fields) {
+        if (static_cast<int>(field.column) != next++)
+            return false;
+    }
+    return next == static_cast<int>(GoodsColumn::Count);
+}
+static_assert(isInOrder());
 } // namespace
 
-namespace {
-/// The kind in force, its value and the promotion's own name.
-QString promotionOf(std::string_view stored)
+QString promotionShown(std::string_view stored)
 {
     const QString cell = QString::fromUtf8(stored.data(), static_cast<int>(stored.size()));
     const auto part = [&](int number) { return cell.section(QLatin1Char('\t'), number, number); };
     const int kind = part(0).toInt();
-    return kind == ReceiptRow::withoutAction ? part(2)
-                                             : promotionCaption(kind, part(1).toLongLong(), part(2));
+    return kind == GoodsItem::withoutAction ? part(2) : promotionCaption(kind, part(1).toLongLong(), part(2));
 }
-} // namespace
-
-const CellFormat asPromotion = {promotionOf, promotionOf, false};
 
 QString goodsListSql(const GoodsSearch &search)
 {
     const QString shop = QString::number(search.idShop);
-    return QStringLiteral("SELECT goods.id,dk_shc.shtrihcod,goods.name,goods_shop.count_showroom,"
-                          "goods_shop.count_syllable,goods.id_rules_goods,goods.type,goods.bonus_disk,"
-                          "goods.tax,") +
-           resolvedPrice(shop, QString::number(search.priority)) + QStringLiteral(" AS prc,") +
-           actionInForce(sqlDateTime(search.time),
-                         lit(QLatin1Char('%') + weekDayToken(search.time.date()) + QLatin1Char('%'))) +
-           // The name is looked up by the promotion's type, as the other programs on this database do.
-           QStringLiteral(
-               " AS act,action.val,action.val_1,action.val_2,"
-               "(SELECT action.name FROM action WHERE id=act),"
-               "CONCAT_WS(CHAR(9),(SELECT act),action.val,IF((SELECT act)=1,(SELECT action.name FROM action "
-               "WHERE id=1),action.name)) FROM goods_shop "
-               "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
-               "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
-               "LEFT JOIN action ON goods_shop.id_action=action.id WHERE goods_shop.id_shop=") +
+    QStringList selected;
+    for (const Field &field : fields)
+        selected.append(QLatin1String(field.sql));
+    return QStringLiteral("SELECT ") +
+           selected.join(QLatin1Char(','))
+               .arg(resolvedPrice(shop, QString::number(search.priority)),
+                    actionInForce(
+                        sqlDateTime(search.time),
+                        lit(QLatin1Char('%') + weekDayToken(search.time.date()) + QLatin1Char('%')))) +
+           QStringLiteral(" FROM goods_shop "
+                          "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
+                          "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
+                          "LEFT JOIN action ON goods_shop.id_action=action.id WHERE goods_shop.id_shop=") +
            shop +
            QStringLiteral(" AND goods.block=0 AND (goods.group_g<2 OR goods.group_g>5)"
                           " AND (goods.id_rules_goods=1 OR goods.id_rules_goods=2") +
@@ -122,25 +194,26 @@ QString goodsListSql(const GoodsSearch &search)
            QString::number(search.limit);
 }
 
-ReceiptRow receiptRow(const QStringList &cells)
+QVector<Column> goodsListColumns()
 {
-    ReceiptRow row;
-    row.idGoods = cells.at(GoodsColumn::Id).toUInt();
-    row.barcode = cells.at(GoodsColumn::Barcode);
-    row.name = cells.at(GoodsColumn::Name);
-    row.showroom = cells.at(GoodsColumn::Showroom).toLongLong();
-    row.syllable = cells.at(GoodsColumn::Syllable).toLongLong();
-    row.rules = cells.at(GoodsColumn::Rules).toInt();
-    row.type = cells.at(GoodsColumn::Type).toInt();
-    row.isDisk = cells.at(GoodsColumn::IsDisk).toInt();
-    row.tax = cells.at(GoodsColumn::Tax).toInt();
-    row.hasPrice = !cells.at(GoodsColumn::Price).isEmpty();
-    row.price = cells.at(GoodsColumn::Price).toLongLong();
-    row.actType = cells.at(GoodsColumn::ActType).toInt();
-    row.actVal = cells.at(GoodsColumn::ActVal).toLongLong();
-    row.actVal1 = cells.at(GoodsColumn::ActVal1).toLongLong();
-    row.actVal2 = cells.at(GoodsColumn::ActVal2).toLongLong();
-    row.actName = cells.at(GoodsColumn::ActName);
-    row.actOwnName = cells.at(GoodsColumn::Promotion).section(QLatin1Char('\t'), 2);
-    return row;
+    QVector<Column> columns;
+    for (const Field &field : fields) {
+        const bool isShown = field.caption != nullptr;
+        columns.append({isShown ? QCoreApplication::translate("GoodsSearch", field.caption) : QString(),
+                        field.digits, field.format, !isShown});
+    }
+    return columns;
+}
+
+GoodsItem goodsItem(const std::function<QString(int column)> &cell)
+{
+    GoodsItem item;
+    for (const Field &field : fields)
+        field.take(&item, cell(static_cast<int>(field.column)));
+    return item;
+}
+
+GoodsItem goodsItem(const QSqlQuery &query)
+{
+    return goodsItem([&](int column) { return toText(query.value(column)); });
 }

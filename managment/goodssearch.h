@@ -1,10 +1,14 @@
 #pragma once
 
 #include "columns.h"
-#include "receipt.h"
+#include "goodsitem.h"
 
 #include <QDateTime>
-#include <QStringList>
+#include <QVector>
+#include <functional>
+#include <string_view>
+
+class QSqlQuery;
 
 /// What the list of goods that can be put into a receipt is searched by.
 struct GoodsSearch
@@ -26,14 +30,8 @@ struct GoodsSearch
     int limit = 100;
 };
 
-/// The columns of that list. ActType is 1 for no promotion in force, else the kind of promotion
-/// (action.id_type_action, 2 "Знижка %"), never the number of a promotion; ActVal is action.val, of a
-/// percentage its hundredths of a per cent; what ActVal1 and ActVal2 (action.val_1, val_2) mean is up to
-/// other programs. ActName is the name of the promotion whose number is that of the kind, as other programs
-/// on this database look it up; Promotion says what the promotion in force does and its own name, shown as
-/// asPromotion.
-namespace GoodsColumn {
-enum {
+/// The columns of that list, in its order.
+enum class GoodsColumn {
     Id,
     Barcode,
     Name,
@@ -44,19 +42,27 @@ enum {
     IsDisk,
     Tax,
     Price,
+    /// 1 for no promotion in force, else its kind (action.id_type_action), never the number of a promotion.
     ActType,
+    /// action.val: of a percentage its hundredths of a per cent.
     ActVal,
+    /// What action.val_1 and val_2 mean is up to other programs.
     ActVal1,
     ActVal2,
+    /// The name of the promotion whose number is that of the kind, as other programs look it up.
     ActName,
+    /// What the promotion in force does, and its own name.
     Promotion,
     Count
 };
-}
 
 /// The statement of the list: everything typed is a literal in it.
 QString goodsListSql(const GoodsSearch &search);
-/// The caption of the promotion in a cell of GoodsColumn::Promotion.
-extern const CellFormat asPromotion;
-/// A row of the list, its cells as stored, as one piece or kilogram in a receipt.
-ReceiptRow receiptRow(const QStringList &cells);
+/// How the list is shown.
+QVector<Column> goodsListColumns();
+/// An item of the list; cell: the stored text of each column.
+GoodsItem goodsItem(const std::function<QString(int column)> &cell);
+/// The same out of the current row of the statement.
+GoodsItem goodsItem(const QSqlQuery &query);
+/// What stands in GoodsColumn::Promotion, as it is shown.
+QString promotionShown(std::string_view stored);

@@ -5,7 +5,7 @@
 #include "qmessdlg.h"
 #include "qqestion.h"
 #include "scancatcher.h"
-#include "scantail.h"
+#include "scanguard.h"
 
 #include <QKeyEvent>
 #include <QShortcut>

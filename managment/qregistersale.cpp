@@ -5,45 +5,152 @@
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
-#include "qrowmodel.h"
-#include "quantitydelegate.h"
-#include "queryservice.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
+#include "saleclock.h"
+#include "salekeys.h"
 
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QShortcut>
 #include <utility>
 
 QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                              QWidget *parent)
-    : QWidget(parent)
-    , ui(std::make_unique<Ui::QRegisterSale>())
-    , m_db(db)
-    , m_user(user)
-    , m_receiver(receiver)
-    , m_chek(new ReceiptModel(this))
-    , m_quantity(new QuantityDelegate(this))
-    , m_goods(new QRowModel(this))
-    , m_queries(new QueryOwner(db->connectionName(), this))
+    : QWidget(parent), ui(std::make_unique<Ui::QRegisterSale>()), m_db(db), m_user(user), m_receiver(receiver)
 {
     Q_UNUSED(set)
     ui->setupUi(this);
-    setUpGoods();
-    setUpChek();
-    m_payment = new SalePayment(db, receiver, ui->place, m_chek, this);
-    ui->shift->setUp(db, user, receiver, ui->place);
+    m_payment = new SalePayment(db, receiver, ui->place, ui->receipt->model(), this);
+    setUpParts(db, receiver);
     connectPlace();
-    connectClosing();
-    ui->place->setUp(db, user, receiver);
+    connectGoods();
     connectReceipt();
+    connectPayment();
+    connectClosing();
     connectKeys();
-    connectSearch();
-    connectFocus();
     orderTabs();
     salemode();
+    ui->place->setUp(db, user, receiver);
     showRights();
-    showReceipt();
     seerch(QString());
+}
+
+QRegisterSale::~QRegisterSale()
+{
+    tellTracker();
+    // A part that loses the focus on the way out would still tell of it.
+    const auto parts = findChildren<QObject *>();
+    for (const QObject *part : parts)
+        part->disconnect(this);
+}
+
+void QRegisterSale::setUpParts(QSqlDatabase *db, QObject *receiver)
+{
+    ui->shift->setUp(db, m_user, receiver, ui->place);
+    ui->goods->setUp(
+        db, m_user, receiver, this, [this] { return goodsScope(); },
+        [this](const GoodsItem &item) { return addGoods(item); });
+    ui->receipt->setUp(
+        m_user, [this] { return mayChange(); }, [this] { return settle(); });
+}
+
+void QRegisterSale::salemode()
+{
+    m_mode = GoodsSearch::Sale;
+    connect(ui->receipt, &ReceiptPane::sellPressed, this, &QRegisterSale::sale, Qt::UniqueConnection);
+}
+
+void QRegisterSale::connectPlace()
+{
+    ui->place->setGuard([this] { return leaveReceipt(); });
+    connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showRights);
+    connect(ui->place, &PlaceBar::goodsChanged, ui->goods, &GoodsPicker::refresh);
+    connect(ui->place, &PlaceBar::left, ui->goods, &GoodsPicker::focusSearch);
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
+    connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
+    connect(ui->splitter, &QSplitter::splitterMoved, ui->goods, &GoodsPicker::focusSearch);
+}
+
+void QRegisterSale::connectGoods()
+{
+    connect(ui->goods, &GoodsPicker::told, this, &QRegisterSale::notify);
+    connect(ui->goods, &GoodsPicker::notAdded, ui->notice, &NoticeBar::keep);
+    connect(ui->goods, &GoodsPicker::aboutToTake, ui->receipt, &ReceiptPane::settle);
+    ui->goods->searchField()->installEventFilter(this);
+    const QWidgetList fields = ui->place->fields() + ui->goods->fields() + ui->receipt->fields();
+    for (QWidget *field : fields)
+        field->installEventFilter(this);
+}
+
+void QRegisterSale::connectReceipt()
+{
+    connect(ui->receipt, &ReceiptPane::told, this, &QRegisterSale::notify);
+    connect(ui->receipt, &ReceiptPane::typed, ui->goods, &GoodsPicker::typeInto);
+    connect(ui->receipt, &ReceiptPane::left, ui->goods, &GoodsPicker::focusSearch);
+    connect(ui->receipt, &ReceiptPane::clearPressed, this, [this] {
+        if (mayChange())
+            leaveReceipt();
+        focusSearch();
+    });
+}
+
+void QRegisterSale::connectPayment()
+{
+    m_payment->setScope([this] { return goodsScope(); });
+    connect(m_payment, &SalePayment::told, this, &QRegisterSale::notify);
+    connect(m_payment, &SalePayment::sold, this, &QRegisterSale::afterSale);
+    connect(m_payment, &SalePayment::shiftRead, ui->shift, &ShiftBar::refresh);
+    connect(m_payment, &SalePayment::left, ui->goods, &GoodsPicker::focusSearch);
+}
+
+void QRegisterSale::connectClosing()
+{
+    ui->shift->setGuard([this] {
+        if (!settle())
+            return false;
+        const bool may = mayChange();
+        if (!may)
+            focusSearch();
+        return may;
+    });
+    ui->shift->setRefusal([this] {
+        return ui->receipt->receipt().isEmpty()
+                   ? QString()
+                   : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
+    });
+    connect(ui->shift, &ShiftBar::told, this, &QRegisterSale::notify);
+    connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellLater);
+    connect(ui->shift, &ShiftBar::placesChanged, ui->goods, &GoodsPicker::refresh);
+    connect(ui->shift, &ShiftBar::left, ui->goods, &GoodsPicker::focusSearch);
+}
+
+/// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
+void QRegisterSale::connectKeys()
+{
+    const auto onKey = [this](const QKeySequence &keys, void (QRegisterSale::*act)()) {
+        auto *shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    onKey(Qt::Key_Escape, &QRegisterSale::escape);
+    onKey(Qt::Key_F9, &QRegisterSale::sale);
+    onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
+    onKey(QKeySequence::Find, &QRegisterSale::focusSearch);
+}
+
+/// What a sale needs comes first, what is seldom changed last; across the parts.
+void QRegisterSale::orderTabs()
+{
+    QWidget *last = ui->goods->searchField();
+    for (const char *name :
+         {"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear", "cbShop", "cbKass",
+          "dateEdit", "sbPriority", "pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"}) {
+        auto *next = findChild<QWidget *>(QLatin1String(name));
+        setTabOrder(last, next);
+        last = next;
+    }
 }
 
 /// Also when they were read again.
@@ -51,23 +158,11 @@ void QRegisterSale::showRights()
 {
     const bool maySell = m_user->mayEdit(Permission::Sales);
     const QString why = tr("Лише перегляд: продавати може користувач з повним дозволом.");
-    for (QWidget *widget : QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->dsbDiscount}) {
-        widget->setEnabled(maySell);
-        widget->setToolTip(maySell ? QString() : why);
-    }
-    ui->pbSale->setEnabled(maySell && !ui->place->isClosingOnly());
+    ui->receipt->setMayChange(maySell, why);
+    ui->receipt->setMaySell(maySell && !ui->place->isClosingOnly());
     ui->shift->setMayClose(maySell, why);
     if (!maySell || ui->notice->text() == why)
         notify(maySell ? QString() : why);
-}
-
-void QRegisterSale::showReceipt()
-{
-    const Receipt &receipt = m_chek->receipt();
-    ui->dsbSum->setKopecks(receipt.total());
-    if (!isDiscountBegun())
-        showDiscount();
-    ui->lbToPay->setText(moneyShown(receipt.toPay()));
 }
 
 void QRegisterSale::notify(const QString &text)
@@ -83,14 +178,123 @@ bool QRegisterSale::confirm(const QString &title, const QString &text, const QSt
     return isAgreed;
 }
 
-Db QRegisterSale::db() const
-{
-    return Db(m_db, m_receiver);
-}
-
 ChekWriter QRegisterSale::writer(const char *file, int line) const
 {
-    return ChekWriter(db(), ui->place->place(), file, line);
+    return ChekWriter(Db(m_db, m_receiver), ui->place->place(), file, line);
+}
+
+GoodsSearch QRegisterSale::goodsScope() const
+{
+    ui->place->followToday();
+    GoodsSearch scope;
+    scope.idShop = ui->place->place().shop.toUInt();
+    scope.mode = m_mode;
+    scope.priority = ui->place->priority();
+    scope.time = SaleClock::at(ui->place->chosenDate());
+    return scope;
+}
+
+void QRegisterSale::seerch(const QString &text)
+{
+    ui->goods->search(text);
+}
+
+bool QRegisterSale::addGoods(const GoodsItem &item)
+{
+    notify(QString());
+    if (!mayChange())
+        return false;
+    if (!item.hasPrice) {
+        notify(tr("Товар «%1» не має ціни.").arg(item.name));
+        return false;
+    }
+    const bool isAdded = ui->receipt->add(ReceiptRow(item));
+    ui->goods->clearField();
+    return isAdded;
+}
+
+bool QRegisterSale::settle()
+{
+    const bool isReceiptSettled = ui->receipt->settle();
+    return ui->goods->settle() && isReceiptSettled;
+}
+
+/// A code that was typed and not confirmed: the receipt would be paid without its item.
+bool QRegisterSale::isCodeLeft()
+{
+    const QString code = ui->goods->codeLeft();
+    if (code.isEmpty())
+        return false;
+    notify(tr("Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.").arg(code));
+    focusSearch();
+    return true;
+}
+
+/// First what was told goes, then what is being typed, then the search, then, after a question, the receipt.
+void QRegisterSale::escape()
+{
+    const bool isTold = ui->notice->isKeeping();
+    ui->notice->forget();
+    notify(QString());
+    if (isTold || ui->receipt->isDiscountBegun()) {
+        ui->receipt->showDiscount();
+    } else if (ui->goods->hasText()) {
+        ui->goods->dropSearch();
+        ui->goods->clear();
+    } else if (mayChange()) {
+        leaveReceipt();
+    }
+    focusSearch();
+}
+
+void QRegisterSale::focusSearch()
+{
+    ui->goods->focusSearch();
+}
+
+void QRegisterSale::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    focusSearch();
+}
+
+/// Side by side where both grids have room for their columns.
+void QRegisterSale::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const bool isWide = width() > fontMetrics().averageCharWidth() * 250;
+    ui->splitter->setOrientation(isWide ? Qt::Horizontal : Qt::Vertical);
+}
+
+/// The empty search field has the keys of the receipt's current row.
+bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    if (watched == ui->goods->searchField())
+        return !ui->goods->hasText() && ui->receipt->rowKey(key);
+    return fieldKey(key, qobject_cast<const QComboBox *>(watched) != nullptr);
+}
+
+/// The fields around the grids: Enter leads back; a box of choices takes no digits.
+bool QRegisterSale::fieldKey(const QKeyEvent *key, bool isChoice)
+{
+    if (isEnterKey(key) && !isChoice)
+        QTimer::singleShot(0, this, &QRegisterSale::focusSearch);
+    const bool isDigit = isTypedKey(key) && key->text().at(0).isDigit();
+    if (isChoice && isDigit)
+        ui->goods->typeInto(key->text());
+    return isChoice && isDigit;
+}
+
+/// What no editor has taken.
+void QRegisterSale::keyPressEvent(QKeyEvent *event)
+{
+    if (isTypedKey(event) && !ui->goods->searchField()->hasFocus())
+        ui->goods->typeInto(event->text());
+    else
+        QWidget::keyPressEvent(event);
 }
 
 QString QRegisterSale::getIdNewCheck() const
@@ -123,8 +327,8 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
         const qint64 kopecks = text.toLongLong(&ok);
         return ok ? kopecks : -1;
     };
-    return m_payment->write(m_chek->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
-                                                whole(certificate), whole(fourth)});
+    return m_payment->write(ui->receipt->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
+                                                     whole(certificate), whole(fourth)});
 }
 
 void QRegisterSale::sale()
@@ -155,8 +359,7 @@ bool QRegisterSale::ClosePeriod()
 void QRegisterSale::afterSale(const SalePayment::Sold &sold)
 {
     clearReceipt();
-    ui->leSearch->clear();
-    seerch(QString());
+    ui->goods->clear();
     ui->shift->refresh();
     QString told = tr("Чек № %1, %2").arg(sold.number).arg(moneyShown(sold.toPay));
     if (sold.change != 0)
@@ -197,7 +400,7 @@ bool QRegisterSale::leaveReceipt()
         focusSearch();
         return false;
     }
-    if (m_chek->receipt().isEmpty())
+    if (ui->receipt->receipt().isEmpty())
         return true;
     if (!confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
                  tr("Очистити")))
@@ -209,10 +412,8 @@ bool QRegisterSale::leaveReceipt()
 /// The next receipt begins with nothing of this one.
 void QRegisterSale::clearReceipt()
 {
-    m_typed.reset();
     ui->notice->forget();
-    m_chek->clear();
-    showDiscount();
+    ui->receipt->clear();
     m_payment->beginReceipt();
     ui->place->backToToday();
 }

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "chekwriter.h"
-#include "columns.h"
 #include "goodssearch.h"
 #include "page.h"
 #include "salepayment.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -14,17 +12,13 @@ namespace Ui {
 class QRegisterSale;
 }
 class QLoadedUser;
-class QNTableView;
-class QuantityDelegate;
-class QRowModel;
 class QSqlDatabase;
-class ReceiptModel;
 class setting;
-class QueryOwner;
-struct QueryAnswer;
 
-/// The tab in which a sale is registered for a shop's cash register: the goods of the shop, the receipt, the
-/// payment. It can be worked with a scanner and the keyboard alone; the search field has the focus.
+/// The tab in which a sale is registered for a shop's cash register. It joins its parts: the place
+/// (PlaceBar), the goods (GoodsPicker), the receipt (ReceiptPane), the payment (SalePayment), the shift
+/// (ShiftBar) and what is told (NoticeBar). It can be worked with a scanner and the keyboard alone; the
+/// search field has the focus.
 class QRegisterSale : public QWidget, public Page
 {
     Q_OBJECT
@@ -33,9 +27,6 @@ public:
     /// receiver gets the messages.
     QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QRegisterSale() override;
-
-    /// An unclear receipt is told once more before it is out of sight; a receipt with goods is asked about.
-    bool mayClose() override;
 
     /// Sells, instead of receiving or moving goods.
     void salemode();
@@ -52,6 +43,9 @@ public:
     /// The same; without an open shift it opens one. Empty after a failure.
     QString getIdZ();
 
+    /// Asks about a receipt that would be lost or is not known to be written; not while one is paid.
+    bool mayClose() override;
+
 public slots:
     /// Checks the receipt, takes the payment and writes it.
     void sale();
@@ -66,8 +60,6 @@ public slots:
     bool ClosePeriod();
 
 signals:
-    /// The item that Enter waited for is there, or is known not to come.
-    void answered();
     /// Somebody wants to see, or to print, the slip of a receipt of that register (its id).
     void slipWanted(const QString &kass, int chek, bool print);
 
@@ -79,100 +71,45 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    static QVector<Column> goodsColumns();
-    void setUpGoods();
-    void setUpChek();
-    void setUpGrid(QNTableView *view, const QVector<int> &digits);
-    static QString widthsKey(const QNTableView *view);
-    static void spreadNames(QNTableView *view);
+    void setUpParts(QSqlDatabase *db, QObject *receiver);
     void connectPlace();
-    void connectClosing();
+    void connectGoods();
     void connectReceipt();
+    void connectPayment();
+    void connectClosing();
     void connectKeys();
-    void connectSearch();
-    void connectFocus();
     void orderTabs();
-    void showReceipt();
+    void showRights();
     void notify(const QString &text);
     bool confirm(const QString &title, const QString &text, const QString &actCaption);
-    void tellLater(const QStringList &tables);
-    void tellTracker();
-    void showRights();
 
-    Db db() const;
     ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
-    GoodsSearch goodsSearch(GoodsSearch::By by, const QString &text) const;
+    GoodsSearch goodsScope() const;
+    bool addGoods(const GoodsItem &item);
+    void focusSearch();
+    bool fieldKey(const QKeyEvent *key, bool isChoice);
 
     /// Ends what the hand has begun: a quantity or a discount that is being typed, an item that Enter waits
     /// for. False, with the reason shown, when something of it did not come into the receipt.
     bool settle();
-    bool settleQuantity();
-    bool settleDiscount();
-    bool settleSearch();
     bool isCodeLeft();
-    void takeScans();
-    void notAdded(const QString &why);
-
     /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
     bool mayChange();
-    void afterSale(const SalePayment::Sold &sold);
     /// True when the receipt is empty, or the user agreed to lose it.
     bool leaveReceipt();
     void clearReceipt();
-
-    void loadList(const QString &text);
-    void enter();
-    void dropSearch();
-    void showFound(const std::shared_ptr<QueryAnswer> &found);
-    void answerEnter(int count);
-    bool addScanned(const QString &barcode);
-    void addListed(int row);
-    void addGoods(const ReceiptRow &row);
-    bool confirmStock();
-    bool changeQuantity(int row, const QString &text);
-    bool setQuantity(int row, qint64 thousandths);
-    void stepQuantity(qint64 thousandths);
-    void editQuantity(const QString &text = QString());
-    void removeRow();
-    void discountTyped();
-    bool isDiscountBegun() const;
-    void showDiscount();
     void escape();
-    void focusSearch();
 
-    bool searchKey(const QKeyEvent *key);
-    bool goodsKey(const QKeyEvent *key);
-    bool chekKey(const QKeyEvent *key);
-    bool quantityKey(const QKeyEvent *key);
-    bool fieldKey(const QKeyEvent *key, bool isChoice);
-    void typeIntoSearch(const QKeyEvent *key);
+    void afterSale(const SalePayment::Sold &sold);
+    void tellLater(const QStringList &tables);
+    void tellTracker();
 
     std::unique_ptr<Ui::QRegisterSale> ui;
     QSqlDatabase *m_db;
     QLoadedUser *m_user;
     QObject *m_receiver;
-    ReceiptModel *m_chek;
     SalePayment *m_payment = nullptr;
-    QuantityDelegate *m_quantity;
-    QRowModel *m_goods;
-    QueryOwner *m_queries;
-    QTimer m_searchDelay;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
-    /// For this Enter was pressed before the list was there.
-    std::optional<QString> m_waited;
-    /// What Enter asked for last; empty once something else is typed.
-    QString m_asked;
-    /// A quantity that left its editor and is not in the receipt yet.
-    struct TypedQuantity
-    {
-        int row;
-        QString text;
-    };
-    std::optional<TypedQuantity> m_typed;
-    /// Scanned while a question was open.
-    QStringList m_scans;
-    bool m_isTakingScans = false;
-    qint64 m_shownDiscount = 0;
     /// Written to, and not told to other programs yet.
     QStringList m_changedTables;
 };

@@ -15,24 +15,6 @@ qint64 ReceiptRow::actDiscount() const
     return shareOf(sum(), qMin<qint64>(actVal, 10000));
 }
 
-QString promotionCaption(int kind, qint64 value, const QString &name)
-{
-    if (kind != ReceiptRow::percentAction)
-        return QCoreApplication::translate("Receipt", "%1 (без знижки)").arg(name);
-    QString rate = rateText(qMin<qint64>(value, 10000));
-    while (rate.contains(QLatin1Char('.')) &&
-           (rate.endsWith(QLatin1Char('0')) || rate.endsWith(QLatin1Char('.'))))
-        rate.chop(1);
-    return QStringLiteral("\u2212%1\u00a0% %2").arg(rate, name).trimmed();
-}
-
-QString promotionCaption(const ReceiptRow &row)
-{
-    return row.actType == ReceiptRow::withoutAction
-               ? row.actName
-               : promotionCaption(row.actType, row.actVal, row.actOwnName);
-}
-
 QVector<qint64> inProportion(qint64 sum, const QVector<qint64> &weights)
 {
     const qint64 all = std::accumulate(weights.begin(), weights.end(), qint64(0));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "goodsitem.h"
 #include "money.h"
 
 #include <QCoreApplication>
@@ -8,52 +9,20 @@
 #include <array>
 
 /// One sold position. Money in kopecks, quantities in thousandths.
-struct ReceiptRow
+struct ReceiptRow : GoodsItem
 {
-    /// type_goods: anything else is sold by weight.
-    static constexpr int pieceGoods = 1;
-    /// type_action
-    static constexpr int withoutAction = 1;
-    static constexpr int percentAction = 2;
+    ReceiptRow() = default;
+    /// One piece or kilogram.
+    explicit ReceiptRow(const GoodsItem &item) : GoodsItem(item) {}
 
-    quint32 idGoods = 0;
-    /// Empty when the goods item has none.
-    QString barcode;
-    QString name;
-    qint64 showroom = 0;
-    qint64 syllable = 0;
-    int rules = 0;
-    int type = 0;
-    /// Whether a discount beyond that of a promotion may be given.
-    int isDisk = 0;
-    int tax = 0;
     qint64 quantity = 1000;
-    int actType = withoutAction;
-    /// Of a percentage promotion: its hundredths of a per cent.
-    qint64 actVal = 0;
-    qint64 actVal1 = 0;
-    qint64 actVal2 = 0;
-    /// The name of the promotion whose number is that of the kind, as other programs look it up.
-    QString actName;
-    /// That of the promotion itself.
-    QString actOwnName;
-    /// False when neither the goods item nor a price list tells a price.
-    bool hasPrice = true;
-    qint64 price = 0;
     /// Computed by the receipt.
     qint64 discount = 0;
 
     qint64 sum() const;
     /// What the promotion in force takes off.
     qint64 actDiscount() const;
-    bool isPiece() const { return type == pieceGoods; }
 };
-
-/// What a promotion does, and its name: "−15 % Хлібний тиждень". kind: type_action; value: of a percentage
-/// its hundredths of a per cent.
-QString promotionCaption(int kind, qint64 value, const QString &name);
-/// Of the row's promotion in force; without one the name that the list has for that.
-QString promotionCaption(const ReceiptRow &row);
 
 /// A receipt that is being filled: its rows, sums and rules. The discount of the receipt is always the sum
 /// of those of its rows, as far as the rows may carry it.

@@ -10,38 +10,87 @@ QString quantityOf(const ReceiptRow &row)
                                                      : quantityText(row.quantity);
 }
 
-QString cellText(const ReceiptRow &row, int column)
+template<auto member>
+QString number(const ReceiptRow &row)
 {
-    const qint64 numbers[ReceiptModel::Count] = {
-        row.idGoods, 0,       0, row.showroom, row.syllable, row.rules,   row.type,
-        row.isDisk,  row.tax, 0, row.actType,  row.actVal,   row.actVal1, row.actVal2};
-    switch (column) {
-    case ReceiptModel::Barcode:
-        return row.barcode;
-    case ReceiptModel::Name:
-        return row.name;
-    case ReceiptModel::Showroom:
-    case ReceiptModel::Syllable:
-        return quantityShown(numbers[column]);
-    case ReceiptModel::Quantity:
-        return quantityOf(row);
-    case ReceiptModel::ActName:
-        return promotionCaption(row);
-    case ReceiptModel::Price:
-        return moneyShown(row.price);
-    case ReceiptModel::Sum:
-        return moneyShown(row.sum());
-    case ReceiptModel::Discount:
-        return moneyShown(row.discount);
-    default:
-        return QString::number(numbers[column]);
-    }
+    return QString::number(row.*member);
 }
 
-bool isText(int column)
+template<auto member>
+QString words(const ReceiptRow &row)
 {
-    return column == ReceiptModel::Barcode || column == ReceiptModel::Name || column == ReceiptModel::ActName;
+    return row.*member;
 }
+
+template<auto member>
+QString stock(const ReceiptRow &row)
+{
+    return quantityShown(row.*member);
+}
+
+QString promotion(const ReceiptRow &row)
+{
+    return promotionCaption(row);
+}
+
+QString price(const ReceiptRow &row)
+{
+    return moneyShown(row.price);
+}
+
+QString sum(const ReceiptRow &row)
+{
+    return moneyShown(row.sum());
+}
+
+QString discount(const ReceiptRow &row)
+{
+    return moneyShown(row.discount);
+}
+
+/// A column: how it is headed, how many digits it has room for (0: never shown), what it shows of a row.
+struct Field
+{
+    ReceiptModel::ReceiptColumn column;
+    const char *caption;
+    int digits;
+    QString (*text)(const ReceiptRow &row);
+    bool isText = false;
+};
+
+constexpr Field fields[] = {
+    {ReceiptModel::Id, QT_TRANSLATE_NOOP("ReceiptModel", " код "), 5, &number<&ReceiptRow::idGoods>},
+    {ReceiptModel::Barcode, QT_TRANSLATE_NOOP("ReceiptModel", "   штрихкод   "), 13,
+     &words<&ReceiptRow::barcode>, true},
+    {ReceiptModel::Name, QT_TRANSLATE_NOOP("ReceiptModel", "        назва        "), 18,
+     &words<&ReceiptRow::name>, true},
+    {ReceiptModel::Showroom, QT_TRANSLATE_NOOP("ReceiptModel", "зал"), 7, &stock<&ReceiptRow::showroom>},
+    {ReceiptModel::Syllable, QT_TRANSLATE_NOOP("ReceiptModel", "склад"), 7, &stock<&ReceiptRow::syllable>},
+    {ReceiptModel::Rules, "rules", 0, &number<&ReceiptRow::rules>},
+    {ReceiptModel::Type, "type", 0, &number<&ReceiptRow::type>},
+    {ReceiptModel::IsDisk, "isDisk", 0, &number<&ReceiptRow::isDisk>},
+    {ReceiptModel::Tax, "tax", 0, &number<&ReceiptRow::tax>},
+    {ReceiptModel::Quantity, QT_TRANSLATE_NOOP("ReceiptModel", "кількість"), 8, &quantityOf},
+    {ReceiptModel::ActType, "act_type", 0, &number<&ReceiptRow::actType>},
+    {ReceiptModel::ActVal, "act_val", 0, &number<&ReceiptRow::actVal>},
+    {ReceiptModel::ActVal1, "act_val2", 0, &number<&ReceiptRow::actVal1>},
+    {ReceiptModel::ActVal2, "act_val3", 0, &number<&ReceiptRow::actVal2>},
+    {ReceiptModel::ActName, QT_TRANSLATE_NOOP("ReceiptModel", "акція"), 9, &promotion, true},
+    {ReceiptModel::Price, QT_TRANSLATE_NOOP("ReceiptModel", "  ціна  "), 8, &price},
+    {ReceiptModel::Sum, QT_TRANSLATE_NOOP("ReceiptModel", "  вартість  "), 9, &sum},
+    {ReceiptModel::Discount, QT_TRANSLATE_NOOP("ReceiptModel", "Знижка"), 7, &discount},
+};
+
+constexpr bool isInOrder()
+{
+    int next = 0;
+    for (const Field &field : fields) {
+        if (static_cast<int>(field.column) != next++)
+            return false;
+    }
+    return next == static_cast<int>(ReceiptModel::Count);
+}
+static_assert(isInOrder());
 } // namespace
 
 void ReceiptModel::add(const ReceiptRow &row)
@@ -113,10 +162,10 @@ QVariant ReceiptModel::data(const QModelIndex &index, int role) const
     if (role == Qt::EditRole && index.column() == Quantity)
         return quantityOf(row);
     if (role == Qt::DisplayRole || role == Qt::EditRole)
-        return cellText(row, index.column());
+        return fields[index.column()].text(row);
     if (role == Qt::ToolTipRole && index.column() == Name)
         return row.name;
-    if (role == Qt::TextAlignmentRole && !isText(index.column()))
+    if (role == Qt::TextAlignmentRole && !fields[index.column()].isText)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
 }
@@ -140,23 +189,13 @@ QVariant ReceiptModel::headerData(int section, Qt::Orientation orientation, int 
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractTableModel::headerData(section, orientation, role);
-    const QString captions[Count] = {tr(" код "),
-                                     tr("   штрихкод   "),
-                                     tr("        назва        "),
-                                     tr("зал"),
-                                     tr("склад"),
-                                     QStringLiteral("rules"),
-                                     QStringLiteral("type"),
-                                     QStringLiteral("isDisk"),
-                                     QStringLiteral("tax"),
-                                     tr("кількість"),
-                                     QStringLiteral("act_type"),
-                                     QStringLiteral("act_val"),
-                                     QStringLiteral("act_val2"),
-                                     QStringLiteral("act_val3"),
-                                     tr("акція"),
-                                     tr("  ціна  "),
-                                     tr("  вартість  "),
-                                     tr("Знижка")};
-    return captions[section];
+    return tr(fields[section].caption);
+}
+
+QVector<Column> ReceiptModel::columns()
+{
+    QVector<Column> columns;
+    for (const Field &field : fields)
+        columns.append({tr(field.caption), field.digits, &asText, field.digits == 0});
+    return columns;
 }

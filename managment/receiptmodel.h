@@ -1,5 +1,6 @@
 #pragma once
 
+#include "columns.h"
 #include "receipt.h"
 
 #include <QAbstractTableModel>
@@ -33,6 +34,9 @@ public:
     };
 
     using QAbstractTableModel::QAbstractTableModel;
+
+    /// For the grid: captions and widths; those that a sale does not show are hidden.
+    static QVector<Column> columns();
 
     const Receipt &receipt() const { return m_receipt; }
     void add(const ReceiptRow &row);

@@ -1,7 +1,5 @@
 #include "registerwriter.h"
 
-#include <QSqlRecord>
-
 bool RegisterWriter::run(const QString &sql) const
 {
     return m_db.run(sql, {}, {}, m_file, m_line).has_value();

@@ -24,10 +24,7 @@ std::optional<QHash<quint32, ReceiptRow>> soldNow(const Db &db, const GoodsSearc
         return std::nullopt;
     QHash<quint32, ReceiptRow> rows;
     while (query->next()) {
-        QStringList cells;
-        for (int i = 0; i < GoodsColumn::Count; ++i)
-            cells.append(toText(query->value(i)));
-        const ReceiptRow row = receiptRow(cells);
+        const ReceiptRow row(goodsItem(*query));
         if (!rows.contains(row.idGoods))
             rows.insert(row.idGoods, row);
     }

@@ -9,22 +9,6 @@
 #include <QLineEdit>
 
 namespace {
-/// The longest pause between two keys of a scanner, and the shortest code.
-constexpr qint64 pauseMs = 80;
-constexpr int shortestCode = 8;
-
-bool isDigit(const QKeyEvent *key)
-{
-    return !key->isAutoRepeat() && key->text().size() == 1 && key->text().at(0) >= QLatin1Char('0') &&
-           key->text().at(0) <= QLatin1Char('9');
-}
-
-/// What a scanner is set to send behind a code.
-bool isEnd(const QKeyEvent *key)
-{
-    return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Tab;
-}
-
 bool isBox(const QObject *window)
 {
     return qobject_cast<const QQestion *>(window) != nullptr ||
@@ -42,7 +26,6 @@ QLineEdit *editorOf(QWidget *focus)
 
 ScanCatcher::ScanCatcher(QWidget *area) : QObject(area), m_area(area)
 {
-    m_clock.start();
     qApp->installEventFilter(this);
 }
 
@@ -56,22 +39,14 @@ bool ScanCatcher::eventFilter(QObject *watched, QEvent *event)
         return false;
     auto *focus = static_cast<QWidget *>(watched);
     const auto *key = static_cast<QKeyEvent *>(event);
-    // The system's time of the key holds even when the window was busy and the keys come all at once.
-    const qint64 time = key->timestamp() != 0 ? static_cast<qint64>(key->timestamp()) : m_clock.elapsed();
-    const bool isFast = time - m_lastKey <= pauseMs;
-    m_lastKey = time;
-    if (isDigit(key)) {
-        if (!isFast || m_code.isEmpty())
-            begin(focus);
-        m_code += key->text();
-        return false;
-    }
-    const bool isScan = isEnd(key) && isFast && m_code.size() >= shortestCode && covers(focus);
-    const QString code = m_code;
-    m_code.clear();
+    const bool isNext = m_pace.take(*key);
+    const ScanPace::Kind kind = ScanPace::kindOf(*key);
+    if (kind == ScanPace::Digit && m_pace.code().size() == 1)
+        begin(focus);
+    const bool isScan = kind == ScanPace::End && isNext && m_pace.isCode() && covers(focus);
     if (isScan) {
         takeBack(focus);
-        emit scanned(code);
+        emit scanned(m_pace.code());
     }
     return isScan;
 }
@@ -88,7 +63,6 @@ bool ScanCatcher::covers(QWidget *focus) const
 
 void ScanCatcher::begin(QWidget *focus)
 {
-    m_code.clear();
     m_field = focus;
     const QLineEdit *line = editorOf(focus);
     m_textBefore = line != nullptr ? line->text() : QString();

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "scanpace.h"
+
 #include <QObject>
 #include <QPointer>
 
-class QKeyEvent;
 class QLineEdit;
 class QWidget;
 
@@ -30,9 +30,7 @@ private:
     void takeBack(QWidget *focus);
 
     QWidget *m_area;
-    QElapsedTimer m_clock;
-    qint64 m_lastKey = 0;
-    QString m_code;
+    ScanPace m_pace;
     QPointer<QWidget> m_field;
     QString m_textBefore;
 };

@@ -13,35 +13,36 @@ bool typesText(const QKeyEvent &key)
 }
 } // namespace
 
-ScanGuard::ScanGuard(QWidget *window) : QObject(window), m_window(window)
+KeyGuard::KeyGuard(QWidget *window) : QObject(window), m_window(window)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool ScanGuard::keysCount() const
-{
-    return m_appeared.isValid() && m_appeared.hasExpired(appearedMs) &&
-           (!m_swallowed.isValid() || m_swallowed.hasExpired(quietMs));
-}
-
-bool ScanGuard::isStray(const QKeyEvent &key) const
-{
-    return !keysCount() || typesText(key);
-}
-
-bool ScanGuard::eventFilter(QObject *watched, QEvent *event)
+bool KeyGuard::eventFilter(QObject *watched, QEvent *event)
 {
     // A window may take its time between being shown and getting the keys.
     if (watched == m_window && (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate))
         m_appeared.start();
-    const bool isShortcut = event->type() == QEvent::ShortcutOverride;
-    if (!isShortcut && event->type() != QEvent::KeyPress)
+    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
         return false;
     auto *widget = qobject_cast<QWidget *>(watched);
     auto *key = static_cast<QKeyEvent *>(event);
     if (widget == nullptr || widget->window() != m_window || !isStray(*key))
         return false;
     m_swallowed.start();
-    key->setAccepted(isShortcut);
+    // Taken here, it is nobody's shortcut either.
+    key->accept();
     return true;
+}
+
+bool ScanGuard::isStray(const QKeyEvent &key)
+{
+    return !keysCount() || typesText(key);
+}
+
+bool ScanTail::isStray(const QKeyEvent &key)
+{
+    const bool isNext = m_pace.take(key);
+    m_isOver = m_isOver || ScanPace::kindOf(key) == ScanPace::Other || (isShownFor(appearedMs) && !isNext);
+    return !m_isOver;
 }

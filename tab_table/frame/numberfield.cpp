@@ -10,12 +10,6 @@
 #include <QToolTip>
 
 namespace {
-/// No hand types so many digits of a code one so soon behind the other.
-constexpr int betweenDigitsMs = 60;
-/// The Enter or Tab of a scanner comes within that time behind its last digit.
-constexpr int endOfCodeMs = 100;
-constexpr int shortestCode = 8;
-
 struct Kind
 {
     bool (*read)(const QString &, qint64 *);
@@ -41,11 +35,6 @@ const Kind &kindOf(NumberKind kind)
          QT_TRANSLATE_NOOP("NumberField", "%1 схоже на штрихкод, а не на відсотки. Їх вводять так: 17,5."),
          QT_TRANSLATE_NOOP("NumberField", "«%1» не є числом відсотків. Їх вводять так: 17,5.")}};
     return kinds[static_cast<int>(kind)];
-}
-
-bool isDigit(QChar c)
-{
-    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 } // namespace
 
@@ -78,7 +67,6 @@ NumberField::NumberField(QLineEdit *field, NumberKind kind, qint64 minimum, qint
     , m_minimum(minimum)
     , m_maximum(maximum)
 {
-    m_clock.start();
     field->installEventFilter(this);
     connect(field, &QLineEdit::textChanged, this, &NumberField::showState);
     showState();
@@ -122,7 +110,7 @@ qint64 NumberField::units() const
 
 QString NumberField::refusal() const
 {
-    return m_isScan ? tr(kindOf(m_kind).scanned).arg(m_burst) : refusalOf(text(), nullptr);
+    return m_isScan ? tr(kindOf(m_kind).scanned).arg(m_pace.code()) : refusalOf(text(), nullptr);
 }
 
 void NumberField::showState()
@@ -133,51 +121,33 @@ void NumberField::showState()
     m_describedBy->setAccessibleDescription(why);
 }
 
-/// Keys may wait in the queue while the program works: their own time tells how fast they were typed.
-qint64 NumberField::timeOf(const QKeyEvent &key) const
-{
-    return key.timestamp() != 0 ? static_cast<qint64>(key.timestamp()) : m_clock.elapsed();
-}
-
 bool NumberField::takesKey(const QKeyEvent &key)
 {
-    const qint64 now = timeOf(key);
-    const qint64 since = m_lastKey == 0 ? endOfCodeMs : now - m_lastKey;
-    m_lastKey = now;
-    const bool isDigitKey = key.text().size() == 1 && isDigit(key.text().at(0)) && !key.isAutoRepeat();
-    const bool isEnd = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Tab;
-    if (m_isScan && (isDigitKey ? since <= betweenDigitsMs : isEnd && since < endOfCodeMs)) {
-        if (isDigitKey)
-            m_burst += key.text();
-        keepOut();
-        return true;
+    const bool isNext = m_pace.take(key);
+    const ScanPace::Kind kind = ScanPace::kindOf(key);
+    const bool goesOn = m_isScan && isNext && kind != ScanPace::Other;
+    if (m_isScan && !goesOn) {
+        m_isScan = false;
+        showState();
     }
-    forgetScan();
-    if (!isDigitKey) {
-        m_burst.clear();
-        return false;
-    }
-    countDigit(key.text().at(0), since <= betweenDigitsMs);
-    if (m_burst.size() >= shortestCode)
+    if (kind == ScanPace::Digit && m_pace.code().size() == 1 && !goesOn)
+        rememberField();
+    m_isScan = goesOn || (kind == ScanPace::Digit && m_pace.isCode());
+    if (m_isScan)
         keepOut();
     return m_isScan;
 }
 
-void NumberField::countDigit(QChar digit, bool isBurst)
+void NumberField::rememberField()
 {
-    if (!isBurst || m_burst.isEmpty()) {
-        m_burst.clear();
-        m_textBefore = text();
-        m_cursorBefore = m_field->cursorPosition();
-        m_selectionBefore = m_field->selectionStart();
-        m_selectedBefore = m_field->selectedText().size();
-    }
-    m_burst += digit;
+    m_textBefore = text();
+    m_cursorBefore = m_field->cursorPosition();
+    m_selectionBefore = m_field->selectionStart();
+    m_selectedBefore = m_field->selectedText().size();
 }
 
 void NumberField::keepOut()
 {
-    m_isScan = true;
     if (text() != m_textBefore)
         m_field->setText(m_textBefore);
     m_field->setCursorPosition(m_cursorBefore);
@@ -193,7 +163,7 @@ void NumberField::forgetScan()
     if (!m_isScan)
         return;
     m_isScan = false;
-    m_burst.clear();
+    m_pace.forget();
     showState();
 }
 

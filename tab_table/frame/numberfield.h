@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "scanpace.h"
+
 #include <QObject>
 
 class QKeyEvent;
@@ -53,8 +54,7 @@ protected:
 
 private:
     QString text() const;
-    qint64 timeOf(const QKeyEvent &key) const;
-    void countDigit(QChar digit, bool isBurst);
+    void rememberField();
     void keepOut();
 
     QLineEdit *m_field;
@@ -65,12 +65,10 @@ private:
     qint64 m_maximum;
     bool m_mayBeEmpty = false;
     /// The digits that came faster than a hand types, and the field before the first of them.
-    QString m_burst;
+    ScanPace m_pace;
     QString m_textBefore;
     int m_cursorBefore = 0;
     int m_selectionBefore = -1;
     int m_selectedBefore = 0;
     bool m_isScan = false;
-    qint64 m_lastKey = 0;
-    QElapsedTimer m_clock;
 };

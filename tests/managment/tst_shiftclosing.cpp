@@ -5,7 +5,7 @@
 #include "qqestion.h"
 #include "qregistersale.h"
 #include "saleshop.h"
-#include "scantail.h"
+#include "scanguard.h"
 #include "shiftcloser.h"
 
 #include <QComboBox>
@@ -417,7 +417,7 @@ void TstShiftClosing::scansInTheForm()
     // A scanner that sends no Enter.
     in<QWidget>(form.get(), "dsbCounted")->setFocus();
     typeText(text("4820000000109"));
-    QTest::qWait(ScanTail::gapMs + 20);
+    QTest::qWait(ScanPace::gapMs + 20);
     QCOMPARE(fieldsOf(form.get()), before);
     // Enter leads through the fields to the button.
     in<QWidget>(form.get(), "dsbCounted")->setFocus();
