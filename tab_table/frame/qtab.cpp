@@ -228,7 +228,7 @@ void QTab::openEditor(const QString &id)
     const bool isSaved = editor->exec() == QDialog::Accepted;
     // A question that closes together with the editor leaves some window managers without an active window.
     window()->activateWindow();
-    if (isSaved)
+    if (isSaved || editor->wasWritten())
         refreshRecord(edited, id.isEmpty());
     else if (editor->isUnclear())
         followUnclear();

@@ -60,20 +60,15 @@ QString shownOf(InputForm form, const QString &stored)
 }
 } // namespace
 
-RecordDialog::RecordDialog(const Db &db, const QString &table, QString *id, QWidget *parent)
-    : EditDialog(parent), m_db(db), m_table(table), m_id(id != nullptr ? id : &m_newId)
+RecordDialog::RecordDialog(const Db &db, const RecordStatements &statements, QString *id, QWidget *parent)
+    : EditDialog(parent), m_db(db), m_statements(statements), m_id(id != nullptr ? id : &m_newId)
 {
 }
 
-void RecordDialog::setInputs(const QVector<RecordInput> &inputs, const QString &query)
+bool RecordDialog::load(const QVector<RecordInput> &inputs)
 {
     m_inputs = inputs;
-    m_query = query;
     setRecordTitle(*m_id);
-}
-
-bool RecordDialog::load()
-{
     limitLengths();
     m_isLoaded = true;
     if (isNew())
@@ -96,10 +91,10 @@ void RecordDialog::limitLengths()
     auto lengths = m_db.run(
         QStringLiteral("select COLUMN_NAME,CHARACTER_MAXIMUM_LENGTH from INFORMATION_SCHEMA.COLUMNS WHERE "
                        "TABLE_NAME = %1 AND TABLE_SCHEMA=DATABASE()")
-            .arg(lit(m_table)),
+            .arg(lit(m_statements.table)),
         {},
         tr("Помилка при запиті отримання максимального розміру поля") + QLatin1Char(' ') + tr("в таблиці") +
-            QLatin1Char(' ') + m_table);
+            QLatin1Char(' ') + m_statements.table);
     while (lengths && lengths->next()) {
         const int length = lengths->value(1).toInt();
         for (const RecordInput &input : m_inputs) {
@@ -112,7 +107,7 @@ void RecordDialog::limitLengths()
 
 std::optional<RecordFields> RecordDialog::read(const QString &id) const
 {
-    auto row = m_db.run(m_query + id);
+    auto row = m_db.run(m_statements.read + id);
     if (!row)
         return std::nullopt;
     RecordFields fields;
@@ -120,7 +115,7 @@ std::optional<RecordFields> RecordDialog::read(const QString &id) const
         return fields;
     for (const RecordInput &input : m_inputs) {
         const QString column = QLatin1String(input.column);
-        const QVariant value = row->value(m_table + QLatin1Char('.') + column);
+        const QVariant value = row->value(m_statements.table + QLatin1Char('.') + column);
         const QString stored = value.isNull() ? QString() : toText(value);
         const QString shown = input.name != nullptr ? toText(row->value(QLatin1String(input.name)))
                                                     : shownOf(input.form, stored);
@@ -191,14 +186,25 @@ Db::Values RecordDialog::boundValues(bool isUpdate) const
     return values;
 }
 
-bool RecordDialog::insertWith(const QString &sql, const Db::Values &values, QString *id) const
+bool RecordDialog::insertRecord(QString *id)
 {
-    if (!m_db.run(sql, values))
+    Db::Values values = boundValues(false);
+    if (m_statements.insert.contains(QLatin1String("(:id,")))
+        values.append({QStringLiteral(":id"), nullIfEmpty(*id)});
+    if (!m_db.run(m_statements.insert, values))
         return false;
+    // After an id that was given, the server still tells the one that it made up before.
+    if (!id->isEmpty())
+        return true;
     const auto made = m_db.lastInsertId();
     if (made)
         *id = QString::number(*made);
     return made.has_value();
+}
+
+bool RecordDialog::updateRecord(const QString &id)
+{
+    return m_db.run(m_statements.update + id, boundValues(true)).has_value();
 }
 
 void RecordDialog::showField(const QString &key, const std::optional<RecordField> &value)
@@ -236,7 +242,7 @@ bool RecordDialog::isFree(const UniqueValue &value)
     const auto owner = m_db.firstText(value.sql + others, value.values);
     if (!owner || owner->isEmpty())
         return owner.has_value();
-    const QString name = m_db.firstText(nameQuery() + *owner).value_or(QString());
+    const QString name = m_db.firstText(m_statements.name + *owner).value_or(QString());
     value.field->setFocus();
     warn(value.refusal + QLatin1Char('\n') +
          tr("Поле \"%1\": таке значення має запис №%2 \"%3\".").arg(fieldName(value.field), *owner, name));
@@ -320,7 +326,7 @@ QString RecordDialog::storedOtherwise(const RecordField &stored) const
 
 QStringList RecordDialog::lockStatements(const QString &id) const
 {
-    return {QStringLiteral("SELECT id FROM %1 WHERE id=%2 FOR UPDATE").arg(m_table, id)};
+    return {QStringLiteral("SELECT id FROM %1 WHERE id=%2 FOR UPDATE").arg(m_statements.table, id)};
 }
 
 bool RecordDialog::lock(const QString &id) const
@@ -363,4 +369,5 @@ void RecordDialog::takeOver()
 {
     *m_id = m_sentId;
     m_read = m_sent;
+    m_wasWritten = true;
 }

@@ -38,6 +38,20 @@ struct RecordInput
     const char *updatePlaceholder = nullptr;
 };
 
+/// The table of a record and the statements of its editor; the id is added to all but the INSERT.
+struct RecordStatements
+{
+    QString table;
+    /// "SELECT ... WHERE shops.id=": every column of the inputs under its own name.
+    QString read;
+    /// With ":id" first where the record may get an id of the user's choice.
+    QString insert;
+    /// "UPDATE ... WHERE shops.id="
+    QString update;
+    /// "SELECT address FROM shops WHERE id=": what people call the record.
+    QString name;
+};
+
 /// A value that no other record may have.
 struct UniqueValue
 {
@@ -58,19 +72,18 @@ class RecordDialog : public EditDialog
 
 public:
     /// id: the record, empty or null for a new one; after a save it holds the id that the record has.
-    RecordDialog(const Db &db, const QString &table, QString *id, QWidget *parent);
+    RecordDialog(const Db &db, const RecordStatements &statements, QString *id, QWidget *parent);
 
     /// False when there is nothing to edit, which was told.
     bool isLoaded() const { return m_isLoaded; }
     bool isNew() const { return m_id->isEmpty(); }
+    /// True when the record was written, even if the dialog was cancelled afterwards.
+    bool wasWritten() const { return m_wasWritten; }
 
 protected:
-    /// The inputs, and the query that reads their columns: "SELECT ... WHERE shops.id=", to which the id is
-    /// added. To be given once, before load().
-    void setInputs(const QVector<RecordInput> &inputs, const QString &query);
-    /// Limits lines to what their columns hold; reads an old record and shows it.
-    bool load();
-    void setLoaded(bool isLoaded) { m_isLoaded = isLoaded; }
+    /// Shows the record in these inputs: limits lines to what their columns hold; reads an old record and
+    /// shows it. False when there is nothing to edit.
+    bool load(const QVector<RecordInput> &inputs);
 
     /// The record as the database holds it; empty when there is none, nothing after a reported failure.
     virtual std::optional<RecordFields> read(const QString &id) const;
@@ -79,24 +92,18 @@ protected:
     /// Puts one value into its input; `value` is nothing for a row that is to go.
     virtual void showField(const QString &key, const std::optional<RecordField> &value);
     virtual QVector<UniqueValue> uniqueValues() const { return {}; }
-    /// "SELECT address FROM shops WHERE id=": what people call the record of the id that is added.
-    virtual QString nameQuery() const { return QString(); }
 
-    /// Sends the INSERT, and puts the id that the record got into *id; or the UPDATE of the id.
-    virtual bool insertRecord(QString *id) = 0;
-    virtual bool updateRecord(const QString &id) = 0;
+    /// Sends the INSERT: with *id where that is not empty, else *id becomes what the server made up.
+    virtual bool insertRecord(QString *id);
+    virtual bool updateRecord(const QString &id);
     /// Locks what belongs to the record until the transaction ends; for that it waits for others.
     virtual QStringList lockStatements(const QString &id) const;
     /// The tables that a save changes, for the other programs.
-    virtual QStringList changedTables() const { return {m_table}; }
+    virtual QStringList changedTables() const { return {m_statements.table}; }
     /// Why the write has failed, or has stored something else than was chosen, when the editor knows better:
     /// for the user. Empty when it does not.
     virtual QString failureWords() { return QString(); }
 
-    /// Bound values of all inputs, for the INSERT or the UPDATE.
-    Db::Values boundValues(bool isUpdate) const;
-    /// Runs the INSERT and puts the id that the server made up into *id.
-    bool insertWith(const QString &sql, const Db::Values &values, QString *id) const;
     const Db &db() const { return m_db; }
     const QString &id() const { return *m_id; }
     /// As it was read last; empty for a new record.
@@ -107,6 +114,7 @@ protected:
     void takeOver() override;
 
 private:
+    Db::Values boundValues(bool isUpdate) const;
     void limitLengths();
     bool isUnique();
     bool isFree(const UniqueValue &value);
@@ -120,12 +128,12 @@ private:
     QString shownValue(const RecordInput &input) const;
 
     const Db m_db;
-    const QString m_table;
+    const RecordStatements m_statements;
     QString m_newId;
     QString *m_id;
-    QString m_query;
     QVector<RecordInput> m_inputs;
     bool m_isLoaded = false;
+    bool m_wasWritten = false;
     RecordFields m_read;
     /// As others have changed it since; empty when they have not.
     RecordFields m_theirs;

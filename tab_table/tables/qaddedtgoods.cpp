@@ -24,17 +24,35 @@ void mark(QLineEdit *field, bool isRefused)
     field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
 }
 
-QString recordQuery()
+RecordStatements statements()
 {
-    return QStringLiteral(
-        "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
-        "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
-        "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
-        "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
-        "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
-        "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
-        "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id WHERE "
-        "goods.id=");
+    // The NULL stamps the row with the time of the change.
+    return {
+        QStringLiteral("goods"),
+        QStringLiteral(
+            "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
+            "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
+            "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
+            "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
+            "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
+            "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
+            "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id WHERE "
+            "goods.id="),
+        QStringLiteral(
+            "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
+            "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
+            "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
+            "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
+            "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
+            "FROM yesno WHERE name=:block))"),
+        QStringLiteral(
+            "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM "
+            "type_goods WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),"
+            "tax=(SELECT id FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE "
+            "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
+            "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
+            "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id="),
+        QStringLiteral("SELECT name FROM goods WHERE id=")};
 }
 
 void chooseData(QComboBox *box, uint data)
@@ -45,19 +63,18 @@ void chooseData(QComboBox *box, uint data)
 
 QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops,
                            QObject *receiver, QWidget *parent)
-    : RecordDialog(Db(db, receiver), QStringLiteral("goods"), id, parent), ui(new Ui::QAddEdtGoods)
+    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(new Ui::QAddEdtGoods)
 {
     Q_UNUSED(tab)
     ui->setupUi(this);
     for (QComboBox *box :
          {ui->cbType, ui->cbGroup, ui->cbTax, ui->cbRules, ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock})
         keepNarrow(box);
-    setInputs(inputs(), recordQuery());
     buildFields();
     fillLists();
     fillPriceLists(shops);
     connectFields();
-    if (!load())
+    if (!load(inputs()))
         return;
     // What is too long for a register is cut and coloured.
     ui->leShortName->setMaxLength(shortNameLength + 1);
@@ -444,39 +461,17 @@ QStringList QAddEdtGoods::lockStatements(const QString &id) const
 
 bool QAddEdtGoods::insertRecord(QString *id)
 {
-    const quint64 wanted = ui->leId->text().toULongLong();
-    const QString sql = QStringLiteral(
-        "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
-        "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
-        "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
-        "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
-        "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
-        "FROM yesno WHERE name=:block))");
-    Db::Values values = boundValues(false);
-    values.append({QStringLiteral(":id"), wanted == 0 ? QVariant(QVariant::ULongLong) : QVariant(wanted)});
     m_step = Step::Item;
-    // After an id that was given, the server still tells the one that it made up before.
-    if (wanted == 0)
-        return insertWith(sql, values, id) && writeRows(*id);
-    *id = QString::number(wanted);
-    return db().run(sql, values) && writeRows(*id);
+    const quint64 wanted = ui->leId->text().toULongLong();
+    if (wanted != 0)
+        *id = QString::number(wanted);
+    return RecordDialog::insertRecord(id) && writeRows(*id);
 }
 
 bool QAddEdtGoods::updateRecord(const QString &id)
 {
     m_step = Step::Item;
-    // The NULL stamps the row with the time of the change.
-    return db().run(
-               QStringLiteral(
-                   "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM "
-                   "type_goods WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),"
-                   "tax=(SELECT id FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE "
-                   "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
-                   "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
-                   "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id=") +
-                   id,
-               boundValues(true)) &&
-           writeRows(id);
+    return RecordDialog::updateRecord(id) && writeRows(id);
 }
 
 bool QAddEdtGoods::writeRows(const QString &id)

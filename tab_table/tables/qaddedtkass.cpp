@@ -12,22 +12,35 @@
 #include <QSignalBlocker>
 
 namespace {
-QString recordQuery()
+RecordStatements statements()
 {
-    return QStringLiteral(
-        "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.cashdrive_code,yesno.name,"
-        "group_shop.name,yesno2.name,kassa.ip_address,kassa.id_type, kassa.info_block, kassa.marka, "
-        "kassa.model, kassa.number, shops.network_shop,kassa.id_shop,kassa.head_edit,kassa.block,(SELECT name "
-        "FROM type_device WHERE id=kassa.id_type) AS type_name FROM kassa LEFT JOIN shops ON "
-        "kassa.id_shop=shops.id LEFT JOIN yesno ON kassa.block=yesno.id LEFT JOIN yesno AS yesno2 ON "
-        "kassa.head_edit=yesno2.id LEFT JOIN group_shop ON group_shop.id=shops.group_shop WHERE kassa.id=");
+    return {
+        QStringLiteral("kassa"),
+        QStringLiteral(
+            "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.cashdrive_code,yesno.name,"
+            "group_shop.name,yesno2.name,kassa.ip_address,kassa.id_type, kassa.info_block, kassa.marka, "
+            "kassa.model, kassa.number, shops.network_shop,kassa.id_shop,kassa.head_edit,kassa.block,(SELECT name "
+            "FROM type_device WHERE id=kassa.id_type) AS type_name FROM kassa LEFT JOIN shops ON "
+            "kassa.id_shop=shops.id LEFT JOIN yesno ON kassa.block=yesno.id LEFT JOIN yesno AS yesno2 ON "
+            "kassa.head_edit=yesno2.id LEFT JOIN group_shop ON group_shop.id=shops.group_shop WHERE kassa.id="),
+        QStringLiteral("INSERT INTO kassa(id_shop,advertising_str,cashdrive_code,head_edit,block,info_block,"
+                       "marka,model,number,ip_address,id_type) VALUES((SELECT id FROM shops WHERE "
+                       "address=:shop),:adver,:cashdriv,(SELECT id FROM yesno WHERE name=:head_edit),(SELECT "
+                       "id FROM yesno WHERE name=:block),:info_block,:marka,:model,:number,:ip_address,"
+                       ":id_type)"),
+        QStringLiteral("UPDATE kassa SET id_shop=(SELECT id FROM shops WHERE address=:addr),"
+                       "advertising_str=:adver,cashdrive_code=:cashdr,head_edit=(SELECT id FROM yesno WHERE "
+                       "name=:head_edit),block=(SELECT id FROM yesno WHERE name=:block),"
+                       "info_block=:info_block,marka=:marka,model=:model,number=:number,"
+                       "ip_address=:ip_address,id_type=:id_type WHERE kassa.id="),
+        QStringLiteral("SELECT CONCAT_WS(', ',shops.address,kassa.advertising_str) FROM kassa LEFT JOIN "
+                       "shops ON shops.id=kassa.id_shop WHERE kassa.id=")};
 }
 } // namespace
 
 QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QString &group,
                          QObject *receiver, QWidget *parent, unsigned int id_shop)
-    : RecordDialog(Db(db, receiver), QStringLiteral("kassa"), id, parent)
-    , ui(std::make_unique<Ui::QAddEdtKass>())
+    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(std::make_unique<Ui::QAddEdtKass>())
 {
     ui->setupUi(this);
     ui->leMarka->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
@@ -35,9 +48,8 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{3}")), this));
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbType})
         keepNarrow(box, 24);
-    setInputs(inputs(), recordQuery());
     connectFields();
-    if (!fillLists(tab) || !load())
+    if (!fillLists(tab) || !load(inputs()))
         return;
     if (isNew())
         preset(group, id_shop);
@@ -89,12 +101,12 @@ bool QAddEdtKass::fillLists(const QTabKass *tab)
     if (!fillCombo(ui->cbType, db(), QStringLiteral("SELECT name,id FROM type_device")))
         return false;
     ui->cbType->addItem(tr("інше"));
+    const auto yesNo = readEntries(db(), QStringLiteral("SELECT name,id FROM yesno"));
     for (QComboBox *box : {ui->cbHeadEdit, ui->cbBlock}) {
-        if (!fillCombo(box, db(), QStringLiteral("SELECT name,id FROM yesno")))
-            return false;
+        showEntries(box, yesNo.value_or(ListEntries()));
         box->setCurrentIndex(box->findData(0));
     }
-    return true;
+    return yesNo.has_value();
 }
 
 void QAddEdtKass::preset(const QString &group, unsigned int id_shop)
@@ -198,35 +210,4 @@ QVector<UniqueValue> QAddEdtKass::uniqueValues() const
              QStringLiteral("SELECT id FROM kassa WHERE cashdrive_code=:cashdriv"),
              {{QStringLiteral(":cashdriv"), nullIfEmpty(ui->leCashDrive->text())}},
              tr("Код CashDrive повинен бути унікальним!")}};
-}
-
-QString QAddEdtKass::nameQuery() const
-{
-    return QStringLiteral("SELECT CONCAT_WS(', ',shops.address,kassa.advertising_str) FROM kassa LEFT JOIN "
-                          "shops ON shops.id=kassa.id_shop WHERE kassa.id=");
-}
-
-bool QAddEdtKass::insertRecord(QString *id)
-{
-    return insertWith(
-        QStringLiteral("INSERT INTO kassa(id_shop,advertising_str,cashdrive_code,head_edit,block,info_block,"
-                       "marka,model,number,ip_address,id_type) VALUES((SELECT id FROM shops WHERE "
-                       "address=:shop),:adver,:cashdriv,(SELECT id FROM yesno WHERE name=:head_edit),(SELECT "
-                       "id FROM yesno WHERE name=:block),:info_block,:marka,:model,:number,:ip_address,"
-                       ":id_type)"),
-        boundValues(false), id);
-}
-
-bool QAddEdtKass::updateRecord(const QString &id)
-{
-    return db()
-        .run(QStringLiteral(
-                 "UPDATE kassa SET id_shop=(SELECT id FROM shops WHERE address=:addr),"
-                 "advertising_str=:adver,cashdrive_code=:cashdr,head_edit=(SELECT id FROM yesno WHERE "
-                 "name=:head_edit),block=(SELECT id FROM yesno WHERE name=:block),"
-                 "info_block=:info_block,marka=:marka,model=:model,number=:number,"
-                 "ip_address=:ip_address,id_type=:id_type WHERE kassa.id=") +
-                 id,
-             boundValues(true))
-        .has_value();
 }

@@ -32,10 +32,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     QString refusal() const override;
     QVector<UniqueValue> uniqueValues() const override;
-    QString nameQuery() const override;
     void showField(const QString &key, const std::optional<RecordField> &value) override;
-    bool insertRecord(QString *id) override;
-    bool updateRecord(const QString &id) override;
 
 private:
     QVector<RecordInput> inputs() const;

@@ -13,30 +13,42 @@ enum Type { OrdinaryShop, Store, Office };
 const int storeCycle = 0;
 const int officeCycle = -1;
 
-QString recordQuery()
+RecordStatements statements()
 {
-    return QStringLiteral(
-        "SELECT shops.address,shops.name,shops.one_str_title,shops.two_str_title,shops.three_str_title,"
-        "shops.four_str_title,shops.one_str_bottom,shops.two_str_bottom,shops.network_shop,group_shop.name,"
-        "day_update.name,yesno.name,shops.count_day_cycle,shops.group_shop,shops.day_update,shops.block FROM "
-        "shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id LEFT JOIN day_update ON "
-        "shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id WHERE shops.id=");
+    return {
+        QStringLiteral("shops"),
+        QStringLiteral(
+            "SELECT shops.address,shops.name,shops.one_str_title,shops.two_str_title,shops.three_str_title,"
+            "shops.four_str_title,shops.one_str_bottom,shops.two_str_bottom,shops.network_shop,group_shop.name,"
+            "day_update.name,yesno.name,shops.count_day_cycle,shops.group_shop,shops.day_update,shops.block FROM "
+            "shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id LEFT JOIN day_update ON "
+            "shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id WHERE shops.id="),
+        QStringLiteral("INSERT INTO shops(address,name,group_shop,day_update,one_str_title,two_str_title,"
+                       "three_str_title,four_str_title,one_str_bottom,two_str_bottom,network_shop,"
+                       "count_day_cycle,block) VALUES(:addr,:name,(SELECT id FROM group_shop WHERE "
+                       "name=:group),(SELECT id FROM day_update WHERE name=:day),:title1,:title2,:title3,"
+                       ":title4,:end1,:end2,:network,:day_cycle,(SELECT id FROM yesno WHERE name=:block))"),
+        QStringLiteral("UPDATE shops SET address=:addr,name=:name,group_shop=(SELECT id FROM group_shop "
+                       "WHERE name=:group),day_update=(SELECT id FROM day_update WHERE name=:day),"
+                       "one_str_title=:title1,two_str_title=:title2,three_str_title=:title3,"
+                       "four_str_title=:title4,one_str_bottom=:end1,two_str_bottom=:end2,"
+                       "network_shop=:network,count_day_cycle=:count_day_cycle,block=(SELECT id FROM yesno "
+                       "WHERE name=:block) WHERE shops.id="),
+        QStringLiteral("SELECT address FROM shops WHERE id=")};
 }
 } // namespace
 
 QAddEdtShop::QAddEdtShop(QTabShops *tab, QLoadedUser *user, QSqlDatabase *db, QString *id, QObject *receiver,
                          QWidget *parent)
-    : RecordDialog(Db(db, receiver), QStringLiteral("shops"), id, parent)
-    , ui(std::make_unique<Ui::QAddEdtShop>())
+    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(std::make_unique<Ui::QAddEdtShop>())
 {
     ui->setupUi(this);
     ui->leAddress->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
     ui->leTitle1->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
     for (QComboBox *box : {ui->cbGroup, ui->cbDay})
         keepNarrow(box);
-    setInputs(inputs(), recordQuery());
     connectFields();
-    if (!fillLists(user) || !load())
+    if (!fillLists(user) || !load(inputs()))
         return;
     if (isNew())
         presetNew(tab->chosenGroup());
@@ -153,35 +165,4 @@ QVector<UniqueValue> QAddEdtShop::uniqueValues() const
              QStringLiteral("SELECT id FROM shops WHERE network_shop=:network"),
              {{QStringLiteral(":network"), nullIfEmpty(network)}},
              tr("Шлюз %1 вже має інший магазин!").arg(network)}};
-}
-
-QString QAddEdtShop::nameQuery() const
-{
-    return QStringLiteral("SELECT address FROM shops WHERE id=");
-}
-
-bool QAddEdtShop::insertRecord(QString *id)
-{
-    return insertWith(
-        QStringLiteral("INSERT INTO shops(address,name,group_shop,day_update,one_str_title,two_str_title,"
-                       "three_str_title,four_str_title,one_str_bottom,two_str_bottom,network_shop,"
-                       "count_day_cycle,block) VALUES(:addr,:name,(SELECT id FROM group_shop WHERE "
-                       "name=:group),(SELECT id FROM day_update WHERE name=:day),:title1,:title2,:title3,"
-                       ":title4,:end1,:end2,:network,:day_cycle,(SELECT id FROM yesno WHERE name=:block))"),
-        boundValues(false), id);
-}
-
-bool QAddEdtShop::updateRecord(const QString &id)
-{
-    return db()
-        .run(QStringLiteral(
-                 "UPDATE shops SET address=:addr,name=:name,group_shop=(SELECT id FROM group_shop "
-                 "WHERE name=:group),day_update=(SELECT id FROM day_update WHERE name=:day),"
-                 "one_str_title=:title1,two_str_title=:title2,three_str_title=:title3,"
-                 "four_str_title=:title4,one_str_bottom=:end1,two_str_bottom=:end2,"
-                 "network_shop=:network,count_day_cycle=:count_day_cycle,block=(SELECT id FROM yesno "
-                 "WHERE name=:block) WHERE shops.id=") +
-                 id,
-             boundValues(true))
-        .has_value();
 }

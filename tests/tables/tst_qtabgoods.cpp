@@ -1,6 +1,5 @@
-#include "testing.h"
+#include "workplace.h"
 
-#include "changesdialog.h"
 #include "goodspricedelegate.h"
 #include "goodspricetable.h"
 #include "qaddedtgoods.h"
@@ -21,7 +20,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 namespace {
 const char *const milk = "4820000000017";
@@ -51,8 +49,8 @@ class TstQTabGoods : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase() { m_base.reset(); }
+    void initTestCase() { m_place = std::make_unique<Workplace>(); }
+    void cleanupTestCase() { m_place.reset(); }
     void init();
     void cleanup();
 
@@ -79,7 +77,6 @@ private slots:
     void hiddenColumnsOfPricesStay();
     void renamedMeanwhileIsRefused_data();
     void renamedMeanwhileIsRefused();
-    void changedByOthersIsNotWrittenOver();
     void whatIsMissingMayStayMissing();
     void goodsAreOfferedToShops();
     void searchFinds_data();
@@ -97,36 +94,27 @@ private:
     static QStringList shown(const QTabGoods &tab);
     static bool loaded(QTab *tab, const std::function<void()> &act);
 
-    QTemporaryDir m_config;
-    std::unique_ptr<FreshDatabase> m_base;
-    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<Workplace> m_place;
+    FreshDatabase *m_base = nullptr;
     std::unique_ptr<QTabGoods> m_tab;
     QString m_id;
 };
 
-void TstQTabGoods::initTestCase()
-{
-    qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8());
-    m_base = std::make_unique<FreshDatabase>();
-    m_base->exec(QStringList{"INSERT INTO group_goods(id,name) VALUES(2,'Молочні'),(3,'Хліб')",
-                             "INSERT INTO group_shop(id,name) VALUES(2,'Північ'),(3,'Південь')",
-                             "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'вул. Ліська, 1',1,0),"
-                             "(2,'вул. Нова, 2',2,0),(3,'вул. Далека, 3',3,0)"});
-}
-
 void TstQTabGoods::init()
 {
-    m_base->exec(QStringList{
-        "DELETE FROM goods_shop", "DELETE FROM prices", "DELETE FROM goods",
-        "INSERT INTO goods(id,name,name_short,price,price_in,type,group_g,tax,id_rules_goods,block,info) "
-        "VALUES(7,'Молоко 2,5%','Молоко',4250,3900,1,2,1,1,0,'від місцевих'),"
-        "(8,'Хліб \"Бородинський\"','Хліб',2800,0,1,3,2,2,0,NULL)",
-        "INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(7,'4820000000017'),(7,'12345670'),(8,'4820000000024')",
-        "INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(1,13,1) "
-        "ON DUPLICATE KEY UPDATE permission=1",
-        "INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)"});
-    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
-    QVERIFY(m_user->load(m_base->connection(), "1", "1", QString()));
+    m_place->clear();
+    m_base = &m_place->base;
+    m_base->exec(
+        {"DELETE FROM lst_group WHERE id_group=3", "DELETE FROM group_goods WHERE id>1",
+         "INSERT INTO group_goods(id,name) VALUES(2,'Молочні'),(3,'Хліб')",
+         "UPDATE group_shop SET name=ELT(id,'default','Північ','Південь','Чужа')",
+         "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'вул. Ліська, 1',1,0),(2,'вул. Нова, 2',2,0),"
+         "(3,'вул. Далека, 3',3,0)",
+         "INSERT INTO goods(id,name,name_short,price,price_in,type,group_g,tax,id_rules_goods,block,info) "
+         "VALUES(7,'Молоко 2,5%','Молоко',4250,3900,1,2,1,1,0,'від місцевих'),"
+         "(8,'Хліб \"Бородинський\"','Хліб',2800,0,1,3,2,2,0,NULL)",
+         "INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(7,'4820000000017'),(7,'12345670'),(8,'4820000000024')"});
+    m_place->logIn(Permission::Goods);
     m_tab = openTab();
     m_base->heard.forget();
 }
@@ -135,7 +123,6 @@ void TstQTabGoods::cleanup()
 {
     Db::setStatementHook(nullptr);
     m_tab.reset();
-    m_user.reset();
 }
 
 bool TstQTabGoods::loaded(QTab *tab, const std::function<void()> &act)
@@ -148,7 +135,7 @@ bool TstQTabGoods::loaded(QTab *tab, const std::function<void()> &act)
 std::unique_ptr<QTabGoods> TstQTabGoods::openTab()
 {
     auto tab =
-        std::make_unique<QTabGoods>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+        std::make_unique<QTabGoods>(m_base->connection(), m_place->user(), &m_base->heard, nullptr, nullptr);
     tab->setPermission(Permission::Goods);
     if (!loaded(tab.get(), [] {}))
         qFatal("The goods list has not come");
@@ -746,21 +733,6 @@ void TstQTabGoods::renamedMeanwhileIsRefused()
     QVERIFY2(fillAndSave(editor.get(), "Сир", {}), "with the names as they were it is saved");
 }
 
-void TstQTabGoods::changedByOthersIsNotWrittenOver()
-{
-    const QStringList others = {"UPDATE goods SET price=9900 WHERE id=7",
-                                "INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(7,'4820000000031')",
-                                "INSERT INTO prices(id_goods,id_shop,id_group,price) VALUES(7,0,1,1)"};
-    for (const QString &other : others) {
-        const auto editor = openEditor("7");
-        m_base->exec(other);
-        const QStringList before = m_base->rows(wholeItem);
-        QVERIFY(withModal<ChangesDialog>([&] { fillAndSave(editor.get(), "Сир", {}); },
-                                         [](ChangesDialog *dialog) { dialog->reject(); }));
-        QCOMPARE(m_base->rows(wholeItem), before);
-    }
-}
-
 void TstQTabGoods::whatIsMissingMayStayMissing()
 {
     m_base->exec({"DELETE FROM dk_shc WHERE id_goods=7",
@@ -899,7 +871,7 @@ void TstQTabGoods::editorRefreshesItsRows()
 void TstQTabGoods::viewerOnlyLooks()
 {
     m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_prem=13");
-    QVERIFY(m_user->reload(m_base->connection()));
+    QVERIFY(m_place->user()->reload(m_base->connection()));
     m_tab->Add();
     const QStringList before = m_base->rows(wholeItem);
     const bool opened =
@@ -921,7 +893,7 @@ void TstQTabGoods::stockOfPermittedShopsOnly()
 {
     m_base->exec("INSERT INTO goods_shop(id_shop,id_goods,count_showroom,count_syllable) VALUES(1,7,2500,0),"
                  "(2,7,1000,-250),(2,8,1,1),(3,7,9,9)");
-    QTabGoodsShops tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    QTabGoodsShops tab(m_base->connection(), m_place->user(), &m_base->heard, nullptr, nullptr);
     const auto rows = [&] {
         QStringList list;
         for (int row = 0; row < tab.model()->rowCount(); ++row)
@@ -946,12 +918,12 @@ void TstQTabGoods::stockOfPermittedShopsOnly()
     QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->setText("Ліська"); }));
     QVERIFY(rows().isEmpty());
     m_base->exec("DELETE FROM lst_group");
-    QVERIFY(m_user->reload(m_base->connection()));
+    QVERIFY(m_place->user()->reload(m_base->connection()));
     QVERIFY(loaded(&tab, [&] { child<QLineEdit>(&tab, "leSearch")->clear(); }));
     QVERIFY(rows().isEmpty());
     // Nothing but the shop that the user works in.
-    QVERIFY(m_user->load(m_base->connection(), "1", "1", "3"));
-    QTabGoodsShops own(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    QVERIFY(m_place->user()->load(m_base->connection(), "1", "1", "3"));
+    QTabGoodsShops own(m_base->connection(), m_place->user(), &m_base->heard, nullptr, nullptr);
     QVERIFY(loaded(&own, [] {}));
     QCOMPARE(child<QComboBox>(&own, "cbShop")->count(), 2);
     QCOMPARE(own.model()->rowCount(), 1);

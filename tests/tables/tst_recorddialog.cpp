@@ -80,6 +80,7 @@ private slots:
     void endBlanksAreNoChange();
     void sameNewValueAtOnce();
     void trackerGoesWithTheRecord();
+    void writtenAndThenCancelledIsShown();
 
 private:
     void editShop(const std::function<void(QAddEdtShop *)> &drive);
@@ -551,6 +552,38 @@ void TstRecordDialog::trackerGoesWithTheRecord()
         QCOMPARE(base().rows("SELECT name FROM updat WHERE updat>'2020-01-01'"),
                  breaks ? QStringList() : QStringList("shops"));
     }
+}
+
+/// The answer to the first save was lost; it had arrived, and the second one was refused.
+void TstRecordDialog::writtenAndThenCancelledIsShown()
+{
+    QTabShops tab(m_place->connection(), m_place->user(), &base().heard, m_place->settings(), nullptr);
+    tab.setPermission(Permission::Shops);
+    QTRY_VERIFY(!tab.isLoading());
+    QVERIFY(withModal<QAddEdtShop>([&] { tab.Add(); },
+                                   [&](QAddEdtShop *editor) {
+                                       enter(editor, "leAddress", "Одеса");
+                                       enter(editor, "cbGroup", "Захід");
+                                       bool isLost = false;
+                                       Db::setStatementHook([&](const QString &sql) {
+                                           if (sql == "COMMIT" && !isLost) {
+                                               isLost = true;
+                                               base().exec("COMMIT AND CHAIN");
+                                               base().killConnection();
+                                           } else if (isLost && sql.endsWith("FOR UPDATE")) {
+                                               base().exec("RENAME TABLE shops TO away");
+                                           }
+                                       });
+                                       QVERIFY(saveMeets(editor).contains("невідомо, чи запис збережено"));
+                                       Db::setStatementHook(nullptr);
+                                       base().exec("RENAME TABLE away TO shops");
+                                       enter(editor, "leAddress", "Київ");
+                                       QVERIFY(
+                                           saveMeets(editor).startsWith("Адреса магазину вже існує в базі!"));
+                                       answerConfirm([&] { editor->reject(); }, true);
+                                   }));
+    QCOMPARE(tab.model()->rowCount(), 3);
+    QCOMPARE(tab.model()->stored(2, 1), QString("Одеса"));
 }
 
 QTEST_MAIN(TstRecordDialog)
