@@ -1,6 +1,5 @@
 #include "editdialog.h"
 
-#include "db.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
 #include "typedinput.h"
@@ -130,29 +129,14 @@ QString EditDialog::linesRefusal() const
 {
     const auto fields = findChildren<QLineEdit *>();
     for (auto *field : fields) {
-        const bool isTyped = !field->isReadOnly() && field->text() != m_shownTexts.value(field);
+        const bool isTyped = !field->isReadOnly() && field->text() != m_shownTexts.value(field) &&
+                             field->text() != storedText(field);
         if (isTyped && hasControlCharacters(field->text())) {
             field->setFocus();
             return controlCharactersRefusal(fieldName(field));
         }
     }
     return QString();
-}
-
-void EditDialog::showStored(QLineEdit *field, const QVariant &stored)
-{
-    if (stored.isNull())
-        m_nulls.insert(field);
-    else
-        m_nulls.remove(field);
-    field->setText(toText(stored));
-    m_shownTexts.insert(field, field->text());
-}
-
-QVariant EditDialog::typed(const QLineEdit *field) const
-{
-    const QString text = field->text();
-    return m_nulls.contains(field) ? nullIfEmpty(text) : QVariant(text);
 }
 
 void EditDialog::setRecordTitle(const QString &id)

@@ -2,8 +2,6 @@
 
 #include <QDialog>
 #include <QHash>
-#include <QSet>
-#include <QVariant>
 #include <optional>
 
 class QLineEdit;
@@ -64,11 +62,6 @@ protected:
     /// "Редагування запису №12", or "Додавання нового запису" without an id.
     void setRecordTitle(const QString &id);
 
-    /// Shows a stored text and remembers whether it was NULL.
-    void showStored(QLineEdit *field, const QVariant &stored);
-    /// The text of a field to bind: an empty one that was NULL stays NULL.
-    QVariant typed(const QLineEdit *field) const;
-
 private:
     void fitOnScreen();
     bool askWhetherArrived();
@@ -79,5 +72,4 @@ private:
     bool m_wasShown = false;
     QStringList m_shown;
     QHash<const QLineEdit *, QString> m_shownTexts;
-    QSet<const QLineEdit *> m_nulls;
 };

@@ -1,8 +1,6 @@
 #include "recorddialog.h"
 
 #include "changesdialog.h"
-#include "combos.h"
-#include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
 #include "servererror.h"
@@ -10,54 +8,11 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSpinBox>
 
 namespace {
 /// So long somebody who saves waits for a server that has gone silent.
 const int patienceMs = 3000;
 
-QString moneyStored(const QLineEdit *field)
-{
-    qint64 kopecks = 0;
-    return kopecksFromText(field->text(), &kopecks) ? QString::number(kopecks) : QString();
-}
-
-QString orNull(const QString &text)
-{
-    return text.isEmpty() ? QString() : text;
-}
-
-bool isSpecial(const QSpinBox *spin)
-{
-    return !spin->specialValueText().isEmpty() && spin->value() == spin->minimum();
-}
-
-/// Chooses the entry of that id, which is added when the list does not offer it: an entry that the user does
-/// not see would be lost with the next save.
-void showEntry(QComboBox *box, const RecordField &entry)
-{
-    int found = -1;
-    for (int i = 0; i < box->count() && found < 0; ++i) {
-        if (toText(box->itemData(i)) == entry.stored)
-            found = i;
-    }
-    if (found < 0 && !entry.stored.isEmpty()) {
-        box->addItem(entry.shown, entry.stored);
-        found = box->count() - 1;
-    }
-    box->setCurrentIndex(found);
-}
-
-void showNumber(QSpinBox *spin, const QString &stored)
-{
-    spin->setValue(stored.isNull() ? spin->minimum() : stored.toInt());
-}
-
-/// As people read a stored value that is no entry of a list.
-QString shownOf(InputForm form, const QString &stored)
-{
-    return form == InputForm::Money && !stored.isNull() ? moneyText(stored.toLongLong()) : stored;
-}
 } // namespace
 
 RecordDialog::RecordDialog(const Db &db, const RecordStatements &statements, QString *id, QWidget *parent)
@@ -98,8 +53,8 @@ void RecordDialog::limitLengths()
     while (lengths && lengths->next()) {
         const int length = lengths->value(1).toInt();
         for (const RecordInput &input : m_inputs) {
-            const bool isText = input.form == InputForm::Text || input.form == InputForm::Trimmed;
-            if (isText && length > 0 && toText(lengths->value(0)) == QLatin1String(input.column))
+            if (isPlainText(input.form) && length > 0 &&
+                toText(lengths->value(0)) == QLatin1String(input.column))
                 qobject_cast<QLineEdit *>(input.input)->setMaxLength(length);
         }
     }
@@ -118,7 +73,7 @@ std::optional<RecordFields> RecordDialog::read(const QString &id) const
         const QVariant value = row->value(m_statements.table + QLatin1Char('.') + column);
         const QString stored = value.isNull() ? QString() : toText(value);
         const QString shown = input.name != nullptr ? toText(row->value(QLatin1String(input.name)))
-                                                    : shownOf(input.form, stored);
+                                                    : shownText(input.form, stored);
         fields.append({column, fieldName(input.input), stored, shown, QVariant()});
     }
     return fields;
@@ -128,51 +83,9 @@ RecordFields RecordDialog::entered() const
 {
     RecordFields fields;
     for (const RecordInput &input : m_inputs)
-        fields.append({QLatin1String(input.column), fieldName(input.input), valueOf(input), shownValue(input),
-                       QVariant()});
+        fields.append({QLatin1String(input.column), fieldName(input.input), storedFrom(input),
+                       shownFrom(input), QVariant()});
     return fields;
-}
-
-QString RecordDialog::valueOf(const RecordInput &input) const
-{
-    const auto *line = qobject_cast<QLineEdit *>(input.input);
-    switch (input.form) {
-    case InputForm::Text:
-        return typed(line).toString();
-    case InputForm::Trimmed:
-        return typed(line).toString().trimmed();
-    case InputForm::OrNull:
-        return orNull(line->text());
-    case InputForm::Address:
-        return orNull(typedAddress(line));
-    case InputForm::Money:
-        return moneyStored(line);
-    case InputForm::Entry:
-    case InputForm::EntryId:
-        return orNull(chosenItem(qobject_cast<QComboBox *>(input.input)).id);
-    case InputForm::Number:
-        break;
-    }
-    const auto *spin = qobject_cast<QSpinBox *>(input.input);
-    return isSpecial(spin) ? QString() : QString::number(spin->value());
-}
-
-QString RecordDialog::shownValue(const RecordInput &input) const
-{
-    const auto *box = qobject_cast<QComboBox *>(input.input);
-    return box != nullptr ? box->currentText() : shownOf(input.form, valueOf(input));
-}
-
-QVariant RecordDialog::boundValue(const RecordInput &input) const
-{
-    const bool isNumber =
-        input.form == InputForm::Money || input.form == InputForm::Number || input.form == InputForm::EntryId;
-    const QString value = valueOf(input);
-    if (input.form == InputForm::Entry)
-        return nullIfEmpty(chosenItem(qobject_cast<QComboBox *>(input.input)).name);
-    if (!isNumber)
-        return value;
-    return value.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.toLongLong());
 }
 
 Db::Values RecordDialog::boundValues(bool isUpdate) const
@@ -181,7 +94,7 @@ Db::Values RecordDialog::boundValues(bool isUpdate) const
     for (const RecordInput &input : m_inputs) {
         const bool isRenamed = isUpdate && input.updatePlaceholder != nullptr;
         values.append(
-            {QLatin1String(isRenamed ? input.updatePlaceholder : input.placeholder), boundValue(input)});
+            {QLatin1String(isRenamed ? input.updatePlaceholder : input.placeholder), boundFrom(input)});
     }
     return values;
 }
@@ -210,14 +123,8 @@ bool RecordDialog::updateRecord(const QString &id)
 void RecordDialog::showField(const QString &key, const std::optional<RecordField> &value)
 {
     for (const RecordInput &input : m_inputs) {
-        if (key != QLatin1String(input.column) || !value)
-            continue;
-        if (auto *box = qobject_cast<QComboBox *>(input.input))
-            showEntry(box, *value);
-        else if (auto *spin = qobject_cast<QSpinBox *>(input.input))
-            showNumber(spin, value->stored);
-        else
-            showStored(qobject_cast<QLineEdit *>(input.input), shownOf(input.form, value->stored));
+        if (value && key == QLatin1String(input.column))
+            showInInput(input, *value);
     }
 }
 

@@ -2,41 +2,7 @@
 
 #include "db.h"
 #include "editdialog.h"
-#include "recordfields.h"
-
-/// How an input holds the value of its column.
-enum class InputForm {
-    /// A line as it is typed; an empty one that was NULL stays NULL.
-    Text,
-    /// The same without blanks around it.
-    Trimmed,
-    /// A line that is NULL when it is empty: of columns where a value must be unique, or means something.
-    OrNull,
-    /// A network address, NULL when it is empty.
-    Address,
-    /// A price in its line; kopecks in the database, NULL when it is empty.
-    Money,
-    /// An entry of a list, written by its name.
-    Entry,
-    /// The same, written by its id; the entry without an id is NULL.
-    EntryId,
-    /// A spin box; its special text, if it has one, stands for NULL.
-    Number,
-};
-
-/// An input of an editor and the column that it shows.
-struct RecordInput
-{
-    QWidget *input;
-    InputForm form;
-    const char *column;
-    /// Of the INSERT and the UPDATE.
-    const char *placeholder;
-    /// For a list, where the query of the record has the name of the entry ("group_shop.name").
-    const char *name = nullptr;
-    /// Where the UPDATE has another placeholder.
-    const char *updatePlaceholder = nullptr;
-};
+#include "recordinput.h"
 
 /// The table of a record and the statements of its editor; the id is added to all but the INSERT.
 struct RecordStatements
@@ -123,9 +89,6 @@ private:
     QString storedOtherwise(const RecordField &stored) const;
     bool lock(const QString &id) const;
     bool settleChanges();
-    QString valueOf(const RecordInput &input) const;
-    QVariant boundValue(const RecordInput &input) const;
-    QString shownValue(const RecordInput &input) const;
 
     const Db m_db;
     const RecordStatements m_statements;

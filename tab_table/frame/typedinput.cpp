@@ -13,6 +13,8 @@
 #include <QTableWidget>
 
 namespace {
+const char *const storedProperty = "velta_stored";
+
 struct Typed
 {
     Q_DECLARE_TR_FUNCTIONS(Typed)
@@ -97,6 +99,24 @@ QString fieldName(const QWidget *field)
         return name;
     }
     return field->accessibleName();
+}
+
+void showStoredText(QLineEdit *field, const QString &stored)
+{
+    field->setText(stored);
+    field->setProperty(storedProperty, stored);
+}
+
+QString storedText(const QLineEdit *field)
+{
+    return field->property(storedProperty).toString();
+}
+
+QString textKeepingNull(const QLineEdit *field)
+{
+    const QVariant stored = field->property(storedProperty);
+    const bool wasNull = stored.isValid() && stored.toString().isNull();
+    return wasNull && field->text().isEmpty() ? QString() : field->text();
 }
 
 QString typedAddress(const QLineEdit *field)

@@ -16,6 +16,12 @@ QStringList enteredTexts(const QWidget *window);
 /// The name of a field for messages: the text of its label without access key and colon, or its
 /// accessible name.
 QString fieldName(const QWidget *field);
+/// Shows a text of the database, a null one for NULL, and remembers it.
+void showStoredText(QLineEdit *field, const QString &stored);
+/// The text that the field was given so last; a null one for NULL or when it was given none.
+QString storedText(const QLineEdit *field);
+/// The text of a field; a null one when it is empty and NULL was stored: that stays.
+QString textKeepingNull(const QLineEdit *field);
 /// The network address in a field with an input mask: without its blanks, empty when nothing was typed.
 QString typedAddress(const QLineEdit *field);
 /// True for a text that does not fit one line: it holds a line break, a tab or another control character.

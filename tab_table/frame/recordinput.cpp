@@ -1,0 +1,107 @@
+#include "recordinput.h"
+
+#include "combos.h"
+#include "db.h"
+#include "money.h"
+#include "typedinput.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSpinBox>
+
+namespace {
+QString moneyStored(const QLineEdit *field)
+{
+    qint64 kopecks = 0;
+    return kopecksFromText(field->text(), &kopecks) ? QString::number(kopecks) : QString();
+}
+
+QString orNull(const QString &text)
+{
+    return text.isEmpty() ? QString() : text;
+}
+
+bool isSpecial(const QSpinBox *spin)
+{
+    return !spin->specialValueText().isEmpty() && spin->value() == spin->minimum();
+}
+
+/// Chooses the entry of that id, which is added when the list does not offer it: an entry that the user does
+/// not see would be lost with the next save.
+void showEntry(QComboBox *box, const RecordField &entry)
+{
+    int found = -1;
+    for (int i = 0; i < box->count() && found < 0; ++i) {
+        if (toText(box->itemData(i)) == entry.stored)
+            found = i;
+    }
+    if (found < 0 && !entry.stored.isEmpty()) {
+        box->addItem(entry.shown, entry.stored);
+        found = box->count() - 1;
+    }
+    box->setCurrentIndex(found);
+}
+
+QString lineFrom(const QLineEdit *line, InputForm form)
+{
+    switch (form) {
+    case InputForm::Trimmed:
+        return textKeepingNull(line).trimmed();
+    case InputForm::OrNull:
+        return orNull(line->text());
+    case InputForm::Address:
+        return orNull(typedAddress(line));
+    case InputForm::Money:
+        return moneyStored(line);
+    default:
+        return textKeepingNull(line);
+    }
+}
+} // namespace
+
+bool isPlainText(InputForm form)
+{
+    return form == InputForm::Text || form == InputForm::Trimmed;
+}
+
+QString shownText(InputForm form, const QString &stored)
+{
+    return form == InputForm::Money && !stored.isNull() ? moneyText(stored.toLongLong()) : stored;
+}
+
+void showInInput(const RecordInput &input, const RecordField &value)
+{
+    if (auto *box = qobject_cast<QComboBox *>(input.input))
+        showEntry(box, value);
+    else if (auto *spin = qobject_cast<QSpinBox *>(input.input))
+        spin->setValue(value.stored.isNull() ? spin->minimum() : value.stored.toInt());
+    else if (auto *line = qobject_cast<QLineEdit *>(input.input))
+        showStoredText(line, value.stored.isNull() ? QString() : shownText(input.form, value.stored));
+}
+
+QString storedFrom(const RecordInput &input)
+{
+    if (const auto *box = qobject_cast<QComboBox *>(input.input))
+        return orNull(chosenItem(box).id);
+    if (const auto *spin = qobject_cast<QSpinBox *>(input.input))
+        return isSpecial(spin) ? QString() : QString::number(spin->value());
+    return lineFrom(qobject_cast<QLineEdit *>(input.input), input.form);
+}
+
+QString shownFrom(const RecordInput &input)
+{
+    const auto *box = qobject_cast<QComboBox *>(input.input);
+    return box != nullptr ? box->currentText() : shownText(input.form, storedFrom(input));
+}
+
+QVariant boundFrom(const RecordInput &input)
+{
+    if (input.form == InputForm::Entry)
+        return nullIfEmpty(shownFrom(input));
+    const QString value = storedFrom(input);
+    const bool isNumber =
+        input.form == InputForm::Money || input.form == InputForm::Number || input.form == InputForm::EntryId;
+    if (!isNumber)
+        return value;
+    return value.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.toLongLong());
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "recordfields.h"
+
+class QWidget;
+
+/// How an input holds the value of its column.
+enum class InputForm {
+    /// A line as it is typed; an empty one that was NULL stays NULL.
+    Text,
+    /// The same without blanks around it.
+    Trimmed,
+    /// A line that is NULL when it is empty: of columns where a value must be unique, or means something.
+    OrNull,
+    /// A network address, NULL when it is empty.
+    Address,
+    /// A price in its line; kopecks in the database, NULL when it is empty.
+    Money,
+    /// An entry of a list, written by its name.
+    Entry,
+    /// The same, written by its id; the entry without an id is NULL.
+    EntryId,
+    /// A spin box; its special text, if it has one, stands for NULL.
+    Number,
+};
+
+/// An input of an editor and the column that it shows.
+struct RecordInput
+{
+    QWidget *input;
+    InputForm form;
+    const char *column;
+    /// Of the INSERT and the UPDATE.
+    const char *placeholder;
+    /// For a list, where the query of the record has the name of the entry ("group_shop.name").
+    const char *name = nullptr;
+    /// Where the UPDATE has another placeholder.
+    const char *updatePlaceholder = nullptr;
+};
+
+/// The columns of such inputs whose length limits what is typed.
+bool isPlainText(InputForm form);
+/// As people read what the database holds, entries of lists aside.
+QString shownText(InputForm form, const QString &stored);
+/// Puts a value into its input. An entry that the list does not offer is added to it: it would be lost with
+/// the next save.
+void showInInput(const RecordInput &input, const RecordField &value);
+/// What the input holds, as the database is to hold it; a null text for NULL.
+QString storedFrom(const RecordInput &input);
+/// The same as people read it.
+QString shownFrom(const RecordInput &input);
+/// What is bound in a statement for it.
+QVariant boundFrom(const RecordInput &input);
