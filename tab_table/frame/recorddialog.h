@@ -4,20 +4,6 @@
 #include "editdialog.h"
 #include "recordinput.h"
 
-/// The table of a record and the statements of its editor; the id is added to all but the INSERT.
-struct RecordStatements
-{
-    QString table;
-    /// "SELECT ... WHERE shops.id=": every column of the inputs under its own name.
-    QString read;
-    /// With ":id" first where the record may get an id of the user's choice.
-    QString insert;
-    /// "UPDATE ... WHERE shops.id="
-    QString update;
-    /// "SELECT address FROM shops WHERE id=": what people call the record.
-    QString name;
-};
-
 /// A value that no other record may have.
 struct UniqueValue
 {

@@ -38,6 +38,20 @@ struct RecordInput
     const char *updatePlaceholder = nullptr;
 };
 
+/// The table of a record and the statements of its editor; the id is added to all but the INSERT.
+struct RecordStatements
+{
+    QString table;
+    /// "SELECT ... WHERE shops.id=": every column of the inputs under its own name.
+    QString read;
+    /// With ":id" first where the record may get an id of the user's choice.
+    QString insert;
+    /// "UPDATE ... WHERE shops.id="
+    QString update;
+    /// "SELECT address FROM shops WHERE id=": what people call the record.
+    QString name;
+};
+
 /// The columns of such inputs whose length limits what is typed.
 bool isPlainText(InputForm form);
 /// As people read what the database holds, entries of lists aside.

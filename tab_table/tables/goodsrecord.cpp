@@ -36,6 +36,37 @@ QString priceCaption(const GoodsPrice &price)
 }
 } // namespace
 
+RecordStatements goodsStatements()
+{
+    // The NULL stamps the row with the time of the change.
+    return {
+        QStringLiteral("goods"),
+        QStringLiteral(
+            "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
+            "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
+            "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
+            "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
+            "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
+            "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
+            "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id WHERE "
+            "goods.id="),
+        QStringLiteral(
+            "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
+            "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
+            "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
+            "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
+            "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
+            "FROM yesno WHERE name=:block))"),
+        QStringLiteral(
+            "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM "
+            "type_goods WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),"
+            "tax=(SELECT id FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE "
+            "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
+            "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
+            "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id="),
+        QStringLiteral("SELECT name FROM goods WHERE id=")};
+}
+
 QString PriceKey::text() const
 {
     return shop + QLatin1Char('/') + group + QLatin1Char('/') + priority;

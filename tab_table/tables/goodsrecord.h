@@ -1,7 +1,7 @@
 #pragma once
 
 #include "combos.h"
-#include "recordfields.h"
+#include "recordinput.h"
 
 #include <QMetaType>
 #include <QStringList>
@@ -36,6 +36,9 @@ struct GoodsPrice
     PriceKey place() const;
 };
 Q_DECLARE_METATYPE(GoodsPrice)
+
+/// The item's own row.
+RecordStatements goodsStatements();
 
 /// What belongs to an item beside its own row, as values of the record: a price by its place, a barcode by
 /// itself.

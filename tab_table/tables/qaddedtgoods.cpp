@@ -24,37 +24,6 @@ void mark(QLineEdit *field, bool isRefused)
     field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
 }
 
-RecordStatements statements()
-{
-    // The NULL stamps the row with the time of the change.
-    return {
-        QStringLiteral("goods"),
-        QStringLiteral(
-            "SELECT goods.id, NULL, goods.name,goods.name_short,goods.price, type_goods.name, group_goods.name, "
-            "tax.name,rules_goods.name,ynpaym_bon.name, ynbon_disk.name, ynblock.name,goods.type,goods.group_g,"
-            "goods.tax,goods.id_rules_goods,goods.paym_bonus,goods.bonus_disk,goods.block FROM goods LEFT JOIN "
-            "type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON goods.group_g=group_goods.id LEFT "
-            "JOIN tax ON goods.tax=tax.id LEFT JOIN rules_goods ON goods.id_rules_goods=rules_goods.id LEFT JOIN "
-            "yesno AS ynpaym_bon ON goods.paym_bonus=ynpaym_bon.id LEFT JOIN yesno AS ynbon_disk ON "
-            "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id WHERE "
-            "goods.id="),
-        QStringLiteral(
-            "INSERT INTO goods(id,name,name_short,price,type,group_g,tax,paym_bonus,bonus_disk,"
-            "id_rules_goods,block) VALUES(:id,:name,:sname,:price,(SELECT id FROM type_goods WHERE "
-            "name=:type),(SELECT id FROM group_goods WHERE name=:group),(SELECT id FROM tax WHERE "
-            "name=:tax),(SELECT id FROM yesno WHERE name=:paym_bonus),(SELECT id FROM yesno WHERE "
-            "name=:bonus_disk),(SELECT id FROM rules_goods WHERE name=:id_rules_goods),(SELECT id "
-            "FROM yesno WHERE name=:block))"),
-        QStringLiteral(
-            "UPDATE goods SET name=:name,name_short=:sname,price=:price,type=(SELECT id FROM "
-            "type_goods WHERE name=:type),group_g=(SELECT id FROM group_goods WHERE name=:group),"
-            "tax=(SELECT id FROM tax WHERE name=:tax),paym_bonus=(SELECT id FROM yesno WHERE "
-            "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
-            "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
-            "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id="),
-        QStringLiteral("SELECT name FROM goods WHERE id=")};
-}
-
 void chooseData(QComboBox *box, uint data)
 {
     box->setCurrentIndex(qMax(0, box->findData(data)));
@@ -63,7 +32,7 @@ void chooseData(QComboBox *box, uint data)
 
 QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops,
                            QObject *receiver, QWidget *parent)
-    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(new Ui::QAddEdtGoods)
+    : RecordDialog(Db(db, receiver), goodsStatements(), id, parent), ui(new Ui::QAddEdtGoods)
 {
     Q_UNUSED(tab)
     ui->setupUi(this);
@@ -78,7 +47,7 @@ QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVect
         return;
     // What is too long for a register is cut and coloured.
     ui->leShortName->setMaxLength(shortNameLength + 1);
-    fillShops(shops);
+    ui->lwShops->fill(shops, isNew() ? QStringList() : shopsOf(Db(db, receiver), *id));
     if (isNew()) {
         chooseUsual();
         ui->leName->setFocus();
@@ -204,58 +173,22 @@ std::optional<RecordFields> QAddEdtGoods::read(const QString &id) const
 
 RecordFields QAddEdtGoods::entered() const
 {
-    return RecordDialog::entered() + priceFields(ui->twPrices->prices()) + barcodeFields(barcodes());
+    return RecordDialog::entered() + priceFields(ui->twPrices->prices()) +
+           barcodeFields(ui->lwShtrih->codes());
 }
 
 void QAddEdtGoods::showField(const QString &key, const std::optional<RecordField> &value)
 {
-    if (isBarcodeKey(key))
-        showBarcode(withoutTable(key), value.has_value());
+    if (isBarcodeKey(key) && value)
+        ui->lwShtrih->add(value->stored);
+    else if (isBarcodeKey(key))
+        ui->lwShtrih->removeCode(withoutTable(key));
     else if (!isPriceKey(key))
         RecordDialog::showField(key, value);
     else if (value)
         ui->twPrices->put(value->row.value<GoodsPrice>());
     else
         ui->twPrices->remove(withoutTable(key));
-}
-
-void QAddEdtGoods::showBarcode(const QString &code, bool isThere)
-{
-    const auto shown = ui->lwShtrih->findItems(code, Qt::MatchExactly);
-    if (isThere && shown.isEmpty())
-        ui->lwShtrih->addItem(code);
-    else if (!isThere)
-        qDeleteAll(shown);
-}
-
-/// Where the item is sold already it stays: its stock lies there.
-void QAddEdtGoods::fillShops(const QVector<NamedId> &shops)
-{
-    const QStringList sold = isNew() ? QStringList() : shopsOf(db(), id());
-    // First those that can be chosen.
-    for (const bool isOffered : {false, true}) {
-        for (const NamedId &shop : shops) {
-            if (isOffered != sold.contains(shop.id))
-                continue;
-            auto *item = new QListWidgetItem(shop.name, ui->lwShops);
-            item->setData(Qt::UserRole, shop.id);
-            item->setCheckState(isOffered ? Qt::Checked : Qt::Unchecked);
-            item->setFlags(isOffered ? Qt::ItemIsSelectable
-                                     : Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-            item->setToolTip(isOffered ? tr("%1: товар уже продається тут.").arg(shop.name) : shop.name);
-        }
-    }
-}
-
-QStringList QAddEdtGoods::newShops() const
-{
-    QStringList ids;
-    for (int i = 0; i < ui->lwShops->count(); ++i) {
-        const QListWidgetItem *item = ui->lwShops->item(i);
-        if (item->checkState() == Qt::Checked && (item->flags() & Qt::ItemIsEnabled) != 0)
-            ids.append(item->data(Qt::UserRole).toString());
-    }
-    return ids;
 }
 
 bool QAddEdtGoods::eventFilter(QObject *watched, QEvent *event)
@@ -279,7 +212,7 @@ void QAddEdtGoods::addshc()
     QString why;
     if (!isTypedBarcode(code))
         why = tr("Новий штрихкод повинен мати 13 цифр.");
-    else if (barcodes().contains(code))
+    else if (ui->lwShtrih->codes().contains(code))
         why = tr("Такий штрихкод вже є у списку.");
     if (!why.isEmpty()) {
         QQestion::question(this, tr("Попередження."), why, true);
@@ -287,8 +220,7 @@ void QAddEdtGoods::addshc()
                QMessDlg::confirm(this, tr("Увага."),
                                  tr("Контрольна цифра штрихкоду %1 невірна. Додати його?").arg(code),
                                  tr("&Додати"))) {
-        ui->lwShtrih->addItem(code);
-        ui->lwShtrih->setCurrentRow(ui->lwShtrih->count() - 1);
+        ui->lwShtrih->add(code);
         ui->leShtrih->clear();
     }
     ui->leShtrih->setFocus();
@@ -350,14 +282,6 @@ void QAddEdtGoods::ChangeShortName(const QString &text)
     mark(ui->leShortName, isCut);
 }
 
-QStringList QAddEdtGoods::barcodes() const
-{
-    QStringList list;
-    for (int i = 0; i < ui->lwShtrih->count(); ++i)
-        list.append(ui->lwShtrih->item(i)->text());
-    return list;
-}
-
 /// An item without a short name gets the beginning of its name; one that was stored without stays so.
 void QAddEdtGoods::completeShortName()
 {
@@ -400,7 +324,7 @@ QString QAddEdtGoods::priceRefusalHere() const
 
 QString QAddEdtGoods::barcodesRefusal() const
 {
-    const QStringList codes = barcodes();
+    const QStringList codes = ui->lwShtrih->codes();
     // An item that was stored without a barcode may go without one.
     if (codes.isEmpty() && (isNew() || !barcodesOf(readFields()).isEmpty()))
         return tr("Товар повинен мати хоча б один штрихкод!");
@@ -481,10 +405,10 @@ bool QAddEdtGoods::writeRows(const QString &id)
     if ((isNew() || prices != pricesOf(readFields())) && !replacePrices(db(), prices, id))
         return false;
     m_step = Step::Barcodes;
-    if (!replaceBarcodes(db(), barcodes(), id))
+    if (!replaceBarcodes(db(), ui->lwShtrih->codes(), id))
         return false;
     m_step = Step::Shops;
-    if (!offerToShops(db(), newShops(), id))
+    if (!offerToShops(db(), ui->lwShops->added(), id))
         return false;
     m_step = Step::All;
     return true;
@@ -494,7 +418,7 @@ QString QAddEdtGoods::failureWords()
 {
     const Step reached = std::exchange(m_step, Step::Item);
     if (reached == Step::Barcodes)
-        explainBarcodes(db(), barcodes(), id());
+        explainBarcodes(db(), ui->lwShtrih->codes(), id());
     const bool mayBePrices = reached == Step::Prices || reached == Step::All;
     return mayBePrices ? explainPrices(db(), ui->twPrices->prices()) : QString();
 }
@@ -502,7 +426,7 @@ QString QAddEdtGoods::failureWords()
 QStringList QAddEdtGoods::changedTables() const
 {
     QStringList changed = {QStringLiteral("goods"), QStringLiteral("dk_shc"), QStringLiteral("prices")};
-    if (!newShops().isEmpty())
+    if (!ui->lwShops->added().isEmpty())
         changed.append(QStringLiteral("goods_shop"));
     return changed;
 }

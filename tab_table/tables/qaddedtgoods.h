@@ -58,15 +58,11 @@ private:
     void connectFields();
     void fillLists();
     void fillPriceLists(const QVector<NamedId> &shops);
-    void fillShops(const QVector<NamedId> &shops);
-    QStringList newShops() const;
     QString priceRefusalHere() const;
     void completeShortName();
     void chooseUsual();
-    void showBarcode(const QString &code, bool isThere);
     bool hadNo(const char *column) const;
     bool writeRows(const QString &id);
-    QStringList barcodes() const;
     QString idRefusal() const;
     QString barcodesRefusal() const;
     QString ruleRefusal() const;
