@@ -1,19 +1,19 @@
 #include "veltab.h"
 #include "ui_veltab.h"
 
+#include "errorlist.h"
 #include "joblist.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qchangpass.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
-#include "qprocevent.h"
 #include "qqestion.h"
 #include "qreports.h"
 #include "qtablebase.h"
 #include "setting.h"
-#include "userstate.h"
 #include "version.h"
+#include "windowplace.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -21,14 +21,11 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QScreen>
-#include <QStyle>
-#include <QTimer>
+#include <algorithm>
 
 namespace {
-const QLatin1String connectionName("veltab");
-const QLatin1String geometryKey("geometry");
 const int allMessages = 4;
+const int messageMs = 8000;
 } // namespace
 
 Veltab::Veltab(const QString &directory, QWidget *parent)
@@ -36,30 +33,31 @@ Veltab::Veltab(const QString &directory, QWidget *parent)
     , ui(std::make_unique<Ui::Veltab>())
     , m_directory(directory)
     , m_logger(directory + QDir::separator() + QStringLiteral("veltab.log"), true, allMessages, nullptr)
-    , m_user(&m_logger, this)
 {
     buildForm();
     m_logger.wlog(QMessEvent::Information, QStringLiteral(__FILE__), QString::number(__LINE__),
                   QStringLiteral(" ver:") + QLatin1String(programVersion));
     m_setting = new setting(directory, this);
-    m_pages = new Pages(ui->tabWidget, &m_db, m_setting, &m_user, this);
-    connectEntries();
-    connectRecordCommands();
+    m_errors = new ErrorList(this);
+    m_session = new Session(directory, m_setting, &m_logger, {this, ui->tabWidget, m_errors});
+    m_pages = new Pages(ui->tabWidget, m_session->connection(), m_setting, m_session->user(), this);
+    connectPages();
+    connectCommands();
     connectSession();
     announceUpdate();
-    logout();
-    connectDatabase();
+    EnableButton(false);
+    m_session->connectDatabase();
 }
 
 Veltab::~Veltab()
 {
+    ui->tabWidget->disconnect(this);
     // All at once before each is waited for; they need the connection to end their statements.
     cancelJobs();
     qDeleteAll(findChildren<Job *>(QString(), Qt::FindDirectChildrenOnly));
     // They use the connection too.
     delete m_pages;
-    m_db = QSqlDatabase();
-    QSqlDatabase::removeDatabase(connectionName);
+    delete m_session;
 }
 
 void Veltab::buildForm()
@@ -69,34 +67,7 @@ void Veltab::buildForm()
     ui->close_tab->setVisible(false);
     ui->close_all->setVisible(false);
     buildStatusBar();
-    restorePlace(QString());
-}
-
-/// Where the window stood last; back on a screen, should that one be gone or smaller now.
-void Veltab::restorePlace(const QString &idUser)
-{
-    const QVariant remembered = rememberedState(idUser, geometryKey);
-    if (remembered.isValid())
-        restoreGeometry(remembered.toByteArray());
-    if (!isMaximized() && !isFullScreen())
-        fitOntoScreen();
-}
-
-void Veltab::fitOntoScreen()
-{
-    const QScreen *screen = QGuiApplication::screenAt(geometry().center());
-    const QRect free = (screen == nullptr ? QGuiApplication::primaryScreen() : screen)->availableGeometry();
-    QSize frame = frameGeometry().size() - size();
-    // Before it is shown, a window has no frame yet.
-    if (frame.isNull())
-        frame.setHeight(style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    const QSize fitting = size().boundedTo(free.size() - frame);
-    const QPoint corner(qBound(free.left(), x(), free.right() + 1 - fitting.width() - frame.width()),
-                        qBound(free.top(), y(), free.bottom() + 1 - fitting.height() - frame.height()));
-    if (fitting != size())
-        resize(fitting);
-    if (corner != pos())
-        move(corner);
+    restorePlace(this, QString());
 }
 
 void Veltab::buildStatusBar()
@@ -131,26 +102,22 @@ QList<QAction *> Veltab::openingActions() const
     return actions;
 }
 
-void Veltab::connectEntries()
+void Veltab::connectPages()
 {
     for (const PageEntry &entry : m_pages->table())
         connect(actionOf(entry.action), &QAction::triggered, this,
                 [this, action = QString::fromLatin1(entry.action)] { m_pages->open(action); });
-    connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
-    connect(ui->about, &QAction::triggered, this, &Veltab::about);
-    connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
-    connect(ui->reconnect, &QAction::triggered, this, &Veltab::connectDatabase);
-    connect(ui->mt_create_tables, &QAction::triggered, this, &Veltab::CreateTables);
-    connect(ui->mt_tune, &QAction::triggered, this, &Veltab::TuneDatabase);
-    connect(ui->login, &QAction::triggered, this, &Veltab::login);
-    connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
-    connect(ui->close_all, &QAction::triggered, this, &Veltab::closeAllTabs);
-    connect(ui->quit, &QAction::triggered, this, &Veltab::close);
     connect(ui->tabWidget, &QTabWidget::tabCloseRequested, this, &Veltab::closetab);
     connect(ui->tabWidget, &QTabWidget::currentChanged, this, &Veltab::changetab);
+    connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
+    connect(ui->close_all, &QAction::triggered, this, &Veltab::closeAllTabs);
+    connect(tableBase(), qOverload<bool, bool>(&QTableBase::visible), this,
+            qOverload<bool, bool>(&Veltab::visible));
+    connect(tableBase(), qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
+    connect(m_pages->reports(), &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
 }
 
-void Veltab::connectRecordCommands()
+void Veltab::connectCommands()
 {
     connect(ui->add, &QAction::triggered, this, &Veltab::add);
     connect(ui->edit, &QAction::triggered, this, &Veltab::edit);
@@ -158,19 +125,26 @@ void Veltab::connectRecordCommands()
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
-    connect(tableBase(), qOverload<bool, bool>(&QTableBase::visible), this,
-            qOverload<bool, bool>(&Veltab::visible));
-    connect(tableBase(), qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
-    connect(m_pages->reports(), &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
+    connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
+    connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
+    connect(ui->about, &QAction::triggered, this, &Veltab::about);
+    connect(ui->quit, &QAction::triggered, this, &Veltab::close);
 }
 
 void Veltab::connectSession()
 {
-    connect(ui->pbLogin, &QPushButton::clicked, this, &Veltab::login);
-    connect(ui->pbReconnect, &QPushButton::clicked, this, &Veltab::connectDatabase);
+    connect(ui->login, &QAction::triggered, m_session, &Session::login);
+    connect(ui->pbLogin, &QPushButton::clicked, m_session, &Session::login);
+    connect(ui->reconnect, &QAction::triggered, m_session, &Session::connectDatabase);
+    connect(ui->pbReconnect, &QPushButton::clicked, m_session, &Session::connectDatabase);
     connect(ui->pbSettings, &QPushButton::clicked, this, &Veltab::s_setting);
-    connect(m_setting, &setting::saved, this, &Veltab::applySettings);
-    connect(&m_user, &QLoadedUser::rightsChanged, this, &Veltab::showRights);
+    connect(ui->mt_create_tables, &QAction::triggered, m_session, &Session::createTables);
+    connect(ui->mt_tune, &QAction::triggered, m_session, &Session::tuneDatabase);
+    connect(m_session, &Session::changed, this, &Veltab::showSession);
+    connect(m_session, &Session::loggedIn, this, &Veltab::welcome);
+    connect(m_session, &Session::connectionIsBack, this,
+            [this] { ui->statusbar->showMessage(tr("Зв'язок із сервером відновлено."), messageMs); });
+    connect(m_session->user(), &QLoadedUser::rightsChanged, this, &Veltab::showRights);
 }
 
 void Veltab::SaleAdmission()
@@ -192,7 +166,7 @@ void Veltab::changetab(int index)
 {
     ui->close_tab->setVisible(index >= 0);
     ui->close_all->setVisible(index >= 0);
-    refreshNextStep();
+    m_session->refreshNextStep();
     offerCommands(pageAt(ui->tabWidget, index));
     focusPage(ui->tabWidget);
 }
@@ -235,7 +209,7 @@ void Veltab::run(Command command)
 {
     if (Page *page = m_pages->current())
         page->run(command);
-    refreshNextStep();
+    m_session->refreshNextStep();
 }
 
 void Veltab::add()
@@ -267,7 +241,7 @@ void Veltab::export_to_csvCP1251()
 Page *Veltab::exportedPage() const
 {
     Page *page = m_pages->current();
-    return page != nullptr && page->isOffered(Command::Export) && m_user.maySee(Permission::ExportCsv)
+    return page != nullptr && page->isOffered(Command::Export) && user().maySee(Permission::ExportCsv)
                ? page
                : nullptr;
 }
@@ -307,8 +281,8 @@ void Veltab::about()
 
 void Veltab::changpass()
 {
-    if (m_user.isLoaded())
-        QChangPass(m_user.idUser().toUInt(), &m_db, this).exec();
+    if (user().isLoaded())
+        QChangPass(user().idUser().toUInt(), m_session->connection(), this).exec();
 }
 
 void Veltab::LogErrorDwl(const QString &text)
@@ -341,11 +315,11 @@ bool Veltab::mayLeave()
 bool Veltab::mayLeaveJobs()
 {
     // Connecting is nothing that could be lost.
-    const int harmless = isStarting() ? 1 : 0;
+    const int harmless = m_session->isStarting() ? 1 : 0;
     if (RunningJobs::all().jobs().size() <= harmless)
         return true;
     return QMessDlg::confirm(this, tr("Попередження."),
-                             tr("Ще триває: «%1».\nСкасувати і вийти?").arg(workTitles()),
+                             tr("Ще триває: «%1».\nСкасувати і вийти?").arg(runningJobTitles()),
                              tr("&Скасувати і вийти"), tr("Зали&шитись"));
 }
 
@@ -361,15 +335,139 @@ void Veltab::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    rememberGeometry();
+    rememberPlace(this, user().idUser());
     QMainWindow::closeEvent(event);
 }
 
-void Veltab::rememberGeometry()
+void Veltab::welcome()
 {
-    rememberState(QString(), geometryKey, saveGeometry());
-    if (m_user.isLoaded())
-        rememberState(m_user.idUser(), geometryKey, saveGeometry());
+    restorePlace(this, user().idUser());
+    EnableButton(true);
+    if (user().maySee(Permission::BackOffice))
+        emit ready();
+}
+
+void Veltab::EnableButton(bool enable)
+{
+    showRights();
+    if (enable && !user().maySee(Permission::BackOffice)) {
+        refuse(tr("У вас немає доступу до бекофісу."));
+        m_session->say(tr("У вас немає доступу до бекофісу."));
+    }
+}
+
+void Veltab::showRights()
+{
+    const bool allowed = user().maySee(Permission::BackOffice);
+    for (const PageEntry &entry : m_pages->table())
+        actionOf(entry.action)->setVisible(allowed && entry.make && user().maySee(entry.permission));
+    for (QAction *action : {ui->changpass, ui->about})
+        action->setVisible(allowed);
+    changetab(ui->tabWidget->currentIndex());
+    showMenus();
+}
+
+void Veltab::visible(bool vis, bool exp)
+{
+    const bool exporting = (vis || exp) && user().maySee(Permission::ExportCsv);
+    for (QAction *action : {ui->add, ui->edit, ui->dell})
+        action->setVisible(vis);
+    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
+        action->setVisible(exporting);
+    // Nothing stands behind these commands yet.
+    for (QAction *action : {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
+        action->setVisible(false);
+    showMenus();
+}
+
+void Veltab::visible(bool vis)
+{
+    visible(vis, vis);
+}
+
+void Veltab::showSession()
+{
+    const QString name = m_session->userName();
+    setWindowTitle(tr("Veltab  База:") + m_session->address().name);
+    ui->labelConnection->setText(m_session->words());
+    m_userLabel->setText(name.isEmpty() ? name : tr("Користувач") + QStringLiteral(": ") + name);
+    showServer();
+    showMenus();
+}
+
+/// Whether the connection stands, in words; where to and how, in the tool tip.
+void Veltab::showServer()
+{
+    QString text = tr("Немає з'єднання");
+    if (m_session->isLost())
+        text = tr("Зв'язок втрачено");
+    else if (m_session->isConnected())
+        text = tr("З'єднано");
+    else if (m_session->isStarting())
+        text = tr("Підключення…");
+    m_serverLabel->setText(text);
+    m_serverLabel->setToolTip(m_session->details());
+    QFont font = m_userLabel->font();
+    font.setBold(m_session->isLost());
+    m_serverLabel->setFont(font);
+}
+
+void Veltab::showMenus()
+{
+    const bool isConnected = m_session->isConnected();
+    const bool isStarting = m_session->isStarting();
+    const bool nobody = !user().isLoaded();
+    const bool service = user().maySee(Permission::Service) || (nobody && m_isServiceShown);
+    ui->settings->setVisible(service || nobody || !isConnected);
+    ui->mt_create_tables->setVisible(service && !m_session->address().host.isEmpty());
+    ui->mt_tune->setVisible(service && isConnected);
+    ui->reconnect->setVisible(!isConnected && !isStarting);
+    ui->login->setVisible(isConnected);
+    ui->pbLogin->setVisible(isConnected && nobody);
+    ui->pbReconnect->setVisible(!isConnected && !isStarting);
+    ui->pbSettings->setVisible(!isConnected || nobody);
+    ui->connectionBar->setVisible(!ui->labelConnection->text().isEmpty());
+    for (QMenu *menu : ui->menubar->findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QList<QAction *> actions = menu->actions();
+        const bool any = std::any_of(actions.begin(), actions.end(), [](const QAction *action) {
+            return action->isVisible() && !action->isSeparator();
+        });
+        menu->menuAction()->setVisible(any);
+    }
+}
+
+void Veltab::s_setting()
+{
+    m_setting->exec();
+}
+
+void Veltab::askServiceMenu()
+{
+    if (!QMessDlg::confirm(this, tr("Ви впевнені?"),
+                           tr("Невірні налаштування\nможуть пошкодити дані в базі!"), tr("&Так")))
+        return;
+    m_isServiceShown = true;
+    showMenus();
+}
+
+bool Veltab::event(QEvent *event)
+{
+    if (event->type() != QMessEvent::eventType)
+        return QMainWindow::event(event);
+    handleMessage(*static_cast<QMessEvent *>(event));
+    return true;
+}
+
+void Veltab::handleMessage(const QMessEvent &message)
+{
+    m_logger.wlog(message.kind(), tr("File:") + message.file(), message.line(), message.text());
+    const bool isKnown = m_session->isLost() && isLossOfServer(message.text());
+    const bool isTold = message.kind() == QMessEvent::Information && m_jobs->isTelling(message.text());
+    if (message.kind() == QMessEvent::Warning || (message.kind() == QMessEvent::Information && !isTold) ||
+        isKnown)
+        ui->statusbar->showMessage(message.text().simplified(), messageMs);
+    if (message.kind() == QMessEvent::Critical && !isKnown)
+        m_errors->add(message.text(), m_setting->countMsg());
 }
 
 void Veltab::announceUpdate()

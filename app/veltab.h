@@ -1,30 +1,23 @@
 #pragma once
 
-#include "connection.h"
-#include "job.h"
 #include "page.h"
-#include "qloadeduser.h"
 #include "qlogger.h"
+#include "session.h"
 
 #include <QLabel>
 #include <QMainWindow>
-#include <QPointer>
-#include <QSqlDatabase>
-#include <QStringList>
 #include <functional>
 #include <memory>
 
 namespace Ui {
 class Veltab;
 }
+class ErrorList;
 class JobList;
-class QMenu;
-class QMessEvent;
-class QProcEvent;
 class Pages;
+class QMessEvent;
 class QTableBase;
 class setting;
-enum class Tuning;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
 class Veltab : public QMainWindow
@@ -37,9 +30,9 @@ public:
     ~Veltab() override;
 
     /// Whoever is remembered in the settings is logged in without the dialog; for pictures and tests.
-    void setLoginUnattended(bool unattended) { m_isUnattended = unattended; }
+    void setLoginUnattended(bool unattended) { m_session->setLoginUnattended(unattended); }
     /// True when connected and logged in.
-    bool isReady() const { return m_isConnected && m_user.isLoaded(); }
+    bool isReady() const { return m_session->isConnected() && user().isLoaded(); }
     QTableBase *tableBase() const;
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
@@ -51,9 +44,7 @@ public:
 public slots:
     void s_setting();
     void changpass();
-    void CreateTables();
-    /// Offers to add the indexes for quick reports to the database, or to take them away again.
-    void TuneDatabase();
+    void CreateTables() { m_session->createTables(); }
     void SaleAdmission();
     void add();
     void edit();
@@ -62,12 +53,10 @@ public slots:
     void export_to_csv();
     void export_to_csvCP1251();
     void about();
-    /// Connects (again) to the database of the settings, in the background. Refused in words while tabs are
-    /// open or the indexes are worked on.
-    void connectDatabase();
-    void login();
+    /// Lets another user in. Refused in words while tabs are open.
+    void login() { m_session->login(); }
     /// Reads the rights of the user again; menus and tabs follow.
-    void readRights();
+    void readRights() { m_session->readRights(); }
     void closetab(int index);
     /// Closes every tab that does not hold on to what would be lost; true when none is left.
     bool closeAllTabs();
@@ -91,76 +80,44 @@ protected:
 
 private:
     void buildForm();
+    void buildStatusBar();
+    void connectPages();
+    void connectCommands();
+    void connectSession();
+    void announceUpdate();
+
+    const QLoadedUser &user() const { return *m_session->user(); }
+    QAction *actionOf(const char *name) const;
     /// The actions that stand for a command of the page in front.
     QList<QAction *> actionsOf(Command command) const;
     void offerCommands(const Page *page);
-    void buildStatusBar();
-    QAction *actionOf(const char *name) const;
-    void connectEntries();
-    void connectRecordCommands();
-    void connectSession();
-    void announceUpdate();
     void run(Command command);
-    void applySettings();
-    bool hasNewAddress() const;
-    bool isBusy();
-    bool isStarting() const;
-    static bool isDatabaseAtWork();
-    static QString workTitles();
-    void startOn(const QString &title, const Job::Work &work);
-    void tune(Tuning tuning);
-    void finishConnecting(const QProcEvent &outcome);
-    void finishSchema(bool isCreated);
-    void logout();
-    void welcome();
-    void handleMessage(const QMessEvent &message);
-    void handleOutcome(const QProcEvent &outcome);
-    void showErrors();
-    void offerSchema(bool databaseIsMissing);
-    void showConnectionState(const QString &text);
-    void followConnection();
-    void showServer();
-    QString serverDetails() const;
-    void showRights();
-    void updateMenus();
-    bool mayLeave();
-    bool mayLeaveJobs();
-    static void cancelJobs();
-    bool mayRememberLogin() const;
-    bool isFirstUserUntouched();
-    bool askForUser();
-    QString nextStep();
-    void refreshNextStep();
-    bool findUser(const QString &name, const QString &identifier, bool isCard);
-    void askServiceMenu();
-    void rememberGeometry();
-    void restorePlace(const QString &idUser);
-    void fitOntoScreen();
-    void refuse(const QString &text);
     Page *exportedPage() const;
     void askAndExport(const QString &code);
     QString chooseFile(const QString &suggested);
+
+    void handleMessage(const QMessEvent &message);
+    void welcome();
+    void showRights();
+    void showSession();
+    void showServer();
+    void showMenus();
+    void askServiceMenu();
+    bool mayLeave();
+    bool mayLeaveJobs();
+    static void cancelJobs();
+    void refuse(const QString &text);
 
     std::unique_ptr<Ui::Veltab> ui;
     QString m_directory;
     QLogger m_logger;
     setting *m_setting = nullptr;
-    QSqlDatabase m_db;
-    /// Where m_db is connected, or was tried to: whatever the settings say by now.
-    DatabaseAddress m_address;
-    QLoadedUser m_user;
+    ErrorList *m_errors = nullptr;
+    Session *m_session = nullptr;
     Pages *m_pages = nullptr;
-    /// Connects, or creates the tables.
-    QPointer<Job> m_start;
     JobList *m_jobs = nullptr;
     QLabel *m_userLabel = nullptr;
     QLabel *m_serverLabel = nullptr;
-    QStringList m_errors;
-    bool m_isShowingErrors = false;
-    bool m_isConnected = false;
-    bool m_isLost = false;
-    bool m_isReconnectWanted = false;
-    bool m_isUnattended = false;
     bool m_isServiceShown = false;
     FileChooser m_chooseFile = [this](const QString &suggested) { return chooseFile(suggested); };
     bool m_showsUpdateNotice = false;

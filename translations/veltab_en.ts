@@ -199,6 +199,13 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>CsvExport</name>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+</context>
+<context>
     <name>DayTimeline</name>
     <message>
         <source>%1 %2 – %3</source>
@@ -256,28 +263,10 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
-    <name>FileJob</name>
+    <name>ErrorList</name>
     <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
-    </message>
-    <message>
-        <source>Цей файл саме записується: дочекайтесь кінця або скасуйте те завдання.</source>
-        <translation>This file is being written: wait for the end, or cancel that job.</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>File not saved: %1
-%2</translation>
-    </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
-        <source>Запис файла %1</source>
-        <translation>Writing %1</translation>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
     </message>
 </context>
 <context>
@@ -474,6 +463,16 @@ Wait or contact support.</translation>
         <source>Складено: %1</source>
         <translation>Made: %1</translation>
     </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
+    </message>
 </context>
 <context>
     <name>ListPrinter</name>
@@ -490,8 +489,31 @@ Wait or contact support.</translation>
         <translation>Print preview</translation>
     </message>
     <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+    <message>
         <source>Зберегти PDF</source>
         <translation>Save as PDF</translation>
+    </message>
+</context>
+<context>
+    <name>NextStep</name>
+    <message>
+        <source>Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).</source>
+        <translation>To begin selling, add a shop (Tables → Shops, Ctrl+N), its cash register (Tables → Equipment) and goods with prices (Tables → Goods).</translation>
+    </message>
+    <message>
+        <source>Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари з цінами (Таблиці → Товари).</source>
+        <translation>To begin selling, add a cash register of the shop (Tables → Equipment, Ctrl+N) and goods with prices (Tables → Goods).</translation>
+    </message>
+    <message>
+        <source>Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).</source>
+        <translation>To begin selling, add goods with prices (Tables → Goods, Ctrl+N).</translation>
+    </message>
+    <message>
+        <source>Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, «Продається в магазинах».</source>
+        <translation>So that an item can be sold, tick its shops in it: Tables → Goods, F4, “Sold in the shops”.</translation>
     </message>
 </context>
 <context>
@@ -2821,6 +2843,121 @@ can damage the data in the database!</translation>
     </message>
 </context>
 <context>
+    <name>Session</name>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Перед підключенням закрийте всі вкладки!</source>
+        <translation>Close all tabs before connecting!</translation>
+    </message>
+    <message>
+        <source>Дочекайтесь кінця завдання «%1» або скасуйте його!</source>
+        <translation>Wait for the end of “%1”, or cancel it!</translation>
+    </message>
+    <message>
+        <source>Виправте файл і підключіться знову, або введіть налаштування.</source>
+        <translation>Mend the file and connect again, or enter the settings.</translation>
+    </message>
+    <message>
+        <source>Підключення до бази даних на %1:%2</source>
+        <translation>Connecting to the database at %1:%2</translation>
+    </message>
+    <message>
+        <source>Підключення до бази даних</source>
+        <translation>Connecting to the database</translation>
+    </message>
+    <message>
+        <source>Користувач не увійшов.</source>
+        <translation>No user is logged in.</translation>
+    </message>
+    <message>
+        <source>%1:%2, база %3</source>
+        <translation>%1:%2, database %3</translation>
+    </message>
+    <message>
+        <source>З&apos;єднання не захищене.</source>
+        <translation>The connection is not encrypted.</translation>
+    </message>
+    <message>
+        <source>З&apos;єднання захищене (TLS): %1</source>
+        <translation>The connection is encrypted (TLS): %1</translation>
+    </message>
+    <message>
+        <source>Немає зв&apos;язку з базою даних. Перевірте налаштування або мережу і підключіться знову.</source>
+        <translation>No connection to the database. Check the settings or the network and connect again.</translation>
+    </message>
+    <message>
+        <source>Усі таблиці програми в базі «%1» є.</source>
+        <translation>The database “%1” has all tables of the program.</translation>
+    </message>
+    <message>
+        <source>Таблиці не створено. Перевірте права користувача бази і підключіться знову.</source>
+        <translation>The tables are not created. Check the rights of the database user and connect again.</translation>
+    </message>
+    <message>
+        <source>На сервері немає бази даних «%1».
+Створити її та таблиці програми?</source>
+        <translation>The server has no database “%1”.
+Create it and the tables of the program?</translation>
+    </message>
+    <message>
+        <source>У базі даних «%1» немає таблиць програми.
+Створити таблиці?</source>
+        <translation>The database “%1” has no tables of the program.
+Create the tables?</translation>
+    </message>
+    <message>
+        <source>Створити?</source>
+        <translation>Create?</translation>
+    </message>
+    <message>
+        <source>База даних не готова: таблиць програми немає.</source>
+        <translation>The database is not ready: it has no tables of the program.</translation>
+    </message>
+    <message>
+        <source>Зачекайте, доки закінчиться робота з базою, яка триває.</source>
+        <translation>Wait until the work on the database that is under way has finished.</translation>
+    </message>
+    <message>
+        <source>Зачекайте. Створюються таблиці.</source>
+        <translation>Wait. The tables are being created.</translation>
+    </message>
+    <message>
+        <source>Створення таблиць</source>
+        <translation>Creating the tables</translation>
+    </message>
+    <message>
+        <source>Прискорити звіти?</source>
+        <translation>Speed up reports?</translation>
+    </message>
+    <message>
+        <source>&amp;Прибрати індекси</source>
+        <translation>&amp;Remove the indexes</translation>
+    </message>
+    <message>
+        <source>&amp;Додати індекси</source>
+        <translation>&amp;Add the indexes</translation>
+    </message>
+    <message>
+        <source>Перед входом закрийте всі вкладки!</source>
+        <translation>Close all tabs before logging in!</translation>
+    </message>
+    <message>
+        <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
+        <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
+    </message>
+    <message>
+        <source>Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову.</source>
+        <translation>The new database settings will take effect when you close all tabs and log in again.</translation>
+    </message>
+    <message>
+        <source>Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.</source>
+        <translation>The new database settings take effect when “%1” is over and you have logged in again.</translation>
+    </message>
+</context>
+<context>
     <name>SettingFile</name>
     <message>
         <source>це каталог.</source>
@@ -3160,6 +3297,10 @@ before its last day!</translation>
         <source>Перегляд перед друком</source>
         <translation>Print preview</translation>
     </message>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
 </context>
 <context>
     <name>SlipView</name>
@@ -3174,6 +3315,16 @@ before its last day!</translation>
     <message>
         <source>Зберегти PD&amp;F…</source>
         <translation>Save PD&amp;F…</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
     </message>
 </context>
 <context>
@@ -3529,56 +3680,12 @@ The indexes can be removed in the same way.</translation>
         <translation>Warning.</translation>
     </message>
     <message>
-        <source>Немає зв&apos;язку з базою даних. Перевірте налаштування або мережу і підключіться знову.</source>
-        <translation>No connection to the database. Check the settings or the network and connect again.</translation>
-    </message>
-    <message>
-        <source>Таблиці не створено. Перевірте права користувача бази і підключіться знову.</source>
-        <translation>The tables are not created. Check the rights of the database user and connect again.</translation>
-    </message>
-    <message>
-        <source>На сервері немає бази даних «%1».
-Створити її та таблиці програми?</source>
-        <translation>The server has no database “%1”.
-Create it and the tables of the program?</translation>
-    </message>
-    <message>
-        <source>У базі даних «%1» немає таблиць програми.
-Створити таблиці?</source>
-        <translation>The database “%1” has no tables of the program.
-Create the tables?</translation>
-    </message>
-    <message>
-        <source>Створити?</source>
-        <translation>Create?</translation>
-    </message>
-    <message>
-        <source>База даних не готова: таблиць програми немає.</source>
-        <translation>The database is not ready: it has no tables of the program.</translation>
-    </message>
-    <message>
-        <source>Зачекайте. Створюються таблиці.</source>
-        <translation>Wait. The tables are being created.</translation>
-    </message>
-    <message>
-        <source>Перед входом закрийте всі вкладки!</source>
-        <translation>Close all tabs before logging in!</translation>
-    </message>
-    <message>
-        <source>Користувач не увійшов.</source>
-        <translation>No user is logged in.</translation>
-    </message>
-    <message>
         <source>Користувач</source>
         <translation>User</translation>
     </message>
     <message>
         <source>У вас немає доступу до бекофісу.</source>
         <translation>You have no access to the back office.</translation>
-    </message>
-    <message>
-        <source>Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову.</source>
-        <translation>The new database settings will take effect when you close all tabs and log in again.</translation>
     </message>
     <message>
         <source>Ви впевнені?</source>
@@ -3639,40 +3746,8 @@ TO VERSION
         <translation>csv (*.csv)</translation>
     </message>
     <message>
-        <source>Перед підключенням закрийте всі вкладки!</source>
-        <translation>Close all tabs before connecting!</translation>
-    </message>
-    <message>
-        <source>Виправте файл і підключіться знову, або введіть налаштування.</source>
-        <translation>Mend the file and connect again, or enter the settings.</translation>
-    </message>
-    <message>
-        <source>Усі таблиці програми в базі «%1» є.</source>
-        <translation>The database “%1” has all tables of the program.</translation>
-    </message>
-    <message>
-        <source>Зачекайте, доки закінчиться робота з базою, яка триває.</source>
-        <translation>Wait until the work on the database that is under way has finished.</translation>
-    </message>
-    <message>
         <source>Закр&amp;ити вкладку</source>
         <translation>Close &amp;tab</translation>
-    </message>
-    <message>
-        <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
-        <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
-    </message>
-    <message>
-        <source>Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).</source>
-        <translation>To begin selling, add a shop (Tables → Shops, Ctrl+N), its cash register (Tables → Equipment) and goods with prices (Tables → Goods).</translation>
-    </message>
-    <message>
-        <source>Щоб почати продаж, додайте касу магазину (Таблиці → Обладнання, Ctrl+N) і товари з цінами (Таблиці → Товари).</source>
-        <translation>To begin selling, add a cash register of the shop (Tables → Equipment, Ctrl+N) and goods with prices (Tables → Goods).</translation>
-    </message>
-    <message>
-        <source>Щоб почати продаж, додайте товари з цінами (Таблиці → Товари, Ctrl+N).</source>
-        <translation>To begin selling, add goods with prices (Tables → Goods, Ctrl+N).</translation>
     </message>
     <message>
         <source>&amp;Закрити всі вкладки</source>
@@ -3723,52 +3798,8 @@ TO VERSION
         <translation>Connecting…</translation>
     </message>
     <message>
-        <source>%1:%2, база %3</source>
-        <translation>%1:%2, database %3</translation>
-    </message>
-    <message>
-        <source>З&apos;єднання не захищене.</source>
-        <translation>The connection is not encrypted.</translation>
-    </message>
-    <message>
-        <source>З&apos;єднання захищене (TLS): %1</source>
-        <translation>The connection is encrypted (TLS): %1</translation>
-    </message>
-    <message>
         <source>&amp;Так</source>
         <translation>&amp;Yes</translation>
-    </message>
-    <message>
-        <source>Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, «Продається в магазинах».</source>
-        <translation>So that an item can be sold, tick its shops in it: Tables → Goods, F4, “Sold in the shops”.</translation>
-    </message>
-    <message>
-        <source>Дочекайтесь кінця завдання «%1» або скасуйте його!</source>
-        <translation>Wait for the end of “%1”, or cancel it!</translation>
-    </message>
-    <message>
-        <source>Підключення до бази даних</source>
-        <translation>Connecting to the database</translation>
-    </message>
-    <message>
-        <source>Створення таблиць</source>
-        <translation>Creating the tables</translation>
-    </message>
-    <message>
-        <source>Прискорити звіти?</source>
-        <translation>Speed up reports?</translation>
-    </message>
-    <message>
-        <source>&amp;Прибрати індекси</source>
-        <translation>&amp;Remove the indexes</translation>
-    </message>
-    <message>
-        <source>&amp;Додати індекси</source>
-        <translation>&amp;Add the indexes</translation>
-    </message>
-    <message>
-        <source>Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.</source>
-        <translation>The new database settings take effect when “%1” is over and you have logged in again.</translation>
     </message>
     <message>
         <source>Ще триває: «%1».

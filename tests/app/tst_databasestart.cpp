@@ -7,7 +7,6 @@
 #include "tunecommand.h"
 #include "veltab.h"
 
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -25,7 +24,6 @@ private slots:
     void tuneCommandDoesWhatItIsTold();
 
 private:
-    void writeSettings(const DatabaseAddress &address);
     int tune(const QStringList &options);
     QString indexes();
 
@@ -45,22 +43,11 @@ void TstDatabaseStart::cleanup()
     m_base.reset();
 }
 
-void TstDatabaseStart::writeSettings(const DatabaseAddress &address)
-{
-    QSettings file(m_folder->filePath("Velta.ini"), QSettings::IniFormat);
-    file.setIniCodec("UTF-8");
-    file.setValue("QMYSQL/IP", address.host);
-    file.setValue("QMYSQL/PORT", address.port);
-    file.setValue("QMYSQL/DEFLOGIN", address.user);
-    file.setValue("QMYSQL/PASSWORD", address.password);
-    file.setValue("QMYSQL/NAMEBASE", address.name);
-}
-
 void TstDatabaseStart::silentServerIsLeftAtOnce()
 {
     TcpProxy proxy(testServer());
     proxy.setSilent(true);
-    writeSettings(proxy.address());
+    writeSettings(m_folder->path(), proxy.address());
     auto window = std::make_unique<Veltab>(m_folder->path());
     window->show();
     QTest::qWait(100);
@@ -107,7 +94,7 @@ QString TstDatabaseStart::indexes()
 /// Each line: what is asked, the exit code, how many indexes stand afterwards.
 void TstDatabaseStart::tuneCommandDoesWhatItIsTold()
 {
-    writeSettings(m_base->address());
+    writeSettings(m_folder->path(), m_base->address());
     const struct
     {
         QStringList options;

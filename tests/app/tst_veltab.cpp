@@ -20,7 +20,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTcpServer>
@@ -68,7 +67,7 @@ private slots:
     void burstOfErrorsIsOneDialog();
 
 private:
-    void writeSettings(const DatabaseAddress &address);
+    void writeSettings(const DatabaseAddress &address) { ::writeSettings(m_folder->path(), address); }
     void start(const std::function<void(QDialog *)> &answer);
     void startLoggedIn(const QString &login);
     QAction *action(const char *name) { return child<QAction>(m_window.get(), QLatin1String(name)); }
@@ -108,17 +107,6 @@ void TstVeltab::cleanup()
 {
     m_window.reset();
     m_base.reset();
-}
-
-void TstVeltab::writeSettings(const DatabaseAddress &address)
-{
-    QSettings file(m_folder->filePath("Velta.ini"), QSettings::IniFormat);
-    file.setIniCodec("UTF-8");
-    file.setValue("QMYSQL/IP", address.host);
-    file.setValue("QMYSQL/PORT", address.port);
-    file.setValue("QMYSQL/DEFLOGIN", address.user);
-    file.setValue("QMYSQL/PASSWORD", address.password);
-    file.setValue("QMYSQL/NAMEBASE", address.name);
 }
 
 /// Starts the window and answers every dialog of the start; warnings are remembered and confirmed.

@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QSettings>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -84,6 +85,17 @@ DatabaseAddress testServer()
     address.user = QStringLiteral("test");
     address.password = QStringLiteral("test");
     return address;
+}
+
+void writeSettings(const QString &folder, const DatabaseAddress &address)
+{
+    QSettings file(folder + "/Velta.ini", QSettings::IniFormat);
+    file.setIniCodec("UTF-8");
+    file.setValue("QMYSQL/IP", address.host);
+    file.setValue("QMYSQL/PORT", address.port);
+    file.setValue("QMYSQL/DEFLOGIN", address.user);
+    file.setValue("QMYSQL/PASSWORD", address.password);
+    file.setValue("QMYSQL/NAMEBASE", address.name);
 }
 
 bool Heard::event(QEvent *event)

@@ -18,6 +18,9 @@
 /// The private server of this test run.
 DatabaseAddress testServer();
 
+/// Writes a Velta.ini that leads to a database into a folder.
+void writeSettings(const QString &folder, const DatabaseAddress &address);
+
 /// A receiver that remembers the messages posted to it.
 class Heard : public QObject
 {

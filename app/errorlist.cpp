@@ -1,0 +1,67 @@
+#include "errorlist.h"
+
+#include "qqestion.h"
+
+#include <QApplication>
+#include <QRegularExpression>
+#include <QTimer>
+
+namespace {
+const int errorsTogether = 5;
+
+/// Where the part of an error begins that only those understand who look for its reason: behind its first
+/// empty line, else with the statement that failed. -1 when there is none.
+int detailsOf(const QString &error)
+{
+    static const QRegularExpression begin(QStringLiteral(
+        "\n\n|\n(?=(SELECT|INSERT|UPDATE|DELETE|REPLACE|CREATE|ALTER|SHOW|START|COMMIT|KILL) )"));
+    return error.indexOf(begin);
+}
+
+void tell(QWidget *parent, const QStringList &errors)
+{
+    const QString gap = QStringLiteral("\n\n");
+    QStringList words;
+    QStringList details;
+    for (const QString &error : errors) {
+        const int cut = detailsOf(error);
+        words.append(error.left(cut));
+        if (cut >= 0)
+            details.append(error.mid(cut).trimmed());
+    }
+    words.removeDuplicates();
+    QQestion::tell(parent, ErrorList::tr("Попередження."), words.join(gap), details.join(gap));
+}
+} // namespace
+
+bool isLossOfServer(const QString &error)
+{
+    return error.contains(QLatin1String("Can't connect to")) ||
+           error.contains(QLatin1String("Lost connection to")) ||
+           error.contains(QLatin1String("server has gone away"));
+}
+
+ErrorList::ErrorList(QWidget *window) : QObject(window), m_window(window) {}
+
+void ErrorList::add(const QString &error, int most)
+{
+    m_errors.append(error);
+    while (m_errors.size() > qMax(1, most))
+        m_errors.removeFirst();
+    QTimer::singleShot(0, this, &ErrorList::show);
+}
+
+void ErrorList::show()
+{
+    if (m_isShowing || m_errors.isEmpty())
+        return;
+    m_isShowing = true;
+    QWidget *parent = QApplication::activeModalWidget();
+    while (!m_errors.isEmpty()) {
+        m_errors.removeDuplicates();
+        const QStringList burst = m_errors.mid(0, errorsTogether);
+        m_errors = m_errors.mid(errorsTogether);
+        tell(parent == nullptr ? m_window : parent, burst);
+    }
+    m_isShowing = false;
+}
