@@ -18,7 +18,7 @@ void load(const Bench &bench, QRowModel *model)
     columns[10].format = &asDate;
     model->setColumns(columns);
     if (auto query = bench.db().run(cardsStatement() + QStringLiteral(" LIMIT %1").arg(exportedRows)))
-        model->fill(*query);
+        model->replaceRows(RowStore::read(*query));
     if (model->rowCount() == 0)
         qFatal("No rows");
 }

@@ -50,7 +50,7 @@ QVector<Column> cardsColumns()
 void load(const Bench &bench, QRowModel *model, const QString &sql)
 {
     if (auto query = bench.db().run(sql))
-        model->fill(*query);
+        model->replaceRows(RowStore::read(*query));
     if (model->rowCount() == 0)
         qFatal("No rows");
     QApplication::processEvents();

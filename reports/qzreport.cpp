@@ -135,7 +135,7 @@ QStringList QZReport::totals() const
     for (const int column : {Turnover, Cash, NonCash, Discount, Returns}) {
         qint64 sum = 0;
         for (int row = 0; row < model()->rowCount(); ++row)
-            sum += model()->stored(row, column).toLongLong();
+            sum += model()->number(row, column);
         sums.append(model()->columns().at(column).caption + QStringLiteral(": ") + moneyShown(sum));
     }
     qint64 tax = 0;

@@ -23,7 +23,7 @@ QMap<QString, qint64> sumsByDate(const QRowModel &model, int sumColumn, int dayC
 {
     QMap<QString, qint64> sums;
     for (int row = 0; row < model.rowCount(); ++row)
-        sums[model.stored(row, dayColumn).left(length)] += model.stored(row, sumColumn).toLongLong();
+        sums[model.stored(row, dayColumn).left(length)] += model.number(row, sumColumn);
     return sums;
 }
 
@@ -55,7 +55,7 @@ QVector<TurnoverBar> barsByName(const QRowModel &model, int sumColumn, int nameC
 {
     QHash<QString, qint64> sums;
     for (int row = 0; row < model.rowCount(); ++row)
-        sums[model.stored(row, nameColumn)] += model.stored(row, sumColumn).toLongLong();
+        sums[model.stored(row, nameColumn)] += model.number(row, sumColumn);
     QVector<TurnoverBar> bars;
     for (auto sum = sums.cbegin(); sum != sums.cend(); ++sum)
         bars.append({sum.key(), sum.key(), sum.value()});

@@ -7,6 +7,7 @@
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
 #include "qtabkass.h"
+#include "qtabnames.h"
 #include "qtabshops.h"
 #include "schema.h"
 
@@ -30,7 +31,8 @@ PageTable QTableBase::lines()
          [this] { return makeShops(); }},
         {"mt_kass", Permission::Kassa, QT_TRANSLATE_NOOP("Page", "Обладнання"), make<QTabKass>()},
         {"mt_devices", Permission::Devices, QT_TRANSLATE_NOOP("Page", "Пристрої"), {}},
-        {"mt_group_shops", Permission::GroupShops, QT_TRANSLATE_NOOP("Page", "Групи магазинів"), {}},
+        {"mt_group_shops", Permission::GroupShops, QT_TRANSLATE_NOOP("Page", "Групи магазинів"),
+         make<QTabGroup_Shops>()},
         {"mt_goods", Permission::Goods, QT_TRANSLATE_NOOP("Page", "Товари"), make<QTabGoods>()},
         {"mt_group_goods", Permission::GroupGoods, QT_TRANSLATE_NOOP("Page", "Групи товарів"), {}},
         {"mt_goods_shops", Permission::GoodsShops, QT_TRANSLATE_NOOP("Page", "Товари магазинів"),

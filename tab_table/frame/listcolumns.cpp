@@ -138,12 +138,22 @@ QVector<int> ListColumns::shown() const
     return shownColumns(m_view);
 }
 
+/// A column without a caption goes by its tool tip.
+QString ListColumns::nameOf(int column) const
+{
+    const auto header = [this, column](int role) {
+        return m_view->model()->headerData(column, Qt::Horizontal, role).toString();
+    };
+    const QString caption = header(Qt::DisplayRole);
+    return caption.isEmpty() ? header(Qt::ToolTipRole) : caption;
+}
+
 void ListColumns::fillMenu(QMenu *menu)
 {
     for (int i = 0; i < m_columns.size(); ++i) {
         if (m_columns.at(i).hidden)
             continue;
-        QAction *column = menu->addAction(m_view->model()->headerData(i, Qt::Horizontal).toString());
+        QAction *column = menu->addAction(nameOf(i));
         column->setCheckable(true);
         column->setChecked(!m_view->isColumnHidden(i));
         connect(column, &QAction::toggled, this, [this, i](bool on) { showColumn(i, on); });
@@ -155,7 +165,7 @@ void ListColumns::fillMenu(QMenu *menu)
     connect(menu->addAction(tr("Стовпці як с&початку")), &QAction::triggered, this, &ListColumns::reset);
 }
 
-QVector<int> shownColumns(const QNTableView *view)
+QVector<int> shownColumns(const QTableView *view)
 {
     const QHeaderView *header = view->horizontalHeader();
     QVector<int> columns;

@@ -7,6 +7,7 @@
 
 class QMenu;
 class QNTableView;
+class QTableView;
 
 /// The columns of a grid as its user has them: how wide, in which order, which of them, sorted by what.
 /// Remembered between two starts; the menu of the header chooses. For a grid with any model.
@@ -31,6 +32,7 @@ private:
     int digitWidth() const;
     void setWidths();
     void reset();
+    QString nameOf(int column) const;
     void showColumn(int column, bool isShown);
     void clearSorting();
     QStringList state() const;
@@ -44,4 +46,4 @@ private:
 };
 
 /// The columns of a grid that are seen, by their places in the model, from left to right.
-QVector<int> shownColumns(const QNTableView *view);
+QVector<int> shownColumns(const QTableView *view);

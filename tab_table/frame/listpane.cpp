@@ -7,6 +7,7 @@
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "queryservice.h"
+#include "qupdatebd.h"
 #include "waitcursor.h"
 
 #include <QDateTime>
@@ -100,7 +101,12 @@ void ListPane::load(const QString &sql, const QString &numberSql)
 {
     m_clock.start();
     showState(tr("Завантаження…"), true);
-    m_queries->ask(numberSql.isEmpty() ? QStringList(sql) : QStringList{sql, numberSql});
+    QStringList statements = {sql};
+    if (!m_tables.isEmpty())
+        statements.prepend(QUpdateBD::timesSql(m_tables));
+    if (!numberSql.isEmpty())
+        statements.append(numberSql);
+    m_queries->ask(statements);
 }
 
 void ListPane::stop()
@@ -115,8 +121,11 @@ void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
 {
     m_loadMs = m_clock.elapsed();
     if (answer->error.isEmpty()) {
-        m_number = answer->results.size() > 1 ? answer->number(1) : 0;
-        replaceRows(std::move(answer->results.front()));
+        const size_t rows = m_tables.isEmpty() ? 0 : 1;
+        m_number = answer->results.size() > rows + 1 ? answer->number(rows + 1) : 0;
+        replaceRows(std::move(answer->results[rows]));
+        if (!m_tables.isEmpty())
+            QUpdateBD().setRead(answer->results.front(), *m_db, m_receiver);
         return;
     }
     postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);

@@ -1,5 +1,8 @@
 #include "qchekedcombobox.h"
 
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 #include <QStyleOptionComboBox>
@@ -70,6 +73,46 @@ void QChekedComboBox::slotModelItemChanged(QStandardItem *item)
     m_isFollowing = false;
     updateDisplayText();
     emit checkedChanged();
+}
+
+void QChekedComboBox::showPopup()
+{
+    QComboBox::showPopup();
+    m_pressed = QPersistentModelIndex();
+    // Before the box's own filters, which close the list with every click: the last one installed is asked
+    // first.
+    view()->installEventFilter(this);
+    view()->viewport()->installEventFilter(this);
+}
+
+bool QChekedComboBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == view()->viewport()) {
+        const auto indexAt = [this, event] {
+            return view()->indexAt(static_cast<const QMouseEvent *>(event)->pos());
+        };
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+            m_pressed = indexAt();
+            return false;
+        }
+        if (event->type() == QEvent::MouseButtonRelease) {
+            if (m_pressed.isValid() && m_pressed == indexAt())
+                toggle(m_pressed);
+            m_pressed = QPersistentModelIndex();
+            return true;
+        }
+    } else if (watched == view() && event->type() == QEvent::KeyPress &&
+               static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Space) {
+        toggle(view()->currentIndex());
+        return true;
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+void QChekedComboBox::toggle(const QModelIndex &index)
+{
+    if (QStandardItem *item = m_items->itemFromIndex(index))
+        item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
 }
 
 void QChekedComboBox::updateDisplayText()

@@ -85,6 +85,8 @@ void QNTableView::keyPressEvent(QKeyEvent *event)
 
 void QNTableView::mousePressEvent(QMouseEvent *event)
 {
+    if (m_mayPress && !m_mayPress())
+        return;
     const QModelIndex index = indexAt(event->pos());
     if (event->button() == Qt::LeftButton) {
         m_pressedRow = index.row();

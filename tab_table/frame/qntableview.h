@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 
 /// The grid of every tab: tells of right clicks and of horizontal drags, says why it is empty, copies the
 /// selected rows as they are shown.
@@ -19,6 +20,9 @@ public:
 
     /// The column that takes the width the others leave free, and never less than it has now; -1 for none.
     void setMainColumn(int column);
+    /// Asked before a press of the mouse means anything; false keeps the press away: something in the list
+    /// has to be ended first.
+    void setPressGuard(const std::function<bool()> &mayPress) { m_mayPress = mayPress; }
     /// Gives it that width again, after columns were shown or hidden.
     void fillWidth();
 
@@ -38,6 +42,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    std::function<bool()> m_mayPress;
     int m_mainColumn = -1;
     int m_leastMainWidth = 0;
     QString m_emptyText;

@@ -5,14 +5,12 @@
 #include <QMimeData>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QTimer>
 #include <QtMath>
 #include <algorithm>
+#include <charconv>
 #include <numeric>
 
 namespace {
-constexpr int manyRows = 50000;
-
 double linearLight(double channel)
 {
     return channel <= 0.04045 ? channel / 12.92 : qPow((channel + 0.055) / 1.055, 2.4);
@@ -60,16 +58,6 @@ void QRowModel::addMissingColumns(const QStringList &names)
         setHeaderData(i, Qt::Horizontal, names.at(i));
 }
 
-void QRowModel::fill(QSqlQuery &query)
-{
-    // Before the new rows are read, so that both are never in memory together.
-    removeRows(0, rowCount());
-    replaceRows(RowStore::read(query));
-    // Once the caller has let the query go.
-    if (rowCount() >= manyRows)
-        QTimer::singleShot(0, this, &RowStore::returnFreedMemory);
-}
-
 void QRowModel::replaceRows(RowStore &&rows)
 {
     addMissingColumns(rows.columnNames());
@@ -108,6 +96,17 @@ QString QRowModel::stored(int row, int column) const
     if (row < 0 || row >= rowCount() || column < 0)
         return QString();
     return asText.plain(cell(row, column));
+}
+
+qint64 QRowModel::number(int row, int column) const
+{
+    if (row < 0 || row >= rowCount() || column < 0)
+        return 0;
+    const std::string_view bytes = cell(row, column);
+    qint64 value = 0;
+    const char *end = bytes.data() + bytes.size();
+    const auto [stop, error] = std::from_chars(bytes.data(), end, value);
+    return error == std::errc() && stop == end ? value : 0;
 }
 
 const CellFormat &QRowModel::format(int column) const

@@ -28,10 +28,8 @@ public:
     void setColumns(const QVector<Column> &columns);
     const QVector<Column> &columns() const { return m_columns; }
 
-    /// Replaces all rows by those of an executed query, columns in query order. Columns that the model
-    /// does not have yet are added under the query's names. The rows stand in the query's order.
-    void fill(QSqlQuery &query);
-    /// The same with rows that were read elsewhere.
+    /// Replaces all rows, columns in the order of their query. Columns that the model does not have yet are
+    /// added under the query's names. The rows stand in the query's order.
     void replaceRows(RowStore &&rows);
     /// Writes the query's current record into a row: value of column c into cell (row, c), from column
     /// firstColumn to the last.
@@ -43,6 +41,8 @@ public:
     std::string_view storedBytes(int row, int column) const { return cell(row, column); }
     /// The list as it is now, for another thread to read; the texts are shared.
     std::shared_ptr<const QRowModel> frozen() const;
+    /// The same as a whole number: kopecks, thousandths, an id; 0 for what is none.
+    qint64 number(int row, int column) const;
     /// How the texts of a column are formatted.
     const CellFormat &format(int column) const;
     /// The background of a whole row, with a text colour that is readable on it; an invalid colour ends it.

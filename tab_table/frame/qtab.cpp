@@ -4,6 +4,7 @@
 #include "ean13.h"
 #include "listpane.h"
 #include "qloadeduser.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
@@ -29,7 +30,12 @@ QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
     connectDelegate();
 }
 
-QTab::~QTab() = default;
+QTab::~QTab()
+{
+    // Its editor goes with the list: that is no answer of the user's.
+    if (m_delegate != nullptr)
+        m_delegate->blockSignals(true);
+}
 
 void QTab::buildList(QLayout *layout)
 {
@@ -94,8 +100,12 @@ void QTab::connectDelegate()
         return;
     m_delegate->setParent(this);
     view()->setItemDelegate(m_delegate);
+    view()->setPressGuard([this] { return m_delegate->settle(); });
     connect(m_delegate, &QTabDelegate::delnewrecord, this, &QTab::delnewrecord);
-    connect(m_delegate, &QTabDelegate::SetNextEdit, m_list, &ListPane::countAdded);
+    connect(m_delegate, &QTabDelegate::SetNextEdit, this, [this] {
+        m_added = QPersistentModelIndex();
+        m_list->countAdded();
+    });
     // After the editor is gone: the view cannot open the next one while it closes this one.
     connect(m_delegate, &QTabDelegate::extNextEdit, this, &QTab::NextEdit, Qt::QueuedConnection);
 }
@@ -157,10 +167,12 @@ void QTab::ShowData(int limit)
     if (limit >= 1)
         sql += QStringLiteral(" LIMIT ") + QString::number(limit);
     tellEmptyText();
-    if (auto rows = db().run(sql, {}, tr("Помилка запиту.")))
+    if (auto rows = db().run(sql, {}, tr("Помилка запиту."))) {
         showInModel(*rows);
-    else
+        QUpdateBD().reRead(table, *m_db, m_receiver);
+    } else {
         m_list->clearAfterFailure();
+    }
 }
 
 void QTab::search(const QString &newFilter, const QString &countSql)
@@ -168,6 +180,7 @@ void QTab::search(const QString &newFilter, const QString &countSql)
     filter = newFilter;
     m_countSql = countSql;
     tellEmptyText();
+    m_list->setTables({table});
     m_list->load(statement(), countSql);
 }
 
@@ -267,9 +280,13 @@ void QTab::Edit(const QModelIndex &index)
     if (!index.isValid())
         return;
     if (m_delegate == nullptr)
-        openEditor(model()->stored(index.row(), 0));
-    else if (mayEdit())
-        view()->edit(index);
+        return openEditor(model()->stored(index.row(), 0));
+    const QPersistentModelIndex name = index.sibling(index.row(), QTabDelegate::Name);
+    if (!mayEdit() || m_delegate->edited() == name || !m_delegate->settle() || !name.isValid())
+        return;
+    delnewrecord();
+    view()->setCurrentIndex(name);
+    view()->edit(name);
 }
 
 void QTab::Add()
@@ -278,17 +295,39 @@ void QTab::Add()
         return;
     if (m_delegate == nullptr)
         return openEditor(QString());
+    if (!m_delegate->settle())
+        return;
+    delnewrecord();
     m_delegate->startAdding();
     const int row = model()->rowCount();
     model()->insertRow(row);
-    const QModelIndex name = model()->index(row, 1);
-    view()->setCurrentIndex(name);
-    view()->edit(name);
+    m_added = model()->index(row, QTabDelegate::Name);
+    view()->setCurrentIndex(m_added);
+    view()->edit(m_added);
 }
 
 void QTab::delnewrecord()
 {
-    model()->removeRow(model()->rowCount() - 1);
+    if (m_delegate != nullptr)
+        m_delegate->stopAdding();
+    if (m_added.isValid())
+        model()->removeRow(m_added.row());
+    m_added = QPersistentModelIndex();
+}
+
+bool QTab::mayClose()
+{
+    if (m_delegate == nullptr)
+        return true;
+    const bool closes =
+        !m_delegate->isChanged() ||
+        QMessDlg::confirm(window(), tr("Назву не збережено."), tr("Набрану назву ще не записано."),
+                          tr("Закрити без збереження"), tr("Продовжити редагування"));
+    if (closes)
+        m_delegate->drop();
+    else
+        m_delegate->resume();
+    return closes;
 }
 
 void QTab::NextEdit()

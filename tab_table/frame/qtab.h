@@ -4,6 +4,7 @@
 #include "page.h"
 
 #include <QModelIndex>
+#include <QPersistentModelIndex>
 #include <QSqlDatabase>
 #include <QWidget>
 #include <memory>
@@ -57,6 +58,8 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
+    /// A name that is being typed in the list is asked about.
+    bool mayClose() override;
     /// True while a search is on its way.
     bool isLoading() const override;
 
@@ -86,7 +89,7 @@ public slots:
     /// Reloads the grid; a limit below 1 means none.
     void ShowData(int limit);
     void ShowData();
-    /// Edits the current row.
+    /// Edits the current row, in a list of names its name.
     void Edit();
     /// Edits a row: inline in tabs with a delegate, in the editor in those that have one.
     virtual void Edit(const QModelIndex &index);
@@ -160,6 +163,8 @@ private:
     ListPane *m_list = nullptr;
     QObject *m_receiver;
     QTabDelegate *m_delegate;
+    /// The row that is being added.
+    QPersistentModelIndex m_added;
     QString m_countSql;
     QLineEdit *m_search = nullptr;
 };

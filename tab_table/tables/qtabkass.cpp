@@ -142,7 +142,7 @@ void QTabKass::searchAgain()
 
 LineState QTabKass::lineState(int row) const
 {
-    return model()->stored(row, OnOff).toInt() != 0 ? LineState::OnLine : LineState::OffLine;
+    return model()->number(row, OnOff) != 0 ? LineState::OnLine : LineState::OffLine;
 }
 
 std::unique_ptr<RecordDialog> QTabKass::makeEditor(QString *id)

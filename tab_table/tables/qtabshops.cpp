@@ -111,9 +111,9 @@ void QTabShops::searchAgain()
 
 LineState QTabShops::lineState(int row) const
 {
-    if (model()->stored(row, OnOff).toInt() == 0)
+    if (model()->number(row, OnOff) == 0)
         return LineState::OffLine;
-    return model()->stored(row, CountOffLine).toInt() == 0 ? LineState::OnLine : LineState::PartlyOnLine;
+    return model()->number(row, CountOffLine) == 0 ? LineState::OnLine : LineState::PartlyOnLine;
 }
 
 std::unique_ptr<RecordDialog> QTabShops::makeEditor(QString *id)
@@ -123,7 +123,7 @@ std::unique_ptr<RecordDialog> QTabShops::makeEditor(QString *id)
 
 void QTabShops::dragged(int row)
 {
-    emit MoveMouseSignal(model()->stored(row, Id).toUInt());
+    emit MoveMouseSignal(static_cast<uint>(model()->number(row, Id)));
 }
 
 void QTabShops::rightClicked(int row)

@@ -161,7 +161,7 @@ void TstCsvExport::storedBytesAreWrittenAsTheyAreShown()
                       {QStringLiteral("Ставка"), 0, &asRate},
                       {QStringLiteral("Час"), 0, &asDateTime},
                       {QStringLiteral("День ₴"), 0, &asDate}});
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
     QCOMPARE(QString::fromUtf8(written(model, nullptr, CsvEncoding::Utf8)), expected);
     QCOMPARE(written(model, nullptr, CsvEncoding::Windows1251),
              QTextCodec::codecForName("Windows-1251")->fromUnicode(expected));

@@ -71,24 +71,15 @@ private slots:
 
     void widthsOutliveTheTab();
     void mainColumnTakesTheFreeWidth();
-    void inlineAddGoesOn();
-    void inlineAddTakesATypedId();
-    void inlineAddEndsWithEscape();
-    void inlineNamesAreUnique();
-    void inlineRenaming();
-    void viewerEditsNothing();
 
     void rightClickAndDrag();
     void allItemFollowsAndLeads();
+    void comboIsCheckedByMouseAndKeys();
 
 private:
     void open(int right = Permission::Full);
     void loadUser();
     QStringList shown(int column = 1);
-    QLineEdit *editor();
-    void enter(const QString &text);
-    QString answerTo(const QString &typed);
-    QStringList names() { return m_base->rows("SELECT id,name FROM day_update ORDER BY id"); }
 
     QTemporaryDir m_home;
     std::unique_ptr<FreshDatabase> m_base;
@@ -141,32 +132,6 @@ QStringList TstFrame::shown(int column)
     for (int row = 0; row < m_tab->model()->rowCount(); ++row)
         texts.append(m_tab->model()->index(row, column).data().toString());
     return texts;
-}
-
-/// The inline editor that is open, or null.
-QLineEdit *TstFrame::editor()
-{
-    const auto editors = m_tab->view()->viewport()->findChildren<QLineEdit *>();
-    for (QLineEdit *edit : editors) {
-        if (edit->isVisible())
-            return edit;
-    }
-    return nullptr;
-}
-
-void TstFrame::enter(const QString &text)
-{
-    QTRY_VERIFY(editor() != nullptr);
-    const QPointer<QLineEdit> edit = editor();
-    edit->setText(text);
-    QTest::keyClick(edit, Qt::Key_Return);
-    QTRY_VERIFY(edit.isNull());
-}
-
-/// The warning that the typed name meets.
-QString TstFrame::answerTo(const QString &typed)
-{
-    return answerQuestion([&] { enter(typed); });
 }
 
 void TstFrame::groupCondition_data()
@@ -421,103 +386,6 @@ void TstFrame::mainColumnTakesTheFreeWidth()
     QVERIFY2(view->columnWidth(0) == other + 30, "a border that was dragged stays");
 }
 
-void TstFrame::inlineAddGoesOn()
-{
-    open();
-    m_tab->Add();
-    enter("Четвер '\\%");
-    QTRY_COMPARE(m_tab->model()->rowCount(), 5);
-    enter("П'ятниця");
-    QTRY_COMPARE(m_tab->model()->rowCount(), 6);
-    QTRY_VERIFY(editor() != nullptr);
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    QTRY_COMPARE(m_tab->model()->rowCount(), 5);
-    QTest::qWait(20);
-    QVERIFY(editor() == nullptr);
-    QCOMPARE(names().mid(3).join(' ').remove(QRegularExpression("[0-9]+\\|")),
-             QString("Четвер '\\% П'ятниця"));
-    QCOMPARE(shown(0).mid(3), m_base->rows("SELECT id FROM day_update WHERE id>10 ORDER BY id"));
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 5"));
-    QCOMPARE(m_base->heard.texts(), QStringList());
-}
-
-void TstFrame::inlineAddTakesATypedId()
-{
-    open();
-    m_tab->Add();
-    QTRY_VERIFY(editor() != nullptr);
-    QTest::keyClick(editor(), Qt::Key_Backtab);
-    QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
-    QTest::keyClicks(editor(), "55");
-    QTest::keyClick(editor(), Qt::Key_Tab);
-    QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
-    enter("Четвер");
-    QTRY_VERIFY(names().contains("55|Четвер"));
-    QCOMPARE(shown(0).at(3), QString("55"));
-    QTRY_VERIFY(editor() != nullptr);
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    QTRY_COMPARE(m_tab->model()->rowCount(), 4);
-}
-
-void TstFrame::inlineAddEndsWithEscape()
-{
-    open();
-    m_tab->Add();
-    QTRY_VERIFY(editor() != nullptr);
-    QCOMPARE(editor()->maxLength(), 150);
-    editor()->setText("Четвер");
-    QTest::keyClick(editor(), Qt::Key_Escape);
-    QTRY_COMPARE(m_tab->model()->rowCount(), 3);
-    QCOMPARE(names().size(), 3);
-    m_tab->Edit(m_tab->model()->index(0, 0));
-    QVERIFY2(editor() == nullptr, "the id of a stored record is not edited");
-}
-
-void TstFrame::inlineNamesAreUnique()
-{
-    open();
-    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
-    m_tab->Add();
-    QCOMPARE(answerTo("середа"), QString("Такий запис вже існує в базі!"));
-    QTRY_COMPARE(m_tab->model()->rowCount(), 3);
-    m_tab->Add();
-    QCOMPARE(answerTo("  "), QString("Поле не може бути пустим."));
-    QTRY_COMPARE(m_tab->model()->rowCount(), 3);
-    m_tab->Edit(m_tab->model()->index(0, 1));
-    QCOMPARE(answerTo("Середа"), QString("Такий запис вже існує в базі!"));
-    m_tab->Edit(m_tab->model()->index(0, 1));
-    QCOMPARE(answerTo(""), QString("Поле не може бути пустим."));
-    QCOMPARE(shown(), QStringList({"Понеділок", "Вівторок", "Середа"}));
-    QCOMPARE(names(), QStringList({"1|Понеділок", "2|Вівторок", "10|Середа"}));
-}
-
-void TstFrame::inlineRenaming()
-{
-    open();
-    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
-    m_tab->Edit(m_tab->model()->index(1, 1));
-    QCOMPARE(answerTo("Вівторок"), QString());
-    m_tab->Edit(m_tab->model()->index(1, 1));
-    QCOMPARE(answerTo("вівторок"), QString());
-    QCOMPARE(names(), QStringList({"1|Понеділок", "2|вівторок", "10|Середа"}));
-    m_base->exec("RENAME TABLE day_update TO away");
-    m_tab->Edit(m_tab->model()->index(1, 1));
-    enter("Інше");
-    m_base->exec("RENAME TABLE away TO day_update");
-    QCOMPARE(shown().at(1), QString("вівторок"));
-    QVERIFY(m_base->heard.has("Помилка запиту:", QMessEvent::Critical));
-}
-
-void TstFrame::viewerEditsNothing()
-{
-    open(2);
-    m_tab->Add();
-    m_tab->Edit(m_tab->model()->index(0, 1));
-    QTest::mouseDClick(m_tab->view()->viewport(), Qt::LeftButton, {}, {100, 10});
-    QVERIFY(editor() == nullptr);
-    QCOMPARE(m_tab->model()->rowCount(), 3);
-}
-
 void TstFrame::rightClickAndDrag()
 {
     open();
@@ -582,6 +450,49 @@ void TstFrame::allItemFollowsAndLeads()
     box.resize(60, 30);
     box.show();
     QTRY_VERIFY(box.displayText().size() < 10);
+}
+
+/// The list of a check box combo, by mouse and keys as people use it.
+void TstFrame::comboIsCheckedByMouseAndKeys()
+{
+    QWidget window;
+    QChekedComboBox box(&window);
+    box.addItem("Усі", 0);
+    for (const char *name : {"Хліб", "Молоко", "Риба"})
+        box.addItem(name, box.count());
+    box.resize(300, 30);
+    window.resize(400, 300);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QTRY_VERIFY(box.view()->isVisible());
+    const auto click = [&box](int row) {
+        const QRect place = box.view()->visualRect(box.model()->index(row, 0));
+        QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, place.center());
+    };
+    click(1);
+    QCOMPARE(box.listTexts(), QStringList{"Хліб"});
+    QVERIFY2(box.view()->isVisible(), "the list stays open");
+    click(3);
+    click(1);
+    QCOMPARE(box.listTexts(), QStringList{"Риба"});
+    click(0);
+    QCOMPARE(box.listTexts(), QStringList({"Усі", "Хліб", "Молоко", "Риба"}));
+    // Pressed on one item, released on another: neither.
+    const auto centre = [&box](int row) {
+        return box.view()->visualRect(box.model()->index(row, 0)).center();
+    };
+    QTest::mousePress(box.view()->viewport(), Qt::LeftButton, {}, centre(1));
+    QTest::mouseRelease(box.view()->viewport(), Qt::LeftButton, {}, centre(2));
+    QCOMPARE(box.listTexts().size(), 4);
+    box.view()->setCurrentIndex(box.model()->index(0, 0));
+    pressKeys({Qt::Key_Space, Qt::Key_Down, Qt::Key_Down, Qt::Key_Space});
+    QCOMPARE(box.listTexts(), QStringList{"Молоко"});
+    QVERIFY(box.view()->isVisible());
+    pressKeys({Qt::Key_Escape});
+    QTRY_VERIFY(!box.view()->isVisible());
+    QCOMPARE(box.listTexts(), QStringList{"Молоко"});
+    QCOMPARE(box.displayText(), QString("Молоко"));
 }
 
 QTEST_MAIN(TstFrame)

@@ -91,7 +91,7 @@ void TstQRowModel::oddValuesComeThrough()
     QSqlQuery query = executed(database, oddRows, prepared);
     QVERIFY(query.next()); // Where the query stands does not matter.
     QRowModel model;
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
 
     QStringList expected{QStringLiteral("1"),
                          QString(),
@@ -129,7 +129,7 @@ void TstQRowModel::columnsComeFromWhoeverNamesThem()
     model.insertColumns(0, 2);
     model.setHeaderData(0, Qt::Horizontal, QStringLiteral("Код"));
     QSqlQuery query = executed(database, QStringLiteral("SELECT 1 AS a, 2 AS b, 3 AS c"));
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
     QCOMPARE(model.columnCount(), 3);
     QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QStringLiteral("Код"));
     QCOMPARE(model.headerData(2, Qt::Horizontal).toString(), QStringLiteral("c"));
@@ -139,21 +139,21 @@ void TstQRowModel::columnsComeFromWhoeverNamesThem()
     QVERIFY(!model.removeColumns(0, 1));
 
     QSqlQuery narrow = executed(database, QStringLiteral("SELECT 7 AS a"));
-    model.fill(narrow);
+    model.replaceRows(RowStore::read(narrow));
     QCOMPARE(storedRow(model, 0), QStringList({QStringLiteral("7"), QString(), QString()}));
 
     QSqlQuery none = executed(database, QStringLiteral("SELECT 7 AS a WHERE FALSE"));
-    model.fill(none);
+    model.replaceRows(RowStore::read(none));
     QCOMPARE(model.rowCount(), 0);
     QCOMPARE(model.columnCount(), 3);
 
     model.setColumns({{QStringLiteral("Ціна"), 0, &asMoney}});
     QCOMPARE(model.columnCount(), 1);
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
     QCOMPARE(model.index(0, 0).data().toString(), QStringLiteral("0.01"));
     model.clear();
     QCOMPARE(model.rowCount(), 0);
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
     QCOMPARE(model.index(0, 0).data().toString(), QStringLiteral("1"));
 }
 
@@ -164,7 +164,7 @@ void TstQRowModel::recordIsWrittenIntoItsRow()
                                                         "UNION ALL SELECT 20, 'b', 200"));
     QRowModel model;
     model.setColumns({{QStringLiteral("id")}, {QStringLiteral("name")}, {QStringLiteral("price")}});
-    model.fill(query);
+    model.replaceRows(RowStore::read(query));
     model.sort(0, Qt::DescendingOrder);
 
     const auto updated =
@@ -241,7 +241,7 @@ void TstQRowModel::rowsOfEveryLengthComeThrough()
                                    .arg(first)
                                    .arg(length - first));
         QRowModel model;
-        model.fill(query);
+        model.replaceRows(RowStore::read(query));
         const QStringList longRow{QString(first, QLatin1Char('a')), QString(),
                                   QString(length - first, QLatin1Char('b'))};
         QVERIFY2(storedRow(model, 0) == longRow, qPrintable(QString::number(length)));
@@ -438,7 +438,7 @@ void TstQRowModel::viewKeepsWorkingThroughReloads()
     view.setSortingEnabled(true);
     QSqlQuery query = executed(database, QStringLiteral("SELECT seq, seq % 7 FROM seq_1_to_3000"));
     for (int round = 0; round < 3; ++round) {
-        model->fill(query);
+        model->replaceRows(RowStore::read(query));
         view.sortByColumn(round % 2, round % 2 == 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
         view.setCurrentIndex(model->index(1000, 1));
         QVERIFY(!view.grab().isNull());
@@ -448,7 +448,7 @@ void TstQRowModel::viewKeepsWorkingThroughReloads()
     }
     QVERIFY(!view.currentIndex().isValid());
     QCOMPARE(view.columnWidth(1), 333);
-    model->fill(query);
+    model->replaceRows(RowStore::read(query));
     QCOMPARE(view.verticalHeader()->count(), 3000);
 }
 

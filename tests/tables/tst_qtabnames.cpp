@@ -1,0 +1,584 @@
+#include "testing.h"
+
+#include "listpane.h"
+#include "qloadeduser.h"
+#include "qmessdlg.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "qtabdelegate.h"
+#include "qtabnames.h"
+#include "qupdatebd.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+
+namespace {
+constexpr NameList goodsGroupNames = {"group_goods", "Назва групи"};
+
+/// A list of names beside a field, as it stands beside others in the window of the program.
+class NamesPage : public QWidget
+{
+public:
+    NamesPage(FreshDatabase *base, QLoadedUser *user)
+        : names(new QTabNamesOf<goodsGroupNames>(base->connection(), user, &base->heard, nullptr, this))
+        , field(new QLineEdit(this))
+        , button(new QPushButton("&Поруч", this))
+    {
+        auto *column = new QVBoxLayout(this);
+        column->addWidget(names);
+        column->addWidget(field);
+        column->addWidget(button);
+        names->setPermission(Permission::GroupGoods);
+        resize(500, 400);
+    }
+
+    QTabNames *names;
+    QLineEdit *field;
+    QPushButton *button;
+};
+} // namespace
+
+/// Names that are edited where they stand in their list, by a person in a hurry.
+class TstQTabNames : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void oneCaption();
+    void anyCellOpensTheName_data();
+    void anyCellOpensTheName();
+    void viewerEditsNothing();
+    void addingGoesOnWithEnter();
+    void idIsTypedBeforeOrAfterTheName();
+    void takenIdIsTold();
+    void escTakesBack();
+
+    void untouchedRowGoesSilently_data();
+    void untouchedRowGoesSilently();
+    void typedNameIsStored_data();
+    void typedNameIsStored();
+    void refusedNameStaysInItsEditor_data();
+    void refusedNameStaysInItsEditor();
+    void nothingIsWrittenThatNobodyTouched();
+    void renamedMeanwhile();
+    void failureKeepsTheName();
+
+    void reloadWhileAdding();
+    void destroyedWhileAdding();
+    void closingAsksAboutATypedName();
+    void otherWindowLeavesTheEditorOpen();
+    void addingAgainWhileAdding();
+    void listMovesWhileAdding();
+    void doubleClickOnTheNextName();
+
+private:
+    void open(int right = Permission::Full);
+    QLineEdit *editor();
+    QAbstractItemModel *model() { return m_page->names->model(); }
+    QNTableView *view() { return m_page->names->view(); }
+    void add();
+    void edit(int row);
+    void clickCell(int row, int column);
+    void doubleClickCell(int row, int column);
+    bool isClosed();
+    QStringList shown(int column = 1);
+    QStringList names() { return m_base->rows("SELECT name FROM group_goods WHERE id>=30 ORDER BY name"); }
+
+    QTemporaryDir m_home;
+    std::unique_ptr<FreshDatabase> m_base;
+    std::unique_ptr<QLoadedUser> m_user;
+    std::unique_ptr<NamesPage> m_page;
+};
+
+void TstQTabNames::initTestCase()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
+    m_base = std::make_unique<FreshDatabase>();
+}
+
+void TstQTabNames::init()
+{
+    m_base->exec({"DELETE FROM group_goods",
+                  "INSERT INTO group_goods(id,name) VALUES(31,'Молоко'),(30,'Хліб'),(42,'Бакалія')"});
+    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
+    open();
+}
+
+void TstQTabNames::cleanup()
+{
+    m_page.reset();
+    m_user.reset();
+    QSettings(QSettings::IniFormat, QSettings::UserScope, "Veltab", "windows").clear();
+}
+
+void TstQTabNames::open(int right)
+{
+    m_page.reset();
+    m_base->exec(QString("UPDATE lst_permis SET permission=%1 WHERE id_g_prem=1 AND id_prem=%2")
+                     .arg(right)
+                     .arg(int(Permission::GroupGoods)));
+    QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
+    m_page = std::make_unique<NamesPage>(m_base.get(), m_user.get());
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    view()->sortByColumn(0, Qt::AscendingOrder);
+    view()->setFocus();
+    m_base->heard.forget();
+}
+
+/// The inline editor that is open, or null.
+QLineEdit *TstQTabNames::editor()
+{
+    const auto editors = view()->viewport()->findChildren<QLineEdit *>();
+    for (QLineEdit *edit : editors) {
+        if (edit->isVisible())
+            return edit;
+    }
+    return nullptr;
+}
+
+void TstQTabNames::add()
+{
+    m_page->names->Add();
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+}
+
+void TstQTabNames::edit(int row)
+{
+    view()->setCurrentIndex(model()->index(row, 0));
+    pressKeys({Qt::Key_Return});
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+}
+
+void TstQTabNames::clickCell(int row, int column)
+{
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {},
+                      view()->visualRect(model()->index(row, column)).center());
+}
+
+void TstQTabNames::doubleClickCell(int row, int column)
+{
+    clickCell(row, column);
+    const QPoint centre = view()->visualRect(model()->index(row, column)).center();
+    QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, centre);
+}
+
+/// No editor is left, and what its end had to do has been done.
+bool TstQTabNames::isClosed()
+{
+    const bool isClosed = QTest::qWaitFor([this] { return editor() == nullptr; });
+    QTest::qWait(20);
+    return isClosed && editor() == nullptr;
+}
+
+QStringList TstQTabNames::shown(int column)
+{
+    QStringList texts;
+    for (int row = 0; row < model()->rowCount(); ++row)
+        texts.append(model()->index(row, column).data().toString());
+    return texts;
+}
+
+void TstQTabNames::oneCaption()
+{
+    QStringList captions;
+    for (int column = 0; column < model()->columnCount(); ++column)
+        captions.append(model()->headerData(column, Qt::Horizontal).toString());
+    QCOMPARE(captions, QStringList({"", "Назва групи"}));
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
+}
+
+void TstQTabNames::anyCellOpensTheName_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("how");
+    for (const int column : {0, 1}) {
+        for (const char *how : {"Enter", "command", "double click"})
+            QTest::newRow(qPrintable(QString("%1, column %2").arg(how).arg(column))) << column << how;
+    }
+}
+
+void TstQTabNames::anyCellOpensTheName()
+{
+    QFETCH(int, column);
+    QFETCH(QString, how);
+    view()->setCurrentIndex(model()->index(1, column));
+    if (how == "Enter")
+        pressKeys({Qt::Key_Enter});
+    else if (how == "command")
+        m_page->names->run(Command::Edit);
+    else
+        doubleClickCell(1, column);
+    QVERIFY(editor() != nullptr && editor()->hasFocus());
+    QCOMPARE(editor()->text(), QString("Молоко"));
+    QCOMPARE(editor()->maxLength(), 50);
+    editor()->selectAll();
+    typeText("Молочне");
+    // The command once more changes nothing of what is typed.
+    m_page->names->run(Command::Edit);
+    QCOMPARE(editor()->text(), QString("Молочне"));
+    pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
+    QCOMPARE(model()->rowCount(), 3);
+    QVERIFY2(view()->hasFocus(), "the keyboard goes on in the list");
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::viewerEditsNothing()
+{
+    open(2);
+    m_page->names->Add();
+    view()->setCurrentIndex(model()->index(0, 1));
+    pressKeys({Qt::Key_Return});
+    doubleClickCell(0, 1);
+    QVERIFY(editor() == nullptr);
+    QCOMPARE(model()->rowCount(), 3);
+}
+
+void TstQTabNames::addingGoesOnWithEnter()
+{
+    add();
+    typeText("Риба '\\%");
+    pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(model()->rowCount(), 5);
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    typeText("М'ясо");
+    pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(model()->rowCount(), 6);
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QCOMPARE(names(), QStringList({"Бакалія", "М'ясо", "Молоко", "Риба '\\%", "Хліб"}));
+    QCOMPARE(shown(0).mid(3), m_base->rows("SELECT id FROM group_goods WHERE id>42 ORDER BY id"));
+    QCOMPARE(child<QLabel>(m_page->names, "labelState")->text(), QString("Записів: 5"));
+    QVERIFY(!QUpdateBD().isUpdate("no such table", *m_base->connection(), &m_base->heard));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::idIsTypedBeforeOrAfterTheName()
+{
+    add();
+    typeText("Риба");
+    pressKeys({Qt::SHIFT + Qt::Key_Backtab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
+    typeText("55");
+    pressKeys({Qt::Key_Tab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
+    QCOMPARE(editor()->text(), QString("Риба"));
+    pressKeys({Qt::SHIFT + Qt::Key_Backtab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
+    // Left from the id: the name is not lost.
+    m_page->field->setFocus();
+    QVERIFY(isClosed());
+    QCOMPARE(m_base->rows("SELECT id,name FROM group_goods WHERE id>42"), QStringList{"55|Риба"});
+    QCOMPARE(shown(0).last(), QString("55"));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::takenIdIsTold()
+{
+    add();
+    pressKeys({Qt::SHIFT + Qt::Key_Backtab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
+    typeText("42");
+    pressKeys({Qt::Key_Return});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
+    typeText("Риба");
+    QVERIFY(answerQuestion([] { pressKeys({Qt::Key_Return}); }).startsWith("Код 42 вже зайнятий"));
+    QCOMPARE(editor()->text(), QString("Риба"));
+    QCOMPARE(names().size(), 3);
+}
+
+void TstQTabNames::escTakesBack()
+{
+    add();
+    typeText("Риба");
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed());
+    edit(0);
+    typeText("Риба");
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
+    QCOMPARE(names().size(), 3);
+}
+
+void TstQTabNames::untouchedRowGoesSilently_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("mouse in the list") << 0;
+    QTest::newRow("another field") << 1;
+    QTest::newRow("Tab") << 2;
+    QTest::newRow("access key") << 3;
+    QTest::newRow("Enter") << 4;
+}
+
+void TstQTabNames::untouchedRowGoesSilently()
+{
+    QFETCH(int, way);
+    add();
+    if (way == 0)
+        clickCell(0, 1);
+    else if (way == 1)
+        QTest::mouseClick(m_page->field, Qt::LeftButton);
+    else if (way == 2)
+        pressKeys({Qt::Key_Tab});
+    else if (way == 3)
+        m_page->button->setFocus(Qt::ShortcutFocusReason);
+    else
+        pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
+    QCOMPARE(names().size(), 3);
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::typedNameIsStored_data()
+{
+    untouchedRowGoesSilently_data();
+}
+
+void TstQTabNames::typedNameIsStored()
+{
+    QFETCH(int, way);
+    add();
+    typeText("Риба");
+    if (way == 0)
+        clickCell(0, 1);
+    else if (way == 1)
+        QTest::mouseClick(m_page->field, Qt::LeftButton);
+    else if (way == 2)
+        pressKeys({Qt::Key_Tab});
+    else if (way == 3)
+        m_page->button->setFocus(Qt::ShortcutFocusReason);
+    else
+        pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хліб"}));
+    if (way == 4) {
+        QTRY_VERIFY(editor() != nullptr);
+        pressKeys({Qt::Key_Escape});
+    }
+    QVERIFY(isClosed());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія", "Риба"}));
+    QCOMPARE(child<QLabel>(m_page->names, "labelState")->text(), QString("Записів: 4"));
+}
+
+void TstQTabNames::refusedNameStaysInItsEditor_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("why");
+    QTest::addColumn<bool>("isNew");
+    QTest::addColumn<bool>("byMouse");
+    const QString taken = "Такий запис вже існує в базі!";
+    const QString empty = "Поле не може бути пустим.";
+    QTest::newRow("new, Enter") << "хліб" << taken << true << false;
+    QTest::newRow("new, mouse") << "Хліб" << taken << true << true;
+    QTest::newRow("new, blanks") << "  " << empty << true << true;
+    QTest::newRow("old, Enter") << "Хліб" << taken << false << false;
+    QTest::newRow("old, mouse") << "Хліб" << taken << false << true;
+    QTest::newRow("old, blanks") << " " << empty << false << false;
+}
+
+void TstQTabNames::refusedNameStaysInItsEditor()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, isNew);
+    QFETCH(bool, byMouse);
+    isNew ? add() : edit(1);
+    editor()->selectAll();
+    typeText(typed);
+    const int rows = model()->rowCount();
+    const auto leave = [&] {
+        if (byMouse)
+            QTest::mouseClick(m_page->field, Qt::LeftButton);
+        else
+            pressKeys({Qt::Key_Return});
+        QTest::qWait(50);
+    };
+    QTEST(answerQuestion(leave), "why");
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    QCOMPARE(editor()->text(), typed);
+    QCOMPARE(model()->rowCount(), rows);
+    // Again, and it is told again; then another name.
+    QTEST(answerQuestion(leave), "why");
+    editor()->selectAll();
+    typeText("Овочі");
+    QTest::mouseClick(m_page->field, Qt::LeftButton);
+    QVERIFY(isClosed());
+    QCOMPARE(names(), isNew ? QStringList({"Бакалія", "Молоко", "Овочі", "Хліб"})
+                            : QStringList({"Бакалія", "Овочі", "Хліб"}));
+}
+
+void TstQTabNames::nothingIsWrittenThatNobodyTouched()
+{
+    edit(1);
+    m_base->exec("UPDATE group_goods SET name='Молочне' WHERE id=31");
+    pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QVERIFY(names().contains("Молочне"));
+}
+
+void TstQTabNames::renamedMeanwhile()
+{
+    edit(1);
+    editor()->selectAll();
+    typeText("Молоко й сир");
+    m_base->exec("UPDATE group_goods SET name='Молочне' WHERE id=31");
+    const QString told = answerQuestion([] { pressKeys({Qt::Key_Return}); });
+    QVERIFY2(told.contains("«Молочне»"), qPrintable(told));
+    QCOMPARE(editor()->text(), QString("Молоко й сир"));
+    QVERIFY(names().contains("Молочне"));
+    QTRY_VERIFY(editor()->hasFocus());
+    pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко й сир", "Хліб"}));
+}
+
+void TstQTabNames::failureKeepsTheName()
+{
+    add();
+    typeText("Риба");
+    m_base->exec("RENAME TABLE group_goods TO away");
+    pressKeys({Qt::Key_Return});
+    m_base->exec("RENAME TABLE away TO group_goods");
+    QVERIFY(m_base->heard.has("Помилка запиту:", QMessEvent::Critical));
+    QVERIFY(editor() != nullptr);
+    QCOMPARE(editor()->text(), QString("Риба"));
+    pressKeys({Qt::Key_Return, Qt::Key_Escape});
+    QTRY_VERIFY(names().contains("Риба"));
+}
+
+void TstQTabNames::reloadWhileAdding()
+{
+    add();
+    typeText("Риба");
+    m_page->names->ShowData();
+    QVERIFY(isClosed());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
+    QCOMPARE(names().size(), 3);
+    add();
+    typeText("М'ясо");
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(isClosed());
+    QCOMPARE(model()->rowCount(), 4);
+}
+
+void TstQTabNames::destroyedWhileAdding()
+{
+    add();
+    typeText("Риба");
+    m_page.reset();
+    QTest::qWait(20);
+    QCOMPARE(names().size(), 3);
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::closingAsksAboutATypedName()
+{
+    add();
+    QVERIFY2(m_page->names->mayClose(), "nothing is typed");
+    QVERIFY(isClosed());
+    QCOMPARE(model()->rowCount(), 3);
+    add();
+    typeText("Риба");
+    bool closes = true;
+    const QString asked = answerConfirm([&] { closes = m_page->names->mayClose(); }, false);
+    QVERIFY2(asked.contains("Набрану назву ще не записано."), qPrintable(asked));
+    QVERIFY(!closes);
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    QCOMPARE(editor()->text(), QString("Риба"));
+    answerConfirm([&] { closes = m_page->names->mayClose(); }, true);
+    QVERIFY(closes && isClosed());
+    QCOMPARE(model()->rowCount(), 3);
+    QCOMPARE(names().size(), 3);
+}
+
+void TstQTabNames::otherWindowLeavesTheEditorOpen()
+{
+    add();
+    typeText("Риб");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QTest::qWait(50);
+    m_page->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    typeText("а");
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(isClosed());
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хліб"}));
+}
+
+void TstQTabNames::addingAgainWhileAdding()
+{
+    add();
+    m_page->names->Add();
+    QTest::qWait(50);
+    QCOMPARE(model()->rowCount(), 4);
+    QVERIFY(editor() != nullptr);
+    typeText("Риба");
+    m_page->names->Add();
+    QTest::qWait(50);
+    QCOMPARE(model()->rowCount(), 5);
+    QVERIFY(names().contains("Риба"));
+    // Another row is edited: the new one goes.
+    edit(0);
+    QTest::qWait(50);
+    QCOMPARE(model()->rowCount(), 4);
+    QCOMPARE(editor()->text(), QString("Хліб"));
+}
+
+/// Another row becomes the current one by the program.
+void TstQTabNames::listMovesWhileAdding()
+{
+    add();
+    view()->setCurrentIndex(model()->index(0, 0));
+    QVERIFY(isClosed());
+    QCOMPARE(model()->rowCount(), 3);
+    add();
+    typeText("Риба");
+    view()->setCurrentIndex(model()->index(0, 0));
+    pressKeys({Qt::Key_Return});
+    QTRY_VERIFY(editor() != nullptr && editor()->text() == "Хліб");
+    QTest::qWait(20);
+    editor()->selectAll();
+    typeText("Хлібне");
+    pressKeys({Qt::Key_Return});
+    QVERIFY(isClosed());
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хлібне"}));
+    QCOMPARE(model()->rowCount(), 4);
+}
+
+void TstQTabNames::doubleClickOnTheNextName()
+{
+    edit(1);
+    editor()->selectAll();
+    typeText("Молочне");
+    doubleClickCell(2, 0);
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    QCOMPARE(editor()->text(), QString("Бакалія"));
+    editor()->selectAll();
+    typeText("Хліб");
+    const QString told = answerQuestion([this] { clickCell(1, 1); });
+    QCOMPARE(told, QString("Такий запис вже існує в базі!"));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    QCOMPARE(editor()->text(), QString("Хліб"));
+    QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
+}
+
+QTEST_MAIN(TstQTabNames)
+#include "tst_qtabnames.moc"
