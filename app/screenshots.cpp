@@ -148,7 +148,7 @@ void Screenshots::load(QWidget *report, const QString &name)
 void Screenshots::takeCheks(QWidget *viewer, const QString &name)
 {
     fillReport(viewer, name);
-    auto *list = viewer->findChild<QTableView *>(QStringLiteral("tvCheks"));
+    auto *list = viewer->findChild<QTableView *>(QStringLiteral("view"));
     emit list->doubleClicked(list->model()->index(2, 0));
     workFor(200);
     takeSlip(viewer->findChild<QTextBrowser *>(QStringLiteral("tbSlip"))->toHtml());

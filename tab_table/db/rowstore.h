@@ -34,15 +34,6 @@ public:
     /// The text of a cell, valid until the row is written; empty where the row has no such column.
     std::string_view cell(int row, int column) const;
 
-    /// Tells the processor that a row will be read soon.
-    void announce(int row) const
-    {
-        if (const char *begin = m_rows[static_cast<size_t>(row)]; begin != nullptr) {
-            __builtin_prefetch(begin);
-            __builtin_prefetch(begin + 64);
-        }
-    }
-
     /// Appends a row; the texts are copied.
     void append(const std::vector<std::string_view> &cells) { m_rows.push_back(pack(cells, nullptr)); }
     /// Appends rows whose cells are all empty.

@@ -9,17 +9,18 @@
 
 namespace {
 /// Eight bytes of a sort key as a number that compares like them. A key has no zero bytes; a part that
-/// ends in one is the key's last.
-using KeyPart = quint64 (*)(std::string_view text, int part);
+/// ends in one is the key's last. from: where the part begins in the text, and then the next one; what it
+/// counts is the key's own matter, 0 is the beginning.
+using KeyPart = quint64 (*)(std::string_view text, int part, quint32 *from);
 constexpr int partBytes = 8;
 /// Rows that are equal over so many parts keep their order.
 constexpr int mostParts = 64;
 
-/// Takes the bytes of a whole key and keeps one part.
+/// Takes bytes of a key, leaves some out and keeps one part.
 class PartWriter
 {
 public:
-    explicit PartWriter(int part) : m_skip(part * partBytes) {}
+    explicit PartWriter(int skip) : m_skip(skip) {}
     void add(quint8 byte)
     {
         if (m_skip > 0) {
@@ -96,20 +97,34 @@ char32_t nextCharacter(std::string_view text, size_t *at)
     return code;
 }
 
-quint64 textPart(std::string_view text, int part)
+/// A character is one byte of the key, or four, which two parts may share: from is the place of the character
+/// with which the part begins, times four, and how many of its bytes the part before has taken.
+quint64 textPart(std::string_view text, int /*part*/, quint32 *from)
 {
-    PartWriter writer(part);
-    for (size_t at = 0; at < text.size() && !writer.isFull();) {
+    PartWriter writer(static_cast<int>(*from & 3U));
+    size_t at = *from >> 2U;
+    while (at < text.size() && !writer.isFull()) {
+        const size_t start = at;
         const char32_t code = nextCharacter(text, &at);
         const quint8 rank = rankOf(code);
         if (rank == other) {
             writer.add(otherLead);
-            for (const unsigned shift : {14U, 7U, 0U})
+            quint32 taken = 0;
+            for (const unsigned shift : {14U, 7U, 0U}) {
+                if (writer.isFull())
+                    break;
                 writer.add(static_cast<quint8>(0x80U | (code >> shift & 0x7fU)));
+                ++taken;
+            }
+            if (taken < 3) {
+                *from = static_cast<quint32>(start << 2U) + taken + 1;
+                return writer.key();
+            }
         } else if (rank != ignored) {
             writer.add(rank);
         }
     }
+    *from = static_cast<quint32>(at << 2U);
     return writer.key();
 }
 
@@ -160,15 +175,15 @@ bool Decimal::parse(std::string_view text)
 }
 
 /// The number of digits before the point, then the digits in pairs; turned round for negative numbers.
-quint64 numberPart(std::string_view text, int part)
+quint64 numberPart(std::string_view text, int part, quint32 *from)
 {
     if (text.empty())
         return 0;
-    PartWriter writer(part);
+    PartWriter writer(part * partBytes);
     Decimal number;
     if (!number.parse(text)) {
         writer.add(noNumber);
-        return part == 0 ? writer.key() | textPart(text, 0) >> 8U : 0;
+        return part == 0 ? writer.key() | textPart(text, 0, from) >> 8U : 0;
     }
     const quint8 turn = number.negative && number.digits() > 0 ? 0xff : 0;
     const auto length = static_cast<quint8>(std::min<size_t>(number.whole.size(), 100));
@@ -186,6 +201,8 @@ struct Entry
 {
     quint64 key;
     quint32 row;
+    /// Where the next part of its key begins.
+    quint32 from;
 };
 
 bool hasLowerKey(const Entry &a, const Entry &b)
@@ -204,6 +221,9 @@ public:
 
     void sort(Entry *first, Entry *last, int part)
     {
+        // Most columns have few different texts, and many of them one beginning.
+        if (first == last || skipCommonBeginning(first, last))
+            return;
         readKeys(first, last, part);
         sortByKey(first, last);
         if (part + 1 < mostParts)
@@ -211,15 +231,51 @@ public:
     }
 
 private:
-    /// After a sort the rows lie about in memory: what is read next is fetched ahead.
+    std::string_view text(const Entry &entry) const
+    {
+        return m_store.cell(static_cast<int>(entry.row), m_column);
+    }
+
     void readKeys(Entry *first, Entry *last, int part)
     {
-        constexpr ptrdiff_t ahead = 24;
-        for (Entry *entry = first; entry != last; ++entry) {
-            if (last - entry > ahead)
-                m_store.announce(static_cast<int>(entry[ahead].row));
-            entry->key = m_keyPart(m_store.cell(static_cast<int>(entry->row), m_column), part) ^ m_turn;
+        for (Entry *entry = first; entry != last; ++entry)
+            entry->key = m_keyPart(text(*entry), part, &entry->from) ^ m_turn;
+    }
+
+    /// Goes behind what all texts begin with, where that is worth while. True when all are one text.
+    bool skipCommonBeginning(Entry *first, Entry *last) const
+    {
+        const std::string_view one = text(*first);
+        const size_t tooFew = (first->from >> 2U) + size_t(2) * partBytes;
+        size_t common = one.size();
+        bool isOne = true;
+        for (const Entry *entry = first + 1; entry != last; ++entry) {
+            const std::string_view other = text(*entry);
+            if (other == one)
+                continue;
+            isOne = false;
+            const auto end =
+                std::mismatch(one.begin(), one.begin() + std::min(common, other.size()), other.begin());
+            common = static_cast<size_t>(end.first - one.begin());
+            if (common < tooFew)
+                return false;
         }
+        if (!isOne && m_keyPart == textPart)
+            startAt(first, last, characterAt(one, common));
+        return isOne;
+    }
+
+    static size_t characterAt(std::string_view text, size_t at)
+    {
+        while (at > 0 && at < text.size() && (static_cast<quint8>(text[at]) & 0xc0U) == 0x80U)
+            --at;
+        return at;
+    }
+
+    static void startAt(Entry *first, Entry *last, size_t at)
+    {
+        for (Entry *entry = first; entry != last; ++entry)
+            entry->from = static_cast<quint32>(at << 2U);
     }
 
     void sortByKey(Entry *first, Entry *last)
@@ -292,7 +348,7 @@ void sortRows(std::vector<quint32> *rows, const RowStore &store, int column, boo
     std::vector<Entry> entries;
     entries.reserve(rows->size());
     for (const quint32 row : *rows)
-        entries.push_back({0, row});
+        entries.push_back({0, row, 0});
     Sorter sorter(store, column, asNumbers ? numberPart : textPart, order == Qt::DescendingOrder);
     sorter.sort(entries.data(), entries.data() + entries.size(), 0);
     std::transform(entries.begin(), entries.end(), rows->begin(), [](const Entry &e) { return e.row; });
