@@ -75,6 +75,9 @@ private slots:
     void rowsComeAndGoAfterASort();
     void anotherThreadReads();
     void viewKeepsWorkingThroughReloads();
+
+private:
+    void compareWithASimpleSort(const QStringList &texts);
 };
 
 void TstQRowModel::oddValuesComeThrough_data()
@@ -316,17 +319,30 @@ void TstQRowModel::sortsStablyByValue()
     }
 }
 
+/// Of two letters and a sign of no alphabet, which takes several bytes of a sort key; many begin alike, all
+/// of them at last, and many are the same.
 void TstQRowModel::manyLongTextsSortLikeASimpleSort()
 {
     std::mt19937 random(7);
-    const QString letters = QStringLiteral("аб");
+    const QString letters = QStringLiteral("аааааааааааааааб№");
     QStringList texts;
     for (int i = 0; i < 5000; ++i) {
         QString text(static_cast<int>(random() % 30), QLatin1Char('x'));
         for (QChar &letter : text)
-            letter = letters.at(static_cast<int>(random() % 16 == 0));
-        texts.append(text);
+            letter = letters.at(static_cast<int>(random() % static_cast<uint>(letters.size())));
+        texts.append(i % 3 == 0 ? QString(37, letters.at(0)) + text : text);
     }
+    compareWithASimpleSort(texts);
+    for (QString &text : texts)
+        text.prepend(QStringLiteral("м. Київ, вул. №"));
+    compareWithASimpleSort(texts);
+    const QString one = texts.constFirst();
+    std::fill(texts.begin(), texts.end(), one);
+    compareWithASimpleSort(texts);
+}
+
+void TstQRowModel::compareWithASimpleSort(const QStringList &texts)
+{
     QVector<int> order(texts.size());
     std::iota(order.begin(), order.end(), 0);
     QRowModel model;

@@ -90,6 +90,7 @@ private:
     void edit(int row);
     void clickCell(int row, int column);
     void doubleClickCell(int row, int column);
+    void leaveBy(int way);
     bool isClosed();
     QStringList shown(int column = 1);
     QStringList names() { return m_base->rows("SELECT name FROM group_goods WHERE id>=30 ORDER BY name"); }
@@ -172,6 +173,20 @@ void TstQTabNames::doubleClickCell(int row, int column)
     const QPoint centre = view()->visualRect(model()->index(row, column)).center();
     QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, centre);
     QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, centre);
+}
+
+void TstQTabNames::leaveBy(int way)
+{
+    if (way == 0)
+        clickCell(0, 1);
+    else if (way == 1)
+        QTest::mouseClick(m_page->field, Qt::LeftButton);
+    else if (way == 2)
+        pressKeys({Qt::Key_Tab});
+    else if (way == 3)
+        m_page->button->setFocus(Qt::ShortcutFocusReason);
+    else
+        pressKeys({Qt::Key_Return});
 }
 
 /// No editor is left, and what its end had to do has been done.
@@ -329,16 +344,7 @@ void TstQTabNames::untouchedRowGoesSilently()
 {
     QFETCH(int, way);
     add();
-    if (way == 0)
-        clickCell(0, 1);
-    else if (way == 1)
-        QTest::mouseClick(m_page->field, Qt::LeftButton);
-    else if (way == 2)
-        pressKeys({Qt::Key_Tab});
-    else if (way == 3)
-        m_page->button->setFocus(Qt::ShortcutFocusReason);
-    else
-        pressKeys({Qt::Key_Return});
+    leaveBy(way);
     QVERIFY(isClosed());
     QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
     QCOMPARE(names().size(), 3);
@@ -355,16 +361,7 @@ void TstQTabNames::typedNameIsStored()
     QFETCH(int, way);
     add();
     typeText("Риба");
-    if (way == 0)
-        clickCell(0, 1);
-    else if (way == 1)
-        QTest::mouseClick(m_page->field, Qt::LeftButton);
-    else if (way == 2)
-        pressKeys({Qt::Key_Tab});
-    else if (way == 3)
-        m_page->button->setFocus(Qt::ShortcutFocusReason);
-    else
-        pressKeys({Qt::Key_Return});
+    leaveBy(way);
     QTRY_COMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хліб"}));
     if (way == 4) {
         QTRY_VERIFY(editor() != nullptr);
