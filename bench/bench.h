@@ -29,7 +29,6 @@ struct Figure
     QString unit;
 };
 
-/// Measures in this process; or in a child process that the benchmark starts by its name.
 using Measure = QVector<Figure> (*)(const Bench &bench);
 
 QVector<Figure> measureArticles(const Bench &bench);
@@ -39,6 +38,7 @@ QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
 QVector<Figure> measureCsv(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);
+QVector<Figure> measureConnections(const Bench &bench);
 QVector<Figure> measureSale(const Bench &bench);
 QVector<Figure> measureReports(const Bench &bench);
 QVector<Figure> measureTuning(const Bench &bench);

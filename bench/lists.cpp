@@ -1,32 +1,43 @@
 #include "bench.h"
 
-#include "money.h"
+#include "listpane.h"
+#include "qloadeduser.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 
-#include <QApplication>
+#include <QEventLoop>
 #include <QFile>
-#include <QHeaderView>
 #include <QScrollBar>
-#include <QSqlRecord>
-#include <QTableView>
+#include <QStandardItemModel>
 
 namespace {
-/// A list as the program shows it, in a window of the usual size.
-struct ListWindow
+/// A list as the program shows it, loaded as people load it, in a window of the usual size.
+class ListWindow
 {
-    explicit ListWindow(QAbstractItemModel *model)
+public:
+    ListWindow(const Bench &bench, const QVector<Column> &columns) : m_user(nullptr, nullptr)
     {
-        view.setModel(model);
-        view.setSelectionBehavior(QAbstractItemView::SelectRows);
-        view.setSortingEnabled(true);
-        view.resize(1400, 900);
-        view.show();
-        QApplication::processEvents();
+        m_pane.open(bench.connection, &m_user, nullptr);
+        m_pane.setColumns(columns, QStringLiteral("bench"));
+        m_pane.resize(1400, 900);
+        m_pane.show();
+        paint();
     }
 
-    void paint() { view.grab(); }
+    void load(const QString &sql)
+    {
+        QEventLoop loop;
+        QObject::connect(&m_pane, &ListPane::loaded, &loop, &QEventLoop::quit);
+        QObject::connect(&m_pane, &ListPane::failed, [] { qFatal("No rows"); });
+        m_pane.load(sql);
+        loop.exec();
+    }
+    void paint() { m_pane.grab(); }
+    ListPane &pane() { return m_pane; }
 
-    QTableView view;
+private:
+    QLoadedUser m_user;
+    ListPane m_pane;
 };
 
 QVector<Column> goodsColumns()
@@ -47,26 +58,15 @@ QVector<Column> cardsColumns()
     return columns;
 }
 
-void load(const Bench &bench, QRowModel *model, const QString &sql)
-{
-    if (auto query = bench.db().run(sql))
-        model->replaceRows(RowStore::read(*query));
-    if (model->rowCount() == 0)
-        qFatal("No rows");
-    QApplication::processEvents();
-}
-
 /// From the statement to the painted list, against the statement alone.
-double fillRatio(const Bench &bench, const QVector<Column> &columns, const QString &sql)
+double loadRatio(const Bench &bench, const QVector<Column> &columns, const QString &sql)
 {
     BareClient bare(bench.address);
-    QRowModel model;
-    model.setColumns(columns);
-    ListWindow window(&model);
+    ListWindow window(bench, columns);
     const auto ours = [&] {
-        model.removeRows(0, model.rowCount());
+        window.pane().clear();
         return milliseconds([&] {
-            load(bench, &model, sql);
+            window.load(sql);
             window.paint();
         });
     };
@@ -74,17 +74,21 @@ double fillRatio(const Bench &bench, const QVector<Column> &columns, const QStri
         bench.rounds, [&] { return milliseconds([&] { bare.run(sql); }); }, ours);
 }
 
+std::unique_ptr<ListWindow> sortedCards(const Bench &bench)
+{
+    auto window = std::make_unique<ListWindow>(bench, cardsColumns());
+    window->load(cardsStatement());
+    window->pane().view()->sortByColumn(7, Qt::AscendingOrder);
+    window->paint();
+    return window;
+}
+
 double emptyingTime(const Bench &bench)
 {
-    QRowModel model;
-    model.setColumns(cardsColumns());
-    ListWindow window(&model);
     QVector<double> times;
     for (int i = 0; i < bench.rounds; ++i) {
-        load(bench, &model, cardsStatement());
-        window.view.sortByColumn(7, Qt::AscendingOrder);
-        window.paint();
-        times.append(milliseconds([&] { model.removeRows(0, model.rowCount()); }));
+        const auto window = sortedCards(bench);
+        times.append(milliseconds([&] { window->pane().clear(); }));
     }
     return median(times);
 }
@@ -93,16 +97,8 @@ double closingTime(const Bench &bench)
 {
     QVector<double> times;
     for (int i = 0; i < bench.rounds; ++i) {
-        auto model = std::make_unique<QRowModel>();
-        model->setColumns(cardsColumns());
-        auto window = std::make_unique<ListWindow>(model.get());
-        load(bench, model.get(), cardsStatement());
-        window->view.sortByColumn(7, Qt::AscendingOrder);
-        window->paint();
-        times.append(milliseconds([&] {
-            window.reset();
-            model.reset();
-        }));
+        auto window = sortedCards(bench);
+        times.append(milliseconds([&] { window.reset(); }));
     }
     return median(times);
 }
@@ -139,14 +135,14 @@ void loadItems(const Bench &bench, QStandardItemModel *model, const QVector<Colu
     }
 }
 
-double paintingTime(ListWindow *window, int place)
+double paintingTime(QTableView *view, int place)
 {
-    QScrollBar *bar = window->view.verticalScrollBar();
+    QScrollBar *bar = view->verticalScrollBar();
     bar->setValue(static_cast<int>(qint64(bar->maximum()) * place / 20));
-    return milliseconds([&] { window->paint(); });
+    return milliseconds([&] { view->grab(); });
 }
 
-double repaintRatio(ListWindow *items, ListWindow *rows)
+double repaintRatio(QTableView *items, QTableView *rows)
 {
     QVector<double> ratios;
     for (int place = 0; place <= 20; ++place) {
@@ -157,7 +153,7 @@ double repaintRatio(ListWindow *items, ListWindow *rows)
 }
 
 /// The worst of the columns: how much of the time that items take.
-double sortRatio(QStandardItemModel *items, QRowModel *rows)
+double sortRatio(QAbstractItemModel *items, QAbstractItemModel *rows)
 {
     double worst = 0;
     for (const int column : {3, 1, 7, 9, 10, 0}) {
@@ -176,21 +172,18 @@ QVector<Figure> measureLists(const Bench &bench)
     const QString times = QStringLiteral("x bare");
     const QString ms = QStringLiteral("ms");
     return {{QStringLiteral("goods list, statement to painted grid"),
-             fillRatio(bench, goodsColumns(), goodsStatement()), 1.3, times},
+             loadRatio(bench, goodsColumns(), goodsStatement()), 1.3, times},
             {QStringLiteral("cards list, statement to painted grid"),
-             fillRatio(bench, cardsColumns(), cardsStatement()), 1.3, times},
+             loadRatio(bench, cardsColumns(), cardsStatement()), 1.3, times},
             {QStringLiteral("emptying the sorted cards list"), emptyingTime(bench), 20, ms},
             {QStringLiteral("closing the sorted cards list"), closingTime(bench), 20, ms}};
 }
 
 QVector<Figure> measureMemory(const Bench &bench)
 {
-    QRowModel model;
-    model.setColumns(cardsColumns());
-    ListWindow window(&model);
-    window.paint();
+    ListWindow window(bench, cardsColumns());
     const double before = processMegabytes("VmRSS");
-    load(bench, &model, cardsStatement());
+    window.load(cardsStatement());
     window.paint();
     const double millions = bench.cards / 1e6;
     const QString unit = QStringLiteral("MB");
@@ -204,14 +197,17 @@ QVector<Figure> measureAgainstItems(const Bench &bench)
 {
     // Neither is taken down: that alone would take minutes with items.
     auto *items = new QStandardItemModel(0, cardsColumns().size());
-    auto *rows = new QRowModel;
     loadItems(bench, items, cardsColumns(), cardsStatement());
-    rows->setColumns(cardsColumns());
-    load(bench, rows, cardsStatement());
-    auto *itemsWindow = new ListWindow(items);
-    auto *rowsWindow = new ListWindow(rows);
-    const double repaint = repaintRatio(itemsWindow, rowsWindow);
+    auto *itemsView = new QTableView;
+    itemsView->setModel(items);
+    itemsView->setSelectionBehavior(QAbstractItemView::SelectRows);
+    auto *rows = new ListWindow(bench, cardsColumns());
+    rows->load(cardsStatement());
+    QNTableView *rowsView = rows->pane().view();
+    itemsView->resize(rowsView->size());
+    itemsView->show();
+    const double repaint = repaintRatio(itemsView, rowsView);
     return {{QStringLiteral("repainting the cards list anywhere"), repaint, 1.1, QStringLiteral("x items")},
-            {QStringLiteral("sorting the cards list, worst column"), sortRatio(items, rows), 1.0 / 15,
-             QStringLiteral("x items")}};
+            {QStringLiteral("sorting the cards list, worst column"), sortRatio(items, rows->pane().model()),
+             1.0 / 15, QStringLiteral("x items")}};
 }

@@ -10,26 +10,18 @@
 #include <unistd.h>
 
 namespace {
-/// Every benchmark; what measures memory or leaves some behind runs in a process of its own.
+/// Every benchmark. Each runs in a process of its own: none meets the memory that another has left, and one
+/// that ends early keeps neither the others from their figures nor the database from being dropped. What one
+/// writes into the database stays there for the next ones: shops and registers have numbers of their own.
 const struct
 {
     const char *name;
     Measure measure;
-    bool ownProcess;
 } benchmarks[] = {
-    // clang-format off
-    {"lists", measureLists, false},
-    {"start", measureStart, false},
-    {"search", measureSearch, false},
-    {"sale", measureSale, false},
-    {"closing", measureClosing, false},
-    {"csv", measureCsv, false},
-    {"articles", measureArticles, false},
-    {"reports", measureReports, false},
-    {"tuning", measureTuning, false},
-    {"memory", measureMemory, true},
-    {"items", measureAgainstItems, true},
-    // clang-format on
+    {"lists", measureLists},   {"start", measureStart},       {"connections", measureConnections},
+    {"search", measureSearch}, {"sale", measureSale},         {"closing", measureClosing},
+    {"csv", measureCsv},       {"articles", measureArticles}, {"reports", measureReports},
+    {"tuning", measureTuning}, {"memory", measureMemory},     {"items", measureAgainstItems},
 };
 
 struct Options
@@ -118,7 +110,7 @@ private:
     QSqlDatabase m_server;
 };
 
-/// Runs one benchmark in a process of its own and returns its figures.
+/// The figures of a benchmark; none when it did not come to its end.
 QVector<Figure> measureInChild(const char *name)
 {
     QProcess child;
@@ -135,8 +127,6 @@ QVector<Figure> measureInChild(const char *name)
         if (parts.size() == 4)
             figures.append({parts.at(0), parts.at(1).toDouble(), parts.at(2).toDouble(), parts.at(3)});
     }
-    if (figures.isEmpty())
-        qFatal("The benchmark %s gave no figures", name);
     return figures;
 }
 
@@ -153,9 +143,10 @@ void answerParent(const QVector<Figure> &figures)
     _exit(0);
 }
 
+/// False when a goal was missed or there is no figure.
 bool print(const QVector<Figure> &figures)
 {
-    bool met = true;
+    bool met = !figures.isEmpty();
     QTextStream out(stdout);
     for (const Figure &figure : figures) {
         const bool ok = figure.value <= figure.goal;
@@ -176,9 +167,10 @@ bool runAll(const Options &options)
     for (const auto &benchmark : benchmarks) {
         if (!options.only.isEmpty() && options.only != QLatin1String(benchmark.name))
             continue;
-        met =
-            print(benchmark.ownProcess ? measureInChild(benchmark.name) : benchmark.measure(options.bench)) &&
-            met;
+        const QVector<Figure> figures = measureInChild(benchmark.name);
+        if (figures.isEmpty())
+            qWarning("The benchmark %s gave no figures", benchmark.name);
+        met = print(figures) && met;
     }
     return met;
 }

@@ -28,16 +28,16 @@ void exec(const Bench &bench, const QString &sql)
 void fillShifts(const Bench &bench)
 {
     exec(bench, QStringLiteral(
-                    "INSERT INTO shops(id,address,group_shop) SELECT 100+seq,CONCAT('вул. Довга, ',seq),1 "
+                    "INSERT INTO shops(id,address,group_shop) SELECT 1100+seq,CONCAT('вул. Довга, ',seq),1 "
                     "FROM seq_1_to_10"));
-    exec(bench, QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str) SELECT 100+seq,101+seq%10,"
+    exec(bench, QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str) SELECT 1100+seq,1101+seq%10,"
                                "CONCAT('Каса ',seq) FROM seq_1_to_30"));
     exec(
         bench,
         QStringLiteral(
             "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,cash,beznal_1,beznal_2,Oborot_A,Oborot_B,"
             "summ_diskount,count_cheks,PDV_A,DOD_A,PDV_B,DOD_B,PDV_V,DOD_V,PDV_G,DOD_G,PDV_D,DOD_D,data_time) "
-            "SELECT 1+seq DIV %1,101+(1+seq%%1)%10,101+seq%%1,1,1000000+seq*7919%500000,seq*31%900000,0,"
+            "SELECT 1+seq DIV %1,1101+(1+seq%%1)%10,1101+seq%%1,1,1000000+seq*7919%500000,seq*31%900000,0,"
             "1500000+seq*17%300000,400000+seq%1000,seq%30000,90+seq%50,2000,0,700,500,0,0,0,0,0,0,"
             "ADDTIME(DATE_ADD('2016-01-01',INTERVAL seq DIV %1 DAY),'21:00:00') FROM seq_0_to_%2")
             .arg(registers)
@@ -52,7 +52,7 @@ void fillReceipts(const Bench &bench, int lines)
          QStringLiteral(
              "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,"
              "id_good_cln_slujb,name,strihcode,count,price,summa,data_time) "
-             "SELECT 101+(1+seq DIV 4%%1)%10,101+seq DIV 4%%1,1,1+seq DIV 4 DIV %1,seq%4,1,IF(seq%4=3,2,1),"
+             "SELECT 1101+(1+seq DIV 4%%1)%10,1101+seq DIV 4%%1,1,1+seq DIV 4 DIV %1,seq%4,1,IF(seq%4=3,2,1),"
              "1+seq%2000,'Молоко пшеничне','4820000000017',1000,4250,4250,"
              "DATE_ADD('2026-01-01',INTERVAL seq*86400.0*%2/%3 SECOND) FROM seq_0_to_%3")
              .arg(registers)
@@ -101,7 +101,7 @@ double monthRatio(const Bench &bench, QLoadedUser *user)
     exec(bench, QStringLiteral("SET SESSION foreign_key_checks=0"));
     exec(bench, QStringLiteral(
                     "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,"
-                    "price,summa,data_time) SELECT 101+(1+seq%%1)%10,101+seq%%1,1,9000000+seq DIV %1,2,1,3,"
+                    "price,summa,data_time) SELECT 1101+(1+seq%%1)%10,1101+seq%%1,1,9000000+seq DIV %1,2,1,3,"
                     "4250+seq%7919,4250+seq%7919,'2036-03-01'+INTERVAL seq*7 SECOND FROM seq_0_to_%2")
                     .arg(registers)
                     .arg(monthLines - 1));
@@ -160,8 +160,8 @@ QVector<Figure> measureTuning(const Bench &bench)
     const QString day = QStringLiteral(
         "SELECT id_kass,id_chek,id_zvit,SUM(summa),SUM(count) FROM cheks WHERE data_time>=20260215000000+INTERVAL %1 DAY AND "
         "data_time<=20260215235959+INTERVAL %1 DAY AND id_type=1 GROUP BY id_kass,id_chek");
-    const QString next = QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE id_kass=100+%1");
-    const QString slip = QStringLiteral("SELECT * FROM cheks WHERE id_kass=100+%1 AND id_chek=77");
+    const QString next = QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE id_kass=1100+%1");
+    const QString slip = QStringLiteral("SELECT * FROM cheks WHERE id_kass=1100+%1 AND id_chek=77");
     fillReceipts(bench, bench.cards);
     BareClient bare(bench.address);
     const double dayBefore = timeOf(bench, &bare, day);
