@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "goodsitem.h"
+#include "place.h"
 
 #include <QDateTime>
 #include <QVector>
@@ -17,12 +18,12 @@ struct GoodsSearch
     /// ExactBarcode is what a scanner reads; the unique index finds it.
     enum By { Barcode, Name, ExactBarcode, Goods };
 
-    quint32 idShop = 0;
+    DbId idShop = 0;
     Mode mode = Sale;
     By by = Barcode;
     QString text;
     /// What By::Goods looks for.
-    QVector<quint32> goods;
+    QVector<DbId> goods;
     /// Which price of a price list counts where it has none with priority 0.
     int priority = 0;
     /// Promotions are those in force then.

@@ -1,15 +1,14 @@
 #pragma once
 
+#include "place.h"
+
 #include <QDate>
 #include <QStringList>
 
 /// Where articles were sold: the narrowest of the ids that are not 0 counts; without any it is everywhere in
 /// the shop groups that the user may see.
-struct ArtPlace
+struct ArtPlace : Place
 {
-    uint group = 0;
-    uint shop = 0;
-    uint kass = 0;
     QStringList permittedGroups;
 };
 

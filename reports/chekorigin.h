@@ -1,15 +1,14 @@
 #pragma once
 
+#include "place.h"
+
 #include <QDate>
 #include <QStringList>
 
 /// A line of another report whose receipts are wanted: by ids, since the names of registers repeat. What is 0
 /// or empty limits nothing.
-struct ChekOrigin
+struct ChekOrigin : Place
 {
-    uint shop = 0;
-    uint kass = 0;
-    uint group = 0;
     /// Z numbers, both ends included.
     QString zFrom;
     QString zTo;

@@ -120,7 +120,7 @@ void QArtReport::fillGoodsGroups()
 void QArtReport::GroupChanged(const QString &group)
 {
     Q_UNUSED(group)
-    const uint id = ui->place->groupId();
+    const uint id = ui->place->place().group;
     const QString condition =
         id == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                 : QStringLiteral(" (group_shop=") + QString::number(id) + QStringLiteral(" OR group_shop=1)");
@@ -133,7 +133,7 @@ void QArtReport::ShopChanged(const QString &shop)
 {
     Q_UNUSED(shop)
     ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
-                                         QString::number(ui->place->shopId()) +
+                                         QString::number(ui->place->place().shop) +
                                          QStringLiteral(" AND block=0"));
     showNumbersPlace();
 }
@@ -211,7 +211,7 @@ void QArtReport::showNumbersPlace()
 
 ArtPlace QArtReport::place() const
 {
-    return {ui->place->groupId(), ui->place->shopId(), ui->place->registerId(), shopGroupsSeen(*user())};
+    return {ui->place->place(), shopGroupsSeen(*user())};
 }
 
 ArtChoice QArtReport::choice() const
@@ -310,9 +310,7 @@ void QArtReport::showReceipts(const QModelIndex &line)
 ChekOrigin QArtReport::originOf(int row) const
 {
     ChekOrigin origin;
-    origin.shop = m_shown.place.shop;
-    origin.kass = m_shown.place.kass;
-    origin.group = m_shown.place.group;
+    static_cast<Place &>(origin) = m_shown.place;
     origin.groups = m_shown.place.permittedGroups;
     origin.zFrom = m_shown.zFrom;
     origin.zTo = m_shown.zTo;

@@ -284,13 +284,13 @@ void QChekViewer::dclicktable(const QModelIndex &index)
 void QChekViewer::showChekOrZvit(const QString &type, const QString &chek, const QString &kass)
 {
     const uint id = kass.toUInt();
-    showDocument(type.toInt(), {id, chek.toUInt(), m_shops.value(id)});
+    showDocument(type.toInt(), {{0, m_shops.value(id), id}, chek.toUInt()});
 }
 
 bool QChekViewer::showReceipt(uint kass, uint chek, uint shop)
 {
     m_keepsSlip = isLoading();
-    return showDocument(ChekType::Payment, {kass, chek, shop});
+    return showDocument(ChekType::Payment, {{0, shop, kass}, chek});
 }
 
 bool QChekViewer::showDocument(int type, const SlipKey &key)

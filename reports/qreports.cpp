@@ -88,7 +88,7 @@ uint QReports::shopOfRegister(const QString &kass) const
 
 void QReports::showSlip(const QString &kass, int chek, bool print)
 {
-    const SlipKey key = {kass.toUInt(), static_cast<uint>(chek), shopOfRegister(kass)};
+    const SlipKey key = {{0, shopOfRegister(kass), kass.toUInt()}, static_cast<uint>(chek)};
     if (!print) {
         if (auto *viewer = qobject_cast<QChekViewer *>(open("mz_cheks")))
             viewer->showReceipt(key.kass, key.chek, key.shop);

@@ -71,7 +71,7 @@ void QStatOnLine::setUpChoice()
 void QStatOnLine::ChangeGroup(int index)
 {
     Q_UNUSED(index)
-    const uint group = ui->place->groupId();
+    const uint group = ui->place->place().group;
     const QString condition =
         group == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                    : QStringLiteral(" group_shop=") + QString::number(group) + QStringLiteral(" AND block=0");
@@ -83,7 +83,7 @@ void QStatOnLine::ChangeGroup(int index)
 void QStatOnLine::ChangeShop(int index)
 {
     Q_UNUSED(index)
-    const uint shop = ui->place->shopId();
+    const uint shop = ui->place->place().shop;
     if (readRegisters(shop))
         LoadData(shop);
 }
@@ -91,7 +91,7 @@ void QStatOnLine::ChangeShop(int index)
 void QStatOnLine::DateChang(const QDate &day)
 {
     Q_UNUSED(day)
-    LoadData(ui->place->shopId());
+    LoadData(ui->place->place().shop);
 }
 
 void QStatOnLine::load()
@@ -166,7 +166,7 @@ void QStatOnLine::giveTimelineRoom()
 void QStatOnLine::showShop(unsigned int shop)
 {
     ui->place->chooseGroup(0);
-    if (ui->place->shopId() == shop)
+    if (ui->place->place().shop == shop)
         load();
     else if (!ui->place->chooseShop(shop))
         refuse(tr("Цей магазин вам недоступний."));

@@ -18,7 +18,7 @@ enum ChartKind { ByDay, ByShop };
 const QLatin1String chartKey("zreport/chart");
 const QLatin1String summedMark("summ");
 
-ChekOrigin originOf(uint shop, uint kass, const QString &number)
+ChekOrigin originOf(DbId shop, DbId kass, const QString &number)
 {
     ChekOrigin origin;
     origin.shop = shop;
@@ -81,7 +81,7 @@ void QZReport::buildChart()
 
 void QZReport::GroupChanged()
 {
-    const uint group = ui->place->groupId();
+    const uint group = ui->place->place().group;
     const QString condition = group == 0
                                   ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                                   // Without brackets: of the chosen group blocked shops are offered too,
@@ -93,7 +93,7 @@ void QZReport::GroupChanged()
 void QZReport::ShopChanged()
 {
     ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
-                                         QString::number(ui->place->shopId()) +
+                                         QString::number(ui->place->place().shop) +
                                          QStringLiteral(" AND block=0"));
 }
 

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "db.h"
+#include "place.h"
 #include "slip.h"
 
 /// Which document: its register, its number there, and its shop where that is known, else 0.
-struct SlipKey
+struct SlipKey : Place
 {
-    uint kass = 0;
     uint chek = 0;
-    uint shop = 0;
 };
 
 /// A document out of the database; type: as in ChekType. Nothing after a failure and when there is no such

@@ -19,6 +19,9 @@ class QSqlError;
 /// only ask whether it worked. After a failed statement inside a Transaction nothing is sent any more
 /// but its ROLLBACK: the client library would reconnect and go on in autocommit.
 ///
+/// One value comes from firstText(), one row from firstRow(), a list of ids or names from firstColumn(), all
+/// else from run(). Lists that people look at are read away from the window (QueryOwner).
+///
 /// A window's connection that is lost is reported once; until the server answers again every statement on
 /// it fails at once with ServerError::ServerGone, and only a warning tells of it now and then.
 class Db

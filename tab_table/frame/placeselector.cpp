@@ -116,19 +116,10 @@ void showText(QComboBox *box, const QString &name)
 }
 } // namespace
 
-uint PlaceSelector::groupId() const
+Place PlaceSelector::place() const
 {
-    return ui->cbGroup->currentData().toUInt();
-}
-
-uint PlaceSelector::shopId() const
-{
-    return ui->cbShop->currentData().toUInt();
-}
-
-uint PlaceSelector::registerId() const
-{
-    return ui->cbRegister->currentData().toUInt();
+    return {ui->cbGroup->currentData().toUInt(), ui->cbShop->currentData().toUInt(),
+            ui->cbRegister->currentData().toUInt()};
 }
 
 QString PlaceSelector::groupName() const
@@ -146,17 +137,17 @@ QString PlaceSelector::registerName() const
     return nameIn(ui->cbRegister);
 }
 
-bool PlaceSelector::chooseGroup(uint id)
+bool PlaceSelector::chooseGroup(DbId id)
 {
     return choose(ui->cbGroup, id);
 }
 
-bool PlaceSelector::chooseShop(uint id)
+bool PlaceSelector::chooseShop(DbId id)
 {
     return choose(ui->cbShop, id);
 }
 
-bool PlaceSelector::chooseRegister(uint id)
+bool PlaceSelector::chooseRegister(DbId id)
 {
     return choose(ui->cbRegister, id);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "place.h"
 
 #include <QWidget>
 #include <memory>
@@ -36,17 +37,15 @@ public:
 
     Narrowest narrowest() const;
     /// The ids of the choices; 0 for all.
-    uint groupId() const;
-    uint shopId() const;
-    uint registerId() const;
+    Place place() const;
     /// The texts of the choices; empty for all.
     QString groupName() const;
     QString shopName() const;
     QString registerName() const;
     /// Chooses by id and tells it; false when there is no such item.
-    bool chooseGroup(uint id);
-    bool chooseShop(uint id);
-    bool chooseRegister(uint id);
+    bool chooseGroup(DbId id);
+    bool chooseShop(DbId id);
+    bool chooseRegister(DbId id);
 
     /// Chooses by text and tells it; what the box does not offer (a blocked shop, a register that has moved)
     /// is added to it. An empty text chooses all.

@@ -191,7 +191,7 @@ void TstDay::registersAreLookedUp()
     QCOMPARE(ChekWriter(db, place).newChekNumber(), QString("8"));
     QCOMPARE(ChekWriter(db, {"1", "2", "1"}).newChekNumber(), QString("1"));
     QVERIFY(ShiftCloser(db, place).figures("2").has_value());
-    const auto slip = readSlip(db, ChekType::Payment, {1, 7, 0});
+    const auto slip = readSlip(db, ChekType::Payment, {{0, 0, 1}, 7});
     Db::setStatementHook({});
     QVERIFY(slip && slip->rows.size() == 2 && slip->sums.agree());
     sent.append(chekListSql([] {

@@ -246,7 +246,7 @@ void TstQStatOnLine::reportsOpensTheShop()
     QCOMPARE(tabs.tabText(0), QString("Статистика OnLine"));
     QSignalSpy spy(reports.window("mz_StatisticOnLine"), &ReportWindow::loaded);
     QVERIFY(spy.wait(5000));
-    QCOMPARE(child<PlaceSelector>(tabs.widget(0), "place")->shopId(), 2U);
+    QCOMPARE(child<PlaceSelector>(tabs.widget(0), "place")->place().shop, 2U);
     QCOMPARE(child<ListPane>(tabs.widget(0), "listTimes")->view()->model()->rowCount(), 1);
     QVERIFY(reports.closetab(0));
 }
