@@ -199,13 +199,6 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
-    <name>CsvExport</name>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
-    </message>
-</context>
-<context>
     <name>DayTimeline</name>
     <message>
         <source>%1 %2 – %3</source>
@@ -270,6 +263,31 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>FileJob</name>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not a regular file.</translation>
+    </message>
+    <message>
+        <source>Цей файл саме записується: дочекайтесь кінця або скасуйте те завдання.</source>
+        <translation>This file is being written: wait for the end, or cancel that job.</translation>
+    </message>
+    <message>
+        <source>Файл не збережено: %1
+%2</source>
+        <translation>File not saved: %1
+%2</translation>
+    </message>
+    <message>
+        <source>Файл збережено: %1</source>
+        <translation>File saved: %1</translation>
+    </message>
+    <message>
+        <source>Запис файла %1</source>
+        <translation>Writing %1</translation>
+    </message>
+</context>
+<context>
     <name>Goods</name>
     <message>
         <source>Товар не збережено: штрихкод %1 вже має товар №%2 &quot;%3&quot;.</source>
@@ -301,6 +319,61 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>GoodsPicker</name>
+    <message>
+        <source>Пошук по:</source>
+        <translation>Search by:</translation>
+    </message>
+    <message>
+        <source>&amp;штрихкоду</source>
+        <translation>&amp;barcode</translation>
+    </message>
+    <message>
+        <source>&amp;назві</source>
+        <translation>&amp;name</translation>
+    </message>
+    <message>
+        <source>То&amp;вар:</source>
+        <translation>&amp;Goods:</translation>
+    </message>
+    <message>
+        <source>Лі&amp;міт</source>
+        <translation>&amp;Limit</translation>
+    </message>
+    <message>
+        <source>Товари магазину</source>
+        <translation>Goods of the shop</translation>
+    </message>
+    <message>
+        <source>Пошук…</source>
+        <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>У магазині немає товарів для продажу.</source>
+        <translation>The shop has no goods for sale.</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не знайдено.</source>
+        <translation>Nothing matches these conditions.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не додано: сервер не відповів.</source>
+        <translation>Item “%1” was not added: the server did not answer.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не знайдено.</source>
+        <translation>Goods item “%1” is not found.</translation>
+    </message>
+    <message>
+        <source>За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.</source>
+        <translation>Several items fit “%1”: choose one and press Enter.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не додано: сервер не відповів вчасно.</source>
+        <translation>Item “%1” was not added: the server did not answer in time.</translation>
+    </message>
+</context>
+<context>
     <name>GoodsPriceTable</name>
     <message>
         <source>Ціна</source>
@@ -325,6 +398,44 @@ Wait or contact support.</translation>
     <message>
         <source>Ціни магазинів, рядок %1: </source>
         <translation>Prices of shops, row %1: </translation>
+    </message>
+</context>
+<context>
+    <name>GoodsSearch</name>
+    <message>
+        <source>код</source>
+        <translation>code</translation>
+    </message>
+    <message>
+        <source>штрихкод</source>
+        <translation>barcode</translation>
+    </message>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>ціна</source>
+        <translation>price</translation>
+    </message>
+    <message>
+        <source>акція</source>
+        <translation>promotion</translation>
+    </message>
+</context>
+<context>
+    <name>GoodsShopList</name>
+    <message>
+        <source>%1: товар уже продається тут.</source>
+        <translation>%1: the item is sold here already.</translation>
     </message>
 </context>
 <context>
@@ -463,16 +574,6 @@ Wait or contact support.</translation>
         <source>Складено: %1</source>
         <translation>Made: %1</translation>
     </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>File not saved: %1
-%2</translation>
-    </message>
 </context>
 <context>
     <name>ListPrinter</name>
@@ -487,10 +588,6 @@ Wait or contact support.</translation>
     <message>
         <source>Перегляд перед друком</source>
         <translation>Print preview</translation>
-    </message>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
     </message>
     <message>
         <source>Зберегти PDF</source>
@@ -933,10 +1030,6 @@ Wait or contact support.</translation>
     <message>
         <source>Продається в м&amp;агазинах:</source>
         <translation>Sold in s&amp;hops:</translation>
-    </message>
-    <message>
-        <source>%1: товар уже продається тут.</source>
-        <translation>%1: the item is sold here already.</translation>
     </message>
     <message>
         <source>Ціна </source>
@@ -1695,38 +1788,6 @@ Restart the program!</translation>
         <translation>Sale</translation>
     </message>
     <message>
-        <source>Пошук по:</source>
-        <translation>Search by:</translation>
-    </message>
-    <message>
-        <source>&amp;штрихкоду</source>
-        <translation>&amp;barcode</translation>
-    </message>
-    <message>
-        <source>&amp;назві</source>
-        <translation>&amp;name</translation>
-    </message>
-    <message>
-        <source>Товари магазину</source>
-        <translation>Goods of the shop</translation>
-    </message>
-    <message>
-        <source>Чек</source>
-        <translation>Receipt</translation>
-    </message>
-    <message>
-        <source>сума</source>
-        <translation>amount</translation>
-    </message>
-    <message>
-        <source>до оплати:</source>
-        <translation>to pay:</translation>
-    </message>
-    <message>
-        <source>0.00</source>
-        <translation>0.00</translation>
-    </message>
-    <message>
         <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
         <translation>View only: selling needs full permission.</translation>
     </message>
@@ -1741,116 +1802,12 @@ Restart the program!</translation>
 Clear it?</translation>
     </message>
     <message>
-        <source>Пошук…</source>
-        <translation>Searching…</translation>
-    </message>
-    <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
-    </message>
-    <message>
-        <source>Список не прочитано: сервер відповів помилкою.</source>
-        <translation>The list is not read: the server answered with an error.</translation>
-    </message>
-    <message>
-        <source>У магазині немає товарів для продажу.</source>
-        <translation>The shop has no goods for sale.</translation>
-    </message>
-    <message>
-        <source>За цими умовами нічого не знайдено.</source>
-        <translation>Nothing matches these conditions.</translation>
-    </message>
-    <message>
-        <source>Товар «%1» не знайдено.</source>
-        <translation>Goods item “%1” is not found.</translation>
-    </message>
-    <message>
         <source>Товар «%1» не має ціни.</source>
         <translation>Goods item “%1” has no price.</translation>
     </message>
     <message>
-        <source>Попередження!</source>
-        <translation>Warning!</translation>
-    </message>
-    <message>
-        <source>Не достатньо товару для продажу!</source>
-        <translation>Not enough stock for the sale!</translation>
-    </message>
-    <message>
-        <source>«%1» не є кількістю.</source>
-        <translation>“%1” is not a quantity.</translation>
-    </message>
-    <message>
-        <source>Кількість штучного товару — ціле число від 1.</source>
-        <translation>The quantity of a piece item is a whole number from 1.</translation>
-    </message>
-    <message>
-        <source>Кількість повинна бути більша за нуль.</source>
-        <translation>The quantity must be greater than zero.</translation>
-    </message>
-    <message>
-        <source>код</source>
-        <translation>code</translation>
-    </message>
-    <message>
-        <source>штрихкод</source>
-        <translation>barcode</translation>
-    </message>
-    <message>
-        <source>назва</source>
-        <translation>name</translation>
-    </message>
-    <message>
-        <source>зал</source>
-        <translation>floor</translation>
-    </message>
-    <message>
-        <source>склад</source>
-        <translation>stock</translation>
-    </message>
-    <message>
-        <source>ціна</source>
-        <translation>price</translation>
-    </message>
-    <message>
-        <source>акція</source>
-        <translation>promotion</translation>
-    </message>
-    <message>
-        <source>Чек порожній. Скануйте товар або знайдіть його та натисніть Enter.</source>
-        <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
-    </message>
-    <message>
         <source>У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.</source>
         <translation>The receipt has goods. Pay or clear it before closing the shift.</translation>
-    </message>
-    <message>
-        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
-        <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
-    </message>
-    <message>
-        <source>То&amp;вар:</source>
-        <translation>&amp;Goods:</translation>
-    </message>
-    <message>
-        <source>Лі&amp;міт</source>
-        <translation>&amp;Limit</translation>
-    </message>
-    <message>
-        <source>Видалити р&amp;ядок</source>
-        <translation>Remove ro&amp;w</translation>
-    </message>
-    <message>
-        <source>Очистити &amp;чек</source>
-        <translation>Cle&amp;ar receipt</translation>
-    </message>
-    <message>
-        <source>Зни&amp;жка:</source>
-        <translation>&amp;Discount:</translation>
-    </message>
-    <message>
-        <source>Оп&amp;лата F9</source>
-        <translation>Pa&amp;y F9</translation>
     </message>
     <message>
         <source>Очистити</source>
@@ -1867,22 +1824,6 @@ Clear it?</translation>
     <message>
         <source>Закрити</source>
         <translation>Close</translation>
-    </message>
-    <message>
-        <source>Товар «%1» не додано: сервер не відповів.</source>
-        <translation>Item “%1” was not added: the server did not answer.</translation>
-    </message>
-    <message>
-        <source>За «%1» знайдено кілька товарів: виберіть потрібний і натисніть Enter.</source>
-        <translation>Several items fit “%1”: choose one and press Enter.</translation>
-    </message>
-    <message>
-        <source>Продати</source>
-        <translation>Sell</translation>
-    </message>
-    <message>
-        <source>Товар «%1» не додано: сервер не відповів вчасно.</source>
-        <translation>Item “%1” was not added: the server did not answer in time.</translation>
     </message>
     <message>
         <source>Чек № %1, %2</source>
@@ -2043,6 +1984,22 @@ Clear it?</translation>
         <source>Видалення заборонене!!!</source>
         <translation>Deletion is forbidden!!!</translation>
     </message>
+    <message>
+        <source>Назву не збережено.</source>
+        <translation>The name is not saved.</translation>
+    </message>
+    <message>
+        <source>Набрану назву ще не записано.</source>
+        <translation>The name you typed is not stored yet.</translation>
+    </message>
+    <message>
+        <source>Закрити без збереження</source>
+        <translation>Close without saving</translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
+    </message>
 </context>
 <context>
     <name>QTabDelegate</name>
@@ -2069,6 +2026,14 @@ Clear it?</translation>
     <message>
         <source>Помилка оновлення запису.</source>
         <translation>Error when updating the record.</translation>
+    </message>
+    <message>
+        <source>Код %1 вже зайнятий. Введіть інший або залиште його порожнім.</source>
+        <translation>Code %1 is taken. Enter another one or leave it empty.</translation>
+    </message>
+    <message>
+        <source>Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, щоб записати свою, або Esc, щоб залишити цю.</source>
+        <translation>While you were editing, the name was changed to «%1». Press Enter again to store yours, or Esc to leave this one.</translation>
     </message>
 </context>
 <context>
@@ -2227,6 +2192,17 @@ Clear it?</translation>
     <message>
         <source>Адреса магазину</source>
         <translation>Shop address</translation>
+    </message>
+</context>
+<context>
+    <name>QTabNames</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Назва групи</source>
+        <translation>Group name</translation>
     </message>
 </context>
 <context>
@@ -2640,6 +2616,73 @@ Clear it?</translation>
     <message>
         <source>Знижка</source>
         <translation>Discount</translation>
+    </message>
+</context>
+<context>
+    <name>ReceiptPane</name>
+    <message>
+        <source>Чек</source>
+        <translation>Receipt</translation>
+    </message>
+    <message>
+        <source>Видалити р&amp;ядок</source>
+        <translation>Remove ro&amp;w</translation>
+    </message>
+    <message>
+        <source>Очистити &amp;чек</source>
+        <translation>Cle&amp;ar receipt</translation>
+    </message>
+    <message>
+        <source>сума</source>
+        <translation>amount</translation>
+    </message>
+    <message>
+        <source>Зни&amp;жка:</source>
+        <translation>&amp;Discount:</translation>
+    </message>
+    <message>
+        <source>до оплати:</source>
+        <translation>to pay:</translation>
+    </message>
+    <message>
+        <source>0.00</source>
+        <translation>0.00</translation>
+    </message>
+    <message>
+        <source>Оп&amp;лата F9</source>
+        <translation>Pa&amp;y F9</translation>
+    </message>
+    <message>
+        <source>Чек порожній. Скануйте товар або знайдіть його та натисніть Enter.</source>
+        <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
+    </message>
+    <message>
+        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
+    </message>
+    <message>
+        <source>Попередження!</source>
+        <translation>Warning!</translation>
+    </message>
+    <message>
+        <source>Не достатньо товару для продажу!</source>
+        <translation>Not enough stock for the sale!</translation>
+    </message>
+    <message>
+        <source>Продати</source>
+        <translation>Sell</translation>
+    </message>
+    <message>
+        <source>«%1» не є кількістю.</source>
+        <translation>“%1” is not a quantity.</translation>
+    </message>
+    <message>
+        <source>Кількість штучного товару — ціле число від 1.</source>
+        <translation>The quantity of a piece item is a whole number from 1.</translation>
+    </message>
+    <message>
+        <source>Кількість повинна бути більша за нуль.</source>
+        <translation>The quantity must be greater than zero.</translation>
     </message>
 </context>
 <context>
@@ -3297,10 +3340,6 @@ before its last day!</translation>
         <source>Перегляд перед друком</source>
         <translation>Print preview</translation>
     </message>
-    <message>
-        <source>Це не звичайний файл.</source>
-        <translation>This is not a regular file.</translation>
-    </message>
 </context>
 <context>
     <name>SlipView</name>
@@ -3315,16 +3354,6 @@ before its last day!</translation>
     <message>
         <source>Зберегти PD&amp;F…</source>
         <translation>Save PD&amp;F…</translation>
-    </message>
-    <message>
-        <source>Файл збережено: %1</source>
-        <translation>File saved: %1</translation>
-    </message>
-    <message>
-        <source>Файл не збережено: %1
-%2</source>
-        <translation>File not saved: %1
-%2</translation>
     </message>
 </context>
 <context>

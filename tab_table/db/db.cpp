@@ -152,14 +152,14 @@ bool Db::loseConnection(bool afterSilence) const
     return state == nullptr || state->reportLoss(afterSilence);
 }
 
-void Db::report(const QString &error, const QString &sql, const Place &place,
+void Db::report(const QString &error, const QString &sql, const Caller &caller,
                 const QString &explanation) const
 {
     const QString opening =
-        place.failure.isEmpty() ? QCoreApplication::translate("Db", "Помилка запиту:") : place.failure;
+        caller.failure.isEmpty() ? QCoreApplication::translate("Db", "Помилка запиту:") : caller.failure;
     const QString words = explanation.isEmpty() ? QString() : explanation + QStringLiteral("\n\n");
     postMessage(m_receiver, words + opening + QLatin1Char('\n') + error + QLatin1Char('\n') + sql.left(500),
-                QMessEvent::Critical, place.file, place.line);
+                QMessEvent::Critical, caller.file, caller.line);
 }
 
 /// isLossNews: the statement has lost the connection, and nobody was told yet.
@@ -180,13 +180,14 @@ std::optional<QSqlQuery> Db::send(const QString &sql, const Execution &execute, 
 }
 
 std::optional<QSqlQuery> Db::sendOrReport(const QString &sql, const Execution &execute,
-                                          const Place &place) const
+                                          const Caller &caller) const
 {
     QSqlError error;
     bool isLossNews = false;
     auto query = send(sql, execute, &error, &isLossNews);
-    if (!query && (isLossNews || !isConnectionLost(lastErrorNumber())))
-        report(errorText(error), sql, place, serverWords(lastErrorNumber()));
+    const int number = lastErrorNumber();
+    if (!query && number != caller.expectedError && (isLossNews || !isConnectionLost(number)))
+        report(errorText(error), sql, caller, serverWords(number));
     return query;
 }
 
@@ -200,13 +201,13 @@ std::optional<QSqlQuery> Db::run(const QString &sql, const Values &values, const
 {
     if (!maySend(file, line))
         return std::nullopt;
-    const Place place{failure, file, line};
+    const Caller caller{failure, file, line};
     if (values.isEmpty())
         return sendOrReport(
-            sql, [&sql](QSqlQuery *query) { return query->exec(sql); }, place);
+            sql, [&sql](QSqlQuery *query) { return query->exec(sql); }, caller);
     if (!sameNames(sql, values)) {
         markFailure();
-        report(unequalValues(), sql, place);
+        report(unequalValues(), sql, caller);
         return std::nullopt;
     }
     const auto execute = [&](QSqlQuery *query) {
@@ -216,7 +217,16 @@ std::optional<QSqlQuery> Db::run(const QString &sql, const Values &values, const
             query->bindValue(value.first, value.second);
         return query->exec();
     };
-    return sendOrReport(sql, execute, place);
+    return sendOrReport(sql, execute, caller);
+}
+
+std::optional<QSqlQuery> Db::runExpecting(int errorNumber, const QString &sql, const QString &failure,
+                                          const char *file, int line) const
+{
+    if (!maySend(file, line))
+        return std::nullopt;
+    return sendOrReport(sql, [&sql](QSqlQuery *query) { return query->exec(sql); },
+                        {failure, file, line, errorNumber});
 }
 
 std::optional<QSqlQuery> Db::runPositional(const QString &sql, const QVariantList &values,
@@ -224,10 +234,10 @@ std::optional<QSqlQuery> Db::runPositional(const QString &sql, const QVariantLis
 {
     if (!maySend(file, line))
         return std::nullopt;
-    const Place place{failure, file, line};
+    const Caller caller{failure, file, line};
     if (placeholders(sql).count(QStringLiteral("?")) != values.size()) {
         markFailure();
-        report(unequalValues(), sql, place);
+        report(unequalValues(), sql, caller);
         return std::nullopt;
     }
     const auto execute = [&](QSqlQuery *query) {
@@ -237,7 +247,7 @@ std::optional<QSqlQuery> Db::runPositional(const QString &sql, const QVariantLis
             query->addBindValue(value);
         return query->exec();
     };
-    return sendOrReport(sql, execute, place);
+    return sendOrReport(sql, execute, caller);
 }
 
 std::optional<QString> Db::firstText(const QString &sql, const Values &values, const QString &failure,

@@ -38,7 +38,12 @@ public:
     std::optional<QSqlQuery> run(const QString &sql, const Values &values = {}, const QString &failure = {},
                                  const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
 
-    /// The same with "?" placeholders, in order.
+    /// A statement without values whose failure by this error of the server is expected and not reported.
+    std::optional<QSqlQuery> runExpecting(int errorNumber, const QString &sql, const QString &failure = {},
+                                          const char *file = __builtin_FILE(),
+                                          int line = __builtin_LINE()) const;
+
+    /// As run(), with "?" placeholders, in order.
     std::optional<QSqlQuery> runPositional(const QString &sql, const QVariantList &values,
                                            const QString &failure = {}, const char *file = __builtin_FILE(),
                                            int line = __builtin_LINE()) const;
@@ -84,11 +89,12 @@ public:
 private:
     friend class Transaction;
     /// Where a report comes from and how it begins.
-    struct Place
+    struct Caller
     {
         const QString &failure;
         const char *file;
         int line;
+        int expectedError = 0;
     };
     using Execution = std::function<bool(QSqlQuery *query)>;
     bool maySend(const char *file, int line) const;
@@ -97,8 +103,8 @@ private:
     std::optional<QSqlQuery> send(const QString &sql, const Execution &execute, QSqlError *error,
                                   bool *isLossNews) const;
     std::optional<QSqlQuery> sendOrReport(const QString &sql, const Execution &execute,
-                                          const Place &place) const;
-    void report(const QString &error, const QString &sql, const Place &place,
+                                          const Caller &caller) const;
+    void report(const QString &error, const QString &sql, const Caller &caller,
                 const QString &explanation = {}) const;
 
     QSqlDatabase *m_connection;

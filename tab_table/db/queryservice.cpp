@@ -19,6 +19,7 @@ using Lock = std::unique_lock<std::mutex>;
 
 struct QueryRequest
 {
+    QString before;
     QStringList statements;
     bool isLong = false;
     /// To be used in the window's thread, and only while this is not called off.
@@ -190,6 +191,15 @@ void QueryWorker::answerRequest()
 bool QueryWorker::runAll()
 {
     QueryAnswer &answer = m_request->answer;
+    if (!m_request->before.isEmpty()) {
+        QSqlQuery query(*m_connection->database());
+        if (exec(&query, m_request->before))
+            answer.before = RowStore::read(query);
+        else if (isConnectionLost(answer.errorNumber))
+            return false;
+        answer.error.clear();
+        answer.errorNumber = 0;
+    }
     for (const QString &sql : qAsConst(m_request->statements)) {
         QSqlQuery query(*m_connection->database());
         if (!exec(&query, sql))
@@ -252,9 +262,10 @@ QueryOwner::~QueryOwner()
     cancel();
 }
 
-void QueryOwner::ask(const QStringList &statements)
+void QueryOwner::ask(const QStringList &statements, const QString &before)
 {
     auto request = std::make_shared<QueryRequest>();
+    request->before = before;
     request->statements = statements;
     request->isLong = m_isLong;
     request->owner = this;

@@ -21,6 +21,8 @@ struct QueryRequest;
 /// What the server answered to the statements of one QueryOwner::ask().
 struct QueryAnswer
 {
+    /// Of the statement that was to be sent before the others; empty when it failed.
+    RowStore before;
     /// One for each statement, in their order; fewer after a failure.
     std::vector<RowStore> results;
     /// The server's words after a failure, with the statement; else empty.
@@ -51,8 +53,8 @@ public:
     /// were asked for: two of them at once would leave no connection to a search that somebody waits for.
     void setLong(bool isLong) { m_isLong = isLong; }
     /// Takes the place of what was asked before: that is ended on the server and will not answer. Statements
-    /// behind a failed one are not sent.
-    void ask(const QStringList &statements);
+    /// behind a failed one are not sent. before: sent first of all; its failure does not count.
+    void ask(const QStringList &statements, const QString &before = {});
     /// What was asked will not answer.
     void cancel();
     bool isWaiting() const { return m_request != nullptr; }

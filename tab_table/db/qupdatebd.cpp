@@ -5,6 +5,8 @@
 #include "rowstore.h"
 #include "servererror.h"
 
+#include <QRegularExpression>
+
 namespace {
 const QLatin1String trackerTable("updat");
 const QLatin1String trackerColumns("(name CHAR(50), updat DATETIME NOT NULL DEFAULT 0, PRIMARY KEY (name))");
@@ -28,15 +30,11 @@ std::optional<QSqlQuery> send(const QString &sql, const QString &failure, QSqlDa
                               QObject *receiver)
 {
     const Db db(&connection, receiver);
-    QString error;
-    if (auto query = db.attempt(sql, &error))
+    auto query = db.runExpecting(ServerError::NoSuchTable, sql, failure);
+    if (query || db.lastErrorNumber() != ServerError::NoSuchTable ||
+        !QUpdateBD().create_tmp(connection, receiver))
         return query;
-    const int number = db.lastErrorNumber();
-    if (number == ServerError::NoSuchTable)
-        return QUpdateBD().create_tmp(connection, receiver) ? db.run(sql, {}, failure) : std::nullopt;
-    postMessage(receiver, failure + QLatin1Char('\n') + error + QLatin1Char('\n') + sql,
-                isConnectionLost(number) ? QMessEvent::Warning : QMessEvent::Critical);
-    return std::nullopt;
+    return db.run(sql, {}, failure);
 }
 } // namespace
 
@@ -90,6 +88,17 @@ bool QUpdateBD::isUpdate(const QStringList &tables, QSqlDatabase &connection, QO
                           .arg(listed(tables)),
                       tr("Помилка запиту на здійснене оновленя таблиці."), connection, receiver);
     return query && query->next();
+}
+
+QStringList QUpdateBD::tablesIn(const QString &sql)
+{
+    static const QRegularExpression name(QStringLiteral("\\b(?:FROM|JOIN)\\s+`?(\\w+)"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    QStringList tables;
+    for (auto found = name.globalMatch(sql); found.hasNext();)
+        tables.append(found.next().captured(1));
+    tables.removeDuplicates();
+    return tables;
 }
 
 QString QUpdateBD::timesSql(const QStringList &tables)

@@ -34,6 +34,8 @@ public:
     bool reRead(const QStringList &tables, QSqlDatabase &db, QObject *receiver);
     bool reRead(const QString &table, QSqlDatabase &db, QObject *receiver);
 
+    /// The tables that a SELECT names behind FROM and JOIN.
+    static QStringList tablesIn(const QString &sql);
     /// For lists that are read on another connection: what asks there when the tables were last changed,
     /// before the list's own statement, so that no change falls between them.
     static QString timesSql(const QStringList &tables);

@@ -101,12 +101,9 @@ void ListPane::load(const QString &sql, const QString &numberSql)
 {
     m_clock.start();
     showState(tr("Завантаження…"), true);
-    QStringList statements = {sql};
-    if (!m_tables.isEmpty())
-        statements.prepend(QUpdateBD::timesSql(m_tables));
-    if (!numberSql.isEmpty())
-        statements.append(numberSql);
-    m_queries->ask(statements);
+    // Before the rows, so that no change falls between them and the time they were read at.
+    const QString times = QUpdateBD::timesSql(QUpdateBD::tablesIn(sql));
+    m_queries->ask(numberSql.isEmpty() ? QStringList(sql) : QStringList{sql, numberSql}, times);
 }
 
 void ListPane::stop()
@@ -121,11 +118,9 @@ void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
 {
     m_loadMs = m_clock.elapsed();
     if (answer->error.isEmpty()) {
-        const size_t rows = m_tables.isEmpty() ? 0 : 1;
-        m_number = answer->results.size() > rows + 1 ? answer->number(rows + 1) : 0;
-        replaceRows(std::move(answer->results[rows]));
-        if (!m_tables.isEmpty())
-            QUpdateBD().setRead(answer->results.front(), *m_db, m_receiver);
+        m_number = answer->results.size() > 1 ? answer->number(1) : 0;
+        QUpdateBD().setRead(answer->before, *m_db, m_receiver);
+        replaceRows(std::move(answer->results.front()));
         return;
     }
     postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);

@@ -44,8 +44,6 @@ public:
     QRowModel *model() const { return m_model; }
     /// The line below the grid; a window with a status bar may take it there.
     QWidget *footer() const { return m_footer; }
-    /// The tables that the list shows: after a load they count as read. Before a load.
-    void setTables(const QStringList &tables) { m_tables = tables; }
     /// load is disabled and stop shown while a load is on its way; both may be null.
     void setButtons(QPushButton *load, QPushButton *stop);
 
@@ -141,7 +139,6 @@ private:
     QSqlDatabase *m_db = nullptr;
     const QLoadedUser *m_user = nullptr;
     QObject *m_receiver = nullptr;
-    QStringList m_tables;
     QElapsedTimer m_clock;
     qint64 m_loadMs = 0;
     qint64 m_number = 0;

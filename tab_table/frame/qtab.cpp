@@ -167,12 +167,11 @@ void QTab::ShowData(int limit)
     if (limit >= 1)
         sql += QStringLiteral(" LIMIT ") + QString::number(limit);
     tellEmptyText();
-    if (auto rows = db().run(sql, {}, tr("Помилка запиту."))) {
+    QUpdateBD().reRead(QUpdateBD::tablesIn(sql), *m_db, m_receiver);
+    if (auto rows = db().run(sql, {}, tr("Помилка запиту.")))
         showInModel(*rows);
-        QUpdateBD().reRead(table, *m_db, m_receiver);
-    } else {
+    else
         m_list->clearAfterFailure();
-    }
 }
 
 void QTab::search(const QString &newFilter, const QString &countSql)
@@ -180,7 +179,6 @@ void QTab::search(const QString &newFilter, const QString &countSql)
     filter = newFilter;
     m_countSql = countSql;
     tellEmptyText();
-    m_list->setTables({table});
     m_list->load(statement(), countSql);
 }
 

@@ -60,6 +60,12 @@ void TstDb::textOfPeopleStaysText()
                  .value(),
              QString("2"));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("3"));
+    QCOMPARE(db.firstColumn("SELECT name FROM t WHERE name<>'other'").value(), (QStringList{text, text}));
+    QCOMPARE(db.firstRow("SELECT NULL,name FROM t WHERE name=:text LIMIT 1", {{":text", text}}).value(),
+             (QStringList{QString(), text}));
+    QCOMPARE(db.firstRow("SELECT name FROM t WHERE name='nobody'").value(), QStringList());
+    QVERIFY(!db.firstRow("SELECT missing FROM t") && !db.firstColumn("SELECT missing FROM t"));
+    QCOMPARE(m_base->heard.texts().size(), 2);
 }
 
 void TstDb::wrongNamesAreRefused()

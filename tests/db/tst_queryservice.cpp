@@ -184,6 +184,13 @@ void TstQueryService::failedStatementEndsTheAnswer()
     QCOMPARE(answer->errorNumber, 1146);
     QVERIFY2(answer->error.contains("nowhere") && answer->results.size() == 1, qPrintable(answer->error));
     QCOMPARE(m_base->rows("SHOW TABLES"), QStringList());
+    // What was to be sent before may fail.
+    for (const char *before : {"SELECT missing FROM nowhere", "SELECT 11"}) {
+        const auto other = asker();
+        other->owner.ask({QStringLiteral("SELECT 12")}, QString::fromLatin1(before));
+        QTRY_COMPARE(other->number(), 12);
+        QCOMPARE(other->answers.first()->before.rowCount(), before == QString("SELECT 11") ? 1 : 0);
+    }
     one->owner.ask({QStringLiteral("SELECT 5 WHERE FALSE"), QStringLiteral("SELECT 'ї' AS `назва`,NULL")});
     QTRY_VERIFY(one->hasAnswered(2));
     const auto &results = one->answers.last()->results;

@@ -5,7 +5,6 @@
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
-#include "qupdatebd.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -38,7 +37,6 @@ private slots:
     void failureKeepsOrDropsTheRows();
     void enteredBeforeItsRowsCame();
     void oneRecordIsRefreshedWhereverItStands();
-    void loadedTablesCountAsRead();
 
     void columnsAreRemembered();
     void columnsOfAnotherUserAreHisOwn();
@@ -214,19 +212,6 @@ void TstListPane::oneRecordIsRefreshedWhereverItStands()
     QCOMPARE(shown().last(), QString("Цукор"));
     QCOMPARE(m_list->view()->currentIndex().row(), 4);
     QCOMPARE(state(), QString("Записів: 5"));
-}
-
-void TstListPane::loadedTablesCountAsRead()
-{
-    QUpdateBD tracker;
-    QSqlDatabase &db = *m_base->connection();
-    m_list->setTables({"goods", "prices"});
-    QVERIFY(tracker.isUpdate("goods", db, &m_base->heard));
-    load();
-    QVERIFY(!tracker.isUpdate("goods", db, &m_base->heard));
-    QVERIFY(!tracker.isUpdate("prices", db, &m_base->heard));
-    QVERIFY2(tracker.isUpdate("shops", db, &m_base->heard), "nobody has read that one");
-    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstListPane::columnsAreRemembered()

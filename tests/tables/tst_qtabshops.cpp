@@ -28,6 +28,7 @@ private slots:
     void cleanup();
 
     void filtersNarrowTheList();
+    void loadedListCountsAsRead();
     void typedTextIsData();
     void userWithoutGroupsSeesNothing();
     void stateIsColouredAndTold();
@@ -150,6 +151,34 @@ void TstQTabShops::filtersNarrowTheList()
     type("");
     combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("default"));
     QCOMPARE(shown(), QStringList{"Усі групи"});
+}
+
+void TstQTabShops::loadedListCountsAsRead()
+{
+    openTab();
+    QUpdateBD tracker;
+    const QStringList tables = {"shops", "group_shop", "onoffline"};
+    const auto isStale = [&](const QStringList &read) {
+        shown();
+        return tracker.isUpdate(read, *m_base->connection(), &m_base->heard);
+    };
+    QVERIFY(!isStale(tables) && isStale({"goods"}));
+    m_base->exec("UPDATE updat SET updat=NOW()-INTERVAL 1 HOUR");
+    m_base->exec("UPDATE updat SET updat=NOW()+INTERVAL 1 SECOND WHERE name='onoffline'");
+    QVERIFY(isStale(tables));
+    type("а");
+    QVERIFY(!isStale(tables));
+    m_base->exec("UPDATE updat SET updat=NOW()+INTERVAL 2 SECOND WHERE name='group_shop'");
+    QVERIFY(isStale(tables));
+    m_tab->ShowData();
+    QVERIFY(!isStale(tables));
+    // A database without the tracker has lists too.
+    m_base->exec("RENAME TABLE updat TO updat_away");
+    type(QString());
+    const QStringList shops = shown();
+    m_base->exec("RENAME TABLE updat_away TO updat");
+    QVERIFY(!shops.isEmpty());
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQTabShops::typedTextIsData()
