@@ -5,6 +5,7 @@
 #include "startwait.h"
 #include "tunecommand.h"
 #include "veltab.h"
+#include "version.h"
 #include "wheelguard.h"
 
 #include <QApplication>
@@ -107,6 +108,7 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setApplicationVersion(QLatin1String(programVersion));
     QStringList arguments(argv + 1, argv + argc);
     if (isTuneCommand(arguments))
         return runWithoutWindows(argc, argv);

@@ -2,6 +2,7 @@
 
 #include "ean13.h"
 
+namespace demo {
 namespace {
 QString withCheckDigit(const QString &prefix, qint64 number, int length)
 {
@@ -36,3 +37,4 @@ QString shortEan8(int number)
 {
     return withCheckDigit(QStringLiteral("48"), scattered(number, 61803, 100000), 8);
 }
+} // namespace demo

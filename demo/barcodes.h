@@ -2,6 +2,7 @@
 
 #include <QString>
 
+namespace demo {
 /// Sound barcodes of the demo goods; two different numbers never give the same code of a kind.
 
 /// EAN-13 with the country's prefix 482; number 0 to 999 999 999.
@@ -12,3 +13,4 @@ QString foreignEan13(int number);
 QString weighedEan13(int number);
 /// EAN-8; number 0 to 99 999.
 QString shortEan8(int number);
+} // namespace demo

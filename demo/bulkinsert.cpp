@@ -1,5 +1,6 @@
 #include "bulkinsert.h"
 
+namespace demo {
 namespace {
 constexpr int statementLength = 1000000;
 }
@@ -69,3 +70,4 @@ void BulkInsert::send()
     }
     m_statement.resize(0); // keeps the memory
 }
+} // namespace demo

@@ -2,6 +2,7 @@
 
 #include "db.h"
 
+namespace demo {
 /// One row of a multi-row INSERT: "(1,'a',NULL)".
 class SqlRow
 {
@@ -41,3 +42,4 @@ private:
     qint64 m_rows = 0;
     bool m_sound = true;
 };
+} // namespace demo

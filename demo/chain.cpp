@@ -3,6 +3,7 @@
 #include "qupdatebd.h"
 #include "stages.h"
 
+namespace demo {
 namespace {
 /// New rows need no look at each other while they are filled in; the keys that refer to other tables are
 /// checked all the same.
@@ -79,3 +80,4 @@ bool generateChain(const Db &db, const ChainPlan &plan, const std::function<void
            fillShifts(db, chain, say) && fillOnline(db, chain) && announce(db) &&
            setAdministratorPassword(db);
 }
+} // namespace demo

@@ -6,6 +6,7 @@
 
 class Db;
 
+namespace demo {
 /// How large a demo chain is and what makes it the one it is: the same plan gives the same rows.
 struct ChainPlan
 {
@@ -37,3 +38,4 @@ std::optional<ChainState> chainState(const Db &db);
 /// receiver of db; what is written by then stays. progress gets a line now and then.
 bool generateChain(const Db &db, const ChainPlan &plan,
                    const std::function<void(const QString &)> &progress = {});
+} // namespace demo

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVector>
 
+namespace demo {
 /// What the stages of the generator tell each other about the chain. Money is kopecks, rates hundredths
 /// of a per cent.
 
@@ -90,3 +91,4 @@ struct Chain
     /// The rate of the promotion in force, 0 for none.
     int promotionRate(const Item &item, const QDateTime &time) const;
 };
+} // namespace demo

@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+namespace demo {
 /// Numbers that look random and are the same on every machine for the same seed and stream.
 class Dice
 {
@@ -35,3 +36,4 @@ private:
 
     quint64 m_state;
 };
+} // namespace demo

@@ -6,6 +6,7 @@
 #include "sqldate.h"
 #include "stages.h"
 
+namespace demo {
 namespace {
 /// The goods list of a sale leaves the groups 2 to 5 out.
 constexpr int firstGoodsGroup = 6;
@@ -228,3 +229,4 @@ bool fillStock(const Db &db, const Chain &chain)
     }
     return rows.finish();
 }
+} // namespace demo

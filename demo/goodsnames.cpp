@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+namespace demo {
 namespace {
 const QVector<GoodsKind> kinds{
     {"Молочні продукти", 1, false, 2200, 12900,
@@ -98,3 +99,4 @@ GoodsName goodsName(const GoodsKind &kind, int number)
         size += QStringLiteral(" №%1").arg(number / combinations + 1);
     return {product + QLatin1Char(' ') + variant + QLatin1Char(' ') + size, brief(product, variant, size)};
 }
+} // namespace demo

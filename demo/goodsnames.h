@@ -3,6 +3,7 @@
 #include <QString>
 #include <QVector>
 
+namespace demo {
 /// A goods group of the demo chain: what is sold in it, and how its names are put together.
 struct GoodsKind
 {
@@ -27,3 +28,4 @@ const QVector<GoodsKind> &goodsKinds();
 
 /// The number-th name of a group; every number gives another one.
 GoodsName goodsName(const GoodsKind &kind, int number);
+} // namespace demo

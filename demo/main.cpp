@@ -36,7 +36,7 @@ public:
 struct Order
 {
     DatabaseAddress address;
-    ChainPlan plan;
+    demo::ChainPlan plan;
     bool fresh = false;
     bool schemaOnly = false;
 };
@@ -81,13 +81,13 @@ bool readNumber(const QCommandLineParser &parser, const char *option, int least,
     return false;
 }
 
-bool readPlan(const QCommandLineParser &parser, ChainPlan *plan)
+bool readPlan(const QCommandLineParser &parser, demo::ChainPlan *plan)
 {
     int scale = 0;
     int seed = 0;
     if (!readNumber(parser, "scale", 1, &scale) || !readNumber(parser, "seed", 0, &seed))
         return false;
-    *plan = ChainPlan::scaled(scale);
+    *plan = demo::ChainPlan::scaled(scale);
     plan->seed = static_cast<quint64>(seed);
     const QString until = parser.value(QStringLiteral("until"));
     if (!until.isEmpty())
@@ -122,21 +122,21 @@ bool dropDatabase(const DatabaseAddress &address, QObject *receiver)
     return Db(&db, receiver).run(QStringLiteral("DROP DATABASE IF EXISTS `%1`").arg(name)).has_value();
 }
 
-ExitCode fill(const Db &db, const ChainPlan &plan)
+ExitCode fill(const Db &db, const demo::ChainPlan &plan)
 {
-    const auto state = chainState(db);
+    const auto state = demo::chainState(db);
     if (!state)
         return Failed;
-    if (*state == ChainState::HalfFilled) {
+    if (*state == demo::ChainState::HalfFilled) {
         say(QStringLiteral(
             "The database holds goods or shops but no finished chain. --fresh would drop it first."));
         return HalfFilled;
     }
-    if (*state == ChainState::Filled)
+    if (*state == demo::ChainState::Filled)
         return Done;
     QElapsedTimer clock;
     clock.start();
-    if (!generateChain(db, plan, say))
+    if (!demo::generateChain(db, plan, say))
         return Failed;
     say(QStringLiteral("Filled in %1 s").arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 1));
     return Done;

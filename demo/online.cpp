@@ -3,6 +3,7 @@
 #include "sqldate.h"
 #include "stages.h"
 
+namespace demo {
 namespace {
 /// The connection of one shop or register: an interval ends where the next one begins.
 class ConnectionLog
@@ -85,3 +86,4 @@ bool fillOnline(const Db &db, const Chain &chain)
         logPlace(&rows, chain, *reg.shop, reg.id, reg.blocked);
     return rows.finish();
 }
+} // namespace demo

@@ -6,6 +6,7 @@
 #include <QCryptographicHash>
 #include <QStringList>
 
+namespace demo {
 namespace {
 enum User { administrator = 1, operatorUser = 2, viewer = 3 };
 constexpr int operatorsShopGroup = 2;
@@ -203,3 +204,4 @@ bool setAdministratorPassword(const Db &db)
                    {QStringLiteral(":id"), static_cast<int>(administrator)}}) &&
            transaction.commit();
 }
+} // namespace demo

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+namespace demo {
 namespace {
 struct Region
 {
@@ -152,3 +153,4 @@ bool fillPlaces(const Db &db, Chain *chain)
     chain->registers = makeRegisters(*chain);
     return fillGroups(db, chain->plan) && writeShops(db, chain->shops) && writeRegisters(db, *chain);
 }
+} // namespace demo

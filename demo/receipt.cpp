@@ -7,6 +7,7 @@
 
 #include <numeric>
 
+namespace demo {
 namespace {
 enum DocumentType { Sale = 1, Discount = 2, Payment = 3, CashIn = 4, CashOut = 5, Return = 6, ShiftEnd = 10 };
 constexpr int promotionType = 2;
@@ -200,3 +201,4 @@ void ShiftJournal::close(const QDateTime &time)
         end.raw(standard);
     m_rows->add(end.null().null().raw(standard).raw(standard));
 }
+} // namespace demo

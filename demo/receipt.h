@@ -2,6 +2,7 @@
 
 #include "chainmodel.h"
 
+namespace demo {
 class BulkInsert;
 class Dice;
 class SqlRow;
@@ -93,3 +94,4 @@ private:
     QString m_time;
     ShiftTotals m_totals;
 };
+} // namespace demo

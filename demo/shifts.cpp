@@ -4,6 +4,7 @@
 #include "sqldate.h"
 #include "stages.h"
 
+namespace demo {
 namespace {
 constexpr int openingHour = 8;
 constexpr int closingHour = 21;
@@ -161,3 +162,4 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
     }
     return receipts.finish() && shifts.finish();
 }
+} // namespace demo

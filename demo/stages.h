@@ -3,6 +3,7 @@
 #include "chainmodel.h"
 #include "db.h"
 
+namespace demo {
 /// The stages of filling a chain, in the order in which they build on each other. Each reports its failures
 /// through db and tells whether it worked.
 
@@ -19,3 +20,4 @@ bool setAdministratorPassword(const Db &db);
 
 /// The user who works in a shop: the operator in the group of shops that is his, else the administrator.
 int userOf(const Shop &shop);
+} // namespace demo

@@ -5,6 +5,7 @@
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "settingfile.h"
+#include "version.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -23,7 +24,6 @@ const char *const styleKey = "INTERFACE/STYLE";
 const char *const languageKey = "INTERFACE/PATH_LANGUAGE";
 const char *const autoUpdateKey = "M_UPDATER/IS_AUTOUPDATE";
 const char *const versionKey = "VERSION/VERSION";
-const char *const programVersion = "3. 0. 0. 17";
 
 /// A box whose items carry the value to store shows their captions; what it does not know is its last item.
 void showInCombo(QComboBox *combo, const QString &text)

@@ -65,7 +65,7 @@ public:
     static QString GetPathLanguage(const QString &directory);
     static bool GetAutoupdate(const QString &directory);
     static QString GetVersion(const QString &directory);
-    /// Writes the program's own version, "3. 0. 0. 17".
+    /// Writes the program's own version.
     static void SetCurVersion(const QString &directory);
 
     /// How a file is chosen: from the title, the filter and the path so far to the path, empty when

@@ -472,10 +472,6 @@ Wait or contact support.</translation>
         <translation>Cancel: %1</translation>
     </message>
     <message>
-        <source>скасовано</source>
-        <translation>cancelled</translation>
-    </message>
-    <message>
         <source>Закрити</source>
         <translation>Close</translation>
     </message>
@@ -486,6 +482,10 @@ Wait or contact support.</translation>
     <message>
         <source>Зупиняється…</source>
         <translation>Stopping…</translation>
+    </message>
+    <message>
+        <source>%1 – скасовано</source>
+        <translation>%1 – cancelled</translation>
     </message>
 </context>
 <context>

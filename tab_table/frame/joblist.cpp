@@ -19,8 +19,9 @@ const int resultMs = 8000;
 /// Earlier a rate is a guess.
 const int guessMs = 2000;
 /// In letters.
-const int textLetters = 36;
+const int titleLetters = 36;
 const int barLetters = 16;
+const int resultLetters = 60;
 const int barSteps = 1000;
 /// Of the window's width, in per cent, for a row in the status bar.
 const int mostOfWindow = 60;
@@ -34,6 +35,11 @@ QString clockText(qint64 ms)
 int letters(const QWidget &widget, int count)
 {
     return widget.fontMetrics().averageCharWidth() * count;
+}
+/// The page above must not jump when a job comes or goes.
+int lowHeight(const QWidget &widget)
+{
+    return widget.fontMetrics().height() + 4;
 }
 } // namespace
 
@@ -70,16 +76,19 @@ void JobRow::build()
     m_bar->setObjectName(QStringLiteral("progressJob"));
     m_bar->setAccessibleName(tr("Скільки зроблено: %1").arg(m_title));
     m_bar->setFixedWidth(letters(*this, barLetters));
+    m_bar->setMaximumHeight(lowHeight(*m_bar));
     m_time = new QLabel(this);
     m_time->setObjectName(QStringLiteral("labelJobTime"));
     m_button = new QPushButton(tr("Скасувати"), this);
     m_button->setObjectName(QStringLiteral("pbCancelJob"));
     m_button->setAccessibleName(tr("Скасувати: %1").arg(m_title));
     m_button->setFocusPolicy(Qt::TabFocus);
+    m_button->setMaximumHeight(lowHeight(*m_button));
     connect(m_button, &QPushButton::clicked, this, &JobRow::leave);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QWidget *part : std::initializer_list<QWidget *>{m_text, m_bar, m_time, m_button})
+    layout->addWidget(m_text, 1);
+    for (QWidget *part : std::initializer_list<QWidget *>{m_bar, m_time, m_button})
         layout->addWidget(part);
 }
 
@@ -100,10 +109,10 @@ void JobRow::tick()
         m_time->setText(jobTimes(m_job->elapsed(), m_job->progress()));
 }
 
-void JobRow::showText(const QString &text)
+void JobRow::showText(const QString &text, int mostLetters)
 {
     const QString line = text.section(QLatin1Char('\n'), 0, 0);
-    m_text->setText(m_text->fontMetrics().elidedText(line, Qt::ElideMiddle, letters(*m_text, textLetters)));
+    m_text->setText(m_text->fontMetrics().elidedText(line, Qt::ElideMiddle, letters(*m_text, mostLetters)));
     m_text->setToolTip(text);
     m_text->setAccessibleName(text);
 }
@@ -111,7 +120,8 @@ void JobRow::showText(const QString &text)
 void JobRow::showProgress()
 {
     const JobProgress &progress = m_job->progress();
-    showText(progress.stage.isEmpty() ? m_title : m_title + QStringLiteral(": ") + progress.stage);
+    showText(progress.stage.isEmpty() ? m_title : m_title + QStringLiteral(": ") + progress.stage,
+             titleLetters);
     // Nobody knows how much: the bar shows that something goes on.
     m_bar->setMaximum(progress.of > 0 ? barSteps : 0);
     m_bar->setValue(progress.of > 0 ? static_cast<int>(barSteps * progress.done / progress.of) : 0);
@@ -125,13 +135,12 @@ void JobRow::showResult(const JobResult &result)
     m_outcome = result.outcome;
     m_words = result.words;
     m_sinceEnd.start();
-    const QString words = m_words.isEmpty() ? tr("скасовано") : m_words;
-    showText(m_title + QStringLiteral(" – ") + words);
+    m_bar->hide();
+    m_time->hide();
     QFont font = m_text->font();
     font.setBold(m_outcome == JobResult::Failed);
     m_text->setFont(font);
-    m_bar->hide();
-    m_time->hide();
+    showText(m_words.isEmpty() ? tr("%1 – скасовано").arg(m_title) : m_words, resultLetters);
     m_button->setText(tr("Закрити"));
     m_button->setAccessibleName(tr("Закрити: %1").arg(m_title));
     emit changed();
@@ -181,6 +190,7 @@ void JobList::build()
     m_opener = new QPushButton(this);
     m_opener->setObjectName(QStringLiteral("pbJobs"));
     m_opener->setFocusPolicy(Qt::TabFocus);
+    m_opener->setMaximumHeight(lowHeight(*m_opener));
     m_opener->setToolTip(tr("Показати завдання (Ctrl+J)"));
     m_opener->hide();
     connect(m_opener, &QPushButton::clicked, this, &JobList::open);
@@ -252,6 +262,8 @@ void JobList::arrange()
     m_opener->setVisible(!isInline && !due.isEmpty());
     if (due.isEmpty())
         m_popup->hide();
+    else if (m_popup->isVisible())
+        placePopup();
 }
 
 bool JobList::isRoomFor(const JobRow &row) const
@@ -274,11 +286,17 @@ bool JobList::isOwn(const QWidget *widget) const
 
 void JobList::open()
 {
+    placePopup();
+    m_popup->show();
+    focusFirst();
+}
+
+/// Above the button, as large as its rows.
+void JobList::placePopup()
+{
     m_popup->adjustSize();
     const QPoint corner = m_opener->mapToGlobal(QPoint(m_opener->width(), 0));
     m_popup->move(qMax(0, corner.x() - m_popup->width()), corner.y() - m_popup->height());
-    m_popup->show();
-    focusFirst();
 }
 
 /// The first button, for those without a mouse.

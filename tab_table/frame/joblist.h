@@ -38,7 +38,7 @@ signals:
 
 private:
     void build();
-    void showText(const QString &text);
+    void showText(const QString &text, int mostLetters);
     void showProgress();
     void showResult(const JobResult &result);
     void leave();
@@ -81,6 +81,7 @@ private:
     bool isRoomFor(const JobRow &row) const;
     bool isOwn(const QWidget *widget) const;
     void open();
+    void placePopup();
     void focusFirst();
 
     QVector<JobRow *> m_rows;

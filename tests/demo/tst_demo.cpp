@@ -1,11 +1,16 @@
+#include "../../demo/receipt.h"
+#include "../../managment/receipt.h"
 #include "chain.h"
 #include "ean13.h"
 #include "testing.h"
 
+// A program may hold both.
+static_assert(!std::is_same_v<Receipt, demo::Receipt>);
+
 namespace {
-ChainPlan smallPlan()
+demo::ChainPlan smallPlan()
 {
-    ChainPlan plan;
+    demo::ChainPlan plan;
     plan.until = QDate(2026, 3, 18); // a Wednesday
     plan.days = 9;
     plan.shops = 5;
@@ -92,7 +97,7 @@ private:
 
 void TstDemo::initTestCase()
 {
-    QVERIFY2(generateChain(m_database.db(), smallPlan()),
+    QVERIFY2(demo::generateChain(m_database.db(), smallPlan()),
              qPrintable(m_database.heard.texts().join(QLatin1Char('\n'))));
     QVERIFY(m_database.heard.texts().isEmpty());
 }
@@ -249,26 +254,26 @@ void TstDemo::onlineIntervals()
 void TstDemo::sameSeedSameChain()
 {
     FreshDatabase again;
-    QVERIFY(generateChain(again.db(), smallPlan()));
+    QVERIFY(demo::generateChain(again.db(), smallPlan()));
     QCOMPARE(fingerprint(&again), fingerprint(&m_database));
     FreshDatabase other;
-    ChainPlan plan = smallPlan();
+    demo::ChainPlan plan = smallPlan();
     plan.seed = 2;
-    QVERIFY(generateChain(other.db(), plan));
+    QVERIFY(demo::generateChain(other.db(), plan));
     QVERIFY(fingerprint(&other) != fingerprint(&m_database));
 }
 
 void TstDemo::stateTellsAFinishedChain()
 {
     FreshDatabase database;
-    QCOMPARE(chainState(database.db()), ChainState::Empty);
+    QCOMPARE(demo::chainState(database.db()), demo::ChainState::Empty);
     database.exec(QStringLiteral("INSERT INTO shops(name) VALUES('x')"));
-    QCOMPARE(chainState(database.db()), ChainState::HalfFilled);
-    QVERIFY(!generateChain(database.db(), smallPlan()));
+    QCOMPARE(demo::chainState(database.db()), demo::ChainState::HalfFilled);
+    QVERIFY(!demo::generateChain(database.db(), smallPlan()));
     QVERIFY(database.heard.has(QStringLiteral("Duplicate entry '1'")));
     QCOMPARE(database.value(QStringLiteral("SELECT COUNT(*) FROM kassa")), QStringLiteral("0"));
-    QCOMPARE(chainState(database.db()), ChainState::HalfFilled);
-    QCOMPARE(chainState(m_database.db()), ChainState::Filled);
+    QCOMPARE(demo::chainState(database.db()), demo::ChainState::HalfFilled);
+    QCOMPARE(demo::chainState(m_database.db()), demo::ChainState::Filled);
 }
 
 QTEST_MAIN(TstDemo)

@@ -140,8 +140,8 @@ void TstJobList::failureStaysUntilClosed()
     end(job, {JobResult::Failed, words, {}});
     QTRY_COMPARE(shown().size(), 1);
     QVERIFY(m_list->isTelling(words));
-    QVERIFY(part<QLabel>("labelJob")->text().startsWith(QStringLiteral("Експорт – ")));
-    QCOMPARE(part<QLabel>("labelJob")->toolTip(), QStringLiteral("Експорт – ") + words);
+    QCOMPARE(part<QLabel>("labelJob")->text(), QStringLiteral("Файл не збережено: немає місця"));
+    QCOMPARE(part<QLabel>("labelJob")->toolTip(), words);
     QVERIFY(!shown().constFirst()->isOver());
     QTest::mouseClick(part<QPushButton>("pbCancelJob"), Qt::LeftButton);
     QTRY_VERIFY(shown().isEmpty() && !m_list->isTelling(words));
