@@ -1,12 +1,14 @@
 #include "bench.h"
 
 #include "chekwriter.h"
-#include "moneyspinbox.h"
 #include "qloadeduser.h"
+#include "qpayment.h"
 #include "qregistersale.h"
 #include "testing.h"
 
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace {
 constexpr int stockShops = 12;
@@ -29,7 +31,7 @@ bool fillShops(const Db &db)
            db.run(QStringLiteral("UPDATE goods SET group_g=1,block=0 WHERE id<4"));
 }
 
-/// A receipt of three goods in the sale tab; writing it leaves it there.
+/// The sale tab as people use it: three goods are scanned, then F9, the money and OK.
 class SaleWindow
 {
 public:
@@ -38,6 +40,41 @@ public:
         if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
             qFatal("Nobody to sell");
         m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
+        m_tab->resize(1200, 800);
+        m_tab->show();
+    }
+
+    /// From the payment's OK to the tab in which the next receipt can be begun. sent: what the tab sends
+    /// then.
+    double sell(QStringList *sent = nullptr)
+    {
+        fill();
+        QElapsedTimer clock;
+        double time = -1;
+        const auto sale = [&] {
+            m_tab->sale();
+            Db::setStatementHook({});
+            if (clock.isValid())
+                time = static_cast<double>(clock.nsecsElapsed()) / 1e6;
+        };
+        withModal<QPayment>(sale, [&](QPayment *payment) {
+            child<QPushButton>(payment, QStringLiteral("pbRestCash"))->click();
+            if (sent != nullptr)
+                Db::setStatementHook([sent](const QString &sql) { sent->append(sql); });
+            clock.start();
+            payment->ok();
+        });
+        const QString notice = child<QLabel>(m_tab.get(), QStringLiteral("lbNotice"))->text();
+        if (time < 0 || !notice.startsWith(QStringLiteral("Чек №")))
+            qFatal("The receipt was not written: %s", qPrintable(notice));
+        return time;
+    }
+
+private:
+    /// The list of goods and the change tracker of the sale before are through by then.
+    void fill()
+    {
+        QTest::qWait(100);
         auto *search = child<QLineEdit>(m_tab.get(), QStringLiteral("leSearch"));
         for (int goods = 1; goods < 4; ++goods) {
             QTest::keyClicks(search, QString::number(4820000000000 + qint64(13) * goods));
@@ -45,21 +82,6 @@ public:
         }
     }
 
-    double sell()
-    {
-        int number = -1;
-        const double time = milliseconds([&] {
-            const QString sum =
-                QString::number(child<MoneySpinBox>(m_tab.get(), QStringLiteral("dsbSum"))->kopecks());
-            number = m_tab->writeChek(QStringLiteral("0"), sum, sum, QStringLiteral("0"), QStringLiteral("0"),
-                                      QStringLiteral("0.00"));
-        });
-        if (number == -1)
-            qFatal("The receipt was not written");
-        return time;
-    }
-
-private:
     QLoadedUser m_user;
     std::unique_ptr<QRegisterSale> m_tab;
 };
@@ -95,7 +117,7 @@ private:
 };
 } // namespace
 
-/// From the payment's OK to the committed receipt, against its statements alone.
+/// From the payment's OK to the tab being ready for the next receipt, against its statements alone.
 QVector<Figure> measureSale(const Bench &bench)
 {
     if (!fillShops(bench.db()))
@@ -103,15 +125,12 @@ QVector<Figure> measureSale(const Bench &bench)
     SaleWindow window(bench);
     window.sell();
     QStringList statements;
-    Db::setStatementHook([&](const QString &sql) { statements.append(sql); });
-    window.sell();
-    Db::setStatementHook({});
+    window.sell(&statements);
     // Register 2 has a shift of its own.
     bench.db().run(ChekSql::createZ({QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("1")},
                                     QStringLiteral("1"), 1));
     BareSale bare(bench, statements);
     const double times = ratio(
         bench.rounds, [&] { return bare.sell(); }, [&] { return window.sell(); });
-    return {
-        {QStringLiteral("sale, from the payment's OK to the receipt"), times, 1.1, QStringLiteral("x bare")}};
+    return {{QStringLiteral("sale, from OK to the next receipt"), times, 1.15, QStringLiteral("x bare")}};
 }

@@ -27,16 +27,6 @@ QString ChekSql::ensureAnonymousClient()
     return QStringLiteral("INSERT IGNORE INTO clients(id,fiksed,group_shop) VALUES(1,1,1)");
 }
 
-QString ChekSql::barcode(const QString &code)
-{
-    if (code.isEmpty())
-        return QStringLiteral("NULL");
-    bool isBare = code.at(0) != QLatin1Char('0');
-    for (const QChar c : code)
-        isBare = isBare && c >= QLatin1Char('0') && c <= QLatin1Char('9');
-    return isBare ? code : lit(code);
-}
-
 namespace {
 QString goodsRow(const QString &prefix, const ReceiptRow &row, int position)
 {
@@ -52,7 +42,7 @@ QString goodsRow(const QString &prefix, const ReceiptRow &row, int position)
                        number(row.tax),
                        QStringLiteral("0"),
                        number(row.isDisk),
-                       ChekSql::barcode(row.barcode),
+                       row.barcode.isEmpty() ? QStringLiteral("NULL") : barcodeInSql(row.barcode),
                        number(row.type),
                        number(row.actType),
                        number(row.discount)}

@@ -14,8 +14,6 @@ QString lowerStock(const Receipt &receipt, const QString &shop);
 /// Changes nothing when the shift has been closed.
 QString addToZ(const Receipt &receipt, const ChekPayment &payment, const WrittenChek &chek);
 QString createZ(const ChekPlace &place, const QString &number, int day);
-/// A barcode as a value: bare digits, a quoted text when digits would be lost, NULL when there is none.
-QString barcode(const QString &code);
 } // namespace ChekSql
 
 /// The day in the trading period of a shift, by that of the last closed one (0: none was closed) and the

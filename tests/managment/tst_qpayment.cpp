@@ -1,3 +1,4 @@
+#include "money.h"
 #include "moneyspinbox.h"
 #include "qpayment.h"
 #include "scanguard.h"
@@ -6,6 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 
 namespace {
 QString text(const char *words)
@@ -34,6 +36,9 @@ private slots:
     void unreadable();
     void scans();
     void restOfAScan();
+    void paymentDialog_data();
+    void paymentDialog();
+    void closingForm();
 
 private:
     QString fields() const;
@@ -184,6 +189,58 @@ void TstQPayment::restOfAScan()
     pressKeys({Qt::Key_F5});
     pressKeys({Qt::Key_Return});
     QCOMPARE(m_form->result(), int(QDialog::Accepted));
+}
+
+void TstQPayment::paymentDialog_data()
+{
+    QTest::addColumn<double>("cash");
+    QTest::addColumn<double>("certificate");
+    QTest::addColumn<double>("card");
+    QTest::addColumn<double>("given");
+    QTest::addColumn<QString>("warning");
+    QTest::newRow("no double sums") << 0.1 << 0.2 << 0.0 << 0.0 << QString();
+    QTest::newRow("too little") << 0.1 << 0.1 << 0.0 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
+    QTest::newRow("too much") << 0.1 << 0.1 << 0.11 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
+    QTest::newRow("with change") << 0.3 << 0.0 << 0.0 << 5.0 << QString();
+    QTest::newRow("given too little") << 0.3 << 0.0 << 0.0 << 0.29 << "Отримано менше, ніж треба";
+}
+
+void TstQPayment::paymentDialog()
+{
+    QFETCH(double, cash);
+    QFETCH(double, certificate);
+    QFETCH(double, card);
+    QFETCH(double, given);
+    QFETCH(QString, warning);
+    QPayment payment(text("10.30"), text("10.00"), false, nullptr);
+    in<MoneySpinBox>(&payment, "dsbCash")->setValue(cash);
+    in<MoneySpinBox>(&payment, "dsbCertificate")->setValue(certificate);
+    in<MoneySpinBox>(&payment, "dsbCard")->setValue(card);
+    in<MoneySpinBox>(&payment, "dsbGiven")->setValue(given);
+    const auto *group = in<QGroupBox>(&payment, "gbPaid");
+    const qint64 paid = wholeUnits(cash, 2) + wholeUnits(certificate, 2) + wholeUnits(card, 2);
+    QCOMPARE(group->title(), text("оплачено: ") + moneyText(paid));
+    QCOMPARE(group->styleSheet(), paid > 30 ? text("font: bold; color: #DD1010;") : QString());
+    QString said;
+    said = answerQuestion([&] { payment.ok(); });
+    QVERIFY2(warning.isEmpty() ? said.isEmpty() : said.contains(warning), qPrintable(said));
+    QCOMPARE(payment.result(), int(warning.isEmpty() ? QDialog::Accepted : QDialog::Rejected));
+    if (!warning.isEmpty())
+        return;
+    QCOMPARE(payment.toPay(), text("30"));
+    QCOMPARE(payment.cash() + payment.certificate() + payment.card(),
+             given > 0 ? text("3000") : text("10200"));
+    QCOMPARE(in<QLabel>(&payment, "lbChange")->text(), given > 0 ? text("4.70") : text("0.00"));
+}
+
+void TstQPayment::closingForm()
+{
+    QPayment form(text("0.00"), text("0.00"), true, nullptr, 1998);
+    QVERIFY(in<QWidget>(&form, "gbPaid")->isHidden() && in<QWidget>(&form, "receiptFields")->isHidden());
+    in<QSpinBox>(&form, "sbCheks")->setValue(1234);
+    form.ok();
+    QCOMPARE(form.result(), int(QDialog::Accepted));
+    QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
 }
 
 QTEST_MAIN(TstQPayment)

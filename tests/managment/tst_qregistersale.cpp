@@ -1,6 +1,5 @@
 #include "qregistersale.h"
 
-#include "money.h"
 #include "moneyspinbox.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
@@ -12,7 +11,6 @@
 
 #include <QComboBox>
 #include <QDateEdit>
-#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,7 +18,6 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QSqlQuery>
 
 namespace {
 QString text(const char *words)
@@ -73,9 +70,6 @@ private slots:
 
     void wholeSaleByKeyboard();
     void statementsOfASale();
-    void paymentDialog_data();
-    void paymentDialog();
-    void closingForm();
     void searchByName();
     void stockQuestion();
     void whatIsPaidIsWritten_data();
@@ -256,58 +250,6 @@ void TstQRegisterSale::statementsOfASale()
     m_tab.reset();
     Db::setStatementHook({});
     QCOMPARE(sent.filter(text("updat")).size(), 1);
-}
-
-void TstQRegisterSale::paymentDialog_data()
-{
-    QTest::addColumn<double>("cash");
-    QTest::addColumn<double>("certificate");
-    QTest::addColumn<double>("card");
-    QTest::addColumn<double>("given");
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("no double sums") << 0.1 << 0.2 << 0.0 << 0.0 << QString();
-    QTest::newRow("too little") << 0.1 << 0.1 << 0.0 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
-    QTest::newRow("too much") << 0.1 << 0.1 << 0.11 << 0.0 << "Сума до оплати повинна дорівнювати оплачено!";
-    QTest::newRow("with change") << 0.3 << 0.0 << 0.0 << 5.0 << QString();
-    QTest::newRow("given too little") << 0.3 << 0.0 << 0.0 << 0.29 << "Отримано менше, ніж треба";
-}
-
-void TstQRegisterSale::paymentDialog()
-{
-    QFETCH(double, cash);
-    QFETCH(double, certificate);
-    QFETCH(double, card);
-    QFETCH(double, given);
-    QFETCH(QString, warning);
-    QPayment payment(text("10.30"), text("10.00"), false, nullptr);
-    in<MoneySpinBox>(&payment, "dsbCash")->setValue(cash);
-    in<MoneySpinBox>(&payment, "dsbCertificate")->setValue(certificate);
-    in<MoneySpinBox>(&payment, "dsbCard")->setValue(card);
-    in<MoneySpinBox>(&payment, "dsbGiven")->setValue(given);
-    const auto *group = in<QGroupBox>(&payment, "gbPaid");
-    const qint64 paid = wholeUnits(cash, 2) + wholeUnits(certificate, 2) + wholeUnits(card, 2);
-    QCOMPARE(group->title(), text("оплачено: ") + moneyText(paid));
-    QCOMPARE(group->styleSheet(), paid > 30 ? text("font: bold; color: #DD1010;") : QString());
-    QString said;
-    said = answerQuestion([&] { payment.ok(); });
-    QVERIFY2(warning.isEmpty() ? said.isEmpty() : said.contains(warning), qPrintable(said));
-    QCOMPARE(payment.result(), int(warning.isEmpty() ? QDialog::Accepted : QDialog::Rejected));
-    if (!warning.isEmpty())
-        return;
-    QCOMPARE(payment.toPay(), text("30"));
-    QCOMPARE(payment.cash() + payment.certificate() + payment.card(),
-             given > 0 ? text("3000") : text("10200"));
-    QCOMPARE(in<QLabel>(&payment, "lbChange")->text(), given > 0 ? text("4.70") : text("0.00"));
-}
-
-void TstQRegisterSale::closingForm()
-{
-    QPayment form(text("0.00"), text("0.00"), true, nullptr, 1998);
-    QVERIFY(in<QWidget>(&form, "gbPaid")->isHidden() && in<QWidget>(&form, "receiptFields")->isHidden());
-    in<QSpinBox>(&form, "sbCheks")->setValue(1234);
-    form.ok();
-    QCOMPARE(form.result(), int(QDialog::Accepted));
-    QCOMPARE(form.viluchenia() + form.vnesenia() + form.countCheks(), text("199801234"));
 }
 
 void TstQRegisterSale::searchByName()
@@ -802,14 +744,7 @@ void TstQRegisterSale::failedSaleKeepsTheReceipt()
 void TstQRegisterSale::unclearReceiptIsNotDoubled()
 {
     type(text("4820000000109"));
-    Db::setStatementHook([&](const QString &sql) {
-        if (sql == QLatin1String("COMMIT")) {
-            QSqlQuery(*m_base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
-            m_base->killConnection();
-        } else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks"))) {
-            m_base->exec(text("RENAME TABLE cheks TO away"));
-        }
-    });
+    loseAnswerToCommit(m_base.get());
     pay();
     QVERIFY(notice().contains(QStringLiteral("невідомо, чи його записано")));
     QCOMPARE(rows(), 1);
@@ -827,14 +762,7 @@ void TstQRegisterSale::unclearReceiptIsNotDoubled()
 void TstQRegisterSale::unclearReceiptStaysUnclear()
 {
     type(text("4820000000109"));
-    Db::setStatementHook([&](const QString &sql) {
-        if (sql == QLatin1String("COMMIT")) {
-            QSqlQuery(*m_base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
-            m_base->killConnection();
-        } else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks"))) {
-            m_base->exec(text("RENAME TABLE cheks TO away"));
-        }
-    });
+    loseAnswerToCommit(m_base.get());
     pay();
     Db::setStatementHook({});
     const QVector<std::function<void()>> ways = {

@@ -50,7 +50,6 @@ private slots:
     void refusals_data();
     void refusals();
     void dayOfShift();
-    void barcodes();
 };
 
 void TstReceipt::sumsAndTurnovers()
@@ -216,14 +215,6 @@ void TstReceipt::dayOfShift()
     QCOMPARE(nextDay(3, 3), 1);
     QCOMPARE(nextDay(9, 3), 1);
     QCOMPARE(nextDay(1, 0), 1);
-}
-
-void TstReceipt::barcodes()
-{
-    QCOMPARE(ChekSql::barcode(QStringLiteral("4820000000109")), QStringLiteral("4820000000109"));
-    QCOMPARE(ChekSql::barcode(QStringLiteral("0000000000116")), QStringLiteral("'0000000000116'"));
-    QCOMPARE(ChekSql::barcode(QString()), QStringLiteral("NULL"));
-    QCOMPARE(ChekSql::barcode(QStringLiteral("A'1")), QStringLiteral("'A''1'"));
 }
 
 QTEST_GUILESS_MAIN(TstReceipt)
