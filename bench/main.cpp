@@ -65,7 +65,8 @@ Options readOptions(const QCoreApplication &application)
     bench.address.readSeconds = 3600;
     bench.address.name = parser.value(QStringLiteral("database"));
     bench.cards = qMax(1, parser.value(QStringLiteral("rows")).toInt());
-    bench.goods = qMax(1, static_cast<int>(qint64(bench.cards) * 55 / 1000));
+    // At least as many as the stock of the sale has.
+    bench.goods = qMax(2000, static_cast<int>(qint64(bench.cards) * 55 / 1000));
     bench.rounds = qMax(1, parser.value(QStringLiteral("rounds")).toInt());
     options.only = parser.value(QStringLiteral("only"));
     options.child = parser.value(QStringLiteral("child"));

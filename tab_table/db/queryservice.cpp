@@ -34,6 +34,9 @@ const std::chrono::milliseconds patience(2000);
 
 const char *const serviceProperty = "velta_queries";
 
+/// From here on it is worth while to give back what the client library's copy of the rows took.
+const int manyRows = 50000;
+
 std::chrono::milliseconds &idleTime()
 {
     static std::chrono::milliseconds time(60000);
@@ -107,7 +110,12 @@ void QueryWorker::work()
 {
     while (takeNext()) {
         answerRequest();
+        const auto &results = m_request->answer.results;
+        const bool isLarge = std::any_of(results.begin(), results.end(),
+                                         [](const RowStore &rows) { return rows.rowCount() >= manyRows; });
         m_service.answer(m_request);
+        if (isLarge)
+            RowStore::returnFreedMemory();
     }
     disconnect();
 }
