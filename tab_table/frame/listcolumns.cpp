@@ -106,7 +106,8 @@ bool ListColumns::restore(const QStringList &state)
 
 void ListColumns::remember() const
 {
-    if (!m_key.isEmpty() && m_view)
+    // Writing takes the disk some 20 ms, which every closing would wait for.
+    if (!m_key.isEmpty() && m_view && state() != rememberedState(m_idUser, m_key).toStringList())
         rememberState(m_idUser, m_key, state());
 }
 
