@@ -28,6 +28,9 @@ ListColumns::ListColumns(QNTableView *view) : m_view(view)
     header->setSectionsMovable(true);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint &place) {
+        // Of a grid whose columns come and go there is nothing to choose.
+        if (m_columns.isEmpty())
+            return;
         QMenu menu(m_view);
         fillMenu(&menu);
         menu.exec(header->mapToGlobal(place));
