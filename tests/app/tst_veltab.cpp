@@ -1,6 +1,7 @@
 #include "testing.h"
 
 #include "connectionstate.h"
+#include "pages.h"
 #include "permissions.h"
 #include "qmessevent.h"
 #include "qqestion.h"
@@ -46,6 +47,7 @@ private slots:
     void cancelledLoginKeepsTheUser();
     void openTabsKeepTheWindow();
     void closingAllSparesWhatWouldBeLost();
+    void everyPageHasItsAction();
     void nothingOpensWithoutTheRight();
     void readOnlyListsOfferNoEditing();
     void loginTellsTheFirstUser();
@@ -383,6 +385,28 @@ void TstVeltab::closingAllSparesWhatWouldBeLost()
     QCOMPARE(tabs->widget(0), static_cast<QWidget *>(holding));
     answerConfirm([&] { m_window->close(); }, true);
     QVERIFY2(m_window->isVisible() && tabs->count() == 1, "the held tab holds the program too");
+}
+
+/// And a permission of its own; what has no factory yet stays hidden whoever looks.
+void TstVeltab::everyPageHasItsAction()
+{
+    startLoggedIn("admin");
+    QTabWidget tabs;
+    QLoadedUser user(nullptr, &m_base->heard);
+    const Pages pages(&tabs, m_base->connection(), nullptr, &user, m_window.get());
+    QSet<int> permissions;
+    QStringList made;
+    for (const PageEntry &entry : pages.table()) {
+        QVERIFY2(m_window->findChild<QAction *>(entry.action) != nullptr, entry.action);
+        QVERIFY2(!permissions.contains(entry.permission), entry.action);
+        permissions.insert(entry.permission);
+        if (entry.make)
+            made.append(entry.action);
+    }
+    QStringList offered;
+    for (const QAction *one : m_window->openingActions())
+        offered.append(one->objectName());
+    QCOMPARE(offered, made);
 }
 
 void TstVeltab::nothingOpensWithoutTheRight()
