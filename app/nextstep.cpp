@@ -28,6 +28,7 @@ QString nextStep(const Db &db, const QLoadedUser &user)
          QT_TRANSLATE_NOOP("NextStep",
                            "Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, "
                            "«Продається в магазинах».")}};
+    // Whoever cannot add what is missing would only be sent to closed doors.
     if (!user.mayEdit(Permission::Shops) || !user.mayEdit(Permission::Goods))
         return QString();
     for (const Step &step : steps) {

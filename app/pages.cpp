@@ -17,6 +17,7 @@ Pages::Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user
     , m_tables(new QTableBase(tabs, db, set, user, window))
     , m_reports(new QReports(tabs, db, set, user, window))
 {
+    // In the order of the menus, which the pictures and the tests follow.
     for (const PageTable &part : {management(), m_tables->pages(), m_reports->pages(), others()})
         m_table.insert(m_table.end(), part.begin(), part.end());
     connect(m_tables, &QTableBase::statOnLine, m_reports, qOverload<unsigned int>(&QReports::StatOnLine));
@@ -24,6 +25,7 @@ Pages::Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user
 
 Pages::~Pages()
 {
+    // Nobody is there any more to be asked; whoever closes the window was asked before.
     while (m_tabs->count() > 0)
         delete m_tabs->widget(0);
 }
@@ -73,6 +75,7 @@ Page *Pages::current() const
 
 bool Pages::closeAll()
 {
+    // From the end: the indexes of those still to come stay.
     for (int index = m_tabs->count() - 1; index >= 0; --index) {
         // What it asks is asked about the tab in front.
         m_tabs->setCurrentIndex(index);

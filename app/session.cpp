@@ -111,11 +111,13 @@ void Session::startOn(const QString &title, const Job::Work &work)
 
 void Session::connectDatabase()
 {
+    // The start cannot be broken off at once: it ends soon, and finish() connects then.
     m_isReconnectWanted = isStarting();
     if (m_isReconnectWanted)
         m_start->cancel();
     if (m_isReconnectWanted || isHeld())
         return;
+    // Rights of one database mean nothing in another.
     logout();
     m_isConnected = false;
     if (!m_setting->problem().isEmpty())
@@ -128,6 +130,7 @@ void Session::connectDatabase()
     }
     m_address = m_setting->databaseAddress();
     say(tr("Підключення до бази даних на %1:%2").arg(m_address.host).arg(m_address.port));
+    // A connection is removed only when no copy of it is left.
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(connectionName);
     m_db = addConnection(connectionName, m_address);

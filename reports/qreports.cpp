@@ -43,6 +43,7 @@ PageTable QReports::lines()
 
 void QReports::followRights()
 {
+    // Nobody is loaded for a moment while another user logs in; no page is open then.
     for (const PageEntry &entry : m_pages) {
         QWidget *opened = openedPage(m_tabs, entry);
         if (m_user->isLoaded() && opened != nullptr && !m_user->maySee(entry.permission))

@@ -73,6 +73,7 @@ QTab *QTableBase::tab(const QString &action) const
 
 void QTableBase::kass(uint i)
 {
+    // Also when the tab is open: it may show the registers of another shop.
     if (auto *tab = qobject_cast<QTabKass *>(open("mt_kass")))
         tab->LoadData(i);
 }
@@ -117,6 +118,7 @@ bool QTableBase::ChangeTab(int index)
     if (page == nullptr)
         return false;
     const Commands offered = page->commands();
+    // The first flag shows the commands for records and the export, the second the export alone.
     const bool isEdited = offered.contains(Command::Edit);
     emit visible(isEdited, !isEdited && offered.contains(Command::Export));
     return true;

@@ -109,11 +109,12 @@ Page *pageAt(const QTabWidget *tabs, int index, const PageTable &table)
 
 bool closePage(QTabWidget *tabs, int index)
 {
+    // A question runs the event loop: meanwhile rights may be taken away and the page with them.
     const QPointer<QWidget> widget = tabs->widget(index);
     Page *page = pageAt(tabs, index);
     if (widget == nullptr || (page != nullptr && !page->mayClose()))
         return false;
-    // What it asked may have been answered after the tabs were moved, or the page was closed.
+    // By the widget: the tabs may have been moved, too.
     tabs->removeTab(tabs->indexOf(widget));
     delete widget;
     return true;
