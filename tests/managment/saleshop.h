@@ -20,8 +20,8 @@ void fillSaleShop(FreshDatabase *base);
 /// Takes back what was sold and priced since.
 void resetSaleShop(FreshDatabase *base);
 
-/// As a statement hook: the server commits, its answer is lost, and it cannot be asked either, since `cheks` is
-/// called `away` then.
+/// As a statement hook: the server commits, its answer is lost, and it cannot be asked either, since `cheks`
+/// is called `away` then.
 void loseAnswerToCommit(FreshDatabase *base);
 
 /// Sets the clock of receipts and shifts as long as this lives.

@@ -1,19 +1,16 @@
-#include "testing.h"
+#include "workplace.h"
 
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtab.h"
 #include "qtablebase.h"
-#include "setting.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTabWidget>
-#include <QTemporaryDir>
 
 /// The host of the table tabs: what it opens and for whom, and the keys of its tabs.
 class TstQTableBase : public QObject
@@ -36,30 +33,26 @@ private:
     QTab *front() const { return qobject_cast<QTab *>(m_tabs->currentWidget()); }
     QStringList shown() const;
 
-    QTemporaryDir m_home;
-    std::unique_ptr<FreshDatabase> m_base;
-    std::unique_ptr<QLoadedUser> m_user;
-    std::unique_ptr<setting> m_settings;
+    std::unique_ptr<Workplace> m_place;
     std::unique_ptr<QTabWidget> m_tabs;
     std::unique_ptr<QTableBase> m_host;
 };
 
 void TstQTableBase::initTestCase()
 {
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_home.path());
-    m_base = std::make_unique<FreshDatabase>();
-    m_settings = std::make_unique<setting>(m_home.path(), nullptr);
-    m_base->exec({"INSERT INTO group_shop(id,name) VALUES(2,'Захід')",
-                  "INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,1,0),"
-                  "(11,'Київ',1,1,0)",
-                  "INSERT INTO kassa(id,id_shop,advertising_str) VALUES(20,10,'Каса 1'),(21,11,'Каса 1')",
-                  "INSERT INTO goods(id,name,group_g,type,tax,block) VALUES(7,'Молоко',1,1,1,0),"
-                  "(8,'Хліб',1,1,1,0)"});
+    m_place = std::make_unique<Workplace>();
+    m_place->base.exec(
+        {"INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,1,0),"
+         "(11,'Київ',1,1,0)",
+         "INSERT INTO kassa(id,id_shop,advertising_str) VALUES(20,10,'Каса 1'),(21,11,'Каса 1')",
+         "INSERT INTO goods(id,name,group_g,type,tax,block) VALUES(7,'Молоко',1,1,1,0),"
+         "(8,'Хліб',1,1,1,0)"});
 }
 
 void TstQTableBase::init()
 {
-    m_base->exec("INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)");
+    m_place->base.exec(
+        {"DELETE FROM lst_group", "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2)"});
     m_tabs = std::make_unique<QTabWidget>();
     m_tabs->resize(1000, 500);
     for (const int id : {Permission::Shops, Permission::Kassa, Permission::Goods, Permission::GoodsShops})
@@ -73,23 +66,16 @@ void TstQTableBase::cleanup()
 {
     m_tabs.reset();
     m_host.reset();
-    m_user.reset();
 }
 
 void TstQTableBase::allow(int permission, int value)
 {
-    m_base->exec(
-        QString("INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(1,%1,%2) ON DUPLICATE KEY "
-                "UPDATE permission=%2")
-            .arg(permission)
-            .arg(value));
     while (m_tabs->count() > 0)
         delete m_tabs->widget(0);
     m_host.reset();
-    m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
-    QVERIFY(m_user->load(m_base->connection(), "1", "1", QString()));
-    m_host = std::make_unique<QTableBase>(m_tabs.get(), m_base->connection(), m_settings.get(), m_user.get(),
-                                          &m_base->heard);
+    m_place->logIn(permission, value);
+    m_host = std::make_unique<QTableBase>(m_tabs.get(), m_place->connection(), m_place->settings(),
+                                          m_place->user(), &m_place->base.heard);
 }
 
 QStringList TstQTableBase::shown() const
@@ -180,7 +166,7 @@ void TstQTableBase::longAddressesWidenNothing()
     m_host->kass();
     m_host->GoodsShops();
     const int before = m_tabs->minimumSizeHint().width();
-    m_base->exec("UPDATE shops SET address=CONCAT(id,REPEAT('Дуже довга адреса ',8))");
+    m_place->base.exec("UPDATE shops SET address=CONCAT(id,REPEAT('Дуже довга адреса ',8))");
     m_host->closetab(0);
     m_host->closetab(0);
     m_host->closetab(0);
@@ -193,7 +179,7 @@ void TstQTableBase::longAddressesWidenNothing()
     QTest::keyClick(box, Qt::Key_F4);
     QVERIFY2(box->view()->width() > box->width(), "the list opens wide");
     box->hidePopup();
-    m_base->exec("UPDATE shops SET address=ELT(id-9,'Львів','Київ')");
+    m_place->base.exec("UPDATE shops SET address=ELT(id-9,'Львів','Київ')");
 }
 
 void TstQTableBase::rightsAreFollowed()
@@ -205,14 +191,14 @@ void TstQTableBase::rightsAreFollowed()
     QCOMPARE(shop->count(), 3);
     shop->setCurrentIndex(shop->findText("Київ"));
     QCOMPARE(shown(), QStringList("21"));
-    m_base->exec("DELETE FROM lst_group WHERE id_g_prem=1 AND id_group=2");
-    QVERIFY(m_user->reload(m_base->connection()));
+    m_place->base.exec("DELETE FROM lst_group WHERE id_g_prem=1 AND id_group=2");
+    QVERIFY(m_place->user()->reload(m_place->connection()));
     QCOMPARE(group->count(), 2);
     QCOMPARE(shop->count(), 2);
     QCOMPARE(shop->currentText(), QString("Київ"));
     QCOMPARE(shown(), QStringList("21"));
-    m_base->exec("DELETE FROM lst_group WHERE id_g_prem=1");
-    QVERIFY(m_user->reload(m_base->connection()));
+    m_place->base.exec("DELETE FROM lst_group WHERE id_g_prem=1");
+    QVERIFY(m_place->user()->reload(m_place->connection()));
     QCOMPARE(shown(), QStringList());
 }
 
