@@ -15,7 +15,6 @@
 #include "version.h"
 #include "windowplace.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
@@ -126,7 +125,6 @@ void Veltab::connectCommands()
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
-    QCoreApplication::instance()->installEventFilter(this);
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
     connect(ui->about, &QAction::triggered, this, &Veltab::about);
@@ -484,15 +482,6 @@ void Veltab::announceUpdate()
 
 bool Veltab::eventFilter(QObject *watched, QEvent *event)
 {
-    // Under X11 a line of text takes Ctrl+E as the way to its end; here it exports wherever the keyboard is.
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        const QKeySequence pressed(static_cast<int>(key->modifiers()) | key->key());
-        if (pressed != ui->export_to_csv->shortcut() || QApplication::activeModalWidget() != nullptr)
-            return QMainWindow::eventFilter(watched, event);
-        event->ignore();
-        return true;
-    }
     if (watched != ui->tabWidget || !m_showsUpdateNotice)
         return QMainWindow::eventFilter(watched, event);
     if (event->type() == QEvent::MouseButtonPress) {
