@@ -277,11 +277,12 @@ void Session::login()
         connectDatabase();
         return;
     }
-    if (askForUser())
+    if (askForUser()) {
         welcome();
-    // Whoever worked before goes on when nobody else came in.
-    else if (!m_user.isLoaded())
+    } else if (!m_user.isLoaded()) {
+        // Whoever worked before goes on when nobody else came in.
         say(tr("Користувач не увійшов."));
+    }
     emit changed();
 }
 
@@ -350,13 +351,14 @@ void Session::applySettings()
 {
     if (m_isConnected && !hasNewAddress())
         return;
-    if (hasPages())
+    if (hasPages()) {
         refuse(tr("Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову."));
-    else if (isDatabaseAtWork() && !isStarting())
+    } else if (isDatabaseAtWork() && !isStarting()) {
         refuse(tr("Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.")
                    .arg(runningJobTitles()));
-    else
+    } else {
         connectDatabase();
+    }
     emit changed();
 }
 

@@ -90,9 +90,9 @@ const CellFormat asPromotion = {promotionShown, promotionShown, false};
 struct Field
 {
     GoodsColumn column;
+    int digits;
     const char *sql;
     const char *caption;
-    int digits;
     const CellFormat *format;
     void (*take)(GoodsItem *item, const QString &cell);
 };
@@ -122,44 +122,35 @@ void takePromotion(GoodsItem *item, const QString &cell)
 }
 
 constexpr Field fields[] = {
-    {GoodsColumn::Id, "goods.id", QT_TRANSLATE_NOOP("GoodsSearch", "код"), 7, &asNumber,
+    {GoodsColumn::Id, 7, "goods.id", QT_TRANSLATE_NOOP("GoodsSearch", "код"), &asNumber,
      &number<&GoodsItem::idGoods>},
-    {GoodsColumn::Barcode, "dk_shc.shtrihcod", QT_TRANSLATE_NOOP("GoodsSearch", "штрихкод"), 14, &asText,
+    {GoodsColumn::Barcode, 14, "dk_shc.shtrihcod", QT_TRANSLATE_NOOP("GoodsSearch", "штрихкод"), &asText,
      &words<&GoodsItem::barcode>},
-    {GoodsColumn::Name, "goods.name", QT_TRANSLATE_NOOP("GoodsSearch", "назва"), 20, &asText,
+    {GoodsColumn::Name, 20, "goods.name", QT_TRANSLATE_NOOP("GoodsSearch", "назва"), &asText,
      &words<&GoodsItem::name>},
-    {GoodsColumn::Showroom, "goods_shop.count_showroom", QT_TRANSLATE_NOOP("GoodsSearch", "зал"), 8,
+    {GoodsColumn::Showroom, 8, "goods_shop.count_showroom", QT_TRANSLATE_NOOP("GoodsSearch", "зал"),
      &asQuantity, &number<&GoodsItem::showroom>},
-    {GoodsColumn::Syllable, "goods_shop.count_syllable", QT_TRANSLATE_NOOP("GoodsSearch", "склад"), 8,
+    {GoodsColumn::Syllable, 8, "goods_shop.count_syllable", QT_TRANSLATE_NOOP("GoodsSearch", "склад"),
      &asQuantity, &number<&GoodsItem::syllable>},
-    {GoodsColumn::Rules, "goods.id_rules_goods", nullptr, 0, &asNumber, &number<&GoodsItem::rules>},
-    {GoodsColumn::Type, "goods.type", nullptr, 0, &asNumber, &number<&GoodsItem::type>},
-    {GoodsColumn::IsDisk, "goods.bonus_disk", nullptr, 0, &asNumber, &number<&GoodsItem::isDisk>},
-    {GoodsColumn::Tax, "goods.tax", nullptr, 0, &asNumber, &number<&GoodsItem::tax>},
-    {GoodsColumn::Price, "%1 AS prc", QT_TRANSLATE_NOOP("GoodsSearch", "ціна"), 9, &asMoney, &takePrice},
-    {GoodsColumn::ActType, "%2 AS act", nullptr, 0, &asNumber, &number<&GoodsItem::actType>},
-    {GoodsColumn::ActVal, "action.val", nullptr, 0, &asNumber, &number<&GoodsItem::actVal>},
-    {GoodsColumn::ActVal1, "action.val_1", nullptr, 0, &asNumber, &number<&GoodsItem::actVal1>},
-    {GoodsColumn::ActVal2, "action.val_2", nullptr, 0, &asNumber, &number<&GoodsItem::actVal2>},
+    {GoodsColumn::Rules, 0, "goods.id_rules_goods", nullptr, &asNumber, &number<&GoodsItem::rules>},
+    {GoodsColumn::Type, 0, "goods.type", nullptr, &asNumber, &number<&GoodsItem::type>},
+    {GoodsColumn::IsDisk, 0, "goods.bonus_disk", nullptr, &asNumber, &number<&GoodsItem::isDisk>},
+    {GoodsColumn::Tax, 0, "goods.tax", nullptr, &asNumber, &number<&GoodsItem::tax>},
+    {GoodsColumn::Price, 9, "%1 AS prc", QT_TRANSLATE_NOOP("GoodsSearch", "ціна"), &asMoney, &takePrice},
+    {GoodsColumn::ActType, 0, "%2 AS act", nullptr, &asNumber, &number<&GoodsItem::actType>},
+    {GoodsColumn::ActVal, 0, "action.val", nullptr, &asNumber, &number<&GoodsItem::actVal>},
+    {GoodsColumn::ActVal1, 0, "action.val_1", nullptr, &asNumber, &number<&GoodsItem::actVal1>},
+    {GoodsColumn::ActVal2, 0, "action.val_2", nullptr, &asNumber, &number<&GoodsItem::actVal2>},
     // Looked up by the promotion's type, as the other programs on this database do.
-    {GoodsColumn::ActName, "(SELECT action.name FROM action WHERE id=act)", nullptr, 0, &asText,
+    {GoodsColumn::ActName, 0, "(SELECT action.name FROM action WHERE id=act)", nullptr, &asText,
      &words<&GoodsItem::actName>},
-    {GoodsColumn::Promotion,
+    {GoodsColumn::Promotion, 16,
      "CONCAT_WS(CHAR(9),(SELECT act),action.val,IF((SELECT act)=1,(SELECT action.name FROM action WHERE "
      "id=1),action.name))",
-     QT_TRANSLATE_NOOP("GoodsSearch", "акція"), 16, &asPromotion, &takePromotion},
+     QT_TRANSLATE_NOOP("GoodsSearch", "акція"), &asPromotion, &takePromotion},
 };
 
-constexpr bool isInOrder()
-{
-    int next = 0;
-    for (const Field &field : fields) {
-        if (static_cast<int>(field.column) != next++)
-            return false;
-    }
-    return next == static_cast<int>(GoodsColumn::Count);
-}
-static_assert(isInOrder());
+static_assert(standInOrder(fields, GoodsColumn::Count));
 } // namespace
 
 QString promotionShown(std::string_view stored)

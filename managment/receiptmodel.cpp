@@ -52,45 +52,36 @@ QString discount(const ReceiptRow &row)
 struct Field
 {
     ReceiptModel::ReceiptColumn column;
-    const char *caption;
     int digits;
+    const char *caption;
     QString (*text)(const ReceiptRow &row);
     bool isText = false;
 };
 
 constexpr Field fields[] = {
-    {ReceiptModel::Id, QT_TRANSLATE_NOOP("ReceiptModel", " код "), 5, &number<&ReceiptRow::idGoods>},
-    {ReceiptModel::Barcode, QT_TRANSLATE_NOOP("ReceiptModel", "   штрихкод   "), 13,
+    {ReceiptModel::Id, 5, QT_TRANSLATE_NOOP("ReceiptModel", " код "), &number<&ReceiptRow::idGoods>},
+    {ReceiptModel::Barcode, 13, QT_TRANSLATE_NOOP("ReceiptModel", "   штрихкод   "),
      &words<&ReceiptRow::barcode>, true},
-    {ReceiptModel::Name, QT_TRANSLATE_NOOP("ReceiptModel", "        назва        "), 18,
+    {ReceiptModel::Name, 18, QT_TRANSLATE_NOOP("ReceiptModel", "        назва        "),
      &words<&ReceiptRow::name>, true},
-    {ReceiptModel::Showroom, QT_TRANSLATE_NOOP("ReceiptModel", "зал"), 7, &stock<&ReceiptRow::showroom>},
-    {ReceiptModel::Syllable, QT_TRANSLATE_NOOP("ReceiptModel", "склад"), 7, &stock<&ReceiptRow::syllable>},
-    {ReceiptModel::Rules, "rules", 0, &number<&ReceiptRow::rules>},
-    {ReceiptModel::Type, "type", 0, &number<&ReceiptRow::type>},
-    {ReceiptModel::IsDisk, "isDisk", 0, &number<&ReceiptRow::isDisk>},
-    {ReceiptModel::Tax, "tax", 0, &number<&ReceiptRow::tax>},
-    {ReceiptModel::Quantity, QT_TRANSLATE_NOOP("ReceiptModel", "кількість"), 8, &quantityOf},
-    {ReceiptModel::ActType, "act_type", 0, &number<&ReceiptRow::actType>},
-    {ReceiptModel::ActVal, "act_val", 0, &number<&ReceiptRow::actVal>},
-    {ReceiptModel::ActVal1, "act_val2", 0, &number<&ReceiptRow::actVal1>},
-    {ReceiptModel::ActVal2, "act_val3", 0, &number<&ReceiptRow::actVal2>},
-    {ReceiptModel::ActName, QT_TRANSLATE_NOOP("ReceiptModel", "акція"), 9, &promotion, true},
-    {ReceiptModel::Price, QT_TRANSLATE_NOOP("ReceiptModel", "  ціна  "), 8, &price},
-    {ReceiptModel::Sum, QT_TRANSLATE_NOOP("ReceiptModel", "  вартість  "), 9, &sum},
-    {ReceiptModel::Discount, QT_TRANSLATE_NOOP("ReceiptModel", "Знижка"), 7, &discount},
+    {ReceiptModel::Showroom, 7, QT_TRANSLATE_NOOP("ReceiptModel", "зал"), &stock<&ReceiptRow::showroom>},
+    {ReceiptModel::Syllable, 7, QT_TRANSLATE_NOOP("ReceiptModel", "склад"), &stock<&ReceiptRow::syllable>},
+    {ReceiptModel::Rules, 0, "rules", &number<&ReceiptRow::rules>},
+    {ReceiptModel::Type, 0, "type", &number<&ReceiptRow::type>},
+    {ReceiptModel::IsDisk, 0, "isDisk", &number<&ReceiptRow::isDisk>},
+    {ReceiptModel::Tax, 0, "tax", &number<&ReceiptRow::tax>},
+    {ReceiptModel::Quantity, 8, QT_TRANSLATE_NOOP("ReceiptModel", "кількість"), &quantityOf},
+    {ReceiptModel::ActType, 0, "act_type", &number<&ReceiptRow::actType>},
+    {ReceiptModel::ActVal, 0, "act_val", &number<&ReceiptRow::actVal>},
+    {ReceiptModel::ActVal1, 0, "act_val2", &number<&ReceiptRow::actVal1>},
+    {ReceiptModel::ActVal2, 0, "act_val3", &number<&ReceiptRow::actVal2>},
+    {ReceiptModel::ActName, 9, QT_TRANSLATE_NOOP("ReceiptModel", "акція"), &promotion, true},
+    {ReceiptModel::Price, 8, QT_TRANSLATE_NOOP("ReceiptModel", "  ціна  "), &price},
+    {ReceiptModel::Sum, 9, QT_TRANSLATE_NOOP("ReceiptModel", "  вартість  "), &sum},
+    {ReceiptModel::Discount, 7, QT_TRANSLATE_NOOP("ReceiptModel", "Знижка"), &discount},
 };
 
-constexpr bool isInOrder()
-{
-    int next = 0;
-    for (const Field &field : fields) {
-        if (static_cast<int>(field.column) != next++)
-            return false;
-    }
-    return next == static_cast<int>(ReceiptModel::Count);
-}
-static_assert(isInOrder());
+static_assert(standInOrder(fields, ReceiptModel::Count));
 } // namespace
 
 void ReceiptModel::add(const ReceiptRow &row)

@@ -44,3 +44,15 @@ struct Column
     const CellFormat *format = &asText;
     bool hidden = false;
 };
+
+/// For a literal table with a line for each column: whether line i is that of the column numbered i, up to
+/// the last one before count.
+template<typename Line, size_t lines, typename Number>
+constexpr bool standInOrder(const Line (&table)[lines], Number count)
+{
+    for (size_t i = 0; i < lines; ++i) {
+        if (static_cast<size_t>(table[i].column) != i)
+            return false;
+    }
+    return lines == static_cast<size_t>(count);
+}
