@@ -178,6 +178,7 @@ void addRow(const ListSnapshot &list, int row, const std::vector<CellFormat> &fo
 bool addRows(const ListSnapshot &list, CsvLines *lines, const ListProgress &mayGoOn)
 {
     std::vector<CellFormat> formats;
+    formats.reserve(static_cast<size_t>(list.columnCount()));
     for (int column = 0; column < list.columnCount(); ++column)
         formats.push_back(list.format(column));
     for (int row = 0; row < list.rowCount(); ++row) {

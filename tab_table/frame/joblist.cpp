@@ -45,7 +45,7 @@ int lowHeight(const QWidget &widget)
 
 QString jobTimes(qint64 elapsedMs, const JobProgress &progress)
 {
-    const QString taken = clockText(elapsedMs);
+    QString taken = clockText(elapsedMs);
     if (elapsedMs < guessMs || progress.done <= 0 || progress.of <= progress.done)
         return taken;
     return JobRow::tr("%1, ще %2")

@@ -271,7 +271,7 @@ QStringList ListPages::brokenLines(const PrintedColumn &column, const QString &t
     const auto known = column.broken.constFind(text);
     if (known != column.broken.constEnd())
         return *known;
-    const QStringList lines = linesOf(text, inside(column, 0, 0).width(), device);
+    QStringList lines = linesOf(text, inside(column, 0, 0).width(), device);
     if (column.broken.size() < mostBroken)
         column.broken.insert(text, lines);
     return lines;
