@@ -40,10 +40,16 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
 QRegisterSale::~QRegisterSale()
 {
     tellTracker();
-    // A part that loses the focus on the way out would still tell of it.
+    // A part that loses the focus on the way out would still tell of it, and ask a tab that is half gone.
     const auto parts = findChildren<QObject *>();
-    for (const QObject *part : parts)
+    for (QObject *part : parts) {
         part->disconnect(this);
+        part->blockSignals(true);
+    }
+    if (focusWidget() != nullptr)
+        focusWidget()->clearFocus();
+    for (QObject *part : parts)
+        part->blockSignals(false);
 }
 
 void QRegisterSale::setUpParts(QSqlDatabase *db, QObject *receiver)

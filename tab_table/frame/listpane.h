@@ -48,7 +48,8 @@ public:
     void setButtons(QPushButton *load, QPushButton *stop);
 
     /// Asks for the rows in the background; a newer load takes the place of an older one. Values of people go
-    /// in through lit(). numberSql: a statement of one whole number that is asked for behind it, see number().
+    /// in through lit(). numberSql: a statement of one whole number that is asked for behind it, see
+    /// number().
     void load(const QString &sql, const QString &numberSql = {});
     /// Ends a load on its way; the list stays as it was.
     void stop();
