@@ -183,32 +183,35 @@ bool QTabDelegate::nameKey(QLineEdit *edit, int key)
 {
     if (isEnter(key)) {
         leave(edit, true);
-    } else if (key == Qt::Key_Backtab && m_isAdding) {
+        return true;
+    }
+    if (key == Qt::Key_Backtab && m_isAdding) {
         const QScopedValueRollback<bool> keeping(m_isKeeping, true);
         emit commitData(edit);
         close(edit, EditPreviousItem);
-    } else if (leavesBy(key)) {
-        leave(edit);
-    } else if (key == Qt::Key_Escape) {
-        close(edit);
-    } else {
-        return false;
+        return true;
     }
-    return true;
+    return endingKey(edit, key);
 }
 
 bool QTabDelegate::idKey(QLineEdit *edit, int key)
 {
-    if (isEnter(key) || key == Qt::Key_Tab) {
-        emit commitData(edit);
-        close(edit, EditNextItem);
-    } else if (leavesBy(key)) {
+    if (!isEnter(key) && key != Qt::Key_Tab)
+        return endingKey(edit, key);
+    emit commitData(edit);
+    close(edit, EditNextItem);
+    return true;
+}
+
+/// What ends the editing of either cell.
+bool QTabDelegate::endingKey(QLineEdit *edit, int key)
+{
+    if (leavesBy(key))
         leave(edit);
-    } else if (key == Qt::Key_Escape) {
+    else if (key == Qt::Key_Escape)
         close(edit);
-    } else {
+    else
         return false;
-    }
     return true;
 }
 

@@ -66,6 +66,7 @@ private:
     QLineEdit *openEditor() const;
     bool nameKey(QLineEdit *edit, int key);
     bool idKey(QLineEdit *edit, int key);
+    bool endingKey(QLineEdit *edit, int key);
     bool isUntouched(const QLineEdit *edit) const;
     bool leave(QLineEdit *edit, bool goesOn = false);
     void close(QLineEdit *edit, EndEditHint hint = NoHint);
