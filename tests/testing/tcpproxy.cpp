@@ -1,10 +1,7 @@
 #include "tcpproxy.h"
 
-#include <algorithm>
 #include <arpa/inet.h>
 #include <array>
-#include <chrono>
-#include <cstring>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -33,12 +30,25 @@ int newSocket()
 
 /// The server's first packet: its length and number, the protocol's version, the server's version as a text,
 /// thirteen bytes, then two of what it can do.
-void takeEncryptionOut(char *greeting, size_t size)
+void takeEncryptionOut(std::string *greeting)
 {
-    const size_t text = 5;
-    const char *end = static_cast<const char *>(std::memchr(greeting + text, 0, size - text));
-    if (end != nullptr)
-        greeting[end - greeting + 1 + 13 + 1] &= ~0x08;
+    const size_t end = greeting->find('\0', 5);
+    if (end != std::string::npos)
+        greeting->at(end + 1 + 13 + 1) &= ~0x08;
+}
+
+/// Empty when the other end has hung up.
+std::string receive(int socket)
+{
+    std::array<char, 65536> bytes{};
+    const ssize_t count = ::recv(socket, bytes.data(), bytes.size(), 0);
+    return std::string(bytes.data(), count > 0 ? static_cast<size_t>(count) : 0);
+}
+
+bool send(int socket, const std::string &bytes)
+{
+    return !bytes.empty() &&
+           ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
 }
 } // namespace
 
@@ -98,25 +108,24 @@ void TcpProxy::serveOnce()
     std::vector<pollfd> all{{m_listener, POLLIN, 0}};
     for (const Pair &pair : m_pairs) {
         all.push_back({pair.client, POLLIN, 0});
-        all.push_back({pair.server, POLLIN, 0});
+        // Negative: not listened to.
+        all.push_back({pair.isEnded ? -1 : pair.server, POLLIN, 0});
     }
-    if (::poll(all.data(), all.size(), sliceMs) <= 0)
-        return;
+    ::poll(all.data(), all.size(), sliceMs);
     std::vector<Pair> kept;
     for (size_t i = 0; i < m_pairs.size(); ++i) {
-        Pair pair = m_pairs.at(i);
-        const bool fromServer = all.at(2 * i + 2).revents != 0;
-        const bool isAlive = (all.at(2 * i + 1).revents == 0 || passOn(pair.client, pair.server, false)) &&
-                             (!fromServer || passOn(pair.server, pair.client, !pair.isGreeted));
-        pair.isGreeted = pair.isGreeted || fromServer;
-        if (isAlive) {
-            kept.push_back(pair);
+        Pair &pair = m_pairs.at(i);
+        if (all.at(2 * i + 2).revents != 0)
+            hold(&pair);
+        const bool isAsked = all.at(2 * i + 1).revents != 0;
+        if ((!isAsked || send(pair.server, receive(pair.client))) && passOn(&pair)) {
+            kept.push_back(std::move(pair));
         } else {
             ::close(pair.client);
             ::close(pair.server);
         }
     }
-    m_pairs = kept;
+    m_pairs = std::move(kept);
     if (all.front().revents != 0)
         acceptOne();
 }
@@ -128,16 +137,31 @@ void TcpProxy::acceptOne()
     sockaddr_in address = loopback(m_server.port);
     if (client < 0 || ::connect(server, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0)
         qFatal("The proxy does not reach the server");
-    m_pairs.push_back({client, server, false});
+    Pair pair;
+    pair.client = client;
+    pair.server = server;
+    m_pairs.push_back(std::move(pair));
 }
 
-bool TcpProxy::passOn(int from, int to, bool isGreeting) const
+/// Takes what the server says; it is due after the delay.
+void TcpProxy::hold(Pair *pair) const
 {
-    std::array<char, 65536> bytes{};
-    const ssize_t count = ::recv(from, bytes.data(), bytes.size(), 0);
-    if (count <= 0)
-        return false;
-    if (isGreeting && m_hidesEncryption)
-        takeEncryptionOut(bytes.data(), static_cast<size_t>(count));
-    return ::send(to, bytes.data(), static_cast<size_t>(count), MSG_NOSIGNAL) == count;
+    std::string bytes = receive(pair->server);
+    pair->isEnded = bytes.empty();
+    if (!pair->isGreeted && !pair->isEnded && m_hidesEncryption)
+        takeEncryptionOut(&bytes);
+    pair->isGreeted = true;
+    if (!pair->isEnded)
+        pair->held.push_back({std::move(bytes), Clock::now() + std::chrono::milliseconds(m_delayMs)});
+}
+
+/// Gives the client what is due; false when that was all there is, or the client has gone.
+bool TcpProxy::passOn(Pair *pair)
+{
+    while (!pair->held.empty() && pair->held.front().due <= Clock::now()) {
+        if (!send(pair->client, pair->held.front().bytes))
+            return false;
+        pair->held.pop_front();
+    }
+    return !pair->isEnded || !pair->held.empty();
 }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+
+/// Beats in the event loop of the window's thread: tells how long nothing could be typed or painted there.
+class Heartbeat : public QObject
+{
+public:
+    Heartbeat();
+
+    void restart();
+    /// The longest time between two beats since restart(), the present one included, in ms. What the machine
+    /// gave to other programs while this thread had something to do is left out.
+    qint64 longestGap();
+
+    /// The test's own work, its SQL above all, does not count as long as one lives.
+    class Pause
+    {
+    public:
+        explicit Pause(Heartbeat *heart) : m_heart(heart) { m_heart->longestGap(), ++m_heart->m_pauses; }
+        ~Pause() { --m_heart->m_pauses, m_heart->begin(); }
+        Q_DISABLE_COPY(Pause)
+
+    private:
+        Heartbeat *m_heart;
+    };
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    void begin();
+
+    QElapsedTimer m_sinceBeat;
+    qint64 m_waitedBefore = 0;
+    qint64 m_longest = 0;
+    int m_pauses = 0;
+};
