@@ -340,12 +340,12 @@ void endStatement(const QString &sourceConnection, qint64 serverId)
 }
 
 WorkerConnection::WorkerConnection(const QString &sourceConnection, QObject *receiver,
-                                   const std::atomic<bool> *isGivenUp)
+                                   const std::atomic<bool> *isGivenUp, ConnectionKind kind)
 {
     static QAtomicInt number;
     m_name = QStringLiteral("%1_worker_%2").arg(sourceConnection).arg(number.fetchAndAddRelaxed(1));
     const DatabaseAddress address = addressInUse(sourceConnection).value_or(DatabaseAddress());
-    m_db = addConnection(m_name, address, ConnectionKind::Background);
+    m_db = addConnection(m_name, address, kind);
     m_error = open(address, receiver, isGivenUp);
     if (m_error.isEmpty())
         return;
@@ -360,6 +360,8 @@ WorkerConnection::~WorkerConnection()
         ::close(m_socket);
     m_db = QSqlDatabase();
     QSqlDatabase::removeDatabase(m_name);
+    const std::lock_guard<std::mutex> lock(addresses().guard);
+    addresses().inUse.remove(m_name);
 }
 
 QString WorkerConnection::open(const DatabaseAddress &address, QObject *receiver,
@@ -371,12 +373,19 @@ QString WorkerConnection::open(const DatabaseAddress &address, QObject *receiver
         return answer.text.isEmpty() ? serverWords(answer.error) : answer.text;
     if (!openConnection(m_db, receiver))
         return openingError(m_db);
-    MYSQL *client = clientHandle(m_db);
-    if (client != nullptr) {
-        m_socket = ::fcntl(mysql_get_socket(client), F_DUPFD_CLOEXEC, 0);
-        noticeDeadServer(m_socket);
-    }
+    followSocket();
     return QString();
+}
+
+void WorkerConnection::followSocket()
+{
+    MYSQL *client = m_db.isOpen() ? clientHandle(m_db) : nullptr;
+    if (client == nullptr)
+        return;
+    if (m_socket >= 0)
+        ::close(m_socket);
+    m_socket = ::fcntl(mysql_get_socket(client), F_DUPFD_CLOEXEC, 0);
+    noticeDeadServer(m_socket);
 }
 
 qint64 WorkerConnection::serverId() const

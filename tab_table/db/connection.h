@@ -94,7 +94,8 @@ class WorkerConnection
 public:
     /// isGivenUp: ends the opening early, from any thread.
     WorkerConnection(const QString &sourceConnection, QObject *receiver,
-                     const std::atomic<bool> *isGivenUp = nullptr);
+                     const std::atomic<bool> *isGivenUp = nullptr,
+                     ConnectionKind kind = ConnectionKind::Background);
     ~WorkerConnection();
     Q_DISABLE_COPY(WorkerConnection)
 
@@ -107,6 +108,8 @@ public:
     qint64 serverId() const;
     /// Ends at once whatever waits for the server here, from any thread. Nothing can be sent afterwards.
     void cut() const;
+    /// After a silent reconnect: what cut() ends from now on. In the task's thread.
+    void followSocket();
 
 private:
     QString open(const DatabaseAddress &address, QObject *receiver, const std::atomic<bool> *isGivenUp);

@@ -42,6 +42,12 @@ bool ConnectionState::isLost() const
     return m_isLost;
 }
 
+int ConnectionState::losses() const
+{
+    const std::lock_guard<std::mutex> lock(m_guard);
+    return m_losses;
+}
+
 bool ConnectionState::isUsable()
 {
     std::unique_lock<std::mutex> lock(m_guard);
@@ -64,6 +70,7 @@ bool ConnectionState::reportLoss(bool afterSilence)
         if (m_isLost)
             return false;
         m_isLost = true;
+        ++m_losses;
         m_hasTried = afterSilence;
         m_sinceLoss.start();
         m_sinceReminder.start();

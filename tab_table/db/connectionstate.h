@@ -23,6 +23,8 @@ public:
     static ConnectionState *of(const QSqlDatabase &db);
 
     bool isLost() const;
+    /// How often it was lost so far.
+    int losses() const;
     /// False while nothing may be sent. Right after the loss it waits a moment for the first try: a single
     /// connection that was ended on a sound server is back before anybody notices.
     bool isUsable();
@@ -49,6 +51,7 @@ private:
     std::thread m_tries;
     std::atomic<bool> m_isGivenUp{false};
     bool m_isLost = false;
+    int m_losses = 0;
     bool m_hasTried = false;
     QElapsedTimer m_sinceLoss;
     QElapsedTimer m_sinceReminder;

@@ -14,6 +14,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 #include <QThread>
+#include <mutex>
 
 namespace {
 const char *const transactionState = "velta_transaction";
@@ -75,28 +76,39 @@ bool sameNames(const QString &sql, const Db::Values &values)
     return wanted == given;
 }
 
-Db::StatementHook &statementHook()
+struct Hooks
 {
-    static Db::StatementHook hook;
-    return hook;
+    std::mutex guard;
+    Db::StatementHook hook;
+    Db::StatementRefusal refusal;
+};
+
+Hooks &hooks()
+{
+    static Hooks all;
+    return all;
 }
 
-Db::StatementRefusal &statementRefusal()
+thread_local bool isThreadHeard = false;
+
+bool isMainThread()
 {
-    static Db::StatementRefusal refusal;
-    return refusal;
+    return QCoreApplication::instance() != nullptr &&
+           QThread::currentThread() == QCoreApplication::instance()->thread();
 }
 
-/// Background connections send their statements past the hooks: they belong to the main thread. Returns the
-/// number of the error to fail with, or 0.
+/// Returns the number of the error to fail with, or 0.
 int announce(const QString &sql)
 {
-    if (QCoreApplication::instance() == nullptr ||
-        QThread::currentThread() != QCoreApplication::instance()->thread())
+    if (!isThreadHeard && !isMainThread())
         return 0;
-    if (statementHook())
-        statementHook()(sql);
-    return statementRefusal() ? statementRefusal()(sql) : 0;
+    std::unique_lock<std::mutex> lock(hooks().guard);
+    const auto hook = hooks().hook;
+    const auto refusal = hooks().refusal;
+    lock.unlock();
+    if (hook)
+        hook(sql);
+    return refusal ? refusal(sql) : 0;
 }
 
 QSqlError refusedError(int number)
@@ -115,12 +127,19 @@ Db::Db(QSqlDatabase *connection, QObject *receiver) : m_connection(connection), 
 
 void Db::setStatementHook(const StatementHook &hook)
 {
-    statementHook() = hook;
+    const std::lock_guard<std::mutex> lock(hooks().guard);
+    hooks().hook = hook;
 }
 
 void Db::setStatementRefusal(const StatementRefusal &refusal)
 {
-    statementRefusal() = refusal;
+    const std::lock_guard<std::mutex> lock(hooks().guard);
+    hooks().refusal = refusal;
+}
+
+void Db::letHooksHearThisThread()
+{
+    isThreadHeard = true;
 }
 
 /// False after a failure inside a transaction, and while the connection is lost.

@@ -75,13 +75,15 @@ public:
     std::optional<QSqlQuery> attempt(const QString &sql, QString *error) const;
 
     /// Called with every statement right before it is sent, START TRANSACTION, COMMIT and ROLLBACK
-    /// included: lets tests break the connection at a given one. Null by default; main thread only.
+    /// included: lets tests break the connection at a given one. Null by default. Heard are the main thread
+    /// and those that ask for it; a hook is called in the thread of the statement.
     using StatementHook = std::function<void(const QString &sql)>;
     static void setStatementHook(const StatementHook &hook);
     /// The same as a server that refuses: what returns an error number is not sent and fails with it; 0
     /// lets the statement through.
     using StatementRefusal = std::function<int(const QString &sql)>;
     static void setStatementRefusal(const StatementRefusal &refusal);
+    static void letHooksHearThisThread();
 
     QSqlDatabase *connection() const { return m_connection; }
     QObject *receiver() const { return m_receiver; }

@@ -1,4 +1,5 @@
 #include "testing.h"
+#include "dbtasks.h"
 
 #include "job.h"
 
@@ -266,6 +267,14 @@ void waitOutJobs()
 {
     if (!QTest::qWaitFor([] { return RunningJobs::all().jobs().isEmpty(); }, 20000))
         qFatal("A job has not ended");
+}
+
+void waitOutTasks()
+{
+    QCoreApplication::sendPostedEvents();
+    if (!QTest::qWaitFor([] { return DbTasks::isIdle(); }, 20000))
+        qFatal("A task has not ended");
+    QCoreApplication::sendPostedEvents();
 }
 
 void waitOutGuard()

@@ -135,6 +135,8 @@ QString answerChoice(const std::function<void()> &act, int button);
 QString answerConfirm(const std::function<void()> &act, bool accept);
 /// Waits for the end of all jobs.
 void waitOutJobs();
+/// Waits until no task of the database is under way, also those that follow from the end of one.
+void waitOutTasks();
 /// Waits until a question that has just appeared takes keys.
 void waitOutGuard();
 
