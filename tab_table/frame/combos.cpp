@@ -1,15 +1,16 @@
 #include "combos.h"
 
-#include "db.h"
-
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QEvent>
+#include <QListView>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalBlocker>
 #include <QSqlRecord>
+#include <QStandardItemModel>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 
@@ -35,7 +36,12 @@ void paintCut(QComboBox *box)
 class ItemKeeper : public QObject
 {
 public:
-    using QObject::QObject;
+    explicit ItemKeeper(QComboBox *box) : QObject(box)
+    {
+        const auto forget = [this] { m_needed = 0; };
+        connect(box->model(), &QAbstractItemModel::rowsInserted, this, forget);
+        connect(box->model(), &QAbstractItemModel::dataChanged, this, forget);
+    }
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
@@ -48,21 +54,68 @@ public:
             paintCut(box);
             return true;
         }
-        if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress || type == QEvent::FocusIn) {
-            const int needed =
-                box->view()->sizeHintForColumn(0) + box->view()->verticalScrollBar()->sizeHint().width();
-            box->view()->setMinimumWidth(qMin(needed, box->screen()->availableGeometry().width() * 2 / 3));
-        } else if (type == QEvent::ToolTip) {
+        if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress || type == QEvent::FocusIn)
+            box->view()->setMinimumWidth(
+                qMin(needed(box), box->screen()->availableGeometry().width() * 2 / 3));
+        else if (type == QEvent::ToolTip)
             box->setToolTip(box->currentText());
-        }
         return QObject::eventFilter(watched, event);
     }
+
+private:
+    int needed(const QComboBox *box)
+    {
+        if (m_needed > 0)
+            return m_needed;
+        const QFontMetrics letters = box->view()->fontMetrics();
+        for (int i = 0; i < box->count(); ++i)
+            m_needed = qMax(m_needed, letters.horizontalAdvance(box->itemText(i)));
+        // What stands beside the text is the same in every line.
+        const int beside = box->view()->sizeHintForIndex(box->model()->index(0, 0)).width() -
+                           letters.horizontalAdvance(box->itemText(0));
+        return m_needed += beside + box->view()->verticalScrollBar()->sizeHint().width();
+    }
+
+    /// 0: the items have changed since.
+    int m_needed = 0;
 };
+
+/// The place of the entry of that data, or of that text where there is none; -1 for none.
+int placeOf(const ListEntries &entries, const QString &text, const QVariant &data)
+{
+    const QString id = toText(data);
+    for (int i = 0; i < entries.size(); ++i) {
+        if (id.isEmpty() ? entries.at(i).first == text : toText(entries.at(i).second) == id)
+            return i;
+    }
+    return -1;
+}
+
+void putEntries(QComboBox *box, const ListEntries &entries, int chosen)
+{
+    const QSignalBlocker hold(box);
+    const bool isOpen = QApplication::activePopupWidget() != nullptr && box->view()->isVisible();
+    box->clear();
+    QList<QStandardItem *> items;
+    items.reserve(entries.size());
+    for (const auto &[text, data] : entries) {
+        items.append(new QStandardItem(text));
+        items.constLast()->setData(data, Qt::UserRole);
+    }
+    // All at once: the box looks at itself after each insertion.
+    qobject_cast<QStandardItemModel *>(box->model())->invisibleRootItem()->appendRows(items);
+    box->setCurrentIndex(chosen);
+    if (isOpen) {
+        // As long as its items are now.
+        box->hidePopup();
+        box->showPopup();
+    }
+}
 } // namespace
 
-std::optional<ListEntries> readEntries(const Db &db, const QString &sql)
+std::optional<ListEntries> readEntries(const Db &db, const QString &sql, const Db::Values &values)
 {
-    auto query = db.run(sql);
+    auto query = db.run(sql, values);
     if (!query)
         return std::nullopt;
     const bool hasData = query->record().count() > 1;
@@ -72,13 +125,29 @@ std::optional<ListEntries> readEntries(const Db &db, const QString &sql)
     return entries;
 }
 
+ListEntries eachOnce(const ListEntries &entries)
+{
+    QSet<QString> known;
+    ListEntries once;
+    for (const auto &entry : entries) {
+        const QString key = entry.second.isNull() ? entry.first : toText(entry.second);
+        if (!known.contains(key))
+            once.append(entry);
+        known.insert(key);
+    }
+    return once;
+}
+
 void showEntries(QComboBox *box, const ListEntries &entries)
 {
-    const QSignalBlocker hold(box);
-    box->clear();
-    for (const auto &[text, data] : entries)
-        box->addItem(text, data);
-    box->setCurrentIndex(entries.isEmpty() ? -1 : 0);
+    putEntries(box, entries, entries.isEmpty() ? -1 : 0);
+}
+
+bool showEntriesAgain(QComboBox *box, const ListEntries &entries)
+{
+    const int place = placeOf(entries, box->currentText(), box->currentData());
+    putEntries(box, entries, place < 0 && !entries.isEmpty() ? 0 : place);
+    return place >= 0;
 }
 
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql)
@@ -124,5 +193,8 @@ void keepNarrow(QComboBox *box, int letters)
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(letters);
     box->view()->setTextElideMode(Qt::ElideMiddle);
+    // All lines are alike: thousands of them are not measured one by one.
+    if (auto *list = qobject_cast<QListView *>(box->view()))
+        list->setUniformItemSizes(true);
     box->installEventFilter(new ItemKeeper(box));
 }

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <QPair>
-#include <QVariant>
-#include <QVector>
-#include <optional>
+#include "db.h"
 
-class Db;
 class QComboBox;
 
 /// An entry of a list: its name and its id; both empty for none.
@@ -20,9 +16,15 @@ using ListEntries = QVector<QPair<QString, QVariant>>;
 
 /// The rows of a statement: the first column is the text, the second, if any, the data. Nothing after a
 /// reported failure.
-std::optional<ListEntries> readEntries(const Db &db, const QString &sql);
-/// Puts the entries into a box. What it held goes, without a signal; the first one is chosen.
+std::optional<ListEntries> readEntries(const Db &db, const QString &sql, const Db::Values &values = {});
+/// The entries without those whose data an earlier one has; without data the text counts.
+ListEntries eachOnce(const ListEntries &entries);
+/// Puts the entries into a box, thousands in a moment. What it held goes, without a signal; the first one is
+/// chosen. An open list stays open.
 void showEntries(QComboBox *box, const ListEntries &entries);
+/// As showEntries(), but who was chosen before, by data or else by text, still is. False when the entries do
+/// not have it: the first one is chosen then.
+bool showEntriesAgain(QComboBox *box, const ListEntries &entries);
 /// Both in one. False after a reported failure: the box is empty then.
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql);
 /// Chooses the item with the text, or none when there is no such item.

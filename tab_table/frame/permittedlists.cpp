@@ -1,21 +1,11 @@
-#include "qtab.h"
+#include "permittedlists.h"
 
-#include "combos.h"
 #include "db.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
+#include "qtab.h"
 
 #include <QComboBox>
-
-namespace {
-QStringList listOrBox(const Db &db, const QString &sql, QComboBox *box)
-{
-    if (box == nullptr)
-        return db.firstColumn(sql).value_or(QStringList());
-    fillCombo(box, db, sql);
-    return {};
-}
-} // namespace
 
 QString QTab::GetStrLstGroupFromPermis(const QLoadedUser *user, const QString &field, bool withDefault)
 {
@@ -32,34 +22,54 @@ QString QTab::GetStrLstGroupFromPermis(const QLoadedUser *user, const QString &f
     return condition;
 }
 
+QString permittedGroupsSql(const QLoadedUser &user, bool withDefault)
+{
+    return QStringLiteral("SELECT name,id FROM group_shop WHERE") +
+           QTab::GetStrLstGroupFromPermis(&user, QStringLiteral("id"), withDefault);
+}
+
+QString permittedShopsSql(const QLoadedUser &user, const QString &extra)
+{
+    QString sql = QStringLiteral(
+        "SELECT shops.address,shops.id FROM shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id "
+        "LEFT JOIN kassa ON kassa.id_shop=shops.id WHERE (group_shop.id=0");
+    for (const QString &group : user.groups())
+        sql += QStringLiteral(" OR group_shop.id=") + group;
+    if (!user.idShop().isEmpty())
+        sql += QStringLiteral(" OR shops.id=") + user.idShop();
+    return sql + QLatin1Char(')') + extra;
+}
+
+std::optional<ListEntries> readPermittedShops(const Db &db, const QString &sql)
+{
+    const auto entries = readEntries(db, sql);
+    return entries ? std::optional(eachOnce(*entries)) : std::nullopt;
+}
+
+namespace {
+/// Into the box or, without one, as a list of their texts.
+QStringList listOrBox(const std::optional<ListEntries> &read, QComboBox *box)
+{
+    const ListEntries entries = read.value_or(ListEntries());
+    if (box != nullptr)
+        showEntries(box, entries);
+    QStringList texts;
+    for (int i = 0; i < entries.size() && box == nullptr; ++i)
+        texts.append(entries.at(i).first);
+    return texts;
+}
+} // namespace
+
 QStringList QTab::GetLstGroupShopFromPermis(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
                                             bool withDefault, QComboBox *box)
 {
-    return listOrBox(Db(db, receiver),
-                     QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                         GetStrLstGroupFromPermis(user, QStringLiteral("id"), withDefault),
-                     box);
+    return listOrBox(readEntries(Db(db, receiver), permittedGroupsSql(*user, withDefault)), box);
 }
 
 QStringList QTab::GetLstShopFromPermis(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
                                        const QString &extra, QComboBox *box)
 {
-    QString sql = QStringLiteral(
-        "SELECT shops.address,shops.id FROM shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id "
-        "LEFT JOIN kassa ON kassa.id_shop=shops.id WHERE (group_shop.id=0");
-    for (const QString &group : user->groups())
-        sql += QStringLiteral(" OR group_shop.id=") + group;
-    if (!user->idShop().isEmpty())
-        sql += QStringLiteral(" OR shops.id=") + user->idShop();
-    sql += QLatin1Char(')') + extra;
-    // The join with the registers repeats a shop for each of them, unless `extra` groups the rows.
-    QStringList list = listOrBox(Db(db, receiver), sql, box);
-    list.removeDuplicates();
-    for (int i = box == nullptr ? 0 : box->count() - 1; i > 0; --i) {
-        if (box->findData(box->itemData(i)) < i)
-            box->removeItem(i);
-    }
-    return list;
+    return listOrBox(readPermittedShops(Db(db, receiver), permittedShopsSql(*user, extra)), box);
 }
 
 int QTab::GetMaxChar(const QString &tableName, const QString &column) const

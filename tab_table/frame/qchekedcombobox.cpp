@@ -8,6 +8,10 @@
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 
+namespace {
+constexpr int mostTipLetters = 1000;
+} // namespace
+
 QChekedComboBox::QChekedComboBox(QWidget *parent) : QComboBox(parent), m_items(new QStandardItemModel(this))
 {
     setModel(m_items);
@@ -62,17 +66,26 @@ void QChekedComboBox::slotModelItemChanged(QStandardItem *item)
         return;
     m_isFollowing = true;
     if (item->row() == 0) {
-        for (int row = 1; row < m_items->rowCount(); ++row)
-            m_items->item(row)->setCheckState(item->checkState());
+        checkAll(item->checkState());
     } else {
         bool all = true;
-        for (int row = 1; row < m_items->rowCount(); ++row)
-            all = all && m_items->item(row)->checkState() == Qt::Checked;
+        for (int row = 1; row < m_items->rowCount() && all; ++row)
+            all = m_items->item(row)->checkState() == Qt::Checked;
         m_items->item(0)->setCheckState(all ? Qt::Checked : Qt::Unchecked);
     }
     m_isFollowing = false;
     updateDisplayText();
     emit checkedChanged();
+}
+
+void QChekedComboBox::checkAll(Qt::CheckState state)
+{
+    // Told once for all of them: the box and its list look at every change.
+    const bool wasBlocked = m_items->blockSignals(true);
+    for (int row = 1; row < m_items->rowCount(); ++row)
+        m_items->item(row)->setCheckState(state);
+    m_items->blockSignals(wasBlocked);
+    emit m_items->dataChanged(m_items->index(0, 0), m_items->index(m_items->rowCount() - 1, 0));
 }
 
 void QChekedComboBox::showPopup()
@@ -115,15 +128,26 @@ void QChekedComboBox::toggle(const QModelIndex &index)
         item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
 }
 
+QString QChekedComboBox::joinedTexts(int atLeast) const
+{
+    QString joined;
+    for (int row = 0; row < m_items->rowCount() && joined.size() < atLeast; ++row) {
+        if (m_items->item(row)->checkState() == Qt::Checked)
+            joined += (joined.isEmpty() ? QString() : QStringLiteral(", ")) + m_items->item(row)->text();
+    }
+    return joined;
+}
+
 void QChekedComboBox::updateDisplayText()
 {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect field =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    m_displayText =
-        fontMetrics().elidedText(listTexts().join(QStringLiteral(", ")), Qt::ElideRight, field.width());
-    setToolTip(listTexts().join(QStringLiteral(", ")));
+    // No letter is narrower than a pixel: more of them than pixels are not needed.
+    m_displayText = fontMetrics().elidedText(joinedTexts(field.width()), Qt::ElideRight, field.width());
+    const QString tip = joinedTexts(mostTipLetters + 1);
+    setToolTip(tip.size() > mostTipLetters ? tip.left(mostTipLetters) + QStringLiteral("…") : tip);
     update();
 }
 

@@ -42,6 +42,9 @@ private slots:
 
 private:
     void toggle(const QModelIndex &index);
+    void checkAll(Qt::CheckState state);
+    /// The checked texts with ", " between them, as far as so many letters are full.
+    QString joinedTexts(int atLeast) const;
 
     QStandardItemModel *m_items;
     /// Where the mouse went down in the open list: the release of the click that opened it means nothing.
