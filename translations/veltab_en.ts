@@ -251,8 +251,16 @@ Wait or contact support.</translation>
         <translation>Close without saving</translation>
     </message>
     <message>
-        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
-        <translation>The connection broke while the record was being written, and it is not known whether it was saved. Wait until the connection is back and save again: the program will ask the server first.</translation>
+        <source>Записується… Скасувати вже не можна.</source>
+        <translation>Writing… This can no longer be cancelled.</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
     </message>
 </context>
 <context>
@@ -316,6 +324,34 @@ Wait or contact support.</translation>
     <message>
         <source>усі магазини</source>
         <translation>all shops</translation>
+    </message>
+    <message>
+        <source>Код товару не перевірено: сервер відповів помилкою.</source>
+        <translation>The code of the goods item is not checked: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>Товар №%1 вже є: &quot;%2&quot;.</source>
+        <translation>Goods item No. %1 already exists: &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>Правило товару не перевірено: сервер відповів помилкою.</source>
+        <translation>The rule of the goods item is not checked: the server answered with an error.</translation>
+    </message>
+    <message>
+        <source>В групі</source>
+        <translation>In group</translation>
+    </message>
+    <message>
+        <source>з правилом</source>
+        <translation>with rule</translation>
+    </message>
+    <message>
+        <source> вже є товар №</source>
+        <translation> there is already goods item No. </translation>
+    </message>
+    <message>
+        <source>Згідно даного правила, в одній групі може бути тільки один товар з таким правилом</source>
+        <translation>By this rule, one group can have only one goods item with it</translation>
     </message>
 </context>
 <context>
@@ -1000,34 +1036,6 @@ Wait or contact support.</translation>
         <translation>The code of the goods item must be from 1 to %1.</translation>
     </message>
     <message>
-        <source>Код товару не перевірено: сервер відповів помилкою.</source>
-        <translation>The code of the goods item is not checked: the server answered with an error.</translation>
-    </message>
-    <message>
-        <source>Товар №%1 вже є: &quot;%2&quot;.</source>
-        <translation>Goods item No. %1 already exists: &quot;%2&quot;.</translation>
-    </message>
-    <message>
-        <source>Правило товару не перевірено: сервер відповів помилкою.</source>
-        <translation>The rule of the goods item is not checked: the server answered with an error.</translation>
-    </message>
-    <message>
-        <source>В групі</source>
-        <translation>In group</translation>
-    </message>
-    <message>
-        <source>з правилом</source>
-        <translation>with rule</translation>
-    </message>
-    <message>
-        <source> вже є товар №</source>
-        <translation> there is already goods item No. </translation>
-    </message>
-    <message>
-        <source>Згідно даного правила, в одній групі може бути тільки один товар з таким правилом</source>
-        <translation>By this rule, one group can have only one goods item with it</translation>
-    </message>
-    <message>
         <source>Продається в м&amp;агазинах:</source>
         <translation>Sold in s&amp;hops:</translation>
     </message>
@@ -1105,10 +1113,6 @@ Wait or contact support.</translation>
     <message>
         <source>&amp;Відмінити</source>
         <translation>Cance&amp;l</translation>
-    </message>
-    <message>
-        <source>Попередження.</source>
-        <translation>Warning.</translation>
     </message>
     <message>
         <source>Не має доступних груп!</source>
@@ -1458,14 +1462,6 @@ Wait or contact support.</translation>
     <message>
         <source>Цей пароль використати не можна. Оберіть інший пароль.</source>
         <translation>This password cannot be used. Choose another password.</translation>
-    </message>
-    <message>
-        <source>Записується…</source>
-        <translation>Writing…</translation>
-    </message>
-    <message>
-        <source>Пароль ще записується. Зачекайте.</source>
-        <translation>The password is still being written. Please wait.</translation>
     </message>
 </context>
 <context>
@@ -1893,10 +1889,6 @@ Clear it?</translation>
     <message>
         <source>Невірний ідентифікатор</source>
         <translation>Wrong identifier</translation>
-    </message>
-    <message>
-        <source>Читається…</source>
-        <translation>Reading…</translation>
     </message>
 </context>
 <context>
@@ -2698,11 +2690,7 @@ Clear it?</translation>
     </message>
 </context>
 <context>
-    <name>RecordDialog</name>
-    <message>
-        <source>Запис не знайдено id=</source>
-        <translation>Record not found id=</translation>
-    </message>
+    <name>Record</name>
     <message>
         <source>Помилка при запиті отримання максимального розміру поля</source>
         <translation>Error when asking for the maximum size of field</translation>
@@ -2716,16 +2704,27 @@ Clear it?</translation>
         <translation>Field &quot;%1&quot;: record no. %2 &quot;%3&quot; has this value.</translation>
     </message>
     <message>
-        <source>Поки редактор був відкритий, цей запис вилучила інша програма. Нічого не збережено.</source>
-        <translation>While the editor was open another program deleted this record. Nothing was saved.</translation>
+        <source>Поле &quot;%1&quot;: база даних зберігає &quot;%2&quot; замість введеного. Нічого не збережено. Введіть інше значення.</source>
+        <translation>Field &quot;%1&quot;: the database stores &quot;%2&quot; instead of what was entered. Nothing has been saved. Enter another value.</translation>
     </message>
     <message>
         <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; перейменувала інша програма. Нічого не збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.</source>
         <translation>While the editor was open another program renamed what is chosen in &quot;%1&quot;. Nothing was saved. Close the editor, open it again and choose once more.</translation>
     </message>
     <message>
-        <source>Поле &quot;%1&quot;: база даних зберігає &quot;%2&quot; замість введеного. Нічого не збережено. Введіть інше значення.</source>
-        <translation>Field &quot;%1&quot;: the database stores &quot;%2&quot; instead of what was entered. Nothing has been saved. Enter another value.</translation>
+        <source>Поки редактор був відкритий, цей запис вилучила інша програма. Нічого не збережено.</source>
+        <translation>While the editor was open another program deleted this record. Nothing was saved.</translation>
+    </message>
+    <message>
+        <source>Запис не знайдено id=</source>
+        <translation>Record not found id=</translation>
+    </message>
+</context>
+<context>
+    <name>RecordDialog</name>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
+        <translation>The connection broke while the record was being written, and it is not known whether it was saved. Wait until the connection is back and save again: the program will ask the server first.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "editdialog.h"
 
+#include "busywindow.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
 #include "typedinput.h"
@@ -9,51 +10,25 @@
 #include <QAbstractSpinBox>
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 
 void EditDialog::btok()
 {
-    if (m_isReadOnly)
+    if (m_isReadOnly || isBusy())
         return;
     commitTyping(this);
-    if (m_isUnclear && !askWhetherArrived() && m_isUnclear)
-        return;
-    QString why = linesRefusal();
-    if (why.isEmpty())
-        why = refusal();
-    if (!why.isEmpty())
-        warn(why);
-    else if (save())
-        accept();
+    save();
 }
 
 void EditDialog::warn(const QString &why)
 {
     QQestion::question(this, tr("Попередження."), why, true);
-}
-
-bool EditDialog::isSaved(const Saved &saved)
-{
-    if (saved.outcome == Saved::Refused)
-        warn(saved.why);
-    return saved.outcome == Saved::Written || (saved.outcome == Saved::Unclear && askWhetherArrived());
-}
-
-bool EditDialog::askWhetherArrived()
-{
-    const auto arrived = hasArrived();
-    m_isUnclear = !arrived;
-    if (!arrived) {
-        warn(tr("Зв'язок обірвався під час запису, і невідомо, чи запис збережено. Зачекайте, доки "
-                "зв'язок відновиться, і збережіть ще раз: програма спершу запитає сервер."));
-    } else if (*arrived) {
-        takeOver();
-    }
-    return arrived.value_or(false);
 }
 
 void EditDialog::btcancel()
@@ -63,11 +38,60 @@ void EditDialog::btcancel()
 
 void EditDialog::reject()
 {
+    if (isBusy() && !m_isReading)
+        return m_busy->say(tr("Записується… Скасувати вже не можна."));
     commitTyping(this);
-    if (m_isReadOnly || !isChanged() ||
+    if (m_isReading || m_isReadOnly || !isChanged() ||
         QMessDlg::confirm(this, windowTitle(), tr("Зміни не збережено."), tr("Закрити без збереження"),
                           tr("Продовжити редагування")))
         QDialog::reject();
+}
+
+bool EditDialog::isBusy() const
+{
+    return m_busy != nullptr && m_busy->isBusy();
+}
+
+/// The words stand left of the buttons.
+void EditDialog::begin(const QString &words, bool isReading)
+{
+    if (m_busy == nullptr) {
+        auto *label = new QLabel(this);
+        label->setObjectName(QStringLiteral("labelBusy"));
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        auto *rows = qobject_cast<QBoxLayout *>(layout());
+        qobject_cast<QBoxLayout *>(rows->itemAt(rows->count() - 1)->layout())->insertWidget(0, label, 1);
+        m_busy = new BusyWindow(this, findChild<QPushButton *>(QStringLiteral("pbCancel")), label);
+    }
+    m_isReading = isReading;
+    m_busy->begin(words, isReading);
+}
+
+void EditDialog::beginReading()
+{
+    begin(tr("Читається…"), true);
+}
+
+void EditDialog::endReading()
+{
+    m_busy->end();
+    m_isReading = false;
+}
+
+void EditDialog::takeKeys()
+{
+    rememberTexts();
+    m_busy->giveKeys();
+}
+
+void EditDialog::beginWriting()
+{
+    begin(tr("Записується…"), false);
+}
+
+void EditDialog::endWriting()
+{
+    m_busy->end();
 }
 
 void EditDialog::showEvent(QShowEvent *event)
@@ -77,6 +101,11 @@ void EditDialog::showEvent(QShowEvent *event)
         return;
     m_wasShown = true;
     fitOnScreen();
+    rememberTexts();
+}
+
+void EditDialog::rememberTexts()
+{
     m_shown = enteredTexts(this);
     const auto fields = findChildren<QLineEdit *>();
     for (const auto *field : fields)
@@ -122,6 +151,12 @@ void EditDialog::fitOnScreen()
 bool EditDialog::isChanged() const
 {
     return m_wasShown && enteredTexts(this) != m_shown;
+}
+
+QString EditDialog::firstRefusal() const
+{
+    const QString why = linesRefusal();
+    return why.isEmpty() ? refusal() : why;
 }
 
 /// A text that came from the database as it is stays as it is.

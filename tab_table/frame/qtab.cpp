@@ -12,7 +12,6 @@
 #include "qtabdelegate.h"
 #include "qupdatebd.h"
 #include "recorddialog.h"
-#include "typingpause.h"
 #include "waitcursor.h"
 
 #include <QKeyEvent>
@@ -36,8 +35,6 @@ QTab::~QTab()
     // Its editor goes with the list: that is no answer of the user's.
     if (m_delegate != nullptr)
         m_delegate->blockSignals(true);
-    // The search field is left on the way out.
-    delete m_typing;
 }
 
 void QTab::buildList(QLayout *layout)
@@ -50,8 +47,8 @@ void QTab::buildList(QLayout *layout)
     view()->installEventFilter(this);
     connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     connect(m_list, &ListPane::rowsShown, this, [this] {
-        if (countsRecords)
-            m_list->setCount(m_list->countIds());
+        if (!m_countSql.isEmpty())
+            m_list->setCount(m_list->number());
         rowsShown();
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
@@ -68,17 +65,13 @@ QRowModel *QTab::model() const
     return m_list->model();
 }
 
-void QTab::setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find)
+void QTab::setSearchField(QLineEdit *field)
 {
     m_search = field;
-    m_typing = new TypingPause(this);
-    m_typing->follow(field);
-    connect(m_typing, &TypingPause::ended, this, [field, find] { find(field->text()); });
     setFocusProxy(field);
     field->installEventFilter(this);
-    auto *shortcut =
-        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, field, [field] {
+    auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(find, &QShortcut::activated, field, [field] {
         field->setFocus(Qt::ShortcutFocusReason);
         field->selectAll();
     });
@@ -93,19 +86,12 @@ bool QTab::eventFilter(QObject *watched, QEvent *event)
     if (watched == view() && isEnter)
         Edit();
     else if (watched == m_search && (isEnter || key == Qt::Key_Down))
-        enterList();
+        m_list->enter();
     else if (watched == m_search && key == Qt::Key_Escape)
         m_search->clear();
     else
         return QWidget::eventFilter(watched, event);
     return true;
-}
-
-/// What has been typed is searched first.
-void QTab::enterList()
-{
-    m_typing->end();
-    m_list->enter();
 }
 
 void QTab::connectDelegate()
@@ -157,7 +143,7 @@ void QTab::run(Command command)
 
 bool QTab::isLoading() const
 {
-    return m_list->isLoading() || (m_typing != nullptr && m_typing->isRunning());
+    return m_list->isLoading();
 }
 
 QString QTab::statement() const
@@ -176,6 +162,7 @@ void QTab::ShowData(int limit)
                               QStringLiteral("\nquery: ") + query);
     const WaitCursor wait;
     m_list->clear();
+    m_countSql.clear();
     QString sql = statement();
     if (limit >= 1)
         sql += QStringLiteral(" LIMIT ") + QString::number(limit);
@@ -187,13 +174,12 @@ void QTab::ShowData(int limit)
         m_list->clearAfterFailure();
 }
 
-void QTab::search(const QString &newFilter)
+void QTab::search(const QString &newFilter, const QString &countSql)
 {
     filter = newFilter;
-    if (m_typing != nullptr)
-        m_typing->drop();
+    m_countSql = countSql;
     tellEmptyText();
-    m_list->load(statement());
+    m_list->load(statement(), countSql);
 }
 
 void QTab::tellEmptyText()
@@ -245,23 +231,28 @@ std::unique_ptr<RecordDialog> QTab::makeEditor(QString *id)
 void QTab::openEditor(const QString &id)
 {
     QString edited = id;
-    const auto editor = makeEditor(&edited);
-    if (editor == nullptr || !editor->isLoaded())
+    const QPointer<QTab> open = this;
+    const QPointer<RecordDialog> editor = makeEditor(&edited).release();
+    if (!editor)
         return;
     if (!mayEdit())
         editor->setReadOnly(true);
     const bool isSaved = editor->exec() == QDialog::Accepted;
+    // The tab may have gone meanwhile, and its editor with it.
+    if (!open)
+        return;
     // A question that closes together with the editor leaves some window managers without an active window.
     window()->activateWindow();
     if (isSaved || editor->wasWritten())
         refreshRecord(edited, id.isEmpty());
     else if (editor->isUnclear())
         followUnclear();
-    else if (mayEdit())
+    else if (mayEdit() && !editor->hasFailed())
         postMessage(m_receiver,
                     id.isEmpty() ? tr("Запис не додано, відмінено користувачем!")
                                  : tr("Зміни не внесені, відмінено користувачем!"),
                     QMessEvent::Information);
+    delete editor;
 }
 
 void QTab::followUnclear()
@@ -270,7 +261,7 @@ void QTab::followUnclear()
                 tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
                    "Перевірте запис у списку."),
                 QMessEvent::Warning);
-    search(filter);
+    search(filter, m_countSql);
 }
 
 void QTab::refreshRecord(const QString &id, bool isNew)

@@ -59,6 +59,19 @@ QString lineFrom(const QLineEdit *line, InputForm form)
 }
 } // namespace
 
+RecordColumn columnOf(const RecordInput &input)
+{
+    const QString placeholder = QLatin1String(input.placeholder);
+    return {QLatin1String(input.column),
+            input.form,
+            fieldName(input.input),
+            QLatin1String(input.name),
+            placeholder,
+            input.updatePlaceholder != nullptr ? QString(QLatin1String(input.updatePlaceholder))
+                                               : placeholder,
+            input.entries};
+}
+
 bool isPlainText(InputForm form)
 {
     return form == InputForm::Text || form == InputForm::Trimmed;
@@ -94,14 +107,11 @@ QString shownFrom(const RecordInput &input)
     return box != nullptr ? box->currentText() : shownText(input.form, storedFrom(input));
 }
 
-QVariant boundFrom(const RecordInput &input)
+QVariant boundFrom(const RecordField &value, InputForm form)
 {
-    if (input.form == InputForm::Entry)
-        return nullIfEmpty(shownFrom(input));
-    const QString value = storedFrom(input);
-    const bool isNumber =
-        input.form == InputForm::Money || input.form == InputForm::Number || input.form == InputForm::EntryId;
-    if (!isNumber)
-        return value;
-    return value.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.toLongLong());
+    if (form == InputForm::Entry)
+        return nullIfEmpty(value.shown);
+    if (form != InputForm::Money && form != InputForm::Number && form != InputForm::EntryId)
+        return value.stored;
+    return value.stored.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.stored.toLongLong());
 }

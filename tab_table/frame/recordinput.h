@@ -36,21 +36,25 @@ struct RecordInput
     const char *name = nullptr;
     /// Where the UPDATE has another placeholder.
     const char *updatePlaceholder = nullptr;
+    /// For a list: the statement of its entries, name and id. Without one the editor fills the list.
+    QString entries = {};
 };
 
-/// The table of a record and the statements of its editor; the id is added to all but the INSERT.
-struct RecordStatements
+/// The same without the widget, for work away from the window.
+struct RecordColumn
 {
-    QString table;
-    /// "SELECT ... WHERE shops.id=": every column of the inputs under its own name.
-    QString read;
-    /// With ":id" first where the record may get an id of the user's choice.
-    QString insert;
-    /// "UPDATE ... WHERE shops.id="
-    QString update;
-    /// "SELECT address FROM shops WHERE id=": what people call the record.
+    QString column;
+    InputForm form;
+    /// What people call it.
+    QString caption;
     QString name;
+    QString placeholder;
+    QString updatePlaceholder;
+    QString entries;
+
+    bool isList() const { return form == InputForm::Entry || form == InputForm::EntryId; }
 };
+RecordColumn columnOf(const RecordInput &input);
 
 /// The columns of such inputs whose length limits what is typed.
 bool isPlainText(InputForm form);
@@ -63,5 +67,5 @@ void showInInput(const RecordInput &input, const RecordField &value);
 QString storedFrom(const RecordInput &input);
 /// The same as people read it.
 QString shownFrom(const RecordInput &input);
-/// What is bound in a statement for it.
-QVariant boundFrom(const RecordInput &input);
+/// What is bound in a statement for a value.
+QVariant boundFrom(const RecordField &value, InputForm form);

@@ -76,11 +76,21 @@ void GoodsPriceTable::remove(const QString &place)
     removeRow(rowOf(place));
 }
 
-void GoodsPriceTable::takeOver()
+void GoodsPriceTable::takeOver(const QVector<GoodsPrice> &written)
 {
     const QVector<GoodsPrice> list = prices();
-    for (int row = 0; row < list.size(); ++row)
-        origin(row) = list.at(row).place();
+    for (int row = 0; row < list.size(); ++row) {
+        std::optional<PriceKey> now;
+        for (const GoodsPrice &price : written) {
+            const bool isSame =
+                list.at(row).origin && price.origin
+                    ? list.at(row).origin->text() == price.origin->text()
+                    : !list.at(row).origin && list.at(row).place().text() == price.place().text();
+            if (isSame)
+                now = price.place();
+        }
+        origin(row) = now;
+    }
 }
 
 std::optional<PriceKey> &GoodsPriceTable::origin(int row)

@@ -21,8 +21,8 @@ public:
     void put(const GoodsPrice &price);
     /// Removes the row of that place, as PriceKey::text() tells it.
     void remove(const QString &place);
-    /// The rows are stored as they stand: that is where they come from now.
-    void takeOver();
+    /// These rows are stored: that is where what stands here comes from now.
+    void takeOver(const QVector<GoodsPrice> &written);
     /// The same with group and shop by their names; an empty shop is none.
     void append(qint64 price, qint64 priority, const QString &group, const QString &shop);
     QVector<GoodsPrice> prices() const;

@@ -1,6 +1,7 @@
 #include "goodsrecord.h"
 
 #include "db.h"
+#include "goodswriter.h"
 #include "money.h"
 
 #include <QCoreApplication>
@@ -64,7 +65,8 @@ RecordStatements goodsStatements()
             "name=:paym_bonus),bonus_disk=(SELECT id FROM yesno WHERE name=:bonus_disk),"
             "id_rules_goods=(SELECT id FROM rules_goods WHERE name=:id_rules_goods),block=(SELECT id "
             "FROM yesno WHERE name=:block),data_update=NULL WHERE goods.id="),
-        QStringLiteral("SELECT name FROM goods WHERE id=")};
+        QStringLiteral("SELECT name FROM goods WHERE id="),
+        &goodsRows()};
 }
 
 QString PriceKey::text() const
@@ -149,12 +151,6 @@ std::optional<RecordFields> readGoodsRows(const Db &db, const QString &id)
     while (rows->next())
         prices.append(readPrice(*rows));
     return priceFields(prices) + barcodeFields(*codes);
-}
-
-QStringList shopsOf(const Db &db, const QString &id)
-{
-    return db.firstColumn(QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id)
-        .value_or(QStringList());
 }
 
 std::optional<QString> otherWithRule(const Db &db, const QString &group, uint rule, const QString &id)

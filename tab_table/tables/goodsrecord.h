@@ -1,14 +1,12 @@
 #pragma once
 
 #include "combos.h"
-#include "recordinput.h"
+#include "recordstore.h"
 
 #include <QMetaType>
 #include <QStringList>
 #include <QVector>
 #include <optional>
-
-class Db;
 
 /// The place of a price in the database, by ids; a shop of 0 stands for all shops of the group.
 struct PriceKey
@@ -37,7 +35,7 @@ struct GoodsPrice
 };
 Q_DECLARE_METATYPE(GoodsPrice)
 
-/// The item's own row.
+/// The item's own row, with what belongs to it.
 RecordStatements goodsStatements();
 
 /// What belongs to an item beside its own row, as values of the record: a price by its place, a barcode by
@@ -54,9 +52,6 @@ QStringList barcodesOf(const RecordFields &fields);
 
 /// Prices and barcodes of the item of that id; nothing after a reported failure.
 std::optional<RecordFields> readGoodsRows(const Db &db, const QString &id);
-
-/// The ids of the shops that offer the item; none after a reported failure.
-QStringList shopsOf(const Db &db, const QString &id);
 
 /// The other item of the group that has the rule already; empty when there is none, nothing after a
 /// failure. id: the item itself, empty for a new one.

@@ -3,6 +3,7 @@
 #include "db.h"
 #include "goodsrules.h"
 #include "qmessevent.h"
+#include "qupdatebd.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -88,8 +89,8 @@ bool restore(const Db &db, const GoodsPrice &price, const QString &hidden, const
     return hidden.isEmpty() || db.run(QStringLiteral("UPDATE prices SET %1 WHERE %2")
                                           .arg(hidden, place.arg(QStringLiteral(" AND "))));
 }
-} // namespace
 
+/// What the editor does not show of a row is kept.
 bool replacePrices(const Db &db, const QVector<GoodsPrice> &prices, const QString &id)
 {
     const auto hidden = hiddenPrices(db, id);
@@ -114,15 +115,19 @@ bool replaceBarcodes(const Db &db, const QStringList &codes, const QString &id)
                                     rows.join(QLatin1Char(',')));
 }
 
+/// Those that offer it already keep their stock.
 bool offerToShops(const Db &db, const QStringList &shops, const QString &id)
 {
+    const QString table = QStringLiteral("goods_shop");
     return shops.isEmpty() ||
-           db.run(
-               QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods) SELECT id,%1 FROM shops WHERE id IN "
-                              "(%2) AND id NOT IN (SELECT id_shop FROM goods_shop WHERE id_goods=%1)")
-                   .arg(id, shops.join(QLatin1Char(','))));
+           (db.run(
+                QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods) SELECT id,%1 FROM shops WHERE id IN "
+                               "(%2) AND id NOT IN (SELECT id_shop FROM goods_shop WHERE id_goods=%1)")
+                    .arg(id, shops.join(QLatin1Char(',')))) &&
+            QUpdateBD().update(table, *db.connection(), db.receiver()));
 }
 
+/// Names the first price whose group or shop would be stored as another one; empty when there is none.
 QString explainPrices(const Db &db, const QVector<GoodsPrice> &prices)
 {
     for (const GoodsPrice &price : prices) {
@@ -146,6 +151,7 @@ QString explainPrices(const Db &db, const QVector<GoodsPrice> &prices)
     return QString();
 }
 
+/// Reports the first barcode that another item has, and that item. ownId: empty for a new one.
 void explainBarcodes(const Db &db, const QStringList &codes, const QString &ownId)
 {
     QStringList literals;
@@ -160,4 +166,86 @@ void explainBarcodes(const Db &db, const QStringList &codes, const QString &ownI
     if (owner && !owner->isEmpty())
         postMessage(db.receiver(), Goods::tr("Товар не збережено: штрихкод %1 вже має товар №%2 \"%3\".")
                                        .arg(owner->at(0), owner->at(1), owner->at(2)));
+}
+
+/// Where the writing of an item has failed.
+enum Step { Prices, Barcodes, Shops, All };
+
+RecordField fieldOf(const RecordDraft &draft, const char *column)
+{
+    for (const RecordField &field : draft.fields) {
+        if (field.key == QLatin1String(column))
+            return field;
+    }
+    return {};
+}
+
+QString takenIdRefusal(const Db &db, const RecordDraft &draft)
+{
+    if (draft.wantedId.isEmpty())
+        return QString();
+    const auto other = db.firstRow(QStringLiteral("SELECT name FROM goods WHERE id=") + draft.wantedId);
+    if (!other)
+        return Goods::tr("Код товару не перевірено: сервер відповів помилкою.");
+    return other->isEmpty() ? QString()
+                            : Goods::tr("Товар №%1 вже є: \"%2\".").arg(draft.wantedId, other->first());
+}
+
+QString ruleRefusal(const Db &db, const RecordDraft &draft)
+{
+    const RecordField rule = fieldOf(draft, "id_rules_goods");
+    if (!isExclusiveRule(rule.stored.toUInt()))
+        return QString();
+    const QString group = fieldOf(draft, "group_g").shown;
+    const auto other = otherWithRule(db, group, rule.stored.toUInt(), draft.id);
+    if (!other)
+        return Goods::tr("Правило товару не перевірено: сервер відповів помилкою.");
+    if (other->isEmpty())
+        return QString();
+    return Goods::tr("В групі") + QStringLiteral(" \"") + group + QStringLiteral("\" ") +
+           Goods::tr("з правилом") + QStringLiteral(" \"") + rule.shown + QLatin1Char('"') +
+           Goods::tr(" вже є товар №") + *other + QStringLiteral(".\n") +
+           Goods::tr("Згідно даного правила, в одній групі може бути тільки один товар з таким правилом");
+}
+
+QString refusal(const Db &db, const RecordDraft &draft)
+{
+    const QString why = takenIdRefusal(db, draft);
+    return why.isEmpty() ? ruleRefusal(db, draft) : why;
+}
+
+bool write(const Db &db, const RecordDraft &draft, const QString &id, int *step)
+{
+    const QVector<GoodsPrice> prices = pricesOf(draft.fields);
+    *step = Prices;
+    if ((draft.isNew() || prices != pricesOf(draft.read)) && !replacePrices(db, prices, id))
+        return false;
+    *step = Barcodes;
+    if (!replaceBarcodes(db, barcodesOf(draft.fields), id))
+        return false;
+    *step = Shops;
+    if (!offerToShops(db, draft.beside.toStringList(), id))
+        return false;
+    *step = All;
+    return true;
+}
+
+QString failureWords(const Db &db, const RecordDraft &draft, int step)
+{
+    if (step == Barcodes)
+        explainBarcodes(db, barcodesOf(draft.fields), draft.id);
+    return step == Prices || step == All ? explainPrices(db, pricesOf(draft.fields)) : QString();
+}
+} // namespace
+
+const RecordRows &goodsRows()
+{
+    static const RecordRows rows = {readGoodsRows,
+                                    refusal,
+                                    write,
+                                    failureWords,
+                                    {QStringLiteral("SELECT id_goods FROM prices WHERE id_goods="),
+                                     QStringLiteral("SELECT id_goods FROM dk_shc WHERE id_goods=")},
+                                    {QStringLiteral("dk_shc"), QStringLiteral("prices")}};
+    return rows;
 }

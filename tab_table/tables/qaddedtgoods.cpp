@@ -4,7 +4,6 @@
 #include "ean13.h"
 #include "goodspricedelegate.h"
 #include "goodsrules.h"
-#include "goodswriter.h"
 #include "money.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
@@ -14,7 +13,6 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <utility>
 
 namespace {
 const QLatin1String refusedStyle("background-color: #FF3333");
@@ -23,16 +21,13 @@ void mark(QLineEdit *field, bool isRefused)
 {
     field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
 }
-
-void chooseData(QComboBox *box, uint data)
-{
-    box->setCurrentIndex(qMax(0, box->findData(data)));
-}
 } // namespace
 
-QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops,
+QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QString &shopsSql,
                            QObject *receiver, QWidget *parent)
-    : RecordDialog(Db(db, receiver), goodsStatements(), id, parent), ui(new Ui::QAddEdtGoods)
+    : RecordDialog(Db(db, receiver), goodsStatements(), id, parent)
+    , ui(new Ui::QAddEdtGoods)
+    , m_receiver(receiver)
 {
     Q_UNUSED(tab)
     ui->setupUi(this);
@@ -40,38 +35,36 @@ QAddEdtGoods::QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVect
          {ui->cbType, ui->cbGroup, ui->cbTax, ui->cbRules, ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock})
         keepNarrow(box);
     buildFields();
-    fillLists();
-    fillPriceLists(shops);
     connectFields();
-    if (!load(inputs()))
-        return;
-    // What is too long for a register is cut and coloured.
-    ui->leShortName->setMaxLength(shortNameLength + 1);
-    ui->lwShops->fill(shops, isNew() ? QStringList() : shopsOf(Db(db, receiver), *id));
-    if (isNew()) {
-        chooseUsual();
-        ui->leName->setFocus();
-        return;
-    }
-    ui->lePrice->setFocus();
-    ui->lePrice->selectAll();
+    load(inputs(), furtherStatements(shopsSql));
 }
 
-QAddEdtGoods::~QAddEdtGoods() = default;
+/// A field that loses the focus still finds the others.
+QAddEdtGoods::~QAddEdtGoods()
+{
+    hide();
+}
 
 QVector<RecordInput> QAddEdtGoods::inputs() const
 {
     using Form = InputForm;
-    return {{ui->leName, Form::Trimmed, "name", ":name"},
-            {ui->leShortName, Form::Trimmed, "name_short", ":sname"},
-            {ui->lePrice, Form::Money, "price", ":price"},
-            {ui->cbType, Form::Entry, "type", ":type", "type_goods.name"},
-            {ui->cbGroup, Form::Entry, "group_g", ":group", "group_goods.name"},
-            {ui->cbTax, Form::Entry, "tax", ":tax", "tax.name"},
-            {ui->cbRules, Form::Entry, "id_rules_goods", ":id_rules_goods", "rules_goods.name"},
-            {ui->cbPaymBonus, Form::Entry, "paym_bonus", ":paym_bonus", "ynpaym_bon.name"},
-            {ui->cbBonusDisk, Form::Entry, "bonus_disk", ":bonus_disk", "ynbon_disk.name"},
-            {ui->cbBlock, Form::Entry, "block", ":block", "ynblock.name"}};
+    const auto entries = [](const char *table) {
+        return QStringLiteral("SELECT name,id FROM ") + QLatin1String(table);
+    };
+    return {
+        {ui->leName, Form::Trimmed, "name", ":name"},
+        {ui->leShortName, Form::Trimmed, "name_short", ":sname"},
+        {ui->lePrice, Form::Money, "price", ":price"},
+        {ui->cbType, Form::Entry, "type", ":type", "type_goods.name", nullptr, entries("type_goods")},
+        {ui->cbGroup, Form::Entry, "group_g", ":group", "group_goods.name", nullptr, entries("group_goods")},
+        {ui->cbTax, Form::Entry, "tax", ":tax", "tax.name", nullptr, entries("tax")},
+        {ui->cbRules, Form::Entry, "id_rules_goods", ":id_rules_goods", "rules_goods.name", nullptr,
+         entries("rules_goods")},
+        {ui->cbPaymBonus, Form::Entry, "paym_bonus", ":paym_bonus", "ynpaym_bon.name", nullptr,
+         entries("yesno")},
+        {ui->cbBonusDisk, Form::Entry, "bonus_disk", ":bonus_disk", "ynbon_disk.name", nullptr,
+         entries("yesno")},
+        {ui->cbBlock, Form::Entry, "block", ":block", "ynblock.name", nullptr, entries("yesno")}};
 }
 
 void QAddEdtGoods::buildFields()
@@ -115,66 +108,73 @@ void QAddEdtGoods::connectFields()
     connect(deletePrice, &QShortcut::activated, this, &QAddEdtGoods::delprice);
 }
 
-void QAddEdtGoods::fillLists()
+/// The shop groups, the shops, and those of them that offer the item.
+QStringList QAddEdtGoods::furtherStatements(const QString &shopsSql) const
 {
-    const struct
-    {
-        QVector<QComboBox *> boxes;
-        const char *sql;
-    } lists[] = {{{ui->cbGroup}, "SELECT name,id FROM group_goods"},
-                 {{ui->cbTax}, "SELECT name,id FROM tax"},
-                 {{ui->cbType}, "SELECT name,id FROM type_goods"},
-                 {{ui->cbPaymBonus, ui->cbBonusDisk, ui->cbBlock}, "SELECT name,id FROM yesno"},
-                 {{ui->cbRules}, "SELECT name,id FROM rules_goods"}};
-    for (const auto &list : lists) {
-        const auto entries = readEntries(db(), QLatin1String(list.sql));
-        for (QComboBox *box : list.boxes)
-            showEntries(box, entries.value_or(ListEntries()));
-    }
+    QStringList statements = {QStringLiteral("SELECT name,id FROM group_shop"), shopsSql};
+    if (!isNew())
+        statements.append(QStringLiteral("SELECT id_shop FROM goods_shop WHERE id_goods=") + id());
+    return statements;
 }
 
-void QAddEdtGoods::fillPriceLists(const QVector<NamedId> &shops)
+bool QAddEdtGoods::takeRows(const QVector<TextRows> &more)
 {
     QVector<NamedId> groups;
-    const auto entries = readEntries(db(), QStringLiteral("SELECT name,id FROM group_shop"));
-    for (const auto &[name, id] : entries.value_or(ListEntries())) {
-        groups.append({name, toText(id)});
-        if (id.toUInt() == 1)
-            m_defaultGroup = name;
+    for (const QStringList &row : more.at(0)) {
+        groups.append({row.at(0), row.at(1)});
+        if (row.at(1) == QLatin1String("1"))
+            m_defaultGroup = row.at(0);
     }
+    QVector<NamedId> shops;
+    for (const QStringList &row : more.at(1))
+        shops.append({row.at(0), row.at(1)});
+    QStringList sold;
+    for (const QStringList &row : more.value(2))
+        sold.append(row.at(0));
     ui->twPrices->setLists(groups, shops);
+    ui->lwShops->fill(shops, sold);
     if (m_defaultGroup.isEmpty())
-        postMessage(db().receiver(), tr("Невідоме значення по замовчуванню для групи магазинів!"));
+        postMessage(m_receiver, tr("Невідоме значення по замовчуванню для групи магазинів!"));
+    return true;
+}
+
+void QAddEdtGoods::loaded()
+{
+    // What is too long for a register is cut and coloured.
+    ui->leShortName->setMaxLength(shortNameLength + 1);
+    if (isNew()) {
+        chooseUsual();
+        ui->leName->setFocus();
+        return;
+    }
+    ui->lePrice->setFocus();
+    ui->lePrice->selectAll();
 }
 
 /// What a new item has, as the database itself presets it.
 void QAddEdtGoods::chooseUsual()
 {
-    const struct
-    {
-        QComboBox *box;
-        uint id;
-    } usual[] = {{ui->cbType, 1},  {ui->cbGroup, 1},     {ui->cbTax, 1},  {ui->cbPaymBonus, 1},
-                 {ui->cbRules, 1}, {ui->cbBonusDisk, 0}, {ui->cbBlock, 0}};
-    for (const auto &choice : usual)
-        chooseData(choice.box, choice.id);
+    const QVector<QPair<QComboBox *, QString>> usual = {
+        {ui->cbType, QStringLiteral("1")},  {ui->cbGroup, QStringLiteral("1")},
+        {ui->cbTax, QStringLiteral("1")},   {ui->cbPaymBonus, QStringLiteral("1")},
+        {ui->cbRules, QStringLiteral("1")}, {ui->cbBonusDisk, QStringLiteral("0")},
+        {ui->cbBlock, QStringLiteral("0")}};
+    for (const auto &[box, usualId] : usual) {
+        chooseId(box, usualId);
+        if (box->currentIndex() < 0)
+            box->setCurrentIndex(0);
+    }
 }
 
-std::optional<RecordFields> QAddEdtGoods::read(const QString &id) const
+RecordDraft QAddEdtGoods::draft() const
 {
-    auto fields = RecordDialog::read(id);
-    if (!fields || fields->isEmpty())
-        return fields;
-    const auto rows = readGoodsRows(db(), id);
-    if (!rows)
-        return std::nullopt;
-    return *fields + *rows;
-}
-
-RecordFields QAddEdtGoods::entered() const
-{
-    return RecordDialog::entered() + priceFields(ui->twPrices->prices()) +
-           barcodeFields(ui->lwShtrih->codes());
+    RecordDraft draft = RecordDialog::draft();
+    draft.fields += priceFields(ui->twPrices->prices()) + barcodeFields(ui->lwShtrih->codes());
+    const quint64 wanted = isNew() ? ui->leId->text().toULongLong() : 0;
+    if (wanted != 0)
+        draft.wantedId = QString::number(wanted);
+    draft.beside = ui->lwShops->added();
+    return draft;
 }
 
 void QAddEdtGoods::showField(const QString &key, const std::optional<RecordField> &value)
@@ -308,9 +308,7 @@ QString QAddEdtGoods::refusal() const
         why = priceRefusalHere();
     if (why.isEmpty())
         why = ui->twPrices->refusal();
-    if (why.isEmpty())
-        why = idRefusal();
-    return why.isEmpty() ? ruleRefusal() : why;
+    return why.isEmpty() ? idRefusal() : why;
 }
 
 QString QAddEdtGoods::priceRefusalHere() const
@@ -345,94 +343,17 @@ QString QAddEdtGoods::idRefusal() const
     const quint64 id = text.toULongLong();
     if (id == 0 || id > greatestGoodsId)
         return tr("Код товару повинен бути від 1 до %1.").arg(greatestGoodsId);
-    const auto other =
-        db().firstRow(QStringLiteral("SELECT name FROM goods WHERE id=") + QString::number(id));
-    if (!other)
-        return tr("Код товару не перевірено: сервер відповів помилкою.");
-    return other->isEmpty() ? QString()
-                            : tr("Товар №%1 вже є: \"%2\".").arg(QString::number(id), other->first());
+    return QString();
 }
 
-QString QAddEdtGoods::ruleRefusal() const
-{
-    const uint rule = ui->cbRules->currentData().toUInt();
-    if (!isExclusiveRule(rule))
-        return QString();
-    const QString group = ui->cbGroup->currentText();
-    const auto other = otherWithRule(db(), group, rule, id());
-    if (!other)
-        return tr("Правило товару не перевірено: сервер відповів помилкою.");
-    if (other->isEmpty())
-        return QString();
-    return tr("В групі") + QStringLiteral(" \"") + group + QStringLiteral("\" ") + tr("з правилом") +
-           QStringLiteral(" \"") + ui->cbRules->currentText() + QLatin1Char('"') + tr(" вже є товар №") +
-           *other + QStringLiteral(".\n") +
-           tr("Згідно даного правила, в одній групі може бути тільки один товар з таким правилом");
-}
-
-bool QAddEdtGoods::save()
+void QAddEdtGoods::save()
 {
     completeShortName();
-    return RecordDialog::save();
+    RecordDialog::save();
 }
 
-QStringList QAddEdtGoods::lockStatements(const QString &id) const
+void QAddEdtGoods::takeOver(const RecordDraft &written)
 {
-    return RecordDialog::lockStatements(id) +
-           QStringList{QStringLiteral("SELECT id_goods FROM prices WHERE id_goods=%1 FOR UPDATE").arg(id),
-                       QStringLiteral("SELECT id_goods FROM dk_shc WHERE id_goods=%1 FOR UPDATE").arg(id)};
-}
-
-bool QAddEdtGoods::insertRecord(QString *id)
-{
-    m_step = Step::Item;
-    const quint64 wanted = ui->leId->text().toULongLong();
-    if (wanted != 0)
-        *id = QString::number(wanted);
-    return RecordDialog::insertRecord(id) && writeRows(*id);
-}
-
-bool QAddEdtGoods::updateRecord(const QString &id)
-{
-    m_step = Step::Item;
-    return RecordDialog::updateRecord(id) && writeRows(id);
-}
-
-bool QAddEdtGoods::writeRows(const QString &id)
-{
-    const QVector<GoodsPrice> prices = ui->twPrices->prices();
-    m_step = Step::Prices;
-    if ((isNew() || prices != pricesOf(readFields())) && !replacePrices(db(), prices, id))
-        return false;
-    m_step = Step::Barcodes;
-    if (!replaceBarcodes(db(), ui->lwShtrih->codes(), id))
-        return false;
-    m_step = Step::Shops;
-    if (!offerToShops(db(), ui->lwShops->added(), id))
-        return false;
-    m_step = Step::All;
-    return true;
-}
-
-QString QAddEdtGoods::failureWords()
-{
-    const Step reached = std::exchange(m_step, Step::Item);
-    if (reached == Step::Barcodes)
-        explainBarcodes(db(), ui->lwShtrih->codes(), id());
-    const bool mayBePrices = reached == Step::Prices || reached == Step::All;
-    return mayBePrices ? explainPrices(db(), ui->twPrices->prices()) : QString();
-}
-
-QStringList QAddEdtGoods::changedTables() const
-{
-    QStringList changed = {QStringLiteral("goods"), QStringLiteral("dk_shc"), QStringLiteral("prices")};
-    if (!ui->lwShops->added().isEmpty())
-        changed.append(QStringLiteral("goods_shop"));
-    return changed;
-}
-
-void QAddEdtGoods::takeOver()
-{
-    RecordDialog::takeOver();
-    ui->twPrices->takeOver();
+    RecordDialog::takeOver(written);
+    ui->twPrices->takeOver(pricesOf(written.fields));
 }

@@ -17,9 +17,9 @@ class QAddEdtGoods : public RecordDialog
     Q_OBJECT
 
 public:
-    /// id: the item, empty to add one; after a save it holds the id that the item has. shops: those that
-    /// the user may give prices to and offer the item in.
-    QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QVector<NamedId> &shops, QObject *receiver,
+    /// id: the item, empty to add one; after a save it holds the id that the item has. shopsSql: the shops
+    /// that the user may give prices to and offer the item in, address and id.
+    QAddEdtGoods(QTab *tab, QSqlDatabase *db, QString *id, const QString &shopsSql, QObject *receiver,
                  QWidget *parent);
     ~QAddEdtGoods() override;
 
@@ -40,37 +40,27 @@ public slots:
 
 protected:
     QString refusal() const override;
-    std::optional<RecordFields> read(const QString &id) const override;
-    RecordFields entered() const override;
+    bool takeRows(const QVector<TextRows> &more) override;
+    void loaded() override;
+    RecordDraft draft() const override;
     void showField(const QString &key, const std::optional<RecordField> &value) override;
-    QStringList lockStatements(const QString &id) const override;
-    bool insertRecord(QString *id) override;
-    bool updateRecord(const QString &id) override;
-    QStringList changedTables() const override;
-    QString failureWords() override;
-    bool save() override;
-    void takeOver() override;
+    void takeOver(const RecordDraft &written) override;
+    void save() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QVector<RecordInput> inputs() const;
     void buildFields();
     void connectFields();
-    void fillLists();
-    void fillPriceLists(const QVector<NamedId> &shops);
+    QStringList furtherStatements(const QString &shopsSql) const;
     QString priceRefusalHere() const;
     void completeShortName();
     void chooseUsual();
     bool hadNo(const char *column) const;
-    bool writeRows(const QString &id);
     QString idRefusal() const;
     QString barcodesRefusal() const;
-    QString ruleRefusal() const;
-
-    /// Where the writing of an item has failed, for the words about it.
-    enum class Step { Item, Prices, Barcodes, Shops, All };
 
     std::unique_ptr<Ui::QAddEdtGoods> ui;
+    QObject *m_receiver;
     QString m_defaultGroup;
-    Step m_step = Step::Item;
 };

@@ -3,7 +3,7 @@
 
 #include "combos.h"
 #include "networkaddress.h"
-#include "qqestion.h"
+#include "permittedlists.h"
 #include "qtabkass.h"
 #include "typedinput.h"
 
@@ -40,7 +40,10 @@ RecordStatements statements()
 
 QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QString &group,
                          QObject *receiver, QWidget *parent, unsigned int id_shop)
-    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(std::make_unique<Ui::QAddEdtKass>())
+    : RecordDialog(Db(db, receiver), statements(), id, parent)
+    , ui(std::make_unique<Ui::QAddEdtKass>())
+    , m_group(group)
+    , m_shop(QString::number(id_shop))
 {
     ui->setupUi(this);
     ui->leMarka->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
@@ -48,27 +51,31 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{3}")), this));
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbType})
         keepNarrow(box, 24);
+    for (QComboBox *box : {ui->cbHeadEdit, ui->cbBlock})
+        keepNarrow(box, 6);
     connectFields();
-    if (!fillLists(tab) || !load(inputs()))
-        return;
-    if (isNew())
-        preset(group, id_shop);
-    ip_change(ui->leIp->text());
-    colourField(ui->leIp, m_isIpSound);
+    load(inputs(), {permittedGroupsSql(*tab->user(), true),
+                    QStringLiteral("SELECT address,id,group_shop,network_shop,count_day_cycle FROM shops")});
 }
 
-QAddEdtKass::~QAddEdtKass() = default;
+/// A field that loses the focus still finds the others.
+QAddEdtKass::~QAddEdtKass()
+{
+    hide();
+}
 
 QVector<RecordInput> QAddEdtKass::inputs() const
 {
     using Form = InputForm;
+    const QString yesNo = QStringLiteral("SELECT name,id FROM yesno");
     return {{ui->cbShop, Form::Entry, "id_shop", ":shop", "shops.address", ":addr"},
             {ui->leAdver, Form::Trimmed, "advertising_str", ":adver"},
             {ui->leCashDrive, Form::OrNull, "cashdrive_code", ":cashdriv", nullptr, ":cashdr"},
-            {ui->cbHeadEdit, Form::Entry, "head_edit", ":head_edit", "yesno2.name"},
-            {ui->cbBlock, Form::Entry, "block", ":block", "yesno.name"},
+            {ui->cbHeadEdit, Form::Entry, "head_edit", ":head_edit", "yesno2.name", nullptr, yesNo},
+            {ui->cbBlock, Form::Entry, "block", ":block", "yesno.name", nullptr, yesNo},
             {ui->leInfoBlock, Form::Text, "info_block", ":info_block"},
-            {ui->cbType, Form::EntryId, "id_type", ":id_type", "type_name"},
+            {ui->cbType, Form::EntryId, "id_type", ":id_type", "type_name", nullptr,
+             QStringLiteral("SELECT name,id FROM type_device")},
             {ui->leMarka, Form::Text, "marka", ":marka"},
             {ui->leModel, Form::Text, "model", ":model"},
             {ui->leNumber, Form::Text, "number", ":number"},
@@ -86,44 +93,56 @@ void QAddEdtKass::connectFields()
     ui->leIp->installEventFilter(this);
 }
 
-bool QAddEdtKass::fillLists(const QTabKass *tab)
+/// The groups that the user may see, and all shops.
+bool QAddEdtKass::takeRows(const QVector<TextRows> &more)
 {
+    ListEntries groups;
+    for (const QStringList &row : more.at(0))
+        groups.append({row.at(0), row.at(1)});
+    for (const QStringList &row : more.at(1))
+        m_shops.append({row.at(0), row.at(1), row.at(2), row.at(3), row.at(4).toInt() > 0});
     {
         const QSignalBlocker hold(ui->cbGroup);
-        QTab::GetLstGroupShopFromPermis(db().connection(), tab->user(), db().receiver(), true, ui->cbGroup);
+        showEntries(ui->cbGroup, groups);
         ui->cbGroup->setCurrentIndex(-1);
     }
-    if (ui->cbGroup->count() == 0) {
-        QQestion::question(parentWidget(), tr("Попередження."),
-                           tr("Не має доступних груп!") + QLatin1Char('\n') + noGroupsHint(), true);
-        return false;
-    }
-    if (!fillCombo(ui->cbType, db(), QStringLiteral("SELECT name,id FROM type_device")))
-        return false;
     ui->cbType->addItem(tr("інше"));
-    const auto yesNo = readEntries(db(), QStringLiteral("SELECT name,id FROM yesno"));
-    for (QComboBox *box : {ui->cbHeadEdit, ui->cbBlock}) {
-        showEntries(box, yesNo.value_or(ListEntries()));
-        box->setCurrentIndex(box->findData(0));
-    }
-    return yesNo.has_value();
+    for (QComboBox *box : {ui->cbHeadEdit, ui->cbBlock})
+        chooseId(box, QStringLiteral("0"));
+    if (groups.isEmpty())
+        warn(tr("Не має доступних груп!") + QLatin1Char('\n') + noGroupsHint());
+    return !groups.isEmpty();
 }
 
-void QAddEdtKass::preset(const QString &group, unsigned int id_shop)
+void QAddEdtKass::loaded()
 {
-    chooseText(ui->cbGroup, group);
+    if (isNew())
+        preset();
+    showGateway();
+    ip_change(ui->leIp->text());
+    colourField(ui->leIp, m_isIpSound);
+}
+
+void QAddEdtKass::preset()
+{
+    chooseText(ui->cbGroup, m_group);
     if (ui->cbGroup->currentIndex() < 0)
         chooseOnlyItem(ui->cbGroup);
-    if (id_shop == 0)
-        return showGateway();
-    const auto shop =
-        db().firstRow(QStringLiteral("SELECT shops.group_shop,shops.network_shop FROM shops LEFT JOIN "
-                                     "kassa ON kassa.id_shop=shops.id WHERE shops.id=") +
-                      QString::number(id_shop) + QStringLiteral(" LIMIT 1"));
-    if (shop && !shop->isEmpty()) {
-        ui->cbGroup->setCurrentIndex(ui->cbGroup->findData(shop->first().toUInt()));
-        ui->cbShop->setCurrentIndex(ui->cbShop->findData(id_shop));
+    const Shop preset = shop(m_shop);
+    if (preset.id.isEmpty())
+        return;
+    chooseId(ui->cbGroup, preset.group);
+    chooseId(ui->cbShop, preset.id);
+}
+
+/// Empty for one that is not there.
+QAddEdtKass::Shop QAddEdtKass::shop(const QString &id) const
+{
+    for (const Shop &shop : m_shops) {
+        if (shop.id == id)
+            return shop;
     }
+    return {};
 }
 
 /// The shop that the register stands in is offered whatever has become of it, so that the register can be
@@ -131,23 +150,20 @@ void QAddEdtKass::preset(const QString &group, unsigned int id_shop)
 void QAddEdtKass::showField(const QString &key, const std::optional<RecordField> &value)
 {
     if (key == QLatin1String("id_shop"))
-        chooseGroupOf(value->stored);
+        chooseId(ui->cbGroup, shop(value->stored).group);
     RecordDialog::showField(key, value);
-}
-
-void QAddEdtKass::chooseGroupOf(const QString &shop)
-{
-    const auto group = db().firstText(QStringLiteral("SELECT group_shop FROM shops WHERE id=") +
-                                      (shop.isEmpty() ? QStringLiteral("NULL") : shop));
-    chooseId(ui->cbGroup, group.value_or(QString()));
 }
 
 void QAddEdtKass::selgroup(const QString &name)
 {
     Q_UNUSED(name)
-    fillCombo(ui->cbShop, db(),
-              QStringLiteral("SELECT address,id FROM shops WHERE count_day_cycle>0 AND group_shop=") +
-                  QString::number(ui->cbGroup->currentData().toUInt()));
+    const QString group = chosenItem(ui->cbGroup).id;
+    ListEntries offered;
+    for (const Shop &shop : qAsConst(m_shops)) {
+        if (shop.mayHoldRegisters && !group.isEmpty() && shop.group == group)
+            offered.append({shop.address, shop.id});
+    }
+    showEntries(ui->cbShop, offered);
     // The shop is to be chosen, not to be overlooked.
     ui->cbShop->setCurrentIndex(-1);
     showGateway();
@@ -155,12 +171,7 @@ void QAddEdtKass::selgroup(const QString &name)
 
 void QAddEdtKass::showGateway()
 {
-    const uint shop = ui->cbShop->currentData().toUInt();
-    const auto gateway = shop == 0
-                             ? std::nullopt
-                             : db().firstText(QStringLiteral("SELECT network_shop FROM shops WHERE id=") +
-                                              QString::number(shop));
-    ui->leGateway->setText(gateway.value_or(QString()));
+    ui->leGateway->setText(shop(chosenItem(ui->cbShop).id).gateway);
     ui->labelGateway->setVisible(!isSoundAddress(ui->leGateway->text()));
 }
 
@@ -200,13 +211,13 @@ QString QAddEdtKass::refusal() const
 
 QVector<UniqueValue> QAddEdtKass::uniqueValues() const
 {
-    return {{ui->leAdver,
+    return {{"advertising_str",
              QStringLiteral("SELECT id FROM kassa WHERE id_shop=(SELECT id FROM shops WHERE "
                             "address=:shop) AND advertising_str=:adver"),
              {{QStringLiteral(":shop"), ui->cbShop->currentText()},
               {QStringLiteral(":adver"), ui->leAdver->text().trimmed()}},
              tr("Рекламний рядок ідентифікації каси повинен бути унікальним в межах одного магазину!")},
-            {ui->leCashDrive,
+            {"cashdrive_code",
              QStringLiteral("SELECT id FROM kassa WHERE cashdrive_code=:cashdriv"),
              {{QStringLiteral(":cashdriv"), nullIfEmpty(ui->leCashDrive->text())}},
              tr("Код CashDrive повинен бути унікальним!")}};

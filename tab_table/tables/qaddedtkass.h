@@ -32,16 +32,30 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     QString refusal() const override;
     QVector<UniqueValue> uniqueValues() const override;
+    bool takeRows(const QVector<TextRows> &more) override;
     void showField(const QString &key, const std::optional<RecordField> &value) override;
+    void loaded() override;
 
 private:
+    /// A shop of the chain, whether it may hold registers or not.
+    struct Shop
+    {
+        QString address;
+        QString id;
+        QString group;
+        QString gateway;
+        bool mayHoldRegisters;
+    };
     QVector<RecordInput> inputs() const;
     void connectFields();
-    bool fillLists(const QTabKass *tab);
-    void preset(const QString &group, unsigned int id_shop);
-    void chooseGroupOf(const QString &shop);
+    void preset();
+    Shop shop(const QString &id) const;
     void showGateway();
 
     std::unique_ptr<Ui::QAddEdtKass> ui;
+    QVector<Shop> m_shops;
+    /// Preset for a new register.
+    const QString m_group;
+    const QString m_shop;
     bool m_isIpSound = true;
 };

@@ -3,6 +3,7 @@
 
 #include "combos.h"
 #include "networkaddress.h"
+#include "permittedlists.h"
 #include "qtabshops.h"
 #include "typedinput.h"
 
@@ -40,30 +41,35 @@ RecordStatements statements()
 
 QAddEdtShop::QAddEdtShop(QTabShops *tab, QLoadedUser *user, QSqlDatabase *db, QString *id, QObject *receiver,
                          QWidget *parent)
-    : RecordDialog(Db(db, receiver), statements(), id, parent), ui(std::make_unique<Ui::QAddEdtShop>())
+    : RecordDialog(Db(db, receiver), statements(), id, parent)
+    , ui(std::make_unique<Ui::QAddEdtShop>())
+    , m_group(QString::number(tab->chosenGroup()))
 {
     ui->setupUi(this);
     ui->leAddress->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
     ui->leTitle1->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
-    for (QComboBox *box : {ui->cbGroup, ui->cbDay})
+    for (QComboBox *box : {ui->cbGroup, ui->cbDay, ui->cbBlock})
         keepNarrow(box);
     connectFields();
-    if (!fillLists(user) || !load(inputs()))
-        return;
-    if (isNew())
-        presetNew(tab->chosenGroup());
-    checkNetwork();
+    load(inputs(*user));
 }
 
-QAddEdtShop::~QAddEdtShop() = default;
+/// A field that loses the focus still finds the others.
+QAddEdtShop::~QAddEdtShop()
+{
+    hide();
+}
 
-QVector<RecordInput> QAddEdtShop::inputs() const
+QVector<RecordInput> QAddEdtShop::inputs(const QLoadedUser &user) const
 {
     using Form = InputForm;
+    const QString days = QStringLiteral("SELECT name,id FROM day_update ORDER BY id");
+    const QString yesNo = QStringLiteral("SELECT name,id FROM yesno");
     return {{ui->leAddress, Form::Trimmed, "address", ":addr"},
             {ui->leName, Form::Text, "name", ":name"},
-            {ui->cbGroup, Form::Entry, "group_shop", ":group", "group_shop.name"},
-            {ui->cbDay, Form::Entry, "day_update", ":day", "day_update.name"},
+            {ui->cbGroup, Form::Entry, "group_shop", ":group", "group_shop.name", nullptr,
+             permittedGroupsSql(user, true)},
+            {ui->cbDay, Form::Entry, "day_update", ":day", "day_update.name", nullptr, days},
             {ui->leTitle1, Form::Text, "one_str_title", ":title1"},
             {ui->leTitle2, Form::Text, "two_str_title", ":title2"},
             {ui->leTitle3, Form::Text, "three_str_title", ":title3"},
@@ -72,7 +78,7 @@ QVector<RecordInput> QAddEdtShop::inputs() const
             {ui->leEnd2, Form::Text, "two_str_bottom", ":end2"},
             {ui->leNetwork, Form::Address, "network_shop", ":network"},
             {ui->sbDayCycle, Form::Number, "count_day_cycle", ":day_cycle", nullptr, ":count_day_cycle"},
-            {ui->cbBlock, Form::Entry, "block", ":block", "yesno.name"}};
+            {ui->cbBlock, Form::Entry, "block", ":block", "yesno.name", nullptr, yesNo}};
 }
 
 void QAddEdtShop::connectFields()
@@ -85,19 +91,19 @@ void QAddEdtShop::connectFields()
     connect(ui->cbType, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QAddEdtShop::chang_type);
 }
 
-bool QAddEdtShop::fillLists(QLoadedUser *user)
+void QAddEdtShop::loaded()
 {
-    QTab::GetLstGroupShopFromPermis(db().connection(), user, db().receiver(), true, ui->cbGroup);
-    return fillCombo(ui->cbDay, db(), QStringLiteral("SELECT name,id FROM day_update ORDER BY id")) &&
-           fillCombo(ui->cbBlock, db(), QStringLiteral("SELECT name,id FROM yesno"));
+    if (isNew())
+        presetNew();
+    checkNetwork();
 }
 
-void QAddEdtShop::presetNew(uint group)
+void QAddEdtShop::presetNew()
 {
-    ui->cbGroup->setCurrentIndex(group == 0 ? -1 : ui->cbGroup->findData(group));
+    chooseId(ui->cbGroup, m_group);
     if (ui->cbGroup->currentIndex() < 0)
         chooseOnlyItem(ui->cbGroup);
-    ui->cbBlock->setCurrentIndex(ui->cbBlock->findData(0));
+    chooseId(ui->cbBlock, QStringLiteral("0"));
     ui->sbDayCycle->setValue(m_lastCycle);
 }
 
@@ -157,11 +163,11 @@ QString QAddEdtShop::refusal() const
 QVector<UniqueValue> QAddEdtShop::uniqueValues() const
 {
     const QString network = typedAddress(ui->leNetwork);
-    return {{ui->leAddress,
+    return {{"address",
              QStringLiteral("SELECT id FROM shops WHERE address=:addr"),
              {{QStringLiteral(":addr"), ui->leAddress->text().trimmed()}},
              tr("Адреса магазину вже існує в базі!")},
-            {ui->leNetwork,
+            {"network_shop",
              QStringLiteral("SELECT id FROM shops WHERE network_shop=:network"),
              {{QStringLiteral(":network"), nullIfEmpty(network)}},
              tr("Шлюз %1 вже має інший магазин!").arg(network)}};

@@ -31,16 +31,18 @@ protected:
     QString refusal() const override;
     QVector<UniqueValue> uniqueValues() const override;
     void showField(const QString &key, const std::optional<RecordField> &value) override;
+    void loaded() override;
 
 private:
-    QVector<RecordInput> inputs() const;
+    QVector<RecordInput> inputs(const QLoadedUser &user) const;
     void connectFields();
-    bool fillLists(QLoadedUser *user);
-    void presetNew(uint group);
+    void presetNew();
     void checkNetwork();
     void widenCycle(const QString &stored);
 
     std::unique_ptr<Ui::QAddEdtShop> ui;
+    /// Preset for a new shop; empty for none.
+    const QString m_group;
     bool m_mayLackCycle = false;
     /// What an ordinary shop gets back after a look at the other types.
     int m_lastCycle = 1;

@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "db.h"
 #include "goodsrules.h"
+#include "permittedlists.h"
 #include "qaddedtgoods.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
@@ -19,7 +20,6 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsFilter)
 {
     table = QStringLiteral("goods");
-    countsRecords = true;
     query = QStringLiteral(
         "SELECT goods.id, dk_shc.shtrihcod, goods.name,goods.price, type_goods.name, group_goods.name, "
         "tax.name, ynbon_disk.name, ynblock.name FROM goods LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
@@ -48,7 +48,8 @@ void QTabGoods::buildFilter()
     ui->cbGroup->insertItem(0, tr("Всі групи"), 0);
     ui->cbGroup->setCurrentIndex(0);
     keepNarrow(ui->cbGroup);
-    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
+    setSearchField(ui->leSearch);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoods::seerch);
     connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
     connect(ui->chByCode, &QCheckBox::toggled, this, &QTabGoods::searchAgain);
 }
@@ -56,7 +57,10 @@ void QTabGoods::buildFilter()
 void QTabGoods::seerch(const QString &text)
 {
     const QString condition = goodsCondition(ui->cbGroup->currentData().toUInt(), text.trimmed());
-    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()));
+    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()),
+           QStringLiteral("SELECT COUNT(DISTINCT id) FROM goods LEFT JOIN dk_shc ON "
+                          "goods.id=dk_shc.id_goods") +
+               condition);
 }
 
 void QTabGoods::searchAgain()
@@ -76,11 +80,7 @@ QVector<int> QTabGoods::rowsOf(const QString &id) const
 
 std::unique_ptr<RecordDialog> QTabGoods::makeEditor(QString *id)
 {
-    QComboBox box;
-    GetLstShopFromPermis(db().connection(), user(), receiver(), QString(), &box);
-    QVector<NamedId> shops;
-    for (int i = 0; i < box.count(); ++i)
-        shops.append({box.itemText(i), toText(box.itemData(i))});
+    const QString shops = permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id"));
     return std::make_unique<QAddEdtGoods>(this, db().connection(), id, shops, receiver(), this);
 }
 

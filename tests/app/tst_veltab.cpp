@@ -1,7 +1,6 @@
 #include "testing.h"
 
 #include "connectionstate.h"
-#include "dbtasks.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qmessevent.h"
@@ -96,19 +95,6 @@ void logIn(QDialog *dialog, const QString &login)
     edits.at(1)->setText(QString());
     static_cast<QSelUser *>(dialog)->ok();
 }
-
-/// As a person does who waits for the answer.
-void logInAndWait(QSelUser *dialog)
-{
-    logIn(dialog, "admin");
-    waitOutTasks();
-}
-
-/// The login dialog still waits for the database.
-bool isReading(QDialog *dialog)
-{
-    return qobject_cast<QSelUser *>(dialog) != nullptr && !DbTasks::isIdle();
-}
 } // namespace
 
 void TstVeltab::init()
@@ -134,8 +120,6 @@ void TstVeltab::start(const std::function<void(QDialog *)> &answer)
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         if (dialog == nullptr)
             return;
-        if (isReading(dialog))
-            return;
         if (auto *text = dialog->findChild<QLabel *>("labelText"))
             m_shown.append(text->text());
         answer(dialog);
@@ -152,7 +136,6 @@ void TstVeltab::start(const std::function<void(QDialog *)> &answer)
     QTRY_VERIFY_WITH_TIMEOUT(isOver(), 30000);
     QTRY_VERIFY_WITH_TIMEOUT(QApplication::activeModalWidget() == nullptr, 15000);
     QTest::qWait(50);
-    waitOutTasks();
 }
 
 void TstVeltab::startLoggedIn(const QString &login)
@@ -327,7 +310,6 @@ void TstVeltab::changedRightsAreFollowed()
     m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_prem=13 AND id_g_prem<>1");
     m_base->exec("DELETE FROM lst_permis WHERE id_prem=10 AND id_g_prem<>1");
     m_window->readRights();
-    waitOutTasks();
     QVERIFY(!action("add")->isVisible() && !action("mt_shops")->isVisible());
     QVERIFY(action("mt_goods")->isVisible());
 }
@@ -343,7 +325,7 @@ void TstVeltab::cancelledLoginKeepsTheUser()
     QTimer answer;
     connect(&answer, &QTimer::timeout, this, [&] {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (dialog == nullptr || isReading(dialog))
+        if (dialog == nullptr)
             return;
         if (qobject_cast<QSelUser *>(dialog) == nullptr)
             dialog->accept();
@@ -467,12 +449,10 @@ void TstVeltab::loginTellsTheFirstUser()
     QVERIFY2(connectionText().contains("додайте магазин"), qPrintable(connectionText()));
     m_base->exec("INSERT INTO shops(address,name,group_shop,block) VALUES('А','М',1,0)");
     action("mt_kass")->trigger();
-    waitOutTasks();
     QVERIFY2(connectionText().contains("додайте касу"), qPrintable(connectionText()));
     m_base->exec("INSERT INTO kassa(id,advertising_str,id_shop,block) SELECT 1,'К',id,0 FROM shops");
     m_base->exec("INSERT INTO goods(id,name) VALUES(1,'Т')");
     action("mt_goods")->trigger();
-    waitOutTasks();
     QVERIFY2(connectionText().contains("«Продається в магазинах»"), qPrintable(connectionText()));
     m_window.reset();
     addUser("viewer", "0=1 10=2");
@@ -511,7 +491,6 @@ void TstVeltab::lostConnectionIsToldInWords()
     m_base->exec("DELETE FROM lst_permis WHERE id_prem=13");
     emit state->back();
     QCOMPARE(label->text(), QString("З'єднано"));
-    waitOutTasks();
     QVERIFY2(connectionText().isEmpty(), qPrintable(connectionText()));
     QVERIFY(!action("mt_goods")->isVisible() && action("mt_shops")->isVisible());
 }
@@ -671,7 +650,7 @@ void TstVeltab::settingsReconnectOnlyToANewAddress()
             action("login")->trigger();
             QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
         },
-        logInAndWait));
+        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
     QVERIFY(m_window->windowTitle().endsWith(other.address().name));
     m_window.reset();
 }
@@ -716,7 +695,7 @@ void TstVeltab::unreadableSettingsConnectNowhere()
             child<QPushButton>(m_window.get(), "pbReconnect")->click();
             QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
         },
-        logInAndWait));
+        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
 }
 
 void TstVeltab::recordCommandsFollowTheTab()
@@ -858,18 +837,13 @@ void TstVeltab::indexesAreOfferedAndTakenBack()
                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks' AND INDEX_NAME LIKE 'tune%'");
     };
     const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
-    const auto tune = [this] {
-        action("mt_tune")->trigger();
-        waitOutTasks();
-    };
+    const auto tune = [this] { action("mt_tune")->trigger(); };
     QVERIFY(answerConfirm(tune, false).contains("\nДодати до чеків у базі два індекси?"));
     QVERIFY(!isWorking());
-    m_base->exec("LOCK TABLES cheks READ");
     answerConfirm(tune, true);
     QVERIFY(isWorking());
     QVERIFY(answerConfirm([this] { m_window->close(); }, false).contains("Ще триває: «Індекси додаються»"));
     QVERIFY(m_window->isVisible());
-    m_base->exec("UNLOCK TABLES");
     QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
     QCOMPARE(indexes(), QString("2"));
     QVERIFY(answerConfirm(tune, true).contains("\nІндекси для швидких звітів уже є у базі."));
@@ -883,12 +857,7 @@ void TstVeltab::tuningAndSettingsDoNotCross()
     auto *settings = child<setting>(m_window.get(), "setting");
     const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
     m_base->exec("LOCK TABLES cheks READ");
-    answerConfirm(
-        [this] {
-            action("mt_tune")->trigger();
-            waitOutTasks();
-        },
-        true);
+    answerConfirm([this] { action("mt_tune")->trigger(); }, true);
     QVERIFY(isWorking());
     child<QLineEdit>(settings, "leBase")->setText("інша");
     QVERIFY(

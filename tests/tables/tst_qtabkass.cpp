@@ -108,12 +108,12 @@ QStringList TstQTabKass::shown(int column)
 bool TstQTabKass::edit(int id, const std::function<void(QAddEdtKass *)> &drive)
 {
     const int row = shown(0).indexOf(QString::number(id));
-    return withModal<QAddEdtKass>([&] { m_tab->Edit(m_tab->model()->index(row, 1)); }, drive);
+    return inEditor<QAddEdtKass>([&] { m_tab->Edit(m_tab->model()->index(row, 1)); }, drive);
 }
 
 bool TstQTabKass::add(const std::function<void(QAddEdtKass *)> &drive)
 {
-    return withModal<QAddEdtKass>([&] { m_tab->Add(); }, drive);
+    return inEditor<QAddEdtKass>([&] { m_tab->Add(); }, drive);
 }
 
 QStringList TstQTabKass::stored(const QString &where)
@@ -355,7 +355,7 @@ void TstQTabKass::shopsThatChangedNamesAreTold()
         m_base->exec({"UPDATE shops SET address='Київ' WHERE id=11",
                       "UPDATE shops SET address='Львів' WHERE id=10",
                       "UPDATE kassa SET block=1 WHERE id=20"});
-        QVERIFY(withModal<ChangesDialog>([&] { child<QPushButton>(editor, "pbOk")->click(); },
+        QVERIFY(withModal<ChangesDialog>([&] { child<QPushButton>(editor, "pbOk")->click(), waitOutTasks(); },
                                          [](ChangesDialog *dialog) { dialog->reject(); }));
     }));
     QCOMPARE(stored("id=20"), QStringList{"10|Каса 1|001|1|1|інфо|М|Мод|777|10.0.1.1|2|3"});

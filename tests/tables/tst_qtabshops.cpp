@@ -120,12 +120,12 @@ void TstQTabShops::type(const QString &text)
 
 bool TstQTabShops::edit(int row, const std::function<void(QAddEdtShop *)> &drive)
 {
-    return withModal<QAddEdtShop>([&] { m_tab->Edit(m_tab->model()->index(row, 1)); }, drive);
+    return inEditor<QAddEdtShop>([&] { m_tab->Edit(m_tab->model()->index(row, 1)); }, drive);
 }
 
 bool TstQTabShops::add(const std::function<void(QAddEdtShop *)> &drive)
 {
-    return withModal<QAddEdtShop>([&] { m_tab->Add(); }, drive);
+    return inEditor<QAddEdtShop>([&] { m_tab->Add(); }, drive);
 }
 
 void TstQTabShops::filtersNarrowTheList()
@@ -450,7 +450,7 @@ void TstQTabShops::lostAnswerIsLookedUp()
                         isLost = true;
                         // The new transaction keeps the client from reconnecting silently.
                         if (serverGotIt)
-                            m_base->exec("COMMIT AND CHAIN");
+                            commitHere();
                         m_base->killConnection();
                     } else if (isLost && sql.endsWith("FOR UPDATE")) {
                         m_base->exec("RENAME TABLE shops TO away");

@@ -125,7 +125,7 @@ void TstRecordDialog::editShop(const std::function<void(QAddEdtShop *)> &drive)
     tab.show();
     QTRY_VERIFY(!tab.isLoading());
     tab.view()->sortByColumn(0, Qt::AscendingOrder);
-    QVERIFY(withModal<QAddEdtShop>([&] { tab.Edit(tab.model()->index(0, 1)); }, drive));
+    QVERIFY(inEditor<QAddEdtShop>([&] { tab.Edit(tab.model()->index(0, 1)); }, drive));
 }
 
 void TstRecordDialog::editKass(const std::function<void(QAddEdtKass *)> &drive)
@@ -135,22 +135,27 @@ void TstRecordDialog::editKass(const std::function<void(QAddEdtKass *)> &drive)
     tab.show();
     QTRY_VERIFY(!tab.isLoading());
     tab.view()->sortByColumn(0, Qt::AscendingOrder);
-    QVERIFY(withModal<QAddEdtKass>([&] { tab.Edit(tab.model()->index(0, 1)); }, drive));
+    QVERIFY(inEditor<QAddEdtKass>([&] { tab.Edit(tab.model()->index(0, 1)); }, drive));
 }
 
 std::unique_ptr<QAddEdtGoods> TstRecordDialog::goodsEditor()
 {
     m_id = "7";
     auto editor = std::make_unique<QAddEdtGoods>(nullptr, m_place->connection(), &m_id,
-                                                 QVector<NamedId>{{"Львів", "10"}, {"Київ", "11"}},
-                                                 &base().heard, nullptr);
+                                                 "SELECT address,id FROM shops", &base().heard, nullptr);
     editor->show();
+    waitOutTasks();
     return editor;
 }
 
 bool TstRecordDialog::saveAsking(QDialog *editor, const Drive &drive)
 {
-    return withModal<ChangesDialog>([&] { child<QPushButton>(editor, "pbOk")->click(); }, drive);
+    return withModal<ChangesDialog>(
+        [&] {
+            child<QPushButton>(editor, "pbOk")->click();
+            waitOutTasks();
+        },
+        drive);
 }
 
 void TstRecordDialog::onlyDifferentChangesConflict_data()
@@ -481,15 +486,15 @@ void TstRecordDialog::savedOnceByADoubleClick()
     Db::setStatementHook([&](const QString &sql) { inserts += sql.startsWith("INSERT INTO shops") ? 1 : 0; });
     QTabShops tab(m_place->connection(), m_place->user(), &base().heard, m_place->settings(), nullptr);
     tab.setPermission(Permission::Shops);
-    QVERIFY(withModal<QAddEdtShop>([&] { tab.Add(); },
-                                   [](QAddEdtShop *editor) {
-                                       enter(editor, "leAddress", "Одеса");
-                                       enter(editor, "cbGroup", "Захід");
-                                       auto *ok = child<QPushButton>(editor, "pbOk");
-                                       QTest::mouseClick(ok, Qt::LeftButton);
-                                       QTest::mouseDClick(ok, Qt::LeftButton);
-                                       QTest::keyClick(ok, Qt::Key_Return);
-                                   }));
+    QVERIFY(inEditor<QAddEdtShop>([&] { tab.Add(); },
+                                  [](QAddEdtShop *editor) {
+                                      enter(editor, "leAddress", "Одеса");
+                                      enter(editor, "cbGroup", "Захід");
+                                      auto *ok = child<QPushButton>(editor, "pbOk");
+                                      QTest::mouseClick(ok, Qt::LeftButton);
+                                      QTest::mouseDClick(ok, Qt::LeftButton);
+                                      QTest::keyClick(ok, Qt::Key_Return);
+                                  }));
     QCOMPARE(inserts, 1);
     QCOMPARE(base().value("SELECT COUNT(*) FROM shops WHERE address='Одеса'"), QString("1"));
 }
@@ -560,28 +565,28 @@ void TstRecordDialog::writtenAndThenCancelledIsShown()
     QTabShops tab(m_place->connection(), m_place->user(), &base().heard, m_place->settings(), nullptr);
     tab.setPermission(Permission::Shops);
     QTRY_VERIFY(!tab.isLoading());
-    QVERIFY(withModal<QAddEdtShop>([&] { tab.Add(); },
-                                   [&](QAddEdtShop *editor) {
-                                       enter(editor, "leAddress", "Одеса");
-                                       enter(editor, "cbGroup", "Захід");
-                                       bool isLost = false;
-                                       Db::setStatementHook([&](const QString &sql) {
-                                           if (sql == "COMMIT" && !isLost) {
-                                               isLost = true;
-                                               base().exec("COMMIT AND CHAIN");
-                                               base().killConnection();
-                                           } else if (isLost && sql.endsWith("FOR UPDATE")) {
-                                               base().exec("RENAME TABLE shops TO away");
-                                           }
-                                       });
-                                       QVERIFY(saveMeets(editor).contains("невідомо, чи запис збережено"));
-                                       Db::setStatementHook(nullptr);
-                                       base().exec("RENAME TABLE away TO shops");
-                                       enter(editor, "leAddress", "Київ");
-                                       QVERIFY(
-                                           saveMeets(editor).startsWith("Адреса магазину вже існує в базі!"));
-                                       answerConfirm([&] { editor->reject(); }, true);
-                                   }));
+    QVERIFY(inEditor<QAddEdtShop>([&] { tab.Add(); },
+                                  [&](QAddEdtShop *editor) {
+                                      enter(editor, "leAddress", "Одеса");
+                                      enter(editor, "cbGroup", "Захід");
+                                      bool isLost = false;
+                                      Db::setStatementHook([&](const QString &sql) {
+                                          if (sql == "COMMIT" && !isLost) {
+                                              isLost = true;
+                                              commitHere();
+                                              base().killConnection();
+                                          } else if (isLost && sql.endsWith("FOR UPDATE")) {
+                                              base().exec("RENAME TABLE shops TO away");
+                                          }
+                                      });
+                                      QVERIFY(saveMeets(editor).contains("невідомо, чи запис збережено"));
+                                      Db::setStatementHook(nullptr);
+                                      base().exec("RENAME TABLE away TO shops");
+                                      enter(editor, "leAddress", "Київ");
+                                      QVERIFY(
+                                          saveMeets(editor).startsWith("Адреса магазину вже існує в базі!"));
+                                      answerConfirm([&] { editor->reject(); }, true);
+                                  }));
     QCOMPARE(tab.model()->rowCount(), 3);
     QCOMPARE(tab.model()->stored(2, 1), QString("Одеса"));
 }

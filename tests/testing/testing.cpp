@@ -210,8 +210,12 @@ QString FreshDatabase::value(const QString &sql)
 
 void FreshDatabase::killConnection()
 {
-    const QString id = value(QStringLiteral("SELECT CONNECTION_ID()"));
-    QSqlQuery(m_admin).exec(QStringLiteral("KILL CONNECTION ") + id);
+    QSqlQuery ids(m_admin);
+    ids.exec(
+        QStringLiteral("SELECT id FROM information_schema.processlist WHERE db='%1' AND id<>CONNECTION_ID()")
+            .arg(m_name));
+    while (ids.next())
+        QSqlQuery(m_admin).exec(QStringLiteral("KILL CONNECTION ") + ids.value(0).toString());
 }
 
 void FreshDatabase::execElsewhere(const QString &sql)
@@ -219,6 +223,19 @@ void FreshDatabase::execElsewhere(const QString &sql)
     QSqlQuery query(m_admin);
     if (!query.exec(QStringLiteral("USE ") + m_name) || !query.exec(sql))
         qFatal("%s\n%s", qPrintable(query.lastError().text()), qPrintable(sql));
+}
+
+void commitHere()
+{
+    const QStringList names = QSqlDatabase::connectionNames();
+    for (const QString &name : names) {
+        if (!name.contains(QLatin1String("_worker_")))
+            continue;
+        // Of another thread it is none.
+        QSqlDatabase db = QSqlDatabase::database(name, false);
+        if (db.isValid() && !QSqlQuery(db).exec(QStringLiteral("COMMIT AND CHAIN")))
+            qFatal("%s", qPrintable(db.lastError().text()));
+    }
 }
 
 void failMissingChild(const QObject *parent, const QString &name, const char *type)

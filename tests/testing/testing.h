@@ -64,7 +64,8 @@ public:
     QString value(const QString &sql);
     /// All rows, the cells of a row joined by "|"; NULL is empty.
     QStringList rows(const QString &sql);
-    /// Ends this connection from outside, as a failing server or network would.
+    /// Ends every connection to this database from outside, as a failing server or network would: this one,
+    /// that of the tasks and those in the background. Any thread.
     void killConnection();
     /// Runs a statement on another connection, as another program would in the middle of a transaction of
     /// this one.
@@ -78,6 +79,10 @@ private:
     QSqlDatabase m_db;
     QSqlDatabase m_admin;
 };
+
+/// For a statement hook at COMMIT, in the thread of that statement: its transaction is committed, and the
+/// COMMIT itself finds a new one. killConnection() right behind it loses the answer to what was written.
+void commitHere();
 
 /// The child widget of that name and type; prints the names there are and fails the test program if it
 /// is missing.

@@ -59,5 +59,8 @@ void enter(QWidget *window, const QString &name, const QString &text)
 
 QString saveMeets(QDialog *editor)
 {
-    return answerQuestion([&] { child<QPushButton>(editor, "pbOk")->click(); });
+    return answerQuestion([&] {
+        child<QPushButton>(editor, "pbOk")->click();
+        waitOutTasks();
+    });
 }

@@ -41,5 +41,18 @@ private:
 
 /// Puts a text into a line of a window, or chooses it in a box.
 void enter(QWidget *window, const QString &name, const QString &text);
-/// Clicks on OK and returns the warning that the save meets; empty when there is none.
+/// Clicks on OK and returns the warning that the save meets; empty when there is none. Waits for its end.
 QString saveMeets(QDialog *editor);
+/// Runs open, which opens an editor of that type, and drive on it when it has read what it shows. What it
+/// began is waited for. False when none has opened.
+template<typename Editor>
+bool inEditor(const std::function<void()> &open, const std::function<void(Editor *)> &drive)
+{
+    const bool isDriven = withModal<Editor>(open, [&](Editor *editor) {
+        waitOutTasks();
+        drive(editor);
+        waitOutTasks();
+    });
+    waitOutTasks();
+    return isDriven;
+}
