@@ -6,7 +6,13 @@
 
 #include <QCoreApplication>
 
-QString nextStep(const Db &db, const QLoadedUser &user)
+bool mayFollowNextStep(const QLoadedUser &user)
+{
+    return user.maySee(Permission::BackOffice) && user.mayEdit(Permission::Shops) &&
+           user.mayEdit(Permission::Goods);
+}
+
+QString nextStep(const Db &db)
 {
     struct Step
     {
@@ -28,9 +34,6 @@ QString nextStep(const Db &db, const QLoadedUser &user)
          QT_TRANSLATE_NOOP("NextStep",
                            "Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, "
                            "«Продається в магазинах».")}};
-    // Whoever cannot add what is missing would only be sent to closed doors.
-    if (!user.mayEdit(Permission::Shops) || !user.mayEdit(Permission::Goods))
-        return QString();
     for (const Step &step : steps) {
         const auto isFilled =
             db.firstText(QStringLiteral("SELECT EXISTS(SELECT 1 FROM %1)").arg(QLatin1String(step.table)));

@@ -46,6 +46,9 @@ Session::Session(const QString &directory, setting *settings, QLogger *logger, c
     , m_setting(settings)
     , m_window(window)
     , m_user(logger, window.widget)
+    , m_rightsTasks(connectionName, window.widget, nullptr)
+    , m_stepTasks(connectionName, window.widget, nullptr)
+    , m_tuneTasks(connectionName, window.widget, nullptr)
 {
     connect(settings, &setting::saved, this, &Session::applySettings);
 }
@@ -155,8 +158,8 @@ void Session::followConnection()
     connect(state, &ConnectionState::back, this, [this] {
         m_isLost = false;
         emit connectionIsBack();
+        say(m_user.isLoaded() ? QString() : tr("Користувач не увійшов."));
         readRights();
-        say(m_user.isLoaded() ? nextStep(Db(&m_db, m_window.widget), m_user) : tr("Користувач не увійшов."));
     });
 }
 
@@ -242,10 +245,18 @@ void Session::tuneDatabase()
         refuse(tr("Зачекайте, доки закінчиться робота з базою, яка триває."));
         return;
     }
-    const auto state = tunedState(Db(&m_db, m_window.widget));
-    if (!state)
+    if (m_tuneTasks.isWaiting())
         return;
-    const Tuning tuning = *state == TunedState::Whole ? Tuning::Remove : Tuning::Add;
+    m_tuneTasks.read([](const Db &db) { return tunedState(db); },
+                     [this](const std::optional<TunedState> &state) {
+                         if (state && !isDatabaseAtWork())
+                             offerTuning(*state);
+                     });
+}
+
+void Session::offerTuning(TunedState state)
+{
+    const Tuning tuning = state == TunedState::Whole ? Tuning::Remove : Tuning::Add;
     if (QMessDlg::confirm(m_window.widget, tr("Прискорити звіти?"), tuningQuestion(tuning),
                           tuning == Tuning::Remove ? tr("&Прибрати індекси") : tr("&Додати індекси")))
         tune(tuning);
@@ -277,12 +288,9 @@ void Session::login()
         connectDatabase();
         return;
     }
-    if (askForUser()) {
-        welcome();
-    } else if (!m_user.isLoaded()) {
-        // Whoever worked before goes on when nobody else came in.
+    // Whoever worked before goes on when nobody else came in.
+    if (!askForUser() && !m_user.isLoaded())
         say(tr("Користувач не увійшов."));
-    }
     emit changed();
 }
 
@@ -294,52 +302,90 @@ bool Session::mayRememberLogin() const
            (file.exists() ? file.isWritable() : QFileInfo(m_directory).isWritable());
 }
 
-/// Nobody has changed the user that a new database comes with.
-bool Session::isFirstUserUntouched()
-{
-    return Db(&m_db, m_window.widget)
-               .firstText(QStringLiteral("SELECT COUNT(*)=1 AND MAX(login='admin' AND pass='') FROM users"))
-               .value_or(QString()) == QLatin1String("1");
-}
-
 bool Session::askForUser()
 {
     QSelUser dialog(m_directory, m_setting->prefIdentify(), m_window.widget, false, mayRememberLogin());
-    if (isFirstUserUntouched()) {
-        dialog.suggestLogin(QStringLiteral("admin"));
-        dialog.showHint(tr("Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: "
-                           "Користувачі → Змінити пароль."));
-    }
+    DbTasks hintTasks(connectionName, m_window.widget, nullptr);
+    DbTasks tasks(connectionName, m_window.widget, nullptr);
+    Entrant found;
+    dialog.setCheck([&] { lookForUser(&tasks, &dialog, &found); }, [&] { tasks.drop(); });
     dialog.suggestLogin(rememberedState(QString(), loginKey).toString());
-    bool isFound = false;
-    while (!isFound) {
-        if (m_isUnattended)
-            dialog.ok();
-        else if (dialog.exec() != QDialog::Accepted)
-            break;
-        isFound = findUser(dialog.login(), dialog.identifier(), dialog.isCard());
-        if (m_isUnattended)
-            break;
-    }
-    if (isFound)
-        rememberState(QString(), loginKey, dialog.login());
-    return isFound;
+    askWhetherFirstUser(&hintTasks, &dialog);
+    dialog.setAttribute(Qt::WA_DontShowOnScreen, m_isUnattended);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    rememberState(QString(), loginKey, dialog.login());
+    welcome(found);
+    return true;
 }
 
-bool Session::findUser(const QString &name, const QString &identifier, bool isCard)
+/// Names the user that a new database comes with, as long as nobody has changed it.
+void Session::askWhetherFirstUser(DbTasks *tasks, QSelUser *dialog) const
 {
-    const bool found =
-        isCard ? m_user.loadpermis(&m_db, identifier) : m_user.loadpermis(&m_db, name, identifier);
-    // What was reported is shown before the dialog comes back.
+    tasks->read(
+        [](const Db &db) {
+            return db.firstText(
+                QStringLiteral("SELECT COUNT(*)=1 AND MAX(login='admin' AND pass='') FROM users"));
+        },
+        [this, dialog](const std::optional<QString> &isUntouched) {
+            if (isUntouched == QStringLiteral("1")) {
+                dialog->suggestLogin(QStringLiteral("admin"));
+                dialog->showHint(tr("Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть "
+                                    "пароль: Користувачі → Змінити пароль."));
+            }
+            if (!m_isUnattended)
+                return;
+            dialog->ok();
+            if (!dialog->isWaiting())
+                dialog->reject();
+        });
+}
+
+void Session::lookForUser(DbTasks *tasks, QSelUser *dialog, Entrant *found)
+{
+    tasks->read([name = dialog->login(), identifier = dialog->identifier(),
+                 isCard = dialog->isCard()](const Db &db) { return find(db, name, identifier, isCard); },
+                [this, dialog, found](const std::optional<Entrant> &entrant) {
+                    if (entrant)
+                        *found = *entrant;
+                    else
+                        tellWhyNobody(dialog);
+                    dialog->answer(entrant.has_value());
+                    if (!entrant && m_isUnattended)
+                        dialog->reject();
+                });
+}
+
+std::optional<Session::Entrant> Session::find(const Db &db, const QString &name, const QString &identifier,
+                                              bool isCard)
+{
+    const auto rights = isCard ? findUserOfCard(db, identifier) : findUser(db, name, identifier);
+    if (!rights)
+        return std::nullopt;
+    QUpdateBD().create_tmp(*db.connection(), db.receiver());
+    return Entrant{*rights, nameSename(db, rights->idUser.toInt())};
+}
+
+/// What was reported is shown before the dialog goes on. A lost server is reported once: then its words do.
+void Session::tellWhyNobody(QWidget *dialog)
+{
+    if (m_isLost)
+        QQestion::question(dialog, tr("Попередження."), m_words, true);
     QCoreApplication::sendPostedEvents(m_window.widget, QMessEvent::eventType);
     m_window.errors->show();
-    return found;
 }
 
 void Session::readRights()
 {
-    if (m_user.isLoaded())
-        m_user.reload(&m_db);
+    if (!m_user.isLoaded())
+        return;
+    m_rightsTasks.drop();
+    m_rightsTasks.read([user = m_user.rights()](const Db &db) { return ::readRights(db, user); },
+                       [this](const std::optional<UserRights> &rights) {
+                           if (rights)
+                               m_user.take(*rights);
+                           askNextStep();
+                       });
 }
 
 bool Session::hasNewAddress() const
@@ -364,21 +410,39 @@ void Session::applySettings()
 
 void Session::logout()
 {
+    m_rightsTasks.drop();
+    m_stepTasks.drop();
+    m_tuneTasks.drop();
     m_userName.clear();
     m_user.clear();
     emit changed();
 }
 
-void Session::welcome()
+void Session::welcome(const Entrant &entrant)
 {
-    QUpdateBD().create_tmp(m_db, m_window.widget);
-    m_userName = m_user.getNameSename(&m_db, m_user.idUser().toInt());
-    say(nextStep(Db(&m_db, m_window.widget), m_user));
+    m_rightsTasks.drop();
+    m_user.take(entrant.rights);
+    m_userName = entrant.name;
+    say(QString());
+    askNextStep();
     emit loggedIn();
+}
+
+/// The words change only when nothing else was said meanwhile.
+void Session::askNextStep()
+{
+    m_stepTasks.drop();
+    if (!m_user.isLoaded() || !mayFollowNextStep(m_user) || m_isLost)
+        return;
+    m_stepTasks.read([](const Db &db) { return nextStep(db); },
+                     [this, before = m_words](const QString &words) {
+                         if (m_words == before && words != before)
+                             say(words);
+                     });
 }
 
 void Session::refreshNextStep()
 {
-    if (m_isConnected && m_user.isLoaded() && !isStarting() && !m_words.isEmpty())
-        say(nextStep(Db(&m_db, m_window.widget), m_user));
+    if (m_isConnected && !isStarting() && !m_words.isEmpty())
+        askNextStep();
 }

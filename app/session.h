@@ -1,6 +1,7 @@
 #pragma once
 
 #include "connection.h"
+#include "dbtasks.h"
 #include "job.h"
 #include "qloadeduser.h"
 
@@ -11,9 +12,11 @@
 class ErrorList;
 class QLogger;
 class QProcEvent;
+class QSelUser;
 class QTabWidget;
 class QWidget;
 class setting;
+enum class TunedState;
 enum class Tuning;
 
 /// The connection of the main window and who works on it: connects to the database of the settings, creates
@@ -65,7 +68,7 @@ public slots:
     /// Offers to add the indexes for quick reports, or to take them away again.
     void tuneDatabase();
     void login();
-    /// Reads the rights of the user again.
+    /// Reads the rights of the user again; they are taken over when they are there.
     void readRights();
     /// Connects when the settings name another database by now.
     void applySettings();
@@ -80,6 +83,14 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    /// Whom the database knows by what was entered.
+    struct Entrant
+    {
+        UserRights rights;
+        QString name;
+    };
+    static std::optional<Entrant> find(const Db &db, const QString &name, const QString &identifier,
+                                       bool isCard);
     bool hasNewAddress() const;
     bool hasPages() const;
     bool isHeld();
@@ -89,13 +100,16 @@ private:
     void finishConnecting(const QProcEvent &outcome);
     void finishSchema(bool isCreated);
     void offerSchema(bool databaseIsMissing);
+    void offerTuning(TunedState state);
     void tune(Tuning tuning);
     bool mayRememberLogin() const;
-    bool isFirstUserUntouched();
     bool askForUser();
-    bool findUser(const QString &name, const QString &identifier, bool isCard);
+    void askWhetherFirstUser(DbTasks *tasks, QSelUser *dialog) const;
+    void lookForUser(DbTasks *tasks, QSelUser *dialog, Entrant *found);
+    void tellWhyNobody(QWidget *dialog);
     void logout();
-    void welcome();
+    void welcome(const Entrant &entrant);
+    void askNextStep();
     void refuse(const QString &text);
 
     QString m_directory;
@@ -106,6 +120,10 @@ private:
     QLoadedUser m_user;
     QString m_userName;
     QString m_words;
+    /// Of the user who is logged in: nothing of it answers when another one comes.
+    DbTasks m_rightsTasks;
+    DbTasks m_stepTasks;
+    DbTasks m_tuneTasks;
     /// Connects, or creates the tables.
     QPointer<Job> m_start;
     bool m_isConnected = false;

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "dbtasks.h"
+
 #include <QDialog>
 #include <memory>
-#include <optional>
 
-class Db;
 class QSqlDatabase;
+class WaitNote;
 
 namespace Ui {
 class QChangPass;
@@ -23,15 +24,18 @@ public:
 public slots:
     /// Checks the fields and stores the new password in its hashed form; the dialog closes only then.
     void chang();
+    /// Refused in words while the password is being stored.
+    void done(int result) override;
 
 private:
-    /// True when such a user has the stored password; nothing after a failed statement (reported).
-    std::optional<bool> exists(const Db &db, const QString &condition, const QString &pass) const;
-    std::optional<bool> isCurrentRight(const Db &db) const;
-    bool store(const Db &db) const;
+    enum class Outcome { Stored, WrongCurrent, Taken, Failed };
+    static Outcome store(const Db &db, quint32 idUser, const QString &current, const QString &next);
+    void setWaiting(bool isWaiting);
+    void tell(Outcome outcome);
     void warn(QWidget *field, const QString &reason);
 
     std::unique_ptr<Ui::QChangPass> ui;
     quint32 m_idUser;
-    QSqlDatabase *m_db;
+    DbTasks m_tasks;
+    WaitNote *m_note;
 };

@@ -8,7 +8,7 @@
 
 namespace {
 /// What finds a user; a condition follows.
-QString findUser()
+QString userQuery()
 {
     return QStringLiteral("SELECT id_g_prem,id,id_group,id_shop FROM users WHERE ");
 }
@@ -35,7 +35,79 @@ QString shopsTransmitOf(const QString &idGroupPremission, const QString &idShop)
            QStringLiteral(" AND id_shop<>(SELECT IF( (SELECT id FROM shops WHERE count_day_cycle>0 AND id=") +
            home + QStringLiteral(") IS NULL,0,") + home + QStringLiteral("))");
 }
+bool fillPermissions(const Db &db, UserRights *user)
+{
+    auto query = db.run(QStringLiteral("SELECT id_prem,permission FROM lst_permis WHERE id_g_prem=") +
+                        user->idGroupPremission);
+    if (!query)
+        return false;
+    while (query->next()) {
+        const qlonglong id = query->value(0).toLongLong();
+        if (id >= 0 && id < Permission::Count)
+            user->permissions[static_cast<size_t>(id)] = static_cast<qint16>(query->value(1).toInt());
+        else
+            postMessage(db.receiver(), QLoadedUser::tr("Id параметру виходить за межі списку!"));
+    }
+    return true;
+}
+
+std::optional<UserRights> readFound(const Db &db, const QString &sql, const QStringList &secrets)
+{
+    auto query = runSecret(db, sql, secrets, QLoadedUser::tr("Помилка запиту:"));
+    if (!query)
+        return std::nullopt;
+    if (!query->next()) {
+        postMessage(db.receiver(), QLoadedUser::tr("Користувача не знайдено!\nПерезавантажте програму!"));
+        return std::nullopt;
+    }
+    UserRights user;
+    user.idUser = toText(query->value(1));
+    user.idGroupPremission = toText(query->value(0));
+    user.idGroup = toText(query->value(2));
+    user.idShop = toText(query->value(3));
+    return readRights(db, user);
+}
 } // namespace
+
+std::optional<UserRights> findUser(const Db &db, const QString &login, const QString &pass)
+{
+    return readFound(db,
+                     userQuery() + QStringLiteral("login=") + lit(login) + QStringLiteral(" AND (pass=") +
+                         lit(pass) + QStringLiteral(" OR pass=") + lit(passwordHash(pass)) + QLatin1Char(')'),
+                     {pass, passwordHash(pass)});
+}
+
+std::optional<UserRights> findUserOfCard(const Db &db, const QString &key)
+{
+    // The seeded administrator has an empty password, which an empty key or one of blanks would equal.
+    const QString nobody = key.trimmed().isEmpty() ? QStringLiteral("0 AND ") : QString();
+    return readFound(db,
+                     userQuery() + nobody + QStringLiteral("pass=") + lit(key) +
+                         QStringLiteral(" OR key_prem=") + lit(key),
+                     {key});
+}
+
+std::optional<UserRights> readRights(const Db &db, const UserRights &user)
+{
+    UserRights read;
+    read.idUser = user.idUser;
+    read.idGroupPremission = user.idGroupPremission;
+    read.idGroup = user.idGroup;
+    read.idShop = user.idShop == QLatin1String("0") ? QString() : user.idShop;
+    if (!fillPermissions(db, &read) || !fillList(db, groupsOf(read.idGroupPremission), &read.groups) ||
+        !fillList(db, shopsTransmitOf(read.idGroupPremission, read.idShop), &read.shopsTransmit))
+        return std::nullopt;
+    return read;
+}
+
+QString nameSename(const Db &db, int id)
+{
+    const auto names =
+        db.firstRow(QStringLiteral("SELECT name,surname FROM users WHERE id=") + QString::number(id));
+    if (names && names->isEmpty())
+        postMessage(db.receiver(), QLoadedUser::tr("Користувача не знайдено!"));
+    return names ? names->join(QLatin1Char(' ')).trimmed() : QString();
+}
 
 QString passwordHash(const QString &password)
 {
@@ -50,91 +122,52 @@ QLoadedUser::QLoadedUser(QLogger *logger, QObject *receiver) : m_logger(logger),
 void QLoadedUser::clear()
 {
     const bool wasLoaded = isLoaded();
-    m_person = {};
+    m_rights = {};
     if (wasLoaded)
         emit rightsChanged();
 }
 
+void QLoadedUser::take(const UserRights &user)
+{
+    m_rights = user;
+    emit rightsChanged();
+}
+
+bool QLoadedUser::takeFound(const std::optional<UserRights> &user)
+{
+    if (user)
+        take(*user);
+    return user.has_value();
+}
+
 bool QLoadedUser::loadpermis(QSqlDatabase *db, const QString &login, const QString &pass)
 {
-    return loadFound(db,
-                     findUser() + QStringLiteral("login=") + lit(login) + QStringLiteral(" AND (pass=") +
-                         lit(pass) + QStringLiteral(" OR pass=") + lit(passwordHash(pass)) + QLatin1Char(')'),
-                     {pass, passwordHash(pass)});
+    return takeFound(findUser(Db(db, m_receiver), login, pass));
 }
 
 bool QLoadedUser::loadpermis(QSqlDatabase *db, const QString &pass)
 {
-    // The seeded administrator has an empty password, which an empty key or one of blanks would equal.
-    const QString nobody = pass.trimmed().isEmpty() ? QStringLiteral("0 AND ") : QString();
-    return loadFound(db,
-                     findUser() + nobody + QStringLiteral("pass=") + lit(pass) +
-                         QStringLiteral(" OR key_prem=") + lit(pass),
-                     {pass});
-}
-
-bool QLoadedUser::loadFound(QSqlDatabase *db, const QString &sql, const QStringList &secrets)
-{
-    auto query = runSecret(Db(db, m_receiver), sql, secrets, tr("Помилка запиту:"));
-    if (!query)
-        return false;
-    if (!query->next()) {
-        postMessage(m_receiver, tr("Користувача не знайдено!\nПерезавантажте програму!"));
-        return false;
-    }
-    return take(db, {toText(query->value(1)),
-                     toText(query->value(0)),
-                     toText(query->value(2)),
-                     toText(query->value(3)),
-                     {}});
+    return takeFound(findUserOfCard(Db(db, m_receiver), pass));
 }
 
 bool QLoadedUser::load(QSqlDatabase *db, const QString &id_g_prem, const QString &id_user,
                        const QString &id_shop)
 {
-    return take(db, {id_user, id_g_prem, QString(), id_shop, {}});
+    UserRights user;
+    user.idUser = id_user;
+    user.idGroupPremission = id_g_prem;
+    user.idShop = id_shop;
+    return takeFound(readRights(Db(db, m_receiver), user));
 }
 
 bool QLoadedUser::reload(QSqlDatabase *db)
 {
-    return isLoaded() && take(db, m_person);
-}
-
-bool QLoadedUser::take(QSqlDatabase *connection, Person person)
-{
-    const Db db(connection, m_receiver);
-    if (person.idShop == QLatin1String("0"))
-        person.idShop.clear();
-    person.rights = {};
-    if (!fillPermissions(db, &person) ||
-        !fillList(db, groupsOf(person.idGroupPremission), &person.rights.groups) ||
-        !fillList(db, shopsTransmitOf(person.idGroupPremission, person.idShop), &person.rights.shopsTransmit))
-        return false;
-    m_person = person;
-    emit rightsChanged();
-    return true;
-}
-
-bool QLoadedUser::fillPermissions(const Db &db, Person *person) const
-{
-    auto query = db.run(QStringLiteral("SELECT id_prem,permission FROM lst_permis WHERE id_g_prem=") +
-                        person->idGroupPremission);
-    if (!query)
-        return false;
-    while (query->next()) {
-        const qlonglong id = query->value(0).toLongLong();
-        if (id >= 0 && id < Permission::Count)
-            person->rights.permissions[static_cast<size_t>(id)] =
-                static_cast<qint16>(query->value(1).toInt());
-        else
-            postMessage(m_receiver, tr("Id параметру виходить за межі списку!"));
-    }
-    return true;
+    return isLoaded() && takeFound(readRights(Db(db, m_receiver), m_rights));
 }
 
 int QLoadedUser::permission(int id) const
 {
-    return id >= 0 && id < Permission::Count ? m_person.rights.permissions[static_cast<size_t>(id)]
+    return id >= 0 && id < Permission::Count ? m_rights.permissions[static_cast<size_t>(id)]
                                              : static_cast<int>(Permission::Denied);
 }
 
@@ -142,16 +175,11 @@ bool QLoadedUser::isPermissionForShop(const QString &idShop, const QString &idGr
 {
     if (idShop.isEmpty())
         return false;
-    return idShop == m_person.idShop || m_person.rights.shopsTransmit.contains(idShop) ||
-           m_person.rights.groups.contains(idGroup);
+    return idShop == m_rights.idShop || m_rights.shopsTransmit.contains(idShop) ||
+           m_rights.groups.contains(idGroup);
 }
 
 QString QLoadedUser::getNameSename(QSqlDatabase *db, int id) const
 {
-    const auto names =
-        Db(db, m_receiver)
-            .firstRow(QStringLiteral("SELECT name,surname FROM users WHERE id=") + QString::number(id));
-    if (names && names->isEmpty())
-        postMessage(m_receiver, tr("Користувача не знайдено!"));
-    return names ? names->join(QLatin1Char(' ')).trimmed() : QString();
+    return nameSename(Db(db, m_receiver), id);
 }

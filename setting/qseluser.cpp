@@ -5,6 +5,7 @@
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "settingfile.h"
+#include "waitnote.h"
 
 #include <QKeyEvent>
 #include <utility>
@@ -35,6 +36,7 @@ QSelUser::QSelUser(const QString &directory, const QString &prefix, QWidget *par
     : QDialog(parent), ui(std::make_unique<Ui::QSelUser>()), m_directory(directory), m_prefix(prefix)
 {
     ui->setupUi(this);
+    m_note = new WaitNote(ui->labelWait, this);
     ui->chbCard->setChecked(cardMode);
     ui->chbRemember->setVisible(mayRemember);
     ui->leLogin->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
@@ -51,12 +53,18 @@ void QSelUser::connectButtons()
     connect(ui->pbOk, &QPushButton::clicked, this, &QSelUser::ok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QSelUser::canc);
     connect(ui->chbCard, &QCheckBox::clicked, ui->lePass, qOverload<>(&QWidget::setFocus));
+    connect(ui->chbCard, &QCheckBox::clicked, this, &QSelUser::abandon);
+    for (const QLineEdit *edit : {ui->leLogin, ui->lePass})
+        connect(edit, &QLineEdit::textChanged, this, &QSelUser::abandon);
 }
 
 void QSelUser::suggestLogin(const QString &name)
 {
-    if (login().isEmpty())
-        ui->leLogin->setText(name);
+    if (!login().isEmpty() || !m_digits.isEmpty() || name.isEmpty())
+        return;
+    ui->leLogin->setText(name);
+    if (ui->leLogin->hasFocus())
+        beginEntry();
 }
 
 void QSelUser::showHint(const QString &text)
@@ -115,13 +123,19 @@ void QSelUser::giveBackDigits()
     }
 }
 
-int QSelUser::exec()
+/// The hand goes to what is still to be typed.
+void QSelUser::beginEntry()
 {
     if (login().isEmpty())
         ui->leLogin->setFocus();
     else
         ui->lePass->setFocus();
     ui->lePass->selectAll();
+}
+
+int QSelUser::exec()
+{
+    beginEntry();
     return QDialog::exec();
 }
 
@@ -177,6 +191,8 @@ QChar QSelUser::CSEAN13(const QString &code)
 void QSelUser::ok()
 {
     giveBackDigits();
+    if (m_isWaiting)
+        return;
     if (login().isEmpty()) {
         QQestion::question(this, tr("Попередження"), tr("Імя користувача не може бути пустим"), true);
         ui->leLogin->setFocus();
@@ -185,7 +201,54 @@ void QSelUser::ok()
     rememberLogin();
     const QString text = ui->lePass->text();
     if (ui->chbCard->isChecked() ? takeInCardMode(text) : takeCard(text) || take(text, false))
+        beginCheck();
+}
+
+void QSelUser::setCheck(const std::function<void()> &begin, const std::function<void()> &drop)
+{
+    m_begin = begin;
+    m_drop = drop;
+}
+
+/// What is typed now takes the place of the password, as after a refusal.
+void QSelUser::beginCheck()
+{
+    if (!m_begin)
+        return accept();
+    m_isWaiting = true;
+    m_note->begin(tr("Читається…"));
+    ui->lePass->selectAll();
+    m_begin();
+}
+
+void QSelUser::answer(bool isFound)
+{
+    stopWaiting();
+    if (isFound)
         accept();
+    else
+        beginEntry();
+}
+
+void QSelUser::stopWaiting()
+{
+    m_isWaiting = false;
+    m_note->end();
+}
+
+/// Whoever types on means something else than what is being looked for.
+void QSelUser::abandon()
+{
+    if (!m_isWaiting)
+        return;
+    stopWaiting();
+    m_drop();
+}
+
+void QSelUser::done(int result)
+{
+    abandon();
+    QDialog::done(result);
 }
 
 void QSelUser::canc()

@@ -3,11 +3,13 @@
 #include <QDialog>
 #include <QPointer>
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 namespace Ui {
 class QSelUser;
 }
+class WaitNote;
 
 /// The login dialog: a login name, and a password or the barcode of a user card.
 ///
@@ -31,7 +33,16 @@ public:
     /// Shows a line above the buttons; none at first.
     void showHint(const QString &text);
 
-    /// What was entered, valid after acceptance. identifier: the key of a card, else the typed text.
+    /// Who looks for the user that was entered. begin: is to call answer() later, from the event loop; the
+    /// dialog stays open until then. drop: nobody waits for that any more, because something else is being
+    /// entered or the dialog is over. Without this everything well formed is accepted at once.
+    void setCheck(const std::function<void()> &begin, const std::function<void()> &drop);
+    /// Somebody was found, or nobody: then another try may be made.
+    void answer(bool isFound);
+    bool isWaiting() const { return m_isWaiting; }
+
+    /// What was entered, valid from begin on and after acceptance. identifier: the key of a card, else the
+    /// typed text.
     QString login() const;
     QString identifier() const { return m_identifier; }
     /// True when the identifier is a card's key, which finds the user alone: the login does not count.
@@ -44,12 +55,17 @@ public slots:
     int exec() override;
     void ok();
     void canc();
+    void done(int result) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void connectButtons();
+    void beginEntry();
+    void beginCheck();
+    void stopWaiting();
+    void abandon();
     void listenForScanner();
     bool keepDigit(QObject *field, const QString &text);
     void giveBackDigits();
@@ -71,4 +87,8 @@ private:
     QString m_digits;
     QPointer<QObject> m_digitsField;
     QTimer m_digitsPause;
+    std::function<void()> m_begin;
+    std::function<void()> m_drop;
+    WaitNote *m_note;
+    bool m_isWaiting = false;
 };

@@ -1463,6 +1463,14 @@ Wait or contact support.</translation>
         <source>Цей пароль використати не можна. Оберіть інший пароль.</source>
         <translation>This password cannot be used. Choose another password.</translation>
     </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Пароль ще записується. Зачекайте.</source>
+        <translation>The password is still being written. Please wait.</translation>
+    </message>
 </context>
 <context>
     <name>QChekViewer</name>
@@ -1889,6 +1897,10 @@ Clear it?</translation>
     <message>
         <source>Невірний ідентифікатор</source>
         <translation>Wrong identifier</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
     </message>
 </context>
 <context>

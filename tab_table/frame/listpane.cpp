@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSqlDatabase>
+#include <algorithm>
+#include <vector>
 
 ListPane::ListPane(QWidget *parent)
     : QWidget(parent)
@@ -213,6 +215,18 @@ void ListPane::setCount(qint64 count)
 {
     m_count = count;
     showCount();
+}
+
+int ListPane::countIds() const
+{
+    const int rows = m_model->rowCount();
+    std::vector<qint64> ids;
+    ids.reserve(static_cast<size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        ids.push_back(m_model->number(row, 0));
+    if (!std::is_sorted(ids.begin(), ids.end()))
+        std::sort(ids.begin(), ids.end());
+    return static_cast<int>(std::unique(ids.begin(), ids.end()) - ids.begin());
 }
 
 void ListPane::countAdded()

@@ -79,6 +79,8 @@ public:
     void setEmptyText(const QString &text) { m_emptyText = text; }
     /// How many records there are, where that is not the number of rows; after rowsShown().
     void setCount(qint64 count);
+    /// How many different ids stand in the first column.
+    int countIds() const;
     /// One record more, which stands in the list already.
     void countAdded();
     /// What the state tells behind the number of records: how long it took, of what the rows are.

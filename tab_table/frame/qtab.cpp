@@ -12,6 +12,7 @@
 #include "qtabdelegate.h"
 #include "qupdatebd.h"
 #include "recorddialog.h"
+#include "typingpause.h"
 #include "waitcursor.h"
 
 #include <QKeyEvent>
@@ -35,6 +36,8 @@ QTab::~QTab()
     // Its editor goes with the list: that is no answer of the user's.
     if (m_delegate != nullptr)
         m_delegate->blockSignals(true);
+    // The search field is left on the way out.
+    delete m_typing;
 }
 
 void QTab::buildList(QLayout *layout)
@@ -47,8 +50,8 @@ void QTab::buildList(QLayout *layout)
     view()->installEventFilter(this);
     connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     connect(m_list, &ListPane::rowsShown, this, [this] {
-        if (!m_countSql.isEmpty())
-            m_list->setCount(m_list->number());
+        if (countsRecords)
+            m_list->setCount(m_list->countIds());
         rowsShown();
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
@@ -65,13 +68,17 @@ QRowModel *QTab::model() const
     return m_list->model();
 }
 
-void QTab::setSearchField(QLineEdit *field)
+void QTab::setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find)
 {
     m_search = field;
+    m_typing = new TypingPause(this);
+    m_typing->follow(field);
+    connect(m_typing, &TypingPause::ended, this, [field, find] { find(field->text()); });
     setFocusProxy(field);
     field->installEventFilter(this);
-    auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, field, [field] {
+    auto *shortcut =
+        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, field, [field] {
         field->setFocus(Qt::ShortcutFocusReason);
         field->selectAll();
     });
@@ -86,12 +93,19 @@ bool QTab::eventFilter(QObject *watched, QEvent *event)
     if (watched == view() && isEnter)
         Edit();
     else if (watched == m_search && (isEnter || key == Qt::Key_Down))
-        m_list->enter();
+        enterList();
     else if (watched == m_search && key == Qt::Key_Escape)
         m_search->clear();
     else
         return QWidget::eventFilter(watched, event);
     return true;
+}
+
+/// What has been typed is searched first.
+void QTab::enterList()
+{
+    m_typing->end();
+    m_list->enter();
 }
 
 void QTab::connectDelegate()
@@ -143,7 +157,7 @@ void QTab::run(Command command)
 
 bool QTab::isLoading() const
 {
-    return m_list->isLoading();
+    return m_list->isLoading() || (m_typing != nullptr && m_typing->isRunning());
 }
 
 QString QTab::statement() const
@@ -162,7 +176,6 @@ void QTab::ShowData(int limit)
                               QStringLiteral("\nquery: ") + query);
     const WaitCursor wait;
     m_list->clear();
-    m_countSql.clear();
     QString sql = statement();
     if (limit >= 1)
         sql += QStringLiteral(" LIMIT ") + QString::number(limit);
@@ -174,12 +187,13 @@ void QTab::ShowData(int limit)
         m_list->clearAfterFailure();
 }
 
-void QTab::search(const QString &newFilter, const QString &countSql)
+void QTab::search(const QString &newFilter)
 {
     filter = newFilter;
-    m_countSql = countSql;
+    if (m_typing != nullptr)
+        m_typing->drop();
     tellEmptyText();
-    m_list->load(statement(), countSql);
+    m_list->load(statement());
 }
 
 void QTab::tellEmptyText()
@@ -261,7 +275,7 @@ void QTab::followUnclear()
                 tr("Редактор закрито, а чи записано зміни, невідомо: зв'язок обірвався під час запису. "
                    "Перевірте запис у списку."),
                 QMessEvent::Warning);
-    search(filter, m_countSql);
+    search(filter);
 }
 
 void QTab::refreshRecord(const QString &id, bool isNew)

@@ -7,6 +7,7 @@
 #include <QPersistentModelIndex>
 #include <QSqlDatabase>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -23,6 +24,7 @@ class QStandardItemModel;
 class QTabDelegate;
 class QTableView;
 class RecordDialog;
+class TypingPause;
 class setting;
 
 /// The base of every tab that lists one table of the database: it says what its list loads, refreshes a row
@@ -118,14 +120,13 @@ protected:
     void setColumns(const QVector<Column> &columns);
     /// A row of filter widgets above the grid.
     QWidget *addFilterBar();
-    /// The field that searches the list: it has the focus when the tab is opened, Ctrl+F goes to it, Esc
-    /// clears it, Enter and Down go on into the list.
-    void setSearchField(QLineEdit *field);
+    /// The field that searches the list, and what searches for its text: it has the focus when the tab is
+    /// opened, Ctrl+F goes to it, Esc clears it, Enter and Down go on into the list.
+    void setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find);
     /// Enter in the list edits its row.
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
-    /// countSql tells how many records there are.
-    void search(const QString &filter, const QString &countSql);
+    void search(const QString &filter);
     /// The user's rights were read again: what the filter offers may be different.
     virtual void followRights() {}
     /// The editor of the record of that id, which it changes to the id that a new record gets; null in tabs
@@ -148,9 +149,12 @@ protected:
     QString recordRefusal;
     /// Who may only look may export the list as well.
     bool isExportedToViewers = false;
+    /// A record may take several rows, which begin with its number: the list counts the records.
+    bool countsRecords = false;
 
 private:
     void buildList(QLayout *layout);
+    void enterList();
     void openEditor(const QString &id);
     void followUnclear();
     void connectDelegate();
@@ -165,6 +169,6 @@ private:
     QTabDelegate *m_delegate;
     /// The row that is being added.
     QPersistentModelIndex m_added;
-    QString m_countSql;
     QLineEdit *m_search = nullptr;
+    TypingPause *m_typing = nullptr;
 };

@@ -20,6 +20,7 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsFilter)
 {
     table = QStringLiteral("goods");
+    countsRecords = true;
     query = QStringLiteral(
         "SELECT goods.id, dk_shc.shtrihcod, goods.name,goods.price, type_goods.name, group_goods.name, "
         "tax.name, ynbon_disk.name, ynblock.name FROM goods LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
@@ -48,8 +49,7 @@ void QTabGoods::buildFilter()
     ui->cbGroup->insertItem(0, tr("Всі групи"), 0);
     ui->cbGroup->setCurrentIndex(0);
     keepNarrow(ui->cbGroup);
-    setSearchField(ui->leSearch);
-    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoods::seerch);
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
     connect(ui->chByCode, &QCheckBox::toggled, this, &QTabGoods::searchAgain);
 }
@@ -57,10 +57,7 @@ void QTabGoods::buildFilter()
 void QTabGoods::seerch(const QString &text)
 {
     const QString condition = goodsCondition(ui->cbGroup->currentData().toUInt(), text.trimmed());
-    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()),
-           QStringLiteral("SELECT COUNT(DISTINCT id) FROM goods LEFT JOIN dk_shc ON "
-                          "goods.id=dk_shc.id_goods") +
-               condition);
+    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()));
 }
 
 void QTabGoods::searchAgain()

@@ -8,11 +8,6 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-namespace {
-const QLatin1String sources("goods_shop LEFT JOIN shops ON goods_shop.id_shop=shops.id LEFT JOIN goods ON "
-                            "goods_shop.id_goods=goods.id");
-} // namespace
-
 QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                                QWidget *parent)
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout), ui(new Ui::QTabGoodsShopsFilter)
@@ -22,8 +17,8 @@ QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *rec
         tr("Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці "
            "\"Товари\": список \"Продається в магазинах\".");
     query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
-                           "goods_shop.count_syllable FROM ") +
-            sources;
+                           "goods_shop.count_syllable FROM goods_shop LEFT JOIN shops ON "
+                           "goods_shop.id_shop=shops.id LEFT JOIN goods ON goods_shop.id_goods=goods.id");
     setColumns({{tr("Назва магазину"), 35},
                 {tr("Назва товару"), 42},
                 {tr("Кількість в торговому залі"), 22, &asQuantity},
@@ -39,8 +34,7 @@ void QTabGoodsShops::buildFilter()
     ui->setupUi(addFilterBar());
     fillShops();
     keepNarrow(ui->cbShop);
-    setSearchField(ui->leSearch);
-    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabGoodsShops::seerch);
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this] { seerch(ui->leSearch->text()); });
 }
@@ -79,6 +73,5 @@ QString QTabGoodsShops::condition(const QString &text) const
 
 void QTabGoodsShops::seerch(const QString &text)
 {
-    const QString where = condition(text.trimmed());
-    search(where, QStringLiteral("SELECT COUNT(*) FROM ") + sources + where);
+    search(condition(text.trimmed()));
 }

@@ -20,6 +20,7 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
     , ui(std::make_unique<Ui::QTabKassFilter>())
 {
     table = QStringLiteral("kassa");
+    countsRecords = true;
     isExportedToViewers = true;
     query = QStringLiteral(
         "SELECT kassa.id,shops.address,kassa.advertising_str,kassa.ip_address,type_device.name, "
@@ -48,10 +49,9 @@ void QTabKass::buildFilter()
     fillGroups(ui->cbGroup);
     keepNarrow(ui->cbGroup);
     keepNarrow(ui->cbShop);
-    setSearchField(ui->leSearch);
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbGroup, &QComboBox::currentTextChanged, this, &QTabKass::GroupChange);
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabKass::searchAgain);
-    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabKass::seerch);
 }
 
 void QTabKass::followRights()
@@ -129,10 +129,7 @@ void QTabKass::seerch(const QString &text)
     const QString wanted = text.trimmed();
     if (!wanted.isEmpty())
         where += QStringLiteral(" AND shops.address LIKE ") + likeContains(wanted);
-    search(where, QStringLiteral("SELECT COUNT(*) FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id LEFT "
-                                 "JOIN yesno AS yesno2 ON kassa.head_edit=yesno2.id LEFT JOIN yesno ON "
-                                 "kassa.block=yesno.id") +
-                      where);
+    search(where);
 }
 
 void QTabKass::searchAgain()

@@ -20,6 +20,7 @@ QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     , ui(std::make_unique<Ui::QTabShopsFilter>())
 {
     table = QStringLiteral("shops");
+    countsRecords = true;
     isExportedToViewers = true;
     query = QStringLiteral(
         "SELECT shops.id, shops.address, shops.name, "
@@ -50,11 +51,10 @@ void QTabShops::buildFilter()
     ui->setupUi(addFilterBar());
     fillGroupFilter();
     keepNarrow(ui->cbGroup);
-    setSearchField(ui->leSearch);
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
     connect(ui->cbGroup, changed, this, &QTabShops::searchAgain);
     connect(ui->cbState, changed, this, &QTabShops::searchAgain);
-    connect(ui->leSearch, &QLineEdit::textChanged, this, &QTabShops::seerch);
 }
 
 /// "All groups" leaves out the one that stands for all: whoever sees no other begins there.
@@ -96,12 +96,7 @@ QString QTabShops::condition(const QString &text) const
 
 void QTabShops::seerch(const QString &text)
 {
-    const QString where = condition(text.trimmed());
-    search(where,
-           QStringLiteral("SELECT COUNT(*) FROM shops LEFT JOIN group_shop ON shops.group_shop=group_shop.id "
-                          "LEFT JOIN day_update ON shops.day_update=day_update.id LEFT JOIN yesno ON "
-                          "shops.block=yesno.id") +
-               where);
+    search(condition(text.trimmed()));
 }
 
 void QTabShops::searchAgain()

@@ -1,6 +1,7 @@
 #include "testing.h"
 
 #include "connectionstate.h"
+#include "dbtasks.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qmessevent.h"
@@ -95,6 +96,19 @@ void logIn(QDialog *dialog, const QString &login)
     edits.at(1)->setText(QString());
     static_cast<QSelUser *>(dialog)->ok();
 }
+
+/// As a person does who waits for the answer.
+void logInAndWait(QSelUser *dialog)
+{
+    logIn(dialog, "admin");
+    waitOutTasks();
+}
+
+/// The login dialog still waits for the database.
+bool isReading(QDialog *dialog)
+{
+    return qobject_cast<QSelUser *>(dialog) != nullptr && !DbTasks::isIdle();
+}
 } // namespace
 
 void TstVeltab::init()
@@ -120,6 +134,8 @@ void TstVeltab::start(const std::function<void(QDialog *)> &answer)
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         if (dialog == nullptr)
             return;
+        if (isReading(dialog))
+            return;
         if (auto *text = dialog->findChild<QLabel *>("labelText"))
             m_shown.append(text->text());
         answer(dialog);
@@ -136,6 +152,7 @@ void TstVeltab::start(const std::function<void(QDialog *)> &answer)
     QTRY_VERIFY_WITH_TIMEOUT(isOver(), 30000);
     QTRY_VERIFY_WITH_TIMEOUT(QApplication::activeModalWidget() == nullptr, 15000);
     QTest::qWait(50);
+    waitOutTasks();
 }
 
 void TstVeltab::startLoggedIn(const QString &login)
@@ -310,6 +327,7 @@ void TstVeltab::changedRightsAreFollowed()
     m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_prem=13 AND id_g_prem<>1");
     m_base->exec("DELETE FROM lst_permis WHERE id_prem=10 AND id_g_prem<>1");
     m_window->readRights();
+    waitOutTasks();
     QVERIFY(!action("add")->isVisible() && !action("mt_shops")->isVisible());
     QVERIFY(action("mt_goods")->isVisible());
 }
@@ -325,7 +343,7 @@ void TstVeltab::cancelledLoginKeepsTheUser()
     QTimer answer;
     connect(&answer, &QTimer::timeout, this, [&] {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (dialog == nullptr)
+        if (dialog == nullptr || isReading(dialog))
             return;
         if (qobject_cast<QSelUser *>(dialog) == nullptr)
             dialog->accept();
@@ -449,10 +467,12 @@ void TstVeltab::loginTellsTheFirstUser()
     QVERIFY2(connectionText().contains("додайте магазин"), qPrintable(connectionText()));
     m_base->exec("INSERT INTO shops(address,name,group_shop,block) VALUES('А','М',1,0)");
     action("mt_kass")->trigger();
+    waitOutTasks();
     QVERIFY2(connectionText().contains("додайте касу"), qPrintable(connectionText()));
     m_base->exec("INSERT INTO kassa(id,advertising_str,id_shop,block) SELECT 1,'К',id,0 FROM shops");
     m_base->exec("INSERT INTO goods(id,name) VALUES(1,'Т')");
     action("mt_goods")->trigger();
+    waitOutTasks();
     QVERIFY2(connectionText().contains("«Продається в магазинах»"), qPrintable(connectionText()));
     m_window.reset();
     addUser("viewer", "0=1 10=2");
@@ -491,6 +511,7 @@ void TstVeltab::lostConnectionIsToldInWords()
     m_base->exec("DELETE FROM lst_permis WHERE id_prem=13");
     emit state->back();
     QCOMPARE(label->text(), QString("З'єднано"));
+    waitOutTasks();
     QVERIFY2(connectionText().isEmpty(), qPrintable(connectionText()));
     QVERIFY(!action("mt_goods")->isVisible() && action("mt_shops")->isVisible());
 }
@@ -650,7 +671,7 @@ void TstVeltab::settingsReconnectOnlyToANewAddress()
             action("login")->trigger();
             QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
         },
-        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
+        logInAndWait));
     QVERIFY(m_window->windowTitle().endsWith(other.address().name));
     m_window.reset();
 }
@@ -695,7 +716,7 @@ void TstVeltab::unreadableSettingsConnectNowhere()
             child<QPushButton>(m_window.get(), "pbReconnect")->click();
             QTRY_VERIFY_WITH_TIMEOUT(m_window->isReady(), 10000);
         },
-        [](QSelUser *dialog) { logIn(dialog, "admin"); }));
+        logInAndWait));
 }
 
 void TstVeltab::recordCommandsFollowTheTab()
@@ -837,13 +858,18 @@ void TstVeltab::indexesAreOfferedAndTakenBack()
                              "TABLE_SCHEMA=DATABASE() AND TABLE_NAME='cheks' AND INDEX_NAME LIKE 'tune%'");
     };
     const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
-    const auto tune = [this] { action("mt_tune")->trigger(); };
+    const auto tune = [this] {
+        action("mt_tune")->trigger();
+        waitOutTasks();
+    };
     QVERIFY(answerConfirm(tune, false).contains("\nДодати до чеків у базі два індекси?"));
     QVERIFY(!isWorking());
+    m_base->exec("LOCK TABLES cheks READ");
     answerConfirm(tune, true);
     QVERIFY(isWorking());
     QVERIFY(answerConfirm([this] { m_window->close(); }, false).contains("Ще триває: «Індекси додаються»"));
     QVERIFY(m_window->isVisible());
+    m_base->exec("UNLOCK TABLES");
     QTRY_VERIFY_WITH_TIMEOUT(!isWorking(), 10000);
     QCOMPARE(indexes(), QString("2"));
     QVERIFY(answerConfirm(tune, true).contains("\nІндекси для швидких звітів уже є у базі."));
@@ -857,7 +883,12 @@ void TstVeltab::tuningAndSettingsDoNotCross()
     auto *settings = child<setting>(m_window.get(), "setting");
     const auto isWorking = [] { return !RunningJobs::all().jobs().isEmpty(); };
     m_base->exec("LOCK TABLES cheks READ");
-    answerConfirm([this] { action("mt_tune")->trigger(); }, true);
+    answerConfirm(
+        [this] {
+            action("mt_tune")->trigger();
+            waitOutTasks();
+        },
+        true);
     QVERIFY(isWorking());
     child<QLineEdit>(settings, "leBase")->setText("інша");
     QVERIFY(

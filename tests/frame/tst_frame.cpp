@@ -8,6 +8,7 @@
 #include "qrowmodel.h"
 #include "qtab.h"
 #include "qtabdelegate.h"
+#include "typingpause.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -39,6 +40,7 @@ public:
 
     using QTab::search;
     using QTab::setColumns;
+    using QTab::setSearchField;
     void readFrom(const QString &statement) { query = statement; }
 };
 } // namespace
@@ -63,6 +65,7 @@ private slots:
     void limitsBelowOneMeanNone();
     void failedLoadEmptiesTheGrid();
     void newestSearchWins();
+    void searchWaitsForTheEndOfTyping();
     void failedSearchIsReported();
     void oneRowIsRefreshed();
     void addedRowIsAppended();
@@ -268,39 +271,73 @@ void TstFrame::newestSearchWins()
     QSignalSpy loaded(m_tab.get(), &QTab::loaded);
     QElapsedTimer clock;
     clock.start();
-    m_tab->search(" WHERE id=1 AND SLEEP(30)=0", "SELECT 1");
+    m_tab->search(" WHERE id=1 AND SLEEP(30)=0");
     QTest::qWait(100);
     QVERIFY(m_tab->isLoading());
-    m_tab->search(" WHERE id=2", "SELECT 1");
-    m_tab->search(" WHERE id=10", "SELECT COUNT(*) FROM day_update");
+    m_tab->search(" WHERE id=2");
+    m_tab->search(" WHERE id=10");
     QCOMPARE(shown(), QStringList{"Середа"});
     QVERIFY2(clock.elapsed() < 10000, "the search before was waited for");
     QCOMPARE(loaded.count(), 1);
-    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 3"));
-    m_tab->search(" WHERE id=2", "SELECT SLEEP(30)");
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 1"));
+    m_tab->search(" WHERE id=2");
     m_tab->ShowData();
     QVERIFY(!m_tab->isLoading());
     QCOMPARE(shown(), QStringList{"Вівторок"});
-    m_tab->search(" WHERE id=3", "");
+    m_tab->search(" WHERE id=3");
     QCOMPARE(shown(), QStringList());
     QCOMPARE(m_tab->view()->emptyText(), QString("За цими умовами нічого не знайдено."));
-    m_tab->search(" WHERE id=1 AND SLEEP(30)=0", "");
+    m_tab->search(" WHERE id=1 AND SLEEP(30)=0");
     QTest::qWait(50);
     m_tab.reset();
     QVERIFY2(clock.elapsed() < 10000, "closing the tab waited for a search");
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
+void TstFrame::searchWaitsForTheEndOfTyping()
+{
+    open();
+    QLineEdit field(m_tab.get());
+    field.show();
+    QStringList searched;
+    m_tab->setSearchField(&field, [&](const QString &text) {
+        searched.append(text);
+        m_tab->search(text.isEmpty() ? "" : " WHERE id=10");
+    });
+    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    field.setFocus();
+    scan("4820000000017");
+    QCOMPARE(searched, QStringList("4820000000017"));
+    QCOMPARE(shown(), QStringList("Середа"));
+    QVERIFY(m_tab->view()->hasFocus() && m_tab->view()->currentIndex().row() == 0);
+    field.setFocus();
+    pressKeys({Qt::Key_Escape});
+    typeText("се");
+    QVERIFY2(m_tab->isLoading() && searched.size() == 1, "the second letter comes within the pause");
+    QCOMPARE(shown(), QStringList("Середа"));
+    QCOMPARE(searched.mid(1), QStringList("се"));
+    typeText("р");
+    pressKeys({Qt::Key_Tab});
+    QCOMPARE(searched.last(), QString("сер"));
+    // What another filter asks for has the text already.
+    field.setFocus();
+    typeText("!");
+    m_tab->search("");
+    QCOMPARE(shown().size(), 3);
+    QTest::qWait(2 * TypingPause::length.count());
+    QCOMPARE(searched.last(), QString("сер"));
+    pressKeys({Qt::Key_Tab});
+    QCOMPARE(searched.size(), 3);
+}
+
 void TstFrame::failedSearchIsReported()
 {
     open();
-    m_tab->search(" WHERE nothing=1", "");
+    m_tab->search(" WHERE nothing=1");
     QCOMPARE(shown(), QStringList());
     QVERIFY(m_base->heard.has("Помилка запиту:\n", QMessEvent::Critical));
     QVERIFY(m_base->heard.has("WHERE nothing=1", QMessEvent::Critical));
-    m_tab->search("", "SELECT nothing");
-    QCOMPARE(shown(), QStringList());
-    m_tab->search(" WHERE id<3", "");
+    m_tab->search(" WHERE id<3");
     QCOMPARE(shown().size(), 2);
 }
 
@@ -348,7 +385,7 @@ void TstFrame::orderOutlivesAReload()
     QCOMPARE(shown(0), QStringList({"10", "2", "1"}));
     m_tab->ShowData();
     QCOMPARE(shown(0), QStringList({"10", "2", "1"}));
-    m_tab->search(" WHERE id<>2", "");
+    m_tab->search(" WHERE id<>2");
     QCOMPARE(shown(0), QStringList({"10", "1"}));
 }
 

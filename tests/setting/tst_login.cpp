@@ -2,6 +2,7 @@
 
 #include "qchangpass.h"
 #include "qloadeduser.h"
+#include "qmessevent.h"
 #include "qqestion.h"
 #include "qseluser.h"
 #include "setting.h"
@@ -14,6 +15,22 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+/// A window that remembers what is posted to it: place and text.
+class ListeningWindow : public QWidget
+{
+public:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QMessEvent::eventType)
+            return QWidget::event(event);
+        const auto *message = static_cast<QMessEvent *>(event);
+        told.append(message->location() + message->text());
+        return true;
+    }
+
+    QStringList told;
+};
 
 /// The login dialog with passwords and cards, and the change of the own password.
 class TstLogin : public QObject
@@ -32,6 +49,8 @@ private slots:
     void enterAcceptsAndEscapeRejects();
     void scanIsTakenWhereverTheFocusIs();
     void digitsOfANameStayInIt();
+    void enterTwiceAsksOnce();
+    void typingOnTakesTheQuestionBack();
     void suggestedName();
     void rememberedLogin();
     void passwordIsChanged_data();
@@ -39,9 +58,10 @@ private slots:
     void passwordIsRefused();
     void failedChangeIsReported();
     void passwordTakenMeanwhileStaysUntold();
+    void closingWaitsForThePassword();
 
 private:
-    /// Runs act and remembers title and text of the warning it shows.
+    /// Runs act, waits for its answer and remembers title and text of the warning it shows.
     void hear(const std::function<void()> &act);
     void fill(QSelUser *dialog, const QString &login, const QString &pass);
 
@@ -50,7 +70,11 @@ private:
 
 void TstLogin::hear(const std::function<void()> &act)
 {
-    withModal<QQestion>(act, [this](QQestion *question) {
+    const auto actAndWait = [&act] {
+        act();
+        waitOutTasks();
+    };
+    withModal<QQestion>(actAndWait, [this](QQestion *question) {
         m_told = QStringList{question->windowTitle(), child<QLabel>(question, "labelText")->text()};
         question->accept();
     });
@@ -195,6 +219,63 @@ void TstLogin::digitsOfANameStayInIt()
     QVERIFY(dialog.identifier().isEmpty());
 }
 
+/// What a dialog under check did: each name and identifier that was looked for, and "-" for a question that
+/// was taken back.
+static void watch(QSelUser *dialog, QStringList *asked)
+{
+    dialog->setCheck([=] { asked->append(dialog->login() + ' ' + dialog->identifier()); },
+                     [=] { asked->append("-"); });
+}
+
+void TstLogin::enterTwiceAsksOnce()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    QStringList asked;
+    watch(&dialog, &asked);
+    fill(&dialog, "olena", "");
+    QVERIFY(withModal<QSelUser>([&] { dialog.exec(); },
+                                [&](QSelUser *shown) {
+                                    const auto *note = child<QLabel>(shown, "labelWait");
+                                    typeText("wrong");
+                                    pressKeys({Qt::Key_Return, Qt::Key_Return});
+                                    QVERIFY(note->text().isEmpty());
+                                    QTRY_COMPARE(note->text(), QString("Читається…"));
+                                    pressKeys({Qt::Key_Return});
+                                    QCOMPARE(asked, QStringList("olena wrong"));
+                                    shown->answer(false);
+                                    QVERIFY(note->text().isEmpty() && shown->isVisible());
+                                    // The next try takes the place of the wrong one.
+                                    typeText("right");
+                                    pressKeys({Qt::Key_Return});
+                                    shown->answer(true);
+                                }));
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    QCOMPARE(asked, QStringList({"olena wrong", "olena right"}));
+}
+
+void TstLogin::typingOnTakesTheQuestionBack()
+{
+    const QTemporaryDir directory;
+    QSelUser dialog(directory.path(), "220", nullptr);
+    QStringList asked;
+    watch(&dialog, &asked);
+    fill(&dialog, "olena", "");
+    QVERIFY(withModal<QSelUser>([&] { dialog.exec(); },
+                                [&](QSelUser *shown) {
+                                    typeText("wrong");
+                                    pressKeys({Qt::Key_Return});
+                                    typeText("right");
+                                    QVERIFY(!shown->isWaiting());
+                                    pressKeys({Qt::Key_Return});
+                                    scan(shown, "2200000000422");
+                                    QTRY_VERIFY(shown->isWaiting());
+                                    pressKeys({Qt::Key_Escape});
+                                }));
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+    QCOMPARE(asked, QStringList({"olena wrong", "-", "olena right", "-", "olena 0000000422", "-"}));
+}
+
 void TstLogin::suggestedName()
 {
     const QTemporaryDir directory;
@@ -289,12 +370,16 @@ void TstLogin::failedChangeIsReported()
     FreshDatabase base;
     base.exec(
         "CREATE TRIGGER stop BEFORE UPDATE ON users FOR EACH ROW SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='ні'");
-    QChangPass dialog(1, base.connection(), nullptr);
+    ListeningWindow window;
+    QChangPass dialog(1, base.connection(), &window);
     child<QLineEdit>(&dialog, "leNew")->setText("one");
     child<QLineEdit>(&dialog, "leRepeat")->setText("one");
-    QTest::ignoreMessage(
-        QtWarningMsg, QRegularExpression("In file: setting/qchangpass line: .*Помилка запиту\nні\nUPDATE"));
     dialog.chang();
+    waitOutTasks();
+    QCOMPARE(window.told.size(), 1);
+    QVERIFY2(window.told.at(0).contains(
+                 QRegularExpression("^In file: setting/qchangpass line: .*Помилка запиту\nні\nUPDATE")),
+             qPrintable(window.told.at(0)));
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
     QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), QString());
 }
@@ -305,7 +390,8 @@ void TstLogin::passwordTakenMeanwhileStaysUntold()
     FreshDatabase base;
     base.exec(
         "INSERT INTO users(login,pass,key_prem,name,surname,id_g_prem) VALUES('b','other','2','Б','Б',1)");
-    QChangPass dialog(1, base.connection(), nullptr);
+    ListeningWindow window;
+    QChangPass dialog(1, base.connection(), &window);
     child<QLineEdit>(&dialog, "leNew")->setText("one");
     child<QLineEdit>(&dialog, "leRepeat")->setText("one");
     bool isTaken = false;
@@ -315,12 +401,39 @@ void TstLogin::passwordTakenMeanwhileStaysUntold()
         isTaken = true;
         base.exec("UPDATE users SET pass=" + lit(passwordHash("one")) + " WHERE login='b'");
     });
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("Duplicate entry '\\*\\*\\*' for key .*\nUPDATE users SET "
-                                            "pass='\\*\\*\\*' WHERE id=1$"));
     dialog.chang();
+    waitOutTasks();
     Db::setStatementHook({});
+    QCOMPARE(window.told.size(), 1);
+    QVERIFY2(window.told.at(0).contains(
+                 QRegularExpression("Duplicate entry '\\*\\*\\*' for key .*\nUPDATE users SET "
+                                    "pass='\\*\\*\\*' WHERE id=1$")),
+             qPrintable(window.told.at(0)));
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
+}
+
+void TstLogin::closingWaitsForThePassword()
+{
+    FreshDatabase base;
+    base.exec("LOCK TABLES users WRITE");
+    QChangPass dialog(1, base.connection(), nullptr);
+    QVERIFY(withModal<QChangPass>([&] { dialog.exec(); },
+                                  [&](QChangPass *shown) {
+                                      pressKeys({Qt::Key_Tab});
+                                      typeText("one");
+                                      pressKeys({Qt::Key_Tab});
+                                      typeText("one");
+                                      pressKeys({Qt::Key_Return, Qt::Key_Return});
+                                      typeText("two");
+                                      pressKeys({Qt::Key_Escape});
+                                      QVERIFY(shown->isVisible());
+                                      QCOMPARE(child<QLabel>(shown, "labelWait")->text(),
+                                               QString("Пароль ще записується. Зачекайте."));
+                                      base.exec("UNLOCK TABLES");
+                                      waitOutTasks();
+                                      QVERIFY(!shown->isVisible());
+                                  }));
+    QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), passwordHash("one"));
 }
 
 QTEST_MAIN(TstLogin)
