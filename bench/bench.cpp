@@ -1,6 +1,7 @@
 #include "bench.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <algorithm>
 #include <mysql.h>
 
@@ -29,6 +30,26 @@ void BareClient::run(const QString &sql)
     while (mysql_fetch_row(result) != nullptr)
         mysql_fetch_lengths(result);
     mysql_free_result(result);
+}
+
+double processMegabytes(const QByteArray &name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith(name))
+            return line.mid(name.size() + 1).simplified().split(' ').at(0).toDouble() / 1024;
+    }
+    return 0;
+}
+
+void forgetPeak()
+{
+    QFile file(QStringLiteral("/proc/self/clear_refs"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write("5");
 }
 
 double milliseconds(const std::function<void()> &work)

@@ -44,6 +44,16 @@ QVector<Figure> measureReports(const Bench &bench);
 QVector<Figure> measureTuning(const Bench &bench);
 QVector<Figure> measureClosing(const Bench &bench);
 
+QVector<Figure> measureLargeSale(const Bench &bench);
+QVector<Figure> measureLargeClosing(const Bench &bench);
+QVector<Figure> measureLargeSlip(const Bench &bench);
+QVector<Figure> measureLargeArticles(const Bench &bench);
+QVector<Figure> measureLargeSearch(const Bench &bench);
+QVector<Figure> measureLargeStock(const Bench &bench);
+QVector<Figure> measureLargePdf(const Bench &bench);
+QVector<Figure> measureLargeCombo(const Bench &bench);
+QVector<Figure> measureSlowServer(const Bench &bench);
+
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();
 QString cardsStatement();
@@ -65,6 +75,10 @@ private:
     st_mysql *m_mysql;
 };
 
+/// A figure of this process in MB: VmRSS, VmHWM.
+double processMegabytes(const QByteArray &name);
+/// The peak VmHWM begins anew at what the process holds now.
+void forgetPeak();
 /// Milliseconds that work takes.
 double milliseconds(const std::function<void()> &work);
 double median(QVector<double> values);

@@ -1,85 +1,43 @@
 #include "bench.h"
+#include "cardstab.h"
+#include "tabwindow.h"
 
 #include "listpane.h"
-#include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "qtabgoods.h"
 
-#include <QEventLoop>
-#include <QFile>
 #include <QScrollBar>
 #include <QStandardItemModel>
 
 namespace {
-/// A list as the program shows it, loaded as people load it, in a window of the usual size.
-class ListWindow
-{
-public:
-    ListWindow(const Bench &bench, const QVector<Column> &columns) : m_user(nullptr, nullptr)
-    {
-        m_pane.open(bench.connection, &m_user, nullptr);
-        m_pane.setColumns(columns, QStringLiteral("bench"));
-        m_pane.resize(1400, 900);
-        m_pane.show();
-        paint();
-    }
+using CardsWindow = TabWindow<CardsTab>;
 
-    void load(const QString &sql)
-    {
-        QEventLoop loop;
-        QObject::connect(&m_pane, &ListPane::loaded, &loop, &QEventLoop::quit);
-        QObject::connect(&m_pane, &ListPane::failed, [] { qFatal("No rows"); });
-        m_pane.load(sql);
-        loop.exec();
-    }
-    void paint() { m_pane.grab(); }
-    ListPane &pane() { return m_pane; }
-
-private:
-    QLoadedUser m_user;
-    ListPane m_pane;
-};
-
-QVector<Column> goodsColumns()
-{
-    QVector<Column> columns(9);
-    columns[0].format = &asNumber;
-    columns[3].format = &asMoney;
-    return columns;
-}
-
-QVector<Column> cardsColumns()
-{
-    QVector<Column> columns(14);
-    columns[0].format = &asNumber;
-    columns[2].format = &asMoney;
-    columns[3].format = &asMoney;
-    columns[10].format = &asDate;
-    return columns;
-}
-
-/// From the statement to the painted list, against the statement alone.
-double loadRatio(const Bench &bench, const QVector<Column> &columns, const QString &sql)
+/// From the statement to the painted list, against the statement alone. The list is emptied first: what
+/// stands there is none of the statement's business.
+template<typename Tab>
+double loadRatio(const Bench &bench, const QString &sql)
 {
     BareClient bare(bench.address);
-    ListWindow window(bench, columns);
+    TabWindow<Tab> window(bench);
     const auto ours = [&] {
-        window.pane().clear();
-        return milliseconds([&] {
-            window.load(sql);
-            window.paint();
-        });
+        window.tab()->list()->clear();
+        return milliseconds([&] { window.search(QString()); });
     };
     return ratio(
         bench.rounds, [&] { return milliseconds([&] { bare.run(sql); }); }, ours);
 }
 
-std::unique_ptr<ListWindow> sortedCards(const Bench &bench)
+void sortByName(QTab *tab)
 {
-    auto window = std::make_unique<ListWindow>(bench, cardsColumns());
-    window->load(cardsStatement());
-    window->pane().view()->sortByColumn(7, Qt::AscendingOrder);
-    window->paint();
+    tab->view()->sortByColumn(7, Qt::AscendingOrder);
+    tab->grab();
+}
+
+std::unique_ptr<CardsWindow> sortedCards(const Bench &bench)
+{
+    auto window = std::make_unique<CardsWindow>(bench);
+    sortByName(window->tab());
     return window;
 }
 
@@ -88,7 +46,7 @@ double emptyingTime(const Bench &bench)
     QVector<double> times;
     for (int i = 0; i < bench.rounds; ++i) {
         const auto window = sortedCards(bench);
-        times.append(milliseconds([&] { window->pane().clear(); }));
+        times.append(milliseconds([&] { window->tab()->list()->clear(); }));
     }
     return median(times);
 }
@@ -97,24 +55,10 @@ double closingTime(const Bench &bench)
 {
     QVector<double> times;
     for (int i = 0; i < bench.rounds; ++i) {
-        auto window = sortedCards(bench);
-        times.append(milliseconds([&] { window.reset(); }));
+        const auto window = sortedCards(bench);
+        times.append(milliseconds([&] { window->close(); }));
     }
     return median(times);
-}
-
-/// A figure of this process in MB: VmRSS, VmHWM.
-double processMegabytes(const QByteArray &name)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        if (line.startsWith(name))
-            return line.mid(name.size() + 1).simplified().split(' ').at(0).toDouble() / 1024;
-    }
-    return 0;
 }
 
 /// The ordinary way, which the row model is compared with: one item per cell.
@@ -172,42 +116,48 @@ QVector<Figure> measureLists(const Bench &bench)
     const QString times = QStringLiteral("x bare");
     const QString ms = QStringLiteral("ms");
     return {{QStringLiteral("goods list, statement to painted grid"),
-             loadRatio(bench, goodsColumns(), goodsStatement()), 1.3, times},
+             loadRatio<QTabGoods>(bench, goodsStatement()), 1.3, times},
             {QStringLiteral("cards list, statement to painted grid"),
-             loadRatio(bench, cardsColumns(), cardsStatement()), 1.3, times},
+             loadRatio<CardsTab>(bench, cardsStatement()), 1.3, times},
             {QStringLiteral("emptying the sorted cards list"), emptyingTime(bench), 20, ms},
             {QStringLiteral("closing the sorted cards list"), closingTime(bench), 20, ms}};
 }
 
+/// What a list of cards adds to the process, on the ways that people go: it is loaded, loaded again, searched
+/// and closed.
 QVector<Figure> measureMemory(const Bench &bench)
 {
-    ListWindow window(bench, cardsColumns());
     const double before = processMegabytes("VmRSS");
-    window.load(cardsStatement());
-    window.paint();
+    forgetPeak();
+    CardsWindow window(bench);
     const double millions = bench.cards / 1e6;
-    const QString unit = QStringLiteral("MB");
-    return {{QStringLiteral("cards list, growth of the process"), processMegabytes("VmRSS") - before,
-             150 * millions, unit},
-            {QStringLiteral("cards list, growth at the peak"), processMegabytes("VmHWM") - before,
-             400 * millions, unit}};
+    const auto grown = [&](const char *what, const QByteArray &kind, double goal) {
+        return Figure{QString::fromUtf8(what), processMegabytes(kind) - before, goal, QStringLiteral("MB")};
+    };
+    QVector<Figure> figures = {grown("cards tab, loaded", "VmRSS", 150 * millions)};
+    window.search(QString());
+    figures.append(grown("  loaded again", "VmRSS", 150 * millions));
+    figures.append(grown("  at the peak", "VmHWM", 400 * millions));
+    window.search(QStringLiteral("Ґудзь"));
+    figures.append(grown("  searched, a seventh found", "VmRSS", 60 * millions));
+    window.close();
+    figures.append(grown("  closed", "VmRSS", 30 * millions));
+    return figures;
 }
 
 QVector<Figure> measureAgainstItems(const Bench &bench)
 {
     // Neither is taken down: that alone would take minutes with items.
-    auto *items = new QStandardItemModel(0, cardsColumns().size());
-    loadItems(bench, items, cardsColumns(), cardsStatement());
+    auto *items = new QStandardItemModel(0, CardsTab::columns().size());
+    loadItems(bench, items, CardsTab::columns(), cardsStatement());
     auto *itemsView = new QTableView;
     itemsView->setModel(items);
     itemsView->setSelectionBehavior(QAbstractItemView::SelectRows);
-    auto *rows = new ListWindow(bench, cardsColumns());
-    rows->load(cardsStatement());
-    QNTableView *rowsView = rows->pane().view();
-    itemsView->resize(rowsView->size());
+    const auto *rows = new CardsWindow(bench);
+    itemsView->resize(rows->tab()->view()->size());
     itemsView->show();
-    const double repaint = repaintRatio(itemsView, rowsView);
+    const double repaint = repaintRatio(itemsView, rows->tab()->view());
     return {{QStringLiteral("repainting the cards list anywhere"), repaint, 1.1, QStringLiteral("x items")},
-            {QStringLiteral("sorting the cards list, worst column"), sortRatio(items, rows->pane().model()),
+            {QStringLiteral("sorting the cards list, worst column"), sortRatio(items, rows->tab()->model()),
              1.0 / 15, QStringLiteral("x items")}};
 }

@@ -1,0 +1,48 @@
+#include "act.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+namespace {
+constexpr int endlessMs = 600000;
+/// What an act leaves to the event loop, painting above all, is done by then.
+constexpr int settlingMs = 60;
+} // namespace
+
+void waitFor(const std::function<bool()> &isDone)
+{
+    if (isDone())
+        return;
+    QEventLoop loop;
+    QElapsedTimer clock;
+    clock.start();
+    QTimer poll;
+    poll.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
+        if (isDone())
+            loop.quit();
+        else if (clock.hasExpired(endlessMs))
+            qFatal("What was waited for did not come");
+    });
+    poll.start(1);
+    loop.exec();
+}
+
+Cost ActClock::end()
+{
+    Cost cost;
+    cost.ms = static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
+    QEventLoop loop;
+    QTimer::singleShot(settlingMs, &loop, &QEventLoop::quit);
+    loop.exec();
+    cost.gapMs = static_cast<double>(m_heart.longestGap());
+    return cost;
+}
+
+Cost costOf(const std::function<void()> &act, const std::function<bool()> &isDone)
+{
+    ActClock clock;
+    act();
+    waitFor(isDone);
+    return clock.end();
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "heartbeat.h"
+
+#include <functional>
+
+/// What an act of the user costs: the time until its end is seen, and the longest time meanwhile, and right
+/// behind it, in which the window took no key and painted nothing.
+struct Cost
+{
+    double ms = 0;
+    double gapMs = 0;
+};
+
+/// Works in the event loop until something has become true; the benchmark fails when it never does.
+void waitFor(const std::function<bool()> &isDone);
+
+/// Begins when it is made.
+class ActClock
+{
+public:
+    ActClock() { m_clock.start(); }
+    /// The act has ended at this moment.
+    Cost end();
+
+private:
+    Heartbeat m_heart;
+    QElapsedTimer m_clock;
+};
+
+Cost costOf(const std::function<void()> &act, const std::function<bool()> &isDone);

@@ -1,0 +1,224 @@
+#include "large.h"
+
+#include "largedata.h"
+#include "qartreport.h"
+#include "qchekviewer.h"
+#include "qregistersale.h"
+#include "qrowmodel.h"
+#include "rangeselector.h"
+#include "saledesk.h"
+#include "tcpproxy.h"
+#include "testing.h"
+
+#include <QComboBox>
+
+using Large::usual;
+using Large::workFigures;
+
+Large::Admin::Admin(const Bench &bench) : m_user(nullptr, nullptr)
+{
+    if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
+        qFatal("Nobody may work");
+}
+
+QVector<Figure> Large::workFigures(const QString &work, const Cost &cost, double goalMs, double goalGapMs)
+{
+    const QString ms = QStringLiteral("ms");
+    return {{work, cost.ms, goalMs, ms},
+            {QStringLiteral("  the window stands still"), cost.gapMs, goalGapMs, ms}};
+}
+
+Cost Large::usual(const QVector<Cost> &costs)
+{
+    QVector<double> times;
+    Cost all;
+    for (const Cost &cost : costs) {
+        times.append(cost.ms);
+        all.gapMs = qMax(all.gapMs, cost.gapMs);
+    }
+    all.ms = median(times);
+    return all;
+}
+
+qint64 Large::number(const Bench &bench, const QString &sql)
+{
+    const auto text = bench.db().firstText(sql);
+    if (!text)
+        qFatal("%s", qPrintable(sql));
+    return text->toLongLong();
+}
+
+namespace {
+constexpr int slowAnswerMs = 200;
+
+/// The last day of the chain: by a register whose shifts are all closed, and which sells no more.
+QDate lastDay(const Bench &bench)
+{
+    const QString sql = QStringLiteral("SELECT DATE(MAX(data_time)) FROM z_zvit WHERE id_kass=3");
+    return QDate::fromString(bench.db().firstText(sql).value_or(QString()), Qt::ISODate);
+}
+
+QVector<Cost> sales(const Bench &bench, SaleDesk *desk, int rows)
+{
+    QVector<Cost> costs;
+    for (int i = 0; i < bench.rounds; ++i) {
+        desk->scan(rows);
+        costs.append(desk->sell());
+    }
+    return costs;
+}
+
+/// The receipts of a day in a shop, loaded.
+class ChekWindow
+{
+public:
+    explicit ChekWindow(const Bench &bench)
+        : m_admin(bench), m_viewer(bench.connection, m_admin.user(), nullptr, nullptr)
+    {
+        m_viewer.resize(1400, 900);
+        m_viewer.show();
+        const QDate day = lastDay(bench);
+        m_viewer.findChild<RangeSelector *>()->setDays(day, day);
+        bool isLoaded = false;
+        QObject::connect(&m_viewer, &ReportWindow::loaded, &m_viewer, [&] { isLoaded = true; });
+        m_viewer.load();
+        waitFor([&] { return isLoaded; });
+    }
+
+    Cost open(int row)
+    {
+        const QString before = m_viewer.slip();
+        return costOf([&] { m_viewer.dclicktable(m_viewer.model()->index(row, 0)); },
+                      [&] { return m_viewer.slip() != before; });
+    }
+    int rowCount() const { return m_viewer.model()->rowCount(); }
+
+private:
+    Large::Admin m_admin;
+    QChekViewer m_viewer;
+};
+
+QVector<Cost> slips(const Bench &bench)
+{
+    ChekWindow window(bench);
+    QVector<Cost> costs;
+    for (int i = 0; i < 4 * bench.rounds; ++i)
+        costs.append(window.open(window.rowCount() / (4 * bench.rounds) * i));
+    return costs;
+}
+
+/// The article report, for the whole chain.
+class ArticleWindow
+{
+public:
+    explicit ArticleWindow(const Bench &bench)
+        : m_admin(bench)
+        , m_day(lastDay(bench))
+        , m_report(bench.connection, m_admin.user(), nullptr, nullptr)
+    {
+        m_report.resize(1400, 900);
+        m_report.show();
+    }
+
+    /// To the numbers of the day's shifts.
+    Cost changeDay(int daysBefore)
+    {
+        const QDate day = m_day.addDays(-daysBefore);
+        // The last shift is that of the last day.
+        const QString first = QString::number(LargeChain::shiftsPerRegister - daysBefore);
+        return costOf([&] { m_report.findChild<RangeSelector *>()->setDays(day, day); },
+                      [&] { return numberIn("cbZStart") == first && numberIn("cbZEnd") == first; });
+    }
+
+private:
+    QString numberIn(const char *box) const
+    {
+        return child<QComboBox>(&m_report, QString::fromLatin1(box))->currentText();
+    }
+
+    Large::Admin m_admin;
+    QDate m_day;
+    QArtReport m_report;
+};
+
+QVector<Cost> dayChanges(const Bench &bench, ArticleWindow *window)
+{
+    QVector<Cost> costs;
+    for (int i = 1; i <= bench.rounds; ++i)
+        costs.append(window->changeDay(10 * i));
+    return costs;
+}
+} // namespace
+
+QVector<Figure> measureLargeSale(const Bench &bench)
+{
+    SaleDesk desk(bench, 0);
+    return workFigures(QStringLiteral("sale of 1 row, OK to number"), usual(sales(bench, &desk, 1)), 1000) +
+           workFigures(QStringLiteral("sale of 50 rows, OK to number"), usual(sales(bench, &desk, 50)), 2000);
+}
+
+QVector<Figure> measureLargeClosing(const Bench &bench)
+{
+    SaleDesk desk(bench, 1);
+    const SaleDesk::Closing closing = desk.closeShift();
+    return workFigures(QStringLiteral("shift closing, F12 to the form"), closing.opening, 100) +
+           workFigures(QStringLiteral("shift closing, OK to the word"), closing.writing, 100);
+}
+
+QVector<Figure> measureLargeSlip(const Bench &bench)
+{
+    return workFigures(QStringLiteral("slip on a double click"), usual(slips(bench)), 50, 50);
+}
+
+QVector<Figure> measureLargeArticles(const Bench &bench)
+{
+    ActClock clock;
+    ArticleWindow window(bench);
+    const Cost opening = clock.end();
+    return {{QStringLiteral("article tab, opening: the window stands still"), opening.gapMs, 50,
+             QStringLiteral("ms")},
+            {QStringLiteral("article tab, another day: the window stands still"),
+             usual(dayChanges(bench, &window)).gapMs, 50, QStringLiteral("ms")}};
+}
+
+/// A shop's line that answers late: what people do at a till and in the reports, and nothing of it may hold
+/// up the window.
+QVector<Figure> measureSlowServer(const Bench &bench)
+{
+    TcpProxy line(bench.address);
+    DatabaseAddress address = line.address();
+    address.readSeconds = bench.address.readSeconds;
+    QSqlDatabase connection = addConnection(QStringLiteral("slow"), address);
+    if (!openConnection(connection, nullptr))
+        qFatal("The slow line does not lead to the server");
+    Bench slow = bench;
+    slow.address = address;
+    slow.connection = &connection;
+    line.setDelay(slowAnswerMs);
+    QVector<Figure> figures;
+    const auto add = [&](const QString &act, double gapMs) {
+        figures.append({QStringLiteral("  ") + act, gapMs, Large::mostGapMs, QStringLiteral("ms")});
+    };
+    {
+        ActClock clock;
+        SaleDesk desk(slow, 2);
+        add(QStringLiteral("opening the sale tab"), clock.end().gapMs);
+        desk.scan(3);
+        add(QStringLiteral("sale of 3 rows"), desk.sell().gapMs);
+        const SaleDesk::Closing closing = desk.closeShift();
+        add(QStringLiteral("shift closing"), qMax(closing.opening.gapMs, closing.writing.gapMs));
+    }
+    add(QStringLiteral("slips"), usual(slips(slow)).gapMs);
+    {
+        ActClock clock;
+        ArticleWindow window(slow);
+        add(QStringLiteral("opening the article tab"), clock.end().gapMs);
+        add(QStringLiteral("another day in the article tab"), usual(dayChanges(slow, &window)).gapMs);
+    }
+    double longest = 0;
+    for (const Figure &figure : figures)
+        longest = qMax(longest, figure.value);
+    figures.prepend({QStringLiteral("200 ms an answer: the window stands still"), longest, Large::mostGapMs,
+                     QStringLiteral("ms")});
+    return figures;
+}

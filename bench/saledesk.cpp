@@ -1,0 +1,117 @@
+#include "saledesk.h"
+
+#include "qpayment.h"
+#include "qregistersale.h"
+#include "receiptpane.h"
+#include "testing.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+/// Registers of open shops with an open shift of the user, which does not end the period.
+QString registersStatement(int which)
+{
+    return QStringLiteral(
+               "SELECT kassa.id_shop,kassa.id FROM kassa JOIN shops ON shops.id=kassa.id_shop JOIN z_zvit "
+               "ON z_zvit.id_kass=kassa.id AND z_zvit.id_shop=kassa.id_shop WHERE "
+               "z_zvit.data_time=0 AND z_zvit.id_user=1 AND kassa.block=0 AND shops.block=0 AND "
+               "shops.count_day_cycle=30 ORDER BY kassa.id LIMIT 1 OFFSET %1")
+        .arg(which);
+}
+
+/// Of goods that a till sells without any question.
+QString barcodesStatement(const QString &shop)
+{
+    return QStringLiteral(
+               "SELECT dk_shc.shtrihcod FROM goods_shop JOIN goods ON goods.id=goods_shop.id_goods JOIN "
+               "dk_shc ON dk_shc.id_goods=goods.id WHERE goods_shop.id_shop=%1 AND goods.block=0 AND "
+               "(goods.group_g<2 OR goods.group_g>5) AND goods.price>0 AND goods.name IS NOT NULL AND "
+               "goods_shop.count_showroom>100000 AND dk_shc.shtrihcod<'49' LIMIT 60")
+        .arg(shop);
+}
+
+void choose(QComboBox *box, const QString &id)
+{
+    waitFor([&] { return box->findData(id) >= 0; });
+    box->setCurrentIndex(box->findData(id));
+}
+} // namespace
+
+SaleDesk::SaleDesk(const Bench &bench, int which) : m_bench(bench), m_admin(bench)
+{
+    m_tab = std::make_unique<QRegisterSale>(bench.connection, m_admin.user(), nullptr, nullptr, nullptr);
+    m_tab->resize(1200, 800);
+    m_tab->show();
+    choosePlace(which);
+}
+
+SaleDesk::~SaleDesk() = default;
+
+void SaleDesk::choosePlace(int which)
+{
+    const QStringList place = m_bench.db().firstRow(registersStatement(which)).value_or(QStringList());
+    if (place.isEmpty())
+        qFatal("There are no open shifts any more: make the database anew");
+    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbShop")), place.at(0));
+    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbKass")), place.at(1));
+    m_barcodes = m_bench.db().firstColumn(barcodesStatement(place.at(0))).value_or(QStringList());
+}
+
+int SaleDesk::rowCount() const
+{
+    return m_tab->findChild<ReceiptPane *>()->receipt().rows().size();
+}
+
+QString SaleDesk::notice() const
+{
+    return child<QLabel>(m_tab.get(), QStringLiteral("lbNotice"))->text();
+}
+
+void SaleDesk::scan(int rows)
+{
+    auto *search = child<QLineEdit>(m_tab.get(), QStringLiteral("leSearch"));
+    for (int i = 0; i < rows; ++i) {
+        QTest::keyClicks(search, m_barcodes.at(i));
+        QTest::keyClick(search, Qt::Key_Return);
+        waitFor([&] { return rowCount() == i + 1; });
+    }
+}
+
+Cost SaleDesk::sell()
+{
+    const QString before = notice();
+    const auto isWritten = [&] { return notice().startsWith(QStringLiteral("Чек №")) && notice() != before; };
+    Cost cost;
+    std::unique_ptr<ActClock> clock;
+    const auto sale = [&] {
+        m_tab->sale();
+        waitFor([&] { return clock != nullptr && isWritten(); });
+        cost = clock->end();
+    };
+    withModal<QPayment>(sale, [&](QPayment *payment) {
+        child<QPushButton>(payment, QStringLiteral("pbRestCash"))->click();
+        clock = std::make_unique<ActClock>();
+        payment->ok();
+    });
+    return cost;
+}
+
+SaleDesk::Closing SaleDesk::closeShift()
+{
+    Closing closing;
+    auto clock = std::make_unique<ActClock>();
+    const auto close = [&] {
+        m_tab->CloseZ_zvit();
+        waitFor([&] { return notice().startsWith(QStringLiteral("Зміну №")); });
+        closing.writing = clock->end();
+    };
+    withModal<QPayment>(close, [&](QPayment *form) {
+        closing.opening = clock->end();
+        clock = std::make_unique<ActClock>();
+        form->ok();
+    });
+    return closing;
+}
