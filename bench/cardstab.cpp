@@ -25,6 +25,5 @@ CardsTab::CardsTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
 
 void CardsTab::seerch(const QString &text)
 {
-    search(text.isEmpty() ? QString() : QStringLiteral(" WHERE clients.name LIKE ") + likeContains(text),
-           QString());
+    search(text.isEmpty() ? QString() : QStringLiteral(" WHERE clients.name LIKE ") + likeContains(text));
 }

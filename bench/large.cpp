@@ -112,9 +112,7 @@ class ArticleWindow
 {
 public:
     explicit ArticleWindow(const Bench &bench)
-        : m_admin(bench)
-        , m_day(lastDay(bench))
-        , m_report(bench.connection, m_admin.user(), nullptr, nullptr)
+        : m_admin(bench), m_day(lastDay(bench)), m_report(bench.connection, m_admin.user(), nullptr, nullptr)
     {
         m_report.resize(1400, 900);
         m_report.show();
