@@ -50,6 +50,8 @@ void ScratchDatabase::endConnections()
 {
     QSqlQuery query(m_server);
     query.exec(QStringLiteral("SELECT ID FROM INFORMATION_SCHEMA.PROCESSLIST WHERE DB=") + lit(m_name));
+    QSqlQuery kill(m_server);
+    // Most have gone by themselves meanwhile.
     while (query.next())
-        answer(QStringLiteral("KILL SOFT CONNECTION %1").arg(query.value(0).toString()));
+        kill.exec(QStringLiteral("KILL SOFT CONNECTION %1").arg(query.value(0).toString()));
 }

@@ -3,7 +3,6 @@
 #include "bench.h"
 #include "qloadeduser.h"
 
-#include <QApplication>
 #include <QEventLoop>
 #include <memory>
 
@@ -28,10 +27,6 @@ public:
         m_tab->seerch(text);
         awaitRows();
     }
-    void close() { m_tab.reset(); }
-    Tab *tab() const { return m_tab.get(); }
-
-private:
     void awaitRows()
     {
         QEventLoop loop;
@@ -39,7 +34,10 @@ private:
         loop.exec();
         m_tab->grab();
     }
+    void close() { m_tab.reset(); }
+    Tab *tab() const { return m_tab.get(); }
 
+private:
     QLoadedUser m_user;
     std::unique_ptr<Tab> m_tab;
 };
