@@ -133,6 +133,7 @@ void Screenshots::fillReport(QWidget *report, const QString &name)
         if (auto *choice = report->findChild<QComboBox *>(QLatin1String(box)))
             choice->setCurrentIndex(
                 qMin(choice->objectName() == QLatin1String("cbGroup") ? 2 : 1, choice->count() - 1));
+        workFor(300);
     }
     load(report, name);
 }

@@ -1,7 +1,7 @@
 #include "qartreport.h"
 #include "ui_qartreport.h"
 
-#include "combos.h"
+#include "dbtasks.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
@@ -59,16 +59,18 @@ QVector<BarList::Bar> topArticles(const QRowModel *model)
 } // namespace
 
 QArtReport::QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QArtReport>())
+    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QArtReport>()), m_registers(newTasks())
 {
     ui->setupUi(this);
     setUpList();
     setUpChoice();
+    setUpPlace();
+    setUpNumbers(&m_start, ui->cbZStart, false);
+    setUpNumbers(&m_end, ui->cbZEnd, true);
     fillGoodsGroups();
     offerPlaces([this] {
         GroupChanged(QString());
         refillNumbers();
-        offerDatesOnly();
     });
 }
 
@@ -94,26 +96,50 @@ void QArtReport::setUpChoice()
     ui->range->hideNumbers();
     ui->leLimit->setValidator(
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{0,9}$")), ui->leLimit));
-    connect(ui->place, &PlaceSelector::groupChanged, this, &QArtReport::GroupChanged);
-    connect(ui->place, &PlaceSelector::shopChanged, this, &QArtReport::ShopChanged);
-    connect(ui->place, &PlaceSelector::registerChanged, this, &QArtReport::showNumbersPlace);
     connect(ui->range, &RangeSelector::firstDayChanged, this, &QArtReport::changDateStart);
     connect(ui->range, &RangeSelector::lastDayChanged, this, &QArtReport::changDateEnd);
     connect(ui->pbNumbers, &QPushButton::clicked, this, &QArtReport::refillNumbers);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QArtReport::load);
     connect(ui->leLimit, &QLineEdit::returnPressed, this, &QArtReport::load);
-    for (const auto changed :
-         {&PlaceSelector::groupChanged, &PlaceSelector::shopChanged, &PlaceSelector::registerChanged})
-        connect(ui->place, changed, this, &QArtReport::offerDatesOnly);
     connect(ui->chChart, &QCheckBox::toggled, ui->chart, &QWidget::setVisible);
+}
+
+void QArtReport::setUpPlace()
+{
+    connect(ui->place, &PlaceSelector::groupChanged, this, &QArtReport::GroupChanged);
+    connect(ui->place, &PlaceSelector::shopChanged, this, &QArtReport::ShopChanged);
+    connect(ui->place, &PlaceSelector::registerChanged, this, &QArtReport::showNumbersPlace);
+    // What the hand has ticked stays so.
+    connect(ui->chDatesOnly, &QCheckBox::clicked, this, [this] {
+        m_registers->drop();
+        goOnLoading();
+    });
+}
+
+void QArtReport::setUpNumbers(Numbers *numbers, QComboBox *box, bool isGreatestChosen)
+{
+    numbers->box = box;
+    numbers->isGreatestChosen = isGreatestChosen;
+    numbers->reader = new BoxReader(box, this);
+    numbers->reader->open(connection()->connectionName(), mainWindow());
+    connect(numbers->reader, &BoxReader::filled, this, [this, numbers] {
+        chooseNumber(numbers);
+        goOnLoading();
+    });
+    connect(box, qOverload<int>(&QComboBox::activated), this,
+            [numbers, box] { numbers->picked = box->currentText(); });
 }
 
 void QArtReport::fillGoodsGroups()
 {
-    auto query = db().run(QStringLiteral("SELECT name,id FROM group_goods"));
-    ui->cbGoodsGroups->addItem(tr("Усі групи товарів"), 0);
-    while (query && query->next())
-        ui->cbGoodsGroups->addItem(toText(query->value(0)), query->value(1));
+    m_goodsGroups = new BoxReader(ui->cbGoodsGroups, this);
+    m_goodsGroups->open(connection()->connectionName(), mainWindow());
+    m_goodsGroups->setFirstItem(tr("Усі групи товарів"));
+    connect(m_goodsGroups, &BoxReader::filled, this, [this] {
+        ui->cbGoodsGroups->setChekedItem(0, Qt::Checked);
+        goOnLoading();
+    });
+    m_goodsGroups->read(QStringLiteral("SELECT name,id FROM group_goods"));
     ui->cbGoodsGroups->setChekedItem(0, Qt::Checked);
 }
 
@@ -124,18 +150,31 @@ void QArtReport::GroupChanged(const QString &group)
     const QString condition =
         id == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                 : QStringLiteral(" (group_shop=") + QString::number(id) + QStringLiteral(" OR group_shop=1)");
-    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE") + condition +
-                                     QStringLiteral(" AND block=0"));
+    ui->place->refillShops(QStringLiteral("SELECT address,id FROM shops WHERE") + condition +
+                           QStringLiteral(" AND block=0"));
     showNumbersPlace();
 }
 
 void QArtReport::ShopChanged(const QString &shop)
 {
     Q_UNUSED(shop)
-    ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
-                                         QString::number(ui->place->place().shop) +
-                                         QStringLiteral(" AND block=0"));
+    ui->place->refillRegisters(QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
+                               QString::number(ui->place->place().shop) + QStringLiteral(" AND block=0"));
     showNumbersPlace();
+}
+
+void QArtReport::placeChosen()
+{
+    showNumbersPlace();
+    if (std::exchange(m_refillsNumbers, false))
+        refillNumbers();
+    offerDatesOnly();
+}
+
+bool QArtReport::isChoosing() const
+{
+    return ReportWindow::isChoosing() || m_start.reader->isReading() || m_end.reader->isReading() ||
+           m_goodsGroups->isReading() || m_registers->isWaiting();
 }
 
 namespace {
@@ -153,58 +192,86 @@ int placeOfNumber(const QComboBox *box, bool greatest)
 }
 } // namespace
 
-// The day's first and last shift, so that the whole day is in the range.
+/// The day's first or last shift, so that the whole day is in the range; but a number that was picked by hand
+/// stays as long as it is one of the same day.
+void QArtReport::chooseNumber(Numbers *numbers)
+{
+    const int picked = numbers->picked.isEmpty() ? -1 : numbers->box->findText(numbers->picked);
+    if (picked < 0)
+        numbers->picked.clear();
+    if (numbers->box->count() > 0)
+        numbers->box->setCurrentIndex(picked >= 0 ? picked
+                                                  : placeOfNumber(numbers->box, numbers->isGreatestChosen));
+}
+
 void QArtReport::changDateStart(const QDate &day)
 {
-    if (fillNumbers(ui->cbZStart, day))
-        ui->cbZStart->setCurrentIndex(placeOfNumber(ui->cbZStart, false));
+    fillNumbers(&m_start, day, BoxReader::AfterTyping);
 }
 
 void QArtReport::changDateEnd(const QDate &day)
 {
-    if (fillNumbers(ui->cbZEnd, day))
-        ui->cbZEnd->setCurrentIndex(placeOfNumber(ui->cbZEnd, true));
-}
-
-int QArtReport::registersInPlace() const
-{
-    const ArtPlace chosen = place();
-    if (chosen.kass != 0)
-        return 1;
-    const QString sql = QStringLiteral("SELECT COUNT(*) FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id "
-                                       "WHERE");
-    const QString where = chosen.shop != 0 ? QStringLiteral(" kassa.id_shop=%1").arg(chosen.shop)
-                          : chosen.group != 0
-                              ? QStringLiteral(" shops.group_shop=%1").arg(chosen.group)
-                              : inShopGroups(QStringLiteral("shops.group_shop"), chosen.permittedGroups);
-    return db().firstText(sql + where).value_or(QString()).toInt();
-}
-
-void QArtReport::offerDatesOnly()
-{
-    const bool several = registersInPlace() > 1;
-    if (several != m_hasSeveralRegisters)
-        ui->chDatesOnly->setChecked(several);
-    m_hasSeveralRegisters = several;
+    fillNumbers(&m_end, day, BoxReader::AfterTyping);
 }
 
 void QArtReport::refillNumbers()
 {
-    changDateStart(ui->range->firstDay());
-    changDateEnd(ui->range->lastDay());
+    fillNumbers(&m_start, ui->range->firstDay(), BoxReader::AtOnce);
+    fillNumbers(&m_end, ui->range->lastDay(), BoxReader::AtOnce);
 }
 
-bool QArtReport::fillNumbers(QComboBox *box, const QDate &day)
+void QArtReport::fillNumbers(Numbers *numbers, const QDate &day, BoxReader::When when)
 {
-    const bool filled = fillCombo(box, db(), zNumbersStatement(place(), day));
+    m_refillsNumbers = ui->place->isReading();
+    if (m_refillsNumbers) {
+        numbers->reader->clear();
+        return;
+    }
     m_numbersPlace = ui->place->description();
+    if (numbers->day != day || numbers->place != m_numbersPlace)
+        numbers->picked.clear();
+    numbers->day = day;
+    numbers->place = m_numbersPlace;
+    numbers->reader->read(zNumbersStatement(place(), day), {}, when);
     showNumbersPlace();
-    return filled;
+}
+
+namespace {
+QString registersSql(const ArtPlace &place)
+{
+    const QString where = place.shop != 0 ? QStringLiteral(" kassa.id_shop=%1").arg(place.shop)
+                          : place.group != 0
+                              ? QStringLiteral(" shops.group_shop=%1").arg(place.group)
+                              : inShopGroups(QStringLiteral("shops.group_shop"), place.permittedGroups);
+    return QStringLiteral("SELECT COUNT(*) FROM kassa LEFT JOIN shops ON kassa.id_shop=shops.id WHERE") +
+           where;
+}
+} // namespace
+
+void QArtReport::offerDatesOnly()
+{
+    const auto offer = [this](bool several) {
+        if (several != m_hasSeveralRegisters)
+            ui->chDatesOnly->setChecked(several);
+        m_hasSeveralRegisters = several;
+    };
+    m_registers->drop();
+    if (place().kass != 0)
+        offer(false);
+    else
+        m_registers->read(
+            [sql = registersSql(place())](const Db &db) {
+                return db.firstText(sql).value_or(QString()).toInt() > 1;
+            },
+            [this, offer](bool several) {
+                offer(several);
+                goOnLoading();
+            });
 }
 
 void QArtReport::showNumbersPlace()
 {
-    const bool isSame = m_numbersPlace == ui->place->description();
+    const bool isSame = m_numbersPlace.isEmpty() || m_numbersPlace == ui->place->description();
     ui->labelNumbersPlace->setText(
         isSame ? QString() : tr("Номери змін узято для іншого місця: %1.").arg(m_numbersPlace));
 }
@@ -253,7 +320,7 @@ QString QArtReport::refusal() const
 
 void QArtReport::load()
 {
-    if (refuse(refusal()))
+    if (loadsLater() || refuse(refusal()))
         return;
     m_asked = choice();
     loadList(articlesStatement(m_asked), asked(), bonusStatement(m_asked));

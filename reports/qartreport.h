@@ -1,6 +1,7 @@
 #pragma once
 
 #include "artstatements.h"
+#include "boxreader.h"
 #include "reportwindow.h"
 
 namespace Ui {
@@ -19,6 +20,7 @@ public:
     ~QArtReport() override;
 
     QStringList totals() const override;
+    bool isChoosing() const override;
 
 public slots:
     void load() override;
@@ -34,6 +36,7 @@ public slots:
 protected:
     bool isExported() const override { return true; }
     void rowsShown() override;
+    void placeChosen() override;
 
 private slots:
     /// The numbers of both days anew, for the place that is chosen now.
@@ -44,14 +47,27 @@ private slots:
     void offerDatesOnly();
 
 private:
+    /// The numbers of the shifts that were closed on a day, for the range's one end.
+    struct Numbers
+    {
+        BoxReader *reader = nullptr;
+        QComboBox *box = nullptr;
+        bool isGreatestChosen = false;
+        QDate day;
+        QString place;
+        /// By hand; empty when it was not.
+        QString picked;
+    };
     void setUpList();
     void setUpChoice();
+    void setUpPlace();
+    void setUpNumbers(Numbers *numbers, QComboBox *box, bool isGreatestChosen);
     void fillGoodsGroups();
-    bool fillNumbers(QComboBox *box, const QDate &day);
+    void fillNumbers(Numbers *numbers, const QDate &day, BoxReader::When when);
+    static void chooseNumber(Numbers *numbers);
     void showReceipts(const QModelIndex &line);
     ChekOrigin originOf(int row) const;
     QStringList asked() const;
-    int registersInPlace() const;
     ArtPlace place() const;
     ArtChoice choice() const;
     QString refusal() const;
@@ -62,6 +78,12 @@ private:
     /// What the list was asked for last, and what the rows in it were asked for.
     ArtChoice m_asked;
     ArtChoice m_shown;
+    Numbers m_start;
+    Numbers m_end;
+    /// The numbers of both days are wanted for the place on its way.
+    bool m_refillsNumbers = false;
     QString m_numbersPlace;
+    BoxReader *m_goodsGroups;
+    DbTasks *m_registers;
     bool m_hasSeveralRegisters = false;
 };

@@ -1,23 +1,21 @@
 #include "qchekviewer.h"
-#include "queryservice.h"
 #include "ui_qchekviewer.h"
 
 #include "cheklist.h"
 #include "cheks.h"
+#include "dbtasks.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "queryservice.h"
 #include "shopgroups.h"
-#include "waitcursor.h"
 
 #include <QItemSelectionModel>
 
 namespace {
 const QRgb mismatchColour = 0xffff3333;
-/// A line passed by with the arrow keys is not read.
-constexpr int selectionRestMs = 120;
 
 quint64 keyOf(const QString &kass, const QString &chek)
 {
@@ -27,7 +25,10 @@ quint64 keyOf(const QString &kass, const QString &chek)
 } // namespace
 
 QChekViewer::QChekViewer(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QChekViewer>())
+    : ReportWindow(db, user, mainWindow, parent)
+    , ui(std::make_unique<Ui::QChekViewer>())
+    , m_slips(newTasks())
+    , m_origins(newTasks())
 {
     ui->setupUi(this);
     takeList(ui->listCheks, ui->pbLoad, ui->pbStop);
@@ -59,6 +60,8 @@ void QChekViewer::connectWidgets()
          {&PlaceSelector::groupChanged, &PlaceSelector::shopChanged, &PlaceSelector::registerChanged})
         connect(ui->place, changed, this, &QChekViewer::forgetOrigin);
     connect(ui->range, &RangeSelector::changed, this, &QChekViewer::forgetOrigin);
+    connect(ui->place, &PlaceSelector::chosen, this, [this] { m_isShowingOrigin = false; });
+    connect(ui->place, &PlaceSelector::touched, this, &QChekViewer::leaveOrigin);
     connect(ui->pbWholePlace, &QPushButton::clicked, this, [this] {
         forgetOrigin();
         load();
@@ -67,35 +70,30 @@ void QChekViewer::connectWidgets()
 
 void QChekViewer::connectSlip()
 {
-    m_selection.setSingleShot(true);
-    m_selection.setInterval(selectionRestMs);
     const auto showCurrent = [this] { dclicktable(view()->currentIndex()); };
-    connect(&m_selection, &QTimer::timeout, this, showCurrent);
+    connect(&m_selection, &TypingPause::ended, this, showCurrent);
     connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, &m_selection,
-            qOverload<>(&QTimer::start));
+            &TypingPause::begin);
     connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
 void QChekViewer::GroupChanged(const QString &group)
 {
     if (group.isEmpty())
-        ui->place->refillShops(db(), QStringLiteral("SELECT address FROM shops WHERE") +
-                                         inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user())) +
-                                         QStringLiteral(" AND block=0"));
+        ui->place->refillShops(QStringLiteral("SELECT address FROM shops WHERE") +
+                               inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user())) +
+                               QStringLiteral(" AND block=0"));
     else
-        ui->place->refillShops(
-            db(),
-            QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
-                           "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
-            {{QStringLiteral(":name"), group}});
+        ui->place->refillShops(QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
+                                              "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
+                               {{QStringLiteral(":name"), group}});
 }
 
 void QChekViewer::ShopChanged(const QString &shop)
 {
     // Under the name that the log has for it everywhere.
     postTrace(mainWindow(), QStringLiteral("QCashDrive::ShopChanged(QString str)"));
-    ui->place->refillRegisters(db(),
-                               QStringLiteral("SELECT advertising_str FROM kassa WHERE id_shop=(SELECT id "
+    ui->place->refillRegisters(QStringLiteral("SELECT advertising_str FROM kassa WHERE id_shop=(SELECT id "
                                               "FROM shops WHERE address=:name) AND block=0"),
                                {{QStringLiteral(":name"), shop}});
 }
@@ -105,36 +103,53 @@ void QChekViewer::showid(bool byNumber)
     ui->range->setByNumber(byNumber);
 }
 
+/// The place of a line as the boxes have it.
+struct OriginNames
+{
+    uint group = 0;
+    QString shop;
+    QString kass;
+};
+
+namespace {
+OriginNames readNames(const Db &db, const Place &place)
+{
+    OriginNames names;
+    names.group = place.group;
+    const auto row =
+        db.firstRow(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(place.shop));
+    if (row && !row->isEmpty()) {
+        names.shop = row->at(0);
+        names.group = row->at(1).toUInt();
+        names.kass =
+            db.firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(place.kass))
+                .value_or(QString());
+    }
+    return names;
+}
+} // namespace
+
 void QChekViewer::showOrigin(const ChekOrigin &origin)
 {
-    m_isShowingOrigin = true;
-    showPlace(origin);
-    showid(true);
-    ui->range->setNumbers(QString::number(origin.zFrom.toUInt()), QString::number(origin.zTo.toUInt()));
-    m_isShowingOrigin = false;
-    setOrigin(origin);
+    m_origins->drop();
+    m_origins->read([place = Place(origin)](const Db &db) { return readNames(db, place); },
+                    [this, origin](const OriginNames &names) { showPlace(origin, names); });
     load();
     view()->setFocus();
 }
 
-void QChekViewer::showPlace(const ChekOrigin &origin)
+void QChekViewer::showPlace(const ChekOrigin &origin, const OriginNames &names)
 {
-    QString shop;
-    QString kass;
-    uint group = origin.group;
-    const auto row =
-        db().firstRow(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(origin.shop));
-    if (row && !row->isEmpty()) {
-        shop = row->at(0);
-        group = row->at(1).toUInt();
-        kass =
-            db().firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(origin.kass))
-                .value_or(QString());
-    }
-    if (!ui->place->chooseGroup(group))
-        ui->place->chooseGroup(0);
-    ui->place->showShop(shop);
-    ui->place->showRegister(kass);
+    m_isShowingOrigin = true;
+    setOrigin(origin);
+    showid(true);
+    ui->range->setNumbers(QString::number(origin.zFrom.toUInt()), QString::number(origin.zTo.toUInt()));
+    ui->place->showPlace(names.group, names.shop, names.kass);
+}
+
+bool QChekViewer::isChoosing() const
+{
+    return ReportWindow::isChoosing() || m_origins->isWaiting();
 }
 
 namespace {
@@ -161,6 +176,15 @@ void QChekViewer::setOrigin(const std::optional<ChekOrigin> &origin)
     ui->pbWholePlace->setHidden(limits.isEmpty());
 }
 
+/// The user's hand was faster than the line's place.
+void QChekViewer::leaveOrigin()
+{
+    if (m_origins->isWaiting() || m_isShowingOrigin)
+        forgetLoad();
+    m_origins->drop();
+    m_isShowingOrigin = false;
+}
+
 void QChekViewer::forgetOrigin()
 {
     if (!m_isShowingOrigin)
@@ -180,8 +204,6 @@ ChekFilter QChekViewer::filter() const
                          range.to(),
                          {},
                          m_origin};
-    if (filter.narrowest == PlaceSelector::Everywhere && !seesEveryShopGroup(db(), *user()))
-        filter.groups = shopGroupsSeen(*user());
     return filter;
 }
 
@@ -195,11 +217,18 @@ QStringList QChekViewer::asked() const
 
 void QChekViewer::load()
 {
-    if (refuse(ui->range->refusal()))
+    if (loadsLater() || refuse(ui->range->refusal()))
         return;
     m_asked = filter();
     m_keepsSlip = false;
-    loadList(chekListSql(m_asked), asked());
+    const auto loadFor = [this, lines = asked()](const QStringList &groups) {
+        m_asked.groups = groups;
+        loadList(chekListSql(m_asked), lines);
+    };
+    if (m_asked.narrowest == PlaceSelector::Everywhere && !m_asked.origin)
+        askSeenGroups(loadFor);
+    else
+        loadFor({});
 }
 
 RowStore QChekViewer::arranged(RowStore &&found)
@@ -213,9 +242,11 @@ RowStore QChekViewer::arranged(RowStore &&found)
 void QChekViewer::rowsShown()
 {
     m_listed = m_asked;
-    m_selection.stop();
-    if (!m_keepsSlip)
+    m_selection.drop();
+    if (!m_keepsSlip) {
+        m_slips->drop();
         ui->slip->clear();
+    }
     m_keepsSlip = false;
     if (m_origin && model()->rowCount() > 0)
         view()->setCurrentIndex(model()->index(0, ChekList::Number));
@@ -284,23 +315,28 @@ void QChekViewer::dclicktable(const QModelIndex &index)
 void QChekViewer::showChekOrZvit(const QString &type, const QString &chek, const QString &kass)
 {
     const uint id = kass.toUInt();
-    showDocument(type.toInt(), {{0, m_shops.value(id), id}, chek.toUInt()});
+    const SlipKey key = {{0, m_shops.value(id), id}, chek.toUInt()};
+    showDocument([key, kind = type.toInt()](const Db &db) { return readSlip(db, kind, key); });
 }
 
-bool QChekViewer::showReceipt(uint kass, uint chek, uint shop)
+void QChekViewer::showReceipt(uint kass, uint chek)
 {
     m_keepsSlip = isLoading();
-    return showDocument(ChekType::Payment, {{0, shop, kass}, chek});
+    const SlipKey key = {{0, 0, kass}, chek};
+    showDocument([key](const Db &db) { return readNewSlip(db, key); });
 }
 
-bool QChekViewer::showDocument(int type, const SlipKey &key)
+void QChekViewer::showDocument(const std::function<std::optional<Slip>(const Db &)> &read)
 {
-    const WaitCursor wait;
-    m_selection.stop();
-    const auto document = readSlip(db(), type, key);
-    if (document)
-        ui->slip->showSlip(*document);
-    return document.has_value();
+    m_selection.drop();
+    m_slips->drop();
+    ui->slip->expect();
+    m_slips->read(read, [this](const std::optional<Slip> &document) {
+        if (document)
+            ui->slip->showSlip(*document);
+        else
+            ui->slip->keep();
+    });
 }
 
 QString QChekViewer::slip() const

@@ -3,14 +3,15 @@
 #include "chekquery.h"
 #include "reportwindow.h"
 #include "slipreader.h"
+#include "typingpause.h"
 
 #include <QSet>
-#include <QTimer>
 
 namespace Ui {
 class QChekViewer;
 }
 class QModelIndex;
+struct OriginNames;
 
 /// The receipts, Z-reports and documents of goods of a place and a range, and one of them as a slip.
 class QChekViewer : public ReportWindow
@@ -24,14 +25,15 @@ public:
     /// Loads the receipts behind a line of another report; they are kept to until another place or range is
     /// chosen.
     void showOrigin(const ChekOrigin &origin);
-    /// Shows a receipt of a register, whatever the list holds; false after a failure (reported).
-    bool showReceipt(uint kass, uint chek, uint shop);
+    /// Shows a receipt that a register has just written, whatever the list holds.
+    void showReceipt(uint kass, uint chek);
     /// Sales minus returns of the listed receipts, in kopecks.
     qint64 sum() const { return m_sum; }
     /// The document shown; empty for none.
     QString slip() const;
 
     QStringList totals() const override;
+    bool isChoosing() const override;
 
 public slots:
     void GroupChanged(const QString &group);
@@ -55,19 +57,22 @@ private:
     void InsertColumnsListCheks();
     void connectWidgets();
     void connectSlip();
-    void showPlace(const ChekOrigin &origin);
+    void showPlace(const ChekOrigin &origin, const OriginNames &names);
     void setOrigin(const std::optional<ChekOrigin> &origin);
     void forgetOrigin();
+    void leaveOrigin();
     QStringList asked() const;
     ChekFilter filter() const;
     void checkSums(bool check);
     void showChecked(const std::shared_ptr<QueryAnswer> &found);
     void colourMismatches(const QColor &colour);
-    bool showDocument(int type, const SlipKey &key);
+    void showDocument(const std::function<std::optional<Slip>(const Db &)> &read);
 
     std::unique_ptr<Ui::QChekViewer> ui;
     /// Checks the sums of the list; made when it is first needed.
     QueryOwner *m_checker = nullptr;
+    DbTasks *m_slips;
+    DbTasks *m_origins;
     /// The request on its way, and what was asked for the rows in the list.
     ChekFilter m_asked;
     ChekFilter m_listed;
@@ -80,6 +85,6 @@ private:
     bool m_isShowingOrigin = false;
     /// The slip was asked for by itself while a list was on its way.
     bool m_keepsSlip = false;
-    /// Until the selection has come to rest.
-    QTimer m_selection;
+    /// A line passed by with the arrow keys is not read.
+    TypingPause m_selection;
 };

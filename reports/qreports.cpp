@@ -1,6 +1,7 @@
 #include "qreports.h"
 
 #include "cheks.h"
+#include "dbtasks.h"
 #include "permissions.h"
 #include "qartreport.h"
 #include "qchekviewer.h"
@@ -14,7 +15,13 @@
 #include <QTabWidget>
 
 QReports::QReports(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *mainWindow)
-    : QObject(mainWindow), m_tabs(tabs), m_db(db), m_setting(set), m_user(user), m_pages(lines())
+    : QObject(mainWindow)
+    , m_tabs(tabs)
+    , m_db(db)
+    , m_setting(set)
+    , m_user(user)
+    , m_pages(lines())
+    , m_slips(new DbTasks(db->connectionName(), mainWindow, this))
 {
     connect(user, &QLoadedUser::rightsChanged, this, &QReports::followRights);
 }
@@ -79,23 +86,19 @@ void QReports::showCheks(const ChekOrigin &origin)
         viewer->showOrigin(origin);
 }
 
-uint QReports::shopOfRegister(const QString &kass) const
-{
-    return Db(m_db, parent())
-        .firstText(QStringLiteral("SELECT id_shop FROM kassa WHERE id=%1").arg(kass.toUInt()))
-        .value_or(QString())
-        .toUInt();
-}
-
 void QReports::showSlip(const QString &kass, int chek, bool print)
 {
-    const SlipKey key = {{0, shopOfRegister(kass), kass.toUInt()}, static_cast<uint>(chek)};
+    const SlipKey key = {{0, 0, kass.toUInt()}, static_cast<uint>(chek)};
     if (!print) {
         if (auto *viewer = qobject_cast<QChekViewer *>(open("mz_cheks")))
-            viewer->showReceipt(key.kass, key.chek, key.shop);
-    } else if (const auto slip = readSlip(Db(m_db, parent()), ChekType::Payment, key)) {
-        previewSlip(m_tabs->window(), slip->html());
+            viewer->showReceipt(key.kass, key.chek);
+        return;
     }
+    m_slips->read([key](const Db &db) { return readNewSlip(db, key); },
+                  [this](const std::optional<Slip> &slip) {
+                      if (slip)
+                          previewSlip(m_tabs->window(), slip->html());
+                  });
 }
 
 bool QReports::closetab(int index)

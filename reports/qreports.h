@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 
+class DbTasks;
 class QLoadedUser;
 class QSqlDatabase;
 class ReportWindow;
@@ -57,11 +58,12 @@ private:
     QWidget *open(const char *action);
     /// What may no longer be seen goes.
     void followRights();
-    uint shopOfRegister(const QString &kass) const;
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;
     setting *m_setting;
     QLoadedUser *m_user;
     PageTable m_pages;
+    /// The slip on its way to the printer.
+    DbTasks *m_slips;
 };

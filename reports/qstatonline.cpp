@@ -1,6 +1,7 @@
 #include "qstatonline.h"
 #include "ui_qstatonline.h"
 
+#include "dbtasks.h"
 #include "onlinegrid.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
@@ -34,6 +35,7 @@ QStatOnLine::QStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindo
     : ReportWindow(db, user, mainWindow, parent)
     , ui(std::make_unique<Ui::QStatOnLine>())
     , m_grid(new OnLineGrid(this))
+    , m_registersAsked(newTasks())
 {
     Q_UNUSED(set)
     ui->setupUi(this);
@@ -62,7 +64,15 @@ void QStatOnLine::setUpChoice()
     ui->place->setShopPrompt(tr("Виберіть магазин"));
     ui->deDay->setDate(QDate::currentDate());
     connect(ui->place, &PlaceSelector::groupChanged, this, [this] { ChangeGroup(0); });
-    connect(ui->place, &PlaceSelector::shopChanged, this, [this] { ChangeShop(0); });
+    connect(ui->place, &PlaceSelector::shopChanged, this, &QStatOnLine::askSoon);
+    connect(ui->place, &PlaceSelector::touched, this, [this] { m_wantedShop = 0; });
+    connect(&m_pause, &TypingPause::ended, this, [this] {
+        if (m_isShopNew)
+            ChangeShop(0);
+        else
+            LoadData(ui->place->place().shop);
+    });
+    connect(ui->pbStop, &QPushButton::clicked, m_registersAsked, &DbTasks::drop);
     connect(ui->deDay, &QDateEdit::dateChanged, this, &QStatOnLine::DateChang);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QStatOnLine::load);
     connect(ui->chTimeline, &QCheckBox::toggled, ui->areaTimeline, &QWidget::setVisible);
@@ -75,50 +85,70 @@ void QStatOnLine::ChangeGroup(int index)
     const QString condition =
         group == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                    : QStringLiteral(" group_shop=") + QString::number(group) + QStringLiteral(" AND block=0");
-    ui->place->refillShops(db(), QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") +
-                                     condition);
+    ui->place->refillShops(QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") + condition);
     ChangeShop(0);
+}
+
+/// Another shop is asked for when the hand rests; what the list shows is not its any more.
+void QStatOnLine::askSoon()
+{
+    m_registersAsked->drop();
+    showRegisters({});
+    m_isShopNew = true;
+    m_pause.begin();
 }
 
 void QStatOnLine::ChangeShop(int index)
 {
     Q_UNUSED(index)
     const uint shop = ui->place->place().shop;
-    if (readRegisters(shop))
-        LoadData(shop);
+    m_isShopNew = false;
+    m_pause.drop();
+    m_registersAsked->drop();
+    view()->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
+    if (shop == 0) {
+        showRegisters({});
+        return;
+    }
+    list()->expectLoad();
+    const QString sql = QStringLiteral("SELECT kassa.advertising_str,onoffline.id_kass FROM onoffline "
+                                       "LEFT JOIN kassa ON kassa.id=onoffline.id_kass WHERE "
+                                       "kassa.block=0 AND onoffline.id_kass IS NOT NULL  AND "
+                                       "onoffline.id_shop=") +
+                        QString::number(shop) + QStringLiteral(" GROUP BY onoffline.id_kass");
+    m_registersAsked->read([sql](const Db &db) { return readEntries(db, sql); },
+                           [this, shop](const std::optional<ListEntries> &registers) {
+                               showRegisters(registers.value_or(ListEntries()));
+                               if (registers)
+                                   LoadData(shop);
+                           });
 }
 
 void QStatOnLine::DateChang(const QDate &day)
 {
     Q_UNUSED(day)
-    LoadData(ui->place->place().shop);
+    // The registers on their way are followed by what they did on the day chosen then.
+    if (ui->place->place().shop != 0 && !m_registersAsked->isWaiting())
+        m_pause.begin();
 }
 
 void QStatOnLine::load()
 {
-    ChangeShop(0);
+    m_pause.drop();
+    if (!loadsLater())
+        ChangeShop(0);
 }
 
-bool QStatOnLine::readRegisters(unsigned int shop)
+void QStatOnLine::showRegisters(const ListEntries &registers)
 {
     m_columns.clear();
     m_registers.clear();
-    auto query =
-        shop == 0 ? std::nullopt
-                  : db().run(QStringLiteral("SELECT kassa.advertising_str,onoffline.id_kass FROM onoffline "
-                                            "LEFT JOIN kassa ON kassa.id=onoffline.id_kass WHERE "
-                                            "kassa.block=0 AND onoffline.id_kass IS NOT NULL  AND "
-                                            "onoffline.id_shop=") +
-                             QString::number(shop) + QStringLiteral(" GROUP BY onoffline.id_kass"));
-    while (query && query->next()) {
-        const QString id = toText(query->value(1));
-        m_columns.insert(id, m_registers.size());
-        m_registers.append(query->value(0).isNull() ? id : toText(query->value(0)));
+    for (const auto &[name, id] : registers) {
+        m_columns.insert(toText(id), m_registers.size());
+        m_registers.append(name.isNull() ? toText(id) : name);
     }
     emptyList();
     giveTimelineRoom();
-    view()->setEmptyText(shop == 0 ? tr("Виберіть магазин, каси якого показати.") : QString());
-    return shop != 0 && query.has_value();
 }
 
 void QStatOnLine::LoadData(unsigned int shop)
@@ -165,9 +195,19 @@ void QStatOnLine::giveTimelineRoom()
 
 void QStatOnLine::showShop(unsigned int shop)
 {
+    m_wantedShop = 0;
     ui->place->chooseGroup(0);
-    if (ui->place->place().shop == shop)
-        load();
-    else if (!ui->place->chooseShop(shop))
+    m_wantedShop = shop;
+    ui->place->chooseShop(shop);
+}
+
+void QStatOnLine::placeChosen()
+{
+    const uint wanted = std::exchange(m_wantedShop, 0);
+    if (wanted == 0)
+        return;
+    if (ui->place->place().shop == wanted)
+        ChangeShop(0);
+    else
         refuse(tr("Цей магазин вам недоступний."));
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "combos.h"
 #include "onlineintervals.h"
 #include "reportwindow.h"
+#include "typingpause.h"
 
 #include <QHash>
 
@@ -34,11 +36,13 @@ public slots:
 
 protected:
     void rowsShown() override;
+    void placeChosen() override;
 
 private:
     void setUpGrid();
     void setUpChoice();
-    bool readRegisters(unsigned int shop);
+    void showRegisters(const ListEntries &registers);
+    void askSoon();
     QVector<OnLineInterval> readIntervals() const;
     /// As much of the page as the registers' bars need, half of it at most.
     void giveTimelineRoom();
@@ -50,4 +54,10 @@ private:
     QHash<QString, int> m_columns;
     QStringList m_registers;
     QDate m_askedDay;
+    DbTasks *m_registersAsked;
+    /// Shops and days passed by with the keys are not asked for.
+    TypingPause m_pause;
+    bool m_isShopNew = false;
+    /// What showShop() waits for; 0 for nothing.
+    unsigned int m_wantedShop = 0;
 };

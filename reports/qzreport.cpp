@@ -1,6 +1,7 @@
 #include "qzreport.h"
 #include "ui_qzreport.h"
 
+#include "dbtasks.h"
 #include "money.h"
 #include "qloadeduser.h"
 #include "qrowmodel.h"
@@ -29,7 +30,7 @@ ChekOrigin originOf(DbId shop, DbId kass, const QString &number)
 } // namespace
 
 QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QZReport>())
+    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QZReport>()), m_origins(newTasks())
 {
     ui->setupUi(this);
     ui->leLimit->setValidator(
@@ -87,14 +88,13 @@ void QZReport::GroupChanged()
                                   // Without brackets: of the chosen group blocked shops are offered too,
                                   // their reports are still asked for.
                                   : QStringLiteral(" group_shop=%1 or group_shop=1 AND block=0").arg(group);
-    ui->place->refillShops(db(), QStringLiteral("SELECT address,id FROM shops WHERE") + condition);
+    ui->place->refillShops(QStringLiteral("SELECT address,id FROM shops WHERE") + condition);
 }
 
 void QZReport::ShopChanged()
 {
-    ui->place->refillRegisters(db(), QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
-                                         QString::number(ui->place->place().shop) +
-                                         QStringLiteral(" AND block=0"));
+    ui->place->refillRegisters(QStringLiteral("SELECT advertising_str,id FROM kassa WHERE id_shop=") +
+                               QString::number(ui->place->place().shop) + QStringLiteral(" AND block=0"));
 }
 
 void QZReport::showid(bool byNumber)
@@ -104,22 +104,23 @@ void QZReport::showid(bool byNumber)
 
 void QZReport::load()
 {
-    if (refuse(ui->range->refusal()))
+    if (loadsLater() || refuse(ui->range->refusal()))
         return;
     QStringList heading = {tr("Z - Звіти"), ui->place->description(), ui->range->description()};
     if (!ui->leLimit->text().isEmpty())
         heading.append(tr("не більше %1").arg(ui->leLimit->text()));
     const ZRange range = {ui->range->isByNumber(), ui->range->from(), ui->range->to()};
-    loadList(zStatement(ui->chSum->isChecked()) + zCondition(place(), range) + zLimit(ui->leLimit->text()),
-             heading);
-}
-
-ZPlace QZReport::place() const
-{
-    ZPlace place = {ui->place->groupName(), ui->place->shopName(), ui->place->registerName(), {}};
-    if (ui->place->narrowest() == PlaceSelector::Everywhere && !seesEveryShopGroup(db(), *user()))
-        place.groups = shopGroupsSeen(*user());
-    return place;
+    const ZPlace place = {ui->place->groupName(), ui->place->shopName(), ui->place->registerName(), {}};
+    const auto loadFor = [this, heading, range, place, select = zStatement(ui->chSum->isChecked()),
+                          limit = zLimit(ui->leLimit->text())](const QStringList &groups) {
+        ZPlace seen = place;
+        seen.groups = groups;
+        loadList(select + zCondition(seen, range) + limit, heading);
+    };
+    if (ui->place->narrowest() == PlaceSelector::Everywhere)
+        askSeenGroups(loadFor);
+    else
+        loadFor({});
 }
 
 bool QZReport::isSummed() const
@@ -146,24 +147,38 @@ QStringList QZReport::totals() const
     return sums;
 }
 
-void QZReport::dclicktable(const QModelIndex &index)
+namespace {
+/// The list has no ids; two registers of a shop may bear the same text, their shifts end at other times.
+std::optional<ChekOrigin> readOrigin(const Db &db, const Db::Values &line)
 {
-    if (!index.isValid() || isSummed())
-        return;
-    const auto stored = [this, &index](int column) { return model()->stored(index.row(), column); };
-    // The list has no ids; two registers of a shop may bear the same text, their shifts end at other times.
-    const auto found = db().firstRow(
+    const auto found = db.firstRow(
         QStringLiteral(
             "SELECT z_zvit.id_shop,z_zvit.id_kass FROM z_zvit JOIN kassa ON z_zvit.id_kass=kassa.id "
             "JOIN shops ON z_zvit.id_shop=shops.id WHERE z_zvit.id_zzvit=:zvit AND "
             "shops.address=:addres AND kassa.advertising_str=:kassa "
             "ORDER BY z_zvit.data_time=:time DESC LIMIT 1"),
-        {{QStringLiteral(":zvit"), stored(Number)},
-         {QStringLiteral(":addres"), stored(Shop)},
-         {QStringLiteral(":kassa"), stored(Register)},
-         {QStringLiteral(":time"), stored(Time)}});
-    if (found && !found->isEmpty())
-        emit cheksWanted(originOf(found->at(0).toUInt(), found->at(1).toUInt(), stored(Number)));
+        line);
+    if (!found || found->isEmpty())
+        return {};
+    return originOf(found->at(0).toUInt(), found->at(1).toUInt(), line.constFirst().second.toString());
+}
+} // namespace
+
+void QZReport::dclicktable(const QModelIndex &index)
+{
+    if (!index.isValid() || isSummed())
+        return;
+    const auto stored = [this, &index](int column) { return model()->stored(index.row(), column); };
+    const Db::Values line = {{QStringLiteral(":zvit"), stored(Number)},
+                             {QStringLiteral(":addres"), stored(Shop)},
+                             {QStringLiteral(":kassa"), stored(Register)},
+                             {QStringLiteral(":time"), stored(Time)}};
+    m_origins->drop();
+    m_origins->read([line](const Db &db) { return readOrigin(db, line); },
+                    [this](const std::optional<ChekOrigin> &origin) {
+                        if (origin)
+                            emit cheksWanted(*origin);
+                    });
 }
 
 void QZReport::rowsShown()

@@ -36,11 +36,11 @@ protected:
 private:
     void buildList();
     void buildChart();
-    ZPlace place() const;
     bool isSummed() const;
     bool hasSeveralShops() const;
     void showChart();
     void drawChart();
 
     std::unique_ptr<Ui::QZReport> ui;
+    DbTasks *m_origins;
 };

@@ -1,17 +1,20 @@
 #include "reportwindow.h"
 
+#include "dbtasks.h"
+#include "permittedlists.h"
 #include "placeselector.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
-#include "qtab.h"
+#include "shopgroups.h"
 
+#include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
 
 ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : QMainWindow(parent), m_db(db), m_user(user), m_mainWindow(mainWindow)
+    : QMainWindow(parent), m_db(db), m_user(user), m_mainWindow(mainWindow), m_seen(newTasks())
 {
     // A page of the tab area, not a window.
     setWindowFlags(Qt::Widget);
@@ -19,6 +22,11 @@ ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWin
 }
 
 ReportWindow::~ReportWindow() = default;
+
+DbTasks *ReportWindow::newTasks()
+{
+    return new DbTasks(m_db->connectionName(), m_mainWindow, this);
+}
 
 void ReportWindow::takeList(ListPane *list, QPushButton *pbLoad, QPushButton *pbStop)
 {
@@ -31,7 +39,10 @@ void ReportWindow::takeList(ListPane *list, QPushButton *pbLoad, QPushButton *pb
     list->setTotals([this] { return totals(); });
     list->setArranging([this](RowStore &&found) { return arranged(std::move(found)); });
     statusBar()->addWidget(list->footer(), 1);
-    setFocusProxy(findChild<PlaceSelector *>());
+    m_places = findChild<PlaceSelector *>();
+    m_places->open(m_db->connectionName(), m_mainWindow);
+    setFocusProxy(m_places);
+    connect(pbStop, &QPushButton::clicked, this, &ReportWindow::forgetLoad);
     connect(list, &ListPane::rowsShown, this, &ReportWindow::describeRows);
     connect(list, &ListPane::loaded, this, &ReportWindow::loaded);
     connect(list, &ListPane::failed, this, &ReportWindow::loaded);
@@ -45,11 +56,16 @@ void ReportWindow::setColumns(const QVector<Column> &columns)
 void ReportWindow::offerPlaces(const std::function<void()> &shopsOf)
 {
     m_refillShops = shopsOf;
+    connect(m_places, &PlaceSelector::chosen, this, [this] {
+        placeChosen();
+        goOnLoading();
+    });
     refillPlaces();
     connect(m_user, &QLoadedUser::rightsChanged, this, [this] {
         if (!m_user->isLoaded() || m_user->groups() == m_groups)
             return;
         emptyList();
+        m_places->keepChoice();
         refillPlaces();
     });
 }
@@ -57,10 +73,45 @@ void ReportWindow::offerPlaces(const std::function<void()> &shopsOf)
 void ReportWindow::refillPlaces()
 {
     m_groups = m_user->groups();
-    findChild<PlaceSelector *>()->refillGroups(
-        db(), QStringLiteral("SELECT name,id FROM group_shop WHERE") +
-                  QTab::GetStrLstGroupFromPermis(m_user, QStringLiteral("id"), true));
+    m_places->refillGroups(permittedGroupsSql(*m_user, true));
     m_refillShops();
+}
+
+bool ReportWindow::isChoosing() const
+{
+    return m_places->isReading();
+}
+
+bool ReportWindow::loadsLater()
+{
+    m_loadsLater = isChoosing();
+    if (m_loadsLater)
+        m_list->expectLoad();
+    return m_loadsLater;
+}
+
+void ReportWindow::goOnLoading()
+{
+    if (m_loadsLater && !isChoosing()) {
+        forgetLoad();
+        load();
+    }
+}
+
+void ReportWindow::forgetLoad()
+{
+    m_loadsLater = false;
+    m_seen->drop();
+    m_list->stop();
+}
+
+void ReportWindow::askSeenGroups(const std::function<void(const QStringList &)> &then)
+{
+    m_seen->drop();
+    m_list->expectLoad();
+    const QStringList groups = shopGroupsSeen(*m_user);
+    m_seen->read([groups](const Db &db) { return isEveryShopGroup(db, groups); },
+                 [groups, then](bool isEvery) { then(isEvery ? QStringList() : groups); });
 }
 
 Commands ReportWindow::commands() const
@@ -77,6 +128,7 @@ void ReportWindow::export_to_csv(const QString &code, const QString &path)
 void ReportWindow::loadList(const QString &sql, const QStringList &heading, const QString &numberSql)
 {
     postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);
+    m_seen->drop();
     m_askedHeading = heading;
     m_list->load(sql, numberSql);
 }
@@ -92,6 +144,7 @@ void ReportWindow::describeRows()
 
 void ReportWindow::emptyList()
 {
+    forgetLoad();
     m_askedHeading.clear();
     m_list->clear();
 }

@@ -8,6 +8,8 @@
 #include <QMainWindow>
 #include <functional>
 
+class DbTasks;
+class PlaceSelector;
 class QLoadedUser;
 class QNTableView;
 class QPushButton;
@@ -28,6 +30,8 @@ public:
     QNTableView *view() const { return m_list->view(); }
     QRowModel *model() const { return m_list->model(); }
     bool isLoading() const override { return m_list->isLoading(); }
+    /// Whether something that a load needs is still being read, the places above all.
+    virtual bool isChoosing() const;
 
     /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
     void export_to_csv(const QString &code, const QString &path) override;
@@ -58,6 +62,16 @@ protected:
     /// Fills the places with what the user may see: now, and again when that has changed. shopsOf refills the
     /// shops of the group chosen.
     void offerPlaces(const std::function<void()> &shopsOf);
+    /// Another place is chosen, and its boxes are filled.
+    virtual void placeChosen() {}
+    /// load() begins with it. True while isChoosing(): then load() is called again when that has ended.
+    bool loadsLater();
+    /// Something that a load needs has been read.
+    void goOnLoading();
+    /// A load on its way, or put off, does not come.
+    void forgetLoad();
+    /// For a load of all places: gives the shop groups that limit it, none when the user may see every one.
+    void askSeenGroups(const std::function<void(const QStringList &groups)> &then);
     /// Runs the statement in the background. Values of people go in through lit(). heading is what the rows
     /// will be; numberSql a statement of one whole number that is asked for before the list.
     void loadList(const QString &sql, const QStringList &heading, const QString &numberSql = {});
@@ -74,7 +88,9 @@ protected:
     /// Shows why a load is refused; true when there is a reason.
     bool refuse(const QString &why);
 
-    Db db() const { return Db(m_db, m_mainWindow); }
+    /// For reading one thing away from the window, the newest request of which counts.
+    DbTasks *newTasks();
+    PlaceSelector *places() const { return m_places; }
     QSqlDatabase *connection() const { return m_db; }
     QLoadedUser *user() const { return m_user; }
     QObject *mainWindow() const { return m_mainWindow; }
@@ -87,6 +103,9 @@ private:
     QLoadedUser *m_user;
     QObject *m_mainWindow;
     ListPane *m_list = nullptr;
+    PlaceSelector *m_places = nullptr;
+    DbTasks *m_seen;
+    bool m_loadsLater = false;
     std::function<void()> m_refillShops;
     QStringList m_groups;
     /// Of the rows on their way.

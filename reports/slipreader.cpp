@@ -171,3 +171,10 @@ std::optional<Slip> readSlip(const Db &db, int type, const SlipKey &key)
         return {};
     return slip;
 }
+
+std::optional<Slip> readNewSlip(const Db &db, SlipKey key)
+{
+    const auto shop = db.firstText(QStringLiteral("SELECT id_shop FROM kassa WHERE id=%1").arg(key.kass));
+    key.shop = shop.value_or(QString()).toUInt();
+    return shop ? readSlip(db, ChekType::Payment, key) : std::nullopt;
+}

@@ -4,9 +4,11 @@
 #include "listprinter.h"
 #include "slipprint.h"
 
-SlipView::SlipView(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::SlipView>())
+SlipView::SlipView(QWidget *parent)
+    : QWidget(parent), ui(std::make_unique<Ui::SlipView>())
 {
     ui->setupUi(this);
+    m_note = new WaitNote(ui->labelNote, this);
     connect(ui->pbPrint, &QPushButton::clicked, this, &SlipView::print);
     connect(ui->pbPdf, &QPushButton::clicked, this, &SlipView::savePdf);
     clear();
@@ -20,6 +22,11 @@ void SlipView::showSlip(const Slip &slip)
     setPage(slip.html());
 }
 
+void SlipView::expect()
+{
+    m_note->begin(tr("Читається…"));
+}
+
 void SlipView::clear()
 {
     setPage(QString());
@@ -27,6 +34,7 @@ void SlipView::clear()
 
 void SlipView::setPage(const QString &html)
 {
+    keep();
     m_html = html;
     ui->tbSlip->setHtml(html);
     for (QPushButton *button : {ui->pbPrint, ui->pbPdf})

@@ -96,11 +96,19 @@ void ListPane::setButtons(QPushButton *load, QPushButton *stop)
 
 bool ListPane::isLoading() const
 {
-    return m_queries != nullptr && m_queries->isWaiting();
+    return m_isExpecting || (m_queries != nullptr && m_queries->isWaiting());
+}
+
+void ListPane::expectLoad()
+{
+    m_queries->cancel();
+    m_isExpecting = true;
+    showState(tr("Завантаження…"), true);
 }
 
 void ListPane::load(const QString &sql, const QString &numberSql)
 {
+    m_isExpecting = false;
     m_clock.start();
     showState(tr("Завантаження…"), true);
     // Before the rows, so that no change falls between them and the time they were read at.
@@ -112,6 +120,7 @@ void ListPane::stop()
 {
     if (!isLoading())
         return;
+    m_isExpecting = false;
     m_queries->cancel();
     showState(tr("Завантаження зупинено."), false);
 }
@@ -132,6 +141,7 @@ void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
 
 void ListPane::showRows(RowStore &&rows)
 {
+    m_isExpecting = false;
     m_queries->cancel();
     m_number = 0;
     replaceRows(std::move(rows));
@@ -153,6 +163,7 @@ void ListPane::replaceRows(RowStore &&rows)
 
 void ListPane::clear()
 {
+    m_isExpecting = false;
     m_queries->cancel();
     m_number = 0;
     m_count = -1;

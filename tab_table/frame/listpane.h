@@ -51,6 +51,8 @@ public:
     /// in through lit(). numberSql: a statement of one whole number that is asked for behind it, see
     /// number().
     void load(const QString &sql, const QString &numberSql = {});
+    /// A load whose statement is still to be found: it is on its way until load(), stop() or clear().
+    void expectLoad();
     /// Ends a load on its way; the list stays as it was.
     void stop();
     bool isLoading() const;
@@ -154,6 +156,7 @@ private:
     std::function<RowStore(RowStore &&)> m_arrange;
     FileChooser m_chooseFile;
     bool m_keepsRows = false;
+    bool m_isExpecting = false;
     /// The list was entered before its rows had come: the first one becomes current then.
     bool m_wantsRow = false;
 };

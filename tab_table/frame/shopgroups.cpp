@@ -14,10 +14,10 @@ QStringList shopGroupsSeen(const QLoadedUser &user)
     return groups;
 }
 
-bool seesEveryShopGroup(const Db &db, const QLoadedUser &user)
+bool isEveryShopGroup(const Db &db, const QStringList &groups)
 {
     const auto others = db.firstText(QStringLiteral("SELECT COUNT(*) FROM group_shop WHERE NOT") +
-                                     inShopGroups(QStringLiteral("id"), shopGroupsSeen(user)));
+                                     inShopGroups(QStringLiteral("id"), groups));
     return others == QLatin1String("0");
 }
 

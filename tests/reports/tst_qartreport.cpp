@@ -10,6 +10,7 @@
 #include "qreports.h"
 #include "qrowmodel.h"
 #include "rangeselector.h"
+#include "waitchosen.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -120,6 +121,7 @@ void TstQArtReport::init()
     m_report = std::make_unique<QArtReport>(m_base->connection(), m_user.get(), &m_base->heard, nullptr);
     m_place = child<PlaceSelector>(m_report.get(), "place");
     child<RangeSelector>(m_report.get(), "range")->setDays(firstDay, lastDay);
+    waitChosen(m_report.get());
     m_base->heard.forget();
 }
 
@@ -138,6 +140,7 @@ void TstQArtReport::choosePlace(uint group, uint shop, uint kass)
     if (kass != 0)
         QVERIFY(m_place->chooseRegister(kass));
     child<QPushButton>(m_report.get(), "pbNumbers")->click();
+    waitChosen(m_report.get());
 }
 
 QStringList TstQArtReport::load()
@@ -312,9 +315,11 @@ void TstQArtReport::dayWithoutReportsIsExplained()
 {
     auto *range = child<RangeSelector>(m_report.get(), "range");
     range->setDays(firstDay, lastDay.addDays(5));
+    waitChosen(m_report.get());
     QCOMPARE(child<QComboBox>(m_report.get(), "cbZEnd")->count(), 0);
     QVERIFY(answerQuestion([&] { m_report->load(); }).contains("За 07.03.2026 немає Z-звітів"));
     range->setDays(lastDay, firstDay);
+    waitChosen(m_report.get());
     child<QComboBox>(m_report.get(), "cbZStart")->setCurrentText("8");
     child<QComboBox>(m_report.get(), "cbZEnd")->setCurrentText("5");
     QVERIFY(answerQuestion([&] { m_report->load(); }).contains("більший за кінцевий"));
@@ -327,11 +332,14 @@ void TstQArtReport::boxesOfferWhatBelongsToThem()
     const auto *shops = child<QComboBox>(m_report.get(), "cbShop");
     QCOMPARE(items(shops), (QStringList{"Усі магазини", "Спільний", "Північний"}));
     QVERIFY(m_place->chooseGroup(2));
+    waitChosen(m_report.get());
     QCOMPARE(items(shops), (QStringList{"Усі магазини", "Спільний", "Північний"}));
     QVERIFY(m_place->chooseGroup(1));
+    waitChosen(m_report.get());
     QCOMPARE(items(shops), (QStringList{"Усі магазини", "Спільний"}));
     QVERIFY(m_place->chooseGroup(2));
     QVERIFY(m_place->chooseShop(2));
+    waitChosen(m_report.get());
     QCOMPARE(items(child<QComboBox>(m_report.get(), "cbRegister")),
              (QStringList{"Усі каси", "Перша", "Друга"}));
 }
@@ -346,9 +354,11 @@ void TstQArtReport::numbersChangeWithTheDayOnly()
     QCOMPARE(items(end), (QStringList{"6", "8"}));
     QCOMPARE(end->currentText(), QString("8"));
     QVERIFY(m_place->chooseGroup(2));
+    waitChosen(m_report.get());
     QCOMPARE(items(end), (QStringList{"6", "8"}));
     QVERIFY(hint->text().contains("для іншого місця"));
     m_report->changDateEnd(lastDay);
+    waitChosen(m_report.get());
     QCOMPARE(items(end), QStringList{"6"});
     QVERIFY(hint->text().isEmpty());
 }
@@ -369,6 +379,7 @@ void TstQArtReport::doubleClickAsksForTheReceipts()
     load();
     // What is chosen by now does not matter: the list is that of the register.
     QVERIFY(m_place->chooseGroup(0));
+    waitChosen(m_report.get());
     QVector<ChekOrigin> asked;
     connect(m_report.get(), &ReportWindow::cheksWanted, this,
             [&](const ChekOrigin &line) { asked.append(line); });

@@ -11,6 +11,7 @@
 #include "rangeselector.h"
 #include "saleclock.h"
 #include "slipprint.h"
+#include "waitchosen.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -63,9 +64,10 @@ private:
     QStringList items(const char *box) { return itemsOf(child<QComboBox>(m_viewer.get(), box)); }
     static QStringList itemsOf(const QComboBox *box);
     void open(int row);
-    /// The slip, without the empty cells of its tables.
+    /// The slip once it has been read, without the empty cells of its tables.
     QString page()
     {
+        waitOutTasks();
         return child<QTextBrowser>(m_viewer.get(), "tbSlip")
             ->toPlainText()
             .split('\n', Qt::SkipEmptyParts)
@@ -189,6 +191,7 @@ void TstQChekViewer::init()
 {
     m_base->heard.forget();
     m_viewer = std::make_unique<QChekViewer>(m_base->connection(), m_user.get(), &m_base->heard, nullptr);
+    waitChosen(m_viewer.get());
 }
 
 void TstQChekViewer::cleanup()
@@ -397,6 +400,7 @@ void TstQChekViewer::timesAreThoseOfTheDatabase()
     load();
     QCOMPARE(viewer().model()->index(0, ChekList::Time).data().toString(), QString("29-03-26 03:30:00"));
     viewer().showChekOrZvit("3", "40", "1");
+    waitOutTasks();
     m_base->exec("DELETE FROM cheks WHERE id_chek=40");
     QVERIFY2(page().contains("29-03-2026") && page().contains("03:30:00"), qPrintable(page()));
 }
@@ -426,11 +430,16 @@ void TstQChekViewer::slipAfterASale()
     reports.showSlip("2", 1, false);
     auto *opened = qobject_cast<QChekViewer *>(reports.current());
     QVERIFY(opened != nullptr);
+    waitOutTasks();
     const QString text = child<QTextBrowser>(opened, "tbSlip")->toPlainText();
     QVERIFY2(text.startsWith("Перша\n" + people + "\nЧек №1\n") && text.contains("12.30"), qPrintable(text));
     reports.closetab(0);
-    QVERIFY(withModal<QPrintPreviewDialog>([&] { reports.showSlip("2", 1, true); },
-                                           [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
+    QVERIFY(withModal<QPrintPreviewDialog>(
+        [&] {
+            reports.showSlip("2", 1, true);
+            waitOutTasks();
+        },
+        [](QPrintPreviewDialog *dialog) { dialog->reject(); }));
     QCOMPARE(tabs.count(), 0);
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
@@ -487,13 +496,17 @@ void TstQChekViewer::placesOffered()
              qPrintable(items("cbGroup").join('|')));
     auto *place = child<PlaceSelector>(m_viewer.get(), "place");
     place->chooseGroup(2);
+    waitChosen(m_viewer.get());
     QCOMPARE(items("cbShop"), QStringList({"Перша", "Спільна"}));
     place->showShop("Перша");
+    waitChosen(m_viewer.get());
     QCOMPARE(items("cbRegister"), QStringList({people, "К1"}));
     viewer().GroupChanged("Чужа");
+    waitChosen(m_viewer.get());
     QCOMPARE(items("cbShop"), QStringList({people, "Спільна"}));
     QCOMPARE(items("cbRegister"), QStringList());
     viewer().ShopChanged(people);
+    waitChosen(m_viewer.get());
     QCOMPARE(items("cbRegister"), QStringList({"К4"}));
     QVERIFY(m_base->heard.has("QCashDrive::ShopChanged(QString str)"));
 }
@@ -599,6 +612,7 @@ void TstQChekViewer::slipOnPaper()
     auto *pdf = child<QPushButton>(m_viewer.get(), "pbPdf");
     QVERIFY(!pdf->isEnabled());
     viewer().showChekOrZvit("3", "1", "1");
+    waitOutTasks();
     QTemporaryDir folder;
     const QString path = folder.filePath("чек.pdf");
     QString suggested;
@@ -637,11 +651,13 @@ void TstQChekViewer::failuresLeaveWhatIsShown()
     const QString shown = page();
     const int rows = viewer().model()->rowCount();
     viewer().showChekOrZvit("3", "777", "1");
+    waitOutTasks();
     QVERIFY(m_base->heard.has("Відсутні дані після запиту:", 1));
     QCOMPARE(page(), shown);
     m_base->exec("RENAME TABLE cheks TO cheks_away");
     viewer().showChekOrZvit("3", "1", "2");
     load();
+    waitOutTasks();
     m_base->exec("RENAME TABLE cheks_away TO cheks");
     QVERIFY(m_base->heard.has("Помилка запиту:", 1));
     QCOMPARE(page(), shown);

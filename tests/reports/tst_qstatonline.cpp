@@ -6,6 +6,7 @@
 #include "qntableview.h"
 #include "qreports.h"
 #include "qstatonline.h"
+#include "waitchosen.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -221,6 +222,7 @@ void TstQStatOnLine::shopsOfTheGroup()
 {
     auto *place = child<PlaceSelector>(m_report.get(), "place");
     const auto shops = [&] {
+        waitChosen(m_report.get());
         const auto *box = child<QComboBox>(place, "cbShop");
         QStringList texts;
         for (int i = 0; i < box->count(); ++i)
@@ -231,7 +233,11 @@ void TstQStatOnLine::shopsOfTheGroup()
                                    "вул. Закрита Третій"}));
     QVERIFY(place->chooseGroup(2));
     QCOMPARE(shops(), (QStringList{"Виберіть магазин", "вул. Північна Другий"}));
-    QVERIFY(answerQuestion([&] { m_report->showShop(4); }).contains("недоступний"));
+    const QString told = answerQuestion([&] {
+        m_report->showShop(4);
+        waitChosen(m_report.get());
+    });
+    QVERIFY2(told.contains("недоступний"), qPrintable(told));
     QVERIFY(!m_report->isLoading());
 }
 

@@ -10,6 +10,7 @@
 #include "qzreport.h"
 #include "rangeselector.h"
 #include "turnoverchart.h"
+#include "waitchosen.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -213,6 +214,7 @@ void TstQZReport::placeNarrowsTheList()
 void TstQZReport::boxesOfferTheShops()
 {
     const auto offered = [this](const char *name) {
+        waitChosen(m_report);
         auto *box = child<QComboBox>(place(), QLatin1String(name));
         QStringList texts;
         for (int i = 1; i < box->count(); ++i)
@@ -479,8 +481,10 @@ void TstQZReport::doubleClickAsksForTheReceipts()
         asked.append(QString("%1|%2|%3").arg(line.shop).arg(line.kass).arg(line.zFrom));
         QCOMPARE(line.zTo, line.zFrom);
     });
-    for (int row = 0; row < m_report->model()->rowCount(); ++row)
+    for (int row = 0; row < m_report->model()->rowCount(); ++row) {
         m_report->dclicktable(m_report->model()->index(row, 3));
+        waitOutTasks();
+    }
     asked.sort();
     QStringList expected = m_base->rows("SELECT id_shop,id_kass,id_zzvit FROM z_zvit WHERE data_time>0");
     expected.sort();
