@@ -59,7 +59,9 @@ QVector<BarList::Bar> topArticles(const QRowModel *model)
 } // namespace
 
 QArtReport::QArtReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QArtReport>()), m_registers(newTasks())
+    : ReportWindow(db, user, mainWindow, parent)
+    , ui(std::make_unique<Ui::QArtReport>())
+    , m_registers(newTasks())
 {
     ui->setupUi(this);
     setUpList();
@@ -259,14 +261,12 @@ void QArtReport::offerDatesOnly()
     if (place().kass != 0)
         offer(false);
     else
-        m_registers->read(
-            [sql = registersSql(place())](const Db &db) {
-                return db.firstText(sql).value_or(QString()).toInt() > 1;
-            },
-            [this, offer](bool several) {
-                offer(several);
-                goOnLoading();
-            });
+        m_registers->read([sql = registersSql(place())](
+                              const Db &db) { return db.firstText(sql).value_or(QString()).toInt() > 1; },
+                          [this, offer](bool several) {
+                              offer(several);
+                              goOnLoading();
+                          });
 }
 
 void QArtReport::showNumbersPlace()

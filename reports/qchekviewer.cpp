@@ -84,9 +84,10 @@ void QChekViewer::GroupChanged(const QString &group)
                                inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user())) +
                                QStringLiteral(" AND block=0"));
     else
-        ui->place->refillShops(QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
-                                              "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
-                               {{QStringLiteral(":name"), group}});
+        ui->place->refillShops(
+            QStringLiteral("SELECT address FROM shops WHERE (group_shop IN (SELECT id FROM "
+                           "group_shop WHERE name=:name) or group_shop=1) AND block=0"),
+            {{QStringLiteral(":name"), group}});
 }
 
 void QChekViewer::ShopChanged(const QString &shop)

@@ -85,7 +85,8 @@ void QStatOnLine::ChangeGroup(int index)
     const QString condition =
         group == 0 ? inShopGroups(QStringLiteral("group_shop"), shopGroupsSeen(*user()))
                    : QStringLiteral(" group_shop=") + QString::number(group) + QStringLiteral(" AND block=0");
-    ui->place->refillShops(QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") + condition);
+    ui->place->refillShops(QStringLiteral("SELECT CONCAT(address,\" \", name),id FROM shops WHERE") +
+                           condition);
     ChangeShop(0);
 }
 

@@ -4,8 +4,7 @@
 #include "listprinter.h"
 #include "slipprint.h"
 
-SlipView::SlipView(QWidget *parent)
-    : QWidget(parent), ui(std::make_unique<Ui::SlipView>())
+SlipView::SlipView(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::SlipView>())
 {
     ui->setupUi(this);
     m_note = new WaitNote(ui->labelNote, this);

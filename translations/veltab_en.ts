@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>BoxReader</name>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+</context>
+<context>
     <name>ChangesDialog</name>
     <message>
         <source>(немає)</source>
@@ -3377,6 +3384,10 @@ before its last day!</translation>
     <message>
         <source>Зберегти PD&amp;F…</source>
         <translation>Save PD&amp;F…</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
     </message>
 </context>
 <context>

@@ -24,8 +24,7 @@ void PlaceSelector::buildBox(Level level, QComboBox *box)
     keepNarrow(box, 12);
     m_readers[level] = new BoxReader(box, this);
     connect(m_readers[level], &BoxReader::filled, this, &PlaceSelector::takeWanted);
-    connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this,
-            [this, level] { tellChange(level); });
+    connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, [this, level] { tellChange(level); });
 }
 
 void PlaceSelector::open(const QString &connection, QObject *receiver)

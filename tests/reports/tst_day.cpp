@@ -192,6 +192,9 @@ void TstDay::registersAreLookedUp()
     QCOMPARE(ChekWriter(db, {"1", "2", "1"}).newChekNumber(), QString("1"));
     QVERIFY(ShiftCloser(db, place).figures("2").has_value());
     const auto slip = readSlip(db, ChekType::Payment, {{0, 0, 1}, 7});
+    QVERIFY(readNewSlip(db, {{0, 0, 1}, 5}).has_value());
+    for (const int type : {int(ChekType::ZReport), int(ChekType::GoodsMovement)})
+        QVERIFY(readSlip(db, type, {{0, 0, 1}, 7}).has_value());
     Db::setStatementHook({});
     QVERIFY(slip && slip->rows.size() == 2 && slip->sums.agree());
     sent.append(chekListSql([] {
@@ -207,7 +210,7 @@ void TstDay::registersAreLookedUp()
         QVERIFY2(plan.filter("|ALL|").isEmpty() && plan.filter("|index|").isEmpty(),
                  qPrintable(sql + plan.join('\n')));
     }
-    QCOMPARE(sent.filter("FROM cheks").size(), 6);
+    QCOMPARE(sent.filter("FROM cheks").size(), 13);
 }
 
 QTEST_MAIN(TstDay)

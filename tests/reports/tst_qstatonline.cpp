@@ -5,6 +5,7 @@
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qreports.h"
+#include "qrowmodel.h"
 #include "qstatonline.h"
 #include "waitchosen.h"
 
@@ -32,6 +33,8 @@ private slots:
     void onlyRegistersWithRowsHaveColumns();
     void sameSecondIsOrderedByRegister();
     void timelineIsCutToTheDay();
+    void dayIsAskedForWithWhatEndsBehindIt();
+    void shopsAndDaysPassedByAreNotAsked();
     void openIntervalEndsNow();
     void hourThatSummerTimeSkipsIsThere();
     void emptiedListHasNoHeading();
@@ -178,6 +181,64 @@ void TstQStatOnLine::timelineIsCutToTheDay()
     auto *timeline = child<DayTimeline>(m_report.get(), "timeline");
     child<QCheckBox>(m_report.get(), "chTimeline")->setChecked(false);
     QVERIFY(!timeline->isVisibleTo(m_report.get()));
+}
+
+/// Odd lines: open ones, edges of the day, clocks that went back, no register, the same register elsewhere.
+void TstQStatOnLine::dayIsAskedForWithWhatEndsBehindIt()
+{
+    m_base->exec(
+        "INSERT INTO onoffline VALUES(2,21,1,'2026-02-27 08:00:00',NULL),"
+        "(2,21,0,'2026-02-28 08:00:00','2026-02-28 23:59:59'),"
+        "(2,21,1,'2026-02-28 09:00:00','2026-03-01 00:00:00'),"
+        "(2,22,1,'2026-03-01 00:00:00','2026-03-01 00:00:00'),"
+        "(2,22,0,'2026-03-01 23:59:59','2026-02-28 12:00:00'),"
+        "(2,22,1,'2026-03-02 00:00:00','2026-03-02 01:00:00'),(2,22,0,'2026-03-02 01:00:00',NULL),"
+        "(2,23,1,'2026-03-01 12:00:00','2026-03-01 13:00:00'),"
+        "(2,NULL,1,'2026-03-01 12:00:00',NULL),(2,NULL,0,'2026-02-01 12:00:00','2026-02-01 13:00:00'),"
+        "(1,21,1,'2026-03-01 12:00:00',NULL),(1,21,1,'2026-03-01 14:00:00','2026-03-01 15:00:00')");
+    show(2, {2026, 3, 1});
+    QStringList found;
+    for (int row = 0; row < m_report->model()->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < 4; ++column)
+            cells.append(m_report->model()->stored(row, column));
+        found.append(cells.join('|'));
+    }
+    QCOMPARE(found, m_base->rows("SELECT id_kass,onoff,dt_start,dt_end FROM onoffline WHERE id_shop=2 AND "
+                                 "(DATE(dt_start)='2026-03-01' OR COALESCE(dt_end,'9999-01-01')>="
+                                 "'2026-03-01 00:00:00') ORDER BY dt_start,id_kass"));
+    QCOMPARE(found.size(), 8);
+}
+
+void TstQStatOnLine::shopsAndDaysPassedByAreNotAsked()
+{
+    m_base->exec("INSERT INTO onoffline VALUES(2,22,1,'2026-03-01 08:00:00',NULL)");
+    waitChosen(m_report.get());
+    m_report->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_report.get()));
+    QStringList sent;
+    Db::setStatementHook([&](const QString &sql) { sent.append(sql); });
+    QSignalSpy loaded(m_report.get(), &ReportWindow::loaded);
+    auto *shop = child<QComboBox>(m_report.get(), "cbShop");
+    shop->setFocus();
+    pressKeys({Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up});
+    QVERIFY(loaded.wait());
+    QTest::qWait(200);
+    QCOMPARE(sent.filter("FROM onoffline").size(), 1);
+    QVERIFY(sent.filter("FROM onoffline").first().contains("id_shop=2 "));
+    QCOMPARE(loaded.count(), 1);
+    // The list stays until the day that the hand rests on has come.
+    auto *day = child<QDateEdit>(m_report.get(), "deDay");
+    day->setDate({2026, 3, 1});
+    QVERIFY(loaded.wait());
+    day->setFocus();
+    pressKeys({Qt::Key_Home, Qt::Key_Up, Qt::Key_Up});
+    QCOMPARE(grid().size(), 2);
+    QVERIFY(loaded.wait());
+    QTest::qWait(200);
+    Db::setStatementHook({});
+    QCOMPARE(loaded.count(), 3);
+    QCOMPARE(m_report->heading().last(), QString("03.03.2026"));
 }
 
 void TstQStatOnLine::openIntervalEndsNow()
