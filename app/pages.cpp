@@ -57,6 +57,7 @@ QWidget *Pages::makeSale()
 {
     auto *sale = new QRegisterSale(m_db, m_user, m_window, m_setting, nullptr);
     connect(sale, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
+    connect(sale, &QRegisterSale::closeWanted, this, [=] { closePage(m_tabs, m_tabs->indexOf(sale)); });
     return sale;
 }
 

@@ -76,18 +76,15 @@ QString ChekWriter::createZ(const QString &zNumber) const
     return run(ChekSql::createZ(m_place, zNumber, dayNumber)) ? zNumber : QString();
 }
 
-std::optional<QString> ChekWriter::shiftRefusal(const Receipt &receipt) const
+std::optional<QString> ChekWriter::shiftRefusal(const OpenZ &z, const Receipt &receipt) const
 {
-    const auto z = openZ();
-    if (!z)
-        return std::nullopt;
-    const auto cells = z->number.isEmpty() ? std::optional<QStringList>(QStringList())
-                                           : row(ShiftSql::sums(m_place.kass, z->number));
+    const auto cells = z.number.isEmpty() ? std::optional<QStringList>(QStringList())
+                                          : row(ShiftSql::sums(m_place.kass, z.number));
     if (!cells)
         return std::nullopt;
     ChekPayment payment;
     payment.discount = receipt.discount();
-    return shiftSums(*cells).with(receipt, payment).fits() ? QString() : tooMuchForShift(z->number);
+    return shiftSums(*cells).with(receipt, payment).fits() ? QString() : tooMuchForShift(z.number);
 }
 
 std::optional<QString> ChekWriter::placeRefusal() const

@@ -58,7 +58,7 @@ public:
 
     /// Why this receipt cannot be sold into the register's open shift, to be told before it is paid: the
     /// shift would grow beyond what can be closed. Empty when it can, nothing after a failure.
-    std::optional<QString> shiftRefusal(const Receipt &receipt) const;
+    std::optional<QString> shiftRefusal(const OpenZ &z, const Receipt &receipt) const;
     /// Why nothing can be sold at the register now: blocked, moved to another shop, its shift open elsewhere.
     /// Empty when it can, nothing after a failure.
     std::optional<QString> placeRefusal() const;

@@ -1,24 +1,20 @@
 #include "goodspicker.h"
 #include "ui_goodspicker.h"
 
-#include "db.h"
+#include "dbtasks.h"
 #include "ean13.h"
+#include "heldacts.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "saledesk.h"
 #include "salekeys.h"
 #include "scancatcher.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QHeaderView>
-#include <QScopedValueRollback>
+#include <utility>
 
 namespace {
-/// So long a decision waits for an item that is on its way.
-constexpr int patienceMs = 2000;
-/// A scanner types a barcode faster than that: its digits are not searched one by one.
-constexpr int typingMs = 120;
-
 bool isScannedCode(const QString &text)
 {
     return text.size() >= ScanPace::shortestCode && isAllDigits(text);
@@ -28,32 +24,41 @@ bool isScannedCode(const QString &text)
 GoodsPicker::GoodsPicker(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::GoodsPicker>())
 {
     ui->setupUi(this);
-    m_delay.setSingleShot(true);
-    m_delay.setInterval(typingMs);
 }
 
 GoodsPicker::~GoodsPicker() = default;
 
-void GoodsPicker::setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *area,
-                        const Scope &scope, const Take &take, const char *file, int line)
+void GoodsPicker::setUp(SaleDesk *desk, HeldActs *acts, const Scope &scope, const Take &take)
 {
-    m_db = db;
-    m_receiver = receiver;
+    m_desk = desk;
+    m_acts = acts;
+    m_tasks = desk->makeTasks(this);
     m_scope = scope;
     m_take = take;
-    m_file = file;
-    m_line = line;
-    setUpList(db, user, receiver);
+    setUpList();
+    setUpScans();
     connectSearch();
-    connect(new ScanCatcher(area), &ScanCatcher::scanned, this, [this](const QString &code) {
+}
+
+/// Behind the acts that are held, so that it sees every key first.
+void GoodsPicker::setUpScans()
+{
+    auto *catcher = new ScanCatcher(m_desk->tab());
+    connect(m_acts, &HeldActs::sending, catcher, &ScanCatcher::setDeaf);
+    connect(m_acts, &HeldActs::impatient, this, &GoodsPicker::giveUp);
+    connect(catcher, &ScanCatcher::scanned, this, [this](const QString &code) {
+        m_acts->forgetKeys(code.size());
+        if (m_desk->isIdle())
+            m_desk->tell(QString());
         m_scans.append(code);
         takeScans();
+        emit scanned();
     });
 }
 
-void GoodsPicker::setUpList(QSqlDatabase *db, QLoadedUser *user, QObject *receiver)
+void GoodsPicker::setUpList()
 {
-    ui->list->open(db, user, receiver);
+    ui->list->open(m_desk->db(), m_desk->user(), m_desk->receiver());
     ui->list->setColumns(goodsListColumns(), QStringLiteral("QRegisterSale_viewGoods"));
     // How many there are is nothing to sell by, and the list of a search is not to be printed.
     ui->list->footer()->hide();
@@ -64,7 +69,7 @@ void GoodsPicker::setUpList(QSqlDatabase *db, QLoadedUser *user, QObject *receiv
     view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     view->installEventFilter(this);
     connect(view, &QTableView::doubleClicked, this,
-            [this](const QModelIndex &index) { addListed(index.row()); });
+            [this](const QModelIndex &index) { addListed(index.row(), ui->leSearch->text()); });
     connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this, &GoodsPicker::focusSearch);
     connect(ui->list, &ListPane::loaded, this, &GoodsPicker::showFound);
     connect(ui->list, &ListPane::failed, this, &GoodsPicker::tellFailure);
@@ -72,13 +77,13 @@ void GoodsPicker::setUpList(QSqlDatabase *db, QLoadedUser *user, QObject *receiv
 
 void GoodsPicker::connectSearch()
 {
-    connect(&m_delay, &QTimer::timeout, this, [this] {
+    m_pause.follow(ui->leSearch);
+    connect(&m_pause, &TypingPause::ended, this, [this] {
         if (m_waited)
-            m_delay.start();
+            m_pause.begin();
         else
             load(ui->leSearch->text());
     });
-    connect(ui->leSearch, &QLineEdit::textChanged, &m_delay, qOverload<>(&QTimer::start));
     connect(ui->leSearch, &QLineEdit::textEdited, this, [this] { m_asked.clear(); });
     connect(ui->rbName, &QRadioButton::toggled, this, [this] {
         refresh();
@@ -112,31 +117,32 @@ GoodsSearch GoodsPicker::wanted(GoodsSearch::By by, const QString &text) const
     return search;
 }
 
+/// Not before an item that is awaited out of the list.
 void GoodsPicker::search(const QString &text)
 {
-    settle();
-    load(text);
+    m_acts->then([=](bool) { load(text); });
 }
 
 void GoodsPicker::refresh()
 {
-    search(ui->leSearch->text());
+    m_acts->then([this](bool) { load(ui->leSearch->text()); });
 }
 
 void GoodsPicker::clear()
 {
-    clearField();
+    ui->leSearch->clear();
     search(QString());
 }
 
 void GoodsPicker::clearField()
 {
-    ui->leSearch->clear();
+    if (ui->leSearch->text() == m_takenBy)
+        ui->leSearch->clear();
 }
 
 void GoodsPicker::load(const QString &text)
 {
-    m_delay.stop();
+    m_pause.drop();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->list->view()->setEmptyText(tr("Пошук…"));
     ui->list->setEmptyText(text.isEmpty() ? tr("У магазині немає товарів для продажу.")
@@ -148,32 +154,57 @@ void GoodsPicker::showFound()
 {
     if (m_waited)
         answerEnter(ui->list->model()->rowCount());
-    emit answered();
 }
 
 void GoodsPicker::tellFailure()
 {
-    if (m_waited)
-        emit notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(*m_waited));
+    if (!m_waited)
+        return;
+    emit notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(*m_waited));
     m_waited.reset();
-    emit answered();
+    m_acts->come(false);
+}
+
+/// Somebody waits behind it for too long.
+void GoodsPicker::giveUp()
+{
+    if (!m_acts->isAwaiting())
+        return;
+    emit notAdded(
+        tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(m_waited.value_or(m_lookedUp)));
+    m_tasks->drop();
+    if (m_waited)
+        dropSearch();
+    else
+        m_acts->come(false);
+}
+
+void GoodsPicker::enter()
+{
+    const QString text = ui->leSearch->text().trimmed();
+    const bool isAsked = m_acts->isAwaiting() && m_asked == text;
+    if (text.isEmpty() || isAsked || !m_desk->isFree())
+        return;
+    if (m_scope().idShop == 0)
+        return m_desk->tell(tr("Магазин ще не вибрано."));
+    m_acts->then([=](bool) { ask(text); });
 }
 
 /// A whole barcode is looked up at once; anything else waits for the list.
-void GoodsPicker::enter()
+void GoodsPicker::ask(const QString &text)
 {
-    emit told(QString());
-    const QString text = ui->leSearch->text().trimmed();
-    if (text.isEmpty() || m_waited == text)
-        return;
+    m_desk->tell(QString());
     m_asked = text;
-    settle();
-    if (isScannedCode(text) && addScanned(text))
-        return;
-    if (m_isTakingScans)
-        emit notAdded(tr("Товар «%1» не знайдено.").arg(text));
+    if (isScannedCode(text))
+        lookUp(text, Typed);
     else
-        m_waited = text;
+        awaitList(text);
+}
+
+void GoodsPicker::awaitList(const QString &text)
+{
+    m_waited = text;
+    m_acts->await();
     load(text);
 }
 
@@ -182,13 +213,11 @@ void GoodsPicker::answerEnter(int count)
 {
     const QString waited = *m_waited;
     m_waited.reset();
-    const QString text = ui->leSearch->text();
-    const bool isSame = text.trimmed() == waited;
+    const bool isSame = ui->leSearch->text().trimmed() == waited;
     if (count == 1) {
-        addListed(0);
-        if (!isSame)
-            ui->leSearch->setText(text);
-        return;
+        const QRowModel *model = ui->list->model();
+        const GoodsItem item = goodsItem([=](int column) { return model->stored(0, column); });
+        return m_acts->come(take(item, isSame ? ui->leSearch->text() : waited));
     }
     const QString why =
         count == 0 ? tr("Товар «%1» не знайдено.").arg(waited)
@@ -196,41 +225,55 @@ void GoodsPicker::answerEnter(int count)
     if (isScannedCode(waited) || !isSame)
         emit notAdded(why);
     else
-        emit told(why);
-    if (!isSame)
-        return;
-    if (count == 0)
+        m_desk->tell(why);
+    if (isSame && count == 0)
         ui->leSearch->selectAll();
-    else
+    else if (isSame)
         goIntoList();
+    m_acts->come(false);
 }
 
-/// True when the barcode is known, or the server did not tell.
-bool GoodsPicker::addScanned(const QString &barcode)
+void GoodsPicker::lookUp(const QString &barcode, Source source)
 {
-    auto query = Db(m_db, m_receiver)
-                     .run(goodsListSql(wanted(GoodsSearch::ExactBarcode, barcode)), {}, {}, m_file, m_line);
-    if (!query) {
-        emit notAdded(tr("Товар «%1» не додано: сервер не відповів.").arg(barcode));
-        return true;
-    }
-    if (!query->next())
-        return false;
-    take(goodsItem(*query));
-    return true;
+    m_lookedUp = barcode;
+    m_acts->await();
+    m_tasks->read(
+        [sql = goodsListSql(wanted(GoodsSearch::ExactBarcode, barcode)), caller = m_desk->caller()](
+            const Db &db) {
+            auto query = db.run(sql, {}, {}, caller.file, caller.line);
+            const bool isKnown = query && query->next();
+            return Found{query.has_value(), isKnown ? std::optional(goodsItem(*query)) : std::nullopt};
+        },
+        [=](const Found &found) { showLookedUp(barcode, source, found); });
 }
 
-void GoodsPicker::addListed(int row)
+/// What was typed meanwhile stays.
+void GoodsPicker::showLookedUp(const QString &barcode, Source source, const Found &found)
+{
+    if (found.item)
+        return m_acts->come(take(*found.item, source == Typed ? barcode : QString()));
+    if (found.isAnswered && source == Typed)
+        return awaitList(barcode);
+    emit notAdded(found.isAnswered ? tr("Товар «%1» не знайдено.").arg(barcode)
+                                   : tr("Товар «%1» не додано: сервер не відповів.").arg(barcode));
+    m_acts->come(false);
+}
+
+void GoodsPicker::addListed(int row, const QString &asked)
 {
     const QRowModel *model = ui->list->model();
-    if (row >= 0 && row < model->rowCount())
-        take(goodsItem([=](int column) { return model->stored(row, column); }));
+    if (row < 0 || row >= model->rowCount())
+        return;
+    m_desk->tell(QString());
+    take(goodsItem([=](int column) { return model->stored(row, column); }), asked);
+    focusSearch();
 }
 
-void GoodsPicker::take(const GoodsItem &item)
+/// asked: what the field showed when it was asked for.
+bool GoodsPicker::take(const GoodsItem &item, const QString &asked)
 {
-    m_taken += m_take(item) ? 1 : 0;
-    focusSearch();
+    m_takenBy = asked;
+    return m_take(item);
 }
 
 void GoodsPicker::goIntoList()
@@ -239,31 +282,12 @@ void GoodsPicker::goIntoList()
     ui->list->view()->setFocus();
 }
 
-/// The window takes no keys meanwhile; they come after the item.
-bool GoodsPicker::settle()
-{
-    if (!m_waited)
-        return true;
-    const int takenBefore = m_taken;
-    QEventLoop loop;
-    QTimer patience;
-    patience.setSingleShot(true);
-    connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
-    connect(this, &GoodsPicker::answered, &loop, &QEventLoop::quit);
-    patience.start(patienceMs);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    if (m_waited) {
-        emit notAdded(tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(*m_waited));
-        dropSearch();
-    }
-    return m_taken > takenBefore;
-}
-
 void GoodsPicker::dropSearch()
 {
-    m_waited.reset();
     ui->list->stop();
-    m_delay.start();
+    m_pause.begin();
+    if (std::exchange(m_waited, std::nullopt))
+        m_acts->come(false);
 }
 
 QString GoodsPicker::codeLeft() const
@@ -272,26 +296,34 @@ QString GoodsPicker::codeLeft() const
     return looksScanned(text) && text != m_asked ? text : QString();
 }
 
-/// In the order they were scanned; a question that one of them asks holds up the others.
+/// In the order they were scanned.
 void GoodsPicker::takeScans()
 {
-    if (m_isTakingScans || QApplication::activeModalWidget() != nullptr)
+    if (QApplication::activeModalWidget() != nullptr)
         return;
-    const QScopedValueRollback<bool> taking(m_isTakingScans, true);
-    while (!m_scans.isEmpty()) {
-        const QString code = m_scans.takeFirst();
-        emit aboutToTake();
-        settle();
-        ui->leSearch->setText(code);
-        focusSearch();
-        enter();
-    }
+    for (const QString &code : std::exchange(m_scans, {}))
+        m_acts->then([=](bool) { takeScan(code); });
 }
 
+/// A question that one of them asks holds up the others.
+void GoodsPicker::takeScan(const QString &code)
+{
+    if (QApplication::activeModalWidget() != nullptr || (m_mayTake && !m_mayTake())) {
+        m_scans.append(code);
+        return;
+    }
+    emit aboutToTake();
+    focusSearch();
+    lookUp(code, Scanned);
+}
+
+/// What is being typed there stays as it is.
 void GoodsPicker::focusSearch()
 {
-    ui->leSearch->setFocus();
-    ui->leSearch->selectAll();
+    if (window()->focusWidget() != ui->leSearch) {
+        ui->leSearch->setFocus();
+        ui->leSearch->selectAll();
+    }
     if (!m_scans.isEmpty())
         QTimer::singleShot(0, this, &GoodsPicker::takeScans);
 }
@@ -327,7 +359,7 @@ bool GoodsPicker::listKey(const QKeyEvent *key)
 {
     const int row = ui->list->view()->currentIndex().row();
     if (isEnterKey(key)) {
-        addListed(row);
+        addListed(row, ui->leSearch->text());
         return true;
     }
     const bool isAbove = key->key() == Qt::Key_Up && row <= 0;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "goodssearch.h"
+#include "typingpause.h"
 
 #include <QStringList>
-#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -12,10 +12,11 @@
 namespace Ui {
 class GoodsPicker;
 }
+class DbTasks;
+class HeldActs;
 class QKeyEvent;
 class QLineEdit;
-class QLoadedUser;
-class QSqlDatabase;
+class SaleDesk;
 
 /// Where goods are found: typed into a field by barcode, name or number, chosen in the list of a shop's
 /// goods, or scanned wherever the focus is. Whoever owns it takes the items.
@@ -32,10 +33,10 @@ public:
     explicit GoodsPicker(QWidget *parent = nullptr);
     ~GoodsPicker() override;
 
-    /// area: the tab in which every scan is one of goods. Messages, also those of failed statements under the
-    /// place of the caller, go to the receiver.
-    void setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *area, const Scope &scope,
-               const Take &take, const char *file = __builtin_FILE(), int line = __builtin_LINE());
+    /// Every scan in the desk's tab is one of goods. acts: hold what is done there while an item is on its way.
+    void setUp(SaleDesk *desk, HeldActs *acts, const Scope &scope, const Take &take);
+    /// Asked before a scan is looked up: false keeps it until takeScans().
+    void setGuard(const std::function<bool()> &mayTake) { m_mayTake = mayTake; }
 
     /// Shows the goods that the text fits to.
     void search(const QString &text);
@@ -43,18 +44,20 @@ public:
     void refresh();
     /// Empties the field and shows all goods.
     void clear();
-    /// Empties the field only.
+    /// Empties the field if it shows what the item was asked for by, not what was typed since.
     void clearField();
     /// The item that Enter waits for, if any, is not wanted any more.
     void dropSearch();
     bool hasText() const;
 
-    /// Waits a moment for the item that Enter asked for. False, with the reason told, when it did not come.
-    bool settle();
     /// A code that was typed and not confirmed, for which no item came; else empty.
     QString codeLeft() const;
 
-    /// Into the search field; what was scanned while a question was open is taken now.
+    /// What was scanned while a question was open or something was under way is taken now, in its order.
+    void takeScans();
+    bool hasScans() const { return !m_scans.isEmpty(); }
+
+    /// Into the search field.
     void focusSearch();
     /// As if that had been typed into the search field.
     void typeInto(const QString &text);
@@ -63,48 +66,62 @@ public:
     QWidgetList fields() const;
 
 signals:
-    void told(const QString &text);
     /// An item was asked for and did not come: to be seen until somebody looks.
     void notAdded(const QString &why);
+    /// A code was scanned; it is taken now or kept.
+    void scanned();
     /// A scanned code is taken now: what the hand has begun elsewhere comes before.
     void aboutToTake();
-    /// The answer to Enter is there.
-    void answered();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void setUpList(QSqlDatabase *db, QLoadedUser *user, QObject *receiver);
+    /// What the server says of a barcode.
+    struct Found
+    {
+        bool isAnswered = false;
+        std::optional<GoodsItem> item;
+    };
+    enum Source { Scanned, Typed };
+
+    void setUpList();
+    void setUpScans();
     void connectSearch();
     GoodsSearch wanted(GoodsSearch::By by, const QString &text) const;
     void load(const QString &text);
     void showFound();
     void tellFailure();
+    void giveUp();
     void enter();
+    void ask(const QString &text);
     void answerEnter(int count);
-    bool addScanned(const QString &barcode);
-    void addListed(int row);
-    void take(const GoodsItem &item);
+    void takeScan(const QString &code);
+    void lookUp(const QString &barcode, Source source);
+    void showLookedUp(const QString &barcode, Source source, const Found &found);
+    void awaitList(const QString &text);
+    void addListed(int row, const QString &asked);
+    bool take(const GoodsItem &item, const QString &asked);
     void goIntoList();
-    void takeScans();
     bool searchKey(const QKeyEvent *key);
     bool listKey(const QKeyEvent *key);
 
     std::unique_ptr<Ui::GoodsPicker> ui;
-    QSqlDatabase *m_db = nullptr;
-    QObject *m_receiver = nullptr;
-    const char *m_file = nullptr;
-    int m_line = 0;
+    SaleDesk *m_desk = nullptr;
+    HeldActs *m_acts = nullptr;
+    DbTasks *m_tasks = nullptr;
     Scope m_scope;
     Take m_take;
-    QTimer m_delay;
-    /// For this Enter was pressed before the list was there.
+    std::function<bool()> m_mayTake;
+    TypingPause m_pause;
+    /// For this the list is awaited.
     std::optional<QString> m_waited;
-    /// What Enter asked for last; empty once something else is typed.
+    /// The barcode that is being looked up.
+    QString m_lookedUp;
+    /// What was asked for last; empty once something else is typed.
     QString m_asked;
-    int m_taken = 0;
-    /// Scanned while a question was open.
+    /// What the field showed when the item that is being taken was asked for.
+    QString m_takenBy;
+    /// Scanned and not taken yet.
     QStringList m_scans;
-    bool m_isTakingScans = false;
 };

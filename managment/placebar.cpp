@@ -1,9 +1,10 @@
 #include "placebar.h"
 #include "ui_placebar.h"
 
+#include "dbtasks.h"
 #include "qloadeduser.h"
 #include "saleclock.h"
-#include "saleplaces.h"
+#include "saledesk.h"
 
 PlaceBar::PlaceBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::PlaceBar>())
 {
@@ -14,12 +15,11 @@ PlaceBar::PlaceBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::P
 
 PlaceBar::~PlaceBar() = default;
 
-void PlaceBar::setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver)
+void PlaceBar::setUp(SaleDesk *desk)
 {
-    m_db = db;
-    m_user = user;
-    m_receiver = receiver;
-    connect(user, &QLoadedUser::rightsChanged, this, &PlaceBar::refill);
+    m_desk = desk;
+    m_tasks = desk->makeTasks(this);
+    connect(desk->user(), &QLoadedUser::rightsChanged, this, &PlaceBar::refill);
     fillShops();
 }
 
@@ -33,44 +33,66 @@ void PlaceBar::connectBoxes()
         connect(box, qOverload<int>(&QComboBox::activated), this, &PlaceBar::left);
 }
 
-void PlaceBar::fillShops()
+bool PlaceBar::isReading() const
 {
-    const QSignalBlocker hold(ui->cbShop);
-    SalePlaces::fillShops(ui->cbShop, m_db, m_user, m_receiver);
-    const int home = ui->cbShop->findData(m_user->idShop().toUInt());
-    if (home >= 0)
-        ui->cbShop->setCurrentIndex(home);
-    m_shop = ui->cbShop->currentIndex();
-    fillKass();
+    return m_tasks != nullptr && m_tasks->isWaiting();
 }
 
-void PlaceBar::fillKass()
+void PlaceBar::fillShops()
 {
-    SalePlaces::fillRegisters(ui->cbKass, ui->cbShop, m_db, m_receiver);
-    m_kass = ui->cbKass->currentIndex();
+    m_tasks->drop();
+    const QLoadedUser *user = m_desk->user();
+    m_tasks->read([sql = SalePlaces::shopsSql(*user), home = user->idShop().toUInt()](
+                      const Db &db) { return SalePlaces::read(db, sql, home); },
+                  [this](const SalePlaces::Offer &offer) { show(offer); });
+}
+
+void PlaceBar::show(const SalePlaces::Offer &offer)
+{
+    SalePlaces::show(ui->cbShop, offer.shops, offer.chosen);
+    m_shop = offer.chosen;
+    showRegisters(offer.registers);
+    emit goodsChanged();
+}
+
+/// Until they are there no register is chosen.
+void PlaceBar::readRegisters()
+{
+    m_tasks->drop();
+    SalePlaces::show(ui->cbKass, {}, -1);
+    m_kass = -1;
+    m_tasks->read([shop = SalePlaces::chosen(ui->cbShop)](
+                      const Db &db) { return SalePlaces::registers(db, shop); },
+                  [this](const QVector<SalePlaces::Offered> &registers) { showRegisters(registers); });
+}
+
+void PlaceBar::showRegisters(const QVector<SalePlaces::Offered> &registers)
+{
+    m_kass = registers.isEmpty() ? -1 : 0;
+    SalePlaces::show(ui->cbKass, registers, m_kass);
     emit kassChanged();
 }
 
 /// What a lost connection has left empty.
 void PlaceBar::refill()
 {
-    if (!m_user->isLoaded())
+    if (!m_desk->user()->isLoaded() || isReading())
         return;
     if (ui->cbShop->count() == 0)
         fillShops();
     else if (ui->cbKass->count() == 0)
-        fillKass();
+        readRegisters();
 }
 
 ChekPlace PlaceBar::place() const
 {
-    return {QString::number(ui->cbShop->currentData().toUInt()),
-            QString::number(ui->cbKass->currentData().toUInt()), m_user->idUser()};
+    return {QString::number(SalePlaces::chosen(ui->cbShop).id),
+            QString::number(SalePlaces::chosen(ui->cbKass).id), m_desk->user()->idUser()};
 }
 
 bool PlaceBar::isClosingOnly() const
 {
-    return SalePlaces::isClosingOnly(ui->cbKass);
+    return SalePlaces::chosen(ui->cbKass).isClosingOnly;
 }
 
 int PlaceBar::priority() const
@@ -83,36 +105,51 @@ QWidgetList PlaceBar::fields() const
     return {ui->cbShop, ui->cbKass, ui->dateEdit, ui->sbPriority};
 }
 
-/// The box shows the old choice while the user is asked.
-bool PlaceBar::mayChange(QComboBox *box, int *chosen, int index)
+void PlaceBar::leaveFor(const Leave &leave)
+{
+    if (m_guard)
+        m_guard(leave);
+    else
+        leave();
+}
+
+/// The box shows the old choice until it may be left.
+void PlaceBar::choose(QComboBox *box, int *chosen, int index, const Leave &then)
 {
     const auto show = [box](int shown) {
         const QSignalBlocker hold(box);
         box->setCurrentIndex(shown);
     };
+    const QVariant wanted = box->itemData(index);
     show(*chosen);
-    if (index != *chosen && m_mayLeave && !m_mayLeave())
-        return false;
-    show(index);
-    *chosen = index;
-    return true;
+    const auto take = [=] {
+        // Other places may be offered by then.
+        if (box->itemData(index) != wanted)
+            return;
+        show(index);
+        *chosen = index;
+        then();
+    };
+    if (index == *chosen)
+        take();
+    else
+        leaveFor(take);
 }
 
 void PlaceBar::shopChosen(int index)
 {
-    if (!mayChange(ui->cbShop, &m_shop, index))
-        return;
-    fillKass();
-    emit goodsChanged();
+    choose(ui->cbShop, &m_shop, index, [this] {
+        readRegisters();
+        emit goodsChanged();
+    });
 }
 
 void PlaceBar::kassChosen(int index)
 {
-    if (mayChange(ui->cbKass, &m_kass, index))
-        emit kassChanged();
+    choose(ui->cbKass, &m_kass, index, [this] { emit kassChanged(); });
 }
 
-/// The box shows the old date while the user is asked.
+/// The box shows the old date until it may be left.
 void PlaceBar::dateChosen(const QDate &date)
 {
     const auto show = [this](const QDate &shown) {
@@ -120,14 +157,14 @@ void PlaceBar::dateChosen(const QDate &date)
         ui->dateEdit->setDate(shown);
     };
     show(m_date);
-    if (m_mayLeave && !m_mayLeave())
-        return;
-    show(date);
-    m_date = date;
-    m_isToday = date == SaleClock::now().date();
-    showDate();
-    emit dateChanged();
-    emit goodsChanged();
+    leaveFor([=] {
+        show(date);
+        m_date = date;
+        m_isToday = date == SaleClock::now().date();
+        showDate();
+        emit dateChanged();
+        emit goodsChanged();
+    });
 }
 
 void PlaceBar::followToday()

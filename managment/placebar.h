@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chek.h"
+#include "saleplaces.h"
 
 #include <QDate>
 #include <QWidget>
@@ -10,9 +11,8 @@
 namespace Ui {
 class PlaceBar;
 }
-class QComboBox;
-class QLoadedUser;
-class QSqlDatabase;
+class DbTasks;
+class SaleDesk;
 
 /// The boxes in which a shop, its register, a date and a priority of prices are chosen: where and when
 /// something is done with goods. The date is today's, also after midnight, until somebody chooses another
@@ -26,12 +26,15 @@ public:
     ~PlaceBar() override;
 
     /// Fills the boxes with the user's shops, beginning with the own one; what a lost connection leaves empty
-    /// is read when the rights are read again. receiver gets the messages.
-    void setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver);
-    /// Asked before the shop, the register or the date becomes another one: false keeps the old one, which is
-    /// shown meanwhile.
-    void setGuard(const std::function<bool()> &mayLeave) { m_mayLeave = mayLeave; }
+    /// is read when the rights are read again.
+    void setUp(SaleDesk *desk);
+    using Leave = std::function<void()>;
+    /// Asked before the shop, the register or the date becomes another one, which leave() does, now or later;
+    /// until then the old one is shown, and holds.
+    void setGuard(const std::function<void(const Leave &leave)> &guard) { m_guard = guard; }
 
+    /// Shops or registers are on their way.
+    bool isReading() const;
     bool hasShop() const { return m_shop >= 0; }
     bool isChosen() const { return m_shop >= 0 && m_kass >= 0; }
     /// What is chosen, "0" for nothing; and the user.
@@ -55,7 +58,7 @@ public:
 signals:
     /// Other goods and prices hold now: another shop, date or priority was chosen.
     void goodsChanged();
-    /// Another register is chosen, or none any more.
+    /// Another register is chosen, or none any more; also when the boxes were read again.
     void kassChanged();
     /// Somebody has chosen another date.
     void dateChanged();
@@ -64,20 +67,22 @@ signals:
 
 private:
     void connectBoxes();
-    void fillKass();
+    void show(const SalePlaces::Offer &offer);
+    void readRegisters();
+    void showRegisters(const QVector<SalePlaces::Offered> &registers);
     void refill();
     void shopChosen(int index);
     void kassChosen(int index);
     void dateChosen(const QDate &date);
-    bool mayChange(QComboBox *box, int *chosen, int index);
+    void choose(QComboBox *box, int *chosen, int index, const Leave &then);
+    void leaveFor(const Leave &leave);
     void showDate();
 
     std::unique_ptr<Ui::PlaceBar> ui;
-    QSqlDatabase *m_db = nullptr;
-    QLoadedUser *m_user = nullptr;
-    QObject *m_receiver = nullptr;
-    std::function<bool()> m_mayLeave;
-    /// What is chosen in the boxes; they go back there when nobody may leave it.
+    SaleDesk *m_desk = nullptr;
+    DbTasks *m_tasks = nullptr;
+    std::function<void(const Leave &leave)> m_guard;
+    /// What is chosen in the boxes; they go back there until somebody may leave it.
     int m_shop = -1;
     int m_kass = -1;
     QDate m_date;

@@ -1,9 +1,10 @@
 #include "qregistersale.h"
 #include "ui_qregistersale.h"
 
+#include "dbtasks.h"
+#include "heldacts.h"
 #include "money.h"
 #include "qloadeduser.h"
-#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
@@ -18,12 +19,16 @@
 
 QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                              QWidget *parent)
-    : QWidget(parent), ui(std::make_unique<Ui::QRegisterSale>()), m_db(db), m_user(user), m_receiver(receiver)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::QRegisterSale>())
+    , m_desk(new SaleDesk(db, user, receiver, this))
+    , m_acts(new HeldActs(this))
+    , m_tracking(m_desk->makeTasks(this))
 {
     Q_UNUSED(set)
     ui->setupUi(this);
-    m_payment = new SalePayment(db, receiver, ui->place, ui->receipt->model(), this);
-    setUpParts(db, receiver);
+    m_payment = new SalePayment(m_desk, ui->place, ui->receipt->model());
+    setUpParts();
     connectPlace();
     connectGoods();
     connectReceipt();
@@ -32,14 +37,12 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     connectKeys();
     orderTabs();
     salemode();
-    ui->place->setUp(db, user, receiver);
+    ui->place->setUp(m_desk);
     showRights();
-    seerch(QString());
 }
 
 QRegisterSale::~QRegisterSale()
 {
-    tellTracker();
     // A part that loses the focus on the way out would still tell of it, and ask a tab that is half gone.
     const auto parts = findChildren<QObject *>();
     for (QObject *part : parts) {
@@ -52,14 +55,20 @@ QRegisterSale::~QRegisterSale()
         part->blockSignals(false);
 }
 
-void QRegisterSale::setUpParts(QSqlDatabase *db, QObject *receiver)
+void QRegisterSale::setUpParts()
 {
-    ui->shift->setUp(db, m_user, receiver, ui->place);
+    ui->shift->setUp(m_desk, ui->place);
     ui->goods->setUp(
-        db, m_user, receiver, this, [this] { return goodsScope(); },
+        m_desk, m_acts, [this] { return goodsScope(); },
         [this](const GoodsItem &item) { return addGoods(item); });
     ui->receipt->setUp(
-        m_user, [this] { return mayChange(); }, [this] { return settle(); });
+        m_desk->user(), [this](const Act &again) { return mayChange(again); },
+        [this](const Act &act) {
+            m_acts->decide([=](bool isThere) {
+                if (isThere)
+                    act();
+            });
+        });
 }
 
 void QRegisterSale::salemode()
@@ -70,18 +79,27 @@ void QRegisterSale::salemode()
 
 void QRegisterSale::connectPlace()
 {
-    ui->place->setGuard([this] { return leaveReceipt(); });
+    ui->place->setGuard([this](const Act &leave) { leaveReceipt(leave); });
     connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showRights);
     connect(ui->place, &PlaceBar::goodsChanged, ui->goods, &GoodsPicker::refresh);
+    connect(ui->place, &PlaceBar::kassChanged, ui->goods, &GoodsPicker::takeScans);
     connect(ui->place, &PlaceBar::left, ui->goods, &GoodsPicker::focusSearch);
-    connect(m_user, &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
+    connect(m_desk->user(), &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
     connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
     connect(ui->splitter, &QSplitter::splitterMoved, ui->goods, &GoodsPicker::focusSearch);
 }
 
 void QRegisterSale::connectGoods()
 {
-    connect(ui->goods, &GoodsPicker::told, this, &QRegisterSale::notify);
+    ui->goods->setGuard([this] { return mayTakeScans(); });
+    connect(m_desk, &SaleDesk::told, this, &QRegisterSale::notify);
+    connect(m_desk, &SaleDesk::left, ui->goods, &GoodsPicker::focusSearch);
+    // When what has ended is shown.
+    connect(m_desk, &SaleDesk::idle, ui->goods, &GoodsPicker::takeScans, Qt::QueuedConnection);
+    connect(ui->goods, &GoodsPicker::scanned, this, [this] {
+        if (m_desk->isIdle() && m_payment->unclear())
+            m_payment->askUnclear([](std::optional<bool>) {});
+    });
     connect(ui->goods, &GoodsPicker::notAdded, ui->notice, &NoticeBar::keep);
     connect(ui->goods, &GoodsPicker::aboutToTake, ui->receipt, &ReceiptPane::settle);
     ui->goods->searchField()->installEventFilter(this);
@@ -96,8 +114,8 @@ void QRegisterSale::connectReceipt()
     connect(ui->receipt, &ReceiptPane::typed, ui->goods, &GoodsPicker::typeInto);
     connect(ui->receipt, &ReceiptPane::left, ui->goods, &GoodsPicker::focusSearch);
     connect(ui->receipt, &ReceiptPane::clearPressed, this, [this] {
-        if (mayChange())
-            leaveReceipt();
+        if (m_desk->mayEdit())
+            leaveReceipt({});
         focusSearch();
     });
 }
@@ -105,31 +123,27 @@ void QRegisterSale::connectReceipt()
 void QRegisterSale::connectPayment()
 {
     m_payment->setScope([this] { return goodsScope(); });
-    connect(m_payment, &SalePayment::told, this, &QRegisterSale::notify);
     connect(m_payment, &SalePayment::sold, this, &QRegisterSale::afterSale);
+    connect(m_payment, &SalePayment::notWritten, this, &QRegisterSale::keepScans);
     connect(m_payment, &SalePayment::shiftRead, ui->shift, &ShiftBar::refresh);
-    connect(m_payment, &SalePayment::left, ui->goods, &GoodsPicker::focusSearch);
 }
 
 void QRegisterSale::connectClosing()
 {
-    ui->shift->setGuard([this] {
-        if (!settle())
-            return false;
-        const bool may = mayChange();
-        if (!may)
-            focusSearch();
-        return may;
+    ui->shift->setGuard([this](const Act &close) {
+        whenSettled([=](bool isSettled) {
+            if (isSettled && mayChange(close))
+                close();
+            else
+                focusSearch();
+        });
     });
     ui->shift->setRefusal([this] {
         return ui->receipt->receipt().isEmpty()
                    ? QString()
                    : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
     });
-    connect(ui->shift, &ShiftBar::told, this, &QRegisterSale::notify);
-    connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellLater);
-    connect(ui->shift, &ShiftBar::placesChanged, ui->goods, &GoodsPicker::refresh);
-    connect(ui->shift, &ShiftBar::left, ui->goods, &GoodsPicker::focusSearch);
+    connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellTracker);
 }
 
 /// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
@@ -143,7 +157,7 @@ void QRegisterSale::connectKeys()
     onKey(Qt::Key_Escape, &QRegisterSale::escape);
     onKey(Qt::Key_F9, &QRegisterSale::sale);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
-    onKey(QKeySequence::Find, &QRegisterSale::focusSearch);
+    onKey(QKeySequence::Find, &QRegisterSale::findGoods);
 }
 
 /// What a sale needs comes first, what is seldom changed last; across the parts.
@@ -162,8 +176,8 @@ void QRegisterSale::orderTabs()
 /// Also when they were read again.
 void QRegisterSale::showRights()
 {
-    const bool maySell = m_user->mayEdit(Permission::Sales);
-    const QString why = tr("Лише перегляд: продавати може користувач з повним дозволом.");
+    const bool maySell = m_desk->user()->mayEdit(Permission::Sales);
+    const QString why = SaleDesk::viewOnlyWords();
     ui->receipt->setMayChange(maySell, why);
     ui->receipt->setMaySell(maySell && !ui->place->isClosingOnly());
     ui->shift->setMayClose(maySell, why);
@@ -174,19 +188,6 @@ void QRegisterSale::showRights()
 void QRegisterSale::notify(const QString &text)
 {
     ui->notice->tell(text);
-}
-
-/// The scanner's field has the focus again after every box.
-bool QRegisterSale::confirm(const QString &title, const QString &text, const QString &actCaption)
-{
-    const bool isAgreed = QMessDlg::confirm(this, title, text, actCaption);
-    focusSearch();
-    return isAgreed;
-}
-
-ChekWriter QRegisterSale::writer(const char *file, int line) const
-{
-    return ChekWriter(Db(m_db, m_receiver), ui->place->place(), file, line);
 }
 
 GoodsSearch QRegisterSale::goodsScope() const
@@ -207,8 +208,7 @@ void QRegisterSale::seerch(const QString &text)
 
 bool QRegisterSale::addGoods(const GoodsItem &item)
 {
-    notify(QString());
-    if (!mayChange())
+    if (!mayChange([=] { addGoods(item); }))
         return false;
     if (!item.hasPrice) {
         notify(tr("Товар «%1» не має ціни.").arg(item.name));
@@ -219,10 +219,12 @@ bool QRegisterSale::addGoods(const GoodsItem &item)
     return isAdded;
 }
 
-bool QRegisterSale::settle()
+void QRegisterSale::whenSettled(const std::function<void(bool isSettled)> &act)
 {
-    const bool isReceiptSettled = ui->receipt->settle();
-    return ui->goods->settle() && isReceiptSettled;
+    if (!m_desk->isFree())
+        return;
+    const bool isSettled = ui->receipt->settle();
+    m_acts->decide([=](bool isThere) { act(isSettled && isThere); });
 }
 
 /// A code that was typed and not confirmed: the receipt would be paid without its item.
@@ -247,10 +249,16 @@ void QRegisterSale::escape()
     } else if (ui->goods->hasText()) {
         ui->goods->dropSearch();
         ui->goods->clear();
-    } else if (mayChange()) {
-        leaveReceipt();
+    } else if (m_desk->mayEdit()) {
+        leaveReceipt({});
     }
     focusSearch();
+}
+
+void QRegisterSale::findGoods()
+{
+    focusSearch();
+    ui->goods->searchField()->selectAll();
 }
 
 void QRegisterSale::focusSearch()
@@ -303,47 +311,14 @@ void QRegisterSale::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-QString QRegisterSale::getIdNewCheck() const
-{
-    return writer().newChekNumber();
-}
-
-QString QRegisterSale::isOpenZ(bool *ok)
-{
-    return m_payment->openShift(ok);
-}
-
-QString QRegisterSale::getIdZ()
-{
-    bool ok = false;
-    const QString zNumber = isOpenZ(&ok);
-    if (!ok)
-        return QString();
-    return zNumber.isEmpty() ? writer().createZ() : zNumber;
-}
-
-int QRegisterSale::writeChek(const QString &discount, const QString &toPay, const QString &cash,
-                             const QString &card, const QString &certificate, const QString &fourth)
-{
-    // What is no whole number of kopecks agrees with no receipt.
-    const auto whole = [](QString text) {
-        bool ok = false;
-        if (text.endsWith(QLatin1String(".00")))
-            text.chop(3);
-        const qint64 kopecks = text.toLongLong(&ok);
-        return ok ? kopecks : -1;
-    };
-    return m_payment->write(ui->receipt->receipt(), {whole(discount), whole(toPay), whole(cash), whole(card),
-                                                     whole(certificate), whole(fourth)});
-}
-
 void QRegisterSale::sale()
 {
-    notify(QString());
-    if (!settle() || isCodeLeft() || !mayChange())
-        return;
-    m_payment->sell();
-    focusSearch();
+    whenSettled([this](bool isSettled) {
+        if (!isSettled || isCodeLeft() || !mayChange([this] { sale(); }))
+            return;
+        m_searchBefore = ui->goods->searchField()->text();
+        m_payment->sell();
+    });
 }
 
 void QRegisterSale::CloseZ_zvit()
@@ -356,60 +331,82 @@ void QRegisterSale::pbClosePeriod()
     ui->shift->closePeriodAlone();
 }
 
-bool QRegisterSale::ClosePeriod()
-{
-    return ui->shift->closePeriod();
-}
-
-/// First the next receipt can be begun, then the other programs are told of this one.
+/// First the next receipt can be begun, then the other programs are told of this one. What was typed
+/// meanwhile is searched for the next one.
 void QRegisterSale::afterSale(const SalePayment::Sold &sold)
 {
     clearReceipt();
-    ui->goods->clear();
+    if (ui->goods->searchField()->text() == m_searchBefore)
+        ui->goods->clear();
+    else
+        ui->goods->refresh();
     ui->shift->refresh();
     QString told = tr("Чек № %1, %2").arg(sold.number).arg(moneyShown(sold.toPay));
     if (sold.change != 0)
         told += tr(", решта %1").arg(moneyShown(sold.change));
-    if (m_user->maySee(Permission::Cheks))
+    if (m_desk->user()->maySee(Permission::Cheks))
         ui->notice->tell(told, NoticeBar::Slip{sold.kass, sold.number});
     else
         notify(told);
-    tellLater({QStringLiteral("cheks"), QStringLiteral("goods_shop"), QStringLiteral("z_zvit")});
+    tellTracker({QStringLiteral("cheks"), QStringLiteral("goods_shop"), QStringLiteral("z_zvit")});
 }
 
-void QRegisterSale::tellLater(const QStringList &tables)
+/// What was scanned while a receipt was written that still stands here belongs to the next buyer.
+void QRegisterSale::keepScans()
 {
-    m_changedTables += tables;
-    QTimer::singleShot(0, this, &QRegisterSale::tellTracker);
+    m_keepsScans = ui->goods->hasScans();
+    if (m_keepsScans)
+        ui->notice->keep(tr("Скановане під час запису чекає на наступний чек."));
 }
 
-void QRegisterSale::tellTracker()
+void QRegisterSale::tellTracker(const QStringList &tables)
 {
-    m_changedTables.removeDuplicates();
-    if (!m_changedTables.isEmpty())
-        QUpdateBD().update(std::exchange(m_changedTables, {}), *m_db, m_receiver);
+    m_tracking->write([tables](const Db &db) { return QUpdateBD().update(tables, *db.connection(), db.receiver()); },
+                      [](bool) {});
 }
 
-bool QRegisterSale::mayChange()
+bool QRegisterSale::mayChange(const Act &again)
 {
-    if (!m_user->mayEdit(Permission::Sales)) {
-        showRights();
+    if (!m_desk->mayEdit() || !m_desk->isFree())
         return false;
-    }
-    return !m_payment->unclear() || m_payment->askUnclear() == false;
+    if (!m_payment->unclear())
+        return true;
+    m_payment->askUnclear([again](std::optional<bool> isWritten) {
+        if (isWritten == false)
+            again();
+    });
+    return false;
 }
 
-bool QRegisterSale::leaveReceipt()
+/// Into this receipt; what is kept waits for an answer or for the next one.
+bool QRegisterSale::mayTakeScans() const
 {
-    settle();
-    if (m_payment->unclear() && !m_payment->askUnclear()) {
-        focusSearch();
-        return false;
-    }
+    return m_desk->isIdle() && !m_keepsScans && !ui->place->isReading() && !m_payment->unclear();
+}
+
+void QRegisterSale::leaveReceipt(const Act &leave)
+{
+    whenSettled([=](bool) {
+        if (!m_desk->isFree())
+            return;
+        if (m_payment->unclear()) {
+            m_payment->askUnclear([=](std::optional<bool> isWritten) {
+                if (isWritten)
+                    leaveReceipt(leave);
+            });
+        } else if (mayLoseReceipt() && leave) {
+            leave();
+        }
+    });
+}
+
+/// True when the receipt is empty, or the user agreed to lose it.
+bool QRegisterSale::mayLoseReceipt()
+{
     if (ui->receipt->receipt().isEmpty())
         return true;
-    if (!confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
-                 tr("Очистити")))
+    if (!m_desk->confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
+                         tr("Очистити")))
         return false;
     clearReceipt();
     return true;
@@ -422,6 +419,8 @@ void QRegisterSale::clearReceipt()
     ui->receipt->clear();
     m_payment->beginReceipt();
     ui->place->backToToday();
+    m_keepsScans = false;
+    ui->goods->takeScans();
 }
 
 void QRegisterSale::closeEvent(QCloseEvent *event)
@@ -429,20 +428,51 @@ void QRegisterSale::closeEvent(QCloseEvent *event)
     event->setAccepted(mayClose());
 }
 
+/// An item that is on its way, and the server about a receipt that may be written, have to answer before.
 bool QRegisterSale::mayClose()
 {
-    if (m_payment->isPaying())
+    if (!m_desk->isIdle()) {
+        notify(tr("%1 Закрийте вкладку, коли це закінчиться.").arg(m_desk->words()).trimmed());
         return false;
-    settle();
-    if (!m_payment->unclear() || m_payment->askUnclear())
-        return leaveReceipt();
+    }
+    const bool isAsked = std::exchange(m_isAskedToClose, false);
+    if (m_acts->isAwaiting()) {
+        m_acts->decide([this](bool) { closeAgain(); });
+        return false;
+    }
+    ui->receipt->settle();
+    if (!m_payment->unclear())
+        return mayLoseReceipt();
+    if (isAsked)
+        return forgetUnclear();
+    m_payment->askUnclear([this](std::optional<bool>) {
+        m_isAskedToClose = true;
+        closeAgain();
+    });
+    return false;
+}
+
+/// Whoever is asked may delete this.
+void QRegisterSale::closeAgain()
+{
+    QTimer::singleShot(0, this, [this] {
+        if (isWindow())
+            close();
+        else
+            emit closeWanted();
+    });
+}
+
+/// True when the user does not want to know whether the last receipt was written.
+bool QRegisterSale::forgetUnclear()
+{
     const QString what = m_payment->unclearWords();
-    if (!confirm(tr("Закрити вкладку?"),
-                 what + QStringLiteral("\n\n") +
-                     tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
-                         .arg(moneyShown(m_payment->unclear()->toPay)),
-                 tr("Закрити")))
+    if (!m_desk->confirm(tr("Закрити вкладку?"),
+                         what + QStringLiteral("\n\n") +
+                             tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
+                                 .arg(moneyShown(m_payment->unclear()->toPay)),
+                         tr("Закрити")))
         return false;
-    postMessage(m_receiver, what, QMessEvent::Warning);
+    postMessage(m_desk->receiver(), what, QMessEvent::Warning);
     return true;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "chekwriter.h"
-#include "goodssearch.h"
 #include "page.h"
 #include "salepayment.h"
 
@@ -11,14 +9,16 @@
 namespace Ui {
 class QRegisterSale;
 }
-class QLoadedUser;
-class QSqlDatabase;
+class HeldActs;
 class setting;
 
 /// The tab in which a sale is registered for a shop's cash register. It joins its parts: the place
 /// (PlaceBar), the goods (GoodsPicker), the receipt (ReceiptPane), the payment (SalePayment), the shift
 /// (ShiftBar) and what is told (NoticeBar). It can be worked with a scanner and the keyboard alone; the
 /// search field has the focus.
+///
+/// It never waits for the server: what is on its way or under way (HeldActs, SaleDesk) holds up decisions and
+/// keeps scans, and nothing else.
 class QRegisterSale : public QWidget, public Page
 {
     Q_OBJECT
@@ -30,6 +30,9 @@ public:
 
     /// Sells, instead of receiving or moving goods.
     void salemode();
+
+    // The next four, and ClosePeriod(), wait for the server: for those who need the answer at once. The tab
+    // itself reads and writes by tasks.
 
     /// Writes the receipt that stands in the grid; amounts in kopecks, only the fourth is a number as SQL
     /// has it. Returns the receipt's number, or -1 when nothing was written (reported).
@@ -43,7 +46,8 @@ public:
     /// The same; without an open shift it opens one. Empty after a failure.
     QString getIdZ();
 
-    /// Asks about a receipt that would be lost or is not known to be written; not while one is paid.
+    /// Asks about a receipt that would be lost or is not known to be written. Not while something is under
+    /// way, which is told; what the server has to be asked before is asked, then closeWanted() comes.
     bool mayClose() override;
 
 public slots:
@@ -62,6 +66,8 @@ public slots:
 signals:
     /// Somebody wants to see, or to print, the slip of a receipt of that register (its id).
     void slipWanted(const QString &kass, int chek, bool print);
+    /// Somebody wanted to close the tab when it could not be told whether it may be; now it can.
+    void closeWanted();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -71,7 +77,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void setUpParts(QSqlDatabase *db, QObject *receiver);
+    void setUpParts();
     void connectPlace();
     void connectGoods();
     void connectReceipt();
@@ -81,35 +87,46 @@ private:
     void orderTabs();
     void showRights();
     void notify(const QString &text);
-    bool confirm(const QString &title, const QString &text, const QString &actCaption);
 
-    ChekWriter writer(const char *file = __builtin_FILE(), int line = __builtin_LINE()) const;
+    ChekWriter writer() const;
     GoodsSearch goodsScope() const;
     bool addGoods(const GoodsItem &item);
     void focusSearch();
     bool fieldKey(const QKeyEvent *key, bool isChoice);
 
-    /// Ends what the hand has begun: a quantity or a discount that is being typed, an item that Enter waits
-    /// for. False, with the reason shown, when something of it did not come into the receipt.
-    bool settle();
+    using Act = std::function<void()>;
+    /// Ends what the hand has begun, a quantity or a discount that is being typed, an item that is on its way,
+    /// then does the act. isSettled: false, with the reason shown, when something of it did not come into the
+    /// receipt.
+    void whenSettled(const std::function<void(bool isSettled)> &act);
     bool isCodeLeft();
-    /// False, with the reason shown, when the user may not sell or the last receipt is not settled yet.
-    bool mayChange();
-    /// True when the receipt is empty, or the user agreed to lose it.
-    bool leaveReceipt();
+    /// False, with the reason shown, when the user may not sell, something is under way, or the last receipt
+    /// is not settled yet: of that the server is asked, and the act comes when the receipt still stands.
+    bool mayChange(const Act &again);
+    bool mayTakeScans() const;
+    /// Does the act when the receipt is empty, or the user agreed to lose it.
+    void leaveReceipt(const Act &leave);
+    bool mayLoseReceipt();
     void clearReceipt();
     void escape();
+    void findGoods();
+    void closeAgain();
+    bool forgetUnclear();
 
     void afterSale(const SalePayment::Sold &sold);
-    void tellLater(const QStringList &tables);
-    void tellTracker();
+    void keepScans();
+    void tellTracker(const QStringList &tables);
 
     std::unique_ptr<Ui::QRegisterSale> ui;
-    QSqlDatabase *m_db;
-    QLoadedUser *m_user;
-    QObject *m_receiver;
+    SaleDesk *m_desk;
+    HeldActs *m_acts;
+    DbTasks *m_tracking;
     SalePayment *m_payment = nullptr;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
-    /// Written to, and not told to other programs yet.
-    QStringList m_changedTables;
+    /// What stood in the search field when the receipt was paid.
+    QString m_searchBefore;
+    /// Scanned behind a receipt that was paid but not written: it belongs to the next one.
+    bool m_keepsScans = false;
+    /// Whoever closes the tab has waited for the server's answer about the last receipt.
+    bool m_isAskedToClose = false;
 };

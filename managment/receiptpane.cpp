@@ -44,11 +44,10 @@ ReceiptPane::~ReceiptPane()
         part->disconnect(this);
 }
 
-void ReceiptPane::setUp(const QLoadedUser *user, const std::function<bool()> &mayChange,
-                        const std::function<bool()> &settleAll)
+void ReceiptPane::setUp(const QLoadedUser *user, const MayChange &mayChange, const WhenThere &whenThere)
 {
     m_mayChange = mayChange;
-    m_settleAll = settleAll;
+    m_whenThere = whenThere;
     m_columns.set(ReceiptModel::columns(), user->idUser(), QStringLiteral("QRegisterSale_viewChek"));
 }
 
@@ -71,7 +70,11 @@ void ReceiptPane::connectGrid()
 void ReceiptPane::connectFields()
 {
     connect(ui->dsbDiscount, &QDoubleSpinBox::editingFinished, this, &ReceiptPane::discountTyped);
-    connect(ui->pbRemove, &QPushButton::clicked, this, &ReceiptPane::removeRow);
+    // The mouse means the row that is seen, a key that of the item on its way.
+    connect(ui->pbRemove, &QPushButton::clicked, this, [this] {
+        const QPersistentModelIndex seen(ui->viewChek->currentIndex());
+        removeRow([=] { return seen.row(); });
+    });
     connect(ui->pbClear, &QPushButton::clicked, this, &ReceiptPane::clearPressed);
     connect(ui->pbSale, &QPushButton::clicked, this, &ReceiptPane::sellPressed);
 }
@@ -191,10 +194,14 @@ void ReceiptPane::discountTyped()
     if (!isDiscountBegun() || !ui->dsbDiscount->isReadable())
         return;
     emit told(QString());
-    const qint64 typed = ui->dsbDiscount->kopecks();
-    if (typed != receipt().discount() && m_mayChange() && !receipt().isEmpty())
-        m_model->setDiscount(typed);
+    setDiscount(ui->dsbDiscount->kopecks());
     showDiscount();
+}
+
+void ReceiptPane::setDiscount(qint64 kopecks)
+{
+    if (kopecks != receipt().discount() && m_mayChange([=] { setDiscount(kopecks); }) && !receipt().isEmpty())
+        m_model->setDiscount(kopecks);
 }
 
 /// False, with the reason told, when it stays as it was.
@@ -212,7 +219,7 @@ bool ReceiptPane::changeQuantity(int row, const QString &text)
 bool ReceiptPane::setQuantity(int row, qint64 thousandths)
 {
     emit told(QString());
-    if (!m_mayChange())
+    if (!m_mayChange([=] { setQuantity(row, thousandths); }))
         return false;
     const ReceiptRow &before = receipt().rows().at(row);
     const qint64 old = before.quantity;
@@ -231,35 +238,46 @@ bool ReceiptPane::setQuantity(int row, qint64 thousandths)
 
 void ReceiptPane::stepQuantity(qint64 thousandths)
 {
-    const int row = currentRow();
-    if (row >= 0 && m_settleAll())
-        setQuantity(row, receipt().rows().at(row).quantity + thousandths);
+    if (!settle())
+        return;
+    m_whenThere([=] {
+        const int row = currentRow();
+        if (row >= 0)
+            setQuantity(row, receipt().rows().at(row).quantity + thousandths);
+    });
 }
 
 void ReceiptPane::editQuantity(const QString &text)
 {
-    m_settleAll();
-    const int row = currentRow();
-    if (row < 0 || !m_mayChange())
-        return;
-    ui->viewChek->setFocus();
-    goToRow(row);
-    ui->viewChek->edit(ui->viewChek->currentIndex());
-    m_quantity->type(text);
+    settle();
+    m_whenThere([=] {
+        const int row = currentRow();
+        if (row < 0 || !m_mayChange([=] { editQuantity(text); }))
+            return;
+        ui->viewChek->setFocus();
+        goToRow(row);
+        ui->viewChek->edit(ui->viewChek->currentIndex());
+        m_quantity->type(text);
+    });
 }
 
 /// What was typed into the row goes with it.
-void ReceiptPane::removeRow()
+void ReceiptPane::removeRow(const std::function<int()> &which)
 {
     emit told(QString());
     m_quantity->drop();
     m_typed.reset();
-    const int row = currentRow();
-    if (row >= 0 && m_settleAll() && m_mayChange()) {
-        m_model->remove(row);
-        goToRow(qMin(row, m_model->rowCount() - 1));
-    }
+    if (settle())
+        m_whenThere([=] { removeRow(which()); });
     emit left();
+}
+
+void ReceiptPane::removeRow(int row)
+{
+    if (row < 0 || !m_mayChange([=] { removeRow(row); }))
+        return;
+    m_model->remove(row);
+    goToRow(qMin(row, m_model->rowCount() - 1));
 }
 
 bool ReceiptPane::rowKey(const QKeyEvent *key)
@@ -276,7 +294,7 @@ bool ReceiptPane::rowKey(const QKeyEvent *key)
         editQuantity();
         return true;
     case Qt::Key_Delete:
-        removeRow();
+        removeRow([this] { return currentRow(); });
         return true;
     default:
         return false;

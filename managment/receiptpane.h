@@ -26,10 +26,14 @@ public:
     explicit ReceiptPane(QWidget *parent = nullptr);
     ~ReceiptPane() override;
 
-    /// For whom the columns are remembered. mayChange: asked before the receipt changes. settleAll: ends what
-    /// the hand has begun, here and elsewhere, before a row is removed, stepped or edited.
-    void setUp(const QLoadedUser *user, const std::function<bool()> &mayChange,
-               const std::function<bool()> &settleAll);
+    using Act = std::function<void()>;
+    /// Asked before the receipt changes; after false, again() comes when it may be changed later.
+    using MayChange = std::function<bool(const Act &again)>;
+    /// Does it, now or later, when the item that is on its way has come into the receipt.
+    using WhenThere = std::function<void(const Act &act)>;
+
+    /// user: for whom the columns are remembered.
+    void setUp(const QLoadedUser *user, const MayChange &mayChange, const WhenThere &whenThere);
     /// why: what the fields tell when nothing may be changed.
     void setMayChange(bool mayChange, const QString &why);
     void setMaySell(bool maySell);
@@ -71,12 +75,14 @@ private:
     bool settleQuantity();
     bool settleDiscount();
     void discountTyped();
+    void setDiscount(qint64 kopecks);
     bool confirmStock();
     bool changeQuantity(int row, const QString &text);
     bool setQuantity(int row, qint64 thousandths);
     void stepQuantity(qint64 thousandths);
     void editQuantity(const QString &text = QString());
-    void removeRow();
+    void removeRow(const std::function<int()> &which);
+    void removeRow(int row);
     int currentRow() const;
     void goToRow(int row);
     bool gridKey(const QKeyEvent *key);
@@ -85,8 +91,8 @@ private:
     ReceiptModel *m_model;
     QuantityDelegate *m_quantity;
     ListColumns m_columns;
-    std::function<bool()> m_mayChange;
-    std::function<bool()> m_settleAll;
+    MayChange m_mayChange;
+    WhenThere m_whenThere;
     /// A quantity that left its editor and is not in the receipt yet.
     struct TypedQuantity
     {

@@ -82,21 +82,17 @@ bool compareRow(const Db &db, const QHash<quint32, ReceiptRow> &sold, const Rece
 }
 } // namespace
 
-std::optional<SaleChanges> saleChanges(const Db &db, const ChekPlace &place, const Receipt &receipt,
-                                       GoodsSearch search)
+std::optional<SaleChanges> saleChanges(const Db &db, const Receipt &receipt, GoodsSearch search)
 {
     constexpr int allBarcodes = 1000000;
     search.by = GoodsSearch::Goods;
     search.limit = allBarcodes;
     for (const ReceiptRow &row : receipt.rows())
         search.goods.append(row.idGoods);
-    const auto refusal = ChekWriter(db, place).placeRefusal();
     const auto sold = soldNow(db, search);
-    if (!refusal || !sold)
+    if (!sold)
         return std::nullopt;
     SaleChanges changes;
-    if (!refusal->isEmpty())
-        changes.blocking.append(*refusal);
     for (const ReceiptRow &row : receipt.rows()) {
         if (!compareRow(db, *sold, row, &changes))
             return std::nullopt;

@@ -1,170 +1,127 @@
 #include "salepayment.h"
 
+#include "dbtasks.h"
 #include "money.h"
 #include "placebar.h"
-#include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
-#include "qqestion.h"
 #include "receiptmodel.h"
-#include "salechanges.h"
 #include "saleclock.h"
-#include "saleplaces.h"
 
-#include <QScopedValueRollback>
-
-SalePayment::SalePayment(QSqlDatabase *db, QObject *receiver, PlaceBar *place, ReceiptModel *receipt,
-                         QWidget *tab, const char *file, int line)
-    : QObject(tab)
-    , m_db(db)
-    , m_receiver(receiver)
+SalePayment::SalePayment(SaleDesk *desk, PlaceBar *place, ReceiptModel *receipt)
+    : QObject(desk->tab())
+    , m_desk(desk)
     , m_place(place)
     , m_receipt(receipt)
-    , m_tab(tab)
-    , m_file(file)
-    , m_line(line)
+    , m_tasks(desk->makeTasks(this))
 {
     connect(place, &PlaceBar::dateChanged, this, &SalePayment::beginReceipt);
 }
 
-Db SalePayment::db() const
-{
-    return Db(m_db, m_receiver);
-}
-
-ChekWriter SalePayment::writer() const
-{
-    return ChekWriter(db(), m_place->place(), m_file, m_line);
-}
-
-bool SalePayment::confirm(const QString &title, const QString &text, const QString &actCaption)
-{
-    const bool isAgreed = QMessDlg::confirm(m_tab, title, text, actCaption);
-    emit left();
-    return isAgreed;
-}
-
-void SalePayment::warn(const QString &title, const QString &text)
-{
-    QQestion::question(m_tab, title, text, true);
-    emit left();
-}
-
-/// True when there is nothing to tell.
-bool SalePayment::tell(const QString &why)
-{
-    emit told(why);
-    return why.isEmpty();
-}
-
-void SalePayment::sell()
-{
-    if (verify() && m_receipt->receipt().total() != 0 && agreeDate() && agreeChanges())
-        pay();
-}
-
-QString SalePayment::openShift(bool *ok)
-{
-    const auto z = writer().openZ();
-    *ok = z && writer().isOwn(*z);
-    if (z && !*ok)
-        warn(tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}));
-    return z ? z->number : QString();
-}
-
-/// Why this receipt cannot be sold here; empty when it can.
+/// Why this receipt cannot be sold here, as far as nobody has to be asked; empty when it can.
 QString SalePayment::refusal() const
 {
+    if (m_place->isReading())
+        return tr("Магазини й каси ще читаються. Повторіть оплату.");
     if (!m_place->isChosen())
         return tr("Виберіть магазин і касу.");
     if (m_place->isClosingOnly())
         return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
-    // A shift is listed in one shop; what is sold in another one does not belong into it.
-    const ChekPlace place = m_place->place();
-    const QString other = SalePlaces::otherShopOfShift(m_db, m_receiver, place.kass, place.shop);
-    if (!other.isEmpty())
-        return tr("Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.").arg(other);
-    const QString unknown = tr("Сервер не відповів, чи можна тут продавати. Повторіть оплату.");
-    const QString why = writer().placeRefusal().value_or(unknown);
-    return why.isEmpty() ? m_receipt->receipt().refusal() : why;
+    return m_receipt->receipt().refusal();
 }
 
-bool SalePayment::verify()
+void SalePayment::sell()
 {
-    QString why = refusal();
-    bool ok = why.isEmpty();
-    if (ok)
-        openShift(&ok);
-    if (ok)
-        why = writer()
-                  .shiftRefusal(m_receipt->receipt())
-                  .value_or(tr("Стан зміни невідомий. Повторіть оплату."));
+    const QString why = refusal();
+    m_desk->tell(why);
+    if (!why.isEmpty() || m_receipt->receipt().total() == 0 || !m_desk->mayEdit())
+        return;
+    m_place->followToday();
+    const SaleOrder order = {m_place->place(), m_receipt->receipt(), m_place->chosenDate(), m_scope()};
+    m_desk->begin(SaleDesk::Checking, tr("Перевіряється…"));
+    m_tasks->read([order, caller = m_desk->caller()](const Db &db) { return checkSale(db, caller, order); },
+                  [this, order](const SaleCheck &check) { checked(order, check); });
+}
+
+/// What there is to ask is asked here, before anybody pays; conditions that were agreed to are checked again.
+void SalePayment::checked(SaleOrder order, const SaleCheck &check)
+{
+    const SaleDesk::Questions questions(m_desk);
     emit shiftRead();
-    return tell(why) && ok;
+    m_desk->tell(check.isBusy ? QString() : check.refusal);
+    if (check.isBusy)
+        m_desk->warn(tr("Магазин зайнятий!"), check.refusal);
+    if (!check.refusal.isEmpty() || !agreeDate(order.date) || !agreeChanges(check.changes))
+        return;
+    if (check.changes.told.isEmpty())
+        return pay(order);
+    m_receipt->takeOver(check.changes.rows);
+    sell();
 }
 
 /// Asked once a receipt.
-bool SalePayment::agreeDate()
+bool SalePayment::agreeDate(const QDate &chosen)
 {
-    m_place->followToday();
-    const QDate chosen = m_place->chosenDate();
     if (!chosen.isValid() || m_isDateAgreed)
         return true;
     const QString day = chosen.toString(QStringLiteral("dd.MM.yyyy"));
-    m_isDateAgreed = confirm(tr("Дата чека"),
-                             tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
-                                 .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
-                             tr("Записати %1").arg(day));
+    m_isDateAgreed =
+        m_desk->confirm(tr("Дата чека"),
+                        tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
+                            .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
+                        tr("Записати %1").arg(day));
     return m_isDateAgreed;
 }
 
-/// What became of the goods since they were put in is told before anybody pays.
-bool SalePayment::agreeChanges()
+bool SalePayment::agreeChanges(const SaleChanges &changes)
 {
-    const auto changes = saleChanges(db(), m_place->place(), m_receipt->receipt(), m_scope());
-    if (!changes)
-        return tell(tr("Сервер не відповів, чи змінились ціни. Повторіть оплату."));
-    if (!changes->blocking.isEmpty())
-        return tell(changes->blocking.join(QLatin1Char('\n')));
-    if (changes->told.isEmpty())
-        return true;
-    if (!confirm(tr("Товари змінились"),
-                 changes->told.join(QLatin1Char('\n')) + QStringLiteral("\n\n") +
-                     tr("Продати за новими умовами?"),
-                 tr("Продати")))
-        return false;
-    m_receipt->takeOver(changes->rows);
-    return verify();
+    return changes.told.isEmpty() ||
+           m_desk->confirm(tr("Товари змінились"),
+                           changes.told.join(QLatin1Char('\n')) + QStringLiteral("\n\n") +
+                               tr("Продати за новими умовами?"),
+                           tr("Продати"));
 }
 
-/// What is shown, what is paid and what is written is one receipt, taken once.
-void SalePayment::pay()
+/// What is shown, what is paid and what is written is the one receipt that was checked.
+void SalePayment::pay(const SaleOrder &order)
 {
-    const QScopedValueRollback<bool> paying(m_isPaying, true);
-    const Receipt receipt = m_receipt->receipt();
     ChekPayment due;
-    due.discount = receipt.discount();
-    due.toPay = receipt.toPay();
-    QPayment form(due, m_tab);
-    if (form.exec() != QDialog::Accepted)
-        return;
-    const int number = write(receipt, form.payment());
-    if (number != -1)
-        emit sold({m_place->place().kass, number, due.toPay, form.change()});
+    due.discount = order.receipt.discount();
+    due.toPay = order.receipt.toPay();
+    QPayment form(due, m_desk->tab());
+    const bool isPaid = form.exec() == QDialog::Accepted;
+    emit m_desk->left();
+    if (isPaid && m_desk->mayEdit())
+        write(order, form.payment(), form.change());
 }
 
-int SalePayment::write(const Receipt &receipt, const ChekPayment &payment)
+void SalePayment::write(const SaleOrder &order, const ChekPayment &payment, qint64 change)
 {
-    const ChekWriter::Result result = writer().write(receipt, payment, m_place->chosenDate());
+    m_desk->begin(SaleDesk::Writing, tr("Записується…"));
+    m_tasks->write(
+        [order, payment, caller = m_desk->caller()](const Db &db) {
+            return caller.writer(db, order.place).write(order.receipt, payment, order.date);
+        },
+        [this, change](const ChekWriter::Result &result) {
+            m_desk->end();
+            const int number = ended(result);
+            if (number != -1)
+                emit sold({result.chek.place.kass, number, result.chek.toPay, change});
+        });
+}
+
+int SalePayment::ended(const ChekWriter::Result &result)
+{
     if (result.outcome == ChekWriter::Written)
         return result.chek.number;
     if (result.outcome == ChekWriter::Unclear)
         m_unclear = result.chek;
     const QString why = ChekWriter::explanation(result);
-    postMessage(m_receiver, why, QMessEvent::Warning);
-    emit told(why);
+    postMessage(m_desk->receiver(), why, QMessEvent::Warning);
+    m_desk->tell(why);
+    emit notWritten();
     if (result.outcome == ChekWriter::Busy)
-        warn(tr("Магазин зайнятий!"), why);
+        m_desk->warn(tr("Магазин зайнятий!"), why);
     return -1;
 }
 
@@ -173,16 +130,26 @@ QString SalePayment::unclearWords() const
     return ChekWriter::explanation({ChekWriter::Unclear, *m_unclear});
 }
 
-std::optional<bool> SalePayment::askUnclear()
+void SalePayment::askUnclear(const std::function<void(std::optional<bool> isWritten)> &then)
 {
-    const auto isWritten = writer().isWritten(*m_unclear);
-    if (!isWritten) {
-        emit told(unclearWords());
-        return isWritten;
-    }
+    m_desk->begin(SaleDesk::Checking, tr("Чек № %1: запитується сервер…").arg(m_unclear->number));
+    m_tasks->read(
+        [chek = *m_unclear, caller = m_desk->caller()](const Db &db) {
+            return caller.writer(db, chek.place).isWritten(chek);
+        },
+        [this, then](std::optional<bool> isWritten) {
+            m_desk->end();
+            answered(isWritten);
+            then(isWritten);
+        });
+}
+
+void SalePayment::answered(std::optional<bool> isWritten)
+{
+    if (!isWritten)
+        return m_desk->tell(unclearWords());
     const WrittenChek chek = *m_unclear;
     m_unclear.reset();
     if (*isWritten)
         emit sold({chek.place.kass, chek.number, chek.toPay, 0});
-    return isWritten;
 }

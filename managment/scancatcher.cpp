@@ -35,7 +35,7 @@ bool ScanCatcher::eventFilter(QObject *watched, QEvent *event)
     // A box swallows what a scanner types into it; that is to be seen before.
     if (event->type() == QEvent::Show && isBox(watched))
         qApp->installEventFilter(this);
-    if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget())
+    if (m_isDeaf || event->type() != QEvent::KeyPress || watched != QApplication::focusWidget())
         return false;
     auto *focus = static_cast<QWidget *>(watched);
     const auto *key = static_cast<QKeyEvent *>(event);

@@ -18,6 +18,9 @@ class ScanCatcher : public QObject
 public:
     explicit ScanCatcher(QWidget *area);
 
+    /// What is typed meanwhile was typed before, and counted then.
+    void setDeaf(bool isDeaf) { m_isDeaf = isDeaf; }
+
 signals:
     void scanned(const QString &code);
 
@@ -33,4 +36,5 @@ private:
     ScanPace m_pace;
     QPointer<QWidget> m_field;
     QString m_textBefore;
+    bool m_isDeaf = false;
 };

@@ -1,37 +1,39 @@
 #include "shiftbar.h"
 #include "ui_shiftbar.h"
 
+#include "dbtasks.h"
 #include "placebar.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
-#include "qqestion.h"
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
+/// What is read sooner is not told: it would only flash.
+constexpr int readingAfterMs = 150;
 } // namespace
 
 ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ShiftBar>())
 {
     ui->setupUi(this);
+    m_readingNote.setSingleShot(true);
+    m_readingNote.setInterval(readingAfterMs);
+    connect(&m_readingNote, &QTimer::timeout, this, [this] { ui->lbShift->setText(tr("Читається…")); });
     connect(ui->pbCloseZ, &QPushButton::clicked, this, &ShiftBar::closeShift);
     connect(ui->pbPeriod, &QPushButton::clicked, this, &ShiftBar::closePeriodAlone);
 }
 
 ShiftBar::~ShiftBar() = default;
 
-void ShiftBar::setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, PlaceBar *place,
-                     const char *file, int line)
+void ShiftBar::setUp(SaleDesk *desk, PlaceBar *place)
 {
-    m_db = db;
-    m_user = user;
-    m_receiver = receiver;
+    m_desk = desk;
     m_place = place;
-    m_file = file;
-    m_line = line;
+    m_looks = desk->makeTasks(this);
+    m_tasks = desk->makeTasks(this);
     connect(place, &PlaceBar::kassChanged, this, &ShiftBar::refresh);
-    connect(user, &QLoadedUser::rightsChanged, this, &ShiftBar::refresh);
+    connect(desk->user(), &QLoadedUser::rightsChanged, this, &ShiftBar::refresh);
 }
 
 void ShiftBar::setMayClose(bool mayClose, const QString &why)
@@ -44,174 +46,203 @@ void ShiftBar::setMayClose(bool mayClose, const QString &why)
         ui->pbCloseZ->setToolTip(QStringLiteral("F12"));
 }
 
-Db ShiftBar::db() const
+QString ShiftBar::whyNoPlace() const
 {
-    return Db(m_db, m_receiver);
-}
-
-ChekWriter ShiftBar::writer() const
-{
-    return ChekWriter(db(), m_place->place(), m_file, m_line);
-}
-
-ShiftCloser ShiftBar::closer() const
-{
-    return ShiftCloser(db(), m_place->place(), m_file, m_line);
-}
-
-bool ShiftBar::confirm(const QString &title, const QString &text, const QString &actCaption)
-{
-    const bool isAgreed = QMessDlg::confirm(this, title, text, actCaption);
-    emit left();
-    return isAgreed;
-}
-
-void ShiftBar::warn(const QString &title, const QString &text)
-{
-    QQestion::question(this, title, text, true);
-    emit left();
+    if (!m_place->hasShop())
+        return tr("Немає магазину, в якому ви можете продавати.");
+    return m_place->isChosen() ? QString() : tr("У магазині немає незаблокованої каси.");
 }
 
 void ShiftBar::refresh()
 {
-    if (m_user->isLoaded())
-        ui->lbShift->setText(shiftText());
+    if (!m_desk->user()->isLoaded())
+        return;
+    m_looks->drop();
+    m_readingNote.start();
+    // What is being read there tells when it has come.
+    if (m_place->isReading())
+        return;
+    if (!m_place->isChosen()) {
+        m_readingNote.stop();
+        ui->lbShift->setText(whyNoPlace());
+        return;
+    }
+    m_looks->read([place = m_place->place(), caller = m_desk->caller()](
+                      const Db &db) { return shiftState(db, caller, place); },
+                  [this](const ShiftState &state) { show(state); });
 }
 
-QString ShiftBar::shiftText() const
+void ShiftBar::show(const ShiftState &state)
 {
-    if (!m_place->hasShop())
-        return tr("Немає магазину, в якому ви можете продавати.");
-    if (!m_place->isChosen())
-        return tr("У магазині немає незаблокованої каси.");
-    const auto z = writer().openZ();
-    if (!z)
-        return tr("Стан зміни невідомий.");
-    if (z->number.isEmpty())
-        return tr("Зміна буде відкрита першим чеком.");
-    if (writer().isOwn(*z))
-        return tr("Зміна № %1 відкрита, день періоду: %2.").arg(z->number, z->day);
-    return tr("Зміну № %1 відкрив інший користувач: %2")
-        .arg(z->number, m_user->getNameSename(m_db, z->user.toInt()));
+    m_readingNote.stop();
+    if (!state.z)
+        ui->lbShift->setText(tr("Стан зміни невідомий."));
+    else if (state.z->number.isEmpty())
+        ui->lbShift->setText(tr("Зміна буде відкрита першим чеком."));
+    else if (state.isOwn)
+        ui->lbShift->setText(
+            tr("Зміна № %1 відкрита, день періоду: %2.").arg(state.z->number, state.z->day));
+    else
+        ui->lbShift->setText(
+            tr("Зміну № %1 відкрив інший користувач: %2").arg(state.z->number, state.owner));
+}
+
+void ShiftBar::guarded(const Act &close)
+{
+    if (!m_desk->isFree())
+        return;
+    m_desk->tell(QString());
+    if (m_guard)
+        m_guard(close);
+    else
+        close();
+}
+
+/// Asks the server about the chosen place, then goes on.
+void ShiftBar::check(void (ShiftBar::*then)(const ChekPlace &place, const ClosingCheck &check))
+{
+    const ChekPlace place = m_place->place();
+    m_desk->begin(SaleDesk::Checking, tr("Перевіряється…"));
+    m_tasks->read([place, caller = m_desk->caller()](
+                      const Db &db) { return checkClosing(db, caller, place); },
+                  [this, place, then](const ClosingCheck &check) {
+                      const SaleDesk::Questions questions(m_desk);
+                      (this->*then)(place, check);
+                  });
 }
 
 void ShiftBar::closeShift()
 {
-    emit told(QString());
-    if (m_mayClose && !m_mayClose())
-        return;
-    const QString zNumber = shiftToClose();
-    if (!zNumber.isEmpty() && offerPeriod(zNumber)) {
-        if (const auto figures = closer().figures(zNumber))
-            countAndClose(*figures);
-    }
-    emit left();
+    guarded([this] {
+        const QString why = m_refusal ? m_refusal() : QString();
+        if (m_place->isReading())
+            m_desk->tell(tr("Магазини й каси ще читаються. Закрийте зміну ще раз."));
+        else if (!m_place->isChosen())
+            m_desk->tell(tr("Виберіть магазин і касу."));
+        else if (!why.isEmpty())
+            m_desk->tell(why);
+        else
+            return check(&ShiftBar::shiftChecked);
+        emit m_desk->left();
+    });
 }
 
-/// The number of the open shift; empty, with the reason shown, when there is none to close.
-QString ShiftBar::shiftToClose()
+void ShiftBar::shiftChecked(const ChekPlace &place, const ClosingCheck &check)
 {
-    const QString why = m_refusal ? m_refusal() : QString();
-    if (!m_place->isChosen())
-        emit told(tr("Виберіть магазин і касу."));
-    else if (!why.isEmpty())
-        emit told(why);
-    else if (const auto z = writer().openZ()) {
-        refresh();
-        if (z->number.isEmpty())
-            emit told(tr("На цій касі немає відкритої зміни: закривати нічого."));
-        else if (writer().isOwn(*z) || takeOver(*z))
-            return z->number;
-    }
-    return QString();
+    m_looks->drop();
+    show(check.shift);
+    if (isOpen(check.shift) && offerPeriod(check) && check.figures)
+        count(place, *check.figures);
+    emit m_desk->left();
+}
+
+/// False, with the reason shown, when there is none to close.
+bool ShiftBar::isOpen(const ShiftState &state)
+{
+    if (!state.z)
+        return false;
+    if (!state.z->number.isEmpty())
+        return state.isOwn || takeOver(state);
+    m_desk->tell(tr("На цій касі немає відкритої зміни: закривати нічого."));
+    return false;
 }
 
 /// Whoever opened the shift may have left without closing it.
-bool ShiftBar::takeOver(const OpenZ &z)
+bool ShiftBar::takeOver(const ShiftState &state)
 {
     const QString warning = ChekWriter::explanation({ChekWriter::Busy, {}});
     const QString question = tr("Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?")
-                                 .arg(z.number, m_user->getNameSename(m_db, z.user.toInt()));
-    return confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question, tr("Закрити її"));
+                                 .arg(state.z->number, state.owner);
+    return m_desk->confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question,
+                           tr("Закрити її"));
 }
 
 /// On the last day of the period. False when the shift is not to be closed.
-bool ShiftBar::offerPeriod(const QString &zNumber)
+bool ShiftBar::offerPeriod(const ClosingCheck &check)
 {
-    const auto day = closer().periodDay();
-    if (!day)
+    if (!check.day)
         return false;
-    if (!day->isLast() || m_closedPeriod == shiftKey(zNumber))
+    if (!check.day->isLast() || m_closedPeriod == shiftKey(check.shift.z->number))
         return true;
     const int answer = QMessDlg::quest(this, tr("закрити?"),
                                        tr("Ви збираєтесь закрити зміну\nв останні день періоду.\nЗакрити "
                                           "період перед закриттям зміни?"),
                                        tr("Відмінити закриття"), tr("Закрити тільки зміну"),
                                        tr("Закрити період та зміну"), QString());
-    return answer == CloseShift || (answer == ClosePeriodAndShift && closePeriod());
+    return answer == CloseShift || (answer == ClosePeriodAndShift && closePeriod(check));
 }
 
-void ShiftBar::countAndClose(const ShiftFigures &figures)
+/// What the operator is shown is what is compared and closed.
+void ShiftBar::count(const ChekPlace &place, const ShiftFigures &figures)
 {
     const QString early = ShiftCloser::dateRefusal(figures, m_place->chosenDate());
-    if (!early.isEmpty()) {
-        emit told(early);
-        return;
-    }
+    if (!early.isEmpty())
+        return m_desk->tell(early);
     QPayment form(figures, this);
-    if (form.exec() != QDialog::Accepted)
-        return;
-    const ShiftCloser::Outcome outcome = closer().close(figures, form.count(), m_place->chosenDate());
-    if (outcome == ShiftCloser::Closed)
-        return afterClosing(figures.zNumber);
-    const QString why = ShiftCloser::explanation(outcome, figures.zNumber);
-    postMessage(m_receiver, why, QMessEvent::Warning);
-    refresh();
-    emit told(why);
-    warn(tr("Попередження."), why);
+    if (form.exec() == QDialog::Accepted && m_desk->mayEdit())
+        close(place, figures, form.count());
 }
 
-void ShiftBar::afterClosing(const QString &zNumber)
+void ShiftBar::close(const ChekPlace &place, const ShiftFigures &figures, const ShiftCount &count)
 {
-    if (m_place->isClosingOnly()) {
+    m_desk->begin(SaleDesk::Writing, tr("Записується…"));
+    m_tasks->write(
+        [=, date = m_place->chosenDate(), caller = m_desk->caller()](const Db &db) {
+            return ShiftCloser(db, place, caller.file, caller.line).close(figures, count, date);
+        },
+        [this, zNumber = figures.zNumber](ShiftCloser::Outcome outcome) {
+            m_desk->end();
+            closed(zNumber, outcome);
+        });
+}
+
+void ShiftBar::closed(const QString &zNumber, ShiftCloser::Outcome outcome)
+{
+    if (outcome == ShiftCloser::Closed && m_place->isClosingOnly())
         m_place->fillShops();
-        emit placesChanged();
-    } else {
-        refresh();
+    refresh();
+    if (outcome == ShiftCloser::Closed) {
+        m_desk->tell(tr("Зміну № %1 закрито.").arg(zNumber));
+        emit written({QStringLiteral("cheks"), QStringLiteral("z_zvit")});
+        return;
     }
-    emit told(tr("Зміну № %1 закрито.").arg(zNumber));
-    emit written({QStringLiteral("cheks"), QStringLiteral("z_zvit")});
+    const QString why = ShiftCloser::explanation(outcome, zNumber);
+    postMessage(m_desk->receiver(), why, QMessEvent::Warning);
+    m_desk->tell(why);
+    m_desk->warn(tr("Попередження."), why);
 }
 
 void ShiftBar::closePeriodAlone()
 {
-    emit told(QString());
-    if (m_mayClose && !m_mayClose())
-        return;
-    if (closePeriod())
-        emit told(tr("Період закрито. Наступна зміна почне новий."));
+    guarded([this] {
+        if (!m_place->isReading() && m_place->isChosen())
+            return check(&ShiftBar::periodChecked);
+        m_desk->tell(tr("Виберіть магазин і касу."));
+        m_desk->warn(tr("Попередження?"), tr("Період не закрито!"));
+    });
+}
+
+void ShiftBar::periodChecked(const ChekPlace &place, const ClosingCheck &check)
+{
+    Q_UNUSED(place)
+    if (closePeriod(check))
+        m_desk->tell(tr("Період закрито. Наступна зміна почне новий."));
     else
-        warn(tr("Попередження?"), tr("Період не закрито!"));
-    emit left();
+        m_desk->warn(tr("Попередження?"), tr("Період не закрито!"));
+    emit m_desk->left();
 }
 
 /// The day after the last one is the first of the next period, so the days need no writing.
-bool ShiftBar::closePeriod()
+bool ShiftBar::closePeriod(const ClosingCheck &check)
 {
-    if (!m_place->isChosen()) {
-        emit told(tr("Виберіть магазин і касу."));
+    if (!check.day || !check.shift.z)
         return false;
-    }
-    const auto day = closer().periodDay();
-    const auto z = writer().openZ();
-    if (!day || !z)
-        return false;
-    const QString why = ShiftCloser::periodRefusal(*day);
+    const QString why = ShiftCloser::periodRefusal(*check.day);
     if (!why.isEmpty()) {
-        warn(tr("Попередження."), why);
+        m_desk->warn(tr("Попередження."), why);
         return false;
     }
-    m_closedPeriod = shiftKey(z->number);
+    m_closedPeriod = shiftKey(check.shift.z->number);
     return true;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "chekwriter.h"
-#include "shiftcloser.h"
+#include "shiftcheck.h"
 
 #include <QWidget>
 #include <functional>
@@ -10,12 +9,11 @@
 namespace Ui {
 class ShiftBar;
 }
+class DbTasks;
 class PlaceBar;
-class QLoadedUser;
-class QSqlDatabase;
 
 /// The shift of the chosen register: what is known of it, and how it and the shop's trading period are
-/// closed.
+/// closed, a step after the other: the server is asked, then the user, then the closing is written.
 class ShiftBar : public QWidget
 {
     Q_OBJECT
@@ -24,56 +22,51 @@ public:
     explicit ShiftBar(QWidget *parent = nullptr);
     ~ShiftBar() override;
 
-    /// place: where. Failed statements are reported to the receiver under the place of the caller.
-    void setUp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, PlaceBar *place,
-               const char *file = __builtin_FILE(), int line = __builtin_LINE());
-    /// Asked before anything is closed: false, with the reason told, when something else has to be settled.
-    void setGuard(const std::function<bool()> &mayClose) { m_mayClose = mayClose; }
+    /// place: where.
+    void setUp(SaleDesk *desk, PlaceBar *place);
+    using Act = std::function<void()>;
+    /// Asked before anything is closed: does it, now or later, or tells why not.
+    void setGuard(const std::function<void(const Act &close)> &guard) { m_guard = guard; }
     /// Asked besides before a shift is closed: what has to be done first, in the user's words; else empty.
     void setRefusal(const std::function<QString()> &refusal) { m_refusal = refusal; }
     /// why: what the buttons tell when nothing may be closed.
     void setMayClose(bool mayClose, const QString &why);
 
-    /// Reads the shift and shows it.
+    /// Reads the shift and shows it; of several readings the newest.
     void refresh();
     /// On the last day of the period asks about that, then takes what the operator has counted and writes.
     void closeShift();
     /// The button of the period: tells when it could not be closed.
     void closePeriodAlone();
     /// False, with the reason shown, when the period cannot be closed.
-    bool closePeriod();
+    bool closePeriod(const ClosingCheck &check);
 
 signals:
-    void told(const QString &text);
     /// These tables were written to.
     void written(const QStringList &tables);
-    /// The chosen place was there for closing only: other places are offered now.
-    void placesChanged();
-    /// Somebody is through with a box or a button.
-    void left();
 
 private:
-    Db db() const;
-    ChekWriter writer() const;
-    ShiftCloser closer() const;
-    bool confirm(const QString &title, const QString &text, const QString &actCaption);
-    void warn(const QString &title, const QString &text);
-    QString shiftText() const;
-    QString shiftToClose();
-    bool takeOver(const OpenZ &z);
-    bool offerPeriod(const QString &zNumber);
-    void countAndClose(const ShiftFigures &figures);
-    void afterClosing(const QString &zNumber);
+    void guarded(const Act &close);
+    void check(void (ShiftBar::*then)(const ChekPlace &place, const ClosingCheck &check));
+    QString whyNoPlace() const;
+    void show(const ShiftState &state);
+    void shiftChecked(const ChekPlace &place, const ClosingCheck &check);
+    void periodChecked(const ChekPlace &place, const ClosingCheck &check);
+    bool isOpen(const ShiftState &state);
+    bool takeOver(const ShiftState &state);
+    bool offerPeriod(const ClosingCheck &check);
+    void count(const ChekPlace &place, const ShiftFigures &figures);
+    void close(const ChekPlace &place, const ShiftFigures &figures, const ShiftCount &count);
+    void closed(const QString &zNumber, ShiftCloser::Outcome outcome);
     QString shiftKey(const QString &zNumber) const;
 
     std::unique_ptr<Ui::ShiftBar> ui;
-    QSqlDatabase *m_db = nullptr;
-    QLoadedUser *m_user = nullptr;
-    QObject *m_receiver = nullptr;
+    SaleDesk *m_desk = nullptr;
     PlaceBar *m_place = nullptr;
-    const char *m_file = nullptr;
-    int m_line = 0;
-    std::function<bool()> m_mayClose;
+    DbTasks *m_looks = nullptr;
+    DbTasks *m_tasks = nullptr;
+    QTimer m_readingNote;
+    std::function<void(const Act &close)> m_guard;
     std::function<QString()> m_refusal;
     /// The shift during which the period was closed: its closing does not ask for that again.
     QString m_closedPeriod;

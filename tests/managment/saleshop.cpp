@@ -2,8 +2,6 @@
 
 #include "goodssearch.h"
 
-#include <QSqlQuery>
-
 void fillSaleShop(FreshDatabase *base)
 {
     base->exec(QStringList{
@@ -42,7 +40,7 @@ void loseAnswerToCommit(FreshDatabase *base)
 {
     Db::setStatementHook([base](const QString &sql) {
         if (sql == QLatin1String("COMMIT")) {
-            QSqlQuery(*base->connection()).exec(QStringLiteral("COMMIT AND CHAIN"));
+            commitHere();
             base->killConnection();
         } else if (sql.startsWith(QLatin1String("SELECT COUNT(*) FROM cheks"))) {
             base->exec(QStringLiteral("RENAME TABLE cheks TO away"));

@@ -195,6 +195,7 @@ private:
     bool wasAgreed(QVector<bool> *answers);
     bool leaveOnPaper();
     void addScanned(const Goods &goods);
+    void catchUp();
     void rest();
     static void activate(QWidget *window);
 
@@ -282,6 +283,7 @@ void TstHurriedSale::init()
     m_tab->show();
     m_tab->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    waitOutTasks();
     m_paper = Paper();
     m_shifts.clear();
     m_stock.clear();
@@ -304,6 +306,7 @@ void TstHurriedSale::init()
 void TstHurriedSale::cleanup()
 {
     m_tab.reset();
+    waitOutTasks();
 }
 
 void TstHurriedSale::cleanupTestCase()
@@ -372,6 +375,7 @@ void TstHurriedSale::scanGoods()
     const Goods &goods = goodsOnSale[draw(4)];
     reachForScanner();
     scan(QLatin1String(goods.barcode));
+    catchUp();
     settleOnPaper();
     addScanned(goods);
 }
@@ -386,6 +390,7 @@ void TstHurriedSale::scanUnknown()
 {
     reachForScanner();
     scan(text("4820000009999"));
+    catchUp();
     settleOnPaper();
     QVERIFY(notice().contains(text("4820000009999")));
     m_isTold = true;
@@ -465,6 +470,7 @@ void TstHurriedSale::removeRow()
     else
         QTest::mouseClick(in<QPushButton>("pbRemove"), Qt::LeftButton);
     m_rowBegun = -1;
+    catchUp();
     if (row >= 0 && settleOnPaper()) {
         m_paper.rows.remove(row);
         if (m_paper.rows.isEmpty())
@@ -481,6 +487,7 @@ void TstHurriedSale::escape()
     else
         m_isTold = false;
     pressKeys({Qt::Key_Escape});
+    catchUp();
     if (isOnlyTold)
         return;
     const bool isDiscountOther = m_discountBegun >= 0 && m_discountBegun != m_paper.discount();
@@ -525,6 +532,7 @@ void TstHurriedSale::choosePlace()
     const int before = box->currentIndex();
     box->setFocus(Qt::MouseFocusReason);
     pressKeys({before > 0 ? Qt::Key_Up : Qt::Key_Down});
+    catchUp();
     if (box->count() == 1)
         return rest();
     const bool hasLeft = leaveOnPaper();
@@ -541,6 +549,7 @@ void TstHurriedSale::cancelledClosing()
 {
     m_wasAsked = false;
     pressKeys({Qt::Key_F12});
+    catchUp();
     settleOnPaper();
     QVERIFY(!m_wasAsked || m_paper.rows.isEmpty());
     compareWithDatabase();
@@ -554,6 +563,7 @@ void TstHurriedSale::payment()
         pressKeys({Qt::Key_F9});
     else
         QTest::mouseClick(in<QPushButton>("pbSale"), Qt::LeftButton);
+    catchUp();
     if (m_wasAsked)
         return afterPayment();
     const bool isDue = settleOnPaper() && m_paper.isPayable() && m_paper.total() > 0;
@@ -637,6 +647,7 @@ void TstHurriedSale::afterPayment()
     for (int i = 0; i < 50 && notice().contains(text("невідомо")); ++i) {
         QTest::qWait(100);
         m_tab->close();
+        catchUp();
     }
     const bool isWritten = m_wasPaid && m_chek->model()->rowCount() == 0;
     QVERIFY(isWritten || !m_wasPaid || m_sinceKill < 5);
@@ -772,6 +783,16 @@ void TstHurriedSale::activate(QWidget *window)
     }));
 }
 
+/// The server has answered everything.
+void TstHurriedSale::catchUp()
+{
+    waitOutTasks();
+    if (m_searched == nullptr)
+        return;
+    QVERIFY(QTest::qWaitFor([this] { return m_searched == nullptr || m_search->text().isEmpty(); }));
+    waitOutTasks();
+}
+
 /// The window catches up with the hand.
 void TstHurriedSale::rest()
 {
@@ -786,6 +807,7 @@ void TstHurriedSale::rest()
     settleOnPaper();
     while (!m_scannedBehind.isEmpty()) {
         QTest::qWait(1);
+        waitOutTasks();
         addScanned(*m_scannedBehind.takeFirst());
     }
     activate(m_tab.get());

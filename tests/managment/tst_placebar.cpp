@@ -1,6 +1,7 @@
 #include "placebar.h"
 
 #include "qloadeduser.h"
+#include "saledesk.h"
 #include "saleshop.h"
 
 #include <QComboBox>
@@ -43,7 +44,9 @@ void TstPlaceBar::initTestCase()
 void TstPlaceBar::init()
 {
     m_bar = std::make_unique<PlaceBar>();
-    m_bar->setUp(m_base->connection(), m_user.get(), &m_base->heard);
+    m_bar->setUp(new SaleDesk(m_base->connection(), m_user.get(), &m_base->heard, m_bar.get()));
+    QVERIFY(m_bar->isReading() && !m_bar->isChosen());
+    waitOutTasks();
     m_shops = child<QComboBox>(m_bar.get(), QStringLiteral("cbShop"));
     m_registers = child<QComboBox>(m_bar.get(), QStringLiteral("cbKass"));
     m_date = child<QDateEdit>(m_bar.get(), QStringLiteral("dateEdit"));
@@ -66,6 +69,8 @@ void TstPlaceBar::offersWhereTheUserMaySell()
     QSignalSpy goods(m_bar.get(), &PlaceBar::goodsChanged);
     QSignalSpy kass(m_bar.get(), &PlaceBar::kassChanged);
     m_shops->setCurrentIndex(0);
+    QVERIFY(m_bar->hasShop() && !m_bar->isChosen());
+    waitOutTasks();
     QCOMPARE(m_registers->currentText(), QStringLiteral("Каса 1"));
     QCOMPARE(m_bar->place().shop + m_bar->place().kass + m_bar->place().user, QStringLiteral("241"));
     QCOMPARE(goods.size(), 1);
@@ -74,8 +79,10 @@ void TstPlaceBar::offersWhereTheUserMaySell()
     m_base->exec({QStringLiteral("UPDATE kassa SET block=1 WHERE id=4"),
                   QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) VALUES(1,2,4,0)")});
     m_bar->fillShops();
+    waitOutTasks();
     QVERIFY(!m_bar->isClosingOnly());
     m_shops->setCurrentIndex(0);
+    waitOutTasks();
     QVERIFY(m_bar->isChosen() && m_bar->isClosingOnly());
     m_base->exec({QStringLiteral("UPDATE kassa SET block=0"),
                   QStringLiteral("UPDATE kassa SET block=1 WHERE id=3"),
@@ -88,9 +95,10 @@ void TstPlaceBar::whatMayNotBeLeftStays()
     const QDate today = QDate::currentDate();
     bool mayLeave = false;
     QStringList seen;
-    m_bar->setGuard([&] {
+    m_bar->setGuard([&](const PlaceBar::Leave &leave) {
         seen.append(m_shops->currentText() + m_registers->currentText() + m_date->text());
-        return mayLeave;
+        if (mayLeave)
+            leave();
     });
     const QString before = m_shops->currentText() + m_registers->currentText() + m_date->text();
     QSignalSpy goods(m_bar.get(), &PlaceBar::goodsChanged);
@@ -107,6 +115,7 @@ void TstPlaceBar::whatMayNotBeLeftStays()
     QVERIFY(!m_bar->chosenDate().isValid());
     mayLeave = true;
     changeAll();
+    waitOutTasks();
     QCOMPARE(m_bar->place().kass, QStringLiteral("4"));
     QCOMPARE(m_bar->chosenDate(), today.addDays(-1));
     QCOMPARE(goods.size(), 2);
@@ -119,10 +128,12 @@ void TstPlaceBar::comesBackWithTheServer()
     Db::setStatementRefusal(
         [](const QString &sql) { return sql.contains(QLatin1String("FROM kassa")) ? 2013 : 0; });
     m_shops->setCurrentIndex(1 - m_shops->currentIndex());
+    waitOutTasks();
     Db::setStatementRefusal({});
     QVERIFY(m_bar->hasShop() && !m_bar->isChosen());
     QVERIFY(waitForServer(m_base->db(), 3000));
     emit m_user->rightsChanged();
+    waitOutTasks();
     QVERIFY(m_bar->isChosen());
     m_base->heard.forget();
 }

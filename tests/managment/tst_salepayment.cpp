@@ -29,7 +29,9 @@ private slots:
     void lostAnswerIsAskedFor();
 
 private:
+    void sell();
     void sellAndPay(const char *rest = "pbRestCash");
+    std::optional<bool> askUnclear();
     QString told() const { return m_told->isEmpty() ? QString() : m_told->last().first().toString(); }
     QString written() { return m_base->value(QStringLiteral("SELECT COUNT(*) FROM cheks WHERE id_type=3")); }
 
@@ -38,6 +40,7 @@ private:
     std::unique_ptr<QWidget> m_tab;
     std::unique_ptr<QSignalSpy> m_told;
     ReceiptModel *m_receipt = nullptr;
+    SaleDesk *m_desk = nullptr;
     SalePayment *m_payment = nullptr;
     QVector<SalePayment::Sold> m_sold;
 };
@@ -57,17 +60,19 @@ void TstSalePayment::init()
     m_base->heard.forget();
     m_tab = std::make_unique<QWidget>();
     auto *place = new PlaceBar(m_tab.get());
-    place->setUp(m_base->connection(), m_user.get(), &m_base->heard);
+    m_desk = new SaleDesk(m_base->connection(), m_user.get(), &m_base->heard, m_tab.get());
+    place->setUp(m_desk);
+    waitOutTasks();
     m_receipt = new ReceiptModel(m_tab.get());
     m_receipt->add(goodsRow(m_base.get(), 10));
-    m_payment = new SalePayment(m_base->connection(), &m_base->heard, place, m_receipt, m_tab.get());
+    m_payment = new SalePayment(m_desk, place, m_receipt);
     m_payment->setScope([] {
         GoodsSearch scope;
         scope.idShop = 1;
         scope.time = QDateTime::currentDateTime();
         return scope;
     });
-    m_told = std::make_unique<QSignalSpy>(m_payment, &SalePayment::told);
+    m_told = std::make_unique<QSignalSpy>(m_desk, &SaleDesk::told);
     m_sold.clear();
     connect(m_payment, &SalePayment::sold, m_tab.get(),
             [this](const SalePayment::Sold &sold) { m_sold.append(sold); });
@@ -87,9 +92,23 @@ void TstSalePayment::cleanupTestCase()
     m_base.reset();
 }
 
+void TstSalePayment::sell()
+{
+    m_payment->sell();
+    waitOutTasks();
+}
+
+std::optional<bool> TstSalePayment::askUnclear()
+{
+    std::optional<bool> answer;
+    m_payment->askUnclear([&](std::optional<bool> isWritten) { answer = isWritten; });
+    waitOutTasks();
+    return answer;
+}
+
 void TstSalePayment::sellAndPay(const char *rest)
 {
-    QVERIFY(withModal<QPayment>([this] { m_payment->sell(); },
+    QVERIFY(withModal<QPayment>([this] { sell(); },
                                 [&](QPayment *form) {
                                     child<QPushButton>(form, QString::fromLatin1(rest))->click();
                                     form->ok();
@@ -101,14 +120,14 @@ void TstSalePayment::sellAndPay(const char *rest)
 void TstSalePayment::soldAsPaid()
 {
     m_receipt->setDiscount(500);
-    QVERIFY(withModal<QPayment>([this] { m_payment->sell(); },
+    QVERIFY(withModal<QPayment>([this] { sell(); },
                                 [this](QPayment *form) {
-                                    QVERIFY(m_payment->isPaying());
+                                    QCOMPARE(m_desk->stage(), SaleDesk::Asking);
                                     m_receipt->setQuantity(0, 9000);
                                     child<MoneySpinBox>(form, QStringLiteral("dsbGiven"))->setKopecks(10000);
                                     form->ok();
                                 }));
-    QVERIFY(!m_payment->isPaying());
+    QVERIFY(m_desk->isIdle());
     QCOMPARE(m_sold.size(), 1);
     QCOMPARE(m_sold.first().toPay, qint64(4500));
     QCOMPARE(m_sold.first().change, qint64(5500));
@@ -119,18 +138,18 @@ void TstSalePayment::soldAsPaid()
 
 void TstSalePayment::cancelledWritesNothing()
 {
-    QVERIFY(withModal<QPayment>([this] { m_payment->sell(); }, [](QPayment *form) { form->cancel(); }));
+    QVERIFY(withModal<QPayment>([this] { sell(); }, [](QPayment *form) { form->cancel(); }));
     QCOMPARE(written(), QStringLiteral("0"));
     QVERIFY(m_sold.isEmpty());
     m_receipt->clear();
-    m_payment->sell();
+    sell();
     QVERIFY(!told().isEmpty());
 }
 
 void TstSalePayment::newConditionsAreAgreedTo()
 {
     m_base->exec(QStringLiteral("UPDATE goods SET price=9900 WHERE id=10"));
-    QVERIFY(answerConfirm([this] { m_payment->sell(); }, false).contains(QStringLiteral("50.00 → 99.00")));
+    QVERIFY(answerConfirm([this] { sell(); }, false).contains(QStringLiteral("50.00 → 99.00")));
     QCOMPARE(m_receipt->receipt().toPay(), qint64(5000));
     answerConfirm([this] { sellAndPay("pbRestCard"); }, true);
     m_base->exec(QStringLiteral("UPDATE goods SET price=5000 WHERE id=10"));
@@ -141,12 +160,12 @@ void TstSalePayment::newConditionsAreAgreedTo()
 void TstSalePayment::placeThatMayNotSell()
 {
     m_base->exec(QStringLiteral("UPDATE kassa SET block=1 WHERE id=1"));
-    m_payment->sell();
+    sell();
     m_base->exec(QStringLiteral("UPDATE kassa SET block=0 WHERE id=1"));
     QVERIFY2(told().contains(QStringLiteral("Касу заблоковано")), qPrintable(told()));
     m_base->exec(
         QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,data_time) VALUES(5,2,1,1,0)"));
-    m_payment->sell();
+    sell();
     QVERIFY2(told().contains(QStringLiteral("«вул. Друга, 2»")), qPrintable(told()));
     QCOMPARE(written(), QStringLiteral("0"));
 }
@@ -159,9 +178,9 @@ void TstSalePayment::lostAnswerIsAskedFor()
     Db::setStatementHook({});
     QVERIFY(m_payment->unclear().has_value() && m_sold.isEmpty());
     QCOMPARE(told(), m_payment->unclearWords());
-    QVERIFY(!m_payment->askUnclear().has_value());
+    QVERIFY(!askUnclear().has_value());
     m_base->exec(QStringLiteral("RENAME TABLE away TO cheks"));
-    QCOMPARE(m_payment->askUnclear(), std::optional<bool>(true));
+    QCOMPARE(askUnclear(), std::optional<bool>(true));
     QCOMPARE(m_sold.size(), 1);
     QCOMPARE(m_sold.first().number, 1);
     QVERIFY(!m_payment->unclear());

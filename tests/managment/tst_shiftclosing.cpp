@@ -146,6 +146,9 @@ private:
     ShiftFigures figures(const QString &zNumber = QStringLiteral("1"));
     ShiftCloser::Outcome close();
     void openTab();
+    void closeShift();
+    void click(const char *button);
+    void scanBread();
     void choose(const char *box, const char *name);
     bool closeByForm(const std::function<void(QPayment *)> &drive = &acceptForm);
     QString notice() const { return in<QLabel>(m_tab.get(), "lbNotice")->text(); }
@@ -178,8 +181,10 @@ void TstShiftClosing::init()
 
 void TstShiftClosing::cleanup()
 {
+    waitOutTasks();
     Db::setStatementHook({});
     m_tab.reset();
+    waitOutTasks();
 }
 
 void TstShiftClosing::cleanupTestCase()
@@ -224,12 +229,35 @@ void TstShiftClosing::openTab()
         std::make_unique<QRegisterSale>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
     m_tab->resize(1200, 800);
     m_tab->show();
+    waitOutTasks();
+}
+
+void TstShiftClosing::closeShift()
+{
+    m_tab->CloseZ_zvit();
+    waitOutTasks();
+}
+
+/// And waits for what it begins.
+void TstShiftClosing::click(const char *button)
+{
+    in<QPushButton>(m_tab.get(), button)->click();
+    waitOutTasks();
+}
+
+void TstShiftClosing::scanBread()
+{
+    auto *search = in<QLineEdit>(m_tab.get(), "leSearch");
+    QTest::keyClicks(search, text("4820000000109"));
+    QTest::keyClick(search, Qt::Key_Return);
+    waitOutTasks();
 }
 
 void TstShiftClosing::choose(const char *box, const char *name)
 {
     auto *combo = in<QComboBox>(m_tab.get(), box);
     combo->setCurrentIndex(combo->findText(QString::fromUtf8(name), Qt::MatchStartsWith));
+    waitOutTasks();
     QVERIFY2(combo->currentIndex() >= 0, name);
 }
 
@@ -238,7 +266,7 @@ bool TstShiftClosing::closeByForm(const std::function<void(QPayment *)> &drive)
 {
     Operator person;
     person.counts = drive;
-    m_tab->CloseZ_zvit();
+    closeShift();
     return person.forms == 1;
 }
 
@@ -455,14 +483,12 @@ void TstShiftClosing::nothingToClose()
     QVERIFY(notice().contains(text("немає відкритої зміни")));
     // Goods that wait for their payment belong into this shift.
     sell();
-    auto *search = in<QLineEdit>(m_tab.get(), "leSearch");
-    QTest::keyClicks(search, text("4820000000109"));
-    QTest::keyClick(search, Qt::Key_Return);
+    scanBread();
     const QStringList before = written();
-    m_tab->CloseZ_zvit();
+    closeShift();
     QVERIFY(notice().contains(text("У чеку є товари")));
     QCOMPARE(written(), before);
-    answerConfirm([&] { in<QPushButton>(m_tab.get(), "pbClear")->click(); }, true);
+    answerConfirm([&] { click("pbClear"); }, true);
 }
 
 void TstShiftClosing::cancelledFormWritesNothing()
@@ -470,7 +496,7 @@ void TstShiftClosing::cancelledFormWritesNothing()
     sell();
     openTab();
     const QStringList before = written();
-    QVERIFY(withModal<QPayment>([this] { in<QPushButton>(m_tab.get(), "pbCloseZ")->click(); },
+    QVERIFY(withModal<QPayment>([this] { click("pbCloseZ"); },
                                 [](QPayment *form) { QTest::keyClick(form, Qt::Key_Escape); }));
     QCOMPARE(written(), before);
     QVERIFY(closeByForm());
@@ -497,7 +523,7 @@ void TstShiftClosing::lastDay()
     const QStringList before = written();
     Operator person;
     person.button = button;
-    m_tab->CloseZ_zvit();
+    closeShift();
     QCOMPARE(person.said.join(QLatin1Char('|')),
              text("закрити?|Ви збираєтесь закрити зміну\nв останні день періоду.\nЗакрити період перед "
                   "закриттям зміни?|Відмінити закриття|Закрити тільки зміну|Закрити період та зміну"));
@@ -519,7 +545,7 @@ void TstShiftClosing::period()
     openTab();
     const auto press = [this] {
         const Operator person;
-        in<QPushButton>(m_tab.get(), "pbPeriod")->click();
+        click("pbPeriod");
         return person.said.join(QLatin1Char('|'));
     };
     QCOMPARE(press(), text("Період не може бути закритий\nне в останній день!|Період не закрито!"));
@@ -535,7 +561,7 @@ void TstShiftClosing::period()
     {
         Operator person;
         person.button = 2;
-        m_tab->CloseZ_zvit();
+        closeShift();
         QVERIFY(person.said.last().startsWith(text("В даному магазині періодичність один день.")));
         QCOMPARE(person.forms, 0);
     }
@@ -729,7 +755,7 @@ void TstShiftClosing::closedByAnotherProgram()
         before = written();
         acceptForm(form);
     };
-    m_tab->CloseZ_zvit();
+    closeShift();
     QVERIFY2(person.said.value(0).contains(text("вже закрито в іншій програмі")), qPrintable(notice()));
     QCOMPARE(written(), before);
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("1"));
@@ -921,12 +947,11 @@ void TstShiftClosing::movedRegister()
     openTab();
     choose("cbShop", "вул. Друга");
     choose("cbKass", "Каса 2");
-    auto *search = in<QLineEdit>(m_tab.get(), "leSearch");
-    QTest::keyClicks(search, text("4820000000109"));
-    QTest::keyClick(search, Qt::Key_Return);
+    scanBread();
     m_tab->sale();
+    waitOutTasks();
     QVERIFY(notice().contains(text("відкрито в магазині «вул. Перша, 1»")));
-    answerConfirm([&] { in<QPushButton>(m_tab.get(), "pbClear")->click(); }, true);
+    answerConfirm([&] { click("pbClear"); }, true);
     QVERIFY(closeByForm());
     QCOMPARE(closings(), (QStringList{text("2|1|1|1|1|7000|1|0|0|0|0|7000"), text("Z|1|2|1|2|0|1|8000")}));
     m_base->exec(text("UPDATE shops SET count_day_cycle=1 WHERE id=2"));
@@ -940,7 +965,7 @@ void TstShiftClosing::absentUser()
     const QStringList before = written();
     Operator person;
     person.agrees = false;
-    m_tab->CloseZ_zvit();
+    closeShift();
     const QString said = person.said.join(QLatin1Char('|'));
     QVERIFY(said.contains(
         text("З даним магазином працює інший користувач.\nЗачекайте або зв'яжіться з пітримкою.")));
@@ -948,7 +973,7 @@ void TstShiftClosing::absentUser()
     QCOMPARE(person.forms, 0);
     QCOMPARE(written(), before);
     person.button = 0;
-    m_tab->CloseZ_zvit();
+    closeShift();
     QCOMPARE(person.forms, 1);
     QCOMPARE(closings(), (QStringList{text("1|6|1|1|1|900|0|0|0|0|0|900"), text("Z|1|1|6|1|0|1|0")}));
     QCOMPARE(m_base->value(text("SELECT id_user FROM z_zvit")), text("2"));
@@ -965,6 +990,7 @@ void TstShiftClosing::viewOnlyUser()
     QVERIFY(!in<QPushButton>(m_tab.get(), "pbPeriod")->isEnabled());
     QVERIFY(!closeByForm([](QPayment *) {}));
     m_tab->pbClosePeriod();
+    waitOutTasks();
     QVERIFY(notice().contains(text("Лише перегляд")));
     QCOMPARE(written(), before);
 }
