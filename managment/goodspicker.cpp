@@ -6,8 +6,8 @@
 #include "heldacts.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
-#include "saledesk.h"
 #include "salekeys.h"
+#include "salework.h"
 #include "scancatcher.h"
 
 #include <QApplication>
@@ -28,11 +28,11 @@ GoodsPicker::GoodsPicker(QWidget *parent) : QWidget(parent), ui(std::make_unique
 
 GoodsPicker::~GoodsPicker() = default;
 
-void GoodsPicker::setUp(SaleDesk *desk, HeldActs *acts, const Scope &scope, const Take &take)
+void GoodsPicker::setUp(SaleWork *work, HeldActs *acts, const Scope &scope, const Take &take)
 {
-    m_desk = desk;
+    m_work = work;
     m_acts = acts;
-    m_tasks = desk->makeTasks(this);
+    m_tasks = work->makeTasks(this);
     m_scope = scope;
     m_take = take;
     setUpList();
@@ -43,13 +43,13 @@ void GoodsPicker::setUp(SaleDesk *desk, HeldActs *acts, const Scope &scope, cons
 /// Behind the acts that are held, so that it sees every key first.
 void GoodsPicker::setUpScans()
 {
-    auto *catcher = new ScanCatcher(m_desk->tab());
+    auto *catcher = new ScanCatcher(m_work->tab());
     connect(m_acts, &HeldActs::sending, catcher, &ScanCatcher::setDeaf);
     connect(m_acts, &HeldActs::impatient, this, &GoodsPicker::giveUp);
     connect(catcher, &ScanCatcher::scanned, this, [this](const QString &code) {
         m_acts->forgetKeys(code.size());
-        if (m_desk->isIdle())
-            m_desk->tell(QString());
+        if (m_work->isIdle())
+            m_work->tell(QString());
         m_scans.append(code);
         takeScans();
         emit scanned();
@@ -58,7 +58,7 @@ void GoodsPicker::setUpScans()
 
 void GoodsPicker::setUpList()
 {
-    ui->list->open(m_desk->db(), m_desk->user(), m_desk->receiver());
+    ui->list->open(m_work->db(), m_work->user(), m_work->receiver());
     ui->list->setColumns(goodsListColumns(), QStringLiteral("QRegisterSale_viewGoods"));
     // How many there are is nothing to sell by, and the list of a search is not to be printed.
     ui->list->footer()->hide();
@@ -170,8 +170,7 @@ void GoodsPicker::giveUp()
 {
     if (!m_acts->isAwaiting())
         return;
-    emit notAdded(
-        tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(m_waited.value_or(m_lookedUp)));
+    emit notAdded(tr("Товар «%1» не додано: сервер не відповів вчасно.").arg(m_waited.value_or(m_lookedUp)));
     m_tasks->drop();
     if (m_waited)
         dropSearch();
@@ -183,17 +182,17 @@ void GoodsPicker::enter()
 {
     const QString text = ui->leSearch->text().trimmed();
     const bool isAsked = m_acts->isAwaiting() && m_asked == text;
-    if (text.isEmpty() || isAsked || !m_desk->isFree())
+    if (text.isEmpty() || isAsked || !m_work->isFree())
         return;
     if (m_scope().idShop == 0)
-        return m_desk->tell(tr("Магазин ще не вибрано."));
+        return m_work->tell(tr("Магазин ще не вибрано."));
     m_acts->then([=](bool) { ask(text); });
 }
 
 /// A whole barcode is looked up at once; anything else waits for the list.
 void GoodsPicker::ask(const QString &text)
 {
-    m_desk->tell(QString());
+    m_work->tell(QString());
     m_asked = text;
     if (isScannedCode(text))
         lookUp(text, Typed);
@@ -225,7 +224,7 @@ void GoodsPicker::answerEnter(int count)
     if (isScannedCode(waited) || !isSame)
         emit notAdded(why);
     else
-        m_desk->tell(why);
+        m_work->tell(why);
     if (isSame && count == 0)
         ui->leSearch->selectAll();
     else if (isSame)
@@ -238,8 +237,8 @@ void GoodsPicker::lookUp(const QString &barcode, Source source)
     m_lookedUp = barcode;
     m_acts->await();
     m_tasks->read(
-        [sql = goodsListSql(wanted(GoodsSearch::ExactBarcode, barcode)), caller = m_desk->caller()](
-            const Db &db) {
+        [sql = goodsListSql(wanted(GoodsSearch::ExactBarcode, barcode)),
+         caller = m_work->caller()](const Db &db) {
             auto query = db.run(sql, {}, {}, caller.file, caller.line);
             const bool isKnown = query && query->next();
             return Found{query.has_value(), isKnown ? std::optional(goodsItem(*query)) : std::nullopt};
@@ -264,7 +263,7 @@ void GoodsPicker::addListed(int row, const QString &asked)
     const QRowModel *model = ui->list->model();
     if (row < 0 || row >= model->rowCount())
         return;
-    m_desk->tell(QString());
+    m_work->tell(QString());
     take(goodsItem([=](int column) { return model->stored(row, column); }), asked);
     focusSearch();
 }

@@ -16,7 +16,7 @@ class DbTasks;
 class HeldActs;
 class QKeyEvent;
 class QLineEdit;
-class SaleDesk;
+class SaleWork;
 
 /// Where goods are found: typed into a field by barcode, name or number, chosen in the list of a shop's
 /// goods, or scanned wherever the focus is. Whoever owns it takes the items.
@@ -33,8 +33,8 @@ public:
     explicit GoodsPicker(QWidget *parent = nullptr);
     ~GoodsPicker() override;
 
-    /// Every scan in the desk's tab is one of goods. acts: hold what is done there while an item is on its way.
-    void setUp(SaleDesk *desk, HeldActs *acts, const Scope &scope, const Take &take);
+    /// Every scan in the tab is one of goods. acts: hold what is done there while an item is on its way.
+    void setUp(SaleWork *work, HeldActs *acts, const Scope &scope, const Take &take);
     /// Asked before a scan is looked up: false keeps it until takeScans().
     void setGuard(const std::function<bool()> &mayTake) { m_mayTake = mayTake; }
 
@@ -107,7 +107,7 @@ private:
     bool listKey(const QKeyEvent *key);
 
     std::unique_ptr<Ui::GoodsPicker> ui;
-    SaleDesk *m_desk = nullptr;
+    SaleWork *m_work = nullptr;
     HeldActs *m_acts = nullptr;
     DbTasks *m_tasks = nullptr;
     Scope m_scope;

@@ -4,7 +4,7 @@
 #include "dbtasks.h"
 #include "qloadeduser.h"
 #include "saleclock.h"
-#include "saledesk.h"
+#include "salework.h"
 
 PlaceBar::PlaceBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::PlaceBar>())
 {
@@ -15,11 +15,11 @@ PlaceBar::PlaceBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::P
 
 PlaceBar::~PlaceBar() = default;
 
-void PlaceBar::setUp(SaleDesk *desk)
+void PlaceBar::setUp(SaleWork *work)
 {
-    m_desk = desk;
-    m_tasks = desk->makeTasks(this);
-    connect(desk->user(), &QLoadedUser::rightsChanged, this, &PlaceBar::refill);
+    m_work = work;
+    m_tasks = work->makeTasks(this);
+    connect(work->user(), &QLoadedUser::rightsChanged, this, &PlaceBar::refill);
     fillShops();
 }
 
@@ -41,9 +41,9 @@ bool PlaceBar::isReading() const
 void PlaceBar::fillShops()
 {
     m_tasks->drop();
-    const QLoadedUser *user = m_desk->user();
-    m_tasks->read([sql = SalePlaces::shopsSql(*user), home = user->idShop().toUInt()](
-                      const Db &db) { return SalePlaces::read(db, sql, home); },
+    const QLoadedUser *user = m_work->user();
+    m_tasks->read([sql = SalePlaces::shopsSql(*user),
+                   home = user->idShop().toUInt()](const Db &db) { return SalePlaces::read(db, sql, home); },
                   [this](const SalePlaces::Offer &offer) { show(offer); });
 }
 
@@ -61,9 +61,9 @@ void PlaceBar::readRegisters()
     m_tasks->drop();
     SalePlaces::show(ui->cbKass, {}, -1);
     m_kass = -1;
-    m_tasks->read([shop = SalePlaces::chosen(ui->cbShop)](
-                      const Db &db) { return SalePlaces::registers(db, shop); },
-                  [this](const QVector<SalePlaces::Offered> &registers) { showRegisters(registers); });
+    m_tasks->read(
+        [shop = SalePlaces::chosen(ui->cbShop)](const Db &db) { return SalePlaces::registers(db, shop); },
+        [this](const QVector<SalePlaces::Offered> &registers) { showRegisters(registers); });
 }
 
 void PlaceBar::showRegisters(const QVector<SalePlaces::Offered> &registers)
@@ -76,7 +76,7 @@ void PlaceBar::showRegisters(const QVector<SalePlaces::Offered> &registers)
 /// What a lost connection has left empty.
 void PlaceBar::refill()
 {
-    if (!m_desk->user()->isLoaded() || isReading())
+    if (!m_work->user()->isLoaded() || isReading())
         return;
     if (ui->cbShop->count() == 0)
         fillShops();
@@ -87,7 +87,7 @@ void PlaceBar::refill()
 ChekPlace PlaceBar::place() const
 {
     return {QString::number(SalePlaces::chosen(ui->cbShop).id),
-            QString::number(SalePlaces::chosen(ui->cbKass).id), m_desk->user()->idUser()};
+            QString::number(SalePlaces::chosen(ui->cbKass).id), m_work->user()->idUser()};
 }
 
 bool PlaceBar::isClosingOnly() const

@@ -12,7 +12,7 @@ namespace Ui {
 class PlaceBar;
 }
 class DbTasks;
-class SaleDesk;
+class SaleWork;
 
 /// The boxes in which a shop, its register, a date and a priority of prices are chosen: where and when
 /// something is done with goods. The date is today's, also after midnight, until somebody chooses another
@@ -27,7 +27,7 @@ public:
 
     /// Fills the boxes with the user's shops, beginning with the own one; what a lost connection leaves empty
     /// is read when the rights are read again.
-    void setUp(SaleDesk *desk);
+    void setUp(SaleWork *work);
     using Leave = std::function<void()>;
     /// Asked before the shop, the register or the date becomes another one, which leave() does, now or later;
     /// until then the old one is shown, and holds.
@@ -79,7 +79,7 @@ private:
     void showDate();
 
     std::unique_ptr<Ui::PlaceBar> ui;
-    SaleDesk *m_desk = nullptr;
+    SaleWork *m_work = nullptr;
     DbTasks *m_tasks = nullptr;
     std::function<void(const Leave &leave)> m_guard;
     /// What is chosen in the boxes; they go back there until somebody may leave it.

@@ -21,13 +21,13 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
                              QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::QRegisterSale>())
-    , m_desk(new SaleDesk(db, user, receiver, this))
+    , m_work(new SaleWork(db, user, receiver, this))
     , m_acts(new HeldActs(this))
-    , m_tracking(m_desk->makeTasks(this))
+    , m_tracking(m_work->makeTasks(this))
 {
     Q_UNUSED(set)
     ui->setupUi(this);
-    m_payment = new SalePayment(m_desk, ui->place, ui->receipt->model());
+    m_payment = new SalePayment(m_work, ui->place, ui->receipt->model());
     setUpParts();
     connectPlace();
     connectGoods();
@@ -37,7 +37,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     connectKeys();
     orderTabs();
     salemode();
-    ui->place->setUp(m_desk);
+    ui->place->setUp(m_work);
     showRights();
 }
 
@@ -57,12 +57,12 @@ QRegisterSale::~QRegisterSale()
 
 void QRegisterSale::setUpParts()
 {
-    ui->shift->setUp(m_desk, ui->place);
+    ui->shift->setUp(m_work, ui->place);
     ui->goods->setUp(
-        m_desk, m_acts, [this] { return goodsScope(); },
+        m_work, m_acts, [this] { return goodsScope(); },
         [this](const GoodsItem &item) { return addGoods(item); });
     ui->receipt->setUp(
-        m_desk->user(), [this](const Act &again) { return mayChange(again); },
+        m_work->user(), [this](const Act &again) { return mayChange(again); },
         [this](const Act &act) {
             m_acts->decide([=](bool isThere) {
                 if (isThere)
@@ -84,7 +84,7 @@ void QRegisterSale::connectPlace()
     connect(ui->place, &PlaceBar::goodsChanged, ui->goods, &GoodsPicker::refresh);
     connect(ui->place, &PlaceBar::kassChanged, ui->goods, &GoodsPicker::takeScans);
     connect(ui->place, &PlaceBar::left, ui->goods, &GoodsPicker::focusSearch);
-    connect(m_desk->user(), &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
+    connect(m_work->user(), &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
     connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
     connect(ui->splitter, &QSplitter::splitterMoved, ui->goods, &GoodsPicker::focusSearch);
 }
@@ -92,12 +92,12 @@ void QRegisterSale::connectPlace()
 void QRegisterSale::connectGoods()
 {
     ui->goods->setGuard([this] { return mayTakeScans(); });
-    connect(m_desk, &SaleDesk::told, this, &QRegisterSale::notify);
-    connect(m_desk, &SaleDesk::left, ui->goods, &GoodsPicker::focusSearch);
+    connect(m_work, &SaleWork::told, this, &QRegisterSale::notify);
+    connect(m_work, &SaleWork::left, ui->goods, &GoodsPicker::focusSearch);
     // When what has ended is shown.
-    connect(m_desk, &SaleDesk::idle, ui->goods, &GoodsPicker::takeScans, Qt::QueuedConnection);
+    connect(m_work, &SaleWork::idle, ui->goods, &GoodsPicker::takeScans, Qt::QueuedConnection);
     connect(ui->goods, &GoodsPicker::scanned, this, [this] {
-        if (m_desk->isIdle() && m_payment->unclear())
+        if (m_work->isIdle() && m_payment->unclear())
             m_payment->askUnclear([](std::optional<bool>) {});
     });
     connect(ui->goods, &GoodsPicker::notAdded, ui->notice, &NoticeBar::keep);
@@ -114,7 +114,7 @@ void QRegisterSale::connectReceipt()
     connect(ui->receipt, &ReceiptPane::typed, ui->goods, &GoodsPicker::typeInto);
     connect(ui->receipt, &ReceiptPane::left, ui->goods, &GoodsPicker::focusSearch);
     connect(ui->receipt, &ReceiptPane::clearPressed, this, [this] {
-        if (m_desk->mayEdit())
+        if (m_work->mayEdit())
             leaveReceipt({});
         focusSearch();
     });
@@ -176,8 +176,8 @@ void QRegisterSale::orderTabs()
 /// Also when they were read again.
 void QRegisterSale::showRights()
 {
-    const bool maySell = m_desk->user()->mayEdit(Permission::Sales);
-    const QString why = SaleDesk::viewOnlyWords();
+    const bool maySell = m_work->user()->mayEdit(Permission::Sales);
+    const QString why = SaleWork::viewOnlyWords();
     ui->receipt->setMayChange(maySell, why);
     ui->receipt->setMaySell(maySell && !ui->place->isClosingOnly());
     ui->shift->setMayClose(maySell, why);
@@ -221,7 +221,7 @@ bool QRegisterSale::addGoods(const GoodsItem &item)
 
 void QRegisterSale::whenSettled(const std::function<void(bool isSettled)> &act)
 {
-    if (!m_desk->isFree())
+    if (!m_work->isFree())
         return;
     const bool isSettled = ui->receipt->settle();
     m_acts->decide([=](bool isThere) { act(isSettled && isThere); });
@@ -249,7 +249,7 @@ void QRegisterSale::escape()
     } else if (ui->goods->hasText()) {
         ui->goods->dropSearch();
         ui->goods->clear();
-    } else if (m_desk->mayEdit()) {
+    } else if (m_work->mayEdit()) {
         leaveReceipt({});
     }
     focusSearch();
@@ -344,7 +344,7 @@ void QRegisterSale::afterSale(const SalePayment::Sold &sold)
     QString told = tr("Чек № %1, %2").arg(sold.number).arg(moneyShown(sold.toPay));
     if (sold.change != 0)
         told += tr(", решта %1").arg(moneyShown(sold.change));
-    if (m_desk->user()->maySee(Permission::Cheks))
+    if (m_work->user()->maySee(Permission::Cheks))
         ui->notice->tell(told, NoticeBar::Slip{sold.kass, sold.number});
     else
         notify(told);
@@ -361,13 +361,14 @@ void QRegisterSale::keepScans()
 
 void QRegisterSale::tellTracker(const QStringList &tables)
 {
-    m_tracking->write([tables](const Db &db) { return QUpdateBD().update(tables, *db.connection(), db.receiver()); },
-                      [](bool) {});
+    m_tracking->write(
+        [tables](const Db &db) { return QUpdateBD().update(tables, *db.connection(), db.receiver()); },
+        [](bool) {});
 }
 
 bool QRegisterSale::mayChange(const Act &again)
 {
-    if (!m_desk->mayEdit() || !m_desk->isFree())
+    if (!m_work->mayEdit() || !m_work->isFree())
         return false;
     if (!m_payment->unclear())
         return true;
@@ -381,13 +382,13 @@ bool QRegisterSale::mayChange(const Act &again)
 /// Into this receipt; what is kept waits for an answer or for the next one.
 bool QRegisterSale::mayTakeScans() const
 {
-    return m_desk->isIdle() && !m_keepsScans && !ui->place->isReading() && !m_payment->unclear();
+    return m_work->isIdle() && !m_keepsScans && !ui->place->isReading() && !m_payment->unclear();
 }
 
 void QRegisterSale::leaveReceipt(const Act &leave)
 {
     whenSettled([=](bool) {
-        if (!m_desk->isFree())
+        if (!m_work->isFree())
             return;
         if (m_payment->unclear()) {
             m_payment->askUnclear([=](std::optional<bool> isWritten) {
@@ -405,7 +406,7 @@ bool QRegisterSale::mayLoseReceipt()
 {
     if (ui->receipt->receipt().isEmpty())
         return true;
-    if (!m_desk->confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
+    if (!m_work->confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
                          tr("Очистити")))
         return false;
     clearReceipt();
@@ -431,8 +432,8 @@ void QRegisterSale::closeEvent(QCloseEvent *event)
 /// An item that is on its way, and the server about a receipt that may be written, have to answer before.
 bool QRegisterSale::mayClose()
 {
-    if (!m_desk->isIdle()) {
-        notify(tr("%1 Закрийте вкладку, коли це закінчиться.").arg(m_desk->words()).trimmed());
+    if (!m_work->isIdle()) {
+        notify(tr("%1 Закрийте вкладку, коли це закінчиться.").arg(m_work->words()).trimmed());
         return false;
     }
     const bool isAsked = std::exchange(m_isAskedToClose, false);
@@ -467,12 +468,12 @@ void QRegisterSale::closeAgain()
 bool QRegisterSale::forgetUnclear()
 {
     const QString what = m_payment->unclearWords();
-    if (!m_desk->confirm(tr("Закрити вкладку?"),
+    if (!m_work->confirm(tr("Закрити вкладку?"),
                          what + QStringLiteral("\n\n") +
                              tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
                                  .arg(moneyShown(m_payment->unclear()->toPay)),
                          tr("Закрити")))
         return false;
-    postMessage(m_desk->receiver(), what, QMessEvent::Warning);
+    postMessage(m_work->receiver(), what, QMessEvent::Warning);
     return true;
 }

@@ -17,7 +17,7 @@ class setting;
 /// (ShiftBar) and what is told (NoticeBar). It can be worked with a scanner and the keyboard alone; the
 /// search field has the focus.
 ///
-/// It never waits for the server: what is on its way or under way (HeldActs, SaleDesk) holds up decisions and
+/// It never waits for the server: what is on its way or under way (HeldActs, SaleWork) holds up decisions and
 /// keeps scans, and nothing else.
 class QRegisterSale : public QWidget, public Page
 {
@@ -95,9 +95,9 @@ private:
     bool fieldKey(const QKeyEvent *key, bool isChoice);
 
     using Act = std::function<void()>;
-    /// Ends what the hand has begun, a quantity or a discount that is being typed, an item that is on its way,
-    /// then does the act. isSettled: false, with the reason shown, when something of it did not come into the
-    /// receipt.
+    /// Ends what the hand has begun, a quantity or a discount that is being typed, an item that is on its
+    /// way, then does the act. isSettled: false, with the reason shown, when something of it did not come
+    /// into the receipt.
     void whenSettled(const std::function<void(bool isSettled)> &act);
     bool isCodeLeft();
     /// False, with the reason shown, when the user may not sell, something is under way, or the last receipt
@@ -118,7 +118,7 @@ private:
     void tellTracker(const QStringList &tables);
 
     std::unique_ptr<Ui::QRegisterSale> ui;
-    SaleDesk *m_desk;
+    SaleWork *m_work;
     HeldActs *m_acts;
     DbTasks *m_tracking;
     SalePayment *m_payment = nullptr;

@@ -5,7 +5,7 @@
 
 ChekWriter QRegisterSale::writer() const
 {
-    return m_desk->caller().writer(Db(m_desk->db(), m_desk->receiver()), ui->place->place());
+    return m_work->caller().writer(Db(m_work->db(), m_work->receiver()), ui->place->place());
 }
 
 QString QRegisterSale::getIdNewCheck() const
@@ -18,7 +18,7 @@ QString QRegisterSale::isOpenZ(bool *ok)
     const auto z = writer().openZ();
     *ok = z && writer().isOwn(*z);
     if (z && !*ok)
-        m_desk->warn(tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}));
+        m_work->warn(tr("Магазин зайнятий!"), ChekWriter::explanation({ChekWriter::Busy, {}}));
     return z ? z->number : QString();
 }
 
@@ -51,5 +51,6 @@ int QRegisterSale::writeChek(const QString &discount, const QString &toPay, cons
 bool QRegisterSale::ClosePeriod()
 {
     const ChekPlace place = ui->place->place();
-    return ui->shift->closePeriod(checkClosing(Db(m_desk->db(), m_desk->receiver()), m_desk->caller(), place));
+    return ui->shift->closePeriod(
+        checkClosing(Db(m_work->db(), m_work->receiver()), m_work->caller(), place));
 }

@@ -30,7 +30,7 @@ QString shiftRefusal(const ChekWriter &writer, const Receipt &receipt, bool *isB
 }
 } // namespace
 
-SaleCheck checkSale(const Db &db, const SaleDesk::Caller &caller, const SaleOrder &order)
+SaleCheck checkSale(const Db &db, const SaleWork::Caller &caller, const SaleOrder &order)
 {
     SaleCheck check;
     const ChekWriter writer = caller.writer(db, order.place);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "salechanges.h"
-#include "saledesk.h"
+#include "salework.h"
 
 /// What is sold, as it stood when it was asked for: copied once, checked, shown, paid and written.
 struct SaleOrder
@@ -26,4 +26,4 @@ struct SaleCheck
 };
 
 /// Reads all of it. Failed statements are reported under the place of the caller.
-SaleCheck checkSale(const Db &db, const SaleDesk::Caller &caller, const SaleOrder &order);
+SaleCheck checkSale(const Db &db, const SaleWork::Caller &caller, const SaleOrder &order);

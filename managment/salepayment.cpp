@@ -8,12 +8,8 @@
 #include "receiptmodel.h"
 #include "saleclock.h"
 
-SalePayment::SalePayment(SaleDesk *desk, PlaceBar *place, ReceiptModel *receipt)
-    : QObject(desk->tab())
-    , m_desk(desk)
-    , m_place(place)
-    , m_receipt(receipt)
-    , m_tasks(desk->makeTasks(this))
+SalePayment::SalePayment(SaleWork *work, PlaceBar *place, ReceiptModel *receipt)
+    : QObject(work->tab()), m_work(work), m_place(place), m_receipt(receipt), m_tasks(work->makeTasks(this))
 {
     connect(place, &PlaceBar::dateChanged, this, &SalePayment::beginReceipt);
 }
@@ -33,24 +29,24 @@ QString SalePayment::refusal() const
 void SalePayment::sell()
 {
     const QString why = refusal();
-    m_desk->tell(why);
-    if (!why.isEmpty() || m_receipt->receipt().total() == 0 || !m_desk->mayEdit())
+    m_work->tell(why);
+    if (!why.isEmpty() || m_receipt->receipt().total() == 0 || !m_work->mayEdit())
         return;
     m_place->followToday();
     const SaleOrder order = {m_place->place(), m_receipt->receipt(), m_place->chosenDate(), m_scope()};
-    m_desk->begin(SaleDesk::Checking, tr("Перевіряється…"));
-    m_tasks->read([order, caller = m_desk->caller()](const Db &db) { return checkSale(db, caller, order); },
+    m_work->begin(SaleWork::Checking, tr("Перевіряється…"));
+    m_tasks->read([order, caller = m_work->caller()](const Db &db) { return checkSale(db, caller, order); },
                   [this, order](const SaleCheck &check) { checked(order, check); });
 }
 
 /// What there is to ask is asked here, before anybody pays; conditions that were agreed to are checked again.
 void SalePayment::checked(SaleOrder order, const SaleCheck &check)
 {
-    const SaleDesk::Questions questions(m_desk);
+    const SaleWork::Questions questions(m_work);
     emit shiftRead();
-    m_desk->tell(check.isBusy ? QString() : check.refusal);
+    m_work->tell(check.isBusy ? QString() : check.refusal);
     if (check.isBusy)
-        m_desk->warn(tr("Магазин зайнятий!"), check.refusal);
+        m_work->warn(tr("Магазин зайнятий!"), check.refusal);
     if (!check.refusal.isEmpty() || !agreeDate(order.date) || !agreeChanges(check.changes))
         return;
     if (check.changes.told.isEmpty())
@@ -66,7 +62,7 @@ bool SalePayment::agreeDate(const QDate &chosen)
         return true;
     const QString day = chosen.toString(QStringLiteral("dd.MM.yyyy"));
     m_isDateAgreed =
-        m_desk->confirm(tr("Дата чека"),
+        m_work->confirm(tr("Дата чека"),
                         tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
                             .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
                         tr("Записати %1").arg(day));
@@ -76,7 +72,7 @@ bool SalePayment::agreeDate(const QDate &chosen)
 bool SalePayment::agreeChanges(const SaleChanges &changes)
 {
     return changes.told.isEmpty() ||
-           m_desk->confirm(tr("Товари змінились"),
+           m_work->confirm(tr("Товари змінились"),
                            changes.told.join(QLatin1Char('\n')) + QStringLiteral("\n\n") +
                                tr("Продати за новими умовами?"),
                            tr("Продати"));
@@ -88,22 +84,22 @@ void SalePayment::pay(const SaleOrder &order)
     ChekPayment due;
     due.discount = order.receipt.discount();
     due.toPay = order.receipt.toPay();
-    QPayment form(due, m_desk->tab());
+    QPayment form(due, m_work->tab());
     const bool isPaid = form.exec() == QDialog::Accepted;
-    emit m_desk->left();
-    if (isPaid && m_desk->mayEdit())
+    emit m_work->left();
+    if (isPaid && m_work->mayEdit())
         write(order, form.payment(), form.change());
 }
 
 void SalePayment::write(const SaleOrder &order, const ChekPayment &payment, qint64 change)
 {
-    m_desk->begin(SaleDesk::Writing, tr("Записується…"));
+    m_work->begin(SaleWork::Writing, tr("Записується…"));
     m_tasks->write(
-        [order, payment, caller = m_desk->caller()](const Db &db) {
+        [order, payment, caller = m_work->caller()](const Db &db) {
             return caller.writer(db, order.place).write(order.receipt, payment, order.date);
         },
         [this, change](const ChekWriter::Result &result) {
-            m_desk->end();
+            m_work->end();
             const int number = ended(result);
             if (number != -1)
                 emit sold({result.chek.place.kass, number, result.chek.toPay, change});
@@ -117,11 +113,11 @@ int SalePayment::ended(const ChekWriter::Result &result)
     if (result.outcome == ChekWriter::Unclear)
         m_unclear = result.chek;
     const QString why = ChekWriter::explanation(result);
-    postMessage(m_desk->receiver(), why, QMessEvent::Warning);
-    m_desk->tell(why);
+    postMessage(m_work->receiver(), why, QMessEvent::Warning);
+    m_work->tell(why);
     emit notWritten();
     if (result.outcome == ChekWriter::Busy)
-        m_desk->warn(tr("Магазин зайнятий!"), why);
+        m_work->warn(tr("Магазин зайнятий!"), why);
     return -1;
 }
 
@@ -132,22 +128,20 @@ QString SalePayment::unclearWords() const
 
 void SalePayment::askUnclear(const std::function<void(std::optional<bool> isWritten)> &then)
 {
-    m_desk->begin(SaleDesk::Checking, tr("Чек № %1: запитується сервер…").arg(m_unclear->number));
-    m_tasks->read(
-        [chek = *m_unclear, caller = m_desk->caller()](const Db &db) {
-            return caller.writer(db, chek.place).isWritten(chek);
-        },
-        [this, then](std::optional<bool> isWritten) {
-            m_desk->end();
-            answered(isWritten);
-            then(isWritten);
-        });
+    m_work->begin(SaleWork::Checking, tr("Чек № %1: запитується сервер…").arg(m_unclear->number));
+    m_tasks->read([chek = *m_unclear, caller = m_work->caller()](
+                      const Db &db) { return caller.writer(db, chek.place).isWritten(chek); },
+                  [this, then](std::optional<bool> isWritten) {
+                      m_work->end();
+                      answered(isWritten);
+                      then(isWritten);
+                  });
 }
 
 void SalePayment::answered(std::optional<bool> isWritten)
 {
     if (!isWritten)
-        return m_desk->tell(unclearWords());
+        return m_work->tell(unclearWords());
     const WrittenChek chek = *m_unclear;
     m_unclear.reset();
     if (*isWritten)

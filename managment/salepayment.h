@@ -10,7 +10,7 @@ class ReceiptModel;
 
 /// Takes a receipt to its end, a step after the other: whether it may be sold, what the user has to agree to,
 /// the payment and the writing; and what became of a receipt of which the server has not told. Reading and
-/// writing run away from the window; SaleDesk knows which step is under way.
+/// writing run away from the window; SaleWork knows which step is under way.
 class SalePayment : public QObject
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
         qint64 change = 0;
     };
 
-    SalePayment(SaleDesk *desk, PlaceBar *place, ReceiptModel *receipt);
+    SalePayment(SaleWork *work, PlaceBar *place, ReceiptModel *receipt);
 
     /// The shop, mode, priority and time by which goods are searched: prices are compared by the same.
     void setScope(const std::function<GoodsSearch()> &scope) { m_scope = scope; }
@@ -61,7 +61,7 @@ private:
     void write(const SaleOrder &order, const ChekPayment &payment, qint64 change);
     void answered(std::optional<bool> isWritten);
 
-    SaleDesk *m_desk;
+    SaleWork *m_work;
     PlaceBar *m_place;
     ReceiptModel *m_receipt;
     DbTasks *m_tasks;

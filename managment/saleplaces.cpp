@@ -32,8 +32,8 @@ SalePlaces::Offered closingOnly(DbId id, const QString &name, bool isBlocked)
 QHash<DbId, bool> closedShops(const Db &db)
 {
     QHash<DbId, bool> closed;
-    auto query = db.run(
-        QStringLiteral("SELECT id,IFNULL(block,0)<>0 FROM shops WHERE NOT IFNULL(%1,0)").arg(forSale));
+    auto query =
+        db.run(QStringLiteral("SELECT id,IFNULL(block,0)<>0 FROM shops WHERE NOT IFNULL(%1,0)").arg(forSale));
     while (query && query->next())
         closed.insert(query->value(0).toUInt(), query->value(1).toBool());
     return closed;
@@ -70,12 +70,12 @@ SalePlaces::Offer SalePlaces::read(const Db &db, const QString &sql, DbId home)
 QVector<SalePlaces::Offered> SalePlaces::registers(const Db &db, const Offered &shop)
 {
     QVector<Offered> found;
-    auto query = db.run(QStringLiteral("SELECT IF(IFNULL(advertising_str,'')='',CONCAT('№ ',id),"
-                                       "advertising_str),id,IFNULL(block,0)<>0 FROM kassa WHERE id_shop=%1 "
-                                       "AND (%2 OR %3) ORDER BY 3,id")
-                            .arg(shop.id)
-                            .arg(QLatin1String(shop.isClosingOnly ? "0" : "block=0 OR block IS NULL"),
-                                 hasOpenShift));
+    auto query =
+        db.run(QStringLiteral("SELECT IF(IFNULL(advertising_str,'')='',CONCAT('№ ',id),"
+                              "advertising_str),id,IFNULL(block,0)<>0 FROM kassa WHERE id_shop=%1 "
+                              "AND (%2 OR %3) ORDER BY 3,id")
+                   .arg(shop.id)
+                   .arg(QLatin1String(shop.isClosingOnly ? "0" : "block=0 OR block IS NULL"), hasOpenShift));
     while (query && query->next()) {
         const Offered kass = {query->value(1).toUInt(), toText(query->value(0)), shop.isClosingOnly};
         found.append(query->value(2).toBool() ? closingOnly(kass.id, kass.name, true) : kass);

@@ -26,14 +26,14 @@ ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::S
 
 ShiftBar::~ShiftBar() = default;
 
-void ShiftBar::setUp(SaleDesk *desk, PlaceBar *place)
+void ShiftBar::setUp(SaleWork *work, PlaceBar *place)
 {
-    m_desk = desk;
+    m_work = work;
     m_place = place;
-    m_looks = desk->makeTasks(this);
-    m_tasks = desk->makeTasks(this);
+    m_looks = work->makeTasks(this);
+    m_tasks = work->makeTasks(this);
     connect(place, &PlaceBar::kassChanged, this, &ShiftBar::refresh);
-    connect(desk->user(), &QLoadedUser::rightsChanged, this, &ShiftBar::refresh);
+    connect(work->user(), &QLoadedUser::rightsChanged, this, &ShiftBar::refresh);
 }
 
 void ShiftBar::setMayClose(bool mayClose, const QString &why)
@@ -55,7 +55,7 @@ QString ShiftBar::whyNoPlace() const
 
 void ShiftBar::refresh()
 {
-    if (!m_desk->user()->isLoaded())
+    if (!m_work->user()->isLoaded())
         return;
     m_looks->drop();
     m_readingNote.start();
@@ -67,8 +67,8 @@ void ShiftBar::refresh()
         ui->lbShift->setText(whyNoPlace());
         return;
     }
-    m_looks->read([place = m_place->place(), caller = m_desk->caller()](
-                      const Db &db) { return shiftState(db, caller, place); },
+    m_looks->read([place = m_place->place(),
+                   caller = m_work->caller()](const Db &db) { return shiftState(db, caller, place); },
                   [this](const ShiftState &state) { show(state); });
 }
 
@@ -80,18 +80,16 @@ void ShiftBar::show(const ShiftState &state)
     else if (state.z->number.isEmpty())
         ui->lbShift->setText(tr("Зміна буде відкрита першим чеком."));
     else if (state.isOwn)
-        ui->lbShift->setText(
-            tr("Зміна № %1 відкрита, день періоду: %2.").arg(state.z->number, state.z->day));
+        ui->lbShift->setText(tr("Зміна № %1 відкрита, день періоду: %2.").arg(state.z->number, state.z->day));
     else
-        ui->lbShift->setText(
-            tr("Зміну № %1 відкрив інший користувач: %2").arg(state.z->number, state.owner));
+        ui->lbShift->setText(tr("Зміну № %1 відкрив інший користувач: %2").arg(state.z->number, state.owner));
 }
 
 void ShiftBar::guarded(const Act &close)
 {
-    if (!m_desk->isFree())
+    if (!m_work->isFree())
         return;
-    m_desk->tell(QString());
+    m_work->tell(QString());
     if (m_guard)
         m_guard(close);
     else
@@ -102,13 +100,13 @@ void ShiftBar::guarded(const Act &close)
 void ShiftBar::check(void (ShiftBar::*then)(const ChekPlace &place, const ClosingCheck &check))
 {
     const ChekPlace place = m_place->place();
-    m_desk->begin(SaleDesk::Checking, tr("Перевіряється…"));
-    m_tasks->read([place, caller = m_desk->caller()](
-                      const Db &db) { return checkClosing(db, caller, place); },
-                  [this, place, then](const ClosingCheck &check) {
-                      const SaleDesk::Questions questions(m_desk);
-                      (this->*then)(place, check);
-                  });
+    m_work->begin(SaleWork::Checking, tr("Перевіряється…"));
+    m_tasks->read(
+        [place, caller = m_work->caller()](const Db &db) { return checkClosing(db, caller, place); },
+        [this, place, then](const ClosingCheck &check) {
+            const SaleWork::Questions questions(m_work);
+            (this->*then)(place, check);
+        });
 }
 
 void ShiftBar::closeShift()
@@ -116,14 +114,14 @@ void ShiftBar::closeShift()
     guarded([this] {
         const QString why = m_refusal ? m_refusal() : QString();
         if (m_place->isReading())
-            m_desk->tell(tr("Магазини й каси ще читаються. Закрийте зміну ще раз."));
+            m_work->tell(tr("Магазини й каси ще читаються. Закрийте зміну ще раз."));
         else if (!m_place->isChosen())
-            m_desk->tell(tr("Виберіть магазин і касу."));
+            m_work->tell(tr("Виберіть магазин і касу."));
         else if (!why.isEmpty())
-            m_desk->tell(why);
+            m_work->tell(why);
         else
             return check(&ShiftBar::shiftChecked);
-        emit m_desk->left();
+        emit m_work->left();
     });
 }
 
@@ -133,7 +131,7 @@ void ShiftBar::shiftChecked(const ChekPlace &place, const ClosingCheck &check)
     show(check.shift);
     if (isOpen(check.shift) && offerPeriod(check) && check.figures)
         count(place, *check.figures);
-    emit m_desk->left();
+    emit m_work->left();
 }
 
 /// False, with the reason shown, when there is none to close.
@@ -143,7 +141,7 @@ bool ShiftBar::isOpen(const ShiftState &state)
         return false;
     if (!state.z->number.isEmpty())
         return state.isOwn || takeOver(state);
-    m_desk->tell(tr("На цій касі немає відкритої зміни: закривати нічого."));
+    m_work->tell(tr("На цій касі немає відкритої зміни: закривати нічого."));
     return false;
 }
 
@@ -153,7 +151,7 @@ bool ShiftBar::takeOver(const ShiftState &state)
     const QString warning = ChekWriter::explanation({ChekWriter::Busy, {}});
     const QString question = tr("Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?")
                                  .arg(state.z->number, state.owner);
-    return m_desk->confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question,
+    return m_work->confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question,
                            tr("Закрити її"));
 }
 
@@ -177,21 +175,21 @@ void ShiftBar::count(const ChekPlace &place, const ShiftFigures &figures)
 {
     const QString early = ShiftCloser::dateRefusal(figures, m_place->chosenDate());
     if (!early.isEmpty())
-        return m_desk->tell(early);
+        return m_work->tell(early);
     QPayment form(figures, this);
-    if (form.exec() == QDialog::Accepted && m_desk->mayEdit())
+    if (form.exec() == QDialog::Accepted && m_work->mayEdit())
         close(place, figures, form.count());
 }
 
 void ShiftBar::close(const ChekPlace &place, const ShiftFigures &figures, const ShiftCount &count)
 {
-    m_desk->begin(SaleDesk::Writing, tr("Записується…"));
+    m_work->begin(SaleWork::Writing, tr("Записується…"));
     m_tasks->write(
-        [=, date = m_place->chosenDate(), caller = m_desk->caller()](const Db &db) {
+        [=, date = m_place->chosenDate(), caller = m_work->caller()](const Db &db) {
             return ShiftCloser(db, place, caller.file, caller.line).close(figures, count, date);
         },
         [this, zNumber = figures.zNumber](ShiftCloser::Outcome outcome) {
-            m_desk->end();
+            m_work->end();
             closed(zNumber, outcome);
         });
 }
@@ -202,14 +200,14 @@ void ShiftBar::closed(const QString &zNumber, ShiftCloser::Outcome outcome)
         m_place->fillShops();
     refresh();
     if (outcome == ShiftCloser::Closed) {
-        m_desk->tell(tr("Зміну № %1 закрито.").arg(zNumber));
+        m_work->tell(tr("Зміну № %1 закрито.").arg(zNumber));
         emit written({QStringLiteral("cheks"), QStringLiteral("z_zvit")});
         return;
     }
     const QString why = ShiftCloser::explanation(outcome, zNumber);
-    postMessage(m_desk->receiver(), why, QMessEvent::Warning);
-    m_desk->tell(why);
-    m_desk->warn(tr("Попередження."), why);
+    postMessage(m_work->receiver(), why, QMessEvent::Warning);
+    m_work->tell(why);
+    m_work->warn(tr("Попередження."), why);
 }
 
 void ShiftBar::closePeriodAlone()
@@ -217,8 +215,8 @@ void ShiftBar::closePeriodAlone()
     guarded([this] {
         if (!m_place->isReading() && m_place->isChosen())
             return check(&ShiftBar::periodChecked);
-        m_desk->tell(tr("Виберіть магазин і касу."));
-        m_desk->warn(tr("Попередження?"), tr("Період не закрито!"));
+        m_work->tell(tr("Виберіть магазин і касу."));
+        m_work->warn(tr("Попередження?"), tr("Період не закрито!"));
     });
 }
 
@@ -226,10 +224,10 @@ void ShiftBar::periodChecked(const ChekPlace &place, const ClosingCheck &check)
 {
     Q_UNUSED(place)
     if (closePeriod(check))
-        m_desk->tell(tr("Період закрито. Наступна зміна почне новий."));
+        m_work->tell(tr("Період закрито. Наступна зміна почне новий."));
     else
-        m_desk->warn(tr("Попередження?"), tr("Період не закрито!"));
-    emit m_desk->left();
+        m_work->warn(tr("Попередження?"), tr("Період не закрито!"));
+    emit m_work->left();
 }
 
 /// The day after the last one is the first of the next period, so the days need no writing.
@@ -239,7 +237,7 @@ bool ShiftBar::closePeriod(const ClosingCheck &check)
         return false;
     const QString why = ShiftCloser::periodRefusal(*check.day);
     if (!why.isEmpty()) {
-        m_desk->warn(tr("Попередження."), why);
+        m_work->warn(tr("Попередження."), why);
         return false;
     }
     m_closedPeriod = shiftKey(check.shift.z->number);

@@ -23,7 +23,7 @@ public:
     ~ShiftBar() override;
 
     /// place: where.
-    void setUp(SaleDesk *desk, PlaceBar *place);
+    void setUp(SaleWork *work, PlaceBar *place);
     using Act = std::function<void()>;
     /// Asked before anything is closed: does it, now or later, or tells why not.
     void setGuard(const std::function<void(const Act &close)> &guard) { m_guard = guard; }
@@ -61,7 +61,7 @@ private:
     QString shiftKey(const QString &zNumber) const;
 
     std::unique_ptr<Ui::ShiftBar> ui;
-    SaleDesk *m_desk = nullptr;
+    SaleWork *m_work = nullptr;
     PlaceBar *m_place = nullptr;
     DbTasks *m_looks = nullptr;
     DbTasks *m_tasks = nullptr;

@@ -2,7 +2,7 @@
 
 #include "qloadeduser.h"
 
-ShiftState shiftState(const Db &db, const SaleDesk::Caller &caller, const ChekPlace &place)
+ShiftState shiftState(const Db &db, const SaleWork::Caller &caller, const ChekPlace &place)
 {
     ShiftState state;
     const ChekWriter writer = caller.writer(db, place);
@@ -13,7 +13,7 @@ ShiftState shiftState(const Db &db, const SaleDesk::Caller &caller, const ChekPl
     return state;
 }
 
-ClosingCheck checkClosing(const Db &db, const SaleDesk::Caller &caller, const ChekPlace &place)
+ClosingCheck checkClosing(const Db &db, const SaleWork::Caller &caller, const ChekPlace &place)
 {
     ClosingCheck check;
     check.shift = shiftState(db, caller, place);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "saledesk.h"
+#include "salework.h"
 #include "shiftcloser.h"
 
 /// What the server says of a register's shift. Nothing stands for a failed statement, which was reported.
@@ -21,5 +21,5 @@ struct ClosingCheck
     std::optional<ShiftFigures> figures;
 };
 
-ShiftState shiftState(const Db &db, const SaleDesk::Caller &caller, const ChekPlace &place);
-ClosingCheck checkClosing(const Db &db, const SaleDesk::Caller &caller, const ChekPlace &place);
+ShiftState shiftState(const Db &db, const SaleWork::Caller &caller, const ChekPlace &place);
+ClosingCheck checkClosing(const Db &db, const SaleWork::Caller &caller, const ChekPlace &place);

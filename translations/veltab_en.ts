@@ -415,6 +415,10 @@ Wait or contact support.</translation>
         <source>Товар «%1» не додано: сервер не відповів вчасно.</source>
         <translation>Item “%1” was not added: the server did not answer in time.</translation>
     </message>
+    <message>
+        <source>Магазин ще не вибрано.</source>
+        <translation>No shop is chosen yet.</translation>
+    </message>
 </context>
 <context>
     <name>GoodsPriceTable</name>
@@ -1807,10 +1811,6 @@ Restart the program!</translation>
         <translation>Sale</translation>
     </message>
     <message>
-        <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
-        <translation>View only: selling needs full permission.</translation>
-    </message>
-    <message>
         <source>Очистити чек?</source>
         <translation>Clear the receipt?</translation>
     </message>
@@ -1855,6 +1855,18 @@ Clear it?</translation>
     <message>
         <source>Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.</source>
         <translation>The code “%1” is not in the receipt yet. Press Enter to add the item, or clear the field.</translation>
+    </message>
+    <message>
+        <source>Скановане під час запису чекає на наступний чек.</source>
+        <translation>What was scanned while the receipt was written waits for the next one.</translation>
+    </message>
+    <message>
+        <source>%1 Закрийте вкладку, коли це закінчиться.</source>
+        <translation>%1 Close the tab when that is over.</translation>
+    </message>
+    <message>
+        <source>Магазин зайнятий!</source>
+        <translation>The shop is busy!</translation>
     </message>
 </context>
 <context>
@@ -2812,6 +2824,25 @@ Clear it?</translation>
     </message>
 </context>
 <context>
+    <name>SaleCheck</name>
+    <message>
+        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
+        <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи можна тут продавати. Повторіть оплату.</source>
+        <translation>The server did not tell whether this can be sold here. Pay again.</translation>
+    </message>
+    <message>
+        <source>Стан зміни невідомий. Повторіть оплату.</source>
+        <translation>The state of the shift is unknown. Pay again.</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>
+        <translation>The server did not tell whether prices have changed. Pay again.</translation>
+    </message>
+</context>
+<context>
     <name>SalePayment</name>
     <message>
         <source>Магазин зайнятий!</source>
@@ -2824,18 +2855,6 @@ Clear it?</translation>
     <message>
         <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
         <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
-    </message>
-    <message>
-        <source>Зміну цієї каси відкрито в магазині «%1». Закрийте її перед продажем.</source>
-        <translation>The shift of this register was opened in the shop “%1”. Close it before selling.</translation>
-    </message>
-    <message>
-        <source>Сервер не відповів, чи можна тут продавати. Повторіть оплату.</source>
-        <translation>The server did not tell whether this can be sold here. Pay again.</translation>
-    </message>
-    <message>
-        <source>Стан зміни невідомий. Повторіть оплату.</source>
-        <translation>The state of the shift is unknown. Pay again.</translation>
     </message>
     <message>
         <source>Дата чека</source>
@@ -2852,10 +2871,6 @@ Write with that date?</translation>
         <translation>Write %1</translation>
     </message>
     <message>
-        <source>Сервер не відповів, чи змінились ціни. Повторіть оплату.</source>
-        <translation>The server did not tell whether prices have changed. Pay again.</translation>
-    </message>
-    <message>
         <source>Товари змінились</source>
         <translation>The goods have changed</translation>
     </message>
@@ -2867,6 +2882,22 @@ Write with that date?</translation>
         <source>Продати</source>
         <translation>Sell</translation>
     </message>
+    <message>
+        <source>Магазини й каси ще читаються. Повторіть оплату.</source>
+        <translation>Shops and registers are still being read. Pay again.</translation>
+    </message>
+    <message>
+        <source>Перевіряється…</source>
+        <translation>Checking…</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Чек № %1: запитується сервер…</source>
+        <translation>Receipt no. %1: asking the server…</translation>
+    </message>
 </context>
 <context>
     <name>SalePlaces</name>
@@ -2877,6 +2908,13 @@ Write with that date?</translation>
     <message>
         <source>%1 (лише закриття зміни)</source>
         <translation>%1 (shift closing only)</translation>
+    </message>
+</context>
+<context>
+    <name>SaleWork</name>
+    <message>
+        <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
+        <translation>View only: selling needs full permission.</translation>
     </message>
 </context>
 <context>
@@ -3160,6 +3198,22 @@ Close the period before closing the shift?</translation>
     <message>
         <source>Період не закрито!</source>
         <translation>The period is not closed!</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Перевіряється…</source>
+        <translation>Checking…</translation>
+    </message>
+    <message>
+        <source>Магазини й каси ще читаються. Закрийте зміну ще раз.</source>
+        <translation>Shops and registers are still being read. Close the shift again.</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
     </message>
 </context>
 <context>

@@ -4,8 +4,8 @@
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qntableview.h"
-#include "saledesk.h"
 #include "saleshop.h"
+#include "salework.h"
 #include "scanpace.h"
 
 #include <QLineEdit>
@@ -38,7 +38,7 @@ private:
     std::unique_ptr<FreshDatabase> m_base;
     std::unique_ptr<QLoadedUser> m_user;
     std::unique_ptr<QWidget> m_tab;
-    SaleDesk *m_desk = nullptr;
+    SaleWork *m_work = nullptr;
     HeldActs *m_acts = nullptr;
     GoodsPicker *m_picker = nullptr;
     QNTableView *m_list = nullptr;
@@ -68,10 +68,10 @@ void TstGoodsPicker::init()
     m_other = new QLineEdit;
     rows->addWidget(m_picker);
     rows->addWidget(m_other);
-    m_desk = new SaleDesk(m_base->connection(), m_user.get(), &m_base->heard, m_tab.get());
+    m_work = new SaleWork(m_base->connection(), m_user.get(), &m_base->heard, m_tab.get());
     m_acts = new HeldActs(m_tab.get());
     m_picker->setUp(
-        m_desk, m_acts, [this] { return m_scope; },
+        m_work, m_acts, [this] { return m_scope; },
         [this](const GoodsItem &item) {
             m_picked.append(QStringLiteral("%1 %2").arg(item.idGoods).arg(item.price));
             m_picker->clearField();
@@ -127,7 +127,7 @@ void TstGoodsPicker::pickedOneByOne()
 
 void TstGoodsPicker::severalLeadIntoTheList()
 {
-    QSignalSpy told(m_desk, &SaleDesk::told);
+    QSignalSpy told(m_work, &SaleWork::told);
     child<QRadioButton>(m_picker, QStringLiteral("rbName"))->click();
     typeText(QStringLiteral("о"));
     pressKeys({Qt::Key_Return});

@@ -1,8 +1,8 @@
 #include "placebar.h"
 
 #include "qloadeduser.h"
-#include "saledesk.h"
 #include "saleshop.h"
+#include "salework.h"
 
 #include <QComboBox>
 #include <QDateEdit>
@@ -44,7 +44,7 @@ void TstPlaceBar::initTestCase()
 void TstPlaceBar::init()
 {
     m_bar = std::make_unique<PlaceBar>();
-    m_bar->setUp(new SaleDesk(m_base->connection(), m_user.get(), &m_base->heard, m_bar.get()));
+    m_bar->setUp(new SaleWork(m_base->connection(), m_user.get(), &m_base->heard, m_bar.get()));
     QVERIFY(m_bar->isReading() && !m_bar->isChosen());
     waitOutTasks();
     m_shops = child<QComboBox>(m_bar.get(), QStringLiteral("cbShop"));

@@ -802,8 +802,8 @@ void TstQRegisterSale::unclearReceiptStaysUnclear()
     QVERIFY(asked(closeAndWait, false).contains(text("50.00")));
     QVERIFY(m_tab->isVisible());
     m_base->exec(text("RENAME TABLE away TO cheks"));
-    // It was written, as the next choice learns. What was scanned meanwhile is the next receipt, and asked about
-    // before that choice goes on.
+    // It was written, as the next choice learns. What was scanned meanwhile is the next receipt, and asked
+    // about before that choice goes on.
     QCOMPARE(asked([this] { selectKass("Каса 2"); }, true),
              text("У чеку є товари, чек ще не оплачено.\nОчистити його?"));
     QCOMPARE(rows(), 0);

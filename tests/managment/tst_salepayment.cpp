@@ -40,7 +40,7 @@ private:
     std::unique_ptr<QWidget> m_tab;
     std::unique_ptr<QSignalSpy> m_told;
     ReceiptModel *m_receipt = nullptr;
-    SaleDesk *m_desk = nullptr;
+    SaleWork *m_work = nullptr;
     SalePayment *m_payment = nullptr;
     QVector<SalePayment::Sold> m_sold;
 };
@@ -60,19 +60,19 @@ void TstSalePayment::init()
     m_base->heard.forget();
     m_tab = std::make_unique<QWidget>();
     auto *place = new PlaceBar(m_tab.get());
-    m_desk = new SaleDesk(m_base->connection(), m_user.get(), &m_base->heard, m_tab.get());
-    place->setUp(m_desk);
+    m_work = new SaleWork(m_base->connection(), m_user.get(), &m_base->heard, m_tab.get());
+    place->setUp(m_work);
     waitOutTasks();
     m_receipt = new ReceiptModel(m_tab.get());
     m_receipt->add(goodsRow(m_base.get(), 10));
-    m_payment = new SalePayment(m_desk, place, m_receipt);
+    m_payment = new SalePayment(m_work, place, m_receipt);
     m_payment->setScope([] {
         GoodsSearch scope;
         scope.idShop = 1;
         scope.time = QDateTime::currentDateTime();
         return scope;
     });
-    m_told = std::make_unique<QSignalSpy>(m_desk, &SaleDesk::told);
+    m_told = std::make_unique<QSignalSpy>(m_work, &SaleWork::told);
     m_sold.clear();
     connect(m_payment, &SalePayment::sold, m_tab.get(),
             [this](const SalePayment::Sold &sold) { m_sold.append(sold); });
@@ -122,12 +122,12 @@ void TstSalePayment::soldAsPaid()
     m_receipt->setDiscount(500);
     QVERIFY(withModal<QPayment>([this] { sell(); },
                                 [this](QPayment *form) {
-                                    QCOMPARE(m_desk->stage(), SaleDesk::Asking);
+                                    QCOMPARE(m_work->stage(), SaleWork::Asking);
                                     m_receipt->setQuantity(0, 9000);
                                     child<MoneySpinBox>(form, QStringLiteral("dsbGiven"))->setKopecks(10000);
                                     form->ok();
                                 }));
-    QVERIFY(m_desk->isIdle());
+    QVERIFY(m_work->isIdle());
     QCOMPARE(m_sold.size(), 1);
     QCOMPARE(m_sold.first().toPay, qint64(4500));
     QCOMPARE(m_sold.first().change, qint64(5500));

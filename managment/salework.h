@@ -13,7 +13,7 @@ class QSqlDatabase;
 /// What the parts of a sale tab have in common: who works there and on which database, the boxes that they
 /// ask with, and what is under way. One thing is done at a time: a sale or a closing goes from Checking over
 /// Asking to Writing and back to Idle, and nothing else begins or changes anything meanwhile.
-class SaleDesk : public QObject
+class SaleWork : public QObject
 {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ public:
 
     /// tab: what the boxes stand before. receiver gets the messages, those of failed statements under the
     /// place of the caller.
-    SaleDesk(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *tab,
+    SaleWork(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *tab,
              const char *file = __builtin_FILE(), int line = __builtin_LINE());
 
     QLoadedUser *user() const { return m_user; }
@@ -63,12 +63,12 @@ public:
     class Questions
     {
     public:
-        explicit Questions(SaleDesk *desk);
+        explicit Questions(SaleWork *work);
         ~Questions();
         Q_DISABLE_COPY(Questions)
 
     private:
-        QPointer<SaleDesk> m_desk;
+        QPointer<SaleWork> m_work;
     };
 
 signals:

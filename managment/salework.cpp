@@ -1,4 +1,4 @@
-#include "saledesk.h"
+#include "salework.h"
 
 #include "dbtasks.h"
 #include "qloadeduser.h"
@@ -12,7 +12,7 @@ namespace {
 constexpr int wordsAfterMs = 150;
 } // namespace
 
-SaleDesk::SaleDesk(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *tab, const char *file,
+SaleWork::SaleWork(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *tab, const char *file,
                    int line)
     : QObject(tab), m_db(db), m_user(user), m_receiver(receiver), m_tab(tab), m_caller{file, line}
 {
@@ -24,25 +24,25 @@ SaleDesk::SaleDesk(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidg
     });
 }
 
-DbTasks *SaleDesk::makeTasks(QObject *part) const
+DbTasks *SaleWork::makeTasks(QObject *part) const
 {
     return new DbTasks(m_db->connectionName(), m_receiver, part);
 }
 
-bool SaleDesk::confirm(const QString &title, const QString &text, const QString &actCaption)
+bool SaleWork::confirm(const QString &title, const QString &text, const QString &actCaption)
 {
     const bool isAgreed = QMessDlg::confirm(m_tab, title, text, actCaption);
     emit left();
     return isAgreed;
 }
 
-void SaleDesk::warn(const QString &title, const QString &text)
+void SaleWork::warn(const QString &title, const QString &text)
 {
     QQestion::question(m_tab, title, text, true);
     emit left();
 }
 
-bool SaleDesk::mayEdit()
+bool SaleWork::mayEdit()
 {
     const bool may = m_user->mayEdit(Permission::Sales);
     if (!may)
@@ -50,19 +50,19 @@ bool SaleDesk::mayEdit()
     return may;
 }
 
-QString SaleDesk::viewOnlyWords()
+QString SaleWork::viewOnlyWords()
 {
     return tr("Лише перегляд: продавати може користувач з повним дозволом.");
 }
 
-bool SaleDesk::isFree()
+bool SaleWork::isFree()
 {
     if (!isIdle() && !m_words.isEmpty())
         tell(m_words);
     return isIdle();
 }
 
-void SaleDesk::begin(Stage stage, const QString &words)
+void SaleWork::begin(Stage stage, const QString &words)
 {
     hideWords();
     m_stage = stage;
@@ -71,7 +71,7 @@ void SaleDesk::begin(Stage stage, const QString &words)
         m_wordsDelay.start();
 }
 
-void SaleDesk::end()
+void SaleWork::end()
 {
     hideWords();
     m_words.clear();
@@ -79,20 +79,20 @@ void SaleDesk::end()
         emit idle();
 }
 
-void SaleDesk::hideWords()
+void SaleWork::hideWords()
 {
     m_wordsDelay.stop();
     if (std::exchange(m_areWordsTold, false))
         tell(QString());
 }
 
-SaleDesk::Questions::Questions(SaleDesk *desk) : m_desk(desk)
+SaleWork::Questions::Questions(SaleWork *work) : m_work(work)
 {
-    desk->begin(Asking);
+    work->begin(Asking);
 }
 
-SaleDesk::Questions::~Questions()
+SaleWork::Questions::~Questions()
 {
-    if (m_desk != nullptr && m_desk->stage() == Asking)
-        m_desk->end();
+    if (m_work != nullptr && m_work->stage() == Asking)
+        m_work->end();
 }
