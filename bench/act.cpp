@@ -1,31 +1,33 @@
 #include "act.h"
 
+#include <QAbstractEventDispatcher>
 #include <QEventLoop>
 #include <QTimer>
 
 namespace {
 constexpr int endlessMs = 600000;
+constexpr int wakeUpMs = 5;
 /// What an act leaves to the event loop, painting above all, is done by then.
 constexpr int settlingMs = 60;
 } // namespace
 
 void waitFor(const std::function<bool()> &isDone)
 {
-    if (isDone())
-        return;
-    QEventLoop loop;
     QElapsedTimer clock;
     clock.start();
-    QTimer poll;
-    poll.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
-        if (isDone())
-            loop.quit();
-        else if (clock.hasExpired(endlessMs))
-            qFatal("What was waited for did not come");
-    });
-    poll.start(1);
-    loop.exec();
+    QEventLoop loop;
+    // What one event has made true is seen before the next one.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop,
+                     [&] {
+                         if (isDone())
+                             loop.quit();
+                         else if (clock.hasExpired(endlessMs))
+                             qFatal("What was waited for did not come");
+                     });
+    QTimer wakeUp;
+    wakeUp.start(wakeUpMs);
+    if (!isDone())
+        loop.exec();
 }
 
 Cost ActClock::end()

@@ -17,9 +17,8 @@ constexpr int days = 30;
 
 /// Half of the registers stand in the shop of the measured group; as many lines as there are cards, spread
 /// over a month of shifts.
-bool fillReceipts(const Bench &bench)
+void fillReceipts(const Bench &bench)
 {
-    const Db db = bench.db();
     const QStringList statements = {
         QStringLiteral("INSERT INTO group_shop(id,name) VALUES(90,'Виміряна'),(91,'Інша')"),
         QStringLiteral("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,90)"),
@@ -39,11 +38,8 @@ bool fillReceipts(const Bench &bench)
             "20260300120000+(1+seq DIV 30%30)*1000000 FROM seq_1_to_") +
             QString::number(bench.cards),
         QStringLiteral("ANALYZE TABLE cheks,z_zvit")};
-    for (const QString &statement : statements) {
-        if (!db.run(statement))
-            return false;
-    }
-    return true;
+    for (const QString &statement : statements)
+        exec(bench, statement);
 }
 
 void load(QArtReport *report)
@@ -72,8 +68,7 @@ ArtChoice measuredChoice()
 
 QVector<Figure> measureArticles(const Bench &bench)
 {
-    if (!fillReceipts(bench))
-        qFatal("The receipts could not be filled");
+    fillReceipts(bench);
     QLoadedUser user(nullptr, nullptr);
     if (!user.load(bench.connection, QStringLiteral("1"), QStringLiteral("1"), QString()))
         qFatal("No user");

@@ -5,6 +5,12 @@
 #include <algorithm>
 #include <mysql.h>
 
+void exec(const Bench &bench, const QString &sql)
+{
+    if (!bench.db().run(sql))
+        qFatal("A statement of the benchmark failed: %s", qPrintable(sql));
+}
+
 BareClient::BareClient(const DatabaseAddress &address) : m_mysql(mysql_init(nullptr))
 {
     mysql_options(m_mysql, MYSQL_SET_CHARSET_NAME, "utf8mb4");

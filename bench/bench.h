@@ -60,6 +60,9 @@ QString cardsStatement();
 /// Creates the program's schema and fills goods and cards.
 bool fillDatabase(const Bench &bench);
 
+/// Runs a statement of a benchmark's own, which must not fail.
+void exec(const Bench &bench, const QString &sql);
+
 /// The client library with nothing around it.
 class BareClient
 {

@@ -27,3 +27,8 @@ void CardsTab::seerch(const QString &text)
 {
     search(text.isEmpty() ? QString() : QStringLiteral(" WHERE clients.name LIKE ") + likeContains(text));
 }
+
+QString CardsTab::first(int rows)
+{
+    return QStringLiteral(" LIMIT %1").arg(rows);
+}

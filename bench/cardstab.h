@@ -10,6 +10,9 @@ public:
 
     /// Those in whose name the text stands; all for an empty one.
     void seerch(const QString &text);
+    /// So many of them, as a filter.
+    static QString first(int rows);
+    void showFirst(int rows) { search(first(rows)); }
 
     static QVector<Column> columns();
 };

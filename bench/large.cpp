@@ -1,10 +1,8 @@
 #include "large.h"
+#include "chekwindow.h"
 
 #include "largedata.h"
 #include "qartreport.h"
-#include "qchekviewer.h"
-#include "qregistersale.h"
-#include "qrowmodel.h"
 #include "rangeselector.h"
 #include "saledesk.h"
 #include "tcpproxy.h"
@@ -58,6 +56,23 @@ QDate lastDay(const Bench &bench)
     return QDate::fromString(bench.db().firstText(sql).value_or(QString()), Qt::ISODate);
 }
 
+/// The how many-th register of an open shop with an open shift of the user, which does not end the period.
+Place openRegister(const Bench &bench, int which)
+{
+    const auto row =
+        bench.db()
+            .firstRow(QStringLiteral("SELECT kassa.id_shop,kassa.id FROM kassa JOIN shops ON "
+                                     "shops.id=kassa.id_shop JOIN z_zvit ON z_zvit.id_kass=kassa.id AND "
+                                     "z_zvit.id_shop=kassa.id_shop WHERE z_zvit.data_time=0 AND "
+                                     "z_zvit.id_user=1 AND kassa.block=0 AND shops.block=0 AND "
+                                     "shops.count_day_cycle=30 ORDER BY kassa.id LIMIT 1 OFFSET %1")
+                          .arg(which))
+            .value_or(QStringList());
+    if (row.isEmpty())
+        qFatal("There are no open shifts any more: make the database anew");
+    return {0, row.at(0).toUInt(), row.at(1).toUInt()};
+}
+
 QVector<Cost> sales(const Bench &bench, SaleDesk *desk, int rows)
 {
     QVector<Cost> costs;
@@ -68,42 +83,13 @@ QVector<Cost> sales(const Bench &bench, SaleDesk *desk, int rows)
     return costs;
 }
 
-/// The receipts of a day in a shop, loaded.
-class ChekWindow
-{
-public:
-    explicit ChekWindow(const Bench &bench)
-        : m_admin(bench), m_viewer(bench.connection, m_admin.user(), nullptr, nullptr)
-    {
-        m_viewer.resize(1400, 900);
-        m_viewer.show();
-        const QDate day = lastDay(bench);
-        m_viewer.findChild<RangeSelector *>()->setDays(day, day);
-        bool isLoaded = false;
-        QObject::connect(&m_viewer, &ReportWindow::loaded, &m_viewer, [&] { isLoaded = true; });
-        m_viewer.load();
-        waitFor([&] { return isLoaded; });
-    }
-
-    Cost open(int row)
-    {
-        const QString before = m_viewer.slip();
-        return costOf([&] { m_viewer.dclicktable(m_viewer.model()->index(row, 0)); },
-                      [&] { return m_viewer.slip() != before; });
-    }
-    int rowCount() const { return m_viewer.model()->rowCount(); }
-
-private:
-    Large::Admin m_admin;
-    QChekViewer m_viewer;
-};
-
 QVector<Cost> slips(const Bench &bench)
 {
-    ChekWindow window(bench);
+    ChekWindow window(bench, lastDay(bench));
+    const int count = 4 * bench.rounds;
     QVector<Cost> costs;
-    for (int i = 0; i < 4 * bench.rounds; ++i)
-        costs.append(window.open(window.rowCount() / (4 * bench.rounds) * i));
+    for (int i = 0; i < count; ++i)
+        costs.append(window.open(window.rowCount() / count * i));
     return costs;
 }
 
@@ -150,14 +136,14 @@ QVector<Cost> dayChanges(const Bench &bench, ArticleWindow *window)
 
 QVector<Figure> measureLargeSale(const Bench &bench)
 {
-    SaleDesk desk(bench, 0);
+    SaleDesk desk(bench, openRegister(bench, 0));
     return workFigures(QStringLiteral("sale of 1 row, OK to number"), usual(sales(bench, &desk, 1)), 1000) +
            workFigures(QStringLiteral("sale of 50 rows, OK to number"), usual(sales(bench, &desk, 50)), 2000);
 }
 
 QVector<Figure> measureLargeClosing(const Bench &bench)
 {
-    SaleDesk desk(bench, 1);
+    SaleDesk desk(bench, openRegister(bench, 1));
     const SaleDesk::Closing closing = desk.closeShift();
     return workFigures(QStringLiteral("shift closing, F12 to the form"), closing.opening, 100) +
            workFigures(QStringLiteral("shift closing, OK to the word"), closing.writing, 100);
@@ -199,7 +185,7 @@ QVector<Figure> measureSlowServer(const Bench &bench)
     };
     {
         ActClock clock;
-        SaleDesk desk(slow, 2);
+        SaleDesk desk(slow, openRegister(slow, 2));
         add(QStringLiteral("opening the sale tab"), clock.end().gapMs);
         desk.scan(3);
         add(QStringLiteral("sale of 3 rows"), desk.sell().gapMs);

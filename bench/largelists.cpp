@@ -48,20 +48,18 @@ qint64 selects(const Bench &bench)
 
 void addShops(const Bench &bench)
 {
-    const Db db = bench.db();
-    if (!db.run(
-            QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT 1000+seq,"
-                           "CONCAT('вул. Нова, ',seq),1,1,0 FROM seq_1_to_3000")) ||
-        !db.run(
-            QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 10000+seq,1000+seq,"
-                           "'Каса 1',0 FROM seq_1_to_3000")))
-        qFatal("There are no more shops");
+    exec(bench,
+         QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT 1000+seq,"
+                        "CONCAT('вул. Нова, ',seq),1,1,0 FROM seq_1_to_3000"));
+    exec(bench,
+         QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 10000+seq,1000+seq,"
+                        "'Каса 1',0 FROM seq_1_to_3000"));
 }
 
 void removeShops(const Bench &bench)
 {
-    bench.db().run(QStringLiteral("DELETE FROM kassa WHERE id>10000"));
-    bench.db().run(QStringLiteral("DELETE FROM shops WHERE id>1000"));
+    exec(bench, QStringLiteral("DELETE FROM kassa WHERE id>10000"));
+    exec(bench, QStringLiteral("DELETE FROM shops WHERE id>1000"));
 }
 } // namespace
 

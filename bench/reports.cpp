@@ -6,7 +6,6 @@
 #include "qrowmodel.h"
 #include "qzreport.h"
 #include "rangeselector.h"
-#include "tuning.h"
 #include "zstatements.h"
 
 #include <QCheckBox>
@@ -16,14 +15,6 @@ namespace {
 const int shifts = 108000;
 const int registers = 30;
 const int monthLines = 380000;
-/// Days of the receipts; the shifts go on for ten years.
-const int days = 365;
-
-void exec(const Bench &bench, const QString &sql)
-{
-    if (!bench.db().run(sql))
-        qFatal("A statement of the benchmark failed");
-}
 
 void fillShifts(const Bench &bench)
 {
@@ -42,23 +33,6 @@ void fillShifts(const Bench &bench)
             "ADDTIME(DATE_ADD('2016-01-01',INTERVAL seq DIV %1 DAY),'21:00:00') FROM seq_0_to_%2")
             .arg(registers)
             .arg(shifts - 1));
-}
-
-/// Receipts of four lines, each register's in the order of time.
-void fillReceipts(const Bench &bench, int lines)
-{
-    exec(bench, QStringLiteral("SET SESSION foreign_key_checks=0, unique_checks=0"));
-    exec(bench,
-         QStringLiteral(
-             "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,"
-             "id_good_cln_slujb,name,strihcode,count,price,summa,data_time) "
-             "SELECT 1101+(1+seq DIV 4%%1)%10,1101+seq DIV 4%%1,1,1+seq DIV 4 DIV %1,seq%4,1,IF(seq%4=3,2,1),"
-             "1+seq%2000,'Молоко пшеничне','4820000000017',1000,4250,4250,"
-             "DATE_ADD('2026-01-01',INTERVAL seq*86400.0*%2/%3 SECOND) FROM seq_0_to_%3")
-             .arg(registers)
-             .arg(days)
-             .arg(lines - 1));
-    exec(bench, QStringLiteral("ANALYZE TABLE cheks,z_zvit"));
 }
 
 void awaitLoaded(ReportWindow *report)
@@ -112,32 +86,6 @@ double monthRatio(const Bench &bench, QLoadedUser *user)
     month.to = QStringLiteral("20360331235959");
     return reportRatio(bench, &viewer, chekListSql(month));
 }
-
-/// The median time of statements that differ in their number.
-double timeOf(const Bench &bench, BareClient *bare, const QString &sql)
-{
-    bare->run(sql.arg(1));
-    QVector<double> times;
-    for (int i = 0; i < bench.rounds; ++i)
-        times.append(milliseconds([&] { bare->run(sql.arg(1 + i % registers)); }));
-    return median(times);
-}
-
-bool tune(const Bench &bench, Tuning tuning)
-{
-    Job job(
-        QString(), bench.connection->connectionName(),
-        [tuning](JobContext &context) { return tuneDatabase(context, tuning); }, nullptr);
-    QEventLoop loop;
-    bool done = false;
-    QObject::connect(&job, &Job::finished, &loop, [&](const JobResult &result) {
-        done = result.outcome == JobResult::Done;
-        loop.quit();
-    });
-    job.start();
-    loop.exec();
-    return done;
-}
 } // namespace
 
 QVector<Figure> measureReports(const Bench &bench)
@@ -153,32 +101,4 @@ QVector<Figure> measureReports(const Bench &bench)
              QStringLiteral("x")},
             {QStringLiteral("a month of 380,000 receipts, to bare"), monthRatio(bench, &user), 1.3,
              QStringLiteral("x")}};
-}
-
-QVector<Figure> measureTuning(const Bench &bench)
-{
-    const QString day = QStringLiteral(
-        "SELECT id_kass,id_chek,id_zvit,SUM(summa),SUM(count) FROM cheks WHERE data_time>=20260215000000+INTERVAL %1 DAY AND "
-        "data_time<=20260215235959+INTERVAL %1 DAY AND id_type=1 GROUP BY id_kass,id_chek");
-    const QString next = QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE id_kass=1100+%1");
-    const QString slip = QStringLiteral("SELECT * FROM cheks WHERE id_kass=1100+%1 AND id_chek=77");
-    fillReceipts(bench, bench.cards);
-    BareClient bare(bench.address);
-    const double dayBefore = timeOf(bench, &bare, day);
-    const double nextBefore = timeOf(bench, &bare, next);
-    const double adding = milliseconds([&] {
-        if (!tune(bench, Tuning::Add))
-            qFatal("The indexes were not added");
-    });
-    const double dayAfter = timeOf(bench, &bare, day);
-    const double nextAfter = timeOf(bench, &bare, next);
-    const double slipAfter = timeOf(bench, &bare, slip);
-    if (qEnvironmentVariableIsSet("VELTAB_BENCH_VERBOSE"))
-        qInfo("a day %.1f -> %.1f ms, next number %.1f -> %.2f ms, slip %.2f ms, added in %.1f s", dayBefore,
-              dayAfter, nextBefore, nextAfter, slipAfter, adding / 1000);
-    tune(bench, Tuning::Remove);
-    return {{QStringLiteral("a day's receipts, indexes to none"), dayAfter / dayBefore, 0.01,
-             QStringLiteral("x")},
-            {QStringLiteral("next receipt number, with indexes"), nextAfter, 2, QStringLiteral("ms")},
-            {QStringLiteral("a receipt's lines, with indexes"), slipAfter, 5, QStringLiteral("ms")}};
 }

@@ -11,19 +11,8 @@
 #include <QPushButton>
 
 namespace {
-/// Registers of open shops with an open shift of the user, which does not end the period.
-QString registersStatement(int which)
-{
-    return QStringLiteral(
-               "SELECT kassa.id_shop,kassa.id FROM kassa JOIN shops ON shops.id=kassa.id_shop JOIN z_zvit "
-               "ON z_zvit.id_kass=kassa.id AND z_zvit.id_shop=kassa.id_shop WHERE "
-               "z_zvit.data_time=0 AND z_zvit.id_user=1 AND kassa.block=0 AND shops.block=0 AND "
-               "shops.count_day_cycle=30 ORDER BY kassa.id LIMIT 1 OFFSET %1")
-        .arg(which);
-}
-
 /// Of goods that a till sells without any question.
-QString barcodesStatement(const QString &shop)
+QString barcodesStatement(DbId shop)
 {
     return QStringLiteral(
                "SELECT dk_shc.shtrihcod FROM goods_shop JOIN goods ON goods.id=goods_shop.id_goods JOIN "
@@ -33,31 +22,30 @@ QString barcodesStatement(const QString &shop)
         .arg(shop);
 }
 
-void choose(QComboBox *box, const QString &id)
+void choose(QComboBox *box, DbId id)
 {
     waitFor([&] { return box->findData(id) >= 0; });
     box->setCurrentIndex(box->findData(id));
 }
 } // namespace
 
-SaleDesk::SaleDesk(const Bench &bench, int which) : m_bench(bench), m_admin(bench)
+SaleDesk::SaleDesk(const Bench &bench, const Place &place) : m_user(nullptr, nullptr)
 {
-    m_tab = std::make_unique<QRegisterSale>(bench.connection, m_admin.user(), nullptr, nullptr, nullptr);
+    if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
+        qFatal("Nobody to sell");
+    m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
     m_tab->resize(1200, 800);
     m_tab->show();
-    choosePlace(which);
+    choosePlace(place);
+    m_barcodes = bench.db().firstColumn(barcodesStatement(place.shop)).value_or(QStringList());
 }
 
 SaleDesk::~SaleDesk() = default;
 
-void SaleDesk::choosePlace(int which)
+void SaleDesk::choosePlace(const Place &place)
 {
-    const QStringList place = m_bench.db().firstRow(registersStatement(which)).value_or(QStringList());
-    if (place.isEmpty())
-        qFatal("There are no open shifts any more: make the database anew");
-    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbShop")), place.at(0));
-    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbKass")), place.at(1));
-    m_barcodes = m_bench.db().firstColumn(barcodesStatement(place.at(0))).value_or(QStringList());
+    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbShop")), place.shop);
+    choose(child<QComboBox>(m_tab.get(), QStringLiteral("cbKass")), place.kass);
 }
 
 int SaleDesk::rowCount() const

@@ -1,18 +1,22 @@
 #pragma once
 
-#include "large.h"
+#include "act.h"
+#include "bench.h"
+
+#include "place.h"
+#include "qloadeduser.h"
 
 #include <QStringList>
 #include <memory>
 
 class QRegisterSale;
 
-/// The sale tab at a register of the large chain whose shift is open, driven by scanner and buttons.
+/// The sale tab at a register, driven by scanner and buttons.
 class SaleDesk
 {
 public:
-    /// which: the how many-th of the registers that can be taken.
-    SaleDesk(const Bench &bench, int which);
+    /// Opens the tab and chooses the register there.
+    SaleDesk(const Bench &bench, const Place &place);
     ~SaleDesk();
     Q_DISABLE_COPY(SaleDesk)
 
@@ -30,12 +34,11 @@ public:
     Closing closeShift();
 
 private:
-    void choosePlace(int which);
+    void choosePlace(const Place &place);
     int rowCount() const;
     QString notice() const;
 
-    const Bench &m_bench;
-    Large::Admin m_admin;
+    QLoadedUser m_user;
     std::unique_ptr<QRegisterSale> m_tab;
     QStringList m_barcodes;
 };
