@@ -48,6 +48,7 @@ QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);
 QVector<Figure> measureLargeSlip(const Bench &bench);
 QVector<Figure> measureLargeArticles(const Bench &bench);
+QVector<Figure> measureLargeOnLine(const Bench &bench);
 QVector<Figure> measureLargeSearch(const Bench &bench);
 QVector<Figure> measureLargeStock(const Bench &bench);
 QVector<Figure> measureLargePdf(const Bench &bench);

@@ -3,12 +3,14 @@
 
 #include "largedata.h"
 #include "qartreport.h"
+#include "qstatonline.h"
 #include "rangeselector.h"
 #include "saledesk.h"
 #include "tcpproxy.h"
 #include "testing.h"
 
 #include <QComboBox>
+#include <QDateEdit>
 
 using Large::usual;
 using Large::workFigures;
@@ -163,6 +165,28 @@ QVector<Figure> measureLargeArticles(const Bench &bench)
              QStringLiteral("ms")},
             {QStringLiteral("article tab, another day: the window stands still"),
              usual(dayChanges(bench, &window)).gapMs, 50, QStringLiteral("ms")}};
+}
+
+QVector<Figure> measureLargeOnLine(const Bench &bench)
+{
+    Large::Admin admin(bench);
+    QStatOnLine report(bench.connection, admin.user(), nullptr, nullptr, nullptr);
+    report.resize(1400, 900);
+    report.show();
+    int loads = 0;
+    QObject::connect(&report, &ReportWindow::loaded, &report, [&] { ++loads; });
+    report.showShop(openRegister(bench, 0).shop);
+    waitFor([&] { return loads > 0; });
+    const QDate last = lastDay(bench);
+    QVector<Cost> costs;
+    for (int i = 0; i < bench.rounds; ++i) {
+        const int before = loads;
+        const auto choose = [&] {
+            child<QDateEdit>(&report, QStringLiteral("deDay"))->setDate(last.addDays(-20 * i - 1));
+        };
+        costs.append(costOf(choose, [&] { return loads > before; }));
+    }
+    return workFigures(QStringLiteral("on-line report, another day"), usual(costs), 200, 50);
 }
 
 /// A shop's line that answers late: what people do at a till and in the reports, and nothing of it may hold

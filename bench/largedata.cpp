@@ -83,6 +83,19 @@ QString shiftsStatement()
         .arg(LargeChain::registers);
 }
 
+/// Every register goes on line and off again three times a day; the last time it stays.
+QString intervalsStatement()
+{
+    return QStringLiteral("INSERT INTO onoffline(id_shop,id_kass,onoff,dt_start,dt_end) SELECT "
+                          "1+(k.seq-1) DIV %1,k.seq,MOD(p.seq,2),%2+INTERVAL p.seq*4 HOUR,"
+                          "IF(d.seq=%3 AND p.seq=5,NULL,%2+INTERVAL p.seq*4+4 HOUR) FROM seq_0_to_%3 d "
+                          "STRAIGHT_JOIN seq_1_to_%4 k STRAIGHT_JOIN seq_0_to_5 p")
+        .arg(LargeChain::registersPerShop)
+        .arg(dayOf(QStringLiteral("d.seq")))
+        .arg(LargeChain::shiftsPerRegister - 1)
+        .arg(LargeChain::registers);
+}
+
 /// A shift: cash is brought in; nine times a receipt of one item, one of three with a discount and one of
 /// two, each with its payment; something is brought back; the Z receipt or, while the shift is open, cash is
 /// taken out. Each register's lines come in the order of the table's key.
@@ -138,6 +151,6 @@ bool LargeChain::fill(const Bench &bench)
     const Db db = bench.db();
     return runAll(db, {QStringLiteral("SET SESSION foreign_key_checks=0, unique_checks=0")}) &&
            runAll(db, placeStatements()) && runAll(db, goodsStatements()) &&
-           runAll(db, {shiftsStatement()}) && fillLines(db) &&
-           runAll(db, {QStringLiteral("ANALYZE TABLE cheks,z_zvit,goods_shop,dk_shc,kassa,shops")});
+           runAll(db, {shiftsStatement(), intervalsStatement()}) && fillLines(db) &&
+           runAll(db, {QStringLiteral("ANALYZE TABLE cheks,z_zvit,onoffline,goods_shop,dk_shc,kassa,shops")});
 }
