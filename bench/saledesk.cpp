@@ -33,10 +33,12 @@ SaleDesk::SaleDesk(const Bench &bench, const Place &place) : m_user(nullptr, nul
 {
     if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
         qFatal("Nobody to sell");
+    ActClock clock;
     m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
     m_tab->resize(1200, 800);
     m_tab->show();
     choosePlace(place);
+    m_openingGapMs = clock.end().gapMs;
     m_barcodes = bench.db().firstColumn(barcodesStatement(place.shop)).value_or(QStringList());
 }
 
@@ -58,14 +60,16 @@ QString SaleDesk::notice() const
     return child<QLabel>(m_tab.get(), QStringLiteral("lbNotice"))->text();
 }
 
-void SaleDesk::scan(int rows)
+Cost SaleDesk::scan(int rows)
 {
+    ActClock clock;
     auto *search = child<QLineEdit>(m_tab.get(), QStringLiteral("leSearch"));
     for (int i = 0; i < rows; ++i) {
         QTest::keyClicks(search, m_barcodes.at(i));
         QTest::keyClick(search, Qt::Key_Return);
         waitFor([&] { return rowCount() == i + 1; });
     }
+    return clock.end();
 }
 
 Cost SaleDesk::sell()

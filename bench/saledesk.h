@@ -20,8 +20,10 @@ public:
     ~SaleDesk();
     Q_DISABLE_COPY(SaleDesk)
 
-    /// Scans so many different goods.
-    void scan(int rows);
+    /// The longest time that it stood still while it opened and went to the register.
+    double openingGapMs() const { return m_openingGapMs; }
+    /// Scans so many different goods, each as soon as the one before stands in the receipt.
+    Cost scan(int rows);
     /// From the payment's OK to the receipt's number.
     Cost sell();
     struct Closing
@@ -41,4 +43,5 @@ private:
     QLoadedUser m_user;
     std::unique_ptr<QRegisterSale> m_tab;
     QStringList m_barcodes;
+    double m_openingGapMs = 0;
 };
