@@ -104,9 +104,14 @@ int startTabs(const QString &folder)
     Veltab window(folder);
     window.setLoginUnattended(true);
     QObject::connect(
-        &window, &Veltab::ready, &window, [&window] { openAll(&window); }, Qt::QueuedConnection);
+        &window, &Veltab::ready, &window,
+        [&window] {
+            // Not before: the login asks, too.
+            rejectQuestions();
+            openAll(&window);
+        },
+        Qt::QueuedConnection);
     window.show();
-    rejectQuestions();
     return QApplication::exec();
 }
 } // namespace
