@@ -3,12 +3,17 @@
 #include <QEventLoop>
 #include <QSocketNotifier>
 #include <QTextStream>
+#include <QTimer>
 
+#include <chrono>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
+/// A benchmark that waits for what never comes is ended.
+constexpr std::chrono::minutes longestBenchmark(40);
+
 int wakeUp[2];
 
 void tellInterruption(int)
@@ -43,22 +48,23 @@ ChildEnd runInChild(const QString &benchmark, const QString &database, const Int
     QObject::connect(&child, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), &loop,
                      &QEventLoop::quit);
     QObject::connect(&child, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
-    QObject::connect(&interruption, &Interruption::came, &loop,
-                     [&] { kill(-static_cast<pid_t>(child.processId()), SIGKILL); });
+    const auto end = [&] { kill(-static_cast<pid_t>(child.processId()), SIGKILL); };
+    QObject::connect(&interruption, &Interruption::came, &loop, end);
+    QTimer::singleShot(longestBenchmark, &loop, end);
     child.start(QCoreApplication::applicationFilePath(), QCoreApplication::arguments().mid(1)
                                                              << QStringLiteral("--child") << benchmark
                                                              << QStringLiteral("--database") << database);
     loop.exec();
     child.waitForFinished(-1);
-    ChildEnd end;
-    end.isDone = child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0;
+    ChildEnd result;
+    result.isDone = child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0;
     const QStringList lines = QString::fromUtf8(child.readAllStandardOutput()).split(QLatin1Char('\n'));
     for (const QString &line : lines) {
         const QStringList parts = line.split(QLatin1Char('\t'));
         if (parts.size() == 4)
-            end.figures.append({parts.at(0), parts.at(1).toDouble(), parts.at(2).toDouble(), parts.at(3)});
+            result.figures.append({parts.at(0), parts.at(1).toDouble(), parts.at(2).toDouble(), parts.at(3)});
     }
-    return end;
+    return result;
 }
 
 void beChild()
