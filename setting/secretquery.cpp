@@ -26,11 +26,14 @@ std::optional<QSqlQuery> runSecret(const Db &db, const QString &sql, const QStri
     auto query = db.attempt(sql, &error);
     if (query)
         return query;
-    const QString words = serverWords(db.lastErrorNumber());
+    const int number = db.lastErrorNumber();
+    const QString words = serverWords(number);
+    // Not even sent: the loss of the server was told already.
+    const int kind = number == ServerError::ServerGone ? QMessEvent::Warning : QMessEvent::Critical;
     postMessage(db.receiver(),
                 (words.isEmpty() ? words : words + QStringLiteral("\n\n")) + failure + QLatin1Char('\n') +
                     withoutSecrets(error, secrets) + QLatin1Char('\n') +
                     withoutSecrets(sql, secrets).left(quotedCharacters),
-                QMessEvent::Critical, file, line);
+                kind, file, line);
     return std::nullopt;
 }

@@ -7,6 +7,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 const int sliceMs = 2;
@@ -52,27 +53,32 @@ bool send(int socket, const std::string &bytes)
 }
 } // namespace
 
-TcpProxy::TcpProxy(const DatabaseAddress &server) : m_server(server), m_listener(newSocket())
+TcpProxy::TcpProxy(const DatabaseAddress &server) : m_server(server)
 {
-    sockaddr_in own = loopback(0);
+    listen();
+    m_thread = std::thread([this] { serve(); });
+}
+
+/// On the port of before, if there was one.
+void TcpProxy::listen()
+{
+    m_listener = newSocket();
+    const int on = 1;
+    ::setsockopt(m_listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    sockaddr_in own = loopback(m_port);
     socklen_t size = sizeof own;
     auto *address = reinterpret_cast<sockaddr *>(&own);
     if (::bind(m_listener, address, size) != 0 || ::listen(m_listener, 50) != 0 ||
         ::getsockname(m_listener, address, &size) != 0)
         qFatal("No port for the proxy");
     m_port = ntohs(own.sin_port);
-    m_thread = std::thread([this] { serve(); });
 }
 
 TcpProxy::~TcpProxy()
 {
     m_isLeaving = true;
     m_thread.join();
-    ::close(m_listener);
-    for (const Pair &pair : m_pairs) {
-        ::close(pair.client);
-        ::close(pair.server);
-    }
+    setDown(true);
 }
 
 DatabaseAddress TcpProxy::address() const
@@ -86,6 +92,18 @@ void TcpProxy::setSilent(bool isSilent)
 {
     const std::lock_guard<std::mutex> lock(m_guard);
     m_isSilent = isSilent;
+}
+
+void TcpProxy::setDown(bool isDown)
+{
+    const std::lock_guard<std::mutex> lock(m_guard);
+    if (!isDown)
+        return listen();
+    ::close(std::exchange(m_listener, -1));
+    for (const Pair &pair : std::exchange(m_pairs, {})) {
+        ::close(pair.client);
+        ::close(pair.server);
+    }
 }
 
 void TcpProxy::serve()

@@ -25,6 +25,8 @@ public:
     void setSilent(bool isSilent);
     /// From now on whatever the server answers comes so much later, on each connection for itself.
     void setDelay(int ms) { m_delayMs = ms; }
+    /// Whoever is connected is cut off, and nobody gets in, as with a server that is not running.
+    void setDown(bool isDown);
     /// From now on the server's greetings do not offer encryption.
     void hideEncryption() { m_hidesEncryption = true; }
 
@@ -44,6 +46,7 @@ private:
         bool isEnded = false;
         std::deque<Answer> held;
     };
+    void listen();
     void serve();
     void serveOnce();
     void acceptOne();
