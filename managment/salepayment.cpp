@@ -47,7 +47,8 @@ void SalePayment::checked(SaleOrder order, const SaleCheck &check)
     m_work->tell(check.isBusy ? QString() : check.refusal);
     if (check.isBusy)
         m_work->warn(tr("Магазин зайнятий!"), check.refusal);
-    if (!check.refusal.isEmpty() || !agreeDate(order.date) || !agreeChanges(check.changes))
+    if (!check.refusal.isEmpty() || !m_work->mayEdit() || !agreeDate(order.date) ||
+        !agreeChanges(check.changes))
         return;
     if (check.changes.told.isEmpty())
         return pay(order);
@@ -114,8 +115,8 @@ int SalePayment::ended(const ChekWriter::Result &result)
         m_unclear = result.chek;
     const QString why = ChekWriter::explanation(result);
     postMessage(m_work->receiver(), why, QMessEvent::Warning);
-    m_work->tell(why);
     emit notWritten();
+    m_work->tell(why);
     if (result.outcome == ChekWriter::Busy)
         m_work->warn(tr("Магазин зайнятий!"), why);
     return -1;
