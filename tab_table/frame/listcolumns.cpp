@@ -20,6 +20,12 @@ QVector<int> numbersOf(const QString &text)
         numbers.append(part.toInt());
     return numbers;
 }
+
+/// Whether captions may take several lines, as where there are too many columns for the page.
+bool isBroken(const QHeaderView *header)
+{
+    return header->defaultAlignment().testFlag(Qt::AlignmentFlag(Qt::TextWordWrap));
+}
 } // namespace
 
 ListColumns::ListColumns(QNTableView *view) : m_view(view)
@@ -56,18 +62,34 @@ int ListColumns::digitWidth() const
     return m_view->fontMetrics().horizontalAdvance(QLatin1Char('0'));
 }
 
+/// Captions that may be broken need no more than their longest word.
+int ListColumns::captionWidth(int column) const
+{
+    const QHeaderView *header = m_view->horizontalHeader();
+    const int width = header->sectionSizeHint(column);
+    if (!isBroken(header))
+        return width;
+    const QFontMetrics letters = header->fontMetrics();
+    int word = 0;
+    const QStringList words = m_columns.at(column).caption.split(QLatin1Char(' '));
+    for (const QString &each : words)
+        word = qMax(word, letters.horizontalAdvance(each));
+    return width - letters.horizontalAdvance(m_columns.at(column).caption) + word;
+}
+
 void ListColumns::setWidths()
 {
     const int edges = m_view->fontMetrics().height();
     for (int i = 0; i < m_columns.size(); ++i) {
-        const int caption = m_view->horizontalHeader()->sectionSizeHint(i) + edges;
+        const int caption = captionWidth(i) + edges;
         m_view->setColumnHidden(i, m_columns.at(i).hidden);
         m_view->setColumnWidth(i, qMax(m_columns.at(i).digits * digitWidth() + edges, caption));
     }
     const auto widest =
         std::max_element(m_columns.constBegin(), m_columns.constEnd(),
                          [](const Column &one, const Column &other) { return one.digits < other.digits; });
-    m_view->setMainColumn(static_cast<int>(widest - m_columns.constBegin()));
+    const int main = static_cast<int>(widest - m_columns.constBegin());
+    m_view->setMainColumn(main, isBroken(m_view->horizontalHeader()) ? m_view->columnWidth(main) / 2 : 0);
 }
 
 QStringList ListColumns::state() const

@@ -30,6 +30,7 @@ public:
 
 private:
     int digitWidth() const;
+    int captionWidth(int column) const;
     void setWidths();
     void reset();
     QString nameOf(int column) const;

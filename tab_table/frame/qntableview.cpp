@@ -30,10 +30,11 @@ void QNTableView::setEmptyText(const QString &text)
     viewport()->update();
 }
 
-void QNTableView::setMainColumn(int column)
+void QNTableView::setMainColumn(int column, int leastWidth)
 {
     m_mainColumn = column;
-    m_leastMainWidth = column < 0 ? 0 : columnWidth(column);
+    m_wantedMainWidth = column < 0 ? 0 : columnWidth(column);
+    m_leastMainWidth = leastWidth > 0 ? leastWidth : m_wantedMainWidth;
     fillWidth();
 }
 
@@ -49,7 +50,8 @@ void QNTableView::fillWidth()
     if (m_mainColumn < 0 || isColumnHidden(m_mainColumn))
         return;
     const int others = horizontalHeader()->length() - columnWidth(m_mainColumn);
-    setColumnWidth(m_mainColumn, qMax(m_leastMainWidth, viewport()->width() - others));
+    const int free = viewport()->width() - others;
+    setColumnWidth(m_mainColumn, free < m_leastMainWidth ? m_wantedMainWidth : free);
 }
 
 QString QNTableView::selectedText() const

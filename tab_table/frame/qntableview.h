@@ -18,8 +18,9 @@ public:
     /// The selected rows as text: a line each, the shown cells separated by tabs, from left to right.
     QString selectedText() const;
 
-    /// The column that takes the width the others leave free, and never less than it has now; -1 for none.
-    void setMainColumn(int column);
+    /// The column that takes the width the others leave free; -1 for none. It is never narrower than it is
+    /// now, except that it gives way as far as leastWidth where the list fits without a scroll bar then.
+    void setMainColumn(int column, int leastWidth = 0);
     /// Asked before a press of the mouse means anything; false keeps the press away: something in the list
     /// has to be ended first.
     void setPressGuard(const std::function<bool()> &mayPress) { m_mayPress = mayPress; }
@@ -45,6 +46,7 @@ private:
     std::function<bool()> m_mayPress;
     int m_mainColumn = -1;
     int m_leastMainWidth = 0;
+    int m_wantedMainWidth = 0;
     QString m_emptyText;
     int m_pressedRow = -1;
     int m_pressedX = 0;
