@@ -47,6 +47,7 @@ private slots:
     void placeNarrowsTheList();
     void boxesOfferTheShops();
     void whoMayNotSeeAllSeesHisGroups();
+    void choiceOutlivesOtherRights();
     void headingIsThatOfTheRows();
     void printedListTellsItsFigures();
     void numbersWorkForOneRegister();
@@ -266,6 +267,26 @@ void TstQZReport::whoMayNotSeeAllSeesHisGroups()
     QCOMPARE(report.model()->rowCount(), 0);
     QCOMPARE(child<QComboBox>(&report, "cbShop")->count(), 1);
     m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2),(1,3)");
+}
+
+void TstQZReport::choiceOutlivesOtherRights()
+{
+    place()->chooseGroup(2);
+    place()->chooseShop(2);
+    place()->chooseRegister(21);
+    waitChosen(m_report);
+    m_base->exec("DELETE FROM lst_group WHERE id_group=3");
+    QVERIFY(m_user->reload(m_base->connection()));
+    load();
+    QCOMPARE(m_report->heading().at(1), QString("Північ О'Ніл, вул. Нова, '2', Каса \\1"));
+    QCOMPARE(listed({0}), QStringList({"5", "6"}));
+    // A group that may no longer be seen is not kept, and nothing of it is listed.
+    m_base->exec({"DELETE FROM lst_group WHERE id_group=2", "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,3)"});
+    QVERIFY(m_user->reload(m_base->connection()));
+    load();
+    QCOMPARE(m_report->heading().at(1), QString("усі магазини"));
+    QCOMPARE(listed({1}), QStringList("вул. Чужа, 4"));
+    m_base->exec("INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2)");
 }
 
 void TstQZReport::headingIsThatOfTheRows()
