@@ -7,8 +7,6 @@
 #include <QCoreApplication>
 #include <QSqlDatabase>
 #include <QSqlDriver>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -34,18 +32,10 @@ const std::chrono::milliseconds patience(2000);
 
 const char *const serviceProperty = "velta_queries";
 
-/// From here on it is worth while to give back what the client library's copy of the rows took.
-const int manyRows = 50000;
-
 std::chrono::milliseconds &idleTime()
 {
     static std::chrono::milliseconds time(60000);
     return time;
-}
-
-int errorNumber(const QSqlQuery &query)
-{
-    return query.lastError().nativeErrorCode().toInt();
 }
 
 bool isServerSilent(int error)
@@ -95,7 +85,7 @@ private:
     bool connectOnce();
     void answerRequest();
     bool runAll();
-    bool exec(QSqlQuery *query, const QString &sql);
+    bool fetch(const QString &sql, RowStore *rows);
     bool begin();
     void finish();
 
@@ -110,12 +100,7 @@ void QueryWorker::work()
 {
     while (takeNext()) {
         answerRequest();
-        const auto &results = m_request->answer.results;
-        const bool isLarge = std::any_of(results.begin(), results.end(),
-                                         [](const RowStore &rows) { return rows.rowCount() >= manyRows; });
         m_service.answer(m_request);
-        if (isLarge)
-            RowStore::returnFreedMemory();
     }
     disconnect();
 }
@@ -200,38 +185,38 @@ bool QueryWorker::runAll()
 {
     QueryAnswer &answer = m_request->answer;
     if (!m_request->before.isEmpty()) {
-        QSqlQuery query(*m_connection->database());
-        if (exec(&query, m_request->before))
-            answer.before = RowStore::read(query);
-        else if (isConnectionLost(answer.errorNumber))
+        if (!fetch(m_request->before, &answer.before) && isConnectionLost(answer.errorNumber))
             return false;
         answer.error.clear();
         answer.errorNumber = 0;
     }
     for (const QString &sql : qAsConst(m_request->statements)) {
-        QSqlQuery query(*m_connection->database());
-        if (!exec(&query, sql))
+        RowStore rows;
+        if (!fetch(sql, &rows))
             return !isConnectionLost(answer.errorNumber);
-        answer.results.push_back(RowStore::read(query));
+        answer.results.push_back(std::move(rows));
     }
     return true;
 }
 
-bool QueryWorker::exec(QSqlQuery *query, const QString &sql)
+/// A statement runs until its last row is here: whoever calls it off meanwhile ends it on the server.
+bool QueryWorker::fetch(const QString &sql, RowStore *rows)
 {
-    bool executed = false;
+    bool isFetched = false;
+    FetchError error;
     // Sent for an older statement, a KILL may reach the server when this one runs.
     do {
         if (!begin())
             return false;
-        executed = query->exec(sql);
+        isFetched = RowStore::fetch(*m_connection->database(), sql, m_request->isCalledOff, rows, &error);
         finish();
-    } while (!executed && errorNumber(*query) == ServerError::Interrupted);
-    if (!executed) {
-        m_request->answer.errorNumber = errorNumber(*query);
-        m_request->answer.error = errorText(query->lastError()) + QLatin1Char('\n') + sql.left(500);
+    } while (!isFetched && error.number == ServerError::Interrupted);
+    if (!isFetched) {
+        *rows = RowStore();
+        m_request->answer.errorNumber = error.number;
+        m_request->answer.error = error.text + QLatin1Char('\n') + sql.left(500);
     }
-    return executed && !m_request->isCalledOff;
+    return isFetched;
 }
 
 /// From here on whoever calls the request off ends its statement; false when somebody has.

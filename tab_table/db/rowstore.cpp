@@ -2,6 +2,9 @@
 
 #include "db.h"
 
+#include <QSqlDatabase>
+#include <QSqlDriver>
+#include <QSqlError>
 #include <QSqlField>
 #include <QSqlRecord>
 #include <QSqlResult>
@@ -10,30 +13,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <mysql.h>
-#include <new>
-#ifdef __linux__
-#include <malloc.h>
-#include <sys/mman.h>
-#endif
 
 namespace {
-#ifdef __linux__
-void askForHugePages(void *memory, size_t bytes)
-{
-    madvise(memory, bytes, MADV_HUGEPAGE);
-}
-
-void trimHeap()
-{
-    malloc_trim(0);
-}
-#else
-void askForHugePages(void *, size_t) {}
-void trimHeap() {}
-#endif
-
 constexpr size_t firstChunk = size_t(16) << 10U;
-constexpr size_t hugePage = size_t(2) << 20U;
 constexpr size_t largestChunk = size_t(4) << 20U;
 
 QStringList namesOf(const QSqlQuery &query)
@@ -58,11 +40,11 @@ MYSQL_RES *storedResult(const QSqlQuery &query)
     return query.size() > 0 ? result : nullptr;
 }
 
-/// Reads the rows of a stored result into one set of cells.
+/// Reads the rows of a result into one set of cells.
 class ResultReader
 {
 public:
-    ResultReader(MYSQL_RES *result, qint64 firstRow) : m_result(result), m_cells(mysql_num_fields(result))
+    explicit ResultReader(MYSQL_RES *result) : m_result(result), m_cells(mysql_num_fields(result))
     {
         const MYSQL_FIELD *fields = mysql_fetch_fields(result);
         for (size_t i = 0; i < m_cells.size(); ++i) {
@@ -70,7 +52,15 @@ public:
             m_isDate.push_back(type == MYSQL_TYPE_DATE || type == MYSQL_TYPE_DATETIME ||
                                type == MYSQL_TYPE_TIMESTAMP || type == MYSQL_TYPE_NEWDATE);
         }
-        mysql_data_seek(result, static_cast<unsigned long long>(firstRow));
+    }
+
+    QStringList names() const
+    {
+        QStringList names;
+        const MYSQL_FIELD *fields = mysql_fetch_fields(m_result);
+        for (size_t i = 0; i < m_cells.size(); ++i)
+            names.append(QString::fromUtf8(fields[i].name));
+        return names;
     }
 
     bool next()
@@ -183,17 +173,10 @@ bool RowStore::isShared() const
     return false;
 }
 
-/// Large chunks are filled and freed much faster in huge pages.
 RowStore::Chunk RowStore::makeChunk(size_t bytes)
 {
-    const bool isHuge = bytes % hugePage == 0;
-    Chunk chunk(static_cast<char *>(isHuge ? std::aligned_alloc(hugePage, bytes) : std::malloc(bytes)),
-                std::free);
-    if (!chunk)
-        throw std::bad_alloc();
-    if (isHuge)
-        askForHugePages(chunk.get(), bytes);
-    return chunk;
+    PageAllocator<char> pages;
+    return Chunk(pages.allocate(bytes), [pages, bytes](char *chunk) mutable { pages.deallocate(chunk, bytes); });
 }
 
 char *RowStore::reserve(size_t bytes)
@@ -258,12 +241,47 @@ RowStore RowStore::read(QSqlQuery &query)
     RowStore store;
     store.m_names = namesOf(query);
     store.m_rows.reserve(static_cast<size_t>(query.size()));
-    ResultReader reader(result, 0);
+    mysql_data_seek(result, 0);
+    ResultReader reader(result);
     while (reader.next())
         store.append(reader.cells());
     query.seek(QSql::BeforeFirstRow);
     mysql_data_seek(result, 0);
     return store;
+}
+
+bool RowStore::fetch(const QSqlDatabase &db, const QString &sql, const std::atomic<bool> &isCalledOff,
+                     RowStore *rows, FetchError *error)
+{
+    const QVariant handle = db.driver()->handle();
+    if (qstrcmp(handle.typeName(), "MYSQL*") != 0)
+        return fetchValues(db, sql, rows, error);
+    MYSQL *client = *static_cast<MYSQL *const *>(handle.constData());
+    const QByteArray text = sql.toUtf8();
+    *rows = RowStore();
+    if (mysql_real_query(client, text.constData(), static_cast<unsigned long>(text.size())) == 0) {
+        if (MYSQL_RES *result = mysql_use_result(client); result != nullptr) {
+            ResultReader reader(result);
+            rows->m_names = reader.names();
+            while (!isCalledOff && reader.next())
+                rows->append(reader.cells());
+            // What has not been read yet is thrown away here.
+            mysql_free_result(result);
+        }
+    }
+    *error = {static_cast<int>(mysql_errno(client)), QString::fromUtf8(mysql_error(client))};
+    return error->number == 0 && !isCalledOff;
+}
+
+bool RowStore::fetchValues(const QSqlDatabase &db, const QString &sql, RowStore *rows, FetchError *error)
+{
+    QSqlQuery query(db);
+    const bool isDone = query.exec(sql);
+    if (isDone)
+        *rows = readValues(query);
+    else
+        *error = {query.lastError().nativeErrorCode().toInt(), errorText(query.lastError())};
+    return isDone;
 }
 
 RowStore RowStore::readValues(QSqlQuery &query)
@@ -285,7 +303,8 @@ std::vector<std::string> RowStore::readRecord(QSqlQuery &query)
     if (!query.isValid())
         return texts;
     if (MYSQL_RES *result = storedResult(query); result != nullptr) {
-        ResultReader reader(result, query.at());
+        mysql_data_seek(result, static_cast<unsigned long long>(query.at()));
+        ResultReader reader(result);
         if (reader.next())
             texts.assign(reader.cells().begin(), reader.cells().end());
         return texts;
@@ -298,9 +317,4 @@ std::vector<std::string> RowStore::readRecord(QSqlQuery &query)
         texts.push_back(toText(query.value(i)).toStdString());
     query.setNumericalPrecisionPolicy(policy);
     return texts;
-}
-
-void RowStore::returnFreedMemory()
-{
-    trimHeap();
 }

@@ -1,12 +1,23 @@
 #pragma once
 
+#include "pagememory.h"
+
 #include <QStringList>
+#include <atomic>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+class QSqlDatabase;
 class QSqlQuery;
+
+/// Why a statement gave no rows: the server's number and words.
+struct FetchError
+{
+    int number = 0;
+    QString text;
+};
 
 /// The rows of an executed query as UTF-8 text, packed into large chunks; NULL and zero dates are empty.
 /// Independent of the connection: a worker thread may read it and hand it to a model. A copy shares the texts
@@ -24,6 +35,10 @@ public:
     /// All rows of an executed query, whatever record it stands on; it stands before the first one
     /// afterwards.
     static RowStore read(QSqlQuery &query);
+    /// Sends a statement and packs its rows as they come from the server: nothing keeps a second copy of
+    /// them. False when it failed, or was called off meanwhile.
+    static bool fetch(const QSqlDatabase &db, const QString &sql, const std::atomic<bool> &isCalledOff,
+                      RowStore *rows, FetchError *error);
     /// The query's current record; empty when it stands on none.
     static std::vector<std::string> readRecord(QSqlQuery &query);
 
@@ -41,16 +56,13 @@ public:
     /// Replaces the texts from a column on; the row gets wider when that is needed.
     void write(int row, int firstColumn, const std::vector<std::string> &texts);
 
-    /// Gives the system back what the C library keeps of freed memory. A large query's result is freed in the
-    /// middle of the heap and would stay with the process otherwise. Takes some 30 ms for a million rows.
-    static void returnFreedMemory();
-
 private:
     using Cells = std::vector<std::string_view>;
     /// A row is its head (number of cells, size of an end), the end of each cell's text, the texts.
     struct Head;
 
     static RowStore readValues(QSqlQuery &query);
+    static bool fetchValues(const QSqlDatabase &db, const QString &sql, RowStore *rows, FetchError *error);
     const char *pack(const Cells &cells, const char *replaced);
     char *reserve(size_t bytes);
 
@@ -63,5 +75,5 @@ private:
     size_t m_chunkSize = 0;
     size_t m_used = 0;
     /// Where each row begins; null for a row without texts.
-    std::vector<const char *> m_rows;
+    PageVector<const char *> m_rows;
 };

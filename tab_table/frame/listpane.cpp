@@ -1,6 +1,7 @@
 #include "listpane.h"
 
 #include "csvexport.h"
+#include "dbtasks.h"
 #include "listprinter.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -8,16 +9,26 @@
 #include "qrowmodel.h"
 #include "queryservice.h"
 #include "qupdatebd.h"
+#include "rowsorting.h"
 #include "waitcursor.h"
 
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSqlDatabase>
 #include <algorithm>
-#include <vector>
+#include <utility>
+
+namespace {
+/// A selection of more rows is not taken along when the rows get another order: each would be a range of its
+/// own.
+const int mostSelectedSorted = 1000;
+} // namespace
 
 ListPane::ListPane(QWidget *parent)
     : QWidget(parent)
@@ -25,6 +36,7 @@ ListPane::ListPane(QWidget *parent)
     , m_model(new QRowModel(m_view))
     , m_footer(new QWidget(this))
     , m_columns(m_view)
+    , m_sorting(new RowSorting(this))
     , m_chooseFile([this](const QString &suggested) { return askPdfPath(this, suggested); })
 {
     m_view->setObjectName(QStringLiteral("view"));
@@ -36,6 +48,10 @@ ListPane::ListPane(QWidget *parent)
     layout->addWidget(m_view);
     layout->addWidget(m_footer);
     buildFooter();
+    m_view->installEventFilter(this);
+    connect(m_view->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &ListPane::sortArrived);
+    connect(m_model, &QRowModel::aboutToSort, this, &ListPane::thinOutSelection);
+    connect(m_model, &QRowModel::sortingChanged, this, &ListPane::followSorting);
     showState(QString(), false);
 }
 
@@ -71,7 +87,8 @@ void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver
     m_receiver = receiver;
     m_view->setAccessibleName(accessibleName());
     m_queries = new QueryOwner(db->connectionName(), this);
-    connect(m_queries, &QueryOwner::answered, this, &ListPane::showAnswer);
+    connect(m_queries, &QueryOwner::answered, this, &ListPane::takeAnswer);
+    m_tasks = new DbTasks(db->connectionName(), receiver, this);
 }
 
 void ListPane::expectLongLoads()
@@ -96,20 +113,20 @@ void ListPane::setButtons(QPushButton *load, QPushButton *stop)
 
 bool ListPane::isLoading() const
 {
-    return m_isExpecting || (m_queries != nullptr && m_queries->isWaiting());
+    return m_isExpecting || m_arrived != nullptr || (m_queries != nullptr && m_queries->isWaiting());
 }
 
 void ListPane::expectLoad()
 {
-    m_queries->cancel();
+    endLoad();
     m_isExpecting = true;
     showState(tr("Завантаження…"), true);
 }
 
 void ListPane::load(const QString &sql, const QString &numberSql)
 {
-    m_isExpecting = false;
     m_clock.start();
+    endLoad();
     showState(tr("Завантаження…"), true);
     // Before the rows, so that no change falls between them and the time they were read at.
     const QString times = QUpdateBD::timesSql(QUpdateBD::tablesIn(sql));
@@ -120,20 +137,24 @@ void ListPane::stop()
 {
     if (!isLoading())
         return;
-    m_isExpecting = false;
-    m_queries->cancel();
+    endLoad();
     showState(tr("Завантаження зупинено."), false);
 }
 
-void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
+/// What is on its way will not come.
+void ListPane::endLoad()
+{
+    m_isExpecting = false;
+    m_queries->cancel();
+    m_sorting->stop();
+    m_arrived.reset();
+}
+
+void ListPane::takeAnswer(const std::shared_ptr<QueryAnswer> &answer)
 {
     m_loadMs = m_clock.elapsed();
-    if (answer->error.isEmpty()) {
-        m_number = answer->results.size() > 1 ? answer->number(1) : 0;
-        QUpdateBD().setRead(answer->before, *m_db, m_receiver);
-        replaceRows(std::move(answer->results.front()));
-        return;
-    }
+    if (answer->error.isEmpty())
+        return takeRows(answer);
     postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);
     clearAfterFailure();
     emit failed();
@@ -141,16 +162,57 @@ void ListPane::showAnswer(const std::shared_ptr<QueryAnswer> &answer)
 
 void ListPane::showRows(RowStore &&rows)
 {
-    m_isExpecting = false;
-    m_queries->cancel();
-    m_number = 0;
-    replaceRows(std::move(rows));
+    endLoad();
+    auto answer = std::make_shared<QueryAnswer>();
+    answer->results.push_back(std::move(rows));
+    takeRows(answer);
 }
 
-void ListPane::replaceRows(RowStore &&rows)
+void ListPane::takeRows(const std::shared_ptr<QueryAnswer> &answer)
 {
-    m_model->replaceRows(m_arrange ? m_arrange(std::move(rows)) : std::move(rows));
-    sortAsBefore();
+    m_arrived = answer;
+    RowStore &rows = m_arrived->results.front();
+    if (m_arrange)
+        rows = m_arrange(std::move(rows));
+    const RowSort by = wantedSort();
+    if (by.column < 0)
+        return showArrived({}, by);
+    if (rows.rowCount() > RowSorting::mostAtOnce)
+        return sortArrived();
+    RowOrder sorted = orderOfRows(rows.rowCount());
+    sortRows(&sorted, rows, by);
+    showArrived(std::move(sorted), by);
+}
+
+RowSort ListPane::wantedSort() const
+{
+    const QHeaderView *header = m_view->horizontalHeader();
+    return m_view->isSortingEnabled()
+               ? m_model->wayToSort(header->sortIndicatorSection(), header->sortIndicatorOrder())
+               : RowSort();
+}
+
+/// Many rows are shown when they are sorted.
+void ListPane::sortArrived()
+{
+    if (!m_arrived)
+        return;
+    const RowSort by = wantedSort();
+    if (by.column < 0) {
+        m_sorting->stop();
+        return showArrived({}, by);
+    }
+    showState(tr("Сортується… Esc зупиняє."), true);
+    m_sorting->start({m_arrived, &m_arrived->results.front()}, {}, by,
+                     [this, by](RowOrder &&sorted) { showArrived(std::move(sorted), by); });
+}
+
+void ListPane::showArrived(RowOrder &&sorted, const RowSort &by)
+{
+    const auto answer = std::exchange(m_arrived, nullptr);
+    m_number = answer->results.size() > 1 ? answer->number(1) : 0;
+    tellTracker(answer->before);
+    m_model->replaceRows(std::move(answer->results.front()), std::move(sorted), by);
     m_view->setEmptyText(m_emptyText);
     m_count = -1;
     emit rowsShown();
@@ -161,10 +223,65 @@ void ListPane::replaceRows(RowStore &&rows)
     emit loaded();
 }
 
+/// times: when the tables of the rows that are shown were changed last.
+void ListPane::tellTracker(const RowStore &times)
+{
+    if (times.rowCount() == 0)
+        return;
+    m_tasks->write([times](const Db &db) { return QUpdateBD().setRead(times, *db.connection(), db.receiver()); },
+                   [](bool /*isDone*/) {});
+}
+
+/// Many rows were being sorted: they stay as they stand, or come as the server sent them.
+void ListPane::stopSorting()
+{
+    m_sorting->stop();
+    m_model->stopSorting();
+    const RowSort shown = m_arrived ? RowSort() : m_model->sortedBy();
+    {
+        const QSignalBlocker hold(m_view->horizontalHeader());
+        m_view->horizontalHeader()->setSortIndicator(shown.column, shown.order);
+    }
+    if (m_arrived)
+        showArrived({}, shown);
+}
+
+void ListPane::followSorting()
+{
+    if (isLoading())
+        return;
+    if (m_model->isSorting())
+        showState(tr("Сортується… Esc зупиняє."), false);
+    else
+        showCount();
+}
+
+void ListPane::thinOutSelection()
+{
+    QItemSelectionModel *selected = m_view->selectionModel();
+    int rows = 0;
+    const QItemSelection ranges = selected->selection();
+    for (const QItemSelectionRange &range : ranges)
+        rows += range.height();
+    const bool isAll = ranges.size() == 1 && rows == m_model->rowCount();
+    if (rows > mostSelectedSorted && !isAll)
+        selected->select(selected->currentIndex(),
+                         QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+bool ListPane::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isEscape =
+        event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
+    if (watched != m_view || !isEscape || !(m_model->isSorting() || m_arrived))
+        return QWidget::eventFilter(watched, event);
+    stopSorting();
+    return true;
+}
+
 void ListPane::clear()
 {
-    m_isExpecting = false;
-    m_queries->cancel();
+    endLoad();
     m_number = 0;
     m_count = -1;
     m_model->replaceRows(m_arrange ? m_arrange({}) : RowStore());
@@ -180,13 +297,6 @@ void ListPane::clearAfterFailure()
         m_view->setEmptyText(text);
     }
     showState(text, false);
-}
-
-void ListPane::sortAsBefore()
-{
-    const QHeaderView *header = m_view->horizontalHeader();
-    if (m_view->isSortingEnabled() && header->sortIndicatorSection() >= 0)
-        m_model->sort(header->sortIndicatorSection(), header->sortIndicatorOrder());
 }
 
 QModelIndex ListPane::indexOf(const QString &id) const
@@ -226,18 +336,6 @@ void ListPane::setCount(qint64 count)
 {
     m_count = count;
     showCount();
-}
-
-int ListPane::countIds() const
-{
-    const int rows = m_model->rowCount();
-    std::vector<qint64> ids;
-    ids.reserve(static_cast<size_t>(rows));
-    for (int row = 0; row < rows; ++row)
-        ids.push_back(m_model->number(row, 0));
-    if (!std::is_sorted(ids.begin(), ids.end()))
-        std::sort(ids.begin(), ids.end());
-    return static_cast<int>(std::unique(ids.begin(), ids.end()) - ids.begin());
 }
 
 void ListPane::countAdded()

@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "listcolumns.h"
+#include "roworder.h"
 #include "rowstore.h"
 
 #include <QElapsedTimer>
@@ -9,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class DbTasks;
 class QAbstractItemModel;
 class QLabel;
 class QLoadedUser;
@@ -19,6 +21,7 @@ class QSqlDatabase;
 class QSqlQuery;
 class QTableView;
 class QueryOwner;
+class RowSorting;
 struct PrintedList;
 struct QueryAnswer;
 
@@ -56,7 +59,8 @@ public:
     /// Ends a load on its way; the list stays as it was.
     void stop();
     bool isLoading() const;
-    /// Puts rows into the list that were read elsewhere; a load on its way is ended.
+    /// Puts rows into the list that were read elsewhere; a load on its way is ended. Many rows come a moment
+    /// later, sorted.
     void showRows(RowStore &&rows);
     /// Empties the list, ends a load on its way and tells nothing.
     void clear();
@@ -81,8 +85,6 @@ public:
     void setEmptyText(const QString &text) { m_emptyText = text; }
     /// How many records there are, where that is not the number of rows; after rowsShown().
     void setCount(qint64 count);
-    /// How many different ids stand in the first column.
-    int countIds() const;
     /// One record more, which stands in the list already.
     void countAdded();
     /// What the state tells behind the number of records: how long it took, of what the rows are.
@@ -106,6 +108,10 @@ public:
                           const QString &code, const QString &path);
     bool exportCsv(const QString &code, const QString &path) const;
 
+protected:
+    /// Escape in the list stops a sorting.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 public slots:
     /// Shows the list as it would be printed, with the way to the printer.
     void preview();
@@ -124,9 +130,16 @@ signals:
 
 private:
     void buildFooter();
-    void showAnswer(const std::shared_ptr<QueryAnswer> &answer);
-    void replaceRows(RowStore &&rows);
-    void sortAsBefore();
+    void takeAnswer(const std::shared_ptr<QueryAnswer> &answer);
+    void takeRows(const std::shared_ptr<QueryAnswer> &answer);
+    void sortArrived();
+    void showArrived(RowOrder &&sorted, const RowSort &by);
+    void tellTracker(const RowStore &times);
+    void endLoad();
+    RowSort wantedSort() const;
+    void stopSorting();
+    void followSorting();
+    void thinOutSelection();
     void showCount();
     void showState(const QString &text, bool isLoading);
     PrintedList printed() const;
@@ -141,6 +154,10 @@ private:
     QPushButton *m_stop = nullptr;
     ListColumns m_columns;
     QueryOwner *m_queries = nullptr;
+    DbTasks *m_tasks = nullptr;
+    /// Rows that have come and are being sorted before they are shown.
+    std::shared_ptr<QueryAnswer> m_arrived;
+    RowSorting *m_sorting;
     QSqlDatabase *m_db = nullptr;
     const QLoadedUser *m_user = nullptr;
     QObject *m_receiver = nullptr;

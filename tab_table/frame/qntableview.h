@@ -27,6 +27,7 @@ public:
     /// Gives it that width again, after columns were shown or hidden.
     void fillWidth();
 
+    void setSelectionModel(QItemSelectionModel *selection) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 signals:
@@ -43,6 +44,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    QItemSelectionModel *m_headerSelection = nullptr;
     std::function<bool()> m_mayPress;
     int m_mainColumn = -1;
     int m_leastMainWidth = 0;

@@ -1,6 +1,6 @@
 #include "qrowmodel.h"
 
-#include "roworder.h"
+#include "rowsorting.h"
 
 #include <QMimeData>
 #include <QSqlQuery>
@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <numeric>
+#include <vector>
 
 namespace {
 double linearLight(double channel)
@@ -22,6 +23,14 @@ QColor readableOn(const QColor &background)
     const double light = 0.2126 * linearLight(background.redF()) + 0.7152 * linearLight(background.greenF()) +
                          0.0722 * linearLight(background.blueF());
     return light > 0.179 ? Qt::black : Qt::white;
+}
+
+qint64 numberOf(std::string_view bytes)
+{
+    qint64 value = 0;
+    const char *end = bytes.data() + bytes.size();
+    const auto [stop, error] = std::from_chars(bytes.data(), end, value);
+    return error == std::errc() && stop == end ? value : 0;
 }
 
 bool isTextRole(int role)
@@ -60,16 +69,25 @@ void QRowModel::addMissingColumns(const QStringList &names)
 
 void QRowModel::replaceRows(RowStore &&rows)
 {
+    replaceRows(std::move(rows), {}, {});
+}
+
+void QRowModel::replaceRows(RowStore &&rows, RowOrder &&sorted, const RowSort &by)
+{
     addMissingColumns(rows.columnNames());
     beginResetModel();
     m_rows = std::move(rows);
+    m_order = std::move(sorted);
+    m_sortedBy = by;
     endResetModel();
 }
 
 void QRowModel::dropRows()
 {
+    stopSorting();
     m_rows = RowStore();
-    m_order = std::vector<quint32>();
+    m_order = RowOrder();
+    m_sortedBy = RowSort();
     m_extras.clear();
 }
 
@@ -102,11 +120,18 @@ qint64 QRowModel::number(int row, int column) const
 {
     if (row < 0 || row >= rowCount() || column < 0)
         return 0;
-    const std::string_view bytes = cell(row, column);
-    qint64 value = 0;
-    const char *end = bytes.data() + bytes.size();
-    const auto [stop, error] = std::from_chars(bytes.data(), end, value);
-    return error == std::errc() && stop == end ? value : 0;
+    return numberOf(cell(row, column));
+}
+
+int QRowModel::countNumbers(int column) const
+{
+    std::vector<qint64> numbers;
+    numbers.reserve(static_cast<size_t>(m_rows.rowCount()));
+    for (int id = 0; id < m_rows.rowCount(); ++id)
+        numbers.push_back(numberOf(m_rows.cell(id, column)));
+    if (!std::is_sorted(numbers.begin(), numbers.end()))
+        std::sort(numbers.begin(), numbers.end());
+    return static_cast<int>(std::unique(numbers.begin(), numbers.end()) - numbers.begin());
 }
 
 const CellFormat &QRowModel::format(int column) const
@@ -267,12 +292,13 @@ bool QRowModel::insertRows(int row, int count, const QModelIndex &parent)
     if (parent.isValid() || count < 1 || row < 0 || row > rowCount())
         return false;
     beginInsertRows(parent, row, row + count - 1);
+    m_isChanged = true;
     if (row < rowCount())
         writeOutOrder();
     const auto firstId = static_cast<quint32>(m_rows.rowCount());
     m_rows.appendEmptyRows(count);
     if (!m_order.empty()) {
-        const auto first = m_order.insert(m_order.begin() + row, static_cast<size_t>(count), 0);
+        const auto first = m_order.insert(m_order.begin() + row, static_cast<size_t>(count), 0U);
         std::iota(first, first + count, firstId);
     }
     endInsertRows();
@@ -284,6 +310,7 @@ bool QRowModel::removeRows(int row, int count, const QModelIndex &parent)
     if (parent.isValid() || count < 1 || row < 0 || row > rowCount() - count)
         return false;
     beginRemoveRows(parent, row, row + count - 1);
+    m_isChanged = true;
     if (count == rowCount()) {
         dropRows();
     } else {
@@ -300,10 +327,8 @@ bool QRowModel::removeRows(int row, int count, const QModelIndex &parent)
 /// Makes the order explicit, so that places and numbers of rows may differ.
 void QRowModel::writeOutOrder()
 {
-    if (!m_order.empty())
-        return;
-    m_order.resize(static_cast<size_t>(m_rows.rowCount()));
-    std::iota(m_order.begin(), m_order.end(), 0);
+    if (m_order.empty())
+        m_order = orderOfRows(m_rows.rowCount());
 }
 
 bool QRowModel::insertColumns(int column, int count, const QModelIndex &parent)
@@ -330,18 +355,84 @@ bool QRowModel::removeColumns(int column, int count, const QModelIndex &parent)
 
 void QRowModel::sort(int column, Qt::SortOrder order)
 {
+    stopSorting();
     if (column < -1 || column >= columnCount() || rowCount() == 0)
         return;
+    const RowSort by = wayToSort(column, order);
+    if (column >= 0 && rowCount() > RowSorting::mostAtOnce)
+        return sortAway(by);
+    RowOrder sorted;
+    if (column < 0) {
+        // Numbers that are there, from the first one on.
+        std::vector<bool> isThere(static_cast<size_t>(m_rows.rowCount()));
+        for (int row = 0; row < rowCount(); ++row)
+            isThere[idAt(row)] = true;
+        sorted.reserve(static_cast<size_t>(rowCount()));
+        for (size_t id = 0; id < isThere.size(); ++id) {
+            if (isThere[id])
+                sorted.push_back(static_cast<quint32>(id));
+        }
+    } else {
+        writeOutOrder();
+        sorted = m_order;
+        sortRows(&sorted, m_rows, by);
+    }
+    setOrder(std::move(sorted), by);
+}
+
+void QRowModel::sortAway(const RowSort &by)
+{
+    if (m_sorting == nullptr)
+        m_sorting = new RowSorting(this);
+    m_isChanged = false;
+    m_sorting->start(std::make_shared<RowStore>(m_rows), RowOrder(m_order), by, [this, by](RowOrder &&sorted) {
+                         setOrder(m_isChanged ? withChanges(std::move(sorted)) : std::move(sorted), by);
+                         emit sortingChanged();
+                     });
+    emit sortingChanged();
+}
+
+bool QRowModel::isSorting() const
+{
+    return m_sorting != nullptr && m_sorting->isRunning();
+}
+
+void QRowModel::stopSorting()
+{
+    if (!isSorting())
+        return;
+    m_sorting->stop();
+    emit sortingChanged();
+}
+
+/// Without the rows that went meanwhile, and behind the others those that came, as they stand.
+RowOrder QRowModel::withChanges(RowOrder &&sorted) const
+{
+    std::vector<bool> isLeft(static_cast<size_t>(m_rows.rowCount()));
+    for (int row = 0; row < rowCount(); ++row)
+        isLeft[idAt(row)] = true;
+    RowOrder order = std::move(sorted);
+    order.erase(std::remove_if(order.begin(), order.end(), [&](quint32 id) { return !isLeft[id]; }), order.end());
+    for (const quint32 id : order)
+        isLeft[id] = false;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (isLeft[idAt(row)])
+            order.push_back(idAt(row));
+    }
+    return order;
+}
+
+void QRowModel::setOrder(RowOrder &&sorted, const RowSort &by)
+{
+    emit aboutToSort();
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
     std::vector<quint32> ids;
+    ids.reserve(static_cast<size_t>(before.size()));
     for (const QModelIndex &index : before)
         ids.push_back(idAt(index.row()));
-    writeOutOrder();
-    if (column < 0)
-        std::sort(m_order.begin(), m_order.end());
-    else
-        sortRows(&m_order, m_rows, column, format(column).isNumber, order);
+    m_order = std::move(sorted);
+    m_sortedBy = by;
     movePersistentIndexes(before, ids);
     emit layoutChanged({}, VerticalSortHint);
 }
@@ -351,12 +442,18 @@ void QRowModel::movePersistentIndexes(const QModelIndexList &before, const std::
 {
     if (before.isEmpty())
         return;
-    std::vector<int> places(static_cast<size_t>(m_rows.rowCount()));
-    for (size_t row = 0; row < m_order.size(); ++row)
-        places[m_order[row]] = static_cast<int>(row);
+    std::vector<bool> isWanted(static_cast<size_t>(m_rows.rowCount()));
+    for (const quint32 id : ids)
+        isWanted[id] = true;
+    QHash<quint32, int> places;
+    for (size_t row = 0; row < m_order.size(); ++row) {
+        if (isWanted[m_order[row]])
+            places.insert(m_order[row], static_cast<int>(row));
+    }
     QModelIndexList after;
+    after.reserve(before.size());
     for (int i = 0; i < before.size(); ++i)
-        after.append(createIndex(places[ids[static_cast<size_t>(i)]], before.at(i).column()));
+        after.append(createIndex(places.value(ids[static_cast<size_t>(i)]), before.at(i).column()));
     changePersistentIndexList(before, after);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "columns.h"
+#include "roworder.h"
 #include "rowstore.h"
 
 #include <QColor>
@@ -9,6 +10,7 @@
 #include <QStandardItemModel>
 
 class QSqlQuery;
+class RowSorting;
 
 /// The model of every list: rows as the server sent them, formatted when they are shown, sorted by value.
 /// The columns and their captions are those of the base class; there are no items, so all reading and
@@ -29,8 +31,9 @@ public:
     const QVector<Column> &columns() const { return m_columns; }
 
     /// Replaces all rows, columns in the order of their query. Columns that the model does not have yet are
-    /// added under the query's names. The rows stand in the query's order.
+    /// added under the query's names. The rows stand in the query's order, or as they were sorted already.
     void replaceRows(RowStore &&rows);
+    void replaceRows(RowStore &&rows, RowOrder &&sorted, const RowSort &by);
     /// Writes the query's current record into a row: value of column c into cell (row, c), from column
     /// firstColumn to the last.
     void writeRecord(QSqlQuery &query, int firstColumn, int row);
@@ -43,6 +46,8 @@ public:
     std::shared_ptr<const QRowModel> frozen() const;
     /// The same as a whole number: kopecks, thousandths, an id; 0 for what is none.
     qint64 number(int row, int column) const;
+    /// How many different numbers the rows that came have in a column.
+    int countNumbers(int column) const;
     /// How the texts of a column are formatted.
     const CellFormat &format(int column) const;
     /// The background of a whole row, with a text colour that is readable on it; an invalid colour ends it.
@@ -72,8 +77,18 @@ public:
     bool insertColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
     /// Only while there are no rows.
     bool removeColumns(int column, int count, const QModelIndex &parent = QModelIndex()) override;
-    /// -1 is the order of the query.
+    /// -1 is the order of the query. Many rows are sorted in another thread, the newest wish counts; until
+    /// sortingChanged() they stand as before.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    bool isSorting() const;
+    /// The rows stay as they stand.
+    void stopSorting();
+    /// How the rows stand now.
+    const RowSort &sortedBy() const { return m_sortedBy; }
+    RowSort wayToSort(int column, Qt::SortOrder order) const
+    {
+        return {column, order, column >= 0 && format(column).isNumber};
+    }
 
     // There are no items; the base class would look into an empty tree.
     QStandardItem *item(int row, int column = 0) const = delete;
@@ -82,6 +97,12 @@ public:
     QList<QStandardItem *> takeRow(int row) = delete;
     QList<QStandardItem *> findItems(const QString &text) const = delete;
     void setRowCount(int rows) = delete;
+
+signals:
+    /// Right before the rows get another order.
+    void aboutToSort();
+    /// isSorting() is another now.
+    void sortingChanged();
 
 private:
     /// What few rows have beside their texts.
@@ -94,18 +115,28 @@ private:
     };
 
     /// The number of a row in the store: it stays the same when rows are sorted, inserted or removed.
-    quint32 idAt(int row) const { return m_order.empty() ? static_cast<quint32>(row) : m_order[row]; }
+    quint32 idAt(int row) const
+    {
+        return m_order.empty() ? static_cast<quint32>(row) : m_order[static_cast<size_t>(row)];
+    }
     std::string_view cell(int row, int column) const;
     QVariant extraData(quint32 id, int column, int role) const;
     void setExtra(quint32 id, int column, int role, const QVariant &value);
     void addMissingColumns(const QStringList &names);
     void dropRows();
     void writeOutOrder();
+    void sortAway(const RowSort &by);
+    void setOrder(RowOrder &&sorted, const RowSort &by);
+    RowOrder withChanges(RowOrder &&sorted) const;
     void movePersistentIndexes(const QModelIndexList &before, const std::vector<quint32> &ids);
 
     QVector<Column> m_columns;
     RowStore m_rows;
     /// The rows' numbers in the order they stand; empty while they stand as they were filled.
-    std::vector<quint32> m_order;
+    RowOrder m_order;
+    RowSort m_sortedBy;
+    RowSorting *m_sorting = nullptr;
+    /// Rows came or went since the sorting has begun.
+    bool m_isChanged = false;
     QHash<quint32, Extras> m_extras;
 };

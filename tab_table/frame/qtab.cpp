@@ -51,7 +51,7 @@ void QTab::buildList(QLayout *layout)
     connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
     connect(m_list, &ListPane::rowsShown, this, [this] {
         if (countsRecords)
-            m_list->setCount(m_list->countIds());
+            m_list->setCount(model()->countNumbers(0));
         rowsShown();
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);

@@ -214,9 +214,17 @@ bool hasLowerKey(const Entry &a, const Entry &b)
 class Sorter
 {
 public:
-    Sorter(const RowStore &store, int column, KeyPart keyPart, bool descending)
-        : m_store(store), m_column(column), m_keyPart(keyPart), m_turn(descending ? ~quint64(0) : 0)
+    Sorter(const RowStore &store, const RowSort &by, const std::atomic<bool> *isStopped)
+        : m_store(store)
+        , m_column(by.column)
+        , m_keyPart(by.asNumbers ? numberPart : textPart)
+        , m_turn(by.order == Qt::DescendingOrder ? ~quint64(0) : 0)
+        , m_isStopped(isStopped)
     {
+    }
+    bool isStopped() const
+    {
+        return m_isStopped != nullptr && m_isStopped->load(std::memory_order_relaxed);
     }
 
     void sort(Entry *first, Entry *last, int part)
@@ -238,7 +246,7 @@ private:
 
     void readKeys(Entry *first, Entry *last, int part)
     {
-        for (Entry *entry = first; entry != last; ++entry)
+        for (Entry *entry = first; entry != last && !isStopped(); ++entry)
             entry->key = m_keyPart(text(*entry), part, &entry->from) ^ m_turn;
     }
 
@@ -250,6 +258,8 @@ private:
         size_t common = one.size();
         bool isOne = true;
         for (const Entry *entry = first + 1; entry != last; ++entry) {
+            if (isStopped())
+                return true;
             const std::string_view other = text(*entry);
             if (other == one)
                 continue;
@@ -291,7 +301,7 @@ private:
 
     void sortEqualRuns(Entry *first, Entry *last, int part)
     {
-        while (first != last) {
+        while (first != last && !isStopped()) {
             Entry *end = first + 1;
             while (end != last && end->key == first->key)
                 ++end;
@@ -317,6 +327,8 @@ private:
         for (unsigned byte = 0; byte < partBytes; ++byte) {
             if (counts[byte][from->key >> (8 * byte) & 0xffU] == size)
                 continue;
+            if (isStopped())
+                break;
             distribute(from, from + size, to, byte, counts[byte]);
             std::swap(from, to);
         }
@@ -338,18 +350,19 @@ private:
     const int m_column;
     const KeyPart m_keyPart;
     const quint64 m_turn;
-    std::vector<Entry> m_buffer;
+    const std::atomic<bool> *m_isStopped;
+    PageVector<Entry> m_buffer;
 };
 } // namespace
 
-void sortRows(std::vector<quint32> *rows, const RowStore &store, int column, bool asNumbers,
-              Qt::SortOrder order)
+bool sortRows(RowOrder *rows, const RowStore &store, const RowSort &by, const std::atomic<bool> *isStopped)
 {
-    std::vector<Entry> entries;
+    PageVector<Entry> entries;
     entries.reserve(rows->size());
     for (const quint32 row : *rows)
         entries.push_back({0, row, 0});
-    Sorter sorter(store, column, asNumbers ? numberPart : textPart, order == Qt::DescendingOrder);
+    Sorter sorter(store, by, isStopped);
     sorter.sort(entries.data(), entries.data() + entries.size(), 0);
     std::transform(entries.begin(), entries.end(), rows->begin(), [](const Entry &e) { return e.row; });
+    return !sorter.isStopped();
 }

@@ -39,7 +39,7 @@ private:
 };
 
 namespace {
-const char *const longStatement = "SELECT COUNT(*) FROM seq_1_to_4000000000 WHERE seq%7=3";
+const char *const longStatement = "SELECT COUNT(*) FROM seq_1_to_4000000000 WHERE seq%7=5";
 const QString folder = QStringLiteral(TLS_FOLDER);
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "workplace.h"
 
+#include "dbtasks.h"
 #include "launch.h"
 #include "qaddedtshop.h"
 #include "qmessevent.h"
@@ -156,11 +157,16 @@ void TstQTabShops::filtersNarrowTheList()
 void TstQTabShops::loadedListCountsAsRead()
 {
     openTab();
-    QUpdateBD tracker;
     const QStringList tables = {"shops", "group_shop", "onoffline"};
     const auto isStale = [&](const QStringList &read) {
         shown();
-        return tracker.isUpdate(read, *m_base->connection(), &m_base->heard);
+        waitOutTasks();
+        bool answer = false;
+        DbTasks tasks(m_base->connection()->connectionName(), &m_base->heard, nullptr);
+        tasks.read([=](const Db &db) { return QUpdateBD().isUpdate(read, *db.connection(), db.receiver()); },
+                   [&](bool told) { answer = told; });
+        waitOutTasks();
+        return answer;
     };
     QVERIFY(!isStale(tables) && isStale({"goods"}));
     m_base->exec("UPDATE updat SET updat=NOW()-INTERVAL 1 HOUR");
@@ -170,7 +176,7 @@ void TstQTabShops::loadedListCountsAsRead()
     QVERIFY(!isStale(tables));
     m_base->exec("UPDATE updat SET updat=NOW()+INTERVAL 2 SECOND WHERE name='group_shop'");
     QVERIFY(isStale(tables));
-    m_tab->ShowData();
+    type("и");
     QVERIFY(!isStale(tables));
     // A database without the tracker has lists too.
     m_base->exec("RENAME TABLE updat TO updat_away");
