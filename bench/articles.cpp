@@ -1,14 +1,9 @@
-#include "bench.h"
+#include "windows.h"
 
 #include "artstatements.h"
 #include "placeselector.h"
 #include "qartreport.h"
-#include "qloadeduser.h"
-#include "qrowmodel.h"
 #include "rangeselector.h"
-
-#include <QApplication>
-#include <QEventLoop>
 
 namespace {
 constexpr uint measuredGroup = 90;
@@ -42,17 +37,6 @@ void fillReceipts(const Bench &bench)
         exec(bench, statement);
 }
 
-void load(QArtReport *report)
-{
-    QEventLoop loop;
-    QObject::connect(report, &ReportWindow::loaded, &loop, &QEventLoop::quit);
-    report->load();
-    loop.exec();
-    if (report->model()->rowCount() == 0)
-        qFatal("No rows");
-    report->grab();
-}
-
 ArtChoice measuredChoice()
 {
     ArtChoice choice;
@@ -69,12 +53,9 @@ ArtChoice measuredChoice()
 QVector<Figure> measureArticles(const Bench &bench)
 {
     fillReceipts(bench);
-    QLoadedUser user(nullptr, nullptr);
-    if (!user.load(bench.connection, QStringLiteral("1"), QStringLiteral("1"), QString()))
-        qFatal("No user");
-    QArtReport report(bench.connection, &user, nullptr, nullptr);
-    report.resize(1400, 900);
-    report.show();
+    Admin admin(bench);
+    QArtReport report(bench.connection, admin.user(), nullptr, nullptr);
+    showWindow(&report);
     if (!report.findChild<PlaceSelector *>()->chooseGroup(measuredGroup))
         qFatal("No group");
     report.findChild<RangeSelector *>()->setDays(firstDay, firstDay.addDays(days - 1));
@@ -87,6 +68,6 @@ QVector<Figure> measureArticles(const Bench &bench)
                 bare.run(articlesStatement(measuredChoice()));
             });
         },
-        [&] { return milliseconds([&] { load(&report); }); });
+        [&] { return milliseconds([&] { loadReport(&report); }); });
     return {{QStringLiteral("article report of a group over a month"), share, 1.1, QStringLiteral("x bare")}};
 }

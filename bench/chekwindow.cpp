@@ -3,26 +3,17 @@
 #include "qrowmodel.h"
 #include "rangeselector.h"
 
-#include <QEventLoop>
-
-ChekWindow::ChekWindow(const Bench &bench, const QDate &day) : m_user(nullptr, nullptr)
+ChekWindow::ChekWindow(const Bench &bench, const QDate &day) : m_admin(bench)
 {
-    if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
-        qFatal("Nobody to look");
-    m_viewer = std::make_unique<QChekViewer>(bench.connection, &m_user, nullptr, nullptr);
-    m_viewer->resize(1400, 900);
-    m_viewer->show();
+    m_viewer = std::make_unique<QChekViewer>(bench.connection, m_admin.user(), nullptr, nullptr);
+    showWindow(m_viewer.get());
     m_viewer->findChild<RangeSelector *>()->setDays(day, day);
     load();
 }
 
 void ChekWindow::load()
 {
-    QEventLoop loop;
-    QObject::connect(m_viewer.get(), &ReportWindow::loaded, &loop, &QEventLoop::quit);
-    m_viewer->load();
-    loop.exec();
-    m_viewer->grab();
+    loadReport(m_viewer.get());
 }
 
 int ChekWindow::rowCount() const

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "act.h"
-#include "bench.h"
-
 #include "qchekviewer.h"
-#include "qloadeduser.h"
+#include "windows.h"
 
 /// The receipts of a day in the viewer, in a window of the usual size.
 class ChekWindow
@@ -20,6 +18,6 @@ public:
     Cost open(int row);
 
 private:
-    QLoadedUser m_user;
+    Admin m_admin;
     std::unique_ptr<QChekViewer> m_viewer;
 };

@@ -15,12 +15,6 @@
 using Large::usual;
 using Large::workFigures;
 
-Large::Admin::Admin(const Bench &bench) : m_user(nullptr, nullptr)
-{
-    if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
-        qFatal("Nobody may work");
-}
-
 QVector<Figure> Large::workFigures(const QString &work, const Cost &cost, double goalMs, double goalGapMs)
 {
     const QString ms = QStringLiteral("ms");
@@ -103,8 +97,7 @@ public:
     {
         ActClock clock;
         m_report = std::make_unique<QArtReport>(bench.connection, m_admin.user(), nullptr, nullptr);
-        m_report->resize(1400, 900);
-        m_report->show();
+        showWindow(m_report.get());
         m_openingGapMs = clock.end().gapMs;
     }
 
@@ -126,7 +119,7 @@ private:
         return child<QComboBox>(m_report.get(), QString::fromLatin1(box))->currentText();
     }
 
-    Large::Admin m_admin;
+    Admin m_admin;
     QDate m_day;
     std::unique_ptr<QArtReport> m_report;
     double m_openingGapMs = 0;
@@ -172,10 +165,9 @@ QVector<Figure> measureLargeArticles(const Bench &bench)
 
 QVector<Figure> measureLargeOnLine(const Bench &bench)
 {
-    Large::Admin admin(bench);
+    Admin admin(bench);
     QStatOnLine report(bench.connection, admin.user(), nullptr, nullptr, nullptr);
-    report.resize(1400, 900);
-    report.show();
+    showWindow(&report);
     int loads = 0;
     QObject::connect(&report, &ReportWindow::loaded, &report, [&] { ++loads; });
     report.showShop(openRegister(bench, 0).shop);

@@ -1,25 +1,12 @@
 #pragma once
 
 #include "act.h"
-#include "bench.h"
-
-#include "qloadeduser.h"
+#include "windows.h"
 
 /// What the measurements of the large chain share.
 namespace Large {
 /// The longest time that a window may stand still.
 constexpr double mostGapMs = 100;
-
-/// The user who may see and do everything.
-class Admin
-{
-public:
-    explicit Admin(const Bench &bench);
-    QLoadedUser *user() { return &m_user; }
-
-private:
-    QLoadedUser m_user;
-};
 
 /// The figures of one work: how long it takes, and under it how long its window stands still.
 QVector<Figure> workFigures(const QString &work, const Cost &cost, double goalMs,

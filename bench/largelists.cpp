@@ -1,5 +1,5 @@
 #include "large.h"
-#include "tabwindow.h"
+#include "windows.h"
 
 #include "goodsrules.h"
 #include "job.h"
@@ -46,20 +46,21 @@ qint64 selects(const Bench &bench)
                                         "VARIABLE_NAME='COM_SELECT'"));
 }
 
+void removeShops(const Bench &bench)
+{
+    exec(bench, QStringLiteral("DELETE FROM kassa WHERE id>10000"));
+    exec(bench, QStringLiteral("DELETE FROM shops WHERE id>1000"));
+}
+
 void addShops(const Bench &bench)
 {
+    removeShops(bench);
     exec(bench,
          QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT 1000+seq,"
                         "CONCAT('вул. Нова, ',seq),1,1,0 FROM seq_1_to_3000"));
     exec(bench,
          QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 10000+seq,1000+seq,"
                         "'Каса 1',0 FROM seq_1_to_3000"));
-}
-
-void removeShops(const Bench &bench)
-{
-    exec(bench, QStringLiteral("DELETE FROM kassa WHERE id>10000"));
-    exec(bench, QStringLiteral("DELETE FROM shops WHERE id>1000"));
 }
 } // namespace
 
@@ -69,7 +70,7 @@ QVector<Figure> measureLargeSearch(const Bench &bench)
     const QString text = QStringLiteral("молоко");
     const qint64 before = selects(bench);
     window.search(text);
-    // One of them asks for the number.
+    // One of them asks for the number. Before its list statement a tab asks when its tables were changed.
     const qint64 sent = selects(bench) - before - 1;
     BareClient bare(bench.address);
     const double share = ratio(
@@ -101,15 +102,11 @@ QVector<Figure> measureLargeStock(const Bench &bench)
 
 QVector<Figure> measureLargePdf(const Bench &bench)
 {
-    Large::Admin admin(bench);
+    Admin admin(bench);
     QZReport report(bench.connection, admin.user(), nullptr, nullptr);
-    report.resize(1400, 900);
-    report.show();
+    showWindow(&report);
     report.findChild<RangeSelector *>()->setDays(QDate(2000, 1, 1), QDate(2099, 1, 1));
-    QEventLoop loop;
-    QObject::connect(&report, &ReportWindow::loaded, &loop, &QEventLoop::quit);
-    report.load();
-    loop.exec();
+    loadReport(&report);
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("list.pdf"));
     report.list()->setFileChooser([&](const QString &) { return path; });
@@ -120,7 +117,7 @@ QVector<Figure> measureLargePdf(const Bench &bench)
 QVector<Figure> measureLargeCombo(const Bench &bench)
 {
     addShops(bench);
-    Large::Admin admin(bench);
+    Admin admin(bench);
     std::unique_ptr<QRegisterSale> tab;
     const Cost cost = costOf(
         [&] {

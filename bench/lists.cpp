@@ -1,6 +1,6 @@
 #include "bench.h"
 #include "cardstab.h"
-#include "tabwindow.h"
+#include "windows.h"
 
 #include "listpane.h"
 #include "qntableview.h"

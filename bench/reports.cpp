@@ -1,15 +1,12 @@
-#include "bench.h"
+#include "windows.h"
 
 #include "chekquery.h"
 #include "qchekviewer.h"
-#include "qloadeduser.h"
-#include "qrowmodel.h"
 #include "qzreport.h"
 #include "rangeselector.h"
 #include "zstatements.h"
 
 #include <QCheckBox>
-#include <QEventLoop>
 
 namespace {
 const int shifts = 108000;
@@ -35,28 +32,14 @@ void fillShifts(const Bench &bench)
             .arg(shifts - 1));
 }
 
-void awaitLoaded(ReportWindow *report)
-{
-    QEventLoop loop;
-    QObject::connect(report, &ReportWindow::loaded, &loop, &QEventLoop::quit);
-    report->load();
-    loop.exec();
-}
-
 /// From the statement to the painted report, against the statement alone.
 double reportRatio(const Bench &bench, ReportWindow *report, const QString &sql)
 {
-    report->resize(1400, 900);
-    report->show();
+    showWindow(report);
     BareClient bare(bench.address);
     return ratio(
         bench.rounds, [&] { return milliseconds([&] { bare.run(sql); }); },
-        [&] {
-            return milliseconds([&] {
-                awaitLoaded(report);
-                report->grab();
-            });
-        });
+        [&] { return milliseconds([&] { loadReport(report); }); });
 }
 
 double zReportRatio(const Bench &bench, QLoadedUser *user, bool summed)
@@ -93,12 +76,12 @@ QVector<Figure> measureReports(const Bench &bench)
     fillShifts(bench);
     exec(bench,
          QStringLiteral("INSERT IGNORE INTO lst_group(id_g_prem,id_group) SELECT 1,id FROM group_shop"));
-    QLoadedUser user(nullptr, nullptr);
-    user.load(bench.connection, QStringLiteral("1"), QStringLiteral("1"), QString());
-    return {{QStringLiteral("Z-reports, 108,000 x 13, to bare"), zReportRatio(bench, &user, false), 1.3,
+    Admin admin(bench);
+    QLoadedUser *user = admin.user();
+    return {{QStringLiteral("Z-reports, 108,000 x 13, to bare"), zReportRatio(bench, user, false), 1.3,
              QStringLiteral("x")},
-            {QStringLiteral("Z-reports summed, to bare"), zReportRatio(bench, &user, true), 1.1,
+            {QStringLiteral("Z-reports summed, to bare"), zReportRatio(bench, user, true), 1.1,
              QStringLiteral("x")},
-            {QStringLiteral("a month of 380,000 receipts, to bare"), monthRatio(bench, &user), 1.3,
+            {QStringLiteral("a month of 380,000 receipts, to bare"), monthRatio(bench, user), 1.3,
              QStringLiteral("x")}};
 }

@@ -29,14 +29,11 @@ void choose(QComboBox *box, DbId id)
 }
 } // namespace
 
-SaleDesk::SaleDesk(const Bench &bench, const Place &place) : m_user(nullptr, nullptr)
+SaleDesk::SaleDesk(const Bench &bench, const Place &place) : m_admin(bench)
 {
-    if (!m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString()))
-        qFatal("Nobody to sell");
     ActClock clock;
-    m_tab = std::make_unique<QRegisterSale>(bench.connection, &m_user, nullptr, nullptr, nullptr);
-    m_tab->resize(1200, 800);
-    m_tab->show();
+    m_tab = std::make_unique<QRegisterSale>(bench.connection, m_admin.user(), nullptr, nullptr, nullptr);
+    showWindow(m_tab.get());
     choosePlace(place);
     m_openingGapMs = clock.end().gapMs;
     m_barcodes = bench.db().firstColumn(barcodesStatement(place.shop)).value_or(QStringList());

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "act.h"
-#include "bench.h"
 
 #include "place.h"
-#include "qloadeduser.h"
+#include "windows.h"
 
 #include <QStringList>
 #include <memory>
@@ -40,7 +39,7 @@ private:
     int rowCount() const;
     QString notice() const;
 
-    QLoadedUser m_user;
+    Admin m_admin;
     std::unique_ptr<QRegisterSale> m_tab;
     QStringList m_barcodes;
     double m_openingGapMs = 0;

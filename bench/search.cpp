@@ -1,5 +1,5 @@
 #include "bench.h"
-#include "tabwindow.h"
+#include "windows.h"
 
 #include "goodsrules.h"
 #include "qtabgoods.h"

@@ -11,14 +11,20 @@
 
 namespace {
 const int shops = 10;
-const int registers = 30;
+/// Half a year of a register's trade.
+const int linesPerRegister = 16700;
 const int stockGoods = 2000;
 /// Of the receipts.
 const int days = 365;
 const QDate firstDay(2026, 1, 1);
 const Place soldAt = {0, 2002, 2001};
 
-/// Shops 2001 to 2010 with registers 2001 to 2030 and their stock.
+int registers(const Bench &bench)
+{
+    return qMax(3 * shops, bench.cards / linesPerRegister);
+}
+
+/// Shops 2001 to 2010 with their stock, and registers from 2001 on.
 void fillPlaces(const Bench &bench)
 {
     exec(bench,
@@ -28,7 +34,7 @@ void fillPlaces(const Bench &bench)
     exec(bench, QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 2000+seq,"
                                "2001+MOD(seq,%1),CONCAT('Каса ',seq),0 FROM seq_1_to_%2")
                     .arg(shops)
-                    .arg(registers));
+                    .arg(registers(bench)));
     exec(bench,
          QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods,count_showroom) SELECT 2000+s.seq,g.seq,"
                         "1000000 FROM seq_1_to_%1 s STRAIGHT_JOIN seq_1_to_%2 g")
@@ -46,7 +52,7 @@ void fillReceipts(const Bench &bench)
                     "2001+MOD(1+MOD(seq DIV 4,%1),%2),2001+MOD(seq DIV 4,%1),1,1+seq DIV 4 DIV %1,"
                     "MOD(seq,4),1,IF(MOD(seq,4)=3,3,1),1+MOD(seq,%3),'Молоко пшеничне','4820000000017',1000,"
                     "4250,4250,%4+INTERVAL seq*86400.0*%5/%6 SECOND FROM seq_0_to_%6")
-                    .arg(registers)
+                    .arg(registers(bench))
                     .arg(shops)
                     .arg(stockGoods)
                     .arg(lit(firstDay.toString(Qt::ISODate)))

@@ -6,18 +6,35 @@
 #include <QEventLoop>
 #include <memory>
 
-/// A table tab in a window of the usual size, as its user sees it.
+class ReportWindow;
+
+/// The user who may see and do everything.
+class Admin
+{
+public:
+    explicit Admin(const Bench &bench);
+    QLoadedUser *user() { return &m_user; }
+
+private:
+    QLoadedUser m_user;
+};
+
+/// Shows a window of the usual size.
+void showWindow(QWidget *window);
+
+/// Loads a report, to its painted rows.
+void loadReport(ReportWindow *report);
+
+/// A table tab as its user sees it.
 template<typename Tab>
 class TabWindow
 {
 public:
     /// Its first rows are painted.
-    explicit TabWindow(const Bench &bench) : m_user(nullptr, nullptr)
+    explicit TabWindow(const Bench &bench) : m_admin(bench)
     {
-        m_user.loadpermis(bench.connection, QStringLiteral("admin"), QString());
-        m_tab = std::make_unique<Tab>(bench.connection, &m_user, nullptr, nullptr, nullptr);
-        m_tab->resize(1400, 900);
-        m_tab->show();
+        m_tab = std::make_unique<Tab>(bench.connection, m_admin.user(), nullptr, nullptr, nullptr);
+        showWindow(m_tab.get());
         awaitRows();
     }
 
@@ -38,6 +55,6 @@ public:
     Tab *tab() const { return m_tab.get(); }
 
 private:
-    QLoadedUser m_user;
+    Admin m_admin;
     std::unique_ptr<Tab> m_tab;
 };
