@@ -135,16 +135,18 @@ QVector<Figure> measureMemory(const Bench &bench)
     CardsWindow window(bench);
     const double millions = bench.cards / 1e6;
     const auto grown = [&](const char *what, const QByteArray &kind, double goal) {
-        return Figure{QString::fromUtf8(what), processMegabytes(kind) - before, goal, QStringLiteral("MB")};
+        // A program that has painted a window has grown by some of it, however short its list.
+        return Figure{QString::fromUtf8(what), processMegabytes(kind) - before, qMax(30.0, goal * millions),
+                      QStringLiteral("MB")};
     };
-    QVector<Figure> figures = {grown("cards tab, loaded", "VmRSS", 150 * millions)};
+    QVector<Figure> figures = {grown("cards tab, loaded", "VmRSS", 150)};
     window.search(QString());
-    figures.append(grown("  loaded again", "VmRSS", 150 * millions));
-    figures.append(grown("  at the peak", "VmHWM", 400 * millions));
+    figures.append(grown("  loaded again", "VmRSS", 150));
+    figures.append(grown("  at the peak", "VmHWM", 400));
     window.search(QStringLiteral("Ґудзь"));
-    figures.append(grown("  searched, a seventh found", "VmRSS", 60 * millions));
+    figures.append(grown("  searched, a seventh found", "VmRSS", 60));
     window.close();
-    figures.append(grown("  closed", "VmRSS", 30 * millions));
+    figures.append(grown("  closed", "VmRSS", 30));
     return figures;
 }
 

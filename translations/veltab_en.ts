@@ -621,6 +621,10 @@ Wait or contact support.</translation>
         <source>Складено: %1</source>
         <translation>Made: %1</translation>
     </message>
+    <message>
+        <source>Сортується… Esc зупиняє.</source>
+        <translation>Sorting… Esc stops it.</translation>
+    </message>
 </context>
 <context>
     <name>ListPrinter</name>

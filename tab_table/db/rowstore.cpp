@@ -176,7 +176,8 @@ bool RowStore::isShared() const
 RowStore::Chunk RowStore::makeChunk(size_t bytes)
 {
     PageAllocator<char> pages;
-    return Chunk(pages.allocate(bytes), [pages, bytes](char *chunk) mutable { pages.deallocate(chunk, bytes); });
+    return Chunk(pages.allocate(bytes),
+                 [pages, bytes](char *chunk) mutable { pages.deallocate(chunk, bytes); });
 }
 
 char *RowStore::reserve(size_t bytes)

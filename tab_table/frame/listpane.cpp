@@ -228,8 +228,9 @@ void ListPane::tellTracker(const RowStore &times)
 {
     if (times.rowCount() == 0)
         return;
-    m_tasks->write([times](const Db &db) { return QUpdateBD().setRead(times, *db.connection(), db.receiver()); },
-                   [](bool /*isDone*/) {});
+    m_tasks->write(
+        [times](const Db &db) { return QUpdateBD().setRead(times, *db.connection(), db.receiver()); },
+        [](bool /*isDone*/) {});
 }
 
 /// Many rows were being sorted: they stay as they stand, or come as the server sent them.

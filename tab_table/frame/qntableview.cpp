@@ -24,8 +24,8 @@ QNTableView::QNTableView(QWidget *parent) : QTableView(parent)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
 }
 
-/// The header shows no selection. It would look at every row, each time it is painted, whether all of a column
-/// are selected: so it gets a selection of its own, an empty one.
+/// The header shows no selection. It would look at every row, each time it is painted, whether all of a
+/// column are selected: so it gets a selection of its own, an empty one.
 void QNTableView::setSelectionModel(QItemSelectionModel *selection)
 {
     QTableView::setSelectionModel(selection);

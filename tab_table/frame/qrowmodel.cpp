@@ -385,7 +385,8 @@ void QRowModel::sortAway(const RowSort &by)
     if (m_sorting == nullptr)
         m_sorting = new RowSorting(this);
     m_isChanged = false;
-    m_sorting->start(std::make_shared<RowStore>(m_rows), RowOrder(m_order), by, [this, by](RowOrder &&sorted) {
+    m_sorting->start(std::make_shared<RowStore>(m_rows), RowOrder(m_order), by,
+                     [this, by](RowOrder &&sorted) {
                          setOrder(m_isChanged ? withChanges(std::move(sorted)) : std::move(sorted), by);
                          emit sortingChanged();
                      });
@@ -412,7 +413,8 @@ RowOrder QRowModel::withChanges(RowOrder &&sorted) const
     for (int row = 0; row < rowCount(); ++row)
         isLeft[idAt(row)] = true;
     RowOrder order = std::move(sorted);
-    order.erase(std::remove_if(order.begin(), order.end(), [&](quint32 id) { return !isLeft[id]; }), order.end());
+    order.erase(std::remove_if(order.begin(), order.end(), [&](quint32 id) { return !isLeft[id]; }),
+                order.end());
     for (const quint32 id : order)
         isLeft[id] = false;
     for (int row = 0; row < rowCount(); ++row) {

@@ -222,10 +222,7 @@ public:
         , m_isStopped(isStopped)
     {
     }
-    bool isStopped() const
-    {
-        return m_isStopped != nullptr && m_isStopped->load(std::memory_order_relaxed);
-    }
+    bool isStopped() const { return m_isStopped != nullptr && m_isStopped->load(std::memory_order_relaxed); }
 
     void sort(Entry *first, Entry *last, int part)
     {

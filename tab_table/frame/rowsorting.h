@@ -23,8 +23,8 @@ public:
     /// As stop().
     ~RowSorting() override;
 
-    /// rows: nobody writes into them meanwhile; a copy shares the texts. order: as they stand, empty for as they
-    /// came. then comes from the event loop, unless this was stopped or started anew before.
+    /// rows: nobody writes into them meanwhile; a copy shares the texts. order: as they stand, empty for as
+    /// they came. then comes from the event loop, unless this was stopped or started anew before.
     void start(const std::shared_ptr<const RowStore> &rows, RowOrder &&order, const RowSort &by,
                const Then &then);
     /// Takes no longer than a moment.

@@ -209,7 +209,8 @@ void TstQueryService::lateKillIsRepeated()
         const auto one = asker();
         one->owner.ask({sql});
         QTRY_COMPARE(running(sql), 1);
-        m_base->exec(kill + m_base->value("SELECT ID FROM INFORMATION_SCHEMA.PROCESSLIST WHERE INFO=" + lit(sql)));
+        m_base->exec(kill +
+                     m_base->value("SELECT ID FROM INFORMATION_SCHEMA.PROCESSLIST WHERE INFO=" + lit(sql)));
         QTRY_VERIFY_WITH_TIMEOUT(one->hasAnswered(), 10000);
         const auto answer = one->answers.first();
         QVERIFY2(answer->error.isEmpty(), qPrintable(answer->error));

@@ -128,9 +128,11 @@ void TstLongLists::sortingLeavesTheWindowAlive()
     QVERIFY2(gap <= 50, qPrintable(QString::number(gap)));
     QCOMPARE(state(), QString("Записів: 100000"));
     // 7919 and 9973 have no common divisor: every 9973rd row has the same name, from row 9973 on.
-    QCOMPARE(m_list->model()->stored(10, Id), QString::number(m_base->value("SELECT seq FROM seq_1_to_9973 WHERE "
-                                                                            "seq*7919%9973=1")
-                                                                  .toInt()));
+    QCOMPARE(m_list->model()->stored(10, Id),
+             QString::number(m_base
+                                 ->value("SELECT seq FROM seq_1_to_9973 WHERE "
+                                         "seq*7919%9973=1")
+                                 .toInt()));
     QCOMPARE(first(Id), QString("9973"));
     QCOMPARE(m_list->model()->stored(9, Id), QString("99730"));
     const QModelIndex current = m_list->view()->currentIndex();

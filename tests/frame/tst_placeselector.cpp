@@ -5,8 +5,8 @@
 #include <QComboBox>
 #include <QSignalSpy>
 
-/// A place whose boxes are read away from the window: what is chosen before the rows have come, what stays, and
-/// what a failure leaves.
+/// A place whose boxes are read away from the window: what is chosen before the rows have come, what stays,
+/// and what a failure leaves.
 class TstPlaceSelector : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,8 @@ private:
 void TstPlaceSelector::initTestCase()
 {
     m_base = std::make_unique<FreshDatabase>(FreshDatabase::Empty);
-    m_base->exec({"CREATE TABLE g(name CHAR(20),id INT UNSIGNED)", "INSERT INTO g VALUES('Захід',2),('Схід',3)",
+    m_base->exec({"CREATE TABLE g(name CHAR(20),id INT UNSIGNED)",
+                  "INSERT INTO g VALUES('Захід',2),('Схід',3)",
                   "CREATE TABLE s(name CHAR(20),id INT UNSIGNED,g INT)",
                   "INSERT INTO s VALUES('А',10,2),('Б',11,2),('В',12,3)",
                   "CREATE TABLE k(name CHAR(20),id INT UNSIGNED,s INT)",
@@ -52,7 +53,8 @@ void TstPlaceSelector::init()
         place->refillShops(QString("SELECT name,id FROM s WHERE g=%1 OR 0=%1").arg(place->place().group));
     });
     connect(place, &PlaceSelector::shopChanged, place, [place](const QString &shop) {
-        place->refillRegisters("SELECT k.name FROM k JOIN s ON s.id=k.s WHERE s.name=:name", {{":name", shop}});
+        place->refillRegisters("SELECT k.name FROM k JOIN s ON s.id=k.s WHERE s.name=:name",
+                               {{":name", shop}});
     });
     refillGroups();
 }

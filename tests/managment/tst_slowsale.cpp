@@ -275,8 +275,8 @@ void TstSlowSale::handsWhileItIsWritten()
     QCOMPARE(in<QLineEdit>("leSearch")->text(), QStringLiteral("Хліб"));
     QCOMPARE(in<QDateEdit>("dateEdit")->date(), QDate::currentDate());
     pay();
-    QCOMPARE(written(), (QStringList{QStringLiteral("10*1000 =5000"),
-                                     QStringLiteral("13*1000 14*1000 13*1000 =6700")}));
+    QCOMPARE(written(),
+             (QStringList{QStringLiteral("10*1000 =5000"), QStringLiteral("13*1000 14*1000 13*1000 =6700")}));
 }
 
 /// The receipt stays as it was paid; what was scanned behind it is the next buyer's.

@@ -281,7 +281,8 @@ void TstQZReport::choiceOutlivesOtherRights()
     QCOMPARE(m_report->heading().at(1), QString("Північ О'Ніл, вул. Нова, '2', Каса \\1"));
     QCOMPARE(listed({0}), QStringList({"5", "6"}));
     // A group that may no longer be seen is not kept, and nothing of it is listed.
-    m_base->exec({"DELETE FROM lst_group WHERE id_group=2", "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,3)"});
+    m_base->exec(
+        {"DELETE FROM lst_group WHERE id_group=2", "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,3)"});
     QVERIFY(m_user->reload(m_base->connection()));
     load();
     QCOMPARE(m_report->heading().at(1), QString("усі магазини"));
