@@ -1,5 +1,6 @@
 #include "screenshots.h"
 
+#include "dbtasks.h"
 #include "page.h"
 #include "qmessdlg.h"
 #include "qseluser.h"
@@ -36,9 +37,11 @@ void workUntil(const std::function<bool()> &done, int limitMs)
     while (!done() && clock.elapsed() < limitMs);
 }
 
+/// So long, and until nothing is read or written.
 void workFor(int ms)
 {
     workUntil([] { return false; }, ms);
+    workUntil([] { return DbTasks::isIdle(); }, tabLimitMs);
 }
 
 void waitForRows(QWidget *widget)
@@ -193,21 +196,23 @@ void Screenshots::takeEditors(QWidget *page, const QString &name)
     takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
 }
 
+/// The window that a command opens, sooner or later, as soon as it has been filled; some open none here.
 void Screenshots::takeModal(const QString &name, const std::function<void()> &act)
 {
     bool isTaken = false;
-    QTimer::singleShot(300, this, [this, name, &isTaken] {
-        QWidget *modal = QApplication::activeModalWidget();
-        if (modal == nullptr)
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (modal == nullptr || isTaken || !DbTasks::isIdle())
             return;
         isTaken = true;
         save(modal, name);
-        static_cast<QDialog *>(modal)->reject();
+        modal->reject();
     });
+    look.start(300);
     act();
-    // A command that opens nothing here leaves its timer behind: let it run out.
     if (!isTaken)
-        workFor(350);
+        workFor(650);
 }
 
 QString Screenshots::fileFor(const QString &name)
