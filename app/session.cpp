@@ -346,11 +346,10 @@ void Session::lookForUser(DbTasks *tasks, QSelUser *dialog, Entrant *found)
     tasks->read([name = dialog->login(), identifier = dialog->identifier(),
                  isCard = dialog->isCard()](const Db &db) { return find(db, name, identifier, isCard); },
                 [this, dialog, found](const std::optional<Entrant> &entrant) {
-                    if (entrant)
-                        *found = *entrant;
-                    else
-                        tellWhyNobody(dialog);
+                    *found = entrant.value_or(Entrant());
                     dialog->answer(entrant.has_value());
+                    if (!entrant)
+                        tellWhyNobody(dialog);
                     if (!entrant && m_isUnattended)
                         dialog->reject();
                 });
@@ -366,7 +365,7 @@ std::optional<Session::Entrant> Session::find(const Db &db, const QString &name,
     return Entrant{*rights, nameSename(db, rights->idUser.toInt())};
 }
 
-/// What was reported is shown before the dialog goes on. A lost server is reported once: then its words do.
+/// What was reported is shown over the dialog. A lost server is reported once: then its words do.
 void Session::tellWhyNobody(QWidget *dialog)
 {
     if (m_isLost)

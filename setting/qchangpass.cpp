@@ -108,7 +108,7 @@ void QChangPass::tell(Outcome outcome)
 void QChangPass::done(int result)
 {
     if (m_tasks.isWaiting())
-        ui->labelWait->setText(tr("Пароль ще записується. Зачекайте."));
+        m_note->say(tr("Пароль ще записується. Зачекайте."));
     else
         QDialog::done(result);
 }

@@ -6,10 +6,7 @@ WaitNote::WaitNote(QLabel *label, QObject *parent) : QObject(parent), m_label(la
 {
     m_delay.setSingleShot(true);
     m_delay.setInterval(delayMs);
-    connect(&m_delay, &QTimer::timeout, this, [this] {
-        if (m_label != nullptr)
-            m_label->setText(m_words);
-    });
+    connect(&m_delay, &QTimer::timeout, this, [this] { say(m_words); });
 }
 
 void WaitNote::begin(const QString &words)
@@ -18,9 +15,14 @@ void WaitNote::begin(const QString &words)
     m_delay.start();
 }
 
-void WaitNote::end()
+void WaitNote::say(const QString &words)
 {
     m_delay.stop();
     if (m_label != nullptr)
-        m_label->clear();
+        m_label->setText(words);
+}
+
+void WaitNote::end()
+{
+    say(QString());
 }

@@ -19,6 +19,8 @@ public:
     WaitNote(QLabel *label, QObject *parent);
 
     void begin(const QString &words);
+    /// At once: the answer to a hand that does not want to wait.
+    void say(const QString &words);
     void end();
 
 private:

@@ -7,6 +7,7 @@
 #include "qseluser.h"
 #include "setting.h"
 #include "settingfile.h"
+#include "waitnote.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -426,6 +427,7 @@ void TstLogin::closingWaitsForThePassword()
                                       pressKeys({Qt::Key_Return, Qt::Key_Return});
                                       typeText("two");
                                       pressKeys({Qt::Key_Escape});
+                                      QTest::qWait(2 * WaitNote::delayMs);
                                       QVERIFY(shown->isVisible());
                                       QCOMPARE(child<QLabel>(shown, "labelWait")->text(),
                                                QString("Пароль ще записується. Зачекайте."));
