@@ -23,7 +23,8 @@ constexpr int fairLine = 40;
 constexpr int mostLines = 12;
 /// Looked up again rather than broken into lines again.
 constexpr int mostBroken = 20000;
-constexpr int rowsBetween = 1024;
+/// Rows that are measured between two questions whether to go on: some milliseconds at most.
+constexpr int rowsBetween = 64;
 
 QString textOf(const ListSnapshot &list, int row, int column)
 {

@@ -2,6 +2,7 @@
 
 #include "csvexport.h"
 #include "dbtasks.h"
+#include "job.h"
 #include "listprinter.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -12,7 +13,9 @@
 #include "rowsorting.h"
 #include "waitcursor.h"
 
+#include <QClipboard>
 #include <QDateTime>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -28,6 +31,10 @@ namespace {
 /// A selection of more rows is not taken along when the rows get another order: each would be a range of its
 /// own.
 const int mostSelectedSorted = 1000;
+/// So many rows are copied without anybody noticing.
+const int mostCopiedAtOnce = 1000;
+/// More of them are no use to another program's clipboard.
+const int mostCopied = 100000;
 } // namespace
 
 ListPane::ListPane(QWidget *parent)
@@ -260,24 +267,66 @@ void ListPane::followSorting()
 void ListPane::thinOutSelection()
 {
     QItemSelectionModel *selected = m_view->selectionModel();
-    int rows = 0;
-    const QItemSelection ranges = selected->selection();
-    for (const QItemSelectionRange &range : ranges)
-        rows += range.height();
-    const bool isAll = ranges.size() == 1 && rows == m_model->rowCount();
-    if (rows > mostSelectedSorted && !isAll)
+    const int rows = m_view->selectedCount();
+    if (rows > mostSelectedSorted && rows < m_model->rowCount())
         selected->select(selected->currentIndex(),
                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 bool ListPane::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isEscape =
-        event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
-    if (watched != m_view || !isEscape || !(m_model->isSorting() || m_arrived))
+    if (watched != m_view || event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
+    const auto &key = *static_cast<QKeyEvent *>(event);
+    return stopsSorting(key) || copiesMany(key);
+}
+
+bool ListPane::stopsSorting(const QKeyEvent &key)
+{
+    if (key.key() != Qt::Key_Escape || !(m_model->isSorting() || m_arrived))
+        return false;
     stopSorting();
     return true;
+}
+
+bool ListPane::copiesMany(const QKeyEvent &key)
+{
+    const int rows = m_view->selectedCount();
+    if (!key.matches(QKeySequence::Copy) || rows <= mostCopiedAtOnce)
+        return false;
+    if (rows > mostCopied)
+        postMessage(m_receiver,
+                    tr("Вибрано рядків: %1. Копіюється не більше ніж %2: довші списки зберігайте у CSV або PDF.")
+                        .arg(rows)
+                        .arg(mostCopied));
+    else
+        copyInBackground();
+    return true;
+}
+
+/// The clipboard keeps what it has until all rows are there.
+void ListPane::copyInBackground()
+{
+    const ListSnapshot list(*m_model, m_view, ListSnapshot::AsShown);
+    const QVector<int> rows = m_view->selectedRows();
+    auto *job = new Job(
+        tr("Копіювання рядків: %1").arg(rows.size()), QString(),
+        [list, rows](JobContext &context) {
+            const QString text = copiedText(list, rows, [&context](qint64 done, qint64 of) {
+                context.progress(done, of);
+                return !context.isCancelled();
+            });
+            return JobResult{JobResult::Done, tr("Скопійовано рядків: %1.").arg(rows.size()), text};
+        },
+        m_receiver);
+    connect(job, &Job::finished, job, [job, receiver = m_receiver](const JobResult &result) {
+        if (result.outcome == JobResult::Done) {
+            QGuiApplication::clipboard()->setText(result.value.toString());
+            postMessage(receiver, result.words, QMessEvent::Information);
+        }
+        job->deleteLater();
+    });
+    job->start();
 }
 
 void ListPane::clear()

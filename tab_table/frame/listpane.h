@@ -12,6 +12,7 @@
 
 class DbTasks;
 class QAbstractItemModel;
+class QKeyEvent;
 class QLabel;
 class QLoadedUser;
 class QNTableView;
@@ -109,7 +110,7 @@ public:
     bool exportCsv(const QString &code, const QString &path) const;
 
 protected:
-    /// Escape in the list stops a sorting.
+    /// Escape in the list stops a sorting; many rows are copied in the background.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 public slots:
@@ -140,6 +141,9 @@ private:
     void stopSorting();
     void followSorting();
     void thinOutSelection();
+    bool stopsSorting(const QKeyEvent &key);
+    bool copiesMany(const QKeyEvent &key);
+    void copyInBackground();
     void showCount();
     void showState(const QString &text, bool isLoading);
     PrintedList printed() const;

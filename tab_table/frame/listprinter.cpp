@@ -4,6 +4,7 @@
 #include "listpages.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QPaintEngine>
 #include <QPainter>
@@ -25,6 +26,8 @@ constexpr double marginMillimetres = 12;
 constexpr int longestFileName = 120;
 /// A preview that takes longer shows how far it is.
 constexpr int patienceMs = 500;
+/// It lets the window live so often.
+constexpr int sliceMs = 15;
 /// How far the rows are read, and laid out: the rest is painting. In per mille of the work.
 constexpr int readPart = 100;
 constexpr int layOutPart = 250;
@@ -117,11 +120,15 @@ public:
     {
         m_dialog.setWindowModality(Qt::ApplicationModal);
         m_dialog.setMinimumDuration(patienceMs);
+        m_slice.start();
     }
 
     bool mayGoOn(qint64 done, qint64 of)
     {
+        if (m_slice.elapsed() < sliceMs)
+            return true;
         m_dialog.setValue(static_cast<int>(whole * done / of));
+        m_slice.start();
         return !m_dialog.wasCanceled();
     }
     ListProgress progress()
@@ -131,6 +138,7 @@ public:
 
 private:
     QProgressDialog m_dialog;
+    QElapsedTimer m_slice;
 };
 } // namespace
 

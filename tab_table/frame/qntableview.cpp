@@ -1,6 +1,6 @@
 #include "qntableview.h"
 
-#include "listcolumns.h"
+#include "listsnapshot.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <numeric>
 
 QNTableView::QNTableView(QWidget *parent) : QTableView(parent)
 {
@@ -64,26 +65,34 @@ void QNTableView::fillWidth()
     setColumnWidth(m_mainColumn, free < m_leastMainWidth ? m_wantedMainWidth : free);
 }
 
-QString QNTableView::selectedText() const
+int QNTableView::selectedCount() const
 {
-    const QVector<int> columns = shownColumns(this);
+    int rows = 0;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection)
+        rows += range.height();
+    return rows;
+}
+
+QVector<int> QNTableView::selectedRows() const
+{
     QVector<int> rows;
+    rows.reserve(selectedCount());
     const QItemSelection selection = selectionModel()->selection();
     for (const QItemSelectionRange &range : selection) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.append(row);
+        rows.resize(rows.size() + range.height());
+        std::iota(rows.end() - range.height(), rows.end(), range.top());
     }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    QString text;
-    for (const int row : qAsConst(rows)) {
-        for (const int column : columns) {
-            // A text must not look like several cells.
-            text += model()->index(row, column).data().toString().simplified();
-            text += column == columns.constLast() ? QLatin1Char('\n') : QLatin1Char('\t');
-        }
+    if (selection.size() > 1) {
+        std::sort(rows.begin(), rows.end());
+        rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     }
-    return text;
+    return rows;
+}
+
+QString QNTableView::selectedText() const
+{
+    return copiedText(ListSnapshot(*model(), this, ListSnapshot::AsShown), selectedRows());
 }
 
 void QNTableView::keyPressEvent(QKeyEvent *event)

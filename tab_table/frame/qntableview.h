@@ -17,6 +17,8 @@ public:
     QString emptyText() const { return m_emptyText; }
     /// The selected rows as text: a line each, the shown cells separated by tabs, from left to right.
     QString selectedText() const;
+    QVector<int> selectedRows() const;
+    int selectedCount() const;
 
     /// The column that takes the width the others leave free; -1 for none. It is never narrower than it is
     /// now, except that it gives way as far as leastWidth where the list fits without a scroll bar then.

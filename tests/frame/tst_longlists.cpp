@@ -6,6 +6,7 @@
 #include "qntableview.h"
 #include "qrowmodel.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QHeaderView>
 #include <QLabel>
@@ -52,6 +53,7 @@ private slots:
     void rowsArriveSorted();
     void csvTakesTheShownOrder();
     void largeSelections();
+    void manyRowsAreCopied();
     void memoryGoesBack();
 
 private:
@@ -290,6 +292,31 @@ void TstLongLists::largeSelections()
     QVERIFY(isSorted());
     QVERIFY2(beat.longestGap() <= 50, qPrintable(QString::number(beat.longestGap())));
     QVERIFY(selected->isRowSelected(0, {}) && selected->isRowSelected(rowCount - 1, {}));
+}
+
+void TstLongLists::manyRowsAreCopied()
+{
+    const auto clipboard = [] { return QGuiApplication::clipboard()->text(); };
+    header()->moveSection(Price, 0);
+    Heartbeat beat;
+    pressKeys({Qt::CTRL + Qt::Key_A, Qt::CTRL + Qt::Key_C});
+    // What is copied is what was shown then.
+    m_list->view()->sortByColumn(Id, Qt::DescendingOrder);
+    waitOutJobs();
+    QVERIFY2(beat.longestGap() <= 50, qPrintable(QString::number(beat.longestGap())));
+    const QStringList lines = clipboard().split('\n');
+    QCOMPARE(lines.size(), rowCount + 1);
+    // 3 * 104729 % 99991 = 14214
+    QCOMPARE(lines.at(2), QString("142.14\t3\tТовар %1").arg(3 * 7919 % 9973));
+    QCOMPARE(lines.at(3).section('\t', 0, 1), QString("\t4"));
+    QVERIFY(m_base->heard.has("Скопійовано рядків: 100000."));
+    m_base->heard.forget();
+    QVERIFY(isSorted());
+    load(QString(manyRows).replace("100000", "100001"));
+    pressKeys({Qt::CTRL + Qt::Key_A, Qt::CTRL + Qt::Key_C});
+    QVERIFY(m_base->heard.has("Вибрано рядків: 100001. Копіюється не більше ніж 100000"));
+    QCOMPARE(clipboard().split('\n').size(), rowCount + 1);
+    m_base->heard.forget();
 }
 
 void TstLongLists::memoryGoesBack()
