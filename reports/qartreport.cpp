@@ -81,7 +81,7 @@ QArtReport::~QArtReport() = default;
 void QArtReport::setUpList()
 {
     takeList(ui->listArticles, ui->pbLoad, ui->pbStop);
-    breakCaptions();
+    list()->breakCaptions();
     setColumns({{tr("Початковий код"), 5, &asNumber},
                 {tr("штрихкод"), 14},
                 {tr("назва"), 41},

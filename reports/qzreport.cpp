@@ -49,7 +49,7 @@ QZReport::~QZReport() = default;
 void QZReport::buildList()
 {
     takeList(ui->listShifts, ui->pbLoad, ui->pbStop);
-    breakCaptions();
+    list()->breakCaptions();
     const int money = 10;
     const int count = 5;
     setColumns({{tr("Z-звіт"), count, &asNumber},

@@ -9,11 +9,9 @@
 #include "qqestion.h"
 #include "shopgroups.h"
 
-#include <QHeaderView>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QStyle>
 
 ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
     : QMainWindow(parent), m_db(db), m_user(user), m_mainWindow(mainWindow), m_seen(newTasks())
@@ -48,14 +46,6 @@ void ReportWindow::takeList(ListPane *list, QPushButton *pbLoad, QPushButton *pb
     connect(list, &ListPane::rowsShown, this, &ReportWindow::describeRows);
     connect(list, &ListPane::loaded, this, &ReportWindow::loaded);
     connect(list, &ListPane::failed, this, &ReportWindow::loaded);
-}
-
-void ReportWindow::breakCaptions()
-{
-    QHeaderView *header = view()->horizontalHeader();
-    header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
-    const int margin = header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
-    header->setMinimumHeight(2 * (header->fontMetrics().lineSpacing() + margin));
 }
 
 void ReportWindow::setColumns(const QVector<Column> &columns)

@@ -57,8 +57,6 @@ protected:
     /// Makes the form's list that of this report. pbLoad is disabled while loading, stopping is offered
     /// beside it.
     void takeList(ListPane *list, QPushButton *pbLoad, QPushButton *pbStop);
-    /// Before setColumns(): captions may take two lines, for lists of many columns.
-    void breakCaptions();
     /// The columns in the order of the SELECT; what the user has made of them before comes back.
     void setColumns(const QVector<Column> &columns);
     /// Fills the places with what the user may see: now, and again when that has changed. shopsOf refills the

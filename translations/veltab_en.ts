@@ -579,6 +579,14 @@ Wait or contact support.</translation>
         <source>Стовпці як с&amp;початку</source>
         <translation>Columns as at &amp;first</translation>
     </message>
+    <message>
+        <source>Клацніть, щоб відсортувати. Стовпці списку: права кнопка миші або Shift+F10 у списку.</source>
+        <translation>Click to sort. Columns of the list: right mouse button, or Shift+F10 in the list.</translation>
+    </message>
+    <message>
+        <source>Стовпці списку</source>
+        <translation>Columns of the list</translation>
+    </message>
 </context>
 <context>
     <name>ListPages</name>
@@ -624,6 +632,18 @@ Wait or contact support.</translation>
     <message>
         <source>Сортується… Esc зупиняє.</source>
         <translation>Sorting… Esc stops it.</translation>
+    </message>
+    <message>
+        <source>Вибрано рядків: %1. Копіюється не більше ніж %2: довші списки зберігайте у CSV або PDF.</source>
+        <translation>Rows selected: %1. No more than %2 are copied: save longer lists as CSV or PDF.</translation>
+    </message>
+    <message>
+        <source>Копіювання рядків: %1</source>
+        <translation>Copying rows: %1</translation>
+    </message>
+    <message>
+        <source>Скопійовано рядків: %1.</source>
+        <translation>Rows copied: %1.</translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,9 @@
 #include "qntableview.h"
 #include "userstate.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <algorithm>
 #include <numeric>
@@ -21,6 +23,14 @@ QVector<int> numbersOf(const QString &text)
     return numbers;
 }
 
+bool isShiftF10(const QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto *key = static_cast<const QKeyEvent *>(event);
+    return key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier;
+}
+
 /// Whether captions may take several lines, as where there are too many columns for the page.
 bool isBroken(const QHeaderView *header)
 {
@@ -32,15 +42,35 @@ ListColumns::ListColumns(QNTableView *view) : m_view(view)
 {
     QHeaderView *header = view->horizontalHeader();
     header->setSectionsMovable(true);
+    header->setToolTip(
+        tr("Клацніть, щоб відсортувати. Стовпці списку: права кнопка миші або Shift+F10 у списку."));
     header->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint &place) {
-        // Of a grid whose columns come and go there is nothing to choose.
-        if (m_columns.isEmpty())
-            return;
-        QMenu menu(m_view);
-        fillMenu(&menu);
-        menu.exec(header->mapToGlobal(place));
-    });
+    connect(header, &QWidget::customContextMenuRequested, this,
+            [this, header](const QPoint &place) { openMenu(header->mapToGlobal(place)); });
+    view->installEventFilter(this);
+}
+
+void ListColumns::openMenu(const QPoint &place)
+{
+    // Of a grid whose columns come and go there is nothing to choose.
+    if (m_columns.isEmpty())
+        return;
+    QMenu menu(m_view);
+    menu.setAccessibleName(tr("Стовпці списку"));
+    fillMenu(&menu);
+    menu.exec(place);
+}
+
+/// The keyboard has the menu too: under the captions.
+bool ListColumns::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isMenuKey = event->type() == QEvent::ContextMenu &&
+                           static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard;
+    if (watched != m_view || !(isMenuKey || isShiftF10(event)))
+        return QObject::eventFilter(watched, event);
+    const QHeaderView *header = m_view->horizontalHeader();
+    openMenu(header->mapToGlobal(header->rect().bottomLeft()));
+    return true;
 }
 
 ListColumns::~ListColumns()

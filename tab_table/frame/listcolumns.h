@@ -10,7 +10,8 @@ class QNTableView;
 class QTableView;
 
 /// The columns of a grid as its user has them: how wide, in which order, which of them, sorted by what.
-/// Remembered between two starts; the menu of the header chooses. For a grid with any model.
+/// Remembered between two starts; the menu of the header chooses, by keyboard with Shift+F10 or the menu key
+/// in the grid. For a grid with any model.
 class ListColumns : public QObject
 {
     Q_OBJECT
@@ -28,7 +29,11 @@ public:
     /// Which columns are seen, the order of the server, everything as at first.
     void fillMenu(QMenu *menu);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void openMenu(const QPoint &place);
     int digitWidth() const;
     int captionWidth(int column) const;
     void setWidths();

@@ -24,6 +24,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSqlDatabase>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
@@ -101,6 +102,14 @@ void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver
 void ListPane::expectLongLoads()
 {
     m_queries->setLong(true);
+}
+
+void ListPane::breakCaptions()
+{
+    QHeaderView *header = m_view->horizontalHeader();
+    header->setDefaultAlignment(Qt::AlignCenter | Qt::Alignment(Qt::TextWordWrap));
+    const int margin = header->style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header);
+    header->setMinimumHeight(2 * (header->fontMetrics().lineSpacing() + margin));
 }
 
 void ListPane::setColumns(const QVector<Column> &columns, const QString &key)
@@ -295,10 +304,11 @@ bool ListPane::copiesMany(const QKeyEvent &key)
     if (!key.matches(QKeySequence::Copy) || rows <= mostCopiedAtOnce)
         return false;
     if (rows > mostCopied)
-        postMessage(m_receiver,
-                    tr("Вибрано рядків: %1. Копіюється не більше ніж %2: довші списки зберігайте у CSV або PDF.")
-                        .arg(rows)
-                        .arg(mostCopied));
+        postMessage(
+            m_receiver,
+            tr("Вибрано рядків: %1. Копіюється не більше ніж %2: довші списки зберігайте у CSV або PDF.")
+                .arg(rows)
+                .arg(mostCopied));
     else
         copyInBackground();
     return true;

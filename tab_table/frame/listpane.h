@@ -41,6 +41,8 @@ public:
     void open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver);
     /// Its statements may take many seconds, as a report's do.
     void expectLongLoads();
+    /// Before setColumns(): captions may take two lines, for lists of many columns.
+    void breakCaptions();
     /// The columns in the order of the SELECT; key: the list's name among all lists.
     void setColumns(const QVector<Column> &columns, const QString &key);
 

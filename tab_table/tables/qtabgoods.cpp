@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "db.h"
 #include "goodsrules.h"
+#include "listpane.h"
 #include "permittedlists.h"
 #include "qaddedtgoods.h"
 #include "qntableview.h"
@@ -27,6 +28,7 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
         "LEFT JOIN type_goods ON goods.type=type_goods.id LEFT JOIN group_goods ON "
         "goods.group_g=group_goods.id LEFT JOIN tax ON goods.tax=tax.id LEFT JOIN yesno AS ynbon_disk ON "
         "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id");
+    list()->breakCaptions();
     setColumns({{tr("Код"), 8, &asNumber},
                 {tr("Штрихкод"), 14},
                 {tr("Назва товару"), 42},

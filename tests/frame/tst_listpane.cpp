@@ -40,6 +40,7 @@ private slots:
 
     void columnsAreRemembered();
     void columnsOfAnotherUserAreHisOwn();
+    void columnsAreChosenByKeyboard();
     void lastColumnStays();
     void unsortedAndAsAtFirst();
 
@@ -254,6 +255,30 @@ void TstListPane::columnsOfAnotherUserAreHisOwn()
     QVERIFY(m_user->load(m_base->connection(), "1", "1", QString()));
     open();
     QCOMPARE(captions(), QStringList({"Код", "Назва"}));
+}
+
+void TstListPane::columnsAreChosenByKeyboard()
+{
+    load();
+    m_list->view()->setFocus();
+    const auto inMenu = [](std::initializer_list<Qt::Key> keys) {
+        QTimer::singleShot(50, qApp, [keys = std::vector<Qt::Key>(keys)] {
+            for (const Qt::Key key : keys) {
+                if (QWidget *menu = QApplication::activePopupWidget(); menu != nullptr)
+                    QTest::keyClick(menu, key);
+            }
+        });
+    };
+    inMenu({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
+    pressKeys({Qt::SHIFT + Qt::Key_F10});
+    QCOMPARE(captions(), QStringList({"Код", "Ціна"}));
+    inMenu({Qt::Key_Down, Qt::Key_Escape});
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {20, 20});
+    QApplication::sendEvent(m_list->view(), &menuKey);
+    QCOMPARE(captions(), QStringList({"Код", "Ціна"}));
+    inMenu({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
+    QApplication::sendEvent(m_list->view(), &menuKey);
+    QCOMPARE(captions(), QStringList({"Код", "Назва", "Ціна"}));
 }
 
 void TstListPane::lastColumnStays()
