@@ -38,6 +38,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     orderTabs();
     salemode();
     ui->place->setUp(m_work);
+    ui->shift->refresh();
     showRights();
 }
 
