@@ -1,5 +1,6 @@
 #include "placebar.h"
 
+#include "heartbeat.h"
 #include "qloadeduser.h"
 #include "saleshop.h"
 #include "salework.h"
@@ -21,6 +22,7 @@ private slots:
     void offersWhereTheUserMaySell();
     void whatMayNotBeLeftStays();
     void comesBackWithTheServer();
+    void ofALargeChain();
     void followsTheClock();
 
 private:
@@ -136,6 +138,23 @@ void TstPlaceBar::comesBackWithTheServer()
     waitOutTasks();
     QVERIFY(m_bar->isChosen());
     m_base->heard.forget();
+}
+
+/// The window takes keys while three thousand shops come, and the own one is found among them.
+void TstPlaceBar::ofALargeChain()
+{
+    m_base->exec(
+        QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT seq,CONCAT("
+                       "'А ',seq),2,1,0 FROM seq_1001_to_4200"));
+    Heartbeat heart;
+    heart.restart();
+    m_bar->fillShops();
+    waitOutTasks();
+    const qint64 gap = heart.longestGap();
+    m_base->exec(QStringLiteral("DELETE FROM shops WHERE id>1000"));
+    QCOMPARE(m_shops->count(), 3202);
+    QCOMPARE(m_bar->place().shop, QStringLiteral("1"));
+    QVERIFY2(gap <= 100, qPrintable(QString::number(gap)));
 }
 
 /// Today's date goes on with the night, another one does not; it is coloured.

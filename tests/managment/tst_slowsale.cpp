@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 
 namespace {
 const char *const bread = "4820000000109";
@@ -39,6 +40,7 @@ private slots:
     void handsWhileItIsWritten();
     void scannedBehindAFailure();
     void scansOfAnOpeningTab();
+    void leftBehindAScan();
     void silentWhileItIsWritten();
     void closingMeanwhile();
     void rightsGoMeanwhile();
@@ -328,6 +330,34 @@ void TstSlowSale::scansOfAnOpeningTab()
     const qint64 gap = heart.longestGap();
     QCOMPARE(written(), QStringList());
     QVERIFY2(gap <= 150, qPrintable(QString::number(gap)));
+}
+
+/// The receipt is not lost because its item was on its way: the tab is closed again when that has come.
+void TstSlowSale::leftBehindAScan()
+{
+    QTabWidget tabs;
+    tabs.addTab(m_tab.get(), QString());
+    const auto close = [&] {
+        if (m_tab->mayClose())
+            m_tab.reset();
+    };
+    connect(m_tab.get(), &QRegisterSale::closeWanted, this, close, Qt::QueuedConnection);
+    tabs.show();
+    tabs.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&tabs));
+    in<QLineEdit>("leSearch")->setFocus();
+    m_proxy->setDelay(25);
+    const auto scanAndClose = [&] {
+        scanAll({bread});
+        close();
+        QVERIFY(m_tab != nullptr);
+        waitOutTasks();
+        QTest::qWait(10);
+    };
+    QVERIFY(answerConfirm(scanAndClose, false).contains(QStringLiteral("чек ще не оплачено")));
+    QCOMPARE(shownRows(), QStringLiteral("10*1"));
+    QVERIFY(!answerConfirm(close, true).isEmpty());
+    QVERIFY(m_tab == nullptr);
 }
 
 /// The window is alive, the end is unclear, and the server is asked before anything else: in the end there is
