@@ -116,8 +116,8 @@ QStringList forShift(const QStringList &statements, const QString &zNumber)
 
 } // namespace
 
-/// From the closing form's OK to the word that the shift is closed; how much longer that is than its statements
-/// alone, as a ratio it would only tell of noise; and how long the window took no key meanwhile.
+/// From the closing form's OK to the word that the shift is closed; how much longer that is than its
+/// statements alone, as a ratio it would only tell of noise; and how long the window took no key meanwhile.
 QVector<Figure> measureClosing(const Bench &bench)
 {
     if (!fillShop(bench.db()))

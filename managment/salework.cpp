@@ -4,20 +4,16 @@
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
+#include "waitnote.h"
 
 #include <utility>
-
-namespace {
-/// What is over sooner is not told: it would only flash.
-constexpr int wordsAfterMs = 150;
-} // namespace
 
 SaleWork::SaleWork(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *tab, const char *file,
                    int line)
     : QObject(tab), m_db(db), m_user(user), m_receiver(receiver), m_tab(tab), m_caller{file, line}
 {
     m_wordsDelay.setSingleShot(true);
-    m_wordsDelay.setInterval(wordsAfterMs);
+    m_wordsDelay.setInterval(WaitNote::delayMs);
     connect(&m_wordsDelay, &QTimer::timeout, this, [this] {
         m_areWordsTold = true;
         tell(m_words);

@@ -7,19 +7,16 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
+#include "waitnote.h"
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
-/// What is read sooner is not told: it would only flash.
-constexpr int readingAfterMs = 150;
 } // namespace
 
 ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ShiftBar>())
 {
     ui->setupUi(this);
-    m_readingNote.setSingleShot(true);
-    m_readingNote.setInterval(readingAfterMs);
-    connect(&m_readingNote, &QTimer::timeout, this, [this] { ui->lbShift->setText(tr("Читається…")); });
+    m_reading = new WaitNote(ui->lbShift, this);
     connect(ui->pbCloseZ, &QPushButton::clicked, this, &ShiftBar::closeShift);
     connect(ui->pbPeriod, &QPushButton::clicked, this, &ShiftBar::closePeriodAlone);
 }
@@ -58,12 +55,12 @@ void ShiftBar::refresh()
     if (!m_work->user()->isLoaded())
         return;
     m_looks->drop();
-    m_readingNote.start();
+    m_reading->begin(tr("Читається…"));
     // What is being read there tells when it has come.
     if (m_place->isReading())
         return;
     if (!m_place->isChosen()) {
-        m_readingNote.stop();
+        m_reading->end();
         ui->lbShift->setText(whyNoPlace());
         return;
     }
@@ -74,7 +71,7 @@ void ShiftBar::refresh()
 
 void ShiftBar::show(const ShiftState &state)
 {
-    m_readingNote.stop();
+    m_reading->end();
     if (!state.z)
         ui->lbShift->setText(tr("Стан зміни невідомий."));
     else if (state.z->number.isEmpty())

@@ -11,6 +11,7 @@ class ShiftBar;
 }
 class DbTasks;
 class PlaceBar;
+class WaitNote;
 
 /// The shift of the chosen register: what is known of it, and how it and the shop's trading period are
 /// closed, a step after the other: the server is asked, then the user, then the closing is written.
@@ -65,7 +66,7 @@ private:
     PlaceBar *m_place = nullptr;
     DbTasks *m_looks = nullptr;
     DbTasks *m_tasks = nullptr;
-    QTimer m_readingNote;
+    WaitNote *m_reading;
     std::function<void(const Act &close)> m_guard;
     std::function<QString()> m_refusal;
     /// The shift during which the period was closed: its closing does not ask for that again.

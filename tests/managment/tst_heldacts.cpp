@@ -83,7 +83,8 @@ void TstHeldActs::whatDoesNotCome()
     QCOMPARE(m_done, QStringList{QStringLiteral("-pay")});
     m_acts->decide(note(QStringLiteral("later")));
     m_acts->come(true);
-    QCOMPARE(m_done, (QStringList{QStringLiteral("-pay"), QStringLiteral("-close"), QStringLiteral("later")}));
+    QCOMPARE(m_done,
+             (QStringList{QStringLiteral("-pay"), QStringLiteral("-close"), QStringLiteral("later")}));
     QCOMPARE(m_first->text(), QString());
 }
 
