@@ -8,9 +8,10 @@
 #include "reportformats.h"
 #include "shopgroups.h"
 
-#include <QHash>
 #include <QRegularExpressionValidator>
 #include <algorithm>
+#include <unordered_map>
+#include <vector>
 
 namespace {
 enum ArtColumn { Code, Barcode, Name, Price, Count, Sum, Discount, Day, IsNoWeight };
@@ -20,7 +21,7 @@ constexpr int topCount = 10;
 qint64 units(const QRowModel *model, int row, int column)
 {
     qint64 value = 0;
-    roundedUnits(model->stored(row, column).toStdString(), &value);
+    roundedUnits(model->storedBytes(row, column), &value);
     return value;
 }
 
@@ -33,28 +34,32 @@ QString piecesShown(qint64 thousandths)
     return text;
 }
 
-/// The articles with the largest sums; the lines of an article (its prices and days) count together.
+/// An article in the list: its first row, and the sum of all of them (its prices and days).
+struct ArticleSum
+{
+    int row;
+    qint64 sum;
+};
+
+/// The articles with the largest sums.
 QVector<BarList::Bar> topArticles(const QRowModel *model)
 {
-    QVector<BarList::Bar> articles;
-    QHash<QString, int> places;
+    std::vector<ArticleSum> articles;
+    std::unordered_map<std::string_view, size_t> places;
     for (int row = 0; row < model->rowCount(); ++row) {
-        const QString code = model->stored(row, Code);
-        const auto found = places.constFind(code);
-        if (found == places.constEnd()) {
-            places.insert(code, articles.size());
-            articles.append({model->stored(row, Name), units(model, row, Sum), QString()});
-        } else {
-            articles[*found].value += units(model, row, Sum);
-        }
+        const auto [place, isNew] = places.try_emplace(model->storedBytes(row, Code), articles.size());
+        if (isNew)
+            articles.push_back({row, 0});
+        articles[place->second].sum += units(model, row, Sum);
     }
-    const int count = qMin(topCount, articles.size());
-    std::partial_sort(articles.begin(), articles.begin() + count, articles.end(),
-                      [](const auto &one, const auto &other) { return one.value > other.value; });
+    const size_t count = std::min<size_t>(topCount, articles.size());
+    std::partial_sort(articles.begin(), articles.begin() + static_cast<int>(count), articles.end(),
+                      [](const auto &one, const auto &other) { return one.sum > other.sum; });
     articles.resize(count);
-    for (BarList::Bar &bar : articles)
-        bar.valueText = moneyShown(bar.value);
-    return articles;
+    QVector<BarList::Bar> bars;
+    for (const ArticleSum &article : articles)
+        bars.append({model->stored(article.row, Name), article.sum, moneyShown(article.sum)});
+    return bars;
 }
 } // namespace
 
@@ -209,33 +214,58 @@ void QArtReport::chooseNumber(Numbers *numbers)
 
 void QArtReport::changDateStart(const QDate &day)
 {
-    fillNumbers(&m_start, day, BoxReader::AfterTyping);
+    if (takesPlace({&m_start}))
+        readNumbers(&m_start, day, numbersOf(day), BoxReader::AfterTyping);
 }
 
 void QArtReport::changDateEnd(const QDate &day)
 {
-    fillNumbers(&m_end, day, BoxReader::AfterTyping);
+    if (takesPlace({&m_end}))
+        readNumbers(&m_end, day, numbersOf(day), BoxReader::AfterTyping);
 }
 
 void QArtReport::refillNumbers()
 {
-    fillNumbers(&m_start, ui->range->firstDay(), BoxReader::AtOnce);
-    fillNumbers(&m_end, ui->range->lastDay(), BoxReader::AtOnce);
+    if (!takesPlace({&m_start, &m_end}))
+        return;
+    const QDate first = ui->range->firstDay();
+    const QDate last = ui->range->lastDay();
+    const BoxReader::Read ofFirst = numbersOf(first);
+    readNumbers(&m_start, first, ofFirst, BoxReader::AtOnce);
+    readNumbers(&m_end, last, first == last ? ofFirst : numbersOf(last), BoxReader::AtOnce);
 }
 
-void QArtReport::fillNumbers(Numbers *numbers, const QDate &day, BoxReader::When when)
+/// False while the place is on its way: the numbers are read when it is there.
+bool QArtReport::takesPlace(const QVector<Numbers *> &ends)
 {
     m_refillsNumbers = ui->place->isReading();
-    if (m_refillsNumbers) {
-        numbers->reader->clear();
-        return;
+    for (Numbers *numbers : ends) {
+        if (m_refillsNumbers)
+            numbers->reader->clear();
     }
+    return !m_refillsNumbers;
+}
+
+/// Both ends of the range may ask for the same day: it is read once.
+BoxReader::Read QArtReport::numbersOf(const QDate &day) const
+{
+    const auto found = std::make_shared<std::optional<ListEntries>>();
+    return [found, sql = zNumbersStatement(place(), day)](const Db &db) {
+        if (!*found)
+            *found = readEntries(db, sql);
+        return *found;
+    };
+}
+
+void QArtReport::readNumbers(Numbers *numbers, const QDate &day, const BoxReader::Read &work,
+                             BoxReader::When when)
+{
     m_numbersPlace = ui->place->description();
     if (numbers->day != day || numbers->place != m_numbersPlace)
         numbers->picked.clear();
     numbers->day = day;
     numbers->place = m_numbersPlace;
-    numbers->reader->read(zNumbersStatement(place(), day), {}, when);
+    numbers->reader->read(work, when);
     showNumbersPlace();
 }
 
@@ -355,7 +385,7 @@ void QArtReport::calcsum()
     qint64 pieces = 0;
     qint64 value = 0;
     for (int row = model()->rowCount() - 1; row >= 0; --row) {
-        const bool isPiece = model()->stored(row, IsNoWeight) == QLatin1String("1");
+        const bool isPiece = model()->storedBytes(row, IsNoWeight) == "1";
         (isPiece ? pieces : weight) += units(model(), row, Count);
         value += units(model(), row, Sum);
     }

@@ -63,7 +63,9 @@ private:
     void setUpPlace();
     void setUpNumbers(Numbers *numbers, QComboBox *box, bool isGreatestChosen);
     void fillGoodsGroups();
-    void fillNumbers(Numbers *numbers, const QDate &day, BoxReader::When when);
+    bool takesPlace(const QVector<Numbers *> &ends);
+    BoxReader::Read numbersOf(const QDate &day) const;
+    void readNumbers(Numbers *numbers, const QDate &day, const BoxReader::Read &work, BoxReader::When when);
     static void chooseNumber(Numbers *numbers);
     void showReceipts(const QModelIndex &line);
     ChekOrigin originOf(int row) const;
