@@ -46,6 +46,7 @@ QVector<BarList::Bar> topArticles(const QRowModel *model)
 {
     std::vector<ArticleSum> articles;
     std::unordered_map<std::string_view, size_t> places;
+    places.reserve(static_cast<size_t>(model->rowCount()));
     for (int row = 0; row < model->rowCount(); ++row) {
         const auto [place, isNew] = places.try_emplace(model->storedBytes(row, Code), articles.size());
         if (isNew)

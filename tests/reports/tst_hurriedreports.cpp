@@ -54,8 +54,9 @@ private:
 };
 
 namespace {
-constexpr int answerMs = 200;
 constexpr int mostGapMs = 100;
+/// One statement in the window's thread is already more than that.
+constexpr int answerMs = 125;
 const QDate march1(2026, 3, 1);
 
 QStringList items(const QComboBox *box)
@@ -129,7 +130,7 @@ Report *TstHurriedReports::opened(void (QReports::*open)())
     return report;
 }
 
-/// Opening, keys through the boxes, days: nothing of it holds the window up.
+/// Opening, keys through the boxes, days, loading: nothing of it holds the window up.
 void TstHurriedReports::windowLivesOnASlowLine()
 {
     slowDown(answerMs);
@@ -148,8 +149,17 @@ void TstHurriedReports::windowLivesOnASlowLine()
         shop->setFocus();
         pressKeys({Qt::Key_End, Qt::Key_Home, Qt::Key_Down});
         if (auto *range = report->findChild<RangeSelector *>())
-            range->setDays(march1, march1);
+            range->setDays(march1, march1.addDays(8));
         waitChosen(report);
+        QSignalSpy loaded(report, &ReportWindow::loaded);
+        // The first shop of the last group has no shifts: of that one nothing is asked for.
+        group->setCurrentIndex(0);
+        child<PlaceSelector>(report, "place")->chooseShop(1);
+        waitChosen(report);
+        if (auto *numbers = report->findChild<QPushButton *>("pbNumbers"))
+            numbers->click();
+        child<QPushButton>(report, "pbLoad")->click();
+        QVERIFY(loaded.wait(20000));
         const QString gap =
             QString("%1: %2 ms").arg(report->metaObject()->className()).arg(beat.longestGap());
         QVERIFY2(beat.longestGap() <= mostGapMs, qPrintable(gap));
