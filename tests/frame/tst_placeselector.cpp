@@ -133,7 +133,6 @@ void TstPlaceSelector::newestRowsCount()
     QCOMPARE(items("cbShop"), QStringList({"Усі магазини", "В"}));
     // Long enough to be noticed it says so.
     m_place->refillShops("SELECT name,id FROM s WHERE SLEEP(0.2)=0");
-    QTest::qWait(100);
     QCOMPARE(items("cbShop"), QStringList("Усі магазини"));
     QTRY_COMPARE(items("cbShop"), QStringList("Читається…"));
     QCOMPARE(m_place->shopName(), QString());
