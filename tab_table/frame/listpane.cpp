@@ -139,8 +139,9 @@ void ListPane::expectLoad()
     showState(tr("Завантаження…"), true);
 }
 
-void ListPane::load(const QString &sql, const QString &numberSql)
+void ListPane::load(const QString &sql, const QString &numberSql, const QString &failure)
 {
+    m_failure = failure.isEmpty() ? tr("Помилка запиту:") : failure;
     m_clock.start();
     endLoad();
     showState(tr("Завантаження…"), true);
@@ -171,7 +172,7 @@ void ListPane::takeAnswer(const std::shared_ptr<QueryAnswer> &answer)
     m_loadMs = m_clock.elapsed();
     if (answer->error.isEmpty())
         return takeRows(answer);
-    postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);
+    postMessage(m_receiver, m_failure + QLatin1Char('\n') + answer->error, answer->kind);
     clearAfterFailure();
     emit failed();
 }
@@ -370,7 +371,7 @@ QModelIndex ListPane::indexOf(const QString &id) const
     return QModelIndex();
 }
 
-void ListPane::refreshRow(QSqlQuery &record, int row, int firstColumn)
+void ListPane::refreshRow(const RowStore &records, int record, int row, int firstColumn)
 {
     const bool isNew = row < 0;
     if (isNew) {
@@ -378,7 +379,7 @@ void ListPane::refreshRow(QSqlQuery &record, int row, int firstColumn)
         m_model->insertRow(row);
         countAdded();
     }
-    m_model->writeRecord(record, isNew ? 0 : firstColumn, row);
+    m_model->writeRecord(records, record, isNew ? 0 : firstColumn, row);
     emit rowShown(row);
     if (isNew)
         m_view->setCurrentIndex(m_model->index(row, 0));

@@ -19,7 +19,6 @@ class QNTableView;
 class QPushButton;
 class QRowModel;
 class QSqlDatabase;
-class QSqlQuery;
 class QTableView;
 class QueryOwner;
 class RowSorting;
@@ -55,8 +54,8 @@ public:
 
     /// Asks for the rows in the background; a newer load takes the place of an older one. Values of people go
     /// in through lit(). numberSql: a statement of one whole number that is asked for behind it, see
-    /// number().
-    void load(const QString &sql, const QString &numberSql = {});
+    /// number(). failure: the text that opens the report; "Помилка запиту:" when empty.
+    void load(const QString &sql, const QString &numberSql = {}, const QString &failure = {});
     /// A load whose statement is still to be found: it is on its way until load(), stop() or clear().
     void expectLoad();
     /// Ends a load on its way; the list stays as it was.
@@ -78,9 +77,9 @@ public:
 
     /// The row whose first column holds the id; invalid when the list does not show it.
     QModelIndex indexOf(const QString &id) const;
-    /// The query's current record into a row from the column firstColumn on, or with row -1 into a new one at
-    /// the end, which becomes the current one.
-    void refreshRow(QSqlQuery &record, int row, int firstColumn = 0);
+    /// A record of a store into a row from the column firstColumn on, or with row -1 into a new one at the end,
+    /// which becomes the current one.
+    void refreshRow(const RowStore &records, int record, int row, int firstColumn = 0);
     /// Goes into the list: to its current row, else to the first one, which may still be on its way.
     void enter();
 
@@ -160,6 +159,7 @@ private:
     QPushButton *m_stop = nullptr;
     ListColumns m_columns;
     QueryOwner *m_queries = nullptr;
+    QString m_failure;
     DbTasks *m_tasks = nullptr;
     /// Rows that have come and are being sorted before they are shown.
     std::shared_ptr<QueryAnswer> m_arrived;

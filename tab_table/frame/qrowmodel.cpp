@@ -3,7 +3,6 @@
 #include "rowsorting.h"
 
 #include <QMimeData>
-#include <QSqlQuery>
 #include <QSqlRecord>
 #include <QtMath>
 #include <algorithm>
@@ -91,15 +90,14 @@ void QRowModel::dropRows()
     m_extras.clear();
 }
 
-void QRowModel::writeRecord(QSqlQuery &query, int firstColumn, int row)
+void QRowModel::writeRecord(const RowStore &records, int record, int firstColumn, int row)
 {
-    std::vector<std::string> texts = RowStore::readRecord(query);
-    const auto columns = static_cast<size_t>(columnCount());
-    const auto first = static_cast<size_t>(firstColumn);
-    texts.resize(std::min(texts.size(), columns));
-    if (texts.size() <= first || row < 0 || row >= rowCount())
+    const int columns = std::min(records.columnCount(), columnCount());
+    if (record >= records.rowCount() || columns <= firstColumn || row < 0 || row >= rowCount())
         return;
-    texts.erase(texts.begin(), texts.begin() + firstColumn);
+    std::vector<std::string> texts;
+    for (int column = firstColumn; column < columns; ++column)
+        texts.emplace_back(records.cell(record, column));
     m_rows.write(static_cast<int>(idAt(row)), firstColumn, texts);
     emit dataChanged(index(row, firstColumn), index(row, firstColumn + static_cast<int>(texts.size()) - 1));
 }

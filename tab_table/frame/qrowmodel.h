@@ -9,7 +9,6 @@
 #include <QMap>
 #include <QStandardItemModel>
 
-class QSqlQuery;
 class RowSorting;
 
 /// The model of every list: rows as the server sent them, formatted when they are shown, sorted by value.
@@ -34,9 +33,9 @@ public:
     /// added under the query's names. The rows stand in the query's order, or as they were sorted already.
     void replaceRows(RowStore &&rows);
     void replaceRows(RowStore &&rows, RowOrder &&sorted, const RowSort &by);
-    /// Writes the query's current record into a row: value of column c into cell (row, c), from column
-    /// firstColumn to the last.
-    void writeRecord(QSqlQuery &query, int firstColumn, int row);
+    /// Writes a record of a store into a row: value of column c into cell (row, c), from column firstColumn to
+    /// the last.
+    void writeRecord(const RowStore &records, int record, int firstColumn, int row);
 
     /// The stored text of a cell, unformatted ("123450").
     QString stored(int row, int column) const;

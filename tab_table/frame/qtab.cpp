@@ -1,5 +1,6 @@
 #include "qtab.h"
 
+#include "combos.h"
 #include "db.h"
 #include "ean13.h"
 #include "listpane.h"
@@ -13,17 +14,17 @@
 #include "qupdatebd.h"
 #include "recorddialog.h"
 #include "typingpause.h"
-#include "waitcursor.h"
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QShortcut>
-#include <QSqlQuery>
 #include <QVBoxLayout>
+#include <utility>
 
 QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
            QTabDelegate *delegate, QLayout *layout)
-    : QWidget(parent), m_setting(set), m_user(user), m_db(db), m_receiver(receiver), m_delegate(delegate)
+    : QWidget(parent), m_setting(set), m_user(user), m_db(db), m_receiver(receiver), m_delegate(delegate), m_tasks(db->connectionName(), receiver, nullptr)
 {
     postTrace(receiver, QStringLiteral("In constructor QTab"));
     buildList(layout);
@@ -33,7 +34,9 @@ QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
 
 QTab::~QTab()
 {
-    // Its editor goes with the list: that is no answer of the user's.
+    // Its editors go with it: that is no answer of the user's.
+    if (m_editor)
+        m_editor->done(QDialog::Rejected);
     if (m_delegate != nullptr)
         m_delegate->blockSignals(true);
     // The search field is left on the way out.
@@ -56,6 +59,10 @@ void QTab::buildList(QLayout *layout)
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
     connect(m_list, &ListPane::loaded, this, &QTab::loaded);
+    connect(m_list, &ListPane::loaded, this, [this] {
+        if (std::exchange(m_addsWhenLoaded, false))
+            Add();
+    });
 }
 
 QNTableView *QTab::view() const
@@ -157,7 +164,7 @@ void QTab::run(Command command)
 
 bool QTab::isLoading() const
 {
-    return m_list->isLoading() || (m_typing != nullptr && m_typing->isRunning());
+    return m_list->isLoading() || m_tasks.isWaiting() || (m_typing != nullptr && m_typing->isRunning());
 }
 
 QString QTab::statement() const
@@ -174,17 +181,12 @@ void QTab::ShowData(int limit)
 {
     postTrace(m_receiver, QStringLiteral("In QTab::ShowData.\nName table: ") + table +
                               QStringLiteral("\nquery: ") + query);
-    const WaitCursor wait;
     m_list->clear();
     QString sql = statement();
     if (limit >= 1)
         sql += QStringLiteral(" LIMIT ") + QString::number(limit);
     tellEmptyText();
-    QUpdateBD().reRead(QUpdateBD::tablesIn(sql), *m_db, m_receiver);
-    if (auto rows = db().run(sql, {}, tr("Помилка запиту.")))
-        showInModel(*rows);
-    else
-        m_list->clearAfterFailure();
+    m_list->load(sql, {}, tr("Помилка запиту."));
 }
 
 void QTab::search(const QString &newFilter)
@@ -209,7 +211,7 @@ void QTab::showInModel(QSqlQuery &q)
 
 void QTab::showInModel(QSqlQuery &q, int firstColumn, int row)
 {
-    m_list->refreshRow(q, row, firstColumn);
+    m_list->refreshRow(RowStore::read(q), q.at(), row, firstColumn);
 }
 
 void QTab::editadd(const QString &where, const QModelIndex &index, bool full, unsigned int limit)
@@ -220,19 +222,57 @@ void QTab::editadd(const QString &where, const QModelIndex &index, bool full, un
         return;
     }
     postTrace(m_receiver, tr("Оновлення одного запису id=") + where);
+    const bool isNew = !index.isValid();
+    readRows(where, [this, isNew, place = QPersistentModelIndex(index)](const RowStore &records) {
+        showRecord(records, place, isNew);
+    });
+}
+
+/// A search may have replaced the rows meanwhile.
+void QTab::showRecord(const RowStore &records, const QModelIndex &index, bool isNew)
+{
+    const std::string_view id = records.cell(0, 0);
+    const QModelIndex row =
+        index.isValid() ? index : m_list->indexOf(QString::fromUtf8(id.data(), static_cast<int>(id.size())));
+    if (row.isValid())
+        m_list->refreshRow(records, 0, row.row(), 1);
+    else if (isNew)
+        m_list->refreshRow(records, 0, -1);
+}
+
+void QTab::readRows(const QString &where, const std::function<void(const RowStore &)> &then)
+{
     const QString sql =
         (query.isEmpty() ? QStringLiteral("SELECT * FROM ") + table : query) + QLatin1Char(' ') + where;
-    auto record = db().run(sql, {}, tr("Помилка при зчитуванні запису."));
-    if (!record)
-        return;
-    if (!record->next()) {
-        postMessage(m_receiver, tr("Запис не знайдено в базі!"));
-        return;
-    }
-    if (index.isValid())
-        showInModel(*record, 1, index.row());
-    else
-        showInModel(*record, 0, -1);
+    m_tasks.read(
+        [sql, read = table](const Db &db) {
+            auto records = db.run(sql, {}, tr("Помилка при зчитуванні запису."));
+            if (!records)
+                return std::optional<RowStore>();
+            if (records->size() == 0)
+                postMessage(db.receiver(), tr("Запис не знайдено в базі!"));
+            std::optional<RowStore> rows = RowStore::read(*records);
+            QUpdateBD().reRead(read, *db.connection(), db.receiver());
+            return rows;
+        },
+        [then](const std::optional<RowStore> &rows) {
+            if (rows && rows->rowCount() > 0)
+                then(*rows);
+        });
+}
+
+void QTab::fillFilter(QComboBox *box, const QString &sql, const QString &all,
+                      const std::function<void(bool isKept)> &filled)
+{
+    const QPair<QString, QVariant> first = {all, 0};
+    if (box->count() == 0)
+        showEntries(box, {first});
+    const int newest = ++m_fillings[box];
+    m_tasks.read([sql](const Db &db) { return readEntries(db, sql); },
+                 [this, box, newest, first, filled](const std::optional<ListEntries> &entries) {
+                     if (entries && newest == m_fillings.value(box))
+                         filled(showEntriesAgain(box, ListEntries{first} + *entries));
+                 });
 }
 
 std::unique_ptr<RecordDialog> QTab::makeEditor(QString *id)
@@ -246,9 +286,10 @@ void QTab::openEditor(const QString &id)
 {
     QString edited = id;
     const QPointer<QTab> open = this;
-    const QPointer<RecordDialog> editor = makeEditor(&edited).release();
-    if (!editor)
+    RecordDialog *editor = makeEditor(&edited).release();
+    if (editor == nullptr)
         return;
+    m_editor = editor;
     if (!mayEdit())
         editor->setReadOnly(true);
     const bool isSaved = editor->exec() == QDialog::Accepted;
@@ -284,7 +325,6 @@ void QTab::refreshRecord(const QString &id, bool isNew)
     if (!isNew && !index.isValid())
         return;
     editadd(QStringLiteral("WHERE ") + table + QStringLiteral(".id=") + id, index, false);
-    QUpdateBD().reRead(table, *m_db, m_receiver);
 }
 
 void QTab::Edit()
@@ -298,6 +338,9 @@ void QTab::Edit(const QModelIndex &index)
         return;
     if (m_delegate == nullptr)
         return openEditor(model()->stored(index.row(), 0));
+    // Rows that arrive would take its editor away.
+    if (m_list->isLoading())
+        return;
     const QPersistentModelIndex name = index.sibling(index.row(), QTabDelegate::Name);
     if (!mayEdit() || m_delegate->edited() == name || !m_delegate->settle() || !name.isValid())
         return;
@@ -312,6 +355,10 @@ void QTab::Add()
         return;
     if (m_delegate == nullptr)
         return openEditor(QString());
+    if (m_list->isLoading()) {
+        m_addsWhenLoaded = true;
+        return;
+    }
     if (!m_delegate->settle())
         return;
     delnewrecord();

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "columns.h"
+#include "dbtasks.h"
 #include "page.h"
+#include "rowstore.h"
 
+#include <QHash>
 #include <QModelIndex>
 #include <QPersistentModelIndex>
+#include <QPointer>
 #include <QSqlDatabase>
 #include <QWidget>
 #include <functional>
@@ -42,13 +46,13 @@ public:
          QTabDelegate *delegate, QLayout *layout);
     ~QTab() override;
 
-    /// Fills the model with all rows of an executed query. Tabs that colour rows extend it.
+    /// Fills the model with all rows of an executed query.
     virtual void showInModel(QSqlQuery &q);
-    /// Writes the query's current record into a row, from the column firstColumn on.
+    /// Writes the query's current record into a row, from the column firstColumn on; -1: into a new one.
     virtual void showInModel(QSqlQuery &q, int firstColumn, int row);
 
-    /// Refreshes after an edit: everything, or the one record that `where` selects. An invalid index
-    /// means that the record was added; its new row becomes the current one.
+    /// Refreshes after an edit, away from the window: everything, or the one record that `where` selects. An
+    /// invalid index means that the record was added; its new row becomes the current one.
     void editadd(const QString &where, const QModelIndex &index, bool full, unsigned int limit = 0);
 
     ListPane *list() const override { return m_list; }
@@ -62,7 +66,7 @@ public:
     void run(Command command) override;
     /// A name that is being typed in the list is asked about.
     bool mayClose() override;
-    /// True while a search is on its way.
+    /// True while a search, or what the filter offers, is on its way.
     bool isLoading() const override;
 
     /// The declared length of a CHAR column; 0 when it is not known: set no limit then.
@@ -135,6 +139,12 @@ protected:
     /// Reads the row of a record again, wherever it stands by now: a search may have arrived while its editor
     /// was open. A new record gets a row.
     virtual void refreshRecord(const QString &id, bool isNew);
+    /// Reads the rows that the list has of a record; a failure, or none at all, was told.
+    void readRows(const QString &where, const std::function<void(const RowStore &)> &then);
+    /// Reads what a box of the filter offers behind its first item, which stands for all and has the id 0. What
+    /// was chosen stays; filled(false): it is not offered any more, and all is chosen.
+    void fillFilter(QComboBox *box, const QString &sql, const QString &all,
+                    const std::function<void(bool isKept)> &filled);
     /// Called when the rows stand in the model, after every load: for colours.
     virtual void rowsShown() {}
     /// Called after one row was written again.
@@ -156,6 +166,7 @@ private:
     void buildList(QLayout *layout);
     void enterList();
     void openEditor(const QString &id);
+    void showRecord(const RowStore &records, const QModelIndex &index, bool isNew);
     void followUnclear();
     void connectDelegate();
     void tellEmptyText();
@@ -167,6 +178,12 @@ private:
     ListPane *m_list = nullptr;
     QObject *m_receiver;
     QTabDelegate *m_delegate;
+    DbTasks m_tasks;
+    /// How often each box of the filter was filled: the newest counts.
+    QHash<const QComboBox *, int> m_fillings;
+    QPointer<RecordDialog> m_editor;
+    /// A record was to be added while the rows were still on their way.
+    bool m_addsWhenLoaded = false;
     /// The row that is being added.
     QPersistentModelIndex m_added;
     QLineEdit *m_search = nullptr;

@@ -10,7 +10,6 @@
 #include "qrowmodel.h"
 #include "ui_qtabgoodsfilter.h"
 
-#include <QSqlQuery>
 #include <QVBoxLayout>
 
 namespace {
@@ -47,9 +46,7 @@ QTabGoods::~QTabGoods() = default;
 void QTabGoods::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    fillCombo(ui->cbGroup, db(), QStringLiteral("SELECT name,id FROM group_goods"));
-    ui->cbGroup->insertItem(0, tr("Всі групи"), 0);
-    ui->cbGroup->setCurrentIndex(0);
+    fillFilter(ui->cbGroup, QStringLiteral("SELECT name,id FROM group_goods"), tr("Всі групи"), [](bool) {});
     keepNarrow(ui->cbGroup);
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
@@ -59,7 +56,12 @@ void QTabGoods::buildFilter()
 void QTabGoods::seerch(const QString &text)
 {
     const QString condition = goodsCondition(ui->cbGroup->currentData().toUInt(), text.trimmed());
-    search(condition + (ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString()));
+    search(condition + grouping());
+}
+
+QString QTabGoods::grouping() const
+{
+    return ui->chByCode->isChecked() ? QStringLiteral(" GROUP BY goods.id") : QString();
 }
 
 void QTabGoods::searchAgain()
@@ -83,40 +85,30 @@ std::unique_ptr<RecordDialog> QTabGoods::makeEditor(QString *id)
     return std::make_unique<QAddEdtGoods>(this, db().connection(), id, shops, receiver(), this);
 }
 
-bool QTabGoods::takesOneRow(const QString &id) const
-{
-    if (ui->chByCode->isChecked())
-        return true;
-    const auto count = db().firstText(QStringLiteral("SELECT COUNT(*) FROM dk_shc WHERE id_goods=") + id);
-    return count && count->toInt() <= 1;
-}
-
 void QTabGoods::refreshRecord(const QString &id, bool isNew)
 {
-    const QVector<int> rows = isNew ? QVector<int>() : rowsOf(id);
-    if (!isNew && rows.isEmpty())
-        return;
-    if (rows.size() <= 1 && takesOneRow(id))
-        return QTab::refreshRecord(id, isNew);
-    auto records =
-        db().run(query + QStringLiteral(" WHERE goods.id=") + id, {}, tr("Помилка при зчитуванні запису."));
-    if (records)
-        writeRows(*records, rows);
+    readRows(QStringLiteral("WHERE goods.id=") + id + grouping(), [this, id, isNew](const RowStore &records) {
+        const QVector<int> rows = rowsOf(id);
+        if (isNew || !rows.isEmpty())
+            writeRows(records, rows);
+    });
 }
 
-void QTabGoods::writeRows(QSqlQuery &records, const QVector<int> &rows)
+/// Behind the rows that there are; what is left over goes.
+void QTabGoods::writeRows(const RowStore &records, const QVector<int> &rows)
 {
-    int written = 0;
-    for (; records.next(); ++written) {
-        int row = rows.value(written, -1);
+    if (rows.isEmpty())
+        list()->countAdded();
+    for (int i = 0; i < records.rowCount(); ++i) {
+        int row = rows.value(i, -1);
         if (row < 0) {
-            row = rows.isEmpty() ? model()->rowCount() : rows.last() + 1 + written - rows.size();
+            row = rows.isEmpty() ? model()->rowCount() : rows.last() + 1 + i - rows.size();
             model()->insertRow(row);
         }
-        showInModel(records, 0, row);
-        if (written == 0)
-            view()->setCurrentIndex(model()->index(row, idColumn));
+        list()->refreshRow(records, i, row);
     }
-    for (int i = rows.size() - 1; i >= written; --i)
+    for (int i = rows.size() - 1; i >= records.rowCount(); --i)
         model()->removeRow(rows.at(i));
+    if (rows.isEmpty())
+        view()->setCurrentIndex(model()->index(model()->rowCount() - records.rowCount(), idColumn));
 }

@@ -29,9 +29,8 @@ private:
     void buildFilter();
     void searchAgain();
     QVector<int> rowsOf(const QString &id) const;
-    /// True when the item takes one row, by the grouping or because it has one barcode.
-    bool takesOneRow(const QString &id) const;
-    void writeRows(QSqlQuery &records, const QVector<int> &rows);
+    QString grouping() const;
+    void writeRows(const RowStore &records, const QVector<int> &rows);
 
     std::unique_ptr<Ui::QTabGoodsFilter> ui;
 };

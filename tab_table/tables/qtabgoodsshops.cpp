@@ -2,10 +2,10 @@
 
 #include "combos.h"
 #include "db.h"
+#include "permittedlists.h"
 #include "qloadeduser.h"
 #include "ui_qtabgoodsshopsfilter.h"
 
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
@@ -41,14 +41,11 @@ void QTabGoodsShops::buildFilter()
 
 void QTabGoodsShops::fillShops()
 {
-    const QSignalBlocker hold(ui->cbShop);
-    const QString chosen = chosenItem(ui->cbShop).id;
-    GetLstShopFromPermis(db().connection(), user(), receiver(), QStringLiteral(" GROUP BY shops.id"),
-                         ui->cbShop);
-    ui->cbShop->insertItem(0, tr("Всі магазини"), 0);
-    chooseId(ui->cbShop, chosen);
-    if (ui->cbShop->currentIndex() < 0)
-        ui->cbShop->setCurrentIndex(0);
+    fillFilter(ui->cbShop, permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id")), tr("Всі магазини"),
+               [this](bool isKept) {
+                   if (!isKept)
+                       seerch(ui->leSearch->text());
+               });
 }
 
 void QTabGoodsShops::followRights()

@@ -46,7 +46,10 @@ QTabKass::~QTabKass() = default;
 void QTabKass::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    fillGroups(ui->cbGroup);
+    fillGroups(ui->cbGroup, [this](bool isKept) {
+        if (!isKept)
+            GroupChange(QString());
+    });
     keepNarrow(ui->cbGroup);
     keepNarrow(ui->cbShop);
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
@@ -56,16 +59,10 @@ void QTabKass::buildFilter()
 
 void QTabKass::followRights()
 {
-    const QString shop = chosenItem(ui->cbShop).id;
-    fillGroups(ui->cbGroup);
-    fillShops();
-    {
-        const QSignalBlocker hold(ui->cbShop);
-        chooseId(ui->cbShop, shop);
-        if (ui->cbShop->currentIndex() < 0)
-            ui->cbShop->setCurrentIndex(0);
-    }
-    searchAgain();
+    fillGroups(ui->cbGroup, [this](bool) {
+        fillShops();
+        searchAgain();
+    });
 }
 
 QString QTabKass::chosenGroup() const
@@ -86,31 +83,36 @@ void QTabKass::LoadData(unsigned int id_shop)
         const QSignalBlocker holdSearch(ui->leSearch);
         ui->leSearch->clear();
         ui->cbGroup->setCurrentIndex(0);
-        fillShops();
-        ui->cbShop->setCurrentIndex(qMax(0, ui->cbShop->findData(id_shop)));
+        // It has no name before the shops are there.
+        showEntries(ui->cbShop, {{tr("Магазин"), 0}});
+        if (id_shop != 0)
+            ui->cbShop->addItem(QString(), id_shop);
+        ui->cbShop->setCurrentIndex(ui->cbShop->count() - 1);
     }
+    fillShops();
     searchAgain();
 }
 
 void QTabKass::GroupChange(const QString &text)
 {
     Q_UNUSED(text)
+    showEntries(ui->cbShop, {{tr("Магазин"), 0}});
     fillShops();
     searchAgain();
 }
 
 void QTabKass::fillShops()
 {
-    const QSignalBlocker hold(ui->cbShop);
     const uint group = ui->cbGroup->currentData().toUInt();
     QString sql = QStringLiteral("SELECT shops.address ,shops.id FROM shops WHERE");
     if (group == 0)
         sql += GetStrLstGroupFromPermis(user(), shopGroup, true);
     else
         sql += QLatin1Char(' ') + shopGroup + QLatin1Char('=') + QString::number(group);
-    fillCombo(ui->cbShop, db(), sql);
-    ui->cbShop->insertItem(0, tr("Магазин"), 0);
-    ui->cbShop->setCurrentIndex(0);
+    fillFilter(ui->cbShop, sql, tr("Магазин"), [this](bool isKept) {
+        if (!isKept)
+            searchAgain();
+    });
 }
 
 QString QTabKass::placeCondition() const

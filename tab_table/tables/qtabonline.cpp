@@ -1,13 +1,10 @@
 #include "qtabonline.h"
 
-#include "combos.h"
-#include "db.h"
+#include "permittedlists.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 
-#include <QComboBox>
 #include <QShortcut>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 QTabOnLine::QTabOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
@@ -54,13 +51,7 @@ void QTabOnLine::rowShown(int row)
     showLineState(model(), row, m_stateColumns, lineState(row));
 }
 
-void QTabOnLine::fillGroups(QComboBox *box) const
+void QTabOnLine::fillGroups(QComboBox *box, const std::function<void(bool isKept)> &filled)
 {
-    const QSignalBlocker hold(box);
-    const QString chosen = chosenItem(box).id;
-    GetLstGroupShopFromPermis(db().connection(), user(), receiver(), true, box);
-    box->insertItem(0, tr("Усі групи"), 0);
-    chooseId(box, chosen);
-    if (box->currentIndex() < 0)
-        box->setCurrentIndex(0);
+    fillFilter(box, permittedGroupsSql(*user(), true), tr("Усі групи"), filled);
 }

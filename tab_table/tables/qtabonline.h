@@ -25,8 +25,8 @@ protected:
     void rowsShown() override;
     void rowShown(int row) override;
 
-    /// Offers the shop groups that the user may see behind "all", which has the id 0; what was chosen stays.
-    void fillGroups(QComboBox *box) const;
+    /// Offers the shop groups that the user may see, as fillFilter() does.
+    void fillGroups(QComboBox *box, const std::function<void(bool isKept)> &filled);
 
 private:
     void addKey(int key, const std::function<void(const QModelIndex &)> &act);

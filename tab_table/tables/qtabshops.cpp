@@ -49,7 +49,7 @@ QTabShops::~QTabShops() = default;
 void QTabShops::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    fillGroupFilter();
+    fillGroupFilter(false);
     keepNarrow(ui->cbGroup);
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
@@ -58,18 +58,22 @@ void QTabShops::buildFilter()
 }
 
 /// "All groups" leaves out the one that stands for all: whoever sees no other begins there.
-void QTabShops::fillGroupFilter()
+void QTabShops::fillGroupFilter(bool searches)
 {
-    fillGroups(ui->cbGroup);
-    const QSignalBlocker hold(ui->cbGroup);
-    if (ui->cbGroup->count() == 2 && ui->cbGroup->itemData(1).toUInt() == 1)
-        ui->cbGroup->setCurrentIndex(1);
+    fillGroups(ui->cbGroup, [this, searches](bool isKept) {
+        const bool sees = ui->cbGroup->count() != 2 || ui->cbGroup->itemData(1).toUInt() != 1;
+        if (!sees) {
+            const QSignalBlocker hold(ui->cbGroup);
+            ui->cbGroup->setCurrentIndex(1);
+        }
+        if (searches || !isKept || !sees)
+            searchAgain();
+    });
 }
 
 void QTabShops::followRights()
 {
-    fillGroupFilter();
-    searchAgain();
+    fillGroupFilter(true);
 }
 
 uint QTabShops::chosenGroup() const

@@ -37,7 +37,7 @@ protected:
 
 private:
     void buildFilter();
-    void fillGroupFilter();
+    void fillGroupFilter(bool searches);
     void searchAgain();
     QString condition(const QString &text) const;
 

@@ -205,11 +205,11 @@ void TstListPane::oneRecordIsRefreshedWhereverItStands()
     QCOMPARE(m_list->indexOf("10").row(), 0);
     QVERIFY(!m_list->indexOf("1 ").isValid() && !m_list->indexOf("0").isValid());
     QSqlQuery record(*m_base->connection());
-    QVERIFY(record.exec("SELECT 2,'Сіль',2000") && record.next());
-    m_list->refreshRow(record, m_list->indexOf("2").row());
+    QVERIFY(record.exec("SELECT 2,'Сіль',2000"));
+    m_list->refreshRow(RowStore::read(record), 0, m_list->indexOf("2").row());
     QCOMPARE(shown(), QStringList({"Молоко", "Хліб", "Сіль", "Яйця"}));
-    QVERIFY(record.exec("SELECT 3,'Цукор',1") && record.next());
-    m_list->refreshRow(record, -1);
+    QVERIFY(record.exec("SELECT 3,'Цукор',1"));
+    m_list->refreshRow(RowStore::read(record), 0, -1);
     QCOMPARE(shown().last(), QString("Цукор"));
     QCOMPARE(m_list->view()->currentIndex().row(), 4);
     QCOMPARE(state(), QString("Записів: 5"));

@@ -174,10 +174,10 @@ void TstQRowModel::recordIsWrittenIntoItsRow()
         QStringLiteral("SELECT 99 AS id, REPEAT('є', 200) AS name, NULL AS price, 1 AS more");
     for (const bool prepared : {false, true}) {
         QSqlQuery record = executed(database, updated, prepared);
-        model.writeRecord(record, 1, 0); // Stands on no record yet: nothing is written.
-        QVERIFY(record.next());
+        const RowStore records = RowStore::read(record);
+        model.writeRecord(records, 1, 1, 0); // There is no such record: nothing is written.
         QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-        model.writeRecord(record, 1, 0);
+        model.writeRecord(records, 0, 1, 0);
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.at(0).at(0).toModelIndex(), model.index(0, 1));
         QCOMPARE(changed.at(0).at(1).toModelIndex(), model.index(0, 2));
@@ -187,11 +187,11 @@ void TstQRowModel::recordIsWrittenIntoItsRow()
                  QStringList({QStringLiteral("10"), QStringLiteral("a"), QStringLiteral("100")}));
     }
     model.insertRow(2);
-    QVERIFY(query.next() && query.next());
-    model.writeRecord(query, 0, 2);
+    const RowStore both = RowStore::read(query);
+    model.writeRecord(both, 1, 0, 2);
     QCOMPARE(storedRow(model, 2),
              QStringList({QStringLiteral("20"), QStringLiteral("b"), QStringLiteral("200")}));
-    model.writeRecord(query, 0, 3);
+    model.writeRecord(both, 1, 0, 3);
     QCOMPARE(model.rowCount(), 3);
 }
 

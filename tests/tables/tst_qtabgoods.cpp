@@ -906,8 +906,8 @@ void TstQTabGoods::stockOfPermittedShopsOnly()
         return list;
     };
     auto *shops = child<QComboBox>(&tab, "cbShop");
-    QCOMPARE(shops->count(), 3);
     QVERIFY(loaded(&tab, [] {}));
+    QTRY_COMPARE(shops->count(), 3);
     QCOMPARE(rows(),
              QStringList({"вул. Ліська, 1|Молоко 2,5%|2.500|0.000", "вул. Нова, 2|Молоко 2,5%|1.000|-0.250",
                           "вул. Нова, 2|Хліб \"Бородинський\"|0.001|0.001"}));
@@ -927,7 +927,7 @@ void TstQTabGoods::stockOfPermittedShopsOnly()
     QVERIFY(m_place->user()->load(m_base->connection(), "1", "1", "3"));
     QTabGoodsShops own(m_base->connection(), m_place->user(), &m_base->heard, nullptr, nullptr);
     QVERIFY(loaded(&own, [] {}));
-    QCOMPARE(child<QComboBox>(&own, "cbShop")->count(), 2);
+    QTRY_COMPARE(child<QComboBox>(&own, "cbShop")->count(), 2);
     QCOMPARE(own.model()->rowCount(), 1);
     QCOMPARE(own.model()->stored(0, 0), QString("вул. Далека, 3"));
 }

@@ -132,6 +132,7 @@ void TstQTabKass::shopAndGroupNarrowTheList()
     QCOMPARE(combo("cbShop")->itemText(0), QString("Магазин"));
     QCOMPARE(combo("cbShop")->count(), 4);
     combo("cbGroup")->setCurrentIndex(0);
+    waitOutTasks();
     combo("cbShop")->setCurrentIndex(combo("cbShop")->findText("Львів"));
     QCOMPARE(shown(0), QStringList({"20", "21"}));
     QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Записів: 2"));
@@ -155,12 +156,14 @@ void TstQTabKass::loadDataTakesFiltersBack()
     combo("cbGroup")->setCurrentIndex(combo("cbGroup")->findText("Схід"));
     child<QLineEdit>(m_tab.get(), "leSearch")->setText("нічого");
     m_tab->LoadData(10);
+    waitOutTasks();
     QCOMPARE(combo("cbGroup")->currentIndex(), 0);
     QCOMPARE(combo("cbShop")->currentText(), QString("Львів"));
     QCOMPARE(shown(0), QStringList({"20", "21"}));
     m_tab->LoadData(0);
     QCOMPARE(shown(0), QStringList({"20", "21", "22"}));
     m_tab->LoadData(14);
+    waitOutTasks();
     QCOMPARE(combo("cbShop")->currentIndex(), 0);
     QVERIFY(!shown(0).contains("23"));
 }

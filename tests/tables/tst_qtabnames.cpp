@@ -132,6 +132,7 @@ void TstQTabNames::open(int right)
     m_page = std::make_unique<NamesPage>(m_base.get(), m_user.get());
     m_page->show();
     QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    QTRY_VERIFY(!m_page->names->isLoading());
     view()->sortByColumn(0, Qt::AscendingOrder);
     view()->setFocus();
     m_base->heard.forget();
@@ -463,6 +464,7 @@ void TstQTabNames::reloadWhileAdding()
     typeText("Риба");
     m_page->names->ShowData();
     QVERIFY(isClosed());
+    QTRY_VERIFY(!m_page->names->isLoading());
     QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
     QCOMPARE(names().size(), 3);
     add();
