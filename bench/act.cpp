@@ -4,11 +4,19 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <ctime>
+
 namespace {
 constexpr int endlessMs = 600000;
 constexpr int wakeUpMs = 5;
 /// What an act leaves to the event loop, painting above all, is done by then.
 constexpr int settlingMs = 60;
+
+/// Of this process so far.
+double processorMs()
+{
+    return static_cast<double>(clock()) * 1000 / CLOCKS_PER_SEC;
+}
 } // namespace
 
 void waitFor(const std::function<bool()> &isDone)
@@ -30,9 +38,15 @@ void waitFor(const std::function<bool()> &isDone)
         loop.exec();
 }
 
+ActClock::ActClock() : m_processorMs(processorMs())
+{
+    m_clock.start();
+}
+
 Cost ActClock::end()
 {
     Cost cost;
+    cost.processorMs = processorMs() - m_processorMs;
     cost.ms = static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
     QEventLoop loop;
     QTimer::singleShot(settlingMs, &loop, &QEventLoop::quit);

@@ -22,6 +22,13 @@ QVector<Figure> Large::workFigures(const QString &work, const Cost &cost, double
             {QStringLiteral("  the window stands still"), cost.gapMs, goalGapMs, ms}};
 }
 
+QVector<Figure> Large::threadFigures(const QString &work, const Cost &cost, double goalMs)
+{
+    return workFigures(work, cost, goalMs) +
+           QVector<Figure>{
+               {QStringLiteral("  its processor time"), cost.processorMs, goalMs, QStringLiteral("ms")}};
+}
+
 Cost Large::usual(const QVector<Cost> &costs)
 {
     QVector<double> times;
@@ -98,6 +105,7 @@ public:
         ActClock clock;
         m_report = std::make_unique<QArtReport>(bench.connection, m_admin.user(), nullptr, nullptr);
         showWindow(m_report.get());
+        waitFor([&] { return !m_report->isChoosing(); });
         m_openingGapMs = clock.end().gapMs;
     }
 

@@ -18,7 +18,7 @@
 #include <QTemporaryDir>
 
 using Large::number;
-using Large::workFigures;
+using Large::threadFigures;
 
 namespace {
 const QString times = QStringLiteral("x");
@@ -68,8 +68,10 @@ QVector<Figure> measureLargeSearch(const Bench &bench)
 {
     TabWindow<QTabGoods> window(bench);
     const QString text = QStringLiteral("молоко");
+    waitOutTasks();
     const qint64 before = selects(bench);
     window.search(text);
+    waitOutTasks();
     // One of them asks for the number. Before its list statement a tab asks when its tables were changed.
     const qint64 sent = selects(bench) - before - 1;
     BareClient bare(bench.address);
@@ -100,7 +102,7 @@ QVector<Figure> measureLargeStock(const Bench &bench)
                            {QStringLiteral("  left when the tab is closed"), left, 30, QStringLiteral("MB")},
                            {QStringLiteral("  the window stands still while it loads"), loading.gapMs,
                             Large::mostGapMs, QStringLiteral("ms")}} +
-           workFigures(QStringLiteral("sort by text, 2 million rows"), sorting, 2500);
+           threadFigures(QStringLiteral("sort by text, 2 million rows"), sorting, 2500);
 }
 
 QVector<Figure> measureLargePdf(const Bench &bench)
@@ -114,7 +116,7 @@ QVector<Figure> measureLargePdf(const Bench &bench)
     const QString path = folder.filePath(QStringLiteral("list.pdf"));
     report.list()->setFileChooser([&](const QString &) { return path; });
     const Cost cost = costOf([&] { report.list()->savePdf(); }, [&] { return QFileInfo::exists(path); });
-    return workFigures(QStringLiteral("PDF of %1 rows").arg(report.model()->rowCount()), cost, 15000);
+    return threadFigures(QStringLiteral("PDF of %1 rows").arg(report.model()->rowCount()), cost, 15000);
 }
 
 QVector<Figure> measureLargeCombo(const Bench &bench)
