@@ -1,5 +1,8 @@
 #include "pagememory.h"
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 #ifdef __linux__
 #include <cstdint>
 #include <sys/mman.h>
@@ -46,3 +49,10 @@ void returnPages(void *pages, size_t /*bytes*/)
     ::operator delete(pages);
 }
 #endif
+
+void returnLargePieces()
+{
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, static_cast<int>(fewPages));
+#endif
+}

@@ -319,6 +319,7 @@ QueryService::QueryService(const QString &sourceConnection, QObject *driver)
     : QObject(QCoreApplication::instance()), m_source(sourceConnection)
 {
     driver->setProperty(serviceProperty, QVariant::fromValue<QObject *>(this));
+    returnLargePieces();
     // Connections can neither be added nor removed while one is being removed: the workers end later.
     connect(driver, &QObject::destroyed, this, &QueryService::leave);
     connect(driver, &QObject::destroyed, this, &QObject::deleteLater);

@@ -92,16 +92,17 @@ int ListColumns::digitWidth() const
     return m_view->fontMetrics().horizontalAdvance(QLatin1Char('0'));
 }
 
-/// Captions that may be broken need no more than their longest word.
+/// Captions that may be broken need no more than their longest word, or what stands before a stroke.
 int ListColumns::captionWidth(int column) const
 {
     const QHeaderView *header = m_view->horizontalHeader();
     const int width = header->sectionSizeHint(column);
     if (!isBroken(header))
-        return width;
+        return width + m_view->fontMetrics().height();
     const QFontMetrics letters = header->fontMetrics();
     int word = 0;
-    const QStringList words = m_columns.at(column).caption.split(QLatin1Char(' '));
+    QString caption = m_columns.at(column).caption;
+    const QStringList words = caption.replace(QLatin1Char('/'), QLatin1String("/ ")).split(QLatin1Char(' '));
     for (const QString &each : words)
         word = qMax(word, letters.horizontalAdvance(each));
     return width - letters.horizontalAdvance(m_columns.at(column).caption) + word;
@@ -111,9 +112,8 @@ void ListColumns::setWidths()
 {
     const int edges = m_view->fontMetrics().height();
     for (int i = 0; i < m_columns.size(); ++i) {
-        const int caption = captionWidth(i) + edges;
         m_view->setColumnHidden(i, m_columns.at(i).hidden);
-        m_view->setColumnWidth(i, qMax(m_columns.at(i).digits * digitWidth() + edges, caption));
+        m_view->setColumnWidth(i, qMax(m_columns.at(i).digits * digitWidth() + edges, captionWidth(i)));
     }
     const auto widest =
         std::max_element(m_columns.constBegin(), m_columns.constEnd(),

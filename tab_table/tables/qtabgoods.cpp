@@ -28,15 +28,15 @@ QTabGoods::QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
         "goods.group_g=group_goods.id LEFT JOIN tax ON goods.tax=tax.id LEFT JOIN yesno AS ynbon_disk ON "
         "goods.bonus_disk=ynbon_disk.id LEFT JOIN yesno AS ynblock ON goods.block=ynblock.id");
     list()->breakCaptions();
-    setColumns({{tr("Код"), 8, &asNumber},
-                {tr("Штрихкод"), 14},
+    setColumns({{tr("Код"), 7, &asNumber},
+                {tr("Штрихкод"), 13},
                 {tr("Назва товару"), 42},
-                {tr("Ціна"), 11, &asMoney},
-                {tr("Тип товару"), 11},
-                {tr("Група"), 22},
-                {tr("Податкова група"), 14},
-                {tr("Знижка/Бонус"), 14},
-                {tr("Блокування"), 12}});
+                {tr("Ціна"), 9, &asMoney},
+                {tr("Тип товару"), 8},
+                {tr("Група"), 14},
+                {tr("Податкова група"), 8},
+                {tr("Знижка/Бонус"), 8},
+                {tr("Блокування"), 8}});
     buildFilter();
     seerch(QString());
 }
@@ -72,8 +72,9 @@ void QTabGoods::searchAgain()
 QVector<int> QTabGoods::rowsOf(const QString &id) const
 {
     QVector<int> rows;
+    const std::string wanted = id.toStdString();
     for (int row = 0; row < model()->rowCount(); ++row) {
-        if (model()->stored(row, idColumn) == id)
+        if (model()->storedBytes(row, idColumn) == wanted)
             rows.append(row);
     }
     return rows;

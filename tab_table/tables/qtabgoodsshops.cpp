@@ -2,6 +2,7 @@
 
 #include "combos.h"
 #include "db.h"
+#include "listpane.h"
 #include "permittedlists.h"
 #include "qloadeduser.h"
 #include "ui_qtabgoodsshopsfilter.h"
@@ -19,10 +20,11 @@ QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *rec
     query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
                            "goods_shop.count_syllable FROM goods_shop LEFT JOIN shops ON "
                            "goods_shop.id_shop=shops.id LEFT JOIN goods ON goods_shop.id_goods=goods.id");
+    list()->breakCaptions();
     setColumns({{tr("Назва магазину"), 35},
                 {tr("Назва товару"), 42},
-                {tr("Кількість в торговому залі"), 22, &asQuantity},
-                {tr("Кількість на складі"), 18, &asQuantity}});
+                {tr("Кількість в торговому залі"), 14, &asQuantity},
+                {tr("Кількість на складі"), 14, &asQuantity}});
     buildFilter();
     seerch(QString());
 }
