@@ -28,6 +28,7 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     Q_UNUSED(set)
     ui->setupUi(this);
     m_payment = new SalePayment(m_work, ui->place, ui->receipt->model());
+    m_guard = new SaleGuard(m_work, m_acts, m_payment, ui->receipt);
     setUpParts();
     connectPlace();
     connectGoods();
@@ -63,8 +64,8 @@ void QRegisterSale::setUpParts()
         m_work, m_acts, [this] { return goodsScope(); },
         [this](const GoodsItem &item) { return addGoods(item); });
     ui->receipt->setUp(
-        m_work->user(), [this](const Act &again) { return mayChange(again); },
-        [this](const Act &act) {
+        m_work->user(), [this](const SaleGuard::Act &again) { return m_guard->mayChange(again); },
+        [this](const SaleGuard::Act &act) {
             m_acts->decide([=](bool isThere) {
                 if (isThere)
                     act();
@@ -80,7 +81,7 @@ void QRegisterSale::salemode()
 
 void QRegisterSale::connectPlace()
 {
-    ui->place->setGuard([this](const Act &leave) { leaveReceipt(leave); });
+    ui->place->setGuard([this](const SaleGuard::Act &leave) { m_guard->leaveReceipt(leave); });
     connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showRights);
     connect(ui->place, &PlaceBar::goodsChanged, ui->goods, &GoodsPicker::refresh);
     connect(ui->place, &PlaceBar::kassChanged, ui->goods, &GoodsPicker::takeScans);
@@ -116,7 +117,7 @@ void QRegisterSale::connectReceipt()
     connect(ui->receipt, &ReceiptPane::left, ui->goods, &GoodsPicker::focusSearch);
     connect(ui->receipt, &ReceiptPane::clearPressed, this, [this] {
         if (m_work->mayEdit())
-            leaveReceipt({});
+            m_guard->leaveReceipt({});
         focusSearch();
     });
 }
@@ -124,6 +125,8 @@ void QRegisterSale::connectReceipt()
 void QRegisterSale::connectPayment()
 {
     m_payment->setScope([this] { return goodsScope(); });
+    connect(m_guard, &SaleGuard::receiptLeft, this, &QRegisterSale::clearReceipt);
+    connect(m_guard, &SaleGuard::closeWanted, this, &QRegisterSale::closeAgain, Qt::QueuedConnection);
     connect(m_payment, &SalePayment::sold, this, &QRegisterSale::afterSale);
     connect(m_payment, &SalePayment::notWritten, this, &QRegisterSale::keepScans);
     connect(m_payment, &SalePayment::shiftRead, ui->shift, &ShiftBar::refresh);
@@ -131,9 +134,9 @@ void QRegisterSale::connectPayment()
 
 void QRegisterSale::connectClosing()
 {
-    ui->shift->setGuard([this](const Act &close) {
-        whenSettled([=](bool isSettled) {
-            if (isSettled && mayChange(close))
+    ui->shift->setGuard([this](const SaleGuard::Act &close) {
+        m_guard->whenSettled([=](bool isSettled) {
+            if (isSettled && m_guard->mayChange(close))
                 close();
             else
                 focusSearch();
@@ -209,7 +212,7 @@ void QRegisterSale::seerch(const QString &text)
 
 bool QRegisterSale::addGoods(const GoodsItem &item)
 {
-    if (!mayChange([=] { addGoods(item); }))
+    if (!m_guard->mayChange([=] { addGoods(item); }))
         return false;
     if (!item.hasPrice) {
         notify(tr("Товар «%1» не має ціни.").arg(item.name));
@@ -218,14 +221,6 @@ bool QRegisterSale::addGoods(const GoodsItem &item)
     const bool isAdded = ui->receipt->add(ReceiptRow(item));
     ui->goods->clearField();
     return isAdded;
-}
-
-void QRegisterSale::whenSettled(const std::function<void(bool isSettled)> &act)
-{
-    if (!m_work->isFree())
-        return;
-    const bool isSettled = ui->receipt->settle();
-    m_acts->decide([=](bool isThere) { act(isSettled && isThere); });
 }
 
 /// A code that was typed and not confirmed: the receipt would be paid without its item.
@@ -251,7 +246,7 @@ void QRegisterSale::escape()
         ui->goods->dropSearch();
         ui->goods->clear();
     } else if (m_work->mayEdit()) {
-        leaveReceipt({});
+        m_guard->leaveReceipt({});
     }
     focusSearch();
 }
@@ -314,8 +309,8 @@ void QRegisterSale::keyPressEvent(QKeyEvent *event)
 
 void QRegisterSale::sale()
 {
-    whenSettled([this](bool isSettled) {
-        if (!isSettled || isCodeLeft() || !mayChange([this] { sale(); }))
+    m_guard->whenSettled([this](bool isSettled) {
+        if (!isSettled || isCodeLeft() || !m_guard->mayChange([this] { sale(); }))
             return;
         m_searchBefore = ui->goods->searchField()->text();
         m_payment->sell();
@@ -367,51 +362,10 @@ void QRegisterSale::tellTracker(const QStringList &tables)
         [](bool) {});
 }
 
-bool QRegisterSale::mayChange(const Act &again)
-{
-    if (!m_work->mayEdit() || !m_work->isFree())
-        return false;
-    if (!m_payment->unclear())
-        return true;
-    m_payment->askUnclear([again](std::optional<bool> isWritten) {
-        if (isWritten == false)
-            again();
-    });
-    return false;
-}
-
 /// Into this receipt; what is kept waits for an answer or for the next one.
 bool QRegisterSale::mayTakeScans() const
 {
     return m_work->isIdle() && !m_keepsScans && !ui->place->isReading() && !m_payment->unclear();
-}
-
-void QRegisterSale::leaveReceipt(const Act &leave)
-{
-    whenSettled([=](bool) {
-        if (!m_work->isFree())
-            return;
-        if (m_payment->unclear()) {
-            m_payment->askUnclear([=](std::optional<bool> isWritten) {
-                if (isWritten)
-                    leaveReceipt(leave);
-            });
-        } else if (mayLoseReceipt() && leave) {
-            leave();
-        }
-    });
-}
-
-/// True when the receipt is empty, or the user agreed to lose it.
-bool QRegisterSale::mayLoseReceipt()
-{
-    if (ui->receipt->receipt().isEmpty())
-        return true;
-    if (!m_work->confirm(tr("Очистити чек?"), tr("У чеку є товари, чек ще не оплачено.\nОчистити його?"),
-                         tr("Очистити")))
-        return false;
-    clearReceipt();
-    return true;
 }
 
 /// The next receipt begins with nothing of this one.
@@ -430,51 +384,15 @@ void QRegisterSale::closeEvent(QCloseEvent *event)
     event->setAccepted(mayClose());
 }
 
-/// An item that is on its way, and the server about a receipt that may be written, have to answer before.
-bool QRegisterSale::mayClose()
-{
-    if (!m_work->isIdle()) {
-        notify(tr("%1 Закрийте вкладку, коли це закінчиться.").arg(m_work->words()).trimmed());
-        return false;
-    }
-    const bool isAsked = std::exchange(m_isAskedToClose, false);
-    if (m_acts->isAwaiting()) {
-        m_acts->decide([this](bool) { closeAgain(); });
-        return false;
-    }
-    ui->receipt->settle();
-    if (!m_payment->unclear())
-        return mayLoseReceipt();
-    if (isAsked)
-        return forgetUnclear();
-    m_payment->askUnclear([this](std::optional<bool>) {
-        m_isAskedToClose = true;
-        closeAgain();
-    });
-    return false;
-}
-
-/// Whoever is asked may delete this.
 void QRegisterSale::closeAgain()
 {
-    QTimer::singleShot(0, this, [this] {
-        if (isWindow())
-            close();
-        else
-            emit closeWanted();
-    });
+    if (isWindow())
+        close();
+    else
+        emit closeWanted();
 }
 
-/// True when the user does not want to know whether the last receipt was written.
-bool QRegisterSale::forgetUnclear()
+bool QRegisterSale::mayClose()
 {
-    const QString what = m_payment->unclearWords();
-    if (!m_work->confirm(tr("Закрити вкладку?"),
-                         what + QStringLiteral("\n\n") +
-                             tr("Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».")
-                                 .arg(moneyShown(m_payment->unclear()->toPay)),
-                         tr("Закрити")))
-        return false;
-    postMessage(m_work->receiver(), what, QMessEvent::Warning);
-    return true;
+    return m_guard->mayClose();
 }

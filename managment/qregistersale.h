@@ -1,6 +1,7 @@
 #pragma once
 
 #include "page.h"
+#include "saleguard.h"
 #include "salepayment.h"
 
 #include <QWidget>
@@ -94,24 +95,12 @@ private:
     void focusSearch();
     bool fieldKey(const QKeyEvent *key, bool isChoice);
 
-    using Act = std::function<void()>;
-    /// Ends what the hand has begun, a quantity or a discount that is being typed, an item that is on its
-    /// way, then does the act. isSettled: false, with the reason shown, when something of it did not come
-    /// into the receipt.
-    void whenSettled(const std::function<void(bool isSettled)> &act);
     bool isCodeLeft();
-    /// False, with the reason shown, when the user may not sell, something is under way, or the last receipt
-    /// is not settled yet: of that the server is asked, and the act comes when the receipt still stands.
-    bool mayChange(const Act &again);
     bool mayTakeScans() const;
-    /// Does the act when the receipt is empty, or the user agreed to lose it.
-    void leaveReceipt(const Act &leave);
-    bool mayLoseReceipt();
     void clearReceipt();
     void escape();
     void findGoods();
     void closeAgain();
-    bool forgetUnclear();
 
     void afterSale(const SalePayment::Sold &sold);
     void keepScans();
@@ -122,11 +111,10 @@ private:
     HeldActs *m_acts;
     DbTasks *m_tracking;
     SalePayment *m_payment = nullptr;
+    SaleGuard *m_guard = nullptr;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
     /// What stood in the search field when the receipt was paid.
     QString m_searchBefore;
     /// Scanned behind a receipt that was paid but not written: it belongs to the next one.
     bool m_keepsScans = false;
-    /// Whoever closes the tab has waited for the server's answer about the last receipt.
-    bool m_isAskedToClose = false;
 };
