@@ -93,12 +93,14 @@ void QChangPass::setWaiting(bool isWaiting)
         m_note->end();
 }
 
-/// A failure has reported itself.
+/// A failure has reported itself, a lost server only once: what came of it is said here.
 void QChangPass::tell(Outcome outcome)
 {
     setWaiting(false);
     if (outcome == Outcome::Stored)
         accept();
+    else if (outcome == Outcome::Failed)
+        m_note->say(tr("Пароль не змінено."));
     else if (outcome == Outcome::WrongCurrent)
         warn(ui->leCurrent, tr("Поточний пароль не вірний!"));
     else if (outcome == Outcome::Taken)

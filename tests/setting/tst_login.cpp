@@ -381,6 +381,7 @@ void TstLogin::failedChangeIsReported()
     QVERIFY2(window.told.at(0).contains(
                  QRegularExpression("^In file: setting/qchangpass line: .*Помилка запиту\nні\nUPDATE")),
              qPrintable(window.told.at(0)));
+    QCOMPARE(child<QLabel>(&dialog, "labelWait")->text(), QString("Пароль не змінено."));
     QCOMPARE(dialog.result(), static_cast<int>(QDialog::Rejected));
     QCOMPARE(base.value("SELECT pass FROM users WHERE id=1"), QString());
 }
