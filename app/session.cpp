@@ -3,27 +3,21 @@
 #include "connectionstate.h"
 #include "databasestart.h"
 #include "db.h"
-#include "errorlist.h"
+#include "login.h"
 #include "nextstep.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
 #include "qqestion.h"
-#include "qseluser.h"
-#include "qupdatebd.h"
 #include "setting.h"
-#include "settingfile.h"
 #include "tuning.h"
-#include "userstate.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QTabWidget>
 #include <algorithm>
 
 namespace {
 const QString connectionName = QStringLiteral("veltab");
-const QLatin1String loginKey("login");
 } // namespace
 
 bool isDatabaseAtWork()
@@ -288,90 +282,15 @@ void Session::login()
         connectDatabase();
         return;
     }
-    // Whoever worked before goes on when nobody else came in.
-    if (!askForUser() && !m_user.isLoaded())
+    Login login(m_directory, m_setting->prefIdentify(), connectionName,
+                {m_window.widget, m_window.errors, [this] { return m_isLost ? m_words : QString(); }});
+    if (const auto entrant = login.ask(m_isUnattended)) {
+        welcome(*entrant);
+    } else if (!m_user.isLoaded()) {
+        // Whoever worked before goes on when nobody else came in.
         say(tr("Користувач не увійшов."));
+    }
     emit changed();
-}
-
-/// True when the name of the last user of this machine may stand in the settings file too.
-bool Session::mayRememberLogin() const
-{
-    const QFileInfo file(SettingFile::path(m_directory));
-    return SettingFile::problem(m_directory).isEmpty() &&
-           (file.exists() ? file.isWritable() : QFileInfo(m_directory).isWritable());
-}
-
-bool Session::askForUser()
-{
-    QSelUser dialog(m_directory, m_setting->prefIdentify(), m_window.widget, false, mayRememberLogin());
-    DbTasks hintTasks(connectionName, m_window.widget, nullptr);
-    DbTasks tasks(connectionName, m_window.widget, nullptr);
-    Entrant found;
-    dialog.setCheck([&] { lookForUser(&tasks, &dialog, &found); }, [&] { tasks.drop(); });
-    dialog.suggestLogin(rememberedState(QString(), loginKey).toString());
-    askWhetherFirstUser(&hintTasks, &dialog);
-    dialog.setAttribute(Qt::WA_DontShowOnScreen, m_isUnattended);
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    rememberState(QString(), loginKey, dialog.login());
-    welcome(found);
-    return true;
-}
-
-/// Names the user that a new database comes with, as long as nobody has changed it.
-void Session::askWhetherFirstUser(DbTasks *tasks, QSelUser *dialog) const
-{
-    tasks->read(
-        [](const Db &db) {
-            return db.firstText(
-                QStringLiteral("SELECT COUNT(*)=1 AND MAX(login='admin' AND pass='') FROM users"));
-        },
-        [this, dialog](const std::optional<QString> &isUntouched) {
-            if (isUntouched == QStringLiteral("1")) {
-                dialog->suggestLogin(QStringLiteral("admin"));
-                dialog->showHint(tr("Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть "
-                                    "пароль: Користувачі → Змінити пароль."));
-            }
-            if (!m_isUnattended)
-                return;
-            dialog->ok();
-            if (!dialog->isWaiting())
-                dialog->reject();
-        });
-}
-
-void Session::lookForUser(DbTasks *tasks, QSelUser *dialog, Entrant *found)
-{
-    tasks->read([name = dialog->login(), identifier = dialog->identifier(),
-                 isCard = dialog->isCard()](const Db &db) { return find(db, name, identifier, isCard); },
-                [this, dialog, found](const std::optional<Entrant> &entrant) {
-                    *found = entrant.value_or(Entrant());
-                    dialog->answer(entrant.has_value());
-                    if (!entrant)
-                        tellWhyNobody(dialog);
-                    if (!entrant && m_isUnattended)
-                        dialog->reject();
-                });
-}
-
-std::optional<Session::Entrant> Session::find(const Db &db, const QString &name, const QString &identifier,
-                                              bool isCard)
-{
-    const auto rights = isCard ? findUserOfCard(db, identifier) : findUser(db, name, identifier);
-    if (!rights)
-        return std::nullopt;
-    QUpdateBD().create_tmp(*db.connection(), db.receiver());
-    return Entrant{*rights, nameSename(db, rights->idUser.toInt())};
-}
-
-/// What was reported is shown over the dialog. A lost server is reported once: then its words do.
-void Session::tellWhyNobody(QWidget *dialog)
-{
-    if (m_isLost)
-        QQestion::question(dialog, tr("Попередження."), m_words, true);
-    QCoreApplication::sendPostedEvents(m_window.widget, QMessEvent::eventType);
-    m_window.errors->show();
 }
 
 void Session::readRights()

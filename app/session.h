@@ -10,9 +10,9 @@
 #include <QSqlDatabase>
 
 class ErrorList;
+struct Entrant;
 class QLogger;
 class QProcEvent;
-class QSelUser;
 class QTabWidget;
 class QWidget;
 class setting;
@@ -83,14 +83,6 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    /// Whom the database knows by what was entered.
-    struct Entrant
-    {
-        UserRights rights;
-        QString name;
-    };
-    static std::optional<Entrant> find(const Db &db, const QString &name, const QString &identifier,
-                                       bool isCard);
     bool hasNewAddress() const;
     bool hasPages() const;
     bool isHeld();
@@ -102,11 +94,6 @@ private:
     void offerSchema(bool databaseIsMissing);
     void offerTuning(TunedState state);
     void tune(Tuning tuning);
-    bool mayRememberLogin() const;
-    bool askForUser();
-    void askWhetherFirstUser(DbTasks *tasks, QSelUser *dialog) const;
-    void lookForUser(DbTasks *tasks, QSelUser *dialog, Entrant *found);
-    void tellWhyNobody(QWidget *dialog);
     void logout();
     void welcome(const Entrant &entrant);
     void askNextStep();
