@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -71,16 +70,16 @@ void KeptKeys::giveTo(QWidget *window)
 }
 
 BusyWindow::BusyWindow(QWidget *window, QPushButton *cancel, QLabel *label)
-    : QObject(window), m_window(window), m_cancel(cancel), m_label(label)
+    : QObject(window), m_window(window), m_cancel(cancel), m_note(label, this)
 {
     m_notice.setSingleShot(true);
-    m_notice.setInterval(unnoticedMs);
-    connect(&m_notice, &QTimer::timeout, this, &BusyWindow::show);
+    m_notice.setInterval(WaitNote::delayMs);
+    connect(&m_notice, &QTimer::timeout, this, &BusyWindow::disable);
 }
 
 void BusyWindow::begin(const QString &words, bool keepsKeys)
 {
-    m_words = words;
+    m_note.begin(words);
     m_keepsKeys = keepsKeys;
     m_keys.drop();
     if (!m_isBusy)
@@ -89,9 +88,8 @@ void BusyWindow::begin(const QString &words, bool keepsKeys)
     m_notice.start();
 }
 
-void BusyWindow::show()
+void BusyWindow::disable()
 {
-    m_label->setText(m_words);
     m_focused = m_window->focusWidget();
     const auto widgets = m_window->findChildren<QWidget *>();
     for (QWidget *widget : widgets) {
@@ -103,18 +101,12 @@ void BusyWindow::show()
     }
 }
 
-void BusyWindow::say(const QString &words)
-{
-    m_words = words;
-    m_label->setText(words);
-}
-
 void BusyWindow::end()
 {
     m_notice.stop();
     qApp->removeEventFilter(this);
     m_isBusy = false;
-    m_label->clear();
+    m_note.end();
     for (const auto &widget : qAsConst(m_disabled)) {
         if (widget)
             widget->setEnabled(true);

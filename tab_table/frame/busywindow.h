@@ -1,5 +1,7 @@
 #pragma once
 
+#include "waitnote.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
@@ -38,16 +40,13 @@ class BusyWindow : public QObject
     Q_OBJECT
 
 public:
-    /// So long a wait is not worth a word.
-    static constexpr int unnoticedMs = 150;
-
     BusyWindow(QWidget *window, QPushButton *cancel, QLabel *label);
 
     /// keepsKeys: what is typed meanwhile is meant for this window, see giveKeys().
     void begin(const QString &words, bool keepsKeys);
     bool isBusy() const { return m_isBusy; }
     /// Says something else, at once.
-    void say(const QString &words);
+    void say(const QString &words) { m_note.say(words); }
     void end();
     /// Types what was kept; after end(), when the window is ready for it.
     void giveKeys() { m_keys.giveTo(m_window); }
@@ -56,19 +55,18 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void show();
+    void disable();
     bool cancels(const QKeyEvent &key) const;
     bool isKeyTaken(QEvent *event);
 
     QWidget *m_window;
     QPushButton *m_cancel;
-    QLabel *m_label;
+    WaitNote m_note;
     QTimer m_notice;
-    QString m_words;
     bool m_isBusy = false;
     bool m_keepsKeys = false;
     KeptKeys m_keys;
-    /// What show() has disabled, and what had the focus then.
+    /// What disable() has disabled, and what had the focus then.
     QVector<QPointer<QWidget>> m_disabled;
     QPointer<QWidget> m_focused;
 };

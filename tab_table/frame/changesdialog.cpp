@@ -22,6 +22,19 @@ QString shownValue(const std::optional<RecordField> &field)
     return field->shown.isEmpty() ? ChangesDialog::tr("(порожньо)") : field->shown;
 }
 
+/// What the longest word of the first column needs: words are not broken.
+int widthOfWords(const QTableWidget *table)
+{
+    int widest = 0;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        const QTableWidgetItem *cell = table->item(row, Caption);
+        const QFontMetrics letters(cell->font());
+        for (const QString &word : cell->text().split(QLatin1Char(' ')))
+            widest = qMax(widest, letters.horizontalAdvance(word) + letters.averageCharWidth() * 2);
+    }
+    return widest;
+}
+
 bool hasConflict(const QVector<RecordChange> &changes)
 {
     for (const RecordChange &change : changes) {
@@ -64,7 +77,8 @@ void ChangesDialog::buildTable(const QVector<RecordChange> &changes)
 {
     m_table->setObjectName(QStringLiteral("twChanges"));
     m_table->setAccessibleName(windowTitle());
-    m_table->setHorizontalHeaderLabels({tr("Поле"), tr("Було"), tr("У вас"), tr("В іншої програми")});
+    m_table->setHorizontalHeaderLabels({tr("Поле"), tr("Було"), tr("У вас"), tr("У неї")});
+    m_table->horizontalHeaderItem(Theirs)->setToolTip(tr("В іншої програми"));
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setTabKeyNavigation(false);
@@ -120,14 +134,19 @@ void ChangesDialog::fit()
     fitButtons(m_buttons, width);
     const int rowHeight = m_table->verticalHeader()->defaultSectionSize();
     // The rows are as high as their texts need in columns of that width.
-    for (int column = 0; column < ColumnCount; ++column)
-        m_table->setColumnWidth(column, (width - rowHeight * 2) / ColumnCount);
+    const int room = width - rowHeight * 2;
+    const int captionWidth = qMax(room / ColumnCount, qMin(widthOfWords(m_table), room / 2));
+    m_table->setColumnWidth(Caption, captionWidth);
+    for (int column = Before; column < ColumnCount; ++column)
+        m_table->setColumnWidth(column, (room - captionWidth) / (ColumnCount - 1));
     m_table->resizeRowsToContents();
     const int rows = m_table->verticalHeader()->length() + rowHeight * 2;
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(Caption, QHeaderView::Fixed);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->setMinimumHeight(rowHeight * 3);
-    const int others = m_text->heightForWidth(width) + m_buttons->sizeHint().height() + rowHeight * 2;
+    const int others = m_text->heightForWidth(width) + m_buttons->sizeHint().height() + rowHeight +
+                       m_table->horizontalHeader()->sizeHint().height();
     resize(width, qMin(rows + others, greatest.height()));
 }
 

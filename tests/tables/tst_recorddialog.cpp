@@ -12,6 +12,7 @@
 #include "qtabshops.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -68,6 +69,7 @@ private slots:
     void otherFieldsAreSavedTogether();
     void conflictIsDecided_data();
     void conflictIsDecided();
+    void captionsOfChangesFit();
     void nothingStrayDecides();
     void changedOnceMoreIsAskedOnceMore();
     void entryThatTheListLacks();
@@ -252,6 +254,27 @@ void TstRecordDialog::conflictIsDecided()
         QCOMPARE(child<QLineEdit>(editor, "leName")->text(), QString("Їжачок"));
     });
     QTEST(shop(), "stored");
+}
+
+/// With letters of twice the size on a small screen.
+void TstRecordDialog::captionsOfChangesFit()
+{
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSize(before.pointSize() * 2);
+    QApplication::setFont(large);
+    const RecordField field = {"address", "Адреса магазину", "1", "1", QVariant()};
+    ChangesDialog dialog(nullptr, {{field, field, field, true}});
+    dialog.show();
+    const auto *table = child<QTableWidget>(&dialog, "twChanges");
+    for (int column = 0; column < table->columnCount(); ++column) {
+        const QString caption = table->horizontalHeaderItem(column)->text();
+        QVERIFY2(table->horizontalHeader()->fontMetrics().horizontalAdvance(caption) <
+                     table->columnWidth(column),
+                 qPrintable(caption));
+    }
+    QApplication::setFont(before);
+    QVERIFY(QFontMetrics(table->item(0, 0)->font()).horizontalAdvance("магазину") < table->columnWidth(0));
 }
 
 void TstRecordDialog::nothingStrayDecides()

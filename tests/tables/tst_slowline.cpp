@@ -3,6 +3,9 @@
 #include "dbtasks.h"
 #include "heartbeat.h"
 #include "qaddedtgoods.h"
+#include "qaddedtshop.h"
+#include "qrowmodel.h"
+#include "qtabshops.h"
 #include "tcpproxy.h"
 
 #include <QComboBox>
@@ -28,6 +31,8 @@ private slots:
     void silentWhileReading();
     void silentWhileWriting();
     void editorGoneWhileWriting();
+    void tabGoneWithItsEditor_data();
+    void tabGoneWithItsEditor();
 
 private:
     std::unique_ptr<QAddEdtGoods> openEditor(const QString &id);
@@ -223,6 +228,39 @@ void TstSlowLine::editorGoneWhileWriting()
     editor = openEditor("7");
     editor.reset();
     waitOutTasks();
+    QCOMPARE(base().heard.texts(), QStringList());
+}
+
+void TstSlowLine::tabGoneWithItsEditor_data()
+{
+    QTest::addColumn<bool>("isSaving");
+    QTest::newRow("while it reads") << false;
+    QTest::newRow("while it writes") << true;
+}
+
+/// Whoever asked for the editor is on the stack still.
+void TstSlowLine::tabGoneWithItsEditor()
+{
+    QFETCH(bool, isSaving);
+    base().exec("INSERT INTO shops(id,address,name,group_shop,day_update,count_day_cycle,block) "
+                "VALUES(10,'Львів','Їжак',2,3,7,0)");
+    auto tab = std::make_unique<QTabShops>(m_place->connection(), m_place->user(), &base().heard,
+                                           m_place->settings(), nullptr);
+    tab->setPermission(Permission::Shops);
+    tab->show();
+    QTRY_COMPARE(tab->model()->rowCount(), 1);
+    QVERIFY(withModal<QAddEdtShop>([&] { tab->Edit(tab->model()->index(0, 1)); },
+                                   [&](QAddEdtShop *editor) {
+                                       if (isSaving) {
+                                           waitOutTasks();
+                                           enter(editor, "leName", "Їжачок");
+                                           editor->btok();
+                                           QVERIFY(editor->isBusy());
+                                       }
+                                       tab.reset();
+                                   }));
+    waitOutTasks();
+    QCOMPARE(base().value("SELECT name FROM shops"), QString(isSaving ? "Їжачок" : "Їжак"));
     QCOMPARE(base().heard.texts(), QStringList());
 }
 
