@@ -104,9 +104,29 @@ void QNTableView::keyPressEvent(QKeyEvent *event)
     event->accept();
 }
 
+bool QNTableView::mayPress(const QMouseEvent &event)
+{
+    return !m_mayPress || m_mayPress([this, again = event] { pressAgain(again); });
+}
+
+/// The button is up by then.
+void QNTableView::pressAgain(const QMouseEvent &event)
+{
+    QMouseEvent press(QEvent::MouseButtonPress, event.localPos(), event.windowPos(), event.screenPos(),
+                      event.button(), event.button(), event.modifiers());
+    mousePressEvent(&press);
+    QMouseEvent release(QEvent::MouseButtonRelease, event.localPos(), event.windowPos(), event.screenPos(),
+                        event.button(), Qt::NoButton, event.modifiers());
+    mouseReleaseEvent(&release);
+    if (event.type() != QEvent::MouseButtonDblClick)
+        return;
+    QMouseEvent twice = event;
+    mouseDoubleClickEvent(&twice);
+}
+
 void QNTableView::mousePressEvent(QMouseEvent *event)
 {
-    if (m_mayPress && !m_mayPress())
+    if (!mayPress(*event))
         return;
     const QModelIndex index = indexAt(event->pos());
     if (event->button() == Qt::LeftButton) {
@@ -136,7 +156,8 @@ void QNTableView::mouseReleaseEvent(QMouseEvent *event)
 
 void QNTableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    QTableView::mouseDoubleClickEvent(event);
+    if (mayPress(*event))
+        QTableView::mouseDoubleClickEvent(event);
 }
 
 void QNTableView::paintEvent(QPaintEvent *event)

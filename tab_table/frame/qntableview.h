@@ -24,8 +24,9 @@ public:
     /// now, except that it gives way as far as leastWidth where the list fits without a scroll bar then.
     void setMainColumn(int column, int leastWidth = 0);
     /// Asked before a press of the mouse means anything; false keeps the press away: something in the list
-    /// has to be ended first.
-    void setPressGuard(const std::function<bool()> &mayPress) { m_mayPress = mayPress; }
+    /// has to be ended first. again() makes up for it.
+    using PressGuard = std::function<bool(const std::function<void()> &again)>;
+    void setPressGuard(const PressGuard &mayPress) { m_mayPress = mayPress; }
     /// Gives it that width again, after columns were shown or hidden.
     void fillWidth();
 
@@ -46,8 +47,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    bool mayPress(const QMouseEvent &event);
+    void pressAgain(const QMouseEvent &event);
+
     QItemSelectionModel *m_headerSelection = nullptr;
-    std::function<bool()> m_mayPress;
+    PressGuard m_mayPress;
     int m_mainColumn = -1;
     int m_leastMainWidth = 0;
     int m_wantedMainWidth = 0;

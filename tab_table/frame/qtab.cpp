@@ -14,9 +14,12 @@
 #include "qupdatebd.h"
 #include "recorddialog.h"
 #include "typingpause.h"
+#include "waitnote.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -24,7 +27,13 @@
 
 QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
            QTabDelegate *delegate, QLayout *layout)
-    : QWidget(parent), m_setting(set), m_user(user), m_db(db), m_receiver(receiver), m_delegate(delegate), m_tasks(db->connectionName(), receiver, nullptr)
+    : QWidget(parent)
+    , m_setting(set)
+    , m_user(user)
+    , m_db(db)
+    , m_receiver(receiver)
+    , m_delegate(delegate)
+    , m_tasks(db->connectionName(), receiver, nullptr)
 {
     postTrace(receiver, QStringLiteral("In constructor QTab"));
     buildList(layout);
@@ -121,7 +130,9 @@ void QTab::connectDelegate()
         return;
     m_delegate->setParent(this);
     view()->setItemDelegate(m_delegate);
-    view()->setPressGuard([this] { return m_delegate->settle(); });
+    view()->setPressGuard([this](const std::function<void()> &again) { return m_delegate->settle(again); });
+    connect(m_delegate, &QTabDelegate::editAgain, this, &QTab::openName);
+    connect(m_delegate, &QTabDelegate::storedUnseen, this, qOverload<>(&QTab::ShowData));
     connect(m_delegate, &QTabDelegate::delnewrecord, this, &QTab::delnewrecord);
     connect(m_delegate, &QTabDelegate::SetNextEdit, this, [this] {
         m_added = QPersistentModelIndex();
@@ -129,6 +140,17 @@ void QTab::connectDelegate()
     });
     // After the editor is gone: the view cannot open the next one while it closes this one.
     connect(m_delegate, &QTabDelegate::extNextEdit, this, &QTab::NextEdit, Qt::QueuedConnection);
+    addWritingNote();
+}
+
+void QTab::addWritingNote()
+{
+    auto *label = new QLabel(m_list->footer());
+    label->setObjectName(QStringLiteral("labelWriting"));
+    static_cast<QHBoxLayout *>(m_list->footer()->layout())->insertWidget(1, label);
+    m_note = new WaitNote(label, this);
+    connect(m_delegate, &QTabDelegate::writingBegun, this, [this] { m_note->begin(tr("Записується…")); });
+    connect(m_delegate, &QTabDelegate::writingEnded, m_note, &WaitNote::end);
 }
 
 Db QTab::db() const
@@ -342,9 +364,16 @@ void QTab::Edit(const QModelIndex &index)
     if (m_list->isLoading())
         return;
     const QPersistentModelIndex name = index.sibling(index.row(), QTabDelegate::Name);
-    if (!mayEdit() || m_delegate->edited() == name || !m_delegate->settle() || !name.isValid())
+    if (!mayEdit() || m_delegate->edited() == name)
+        return;
+    if (!m_delegate->settle([this, name] { Edit(name); }) || !name.isValid())
         return;
     delnewrecord();
+    openName(name);
+}
+
+void QTab::openName(const QModelIndex &name)
+{
     view()->setCurrentIndex(name);
     view()->edit(name);
 }
@@ -359,15 +388,18 @@ void QTab::Add()
         m_addsWhenLoaded = true;
         return;
     }
-    if (!m_delegate->settle())
-        return;
+    if (m_delegate->settle([this] { Add(); }))
+        addName();
+}
+
+void QTab::addName()
+{
     delnewrecord();
     m_delegate->startAdding();
     const int row = model()->rowCount();
     model()->insertRow(row);
     m_added = model()->index(row, QTabDelegate::Name);
-    view()->setCurrentIndex(m_added);
-    view()->edit(m_added);
+    openName(m_added);
 }
 
 void QTab::delnewrecord()
@@ -383,6 +415,10 @@ bool QTab::mayClose()
 {
     if (m_delegate == nullptr)
         return true;
+    if (m_delegate->isWriting()) {
+        m_note->say(tr("Записується… Закрийте вкладку, коли це закінчиться."));
+        return false;
+    }
     const bool closes =
         !m_delegate->isChanged() ||
         QMessDlg::confirm(window(), tr("Назву не збережено."), tr("Набрану назву ще не записано."),
@@ -397,6 +433,8 @@ bool QTab::mayClose()
 void QTab::NextEdit()
 {
     Add();
+    if (m_delegate != nullptr)
+        m_delegate->giveKeys();
 }
 
 bool QTab::export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view, const QString &code,

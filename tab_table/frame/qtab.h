@@ -29,6 +29,7 @@ class QTabDelegate;
 class QTableView;
 class RecordDialog;
 class TypingPause;
+class WaitNote;
 class setting;
 
 /// The base of every tab that lists one table of the database: it says what its list loads, refreshes a row
@@ -64,7 +65,7 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
-    /// A name that is being typed in the list is asked about.
+    /// A name that is being typed in the list is asked about, one that is being written is waited for.
     bool mayClose() override;
     /// True while a search, or what the filter offers, is on its way.
     bool isLoading() const override;
@@ -169,6 +170,9 @@ private:
     void showRecord(const RowStore &records, const QModelIndex &index, bool isNew);
     void followUnclear();
     void connectDelegate();
+    void addWritingNote();
+    void openName(const QModelIndex &name);
+    void addName();
     void tellEmptyText();
     QString statement() const;
 
@@ -186,6 +190,7 @@ private:
     bool m_addsWhenLoaded = false;
     /// The row that is being added.
     QPersistentModelIndex m_added;
+    WaitNote *m_note = nullptr;
     QLineEdit *m_search = nullptr;
     TypingPause *m_typing = nullptr;
 };

@@ -1,10 +1,8 @@
 #include "qtabdelegate.h"
 
-#include "db.h"
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "qtab.h"
-#include "qupdatebd.h"
 #include "typedinput.h"
 
 #include <QKeyEvent>
@@ -43,16 +41,30 @@ bool comesBack(Qt::FocusReason reason)
 } // namespace
 
 QTabDelegate::QTabDelegate(const QString &table, QSqlDatabase *db, QObject *parent)
-    : QItemDelegate(parent), m_db(db), m_table(table), m_receiver(parent)
+    : QItemDelegate(parent)
+    , m_table(table)
+    , m_receiver(parent)
+    , m_tasks(db->connectionName(), parent, nullptr)
 {
     connect(this, &QTabDelegate::SetNextEdit, this, &QTabDelegate::setNextEdit);
     connect(this, &QTabDelegate::ClrNextEdit, this, &QTabDelegate::clrNextEdit);
     connect(this, &QTabDelegate::clr, this, &QTabDelegate::clradd);
+    connect(this, &QTabDelegate::typed, this, &QTabDelegate::store);
+    connect(&m_tasks, &DbTasks::idle, this, &QTabDelegate::endWriting);
+    readLength();
 }
 
-Db QTabDelegate::db() const
+void QTabDelegate::readLength()
 {
-    return Db(m_db, m_receiver);
+    m_tasks.read(
+        [table = m_table](const Db &db) {
+            return QTab::GetMaxChar(db.connection(), db.receiver(), table, QStringLiteral("name"));
+        },
+        [this](int length) {
+            m_maxLength = length;
+            if (QLineEdit *edit = openEditor(); edit != nullptr && edit->objectName() == nameEditor)
+                limitLength(edit);
+        });
 }
 
 QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -79,11 +91,10 @@ QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     return edit;
 }
 
+/// What was typed before the length was known is not cut.
 void QTabDelegate::limitLength(QLineEdit *edit) const
 {
-    if (m_maxLength < 0)
-        m_maxLength = QTab::GetMaxChar(m_db, m_receiver, m_table, QStringLiteral("name"));
-    if (m_maxLength > 0)
+    if (m_maxLength >= edit->text().size() && m_maxLength > 0)
         edit->setMaxLength(m_maxLength);
 }
 
@@ -110,10 +121,10 @@ bool QTabDelegate::isChanged() const
     return edit != nullptr && (!isUntouched(edit) || (m_isAdding && !keptName.isEmpty()));
 }
 
-bool QTabDelegate::settle()
+bool QTabDelegate::settle(const std::function<void()> &then)
 {
     QLineEdit *edit = openEditor();
-    return edit == nullptr || leave(edit);
+    return (edit == nullptr && !isWriting()) || leave(edit, {false, then});
 }
 
 void QTabDelegate::drop()
@@ -128,22 +139,22 @@ void QTabDelegate::resume()
         takeFocus(edit);
 }
 
-/// False when what is typed was refused: it stays in its editor.
-bool QTabDelegate::leave(QLineEdit *edit, bool goesOn)
+/// True when the editor is closed: there was nothing to be stored. While a name is written, what was asked
+/// for last comes next.
+bool QTabDelegate::leave(QLineEdit *edit, const Next &next)
 {
     if (m_isTelling)
         return false;
-    const QPointer<QLineEdit> open = edit;
-    m_isRefused = false;
+    m_next = next;
+    if (isWriting())
+        return false;
     if (isChanged()) {
         const QScopedValueRollback<bool> leaving(m_isLeaving, true);
         emit commitData(edit);
-    }
-    if (m_isRefused)
         return false;
-    m_hasNextEdit = m_hasNextEdit && goesOn;
-    if (open)
-        close(edit);
+    }
+    m_hasNextEdit = false;
+    close(edit);
     return true;
 }
 
@@ -158,8 +169,14 @@ void QTabDelegate::close(QLineEdit *edit, EndEditHint hint)
 void QTabDelegate::leaveLater(QLineEdit *edit)
 {
     QTimer::singleShot(0, this, [this, left = QPointer<QLineEdit>(edit)] {
-        if (left && left == openEditor() && !left->hasFocus())
+        if (!left || left != openEditor() || left->hasFocus())
+            return;
+        if (!isWriting()) {
             leave(left);
+            return;
+        }
+        m_next.isNewRow = false;
+        m_keys.drop();
     });
 }
 
@@ -175,6 +192,10 @@ bool QTabDelegate::eventFilter(QObject *editor, QEvent *event)
     }
     if (event->type() != QEvent::KeyPress)
         return QItemDelegate::eventFilter(editor, event);
+    if (isWriting()) {
+        m_keys.keep(static_cast<const QKeyEvent &>(*event));
+        return true;
+    }
     const int key = static_cast<QKeyEvent *>(event)->key();
     return edit->objectName() == nameEditor ? nameKey(edit, key) : idKey(edit, key);
 }
@@ -182,7 +203,7 @@ bool QTabDelegate::eventFilter(QObject *editor, QEvent *event)
 bool QTabDelegate::nameKey(QLineEdit *edit, int key)
 {
     if (isEnter(key)) {
-        leave(edit, true);
+        leave(edit, {true, {}});
         return true;
     }
     if (key == Qt::Key_Backtab && m_isAdding) {
@@ -218,7 +239,7 @@ bool QTabDelegate::endingKey(QLineEdit *edit, int key)
 void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     auto *edit = qobject_cast<QLineEdit *>(editor);
-    if (edit == nullptr)
+    if (edit == nullptr || isWriting())
         return;
     // The list itself stores when another row becomes the current one.
     if (edit == m_editor && !m_isKeeping && index.column() == Name && !isChanged())
@@ -228,114 +249,136 @@ void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
     if (index.column() == Id || m_isKeeping)
         model->setData(index, m_isKeeping ? edit->text() : text);
     else
-        store(edit, model, index, text);
+        emit typed(model, index, text);
     if (index.column() == Id && m_isLeaving)
-        store(edit, model, name, name.data(Qt::EditRole).toString().trimmed());
+        emit typed(model, name, name.data(Qt::EditRole).toString().trimmed());
     else if (!m_isLeaving)
         emit ClrNextEdit();
 }
 
-void QTabDelegate::store(QLineEdit *edit, QAbstractItemModel *model, const QModelIndex &name,
-                         const QString &text) const
+void QTabDelegate::store(QAbstractItemModel *model, const QModelIndex &name, const QString &text)
 {
-    m_isRefused = true;
-    QString why;
+    m_model = model;
+    m_window = m_editor ? m_editor->window() : nullptr;
     if (text.isEmpty())
-        why = tr("Поле не може бути пустим.");
+        refuse(tr("Поле не може бути пустим."));
     else if (hasControlCharacters(text))
-        why = controlCharactersRefusal(tr("Назва"));
+        refuse(controlCharactersRefusal(tr("Назва")));
     else
-        why = m_isAdding ? insertName(model, name, text) : updateName(model, name, text);
-    refuse(edit, why);
+        write(name, text);
 }
 
-/// An empty reason: it was told already, or there is none.
-void QTabDelegate::refuse(QLineEdit *edit, const QString &why) const
+void QTabDelegate::write(const QModelIndex &name, const QString &text)
 {
-    const QPointer<QLineEdit> open = edit;
+    m_written = name;
+    m_draft = {m_table, name.sibling(name.row(), Id).data(Qt::EditRole).toString(), m_isAdding,
+               name.data(Qt::EditRole).toString(), text};
+    m_keys.drop();
+    m_tasks.write([draft = m_draft](const Db &db) { return writeName(db, draft); },
+                  [this](const NameWritten &written) { take(written); });
+    if (!isWriting())
+        return;
+    if (QLineEdit *edit = openEditor())
+        edit->setReadOnly(true);
+    emit writingBegun();
+}
+
+void QTabDelegate::endWriting()
+{
+    if (QLineEdit *edit = openEditor())
+        edit->setReadOnly(false);
+    emit writingEnded();
+}
+
+void QTabDelegate::take(const NameWritten &written)
+{
+    if (written.outcome == NameWritten::Written)
+        takeStored(written);
+    else
+        takeRefused(written);
+}
+
+void QTabDelegate::takeStored(const NameWritten &written)
+{
+    const bool isInList = m_written.isValid();
+    if (isInList) {
+        m_model->setData(m_written.sibling(m_written.row(), Id), written.id);
+        m_model->setData(m_written, m_draft.name);
+    }
+    if (m_draft.isNew) {
+        emit clr();
+        emit SetNextEdit();
+    } else {
+        emit ClrNextEdit();
+    }
+    emit update();
+    QLineEdit *edit = openEditor();
+    m_hasNextEdit = m_hasNextEdit && m_next.isNewRow && edit != nullptr;
+    if (edit != nullptr)
+        close(edit);
+    if (!isInList)
+        emit storedUnseen();
+    goOn();
+}
+
+void QTabDelegate::goOn()
+{
+    const QPointer<QTabDelegate> open = this;
+    const auto then = std::exchange(m_next, {}).then;
+    if (then)
+        then();
+    if (open && !m_hasNextEdit)
+        giveKeys();
+}
+
+void QTabDelegate::giveKeys()
+{
+    if (m_window)
+        m_keys.giveTo(m_window);
+}
+
+void QTabDelegate::takeRefused(const NameWritten &written)
+{
+    m_next = {};
+    m_keys.drop();
+    if (written.theirs && m_written.isValid())
+        m_model->setData(m_written, *written.theirs);
+    reopen();
+    refuse(written.why);
+}
+
+/// The name stands in its editor as it was typed: the list may have closed that meanwhile.
+void QTabDelegate::reopen()
+{
+    if (openEditor() == nullptr && m_written.isValid())
+        emit editAgain(m_written);
+    QLineEdit *edit = openEditor();
+    if (edit != nullptr && edit->objectName() == nameEditor && edit->text().trimmed() != m_draft.name)
+        edit->setText(m_draft.name);
+    if (edit == nullptr && m_draft.isNew)
+        emit delnewrecord();
+}
+
+/// An empty reason: it was told already.
+void QTabDelegate::refuse(const QString &why)
+{
+    const QPointer<QTabDelegate> open = this;
+    const QPointer<QLineEdit> edit = openEditor();
     if (!why.isEmpty()) {
-        const QScopedValueRollback<bool> telling(m_isTelling, true);
-        QQestion::question(edit->window(), tr("Попередження."), why, true);
+        m_isTelling = true;
+        QQestion::question(m_window, tr("Попередження."), why, true);
+        if (!open)
+            return;
+        m_isTelling = false;
     }
-    if (m_isRefused && open)
-        takeFocus(open);
-}
-
-/// True also when nobody knows (reported).
-bool QTabDelegate::isTaken(const QString &condition, const QString &value, QString *why) const
-{
-    const auto other =
-        db().firstText(QStringLiteral("SELECT id FROM ") + m_table + QStringLiteral(" WHERE ") + condition,
-                       {{QStringLiteral(":value"), value}});
-    if (other && !other->isEmpty())
-        *why = tr("Такий запис вже існує в базі!");
-    return !other || !other->isEmpty();
-}
-
-/// Why not, in words; empty when it was stored, or when the failure was reported.
-QString QTabDelegate::insertName(QAbstractItemModel *model, const QModelIndex &index,
-                                 const QString &name) const
-{
-    QString why;
-    const QModelIndex idIndex = index.sibling(index.row(), Id);
-    const QString typedId = idIndex.data(Qt::EditRole).toString();
-    if (isTaken(QStringLiteral("name=:value"), name, &why))
-        return why;
-    if (!typedId.isEmpty() && isTaken(QStringLiteral("id=:value"), typedId, &why))
-        return why.isEmpty()
-                   ? why
-                   : tr("Код %1 вже зайнятий. Введіть інший або залиште його порожнім.").arg(typedId);
-    const QVariant id = typedId.toUInt() == 0 ? QVariant(QVariant::UInt) : QVariant(typedId.toUInt());
-    if (!db().run(QStringLiteral("INSERT INTO ") + m_table + QStringLiteral(" (id,name) VALUES(:id,:name)"),
-                  {{QStringLiteral(":id"), id}, {QStringLiteral(":name"), name}}))
-        return QString();
-    // LAST_INSERT_ID tells nothing about a row whose id was given.
-    const auto newId = id.isNull() ? db().lastInsertId() : std::optional<quint64>(typedId.toUInt());
-    if (!newId)
-        return QString();
-    model->setData(idIndex, QString::number(*newId));
-    model->setData(index, name);
-    m_isRefused = false;
-    QUpdateBD().update(m_table, *m_db, m_receiver);
-    emit clr();
-    emit SetNextEdit();
-    emit update();
-    return QString();
-}
-
-QString QTabDelegate::updateName(QAbstractItemModel *model, const QModelIndex &index,
-                                 const QString &name) const
-{
-    QString why;
-    const QString id = QString::number(index.sibling(index.row(), Id).data(Qt::EditRole).toString().toUInt());
-    if (isTaken(QStringLiteral("name=:value AND id<>") + id, name, &why))
-        return why;
-    const auto now =
-        db().firstText(QStringLiteral("SELECT name FROM ") + m_table + QStringLiteral(" WHERE id=") + id);
-    if (!now)
-        return QString();
-    if (*now != index.data(Qt::EditRole).toString()) {
-        model->setData(index, *now);
-        m_editor->setText(name);
-        return tr("Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, щоб записати свою, або Esc, "
-                  "щоб залишити цю.")
-            .arg(*now);
-    }
-    if (!db().run(QStringLiteral("UPDATE ") + m_table + QStringLiteral(" SET name=:name WHERE id=") + id,
-                  {{QStringLiteral(":name"), name}}, tr("Помилка оновлення запису.")))
-        return QString();
-    model->setData(index, name);
-    m_isRefused = false;
-    QUpdateBD().update(m_table, *m_db, m_receiver);
-    emit ClrNextEdit();
-    emit update();
-    return QString();
+    if (edit)
+        takeFocus(edit);
 }
 
 void QTabDelegate::esc(QObject *editor)
 {
     disconnect(editor, &QObject::destroyed, this, &QTabDelegate::esc);
-    if (--m_openEditors > 0)
+    if (--m_openEditors > 0 || isWriting())
         return;
     const bool wasStored = !m_isAdding;
     if (m_hasNextEdit) {

@@ -1,15 +1,21 @@
 #pragma once
 
+#include "busywindow.h"
+#include "dbtasks.h"
+#include "namestore.h"
+
 #include <QItemDelegate>
 #include <QPersistentModelIndex>
 #include <QPointer>
-#include <QSqlDatabase>
 
-class Db;
 class QLineEdit;
+class QSqlDatabase;
 
 /// The inline editor of lists that hold a name only: checks that the name is free and writes the row. A typed
 /// name is stored by whatever leaves the editor but Esc; a refused one stays in it.
+///
+/// It is written away from the window. Meanwhile the editor stays as it is, keeps the keys that are pressed
+/// in it for what comes next, and whatever else is asked for waits for the end.
 class QTabDelegate : public QItemDelegate
 {
     Q_OBJECT
@@ -22,7 +28,8 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
-    /// Stores the id in the model only while adding; stores the name in the database first.
+    /// Stores the id in the model only while adding; the name goes to the database first, and into the model
+    /// when it has arrived there.
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
     bool isAdding() const { return m_isAdding; }
@@ -32,11 +39,16 @@ public:
     QModelIndex edited() const;
     /// True while an editor is open with something else in it than what is stored.
     bool isChanged() const;
-    /// Stores what is typed and closes the editor, if one is open. False when that was refused, which is
-    /// told.
-    bool settle();
+    /// True while a name is on its way to the database.
+    bool isWriting() const { return m_tasks.isWriting(); }
+    /// Stores what is typed and closes the editor, if one is open. False when that takes its time: then()
+    /// follows when it is stored and nothing else was asked for meanwhile, and never when it was refused,
+    /// which is told.
+    bool settle(const std::function<void()> &then);
     /// Closes the editor and stores nothing.
     void drop();
+    /// Types what was pressed while a name was written.
+    void giveKeys();
     /// Goes on with the open editor.
     void resume();
 
@@ -45,11 +57,19 @@ signals:
     void update() const;
     /// The row that was being added got no name: it has to go.
     void delnewrecord();
+    /// A name is to be stored.
+    void typed(QAbstractItemModel *model, const QModelIndex &name, const QString &text) const;
     void clr() const;
     void ClrNextEdit() const;
     void SetNextEdit() const;
     /// The added row was stored: go on with another one.
     void extNextEdit();
+    void writingBegun();
+    void writingEnded();
+    /// The list has closed the editor of a name that was refused then: it has to be opened again.
+    void editAgain(const QModelIndex &index);
+    /// A name was stored whose row stands in the list no more.
+    void storedUnseen();
 
 protected:
     /// Enter stores and goes on adding, Tab stores, Esc drops. While a record is added, Backtab goes from its
@@ -68,21 +88,30 @@ private:
     bool idKey(QLineEdit *edit, int key);
     bool endingKey(QLineEdit *edit, int key);
     bool isUntouched(const QLineEdit *edit) const;
-    bool leave(QLineEdit *edit, bool goesOn = false);
+    /// What comes after the editing: the next new row, or what else was asked for.
+    struct Next
+    {
+        bool isNewRow;
+        std::function<void()> then;
+    };
+    bool leave(QLineEdit *edit, const Next &next = {});
     void close(QLineEdit *edit, EndEditHint hint = NoHint);
     void leaveLater(QLineEdit *edit);
-    Db db() const;
+    void readLength();
     void limitLength(QLineEdit *edit) const;
-    void refuse(QLineEdit *edit, const QString &why) const;
-    bool isTaken(const QString &condition, const QString &value, QString *why) const;
-    void store(QLineEdit *edit, QAbstractItemModel *model, const QModelIndex &name,
-               const QString &text) const;
-    QString insertName(QAbstractItemModel *model, const QModelIndex &index, const QString &name) const;
-    QString updateName(QAbstractItemModel *model, const QModelIndex &index, const QString &name) const;
+    void refuse(const QString &why);
+    void store(QAbstractItemModel *model, const QModelIndex &name, const QString &text);
+    void write(const QModelIndex &name, const QString &text);
+    void endWriting();
+    void take(const NameWritten &written);
+    void takeStored(const NameWritten &written);
+    void goOn();
+    void takeRefused(const NameWritten &written);
+    void reopen();
 
-    QSqlDatabase *m_db;
     QString m_table;
-    mutable int m_maxLength = -1;
+    /// Of the column; 0: not known.
+    int m_maxLength = 0;
     /// The editor opened last, which the list may have closed meanwhile, and its cell.
     mutable QPointer<QLineEdit> m_editor;
     mutable QPersistentModelIndex m_edited;
@@ -93,7 +122,14 @@ private:
     /// The name only waits in the list while the id is typed.
     bool m_isKeeping = false;
     bool m_isLeaving = false;
-    mutable bool m_isRefused = false;
-    mutable bool m_isTelling = false;
+    bool m_isTelling = false;
     QObject *m_receiver;
+    Next m_next = {};
+    KeptKeys m_keys;
+    /// What was written last, and its cell.
+    NameDraft m_draft;
+    QPersistentModelIndex m_written;
+    QPointer<QAbstractItemModel> m_model;
+    QPointer<QWidget> m_window;
+    DbTasks m_tasks;
 };

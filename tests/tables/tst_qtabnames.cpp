@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "heartbeat.h"
 #include "listpane.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
@@ -9,6 +10,7 @@
 #include "qtabdelegate.h"
 #include "qtabnames.h"
 #include "qupdatebd.h"
+#include "tcpproxy.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -16,6 +18,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QVBoxLayout>
 
 namespace {
@@ -25,8 +28,8 @@ constexpr NameList goodsGroupNames = {"group_goods", "Назва групи"};
 class NamesPage : public QWidget
 {
 public:
-    NamesPage(FreshDatabase *base, QLoadedUser *user)
-        : names(new QTabNamesOf<goodsGroupNames>(base->connection(), user, &base->heard, nullptr, this))
+    NamesPage(QSqlDatabase *db, QLoadedUser *user, QObject *heard)
+        : names(new QTabNamesOf<goodsGroupNames>(db, user, heard, nullptr, this))
         , field(new QLineEdit(this))
         , button(new QPushButton("&Поруч", this))
     {
@@ -81,8 +84,17 @@ private slots:
     void listMovesWhileAdding();
     void doubleClickOnTheNextName();
 
+    void hurriedHandsOnASlowLine();
+    void refusedWhileSomethingElseIsWanted();
+    void listClosesTheEditorOfARefusedName();
+    void reloadWhileWriting();
+    void closedWhileWriting();
+    void silentWhileWriting();
+
 private:
     void open(int right = Permission::Full);
+    void openSlowly(int delayMs);
+    QString note() { return child<QLabel>(m_page->names, "labelWriting")->text(); }
     QLineEdit *editor();
     QAbstractItemModel *model() { return m_page->names->model(); }
     QNTableView *view() { return m_page->names->view(); }
@@ -93,12 +105,15 @@ private:
     void leaveBy(int way);
     bool isClosed();
     QStringList shown(int column = 1);
-    QStringList names() { return m_base->rows("SELECT name FROM group_goods WHERE id>=30 ORDER BY name"); }
+    QStringList names();
 
     QTemporaryDir m_home;
     std::unique_ptr<FreshDatabase> m_base;
     std::unique_ptr<QLoadedUser> m_user;
     std::unique_ptr<NamesPage> m_page;
+    std::unique_ptr<TcpProxy> m_proxy;
+    /// Through the proxy, where there is one.
+    QSqlDatabase m_window;
 };
 
 void TstQTabNames::initTestCase()
@@ -117,7 +132,17 @@ void TstQTabNames::init()
 
 void TstQTabNames::cleanup()
 {
+    Db::setStatementHook(nullptr);
+    if (m_proxy != nullptr) {
+        m_proxy->setSilent(false);
+        m_proxy->setDelay(0);
+    }
+    waitOutTasks();
     m_page.reset();
+    m_window = QSqlDatabase();
+    if (m_proxy != nullptr)
+        QSqlDatabase::removeDatabase("slow");
+    m_proxy.reset();
     m_user.reset();
     QSettings(QSettings::IniFormat, QSettings::UserScope, "Veltab", "windows").clear();
 }
@@ -129,13 +154,28 @@ void TstQTabNames::open(int right)
                      .arg(right)
                      .arg(int(Permission::GroupGoods)));
     QVERIFY(m_user->loadpermis(m_base->connection(), "admin", ""));
-    m_page = std::make_unique<NamesPage>(m_base.get(), m_user.get());
+    m_page = std::make_unique<NamesPage>(m_proxy != nullptr ? &m_window : m_base->connection(), m_user.get(),
+                                         &m_base->heard);
     m_page->show();
     QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
     QTRY_VERIFY(!m_page->names->isLoading());
+    waitOutTasks();
     view()->sortByColumn(0, Qt::AscendingOrder);
     view()->setFocus();
     m_base->heard.forget();
+}
+
+/// The tab stands; from now on every answer of the server takes so long.
+void TstQTabNames::openSlowly(int delayMs)
+{
+    m_proxy = std::make_unique<TcpProxy>(testServer());
+    DatabaseAddress address = m_proxy->address();
+    address.name = m_base->address().name;
+    address.readSeconds = 1;
+    m_window = addConnection("slow", address);
+    QVERIFY(m_window.open());
+    open();
+    m_proxy->setDelay(delayMs);
 }
 
 /// The inline editor that is open, or null.
@@ -190,9 +230,17 @@ void TstQTabNames::leaveBy(int way)
         pressKeys({Qt::Key_Return});
 }
 
+/// What is stored when everything has been written.
+QStringList TstQTabNames::names()
+{
+    waitOutTasks();
+    return m_base->rows("SELECT name FROM group_goods WHERE id>=30 ORDER BY name");
+}
+
 /// No editor is left, and what its end had to do has been done.
 bool TstQTabNames::isClosed()
 {
+    waitOutTasks();
     const bool isClosed = QTest::qWaitFor([this] { return editor() == nullptr; });
     QTest::qWait(20);
     return isClosed && editor() == nullptr;
@@ -312,7 +360,10 @@ void TstQTabNames::takenIdIsTold()
     pressKeys({Qt::Key_Return});
     QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
     typeText("Риба");
-    QVERIFY(answerQuestion([] { pressKeys({Qt::Key_Return}); }).startsWith("Код 42 вже зайнятий"));
+    QVERIFY(answerQuestion([] {
+                pressKeys({Qt::Key_Return});
+                waitOutTasks();
+            }).startsWith("Код 42 вже зайнятий"));
     QCOMPARE(editor()->text(), QString("Риба"));
     QCOMPARE(names().size(), 3);
 }
@@ -404,6 +455,7 @@ void TstQTabNames::refusedNameStaysInItsEditor()
         else
             pressKeys({Qt::Key_Return});
         QTest::qWait(50);
+        waitOutTasks();
     };
     QTEST(answerQuestion(leave), "why");
     QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
@@ -434,7 +486,10 @@ void TstQTabNames::renamedMeanwhile()
     editor()->selectAll();
     typeText("Молоко й сир");
     m_base->exec("UPDATE group_goods SET name='Молочне' WHERE id=31");
-    const QString told = answerQuestion([] { pressKeys({Qt::Key_Return}); });
+    const QString told = answerQuestion([] {
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+    });
     QVERIFY2(told.contains("«Молочне»"), qPrintable(told));
     QCOMPARE(editor()->text(), QString("Молоко й сир"));
     QVERIFY(names().contains("Молочне"));
@@ -450,12 +505,16 @@ void TstQTabNames::failureKeepsTheName()
     typeText("Риба");
     m_base->exec("RENAME TABLE group_goods TO away");
     pressKeys({Qt::Key_Return});
+    waitOutTasks();
     m_base->exec("RENAME TABLE away TO group_goods");
     QVERIFY(m_base->heard.has("Помилка запиту:", QMessEvent::Critical));
     QVERIFY(editor() != nullptr);
     QCOMPARE(editor()->text(), QString("Риба"));
-    pressKeys({Qt::Key_Return, Qt::Key_Escape});
+    QVERIFY(editor()->hasFocus() && !editor()->isReadOnly());
+    pressKeys({Qt::Key_Return});
     QTRY_VERIFY(names().contains("Риба"));
+    QTRY_VERIFY2(editor() != nullptr && editor()->text().isEmpty(), "the next new row");
+    pressKeys({Qt::Key_Escape});
 }
 
 void TstQTabNames::reloadWhileAdding()
@@ -531,9 +590,8 @@ void TstQTabNames::addingAgainWhileAdding()
     QVERIFY(editor() != nullptr);
     typeText("Риба");
     m_page->names->Add();
-    QTest::qWait(50);
-    QCOMPARE(model()->rowCount(), 5);
     QVERIFY(names().contains("Риба"));
+    QCOMPARE(model()->rowCount(), 5);
     // Another row is edited: the new one goes.
     edit(0);
     QTest::qWait(50);
@@ -551,6 +609,7 @@ void TstQTabNames::listMovesWhileAdding()
     add();
     typeText("Риба");
     view()->setCurrentIndex(model()->index(0, 0));
+    view()->setFocus();
     pressKeys({Qt::Key_Return});
     QTRY_VERIFY(editor() != nullptr && editor()->text() == "Хліб");
     QTest::qWait(20);
@@ -568,15 +627,169 @@ void TstQTabNames::doubleClickOnTheNextName()
     editor()->selectAll();
     typeText("Молочне");
     doubleClickCell(2, 0);
-    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
-    QCOMPARE(editor()->text(), QString("Бакалія"));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus() && editor()->text() == "Бакалія");
     editor()->selectAll();
     typeText("Хліб");
-    const QString told = answerQuestion([this] { clickCell(1, 1); });
+    const QString told = answerQuestion([this] {
+        clickCell(1, 1);
+        waitOutTasks();
+    });
     QCOMPARE(told, QString("Такий запис вже існує в базі!"));
     QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
     QCOMPARE(editor()->text(), QString("Хліб"));
     QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
+}
+
+/// Two names are added and one is changed without ever waiting: each is written once, away from the window.
+void TstQTabNames::hurriedHandsOnASlowLine()
+{
+    openSlowly(200);
+    QStringList written;
+    bool isSentFromWindow = false;
+    Db::setStatementHook([&](const QString &sql) {
+        isSentFromWindow = isSentFromWindow || QThread::currentThread() == qApp->thread();
+        if (sql.startsWith("INSERT INTO group_goods") || sql.startsWith("UPDATE group_goods"))
+            written.append(sql.section(' ', 0, 0));
+    });
+    Heartbeat heart;
+    heart.restart();
+    add();
+    typeText("Риба");
+    pressKeys({Qt::Key_Return, Qt::Key_Return});
+    typeText("М'ясx");
+    pressKeys({Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Escape});
+    QTRY_COMPARE(note(), QString("Записується…"));
+    QCOMPARE(editor()->text(), QString("Риба"));
+    typeText("о");
+    QTRY_VERIFY(editor() != nullptr && editor()->text() == "М'ясо");
+    QVERIFY(note().isEmpty());
+    // The next one is doubly clicked while this is written, and the one before has its place.
+    pressKeys({Qt::Key_Return});
+    doubleClickCell(1, 0);
+    QTRY_VERIFY(editor() != nullptr && editor()->text() == "Молоко");
+    QVERIFY(editor()->hasFocus());
+    editor()->selectAll();
+    typeText("Молочне");
+    m_page->names->Add();
+    typeText("Сир");
+    QTRY_VERIFY(editor() != nullptr && editor()->text() == "Сир");
+    QCOMPARE(view()->currentIndex().row(), 5);
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(isClosed());
+    const qint64 gap = heart.longestGap();
+    Db::setStatementHook(nullptr);
+    QCOMPARE(written, QStringList({"INSERT", "INSERT", "UPDATE", "INSERT"}));
+    QCOMPARE(names(), QStringList({"Бакалія", "М'ясо", "Молочне", "Риба", "Сир", "Хліб"}));
+    QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба", "М'ясо", "Сир"}));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+    QVERIFY(!isSentFromWindow);
+    QVERIFY2(gap <= 100, qPrintable(QString("the window did not answer for %1 ms").arg(gap)));
+}
+
+void TstQTabNames::refusedWhileSomethingElseIsWanted()
+{
+    openSlowly(50);
+    for (const int way : {0, 1, 2}) {
+        add();
+        typeText("Хліб");
+        const QString told = answerQuestion([&] {
+            pressKeys({Qt::Key_Return});
+            if (way == 0)
+                doubleClickCell(1, 0);
+            else if (way == 1)
+                m_page->names->Add();
+            else
+                QTest::mouseClick(m_page->field, Qt::LeftButton);
+            waitOutTasks();
+        });
+        QCOMPARE(told, QString("Такий запис вже існує в базі!"));
+        QTest::qWait(50);
+        QVERIFY(editor() != nullptr && editor()->hasFocus());
+        QCOMPARE(editor()->text(), QString("Хліб"));
+        QCOMPARE(model()->rowCount(), 4);
+        pressKeys({Qt::Key_Escape});
+        QVERIFY(isClosed());
+        QCOMPARE(model()->rowCount(), 3);
+    }
+}
+
+/// The arrow keys leave the row while its name is written.
+void TstQTabNames::listClosesTheEditorOfARefusedName()
+{
+    openSlowly(50);
+    for (const bool isNew : {true, false}) {
+        isNew ? add() : edit(1);
+        editor()->selectAll();
+        typeText("Хліб");
+        const QString told = answerQuestion([&] {
+            clickCell(0, 1);
+            QTRY_VERIFY(view()->hasFocus());
+            pressKeys({Qt::Key_Up});
+            waitOutTasks();
+        });
+        QCOMPARE(told, QString("Такий запис вже існує в базі!"));
+        QTest::qWait(50);
+        QVERIFY(editor() != nullptr && editor()->hasFocus());
+        QCOMPARE(editor()->text(), QString("Хліб"));
+        editor()->selectAll();
+        typeText(isNew ? "Риба" : "Молочне");
+        pressKeys({Qt::Key_Tab});
+        QVERIFY(isClosed());
+    }
+    QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба"}));
+    QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Риба", "Хліб"}));
+}
+
+void TstQTabNames::reloadWhileWriting()
+{
+    openSlowly(50);
+    add();
+    typeText("Риба");
+    pressKeys({Qt::Key_Return});
+    m_page->names->ShowData();
+    QVERIFY(isClosed());
+    QTRY_VERIFY(!m_page->names->isLoading());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія", "Риба"}));
+    QCOMPARE(child<QLabel>(m_page->names, "labelState")->text(), QString("Записів: 4"));
+}
+
+void TstQTabNames::closedWhileWriting()
+{
+    openSlowly(50);
+    add();
+    typeText("Риба");
+    pressKeys({Qt::Key_Return});
+    QVERIFY(!m_page->names->mayClose());
+    QVERIFY2(note().contains("Закрийте вкладку, коли це закінчиться"), qPrintable(note()));
+    // As when the rights to see the tab are taken away.
+    m_page.reset();
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хліб"}));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::silentWhileWriting()
+{
+    openSlowly(0);
+    edit(1);
+    editor()->selectAll();
+    typeText("Молочне");
+    m_proxy->setSilent(true);
+    Heartbeat heart;
+    heart.restart();
+    pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(note(), QString("Записується…"));
+    m_page->names->Add();
+    waitOutTasks();
+    const qint64 gap = heart.longestGap();
+    QVERIFY(!m_base->heard.texts().isEmpty());
+    QVERIFY(note().isEmpty());
+    QVERIFY2(editor() != nullptr && editor()->text() == "Молочне", "nothing else was begun");
+    QVERIFY(!editor()->isReadOnly());
+    QCOMPARE(model()->rowCount(), 3);
+    m_proxy->setSilent(false);
+    QTRY_VERIFY2((pressKeys({Qt::Key_Return}), waitOutTasks(), editor() == nullptr), "the server is back");
+    QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
+    QVERIFY2(gap <= 100, qPrintable(QString("the window did not answer for %1 ms").arg(gap)));
 }
 
 QTEST_MAIN(TstQTabNames)
