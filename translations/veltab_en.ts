@@ -62,6 +62,10 @@
         <source>&amp;Повернутися до редактора</source>
         <translation>&amp;Back to the editor</translation>
     </message>
+    <message>
+        <source>У неї</source>
+        <translation>Theirs</translation>
+    </message>
 </context>
 <context>
     <name>ChekList</name>
@@ -663,6 +667,17 @@ Wait or contact support.</translation>
     <message>
         <source>Зберегти PDF</source>
         <translation>Save as PDF</translation>
+    </message>
+</context>
+<context>
+    <name>Login</name>
+    <message>
+        <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
+        <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
     </message>
 </context>
 <context>
@@ -1506,6 +1521,10 @@ Wait or contact support.</translation>
         <source>Пароль ще записується. Зачекайте.</source>
         <translation>The password is still being written. Please wait.</translation>
     </message>
+    <message>
+        <source>Пароль не змінено.</source>
+        <translation>The password has not been changed.</translation>
+    </message>
 </context>
 <context>
     <name>QChekViewer</name>
@@ -1835,38 +1854,12 @@ Restart the program!</translation>
         <translation>Sale</translation>
     </message>
     <message>
-        <source>Очистити чек?</source>
-        <translation>Clear the receipt?</translation>
-    </message>
-    <message>
-        <source>У чеку є товари, чек ще не оплачено.
-Очистити його?</source>
-        <translation>The receipt has goods and is not paid yet.
-Clear it?</translation>
-    </message>
-    <message>
         <source>Товар «%1» не має ціни.</source>
         <translation>Goods item “%1” has no price.</translation>
     </message>
     <message>
         <source>У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.</source>
         <translation>The receipt has goods. Pay or clear it before closing the shift.</translation>
-    </message>
-    <message>
-        <source>Очистити</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Закрити вкладку?</source>
-        <translation>Close the tab?</translation>
-    </message>
-    <message>
-        <source>Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».</source>
-        <translation>A closed tab forgets it: then check the receipt of %1 in the report “Receipts”.</translation>
-    </message>
-    <message>
-        <source>Закрити</source>
-        <translation>Close</translation>
     </message>
     <message>
         <source>Чек № %1, %2</source>
@@ -1883,10 +1876,6 @@ Clear it?</translation>
     <message>
         <source>Скановане під час запису чекає на наступний чек.</source>
         <translation>What was scanned while the receipt was written waits for the next one.</translation>
-    </message>
-    <message>
-        <source>%1 Закрийте вкладку, коли це закінчиться.</source>
-        <translation>%1 Close the tab when that is over.</translation>
     </message>
     <message>
         <source>Магазин зайнятий!</source>
@@ -2059,6 +2048,14 @@ Clear it?</translation>
         <source>Продовжити редагування</source>
         <translation>Go on editing</translation>
     </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
+        <translation>Writing… Close the tab when this has ended.</translation>
+    </message>
 </context>
 <context>
     <name>QTabDelegate</name>
@@ -2136,10 +2133,6 @@ Clear it?</translation>
     <message>
         <source>Всі групи</source>
         <translation>All groups</translation>
-    </message>
-    <message>
-        <source>Помилка при зчитуванні запису.</source>
-        <translation>Error when reading the record.</translation>
     </message>
 </context>
 <context>
@@ -2867,6 +2860,39 @@ Clear it?</translation>
     </message>
 </context>
 <context>
+    <name>SaleGuard</name>
+    <message>
+        <source>Очистити чек?</source>
+        <translation>Clear the receipt?</translation>
+    </message>
+    <message>
+        <source>У чеку є товари, чек ще не оплачено.
+Очистити його?</source>
+        <translation>The receipt has goods and is not paid yet.
+Clear it?</translation>
+    </message>
+    <message>
+        <source>Очистити</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>%1 Закрийте вкладку, коли це закінчиться.</source>
+        <translation>%1 Close the tab when that is over.</translation>
+    </message>
+    <message>
+        <source>Закрити вкладку?</source>
+        <translation>Close the tab?</translation>
+    </message>
+    <message>
+        <source>Закрита вкладка його забуде: тоді перевірте чек на %1 у звіті «Чеки».</source>
+        <translation>A closed tab forgets it: then check the receipt of %1 in the report “Receipts”.</translation>
+    </message>
+    <message>
+        <source>Закрити</source>
+        <translation>Close</translation>
+    </message>
+</context>
+<context>
     <name>SalePayment</name>
     <message>
         <source>Магазин зайнятий!</source>
@@ -3078,10 +3104,6 @@ Create the tables?</translation>
     <message>
         <source>Перед входом закрийте всі вкладки!</source>
         <translation>Close all tabs before logging in!</translation>
-    </message>
-    <message>
-        <source>Перший користувач цієї бази: admin, пароль порожній. Увійшовши, змініть пароль: Користувачі → Змінити пароль.</source>
-        <translation>The first user of this database is admin, the password is empty. Once logged in, change the password: Users → Change password.</translation>
     </message>
     <message>
         <source>Нові налаштування бази почнуть діяти, коли ви закриєте всі вкладки і увійдете знову.</source>

@@ -11,8 +11,8 @@ void *takePages(size_t bytes);
 /// bytes: as many as were taken.
 void returnPages(void *pages, size_t bytes);
 
-/// From now on what the C library hands out in pieces of a megabyte or more goes back with them too. By itself
-/// it keeps more and more of them, the larger the freed ones were.
+/// From now on what the C library hands out in pieces of a megabyte or more goes back with them too. By
+/// itself it keeps more and more of them, the larger the freed ones were.
 void returnLargePieces();
 
 /// From here on a piece is worth pages of its own.

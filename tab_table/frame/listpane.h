@@ -77,8 +77,8 @@ public:
 
     /// The row whose first column holds the id; invalid when the list does not show it.
     QModelIndex indexOf(const QString &id) const;
-    /// A record of a store into a row from the column firstColumn on, or with row -1 into a new one at the end,
-    /// which becomes the current one.
+    /// A record of a store into a row from the column firstColumn on, or with row -1 into a new one at the
+    /// end, which becomes the current one.
     void refreshRow(const RowStore &records, int record, int row, int firstColumn = 0);
     /// Goes into the list: to its current row, else to the first one, which may still be on its way.
     void enter();

@@ -33,8 +33,8 @@ public:
     /// added under the query's names. The rows stand in the query's order, or as they were sorted already.
     void replaceRows(RowStore &&rows);
     void replaceRows(RowStore &&rows, RowOrder &&sorted, const RowSort &by);
-    /// Writes a record of a store into a row: value of column c into cell (row, c), from column firstColumn to
-    /// the last.
+    /// Writes a record of a store into a row: value of column c into cell (row, c), from column firstColumn
+    /// to the last.
     void writeRecord(const RowStore &records, int record, int firstColumn, int row);
 
     /// The stored text of a cell, unformatted ("123450").

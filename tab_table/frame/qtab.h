@@ -142,8 +142,8 @@ protected:
     virtual void refreshRecord(const QString &id, bool isNew);
     /// Reads the rows that the list has of a record; a failure, or none at all, was told.
     void readRows(const QString &where, const std::function<void(const RowStore &)> &then);
-    /// Reads what a box of the filter offers behind its first item, which stands for all and has the id 0. What
-    /// was chosen stays; filled(false): it is not offered any more, and all is chosen.
+    /// Reads what a box of the filter offers behind its first item, which stands for all and has the id 0.
+    /// What was chosen stays; filled(false): it is not offered any more, and all is chosen.
     void fillFilter(QComboBox *box, const QString &sql, const QString &all,
                     const std::function<void(bool isKept)> &filled);
     /// Called when the rows stand in the model, after every load: for colours.

@@ -43,8 +43,8 @@ void QTabGoodsShops::buildFilter()
 
 void QTabGoodsShops::fillShops()
 {
-    fillFilter(ui->cbShop, permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id")), tr("Всі магазини"),
-               [this](bool isKept) {
+    fillFilter(ui->cbShop, permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id")),
+               tr("Всі магазини"), [this](bool isKept) {
                    if (!isKept)
                        seerch(ui->leSearch->text());
                });

@@ -4,6 +4,8 @@
 
 #include "dbtasks.h"
 #include "listpane.h"
+#include "page.h"
+#include "qaddedtgoods.h"
 #include "qntableview.h"
 #include "qpayment.h"
 #include "qrowmodel.h"
@@ -37,10 +39,13 @@ private slots:
 
     void login();
     void threeReceipts();
+    void priceOfAnItem();
+    void nameInItsList();
     void receiptsAndASlip();
     void shiftIsClosed();
     void shiftsAndTheDay();
     void articles();
+    void everyPageAndItsEditors();
     void leaving();
     void whatTheDayHasLeft();
 
@@ -76,7 +81,11 @@ private:
 
 namespace {
 const int answerMs = 200;
+#ifdef __SANITIZE_ADDRESS__
+const int longestGapMs = 300;
+#else
 const int longestGapMs = 100;
+#endif
 
 const char *const bread = "4820000000109";
 const char *const cheese = "0000000000116";
@@ -359,6 +368,44 @@ void TstWorkday::threeReceipts()
     waitOutTasks();
 }
 
+void TstWorkday::priceOfAnItem()
+{
+    open(Qt::CTRL + Qt::Key_4);
+    typeText("моло");
+    QVERIFY(waitFor([this] { return list()->rowCount() == 1 && isListed("Молоко"); }));
+    QVERIFY(withModal<QAddEdtGoods>(
+        [this] {
+            doubleClick("Молоко");
+            QVERIFY(waitFor([this] { return isListed("31.50"); }));
+        },
+        [](QAddEdtGoods *editor) {
+            QVERIFY(giveKeyboard(editor));
+            auto *price = child<QLineEdit>(editor, "lePrice");
+            QVERIFY(waitFor([price] { return price->text() == "30.00"; }));
+            QTest::mouseClick(price, Qt::LeftButton);
+            price->selectAll();
+            typeByHand("31,5");
+            const QPointer<QDialog> open(editor);
+            QTest::mouseClick(child<QPushButton>(editor, "pbOk"), Qt::LeftButton);
+            QVERIFY(waitFor([&open] { return open.isNull() || !open->isVisible(); }));
+        },
+        20000));
+    waitOutTasks();
+}
+
+void TstWorkday::nameInItsList()
+{
+    openByName("mt_group_shops");
+    QVERIFY(waitFor([this] { return isListed("Захід"); }));
+    doubleClick("Захід");
+    QVERIFY(waitFor([] { return qobject_cast<QLineEdit *>(QApplication::focusWidget()) != nullptr; }));
+    pressKeys({Qt::CTRL + Qt::Key_A});
+    typeText("Захід, Тернопіль");
+    pressKeys({Qt::Key_Return});
+    QVERIFY(waitFor([this] { return isListed("Захід, Тернопіль"); }));
+    waitOutTasks();
+}
+
 void TstWorkday::receiptsAndASlip()
 {
     openByName("mz_cheks");
@@ -416,6 +463,35 @@ void TstWorkday::articles()
     waitOutTasks();
 }
 
+/// What the day has not touched; at a quick line, since each statement of the window's thread is told anyway.
+void TstWorkday::everyPageAndItsEditors()
+{
+    m_line->setDelay(10);
+    comeBack();
+    const auto actions = m_window->openingActions();
+    for (QAction *action : actions) {
+        action->trigger();
+        auto *opened = dynamic_cast<Page *>(page());
+        QVERIFY(waitFor([opened] { return !opened->isLoading() && DbTasks::isIdle(); }));
+        if (!opened->isOffered(Command::Edit) || opened->commands().value(Command::Edit) != QString())
+            continue;
+        page()->findChild<QTableView *>()->selectRow(0);
+        for (const Command command : {Command::Edit, Command::Add}) {
+            withModal<QDialog>(
+                [&] {
+                    opened->run(command);
+                    waitOutTasks();
+                },
+                [](QDialog *editor) {
+                    waitOutTasks();
+                    editor->reject();
+                });
+        }
+    }
+    waitOutTasks();
+    m_line->setDelay(answerMs);
+}
+
 void TstWorkday::leaving()
 {
     pressKeys({Qt::CTRL + Qt::SHIFT + Qt::Key_W});
@@ -452,6 +528,8 @@ void TstWorkday::whatTheDayHasLeft()
              QStringList("1|7|19865|13000|15000|8000|6000|3165|700|3|0|19865|1"));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM cheks"), QString("19"));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM z_zvit"), QString("3"));
+    QCOMPARE(m_base->value("SELECT price FROM goods WHERE id=13"), QString("3150"));
+    QCOMPARE(m_base->value("SELECT name FROM group_shop WHERE id=3"), QString("Захід, Тернопіль"));
 }
 
 QTEST_MAIN(TstWorkday)

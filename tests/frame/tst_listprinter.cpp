@@ -273,7 +273,7 @@ void TstListPrinter::pdfHoldsAllPagesOrIsNotWritten()
 /// The window lives while a long preview is prepared, and it can be called off.
 void TstListPrinter::previewOfALongListIsCalledOff()
 {
-    ListOfRows many(60000);
+    ListOfRows many(300000);
     int beats = 0;
     QTimer heart;
     connect(&heart, &QTimer::timeout, &heart, [&] { ++beats; });
