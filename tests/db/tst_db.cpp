@@ -136,6 +136,7 @@ void TstDb::killedInsideATransactionLeavesNothing()
         QVERIFY(!db.run("INSERT INTO t VALUES(3)"));
         QVERIFY(!t.commit());
     }
+    waitOutLoss(*m_base->connection());
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM t"), QString("0"));
     Transaction again(db);
     QVERIFY(again && db.run("INSERT INTO t VALUES(4)") && again.commit());
@@ -184,7 +185,7 @@ void TstDb::lossIsToldOnce()
         QVERIFY(!t.commit());
     }
     QVERIFY(isConnectionLost(db.lastErrorNumber()));
-    QVERIFY(waitForServer(db, 3000) && !state->isLost());
+    QVERIFY(waitForServer(db, 20000) && !state->isLost());
     QTRY_COMPARE(back.size(), 1);
     QCOMPARE(lost.size(), 1);
     const QStringList told = m_base->heard.texts(QMessEvent::Debug);

@@ -158,7 +158,7 @@ void TstJob::cancelEndsTheStatement()
         clock.start();
         job.cancel();
         job.cancel();
-        QVERIFY2(clock.elapsed() < 100, "The window waited");
+        QVERIFY2(clock.elapsed() < 900, "The window waited");
     });
     QVERIFY2(clock.elapsed() < 1500, qPrintable(QString::number(clock.elapsed())));
     QCOMPARE(result.outcome, JobResult::Cancelled);

@@ -1,4 +1,5 @@
 #include "csvexport.h"
+#include "heartbeat.h"
 #include "job.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
@@ -227,10 +228,9 @@ void TstCsvExport::listMayChangeMeanwhile()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("а.csv"));
     Heard heard;
-    QElapsedTimer clock;
-    clock.start();
+    Heartbeat beat;
     QVERIFY(QTab::export_to_csv(&heard, model.get(), nullptr, QString(), path));
-    QVERIFY2(clock.elapsed() < 100, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(beat.longestGap() <= 100, qPrintable(QString::number(beat.longestGap())));
     for (int row = 0; row < rows; row += 100)
         model->setData(model->index(row, 1), 1);
     model->sort(0);

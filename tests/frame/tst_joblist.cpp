@@ -125,7 +125,7 @@ void TstJobList::rowTellsAndCancels()
     QCOMPARE(QApplication::focusWidget(), cancel);
     QSignalSpy finished(job, &Job::finished);
     pressKeys({Qt::Key_Space});
-    QVERIFY(finished.wait(1000));
+    QVERIFY(finished.wait(10000));
     QTRY_VERIFY(part<QLabel>("labelJob")->text().endsWith(QStringLiteral("скасовано")));
     QVERIFY(!part<QProgressBar>("progressJob")->isVisible());
     pressKeys({Qt::Key_Space});

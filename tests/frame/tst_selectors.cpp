@@ -1,3 +1,4 @@
+#include "heartbeat.h"
 #include "testing.h"
 
 #include "combos.h"
@@ -6,7 +7,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -98,22 +98,21 @@ void TstSelectors::thousandsOfShopsAreOfferedInAMoment()
     QVERIFY(QTest::qWaitForWindowActive(&box));
     const ListEntries rows = shopsByRegisters();
     QSignalSpy changed(&box, qOverload<int>(&QComboBox::currentIndexChanged));
-    QElapsedTimer clock;
-    clock.start();
+    Heartbeat beat;
     showEntries(&box, eachOnce(rows));
-    QVERIFY2(clock.elapsed() < mostMs, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(beat.longestGap() < mostMs, qPrintable(QString::number(beat.longestGap())));
     QCOMPARE(box.count(), manyShops);
     QCOMPARE(changed.count(), 0);
     QCOMPARE(chosenItem(&box).id, QString("1"));
     QCOMPARE(box.itemText(manyShops - 1) + box.itemData(manyShops - 1).toString(),
              QString("вул. Довга, 1279912800"));
     // A hand goes through them and opens the list.
-    clock.restart();
+    beat.restart();
     for (int i = 0; i < 20; ++i)
         QTest::keyClick(&box, Qt::Key_Down);
     QTest::mouseClick(&box, Qt::LeftButton);
     QTRY_VERIFY(box.view()->isVisible());
-    QVERIFY2(clock.elapsed() < mostMs, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(beat.longestGap() < mostMs, qPrintable(QString::number(beat.longestGap())));
     QCOMPARE(chosenItem(&box).id, QString("21"));
     QVERIFY(box.view()->viewport()->width() >= box.fontMetrics().horizontalAdvance("вул. Довга, 12799"));
     box.hidePopup();
@@ -150,8 +149,7 @@ void TstSelectors::thousandsAreCheckedInAMoment()
     box.resize(300, 30);
     box.show();
     QVERIFY(QTest::qWaitForWindowActive(&box));
-    QElapsedTimer clock;
-    clock.start();
+    Heartbeat beat;
     ListEntries entries = eachOnce(shopsByRegisters());
     entries.prepend({"Усі", 0});
     showEntries(&box, entries);
@@ -161,7 +159,7 @@ void TstSelectors::thousandsAreCheckedInAMoment()
     QTRY_VERIFY(box.view()->isVisible());
     box.view()->setCurrentIndex(box.model()->index(2, 0));
     pressKeys({Qt::Key_Space, Qt::Key_Down, Qt::Key_Space});
-    QVERIFY2(clock.elapsed() < 3 * mostMs, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(beat.longestGap() < 3 * mostMs, qPrintable(QString::number(beat.longestGap())));
     box.hidePopup();
     const QStringList texts = box.listTexts();
     QCOMPARE(texts.size(), manyShops - 2);

@@ -542,6 +542,7 @@ void TstChekWriter::brokenConnection()
         });
         const auto result = sell(sold);
         Db::setStatementHook({});
+        waitOutLoss(*m_base->connection());
         QCOMPARE(result.outcome, ChekWriter::Failed);
         QCOMPARE(written(), before);
         QVERIFY(m_base->heard.has(QStringLiteral("Помилка запиту:"), 1));
@@ -567,6 +568,7 @@ void TstChekWriter::brokenAtTheEnd()
     });
     const auto result = sell(sold);
     Db::setStatementHook({});
+    waitOutLoss(*m_base->connection());
     QVERIFY(isCommitted);
     QCOMPARE(result.outcome, ChekWriter::Written);
     QVERIFY(m_base->heard.has(QStringLiteral("COMMIT"), 1));
@@ -580,6 +582,7 @@ void TstChekWriter::brokenAtTheEnd()
     });
     const auto unclear = sell(sold);
     Db::setStatementHook({});
+    waitOutLoss(*m_base->connection());
     m_base->exec(text("RENAME TABLE away TO cheks"));
     QCOMPARE(unclear.outcome, ChekWriter::Unclear);
     QVERIFY(ChekWriter::explanation(unclear).contains(QStringLiteral("№ 2 і невідомо")));

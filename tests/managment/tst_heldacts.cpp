@@ -126,7 +126,7 @@ void TstHeldActs::patience()
     m_acts->then(note(QStringLiteral("scan")));
     QVERIFY(!impatient.wait(2300));
     m_acts->decide(note(QStringLiteral("pay")));
-    QVERIFY(impatient.wait(2300));
+    QVERIFY(impatient.wait(10000));
     m_acts->come(false);
     QCOMPARE(m_done, (QStringList{QStringLiteral("-scan"), QStringLiteral("-pay")}));
 }

@@ -831,6 +831,7 @@ void TstShiftClosing::brokenConnection()
         });
         QCOMPARE(closer.close(shown, unchanged(shown), evening.date()), ShiftCloser::Failed);
         Db::setStatementHook({});
+        waitOutLoss(*m_base->connection());
         QCOMPARE(written(), before);
         QVERIFY(m_base->heard.has(text("Помилка запиту:"), 1));
         QVERIFY(m_base->heard.has(broken, 1));
@@ -859,6 +860,7 @@ void TstShiftClosing::brokenAtTheEnd()
     Db::setStatementHook(commitAndBreak);
     QCOMPARE(close(), ShiftCloser::Closed);
     Db::setStatementHook({});
+    waitOutLoss(*m_base->connection());
     QVERIFY(isCommitted);
     QCOMPARE(closings().size(), 2);
 
@@ -873,6 +875,7 @@ void TstShiftClosing::brokenAtTheEnd()
     const ShiftCloser closer(m_base->db(), place());
     QCOMPARE(closer.close(shown, unchanged(shown), evening.date()), ShiftCloser::Unclear);
     Db::setStatementHook({});
+    waitOutLoss(*m_base->connection());
     m_base->exec(text("RENAME TABLE away TO cheks"));
     QVERIFY(
         ShiftCloser::explanation(ShiftCloser::Unclear, text("2")).contains(text("невідомо, чи її закрито")));

@@ -19,7 +19,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalSpy>
 
 namespace {
 const char *const milk = "4820000000017";
@@ -126,11 +125,11 @@ void TstQTabGoods::cleanup()
     m_tab.reset();
 }
 
+/// What act asked for, and whatever else was on its way, has arrived.
 bool TstQTabGoods::loaded(QTab *tab, const std::function<void()> &act)
 {
-    QSignalSpy spy(tab, &QTab::loaded);
     act();
-    return spy.wait(5000);
+    return QTest::qWaitFor([tab] { return !tab->isLoading(); }, 20000);
 }
 
 std::unique_ptr<QTabGoods> TstQTabGoods::openTab()
@@ -588,6 +587,7 @@ void TstQTabGoods::lostConnectionLeavesAllOrNothing()
             const QString name = QString("Спроба %1").arg(broken);
             const bool saved = fillAndSave(editor.get(), name, {zeros});
             Db::setStatementHook(nullptr);
+            waitOutLoss(*m_base->connection());
             wasReached = sent > broken;
             const auto count = [&](const char *table) {
                 return m_base->value(QString("SELECT COUNT(*) FROM goods JOIN %1 ON id_goods=id WHERE "
@@ -652,6 +652,7 @@ void TstQTabGoods::lostAnswerIsLookedUp()
     QCOMPARE(editor->result() == QDialog::Accepted, serverGotIt && !answersLater);
     if (editor->result() != QDialog::Accepted) {
         // The record that has arrived is no rival of itself.
+        waitOutLoss(*m_base->connection());
         editor->btok();
         waitOutTasks();
         QCOMPARE(editor->result(), int(QDialog::Accepted));

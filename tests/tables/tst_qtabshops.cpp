@@ -465,6 +465,7 @@ void TstQTabShops::lostAnswerIsLookedUp()
                 Db::setStatementHook(nullptr);
                 QVERIFY2(told.contains("невідомо, чи запис збережено"), qPrintable(told));
                 m_base->exec("RENAME TABLE away TO shops");
+                waitOutLoss(*m_base->connection());
                 // The record that has arrived is no rival of itself.
                 QCOMPARE(saveMeets(editor), QString());
                 QVERIFY(!editor->isVisible());

@@ -495,6 +495,7 @@ void TstRecordDialog::serverLostWhileAsked()
         }));
         if (editor->isVisible()) {
             QVERIFY(!base().heard.texts().isEmpty());
+            waitOutLoss(*base().connection());
             QCOMPARE(child<QLineEdit>(editor, "leAddress")->text(), QString("Луцьк"));
             QCOMPARE(saveMeets(editor), QString());
         }
@@ -605,6 +606,7 @@ void TstRecordDialog::writtenAndThenCancelledIsShown()
                                       QVERIFY(saveMeets(editor).contains("невідомо, чи запис збережено"));
                                       Db::setStatementHook(nullptr);
                                       base().exec("RENAME TABLE away TO shops");
+                                      waitOutLoss(*base().connection());
                                       enter(editor, "leAddress", "Київ");
                                       QVERIFY(
                                           saveMeets(editor).startsWith("Адреса магазину вже існує в базі!"));

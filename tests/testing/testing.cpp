@@ -1,4 +1,5 @@
 #include "testing.h"
+#include "connectionstate.h"
 #include "dbtasks.h"
 
 #include "job.h"
@@ -292,6 +293,20 @@ void waitOutTasks()
     if (!QTest::qWaitFor([] { return DbTasks::isIdle(); }, 20000))
         qFatal("A task has not ended");
     QCoreApplication::sendPostedEvents();
+}
+
+void waitOutLoss(const QSqlDatabase &window)
+{
+    const auto isBack = [&] {
+        const ConnectionState *state = ConnectionState::of(window);
+        bool tasksAre = false;
+        DbTasks tasks(window.connectionName(), nullptr, nullptr);
+        tasks.read([](const Db &db) { return waitForServer(db, 0); }, [&](bool is) { tasksAre = is; });
+        waitOutTasks();
+        return tasksAre && (state == nullptr || !state->isLost());
+    };
+    if (!QTest::qWaitFor(isBack, 20000))
+        qFatal("The server is not back");
 }
 
 void waitOutGuard()

@@ -142,6 +142,8 @@ QString answerConfirm(const std::function<void()> &act, bool accept);
 void waitOutJobs();
 /// Waits until no task of the database is under way, also those that follow from the end of one.
 void waitOutTasks();
+/// Waits until the server has been found again after a loss: by the window's connection and by its tasks.
+void waitOutLoss(const QSqlDatabase &window);
 /// Waits until a question that has just appeared takes keys.
 void waitOutGuard();
 
