@@ -236,6 +236,41 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>DbfTable</name>
+    <message>
+        <source>Файл DBF пошкоджено: %1</source>
+        <translation>The DBF file is damaged: %1</translation>
+    </message>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not an ordinary file.</translation>
+    </message>
+    <message>
+        <source>він закінчується посеред заголовка.</source>
+        <translation>it ends in the middle of its header.</translation>
+    </message>
+    <message>
+        <source>довжина заголовка (%1) замала.</source>
+        <translation>the length of its header (%1) is too small.</translation>
+    </message>
+    <message>
+        <source>заголовок (%1 байтів) довший за сам файл.</source>
+        <translation>its header (%1 bytes) is longer than the file itself.</translation>
+    </message>
+    <message>
+        <source>поля (%1 байтів) не вміщуються у запис (%2 байтів).</source>
+        <translation>the fields (%1 bytes) do not fit into a record (%2 bytes).</translation>
+    </message>
+    <message>
+        <source>Файл завеликий: записів на %1 байтів, а прочитати можна щонайбільше %2.</source>
+        <translation>The file is too large: its records take %1 bytes, %2 at most can be read.</translation>
+    </message>
+    <message>
+        <source>Читання файла скасовано.</source>
+        <translation>Reading the file was cancelled.</translation>
+    </message>
+</context>
+<context>
     <name>EditDialog</name>
     <message>
         <source>Попередження.</source>
