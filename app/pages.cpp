@@ -1,6 +1,7 @@
 #include "pages.h"
 
 #include "permissions.h"
+#include "qimportclient.h"
 #include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
@@ -45,7 +46,8 @@ PageTable Pages::others()
 {
     return {
         {"cashdrive", Permission::RegisterServer, QT_TRANSLATE_NOOP("Page", "Автодозвін"), {}},
-        {"importcln", Permission::ClientImport, QT_TRANSLATE_NOOP("Page", "Імпорт клієнтів"), {}},
+        {"importcln", Permission::ClientImport, QT_TRANSLATE_NOOP("Page", "Імпорт клієнтів"),
+         [this] { return new QImportClient(m_db, m_user, m_window, m_tabs); }},
         {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"), {}},
         {"mc_users", Permission::Users, "", {}},
         {"premis_group", Permission::PermissionGroups, "", {}},

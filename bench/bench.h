@@ -43,6 +43,7 @@ QVector<Figure> measureSale(const Bench &bench);
 QVector<Figure> measureReports(const Bench &bench);
 QVector<Figure> measureTuning(const Bench &bench);
 QVector<Figure> measureClosing(const Bench &bench);
+QVector<Figure> measureClientImport(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

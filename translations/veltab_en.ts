@@ -203,6 +203,101 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>ClientImport</name>
+    <message>
+        <source>код порожній</source>
+        <translation>the code is empty</translation>
+    </message>
+    <message>
+        <source>у коді не лише цифри</source>
+        <translation>the code has more than digits</translation>
+    </message>
+    <message>
+        <source>код не від 1 до 4294967295</source>
+        <translation>the code is not from 1 to 4294967295</translation>
+    </message>
+    <message>
+        <source>знижку не вказано</source>
+        <translation>no discount level is given</translation>
+    </message>
+    <message>
+        <source>знижка – не номер рівня</source>
+        <translation>the discount is not the number of a level</translation>
+    </message>
+    <message>
+        <source>запис обірвано</source>
+        <translation>the record is cut off</translation>
+    </message>
+    <message>
+        <source>рівня знижки %1 немає у базі</source>
+        <translation>discount level %1 is not in the database</translation>
+    </message>
+    <message>
+        <source>Сервер не взяв усіх карток: рівень знижки або групу щойно вилучено.</source>
+        <translation>The server has not taken all cards: a discount level or the group has just been deleted.</translation>
+    </message>
+    <message>
+        <source>зв&apos;язок втрачено, підключаюся знову…</source>
+        <translation>the connection is lost, connecting again…</translation>
+    </message>
+    <message>
+        <source>не записано</source>
+        <translation>not written</translation>
+    </message>
+    <message>
+        <source>не записано: %1</source>
+        <translation>not written: %1</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>В таблиці вже є не нульові суми!</source>
+        <translation>There are sums in the table already!</translation>
+    </message>
+    <message>
+        <source>Таблиця транзакцій містить не всі знижки які присутні в таблиці клієнтів!</source>
+        <translation>Some discount levels of the clients are not in the table of levels!</translation>
+    </message>
+    <message>
+        <source>Зупинено; у базі нічого не змінено.</source>
+        <translation>Stopped; nothing has changed in the database.</translation>
+    </message>
+    <message>
+        <source>Перевірку файла зупинено; у базу нічого не записано.</source>
+        <translation>The check of the file was stopped; nothing was written to the database.</translation>
+    </message>
+    <message>
+        <source>Пробний запуск, у базу нічого не записано. Буде додано карток: %1, підвищено знижку: %2, залишиться як є: %3, відмовлено: %4.</source>
+        <translation>A trial, nothing was written to the database. Cards to be added: %1, to be raised: %2, to stay as they are: %3, refused: %4.</translation>
+    </message>
+    <message>
+        <source>Додано карток: %1, підвищено знижку: %2, залишено як є: %3, відмовлено: %4.</source>
+        <translation>Cards added: %1, raised: %2, left as they are: %3, refused: %4.</translation>
+    </message>
+    <message>
+        <source>Не закінчено, не перевірено записів: %1.</source>
+        <translation>Not finished, records not checked: %1.</translation>
+    </message>
+    <message>
+        <source>Імпорт не закінчено, не оброблено записів: %1. Записане досі залишилося; повторний імпорт його не змінить.</source>
+        <translation>The import is not finished, records left out: %1. What was written stays; importing again will not change it.</translation>
+    </message>
+    <message>
+        <source>Невідомо, чи записано останніх карток: %1 – сервер не відповів.</source>
+        <translation>It is not known whether the last cards (%1) were written: the server did not answer.</translation>
+    </message>
+    <message>
+        <source>Записів з позначкою вилучення: %1 – вони імпортуються, як і решта.</source>
+        <translation>Records marked as deleted: %1; they are imported like the others.</translation>
+    </message>
+    <message>
+        <source>Суми встановлено карткам: %1; знижку зафіксовано карткам: %2.</source>
+        <translation>Cards with a sum set: %1; cards with a fixed discount: %2.</translation>
+    </message>
+</context>
+<context>
     <name>Combos</name>
     <message>
         <source>Спершу додайте групу магазинів і дозвольте її у правах користувача.</source>
@@ -1626,6 +1721,273 @@ Wait or contact support.</translation>
     <message>
         <source>Усі &amp;чеки місця</source>
         <translation>All &amp;receipts of the place</translation>
+    </message>
+</context>
+<context>
+    <name>QImportClient</name>
+    <message>
+        <source>Імпорт клієнтів</source>
+        <translation>Import of clients</translation>
+    </message>
+    <message>
+        <source>&amp;Файл для імпорту</source>
+        <translation>File to &amp;import</translation>
+    </message>
+    <message>
+        <source>шлях до файла DBF, Enter читає його</source>
+        <translation>path of a DBF file, Enter reads it</translation>
+    </message>
+    <message>
+        <source>Вибрат&amp;и…</source>
+        <translation>Ch&amp;oose…</translation>
+    </message>
+    <message>
+        <source>Кодуванн&amp;я</source>
+        <translation>Code pa&amp;ge</translation>
+    </message>
+    <message>
+        <source>Лише для показу: коди карток і знижок – цифри</source>
+        <translation>For showing only: the codes of cards and levels are digits</translation>
+    </message>
+    <message>
+        <source>&amp;група яка імпортується</source>
+        <translation>&amp;group of the imported cards</translation>
+    </message>
+    <message>
+        <source>код</source>
+        <translation>code</translation>
+    </message>
+    <message>
+        <source>Код групи магазинів, до якої потраплять нові картки</source>
+        <translation>Code of the shop group that new cards get</translation>
+    </message>
+    <message>
+        <source>про&amp;бний запуск</source>
+        <translation>tria&amp;l</translation>
+    </message>
+    <message>
+        <source>Порахує, що зміниться, і нічого не запише</source>
+        <translation>Counts what would change and writes nothing</translation>
+    </message>
+    <message>
+        <source>Ста&amp;рт</source>
+        <translation>&amp;Begin</translation>
+    </message>
+    <message>
+        <source>Стоп</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Записи файла</source>
+        <translation>Records of the file</translation>
+    </message>
+    <message>
+        <source>Записи, яким відмовлено</source>
+        <translation>Refused records</translation>
+    </message>
+    <message>
+        <source>Зберегти від&amp;мови…</source>
+        <translation>Sa&amp;ve the refused…</translation>
+    </message>
+    <message>
+        <source>Файл CSV: номер запису, код, причина</source>
+        <translation>CSV file: number of the record, code, reason</translation>
+    </message>
+    <message>
+        <source>Скільки зроблено</source>
+        <translation>How much is done</translation>
+    </message>
+    <message>
+        <source>&amp;Встановити суми клієнтів згідно імпортованих знижок</source>
+        <translation>Set the sums of clients from the im&amp;ported levels</translation>
+    </message>
+    <message>
+        <source>Час виконання:</source>
+        <translation>Time taken:</translation>
+    </message>
+    <message>
+        <source>%1 с</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Open DBF file</source>
+        <translation>Open DBF file</translation>
+    </message>
+    <message>
+        <source>DBF (*.dbf)</source>
+        <translation>DBF (*.dbf)</translation>
+    </message>
+    <message>
+        <source>Зберегти файл</source>
+        <translation>Save file</translation>
+    </message>
+    <message>
+        <source>csv (*.csv)</source>
+        <translation>csv (*.csv)</translation>
+    </message>
+    <message>
+        <source>Файл не вибрано</source>
+        <translation>No file chosen</translation>
+    </message>
+    <message>
+        <source>Запис</source>
+        <translation>Record</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Причина</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source> – відмови.csv</source>
+        <translation> – refused.csv</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Суми клієнтів ще встановлюються. Дочекайтесь кінця або натисніть «Стоп».</source>
+        <translation>The sums of the clients are still being set. Wait for the end or press &quot;Stop&quot;.</translation>
+    </message>
+    <message>
+        <source>Імпорт ще триває. Дочекайтесь кінця або натисніть «Стоп».</source>
+        <translation>The import is still running. Wait for the end or press &quot;Stop&quot;.</translation>
+    </message>
+    <message>
+        <source>%1 з %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>Читання файла скасовано.</source>
+        <translation>Reading the file was cancelled.</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Читання файла %1</source>
+        <translation>Reading the file %1</translation>
+    </message>
+    <message>
+        <source>Записів: %1, полів: %2.</source>
+        <translation>Records: %1, fields: %2.</translation>
+    </message>
+    <message>
+        <source>Файл обірвано: за його заголовком записів має бути %1.</source>
+        <translation>The file is cut off: by its header there are %1 records.</translation>
+    </message>
+    <message>
+        <source>Останній запис неповний.</source>
+        <translation>The last record is not whole.</translation>
+    </message>
+    <message>
+        <source>За заголовком файла це всі записи, але за ними є місце ще для %1: вони не прочитані.</source>
+        <translation>By the header of the file these are all records, but behind them is room for %1 more: they were not read.</translation>
+    </message>
+    <message>
+        <source>Показано перші %1.</source>
+        <translation>The first %1 are shown.</translation>
+    </message>
+    <message>
+        <source>Вибраний файл має неправильну структуру!</source>
+        <translation>The chosen file has a wrong structure!</translation>
+    </message>
+    <message>
+        <source>такої групи магазинів немає</source>
+        <translation>there is no such shop group</translation>
+    </message>
+    <message>
+        <source>Файл ще читається.</source>
+        <translation>The file is still being read.</translation>
+    </message>
+    <message>
+        <source>Процес імпорту вже запущений.</source>
+        <translation>The import is running already.</translation>
+    </message>
+    <message>
+        <source>Файл не вибрано. Виберіть файл для імпорту.</source>
+        <translation>No file is chosen. Choose a file to import.</translation>
+    </message>
+    <message>
+        <source>У файлі немає записів.</source>
+        <translation>The file has no records.</translation>
+    </message>
+    <message>
+        <source>Вкажіть код групи магазинів, до якої потраплять нові картки.</source>
+        <translation>Give the code of the shop group that new cards are to get.</translation>
+    </message>
+    <message>
+        <source>У вас є право лише на пробний запуск.</source>
+        <translation>You may only run a trial.</translation>
+    </message>
+    <message>
+        <source>Перевірка файла для імпорту</source>
+        <translation>Checking the file to import</translation>
+    </message>
+    <message>
+        <source>Групи магазинів %1 немає: імпорт не розпочато.</source>
+        <translation>There is no shop group %1: the import has not begun.</translation>
+    </message>
+    <message>
+        <source>Імпортувати</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Імпорт не розпочато, у базу нічого не записано.</source>
+        <translation>The import has not begun, nothing was written to the database.</translation>
+    </message>
+    <message>
+        <source>%1 (записів: %2)</source>
+        <translation>%1 (records: %2)</translation>
+    </message>
+    <message>
+        <source>та інших</source>
+        <translation>and others</translation>
+    </message>
+    <message>
+        <source>У базі немає рівнів знижки: %1. Цим записам буде відмовлено. Щоб імпортувати і їх, спершу додайте ці рівні у таблиці «Знижки».</source>
+        <translation>The database does not have the discount levels %1. These records will be refused. To import them too, add these levels in the table &quot;Discounts&quot; first.</translation>
+    </message>
+    <message>
+        <source>У файлі є картка з кодом 1. Під цим кодом купують усі, хто без картки: вони дістануть її знижку.</source>
+        <translation>The file has a card with the code 1. Everybody without a card buys under this code and would get its discount.</translation>
+    </message>
+    <message>
+        <source>Імпортувати решту записів (%1)?</source>
+        <translation>Import the other records (%1)?</translation>
+    </message>
+    <message>
+        <source>Пробний імпорт клієнтів</source>
+        <translation>Trial import of clients</translation>
+    </message>
+    <message>
+        <source>У вас немає права встановлювати суми.</source>
+        <translation>You may not set the sums.</translation>
+    </message>
+    <message>
+        <source>Встановити суми клієнтів?</source>
+        <translation>Set the sums of the clients?</translation>
+    </message>
+    <message>
+        <source>Кожна картка дістане суму свого рівня знижки, а картки з рівнями, що не ростуть самі, – фіксовану знижку. Змінюються всі картки мережі; доки це триває, каси на них чекають.</source>
+        <translation>Each card gets the sum of its discount level, and cards whose level does not rise by itself a fixed discount. All cards of the chain change; registers wait for them meanwhile.</translation>
+    </message>
+    <message>
+        <source>Встановити</source>
+        <translation>Set</translation>
+    </message>
+    <message>
+        <source>Суми клієнтів встановлюються</source>
+        <translation>The sums of the clients are being set</translation>
     </message>
 </context>
 <context>

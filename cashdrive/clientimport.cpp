@@ -1,0 +1,616 @@
+#include "clientimport.h"
+
+#include "connection.h"
+#include "qmessevent.h"
+#include "qupdatebd.h"
+#include "servererror.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QLocale>
+#include <QSet>
+#include <QTextCodec>
+#include <optional>
+
+namespace {
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ClientImport)
+};
+
+const int codeField = 2;
+const int levelField = 5;
+const quint32 anonymous = 1;
+const int batchSize = 1000;
+const int checkedBetween = 4096;
+/// What another program spoils is tried so often.
+const int mostTries = 3;
+/// So long a lost server is waited for.
+const int lostMs = 30000;
+const int betweenTriesMs = 500;
+
+const QString clientsTable = QStringLiteral("clients");
+
+QString shownCount(qint64 count)
+{
+    return QLocale().toString(count);
+}
+
+/// Without the blanks and zeros that fill a field up.
+QByteArray trimmedField(const DbfTable &table, int record, int field)
+{
+    const QByteArray bytes = table.borrowedData(record, field);
+    const auto isFill = [](char c) { return c == ' ' || c == '\0' || c == '\t'; };
+    int begin = 0;
+    int end = bytes.size();
+    while (begin < end && isFill(bytes.at(begin)))
+        ++begin;
+    while (end > begin && isFill(bytes.at(end - 1)))
+        --end;
+    return bytes.mid(begin, end - begin);
+}
+
+enum class Digits { Sound, None, Other, TooLarge };
+
+Digits readDigits(const QByteArray &text, quint32 *number)
+{
+    if (text.isEmpty())
+        return Digits::None;
+    quint64 value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9')
+            return Digits::Other;
+        value = qMin(value * 10 + static_cast<quint64>(c - '0'), quint64(1) << 32U);
+    }
+    *number = static_cast<quint32>(value);
+    return value >> 32U == 0 ? Digits::Sound : Digits::TooLarge;
+}
+
+/// Why a record has no code that a card can have; empty when it has.
+QString codeRefusal(const QByteArray &text, quint32 *code)
+{
+    switch (readDigits(text, code)) {
+    case Digits::None:
+        return Texts::tr("код порожній");
+    case Digits::Other:
+        return Texts::tr("у коді не лише цифри");
+    case Digits::TooLarge:
+        break;
+    case Digits::Sound:
+        if (*code != 0)
+            return QString();
+    }
+    return Texts::tr("код не від 1 до 4294967295");
+}
+
+QString levelRefusal(const QByteArray &text, quint32 *level)
+{
+    switch (readDigits(text, level)) {
+    case Digits::None:
+        return Texts::tr("знижку не вказано");
+    case Digits::Other:
+    case Digits::TooLarge:
+        return Texts::tr("знижка – не номер рівня");
+    case Digits::Sound:
+        break;
+    }
+    return QString();
+}
+
+/// Sorts the records of a table into those that can be written and those that cannot.
+class Planner
+{
+public:
+    Planner(const DbfTable &table, const QByteArray &codePage, const QStringList &levels, ImportPlan *plan)
+        : m_table(table), m_codec(QTextCodec::codecForName(codePage)), m_plan(plan)
+    {
+        for (const QString &level : levels)
+            m_levels.insert(level.toUInt());
+        plan->cards.reserve(static_cast<size_t>(table.recordCount()));
+    }
+
+    void take(int record)
+    {
+        ImportedCard card{record + 1, 0, 0};
+        const QByteArray code = trimmedField(m_table, record, codeField);
+        const QString why = refusal(record, code, &card);
+        if (!why.isEmpty()) {
+            m_plan->refused.append({card.record, shown(code), why});
+            return;
+        }
+        m_plan->cards.push_back(card);
+        m_plan->hasAnonymous = m_plan->hasAnonymous || card.code == anonymous;
+        if (m_table.isDeleted(record))
+            ++m_plan->deletedCount;
+    }
+
+private:
+    QString refusal(int record, const QByteArray &code, ImportedCard *card)
+    {
+        // What is missing might be the end of the code.
+        if (!m_table.isWhole(record))
+            return Texts::tr("запис обірвано");
+        QString why = codeRefusal(code, &card->code);
+        if (why.isEmpty())
+            why = levelRefusal(trimmedField(m_table, record, levelField), &card->level);
+        return why.isEmpty() && !m_levels.contains(card->level) ? unknownLevel(card->level) : why;
+    }
+
+    /// The same text for all records of a level.
+    QString unknownLevel(quint32 level)
+    {
+        ++m_plan->unknownLevels[level];
+        QString &reason = m_reasons[level];
+        if (reason.isEmpty())
+            reason = Texts::tr("рівня знижки %1 немає у базі").arg(level);
+        return reason;
+    }
+
+    /// In one line and without what separates the columns of a file.
+    QString shown(const QByteArray &code) const
+    {
+        const QString text = m_codec == nullptr ? QString::fromLatin1(code) : m_codec->toUnicode(code);
+        return text.simplified().replace(QLatin1Char(';'), QLatin1Char(','));
+    }
+
+    const DbfTable &m_table;
+    const QTextCodec *m_codec;
+    QSet<quint32> m_levels;
+    QHash<quint32, QString> m_reasons;
+    ImportPlan *m_plan;
+};
+
+/// Some cards of a plan, one behind the other.
+struct Batch
+{
+    std::vector<ImportedCard>::const_iterator begin;
+    std::vector<ImportedCard>::const_iterator end;
+
+    int size() const { return static_cast<int>(end - begin); }
+    QString codes() const
+    {
+        QString all;
+        for (auto card = begin; card != end; ++card)
+            all += QString::number(card->code) + QLatin1Char(',');
+        all.chop(1);
+        return all;
+    }
+};
+
+QString insertStatement(const Batch &batch, quint32 group)
+{
+    const QString tail = QLatin1Char(',') + QString::number(group) + QStringLiteral("),");
+    QString sql = QStringLiteral("INSERT IGNORE INTO clients(id,id_procent,group_shop) VALUES");
+    for (auto card = batch.begin; card != batch.end; ++card)
+        sql += QLatin1Char('(') + QString::number(card->code) + QLatin1Char(',') +
+               QString::number(card->level) + tail;
+    sql.chop(1);
+    return sql;
+}
+
+using Levels = QHash<quint32, quint32>;
+
+/// What a batch makes of the cards. Known are the levels before it, and with each record those that the
+/// records before it have made: a code may come twice.
+struct BatchWork
+{
+    BatchWork() = default;
+    BatchWork(const Batch &batch, Levels *known)
+    {
+        for (auto card = batch.begin; card != batch.end; ++card) {
+            const auto level = known->constFind(card->code);
+            if (level == known->constEnd())
+                added.append(*card);
+            else if (card->level > *level)
+                raised.append(*card);
+            else
+                continue;
+            known->insert(card->code, card->level);
+        }
+        left = batch.size() - added.size() - raised.size();
+    }
+    bool changes() const { return !added.isEmpty() || !raised.isEmpty(); }
+
+    QVector<ImportedCard> added;
+    QVector<ImportedCard> raised;
+    int left = 0;
+};
+
+/// Writes a plan batch by batch.
+class Importer
+{
+public:
+    Importer(JobContext *context, const ImportPlan &plan, const QString &source, ImportOutcome *outcome)
+        : m_context(context)
+        , m_plan(plan)
+        , m_source(source)
+        , m_outcome(outcome)
+        , m_connection(std::make_unique<JobConnection>(*context))
+    {
+        outcome->refused = plan.refused;
+        outcome->untouched = static_cast<int>(plan.cards.size());
+    }
+
+    JobResult run()
+    {
+        if (!m_connection->isOpen())
+            return {};
+        const auto end = m_plan.cards.cend();
+        for (auto next = m_plan.cards.cbegin(); next != end;) {
+            tellProgress();
+            const Batch batch{next, next + qMin<std::ptrdiff_t>(batchSize, end - next)};
+            const End came = m_outcome->isTrial ? tryOut(batch) : write(batch);
+            if (came == End::Stopped)
+                return {JobResult::Cancelled, outcomeText(*m_outcome, m_plan), {}};
+            if (came == End::Lost)
+                return {JobResult::Failed, outcomeText(*m_outcome, m_plan), {}};
+            m_outcome->untouched -= batch.size();
+            next = batch.end;
+        }
+        tellProgress();
+        return {JobResult::Done, outcomeText(*m_outcome, m_plan), {}};
+    }
+
+private:
+    enum class End { Settled, Again, Lost, Refused, Stopped };
+    enum class Step { None, Write, Commit };
+
+    Db db() { return m_connection->db(); }
+
+    void tellProgress()
+    {
+        m_context->progress(m_plan.recordCount() - m_outcome->untouched, m_plan.recordCount());
+    }
+
+    /// The levels of the cards that are there. Locked, none of them changes and none comes until COMMIT.
+    bool readLevels(const Batch &batch, const char *lock, Levels *levels)
+    {
+        auto query = send(QStringLiteral("SELECT id,id_procent FROM clients WHERE id IN (") + batch.codes() +
+                          QLatin1Char(')') + QLatin1String(lock));
+        while (query && query->next())
+            levels->insert(query->value(0).toUInt(),
+                           qMax(query->value(1).toUInt(), levels->value(query->value(0).toUInt())));
+        return query.has_value();
+    }
+
+    /// What was counted before counts as if it had been written.
+    End tryOut(const Batch &batch)
+    {
+        if (m_context->isCancelled() || !readLevels(batch, "", &m_tried)) {
+            report();
+            return m_context->isCancelled() ? End::Stopped : End::Lost;
+        }
+        count(BatchWork(batch, &m_tried));
+        return End::Settled;
+    }
+
+    /// Until it is written or certainly not.
+    End write(const Batch &batch)
+    {
+        End end = End::Again;
+        for (int tries = 0; end == End::Again && tries < mostTries; ++tries)
+            end = writeOnce(batch);
+        if (m_context->isCancelled() && end != End::Settled)
+            return End::Stopped;
+        if (end == End::Settled || end == End::Lost)
+            return end;
+        report();
+        refuse(batch);
+        return End::Settled;
+    }
+
+    End writeOnce(const Batch &batch)
+    {
+        if (m_context->isCancelled())
+            return End::Stopped;
+        m_error.clear();
+        m_failedSql.clear();
+        m_isSpoilt = false;
+        BatchWork work;
+        const Step failedAt = send(batch, &work);
+        // The transaction is over; a lost connection may be replaced.
+        switch (failedAt) {
+        case Step::Commit:
+            return afterCommit(work);
+        case Step::None:
+            count(work);
+            return End::Settled;
+        default:
+            return afterFailure();
+        }
+    }
+
+    /// One transaction; the step that failed, with the number of its error.
+    Step send(const Batch &batch, BatchWork *work)
+    {
+        Transaction transaction(db());
+        const bool isWritten = transaction && writeCards(batch, work);
+        const bool isCommitted = isWritten && transaction.commit();
+        m_errorNumber = isCommitted ? 0 : db().lastErrorNumber();
+        if (isCommitted)
+            return Step::None;
+        return isWritten ? Step::Commit : Step::Write;
+    }
+
+    bool writeCards(const Batch &batch, BatchWork *work)
+    {
+        Levels levels;
+        if (!readLevels(batch, " FOR UPDATE", &levels))
+            return false;
+        *work = BatchWork(batch, &levels);
+        if (!insert(batch, *work))
+            return false;
+        for (const ImportedCard &card : qAsConst(work->raised)) {
+            if (!send(QStringLiteral("UPDATE clients SET id_procent=%1 WHERE id=%2")
+                          .arg(card.level)
+                          .arg(card.code)))
+                return false;
+        }
+        return !work->changes() ||
+               QUpdateBD().update(clientsTable, *db().connection(), m_context->receiver());
+    }
+
+    /// Also when the server drops a row without an error: its level or the group has just been deleted.
+    bool insert(const Batch &batch, const BatchWork &work)
+    {
+        const QString sql = insertStatement(batch, m_plan.group);
+        const auto query = send(sql);
+        if (!query || query->numRowsAffected() == work.added.size())
+            return query.has_value();
+        m_error = Texts::tr("Сервер не взяв усіх карток: рівень знижки або групу щойно вилучено.");
+        m_failedSql = sql;
+        m_isSpoilt = true;
+        return false;
+    }
+
+    End afterFailure()
+    {
+        if (m_context->isCancelled())
+            return End::Stopped;
+        if (isConnectionLost(m_errorNumber))
+            return connectAnew() ? End::Again : End::Lost;
+        const bool isSpoilt =
+            m_isSpoilt || m_errorNumber == ServerError::Deadlock || m_errorNumber == ServerError::LockWait;
+        return isSpoilt ? End::Again : End::Refused;
+    }
+
+    /// When the answer was lost the server is asked, so that nothing is counted twice or not at all.
+    End afterCommit(const BatchWork &work)
+    {
+        if (isCommitRefused(m_errorNumber))
+            return End::Again;
+        if (!isConnectionLost(m_errorNumber) && !m_context->isCancelled())
+            return End::Refused;
+        const auto isThere = m_context->isCancelled() || !connectAnew() ? std::nullopt : isWritten(work);
+        if (!isThere) {
+            m_outcome->unclear = work.added.size() + work.raised.size();
+            return m_context->isCancelled() ? End::Stopped : End::Lost;
+        }
+        if (!*isThere)
+            return End::Again;
+        count(work);
+        return End::Settled;
+    }
+
+    /// All of a batch is there or nothing: one card tells. Nothing when the server does not say.
+    std::optional<bool> isWritten(const BatchWork &work)
+    {
+        if (!work.changes())
+            return true;
+        const bool isAdded = !work.added.isEmpty();
+        const ImportedCard &card = isAdded ? work.added.first() : work.raised.first();
+        auto query = send(QStringLiteral("SELECT id_procent FROM clients WHERE id=%1").arg(card.code));
+        if (!query)
+            return std::nullopt;
+        return query->next() && (isAdded || query->value(0).toUInt() >= card.level);
+    }
+
+    /// For a while, in which nobody is told anew that the server is lost.
+    bool connectAnew()
+    {
+        m_context->stage(Texts::tr("зв'язок втрачено, підключаюся знову…"));
+        const DatabaseAddress address = addressInUse(m_source).value_or(DatabaseAddress());
+        QElapsedTimer clock;
+        clock.start();
+        bool isOpen = false;
+        while (!isOpen && clock.elapsed() < lostMs && m_context->pause(betweenTriesMs)) {
+            const ServerAnswer answer = connectAside(address, m_context->cancelled());
+            if (answer.isGivenUp || isConnectionLost(answer.error))
+                continue;
+            m_connection = std::make_unique<JobConnection>(*m_context);
+            isOpen = m_connection->isOpen();
+        }
+        m_context->stage(QString());
+        return isOpen;
+    }
+
+    void count(const BatchWork &work)
+    {
+        m_outcome->added += work.added.size();
+        m_outcome->raised += work.raised.size();
+        m_outcome->left += work.left;
+    }
+
+    void refuse(const Batch &batch)
+    {
+        const QString why = m_error.simplified().replace(QLatin1Char(';'), QLatin1Char(','));
+        const QString reason =
+            why.isEmpty() ? Texts::tr("не записано") : Texts::tr("не записано: %1").arg(why);
+        for (auto card = batch.begin; card != batch.end; ++card)
+            m_outcome->refused.append({card->record, QString::number(card->code), reason});
+    }
+
+    std::optional<QSqlQuery> send(const QString &sql)
+    {
+        QString error;
+        auto query = db().attempt(sql, &error);
+        if (!query) {
+            m_error = error;
+            m_failedSql = sql;
+        }
+        return query;
+    }
+
+    /// What else can fail has reported itself.
+    void report() const
+    {
+        if (m_failedSql.isEmpty())
+            return;
+        postMessage(m_context->receiver(), Texts::tr("Помилка запиту:") + QLatin1Char('\n') + m_error +
+                                               QLatin1Char('\n') + m_failedSql.left(500));
+    }
+
+    JobContext *m_context;
+    const ImportPlan &m_plan;
+    const QString m_source;
+    ImportOutcome *m_outcome;
+    std::unique_ptr<JobConnection> m_connection;
+    /// Of a trial.
+    Levels m_tried;
+    QString m_error;
+    QString m_failedSql;
+    int m_errorNumber = 0;
+    /// By what another program has just done: it may work the next time.
+    bool m_isSpoilt = false;
+};
+
+/// The first statement that finds a reason, or fails, ends it.
+bool mayBeSummed(const Db &db)
+{
+    // Locked, so that no purchase comes between this and the sums.
+    const auto summed =
+        db.firstText(QStringLiteral("SELECT id FROM clients WHERE summ>0 LIMIT 1 FOR UPDATE"));
+    if (summed && !summed->isEmpty())
+        postMessage(db.receiver(), Texts::tr("В таблиці вже є не нульові суми!"));
+    if (!summed || !summed->isEmpty())
+        return false;
+    auto missing = db.run(QStringLiteral("SELECT procent.id FROM clients LEFT JOIN procent ON "
+                                         "clients.id_procent=procent.id WHERE procent.id IS NULL"));
+    if (!missing || !missing->next())
+        return missing.has_value();
+    postMessage(db.receiver(),
+                Texts::tr("Таблиця транзакцій містить не всі знижки які присутні в таблиці клієнтів!"));
+    return false;
+}
+
+struct SumLevel
+{
+    QString id;
+    QString sum;
+    bool isAutomatic;
+};
+
+std::optional<QVector<SumLevel>> readSumLevels(const Db &db)
+{
+    auto query = db.run(QStringLiteral("SELECT id,sum,auto FROM procent"));
+    if (!query)
+        return std::nullopt;
+    QVector<SumLevel> levels;
+    while (query->next()) {
+        const QString sum = toText(query->value(1));
+        levels.append({toText(query->value(0)), sum.isEmpty() ? QStringLiteral("0") : sum,
+                       query->value(2).toInt() != 0});
+    }
+    return levels;
+}
+/// The transaction is rolled back; a failure has reported itself.
+JobResult notSummed(const JobContext &context)
+{
+    return context.isCancelled()
+               ? JobResult{JobResult::Cancelled, Texts::tr("Зупинено; у базі нічого не змінено."), {}}
+               : JobResult();
+}
+} // namespace
+
+bool hasCardFields(const DbfTable &table)
+{
+    return table.fieldCount() > levelField && table.field(codeField).length > 0 &&
+           table.field(levelField).length > 0;
+}
+
+JobResult planImport(JobContext &context, const DbfTable &table, const QByteArray &codePage, ImportPlan *plan)
+{
+    Db::letHooksHearThisThread();
+    const Db db = context.db();
+    const auto group =
+        db.firstText(QStringLiteral("SELECT id FROM group_shop WHERE id=") + QString::number(plan->group));
+    const auto levels = db.firstColumn(QStringLiteral("SELECT id FROM procent"));
+    if (!group || !levels)
+        return {};
+    plan->isGroupKnown = !group->isEmpty();
+    Planner planner(table, codePage, *levels, plan);
+    for (int record = 0; record < table.recordCount(); ++record) {
+        if (record % checkedBetween == 0) {
+            if (context.isCancelled())
+                return {JobResult::Cancelled,
+                        Texts::tr("Перевірку файла зупинено; у базу нічого не записано."),
+                        {}};
+            context.progress(record, table.recordCount());
+        }
+        planner.take(record);
+    }
+    return {JobResult::Done, QString(), {}};
+}
+
+JobResult importClients(JobContext &context, const ImportPlan &plan, const QString &sourceConnection,
+                        ImportOutcome *outcome)
+{
+    Db::letHooksHearThisThread();
+    return Importer(&context, plan, sourceConnection, outcome).run();
+}
+
+QString outcomeText(const ImportOutcome &outcome, const ImportPlan &plan)
+{
+    const QString counts =
+        (outcome.isTrial
+             ? Texts::tr(
+                   "Пробний запуск, у базу нічого не записано. Буде додано карток: %1, підвищено знижку: %2, "
+                   "залишиться як є: %3, відмовлено: %4.")
+             : Texts::tr("Додано карток: %1, підвищено знижку: %2, залишено як є: %3, відмовлено: %4."))
+            .arg(shownCount(outcome.added), shownCount(outcome.raised), shownCount(outcome.left),
+                 shownCount(outcome.refused.size()));
+    QStringList lines{counts};
+    if (outcome.untouched > 0)
+        lines.append(
+            (outcome.isTrial
+                 ? Texts::tr("Не закінчено, не перевірено записів: %1.")
+                 : Texts::tr("Імпорт не закінчено, не оброблено записів: %1. Записане досі залишилося; "
+                             "повторний імпорт його не змінить."))
+                .arg(shownCount(outcome.untouched)));
+    if (outcome.unclear > 0)
+        lines.append(Texts::tr("Невідомо, чи записано останніх карток: %1 – сервер не відповів.")
+                         .arg(shownCount(outcome.unclear)));
+    if (plan.deletedCount > 0)
+        lines.append(Texts::tr("Записів з позначкою вилучення: %1 – вони імпортуються, як і решта.")
+                         .arg(shownCount(plan.deletedCount)));
+    return lines.join(QLatin1Char('\n'));
+}
+
+JobResult SetSumClnt(JobContext &context)
+{
+    Db::letHooksHearThisThread();
+    const Db db = context.db();
+    Transaction transaction(db);
+    const auto levels = transaction && mayBeSummed(db) ? readSumLevels(db) : std::nullopt;
+    if (!levels)
+        return notSummed(context);
+    int summed = 0;
+    int fixed = 0;
+    for (int i = 0; i < levels->size(); ++i) {
+        context.progress(i, levels->size());
+        const SumLevel &level = levels->at(i);
+        const QString set =
+            level.isAutomatic ? QStringLiteral("summ=") + level.sum : QStringLiteral("fiksed=1");
+        const auto query = db.run(QStringLiteral("UPDATE clients SET ") + set +
+                                  QStringLiteral(" WHERE id_procent=") + level.id);
+        if (!query)
+            return notSummed(context);
+        (level.isAutomatic ? summed : fixed) += query->numRowsAffected();
+    }
+    if (!QUpdateBD().update(clientsTable, *db.connection(), db.receiver()) || !transaction.commit())
+        return notSummed(context);
+    return {JobResult::Done,
+            Texts::tr("Суми встановлено карткам: %1; знижку зафіксовано карткам: %2.")
+                .arg(shownCount(summed), shownCount(fixed)),
+            {}};
+}
