@@ -101,14 +101,18 @@ struct Level
     const char *name;
     int rate;
     qint64 threshold;
+    bool isAutomatic = true;
+    bool isBlocked = false;
 };
 
-/// The first level is the anonymous client's.
+/// The first level is the anonymous client's; those behind the ladder are given by hand.
 const QVector<Level> levels{{"Без знижки", 0, 0},
                             {"Початкова 2 %", 200, 100000},
                             {"Срібна 3,5 %", 350, 500000},
                             {"Золота 5 %", 500, 1500000},
-                            {"Платинова 7 %", 700, 5000000}};
+                            {"Платинова 7 %", 700, 5000000},
+                            {"Персонал 10 %", 1000, 0, false},
+                            {"Святкова 15 %", 1500, 0, false, true}};
 
 bool writeLevels(const Db &db)
 {
@@ -117,7 +121,8 @@ bool writeLevels(const Db &db)
         rows.add(SqlRow()
                      .number(i + 1)
                      .text(QString::fromUtf8(levels.at(i).name))
-                     .numbers({levels.at(i).rate, levels.at(i).threshold, 1, 0}));
+                     .numbers({levels.at(i).rate, levels.at(i).threshold, levels.at(i).isAutomatic ? 1 : 0,
+                               levels.at(i).isBlocked ? 1 : 0}));
     }
     return rows.finish();
 }
@@ -125,7 +130,8 @@ bool writeLevels(const Db &db)
 int levelFor(qint64 purchases)
 {
     int level = 0;
-    while (level + 1 < levels.size() && levels.at(level + 1).threshold <= purchases)
+    while (level + 1 < levels.size() && levels.at(level + 1).isAutomatic &&
+           levels.at(level + 1).threshold <= purchases)
         ++level;
     return level;
 }

@@ -1078,6 +1078,61 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>QAddEdtDiscount</name>
+    <message>
+        <source>Код знижки</source>
+        <translation>Discount code</translation>
+    </message>
+    <message>
+        <source>Назва знижки</source>
+        <translation>Name of the discount</translation>
+    </message>
+    <message>
+        <source>Відсоток знижки</source>
+        <translation>Discount, per cent</translation>
+    </message>
+    <message>
+        <source>Сума після якої діє знижка</source>
+        <translation>Purchases that lead to the discount</translation>
+    </message>
+    <message>
+        <source>Знижка бере участь
+в автоматичному
+переході відсотків</source>
+        <translation>The discount takes part
+in the automatic
+change of percentages</translation>
+    </message>
+    <message>
+        <source>Блокувати знижку</source>
+        <translation>Block the discount</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Введіть назву знижки, наприклад &quot;Знижка 05.00%&quot;.</source>
+        <translation>Enter the name of the discount, such as &quot;Discount 05.00%&quot;.</translation>
+    </message>
+    <message>
+        <source>Назва знижки повинна бути унікальною</source>
+        <translation>The name of the discount must be unique</translation>
+    </message>
+    <message>
+        <source>Буде збережено %1: у сумі лишається шість перших цифр.</source>
+        <translation>%1 will be stored: an amount keeps its first six digits.</translation>
+    </message>
+</context>
+<context>
     <name>QAddEdtGoods</name>
     <message>
         <source>Товар</source>
@@ -2487,6 +2542,29 @@ Restart the program!</translation>
     <message>
         <source>Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, щоб записати свою, або Esc, щоб залишити цю.</source>
         <translation>While you were editing, the name was changed to «%1». Press Enter again to store yours, or Esc to leave this one.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabDiscount</name>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Сума після якої діє знижка</source>
+        <translation>Purchases that lead to the discount</translation>
+    </message>
+    <message>
+        <source>Авто</source>
+        <translation>Automatic</translation>
+    </message>
+    <message>
+        <source>Блокування</source>
+        <translation>Blocked</translation>
     </message>
 </context>
 <context>
