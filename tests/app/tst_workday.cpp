@@ -494,6 +494,7 @@ void TstWorkday::everyPageAndItsEditors()
 
 void TstWorkday::leaving()
 {
+    comeBack();
     pressKeys({Qt::CTRL + Qt::SHIFT + Qt::Key_W});
     QVERIFY(waitFor([this] { return page() == nullptr; }));
     pressKeys({Qt::CTRL + Qt::Key_Q});
