@@ -44,6 +44,7 @@ QVector<Figure> measureReports(const Bench &bench);
 QVector<Figure> measureTuning(const Bench &bench);
 QVector<Figure> measureClosing(const Bench &bench);
 QVector<Figure> measureClientImport(const Bench &bench);
+QVector<Figure> measureCards(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

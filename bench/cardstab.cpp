@@ -1,34 +1,16 @@
 #include "cardstab.h"
 
-#include "bench.h"
+#include <QCheckBox>
+#include <QLineEdit>
 
-#include <QVBoxLayout>
-
-QVector<Column> CardsTab::columns()
+CardsWindow::CardsWindow(const Bench &bench) : TabWindow<QTabClients>(bench)
 {
-    QVector<Column> columns(14);
-    columns[0].format = &asNumber;
-    columns[2].format = &asMoney;
-    columns[3].format = &asMoney;
-    columns[10].format = &asDate;
-    return columns;
+    tab()->findChild<QCheckBox *>(QStringLiteral("chAll"))->setChecked(true);
+    search(QString());
 }
 
-CardsTab::CardsTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
-    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+void CardsWindow::searchPerson(const QString &name)
 {
-    table = QStringLiteral("clients");
-    query = cardsStatement();
-    setColumns(columns());
-    seerch(QString());
-}
-
-void CardsTab::seerch(const QString &text)
-{
-    search(text.isEmpty() ? QString() : QStringLiteral(" WHERE clients.name LIKE ") + likeContains(text));
-}
-
-QString CardsTab::first(int rows)
-{
-    return QStringLiteral(" LIMIT %1").arg(rows);
+    tab()->findChild<QLineEdit *>(QStringLiteral("lePerson"))->setText(name);
+    awaitRows();
 }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include "qtab.h"
+#include "windows.h"
 
-/// The loyalty cards as a table tab lists them.
-class CardsTab : public QTab
+#include "qtabclients.h"
+
+/// The clients tab with "Всі записи" ticked, and all cards in it.
+class CardsWindow : public TabWindow<QTabClients>
 {
 public:
-    CardsTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    explicit CardsWindow(const Bench &bench);
 
-    /// Those in whose name the text stands; all for an empty one.
-    void seerch(const QString &text);
-    /// So many of them, as a filter.
-    static QString first(int rows);
-    void showFirst(int rows) { search(first(rows)); }
-
-    static QVector<Column> columns();
+    /// Those of the client in whose name the text stands.
+    void searchPerson(const QString &name);
 };

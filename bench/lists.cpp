@@ -12,18 +12,16 @@
 #include <QStandardItemModel>
 
 namespace {
-using CardsWindow = TabWindow<CardsTab>;
-
 /// More items than a million cards have would not fit into many a machine.
 constexpr int mostItems = 1000000;
 
 /// From the statement to the painted list, against the statement alone. The list is emptied first: what
 /// stands there is none of the statement's business.
-template<typename Tab>
+template<typename Window>
 double loadRatio(const Bench &bench, const QString &sql)
 {
     BareClient bare(bench.address);
-    TabWindow<Tab> window(bench);
+    Window window(bench);
     const auto ours = [&] {
         window.tab()->list()->clear();
         return milliseconds([&] { window.search(QString()); });
@@ -124,9 +122,9 @@ QVector<Figure> measureLists(const Bench &bench)
     const QString times = QStringLiteral("x bare");
     const QString ms = QStringLiteral("ms");
     return {{QStringLiteral("goods list, statement to painted grid"),
-             loadRatio<QTabGoods>(bench, goodsStatement()), 1.3, times},
+             loadRatio<TabWindow<QTabGoods>>(bench, goodsStatement()), 1.3, times},
             {QStringLiteral("cards list, statement to painted grid"),
-             loadRatio<CardsTab>(bench, cardsStatement()), 1.3, times},
+             loadRatio<CardsWindow>(bench, cardsStatement()), 1.3, times},
             {QStringLiteral("emptying the sorted cards list"), emptyingTime(bench), 20, ms},
             {QStringLiteral("closing the sorted cards list"), closingTime(bench), 20, ms}};
 }
@@ -148,7 +146,7 @@ QVector<Figure> measureMemory(const Bench &bench)
     window.search(QString());
     figures.append(grown("  loaded again", "VmRSS", 150));
     figures.append(grown("  at the peak", "VmHWM", 400));
-    window.search(QStringLiteral("Ґудзь"));
+    window.searchPerson(QStringLiteral("Ґудзь"));
     figures.append(grown("  searched, a seventh found", "VmRSS", 60));
     window.close();
     figures.append(grown("  closed", "VmRSS", 30));
@@ -158,13 +156,14 @@ QVector<Figure> measureMemory(const Bench &bench)
 QVector<Figure> measureAgainstItems(const Bench &bench)
 {
     // Neither is taken down: that alone would take minutes with items.
-    auto *items = new QStandardItemModel(0, CardsTab::columns().size());
-    loadItems(bench, items, CardsTab::columns(), cardsStatement() + CardsTab::first(mostItems));
+    auto *items = new QStandardItemModel(0, QTabClients::columns().size());
+    loadItems(bench, items, QTabClients::columns(),
+              cardsStatement() + QStringLiteral(" LIMIT %1").arg(mostItems));
     auto *itemsView = new QTableView;
     itemsView->setModel(items);
     itemsView->setSelectionBehavior(QAbstractItemView::SelectRows);
     auto *rows = new CardsWindow(bench);
-    rows->tab()->showFirst(mostItems);
+    rows->tab()->ShowData(mostItems);
     rows->awaitRows();
     itemsView->resize(rows->tab()->view()->size());
     itemsView->show();

@@ -34,6 +34,7 @@ const Benchmark benchmarks[] = {
     {"import", measureClientImport},
     {"memory", measureMemory},
     {"items", measureAgainstItems},
+    {"creation", measureCards},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

@@ -4,6 +4,7 @@
 #include "permissions.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
+#include "qtabclients.h"
 #include "qtabdiscount.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
@@ -38,7 +39,7 @@ PageTable QTableBase::lines()
         {"mt_group_goods", Permission::GroupGoods, QT_TRANSLATE_NOOP("Page", "Групи товарів"), {}},
         {"mt_goods_shops", Permission::GoodsShops, QT_TRANSLATE_NOOP("Page", "Товари магазинів"),
          make<QTabGoodsShops>()},
-        {"mt_clients", Permission::Clients, QT_TRANSLATE_NOOP("Page", "Клієнти"), {}},
+        {"mt_clients", Permission::Clients, QT_TRANSLATE_NOOP("Page", "Клієнти"), make<QTabClients>()},
         {"mt_diskount", Permission::Discount, QT_TRANSLATE_NOOP("Page", "Знижки"), make<QTabDiscount>()},
         {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), {}},
         {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"), {}},

@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "db.h"
 #include "money.h"
+#include "optionaldate.h"
 #include "typedinput.h"
 
 #include <QComboBox>
@@ -79,7 +80,11 @@ bool isPlainText(InputForm form)
 
 QString shownText(InputForm form, const QString &stored)
 {
-    return form == InputForm::Money && !stored.isNull() ? moneyText(stored.toLongLong()) : stored;
+    if (stored.isNull())
+        return stored;
+    if (form == InputForm::Date)
+        return QDate::fromString(stored, Qt::ISODate).toString(QStringLiteral("dd.MM.yyyy"));
+    return form == InputForm::Money ? moneyText(stored.toLongLong()) : stored;
 }
 
 void showInInput(const RecordInput &input, const RecordField &value)
@@ -88,6 +93,8 @@ void showInInput(const RecordInput &input, const RecordField &value)
         showEntry(box, value);
     else if (auto *spin = qobject_cast<QSpinBox *>(input.input))
         spin->setValue(value.stored.isNull() ? spin->minimum() : value.stored.toInt());
+    else if (auto *date = qobject_cast<OptionalDateEdit *>(input.input))
+        date->setStored(value.stored);
     else if (auto *line = qobject_cast<QLineEdit *>(input.input))
         showStoredText(line, value.stored.isNull() ? QString() : shownText(input.form, value.stored));
 }
@@ -98,6 +105,8 @@ QString storedFrom(const RecordInput &input)
         return orNull(chosenItem(box).id);
     if (const auto *spin = qobject_cast<QSpinBox *>(input.input))
         return isSpecial(spin) ? QString() : QString::number(spin->value());
+    if (const auto *date = qobject_cast<OptionalDateEdit *>(input.input))
+        return date->stored();
     return lineFrom(qobject_cast<QLineEdit *>(input.input), input.form);
 }
 
@@ -111,6 +120,8 @@ QVariant boundFrom(const RecordField &value, InputForm form)
 {
     if (form == InputForm::Entry)
         return nullIfEmpty(value.shown);
+    if (form == InputForm::Date)
+        return nullIfEmpty(QString(value.stored).remove(QLatin1Char('-')));
     if (form != InputForm::Money && form != InputForm::Number && form != InputForm::EntryId)
         return value.stored;
     return value.stored.isNull() ? QVariant(QVariant::LongLong) : QVariant(value.stored.toLongLong());

@@ -20,6 +20,8 @@ enum class InputForm {
     Entry,
     /// The same, written by its id; the entry without an id is NULL.
     EntryId,
+    /// An OptionalDateEdit; NULL when it is empty.
+    Date,
     /// A spin box; its special text, if it has one, stands for NULL.
     Number,
 };

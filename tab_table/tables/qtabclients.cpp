@@ -1,0 +1,349 @@
+#include "qtabclients.h"
+#include "ui_qtabclientsfilter.h"
+
+#include "cardreceipts.h"
+#include "db.h"
+#include "listpane.h"
+#include "permissions.h"
+#include "qaddedtcln.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "queryservice.h"
+#include "typingpause.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace {
+enum ColumnOf { Code, Level, Bonus, Purchases, Kind, Fixed, Group, Name };
+
+/// How many rows a page has as long as nobody says otherwise.
+const int usualPage = 100;
+
+/// The joins change no count: every card has one row.
+QString countSql()
+{
+    return QStringLiteral(
+        "SELECT COUNT(*) FROM clients LEFT JOIN procent ON clients.id_procent=procent.id LEFT JOIN discbonus "
+        "ON clients.bonus_discount=discbonus.id LEFT JOIN yesno AS yesno2 ON clients.fiksed=yesno2.id LEFT "
+        "JOIN group_shop ON clients.group_shop=group_shop.id LEFT JOIN yesno AS yesno3 ON "
+        "clients.block=yesno3.id LEFT JOIN yesno AS yesno4 ON clients.send=yesno4.id");
+}
+
+QString listSql()
+{
+    return QStringLiteral(
+        "SELECT clients.id,procent.name,clients.bonus_summ,clients.summ,discbonus.name,yesno2.name,"
+        "group_shop.name,clients.name,clients.telephone,clients.email,clients.birthday,yesno3.name,"
+        "clients.info,yesno4.name FROM clients LEFT JOIN procent ON clients.id_procent=procent.id LEFT JOIN "
+        "discbonus ON clients.bonus_discount=discbonus.id LEFT JOIN yesno AS yesno2 ON "
+        "clients.fiksed=yesno2.id LEFT JOIN group_shop ON clients.group_shop=group_shop.id LEFT JOIN yesno AS "
+        "yesno3 ON clients.block=yesno3.id LEFT JOIN yesno AS yesno4 ON clients.send=yesno4.id");
+}
+
+QString also(const QString &before, const QString &condition)
+{
+    if (condition.isEmpty())
+        return before;
+    return before + (before.isEmpty() ? QStringLiteral(" WHERE ") : QStringLiteral(" AND ")) + condition;
+}
+} // namespace
+
+QTabClients::QTabClients(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
+                         QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    , ui(std::make_unique<Ui::QTabClientsFilter>())
+    , m_splitter(new QSplitter(this))
+    , m_personTyping(new TypingPause(this))
+    , m_cardPause(new TypingPause(this))
+    , m_counter(new QueryOwner(db->connectionName(), this))
+{
+    table = QStringLiteral("clients");
+    query = listSql();
+    list()->breakCaptions();
+    setColumns(columns());
+    buildFilter();
+    connectFilter();
+    layout()->addWidget(m_splitter);
+    m_splitter->addWidget(list());
+    m_splitter->setChildrenCollapsible(false);
+    followRights();
+    seerch(QString());
+}
+
+QTabClients::~QTabClients()
+{
+    // The fields are left on the way out.
+    delete m_personTyping;
+    delete m_cardPause;
+}
+
+QVector<Column> QTabClients::columns()
+{
+    return {{tr("Код карточки"), 10, &asNumber},
+            {tr("Знижка"), 14},
+            {tr("Сума бонусів"), 9, &asMoney},
+            {tr("Сума покупок"), 11, &asMoney},
+            {tr("Карточка бонунса/на знижку"), 9},
+            {tr("Фіксована знижка"), 9},
+            {tr("Група"), 14},
+            {tr("Ім'я"), 26},
+            {tr("Телефон"), 14},
+            {tr("E-MAIL"), 20},
+            {tr("Дата народження"), 10, &asDate},
+            {tr("Блокування"), 8},
+            {tr("Інфо"), 14},
+            {tr("Передача в CashDrive"), 10}};
+}
+
+void QTabClients::buildFilter()
+{
+    ui->setupUi(addFilterBar());
+    const auto limit = [](QLineEdit *field, const char *pattern) {
+        field->setValidator(
+            new QRegularExpressionValidator(QRegularExpression(QLatin1String(pattern)), field));
+    };
+    limit(ui->leSearch, "[0-9]{10}");
+    limit(ui->lePage, "[1-9][0-9]{0,6}");
+    ui->lePage->setText(QString::number(usualPage));
+    ui->lePage->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
+    for (QLineEdit *field : {ui->lePage, ui->lePerson})
+        field->installEventFilter(this);
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
+    m_personTyping->follow(ui->lePerson);
+}
+
+void QTabClients::connectFilter()
+{
+    connect(ui->pbLoad, &QPushButton::clicked, this, &QTabClients::load);
+    connect(ui->chAll, &QCheckBox::stateChanged, this, &QTabClients::CheckState);
+    connect(ui->lePage, &QLineEdit::returnPressed, this, &QTabClients::searchAgain);
+    connect(ui->pbPrevious, &QPushButton::clicked, this, &QTabClients::previousPage);
+    connect(ui->pbNext, &QPushButton::clicked, this, &QTabClients::nextPage);
+    connect(m_personTyping, &TypingPause::ended, this, &QTabClients::searchAgain);
+    connect(m_counter, &QueryOwner::answered, this, &QTabClients::takeCount);
+    connect(ui->pbReceipts, &QPushButton::toggled, this, &QTabClients::showReceipts);
+    connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, m_cardPause,
+            &TypingPause::begin);
+    connect(m_cardPause, &TypingPause::ended, this, &QTabClients::followCard);
+    connect(list(), &ListPane::failed, this, [this] { setTotal(-1); });
+}
+
+bool QTabClients::isLoading() const
+{
+    return QTab::isLoading() || m_counter->isWaiting() || m_personTyping->isRunning() ||
+           (m_receipts != nullptr && (m_cardPause->isRunning() || m_receipts->isLoading()));
+}
+
+/// Who may not read receipts is not shown those of a card either.
+void QTabClients::followRights()
+{
+    const bool mayRead = user()->maySee(Permission::Cheks);
+    ui->pbReceipts->setVisible(mayRead);
+    if (!mayRead)
+        ui->pbReceipts->setChecked(false);
+}
+
+void QTabClients::showReceipts(bool show)
+{
+    delete m_receipts;
+    m_receipts = nullptr;
+    if (!show)
+        return;
+    m_receipts = new CardReceipts(db().connection(), user(), receiver(), m_splitter);
+    m_splitter->addWidget(m_receipts);
+    m_splitter->setStretchFactor(0, 3);
+    m_splitter->setStretchFactor(1, 2);
+    followCard();
+}
+
+void QTabClients::followCard()
+{
+    if (m_receipts == nullptr)
+        return;
+    const int row = view()->currentIndex().row();
+    m_receipts->showCard(row < 0 ? ShownCard()
+                                 : ShownCard{model()->stored(row, Code), model()->stored(row, Name),
+                                             model()->stored(row, Purchases).toLongLong(),
+                                             model()->stored(row, Bonus).toLongLong()});
+}
+
+void QTabClients::load()
+{
+    ui->leSearch->clear();
+    ui->lePerson->clear();
+    seerch(QString());
+}
+
+void QTabClients::searchAgain()
+{
+    seerch(ui->leSearch->text());
+}
+
+void QTabClients::seerch(const QString &text)
+{
+    postTrace(receiver(), QStringLiteral("QTabClients::seerch(QString)=") + text);
+    m_personTyping->drop();
+    m_condition =
+        text.isEmpty() ? m_base : also(m_base, QStringLiteral("clients.id LIKE ") + likeContains(text));
+    m_condition = also(m_condition, personCondition());
+    m_pages = {PageStart()};
+    m_counter->cancel();
+    m_total = -1;
+    ui->labelCount->setText(tr("Кількість записів") + QStringLiteral(" …"));
+    showPage();
+}
+
+QString QTabClients::personCondition() const
+{
+    const QString person = ui->lePerson->text().trimmed();
+    if (person.isEmpty())
+        return {};
+    const QString like = QStringLiteral(" LIKE ") + likeContains(person);
+    return QStringLiteral("(clients.name") + like + QStringLiteral(" OR clients.telephone") + like +
+           QLatin1Char(')');
+}
+
+void QTabClients::CheckState(int state)
+{
+    postTrace(receiver(), QStringLiteral("QTabClients::CheckState=") + QString::number(state));
+}
+
+int QTabClients::pageSize() const
+{
+    return ui->chAll->isChecked() ? 0 : qMax(1, ui->lePage->text().toInt());
+}
+
+void QTabClients::showPage()
+{
+    ShowData(pageSize());
+}
+
+/// A page begins behind the last card of the one before: however far it is, the server reads no other.
+void QTabClients::ShowData(int n)
+{
+    postTrace(receiver(), QStringLiteral("In QTab::ShowData.\nName table: ") + table +
+                              QStringLiteral("\nquery: ") + query);
+    const qint64 after = m_pages.constLast().after;
+    QString where = m_condition;
+    if (after > 0)
+        where = also(where, QStringLiteral("clients.id>%1").arg(after));
+    search(n < 1 ? where : where + QStringLiteral(" ORDER BY clients.id LIMIT %1").arg(n));
+    showPaging();
+}
+
+void QTabClients::previousPage()
+{
+    if (m_pages.size() < 2)
+        return;
+    m_pages.removeLast();
+    showPage();
+}
+
+void QTabClients::nextPage()
+{
+    m_pages.append({lastCode(), m_pages.constLast().before + model()->rowCount()});
+    showPage();
+}
+
+/// The rows may be sorted by something else.
+qint64 QTabClients::lastCode() const
+{
+    qint64 last = m_pages.constLast().after;
+    for (int row = 0; row < model()->rowCount(); ++row)
+        last = qMax(last, model()->stored(row, 0).toLongLong());
+    return last;
+}
+
+/// A page that is not full is the last one: then all are counted already.
+void QTabClients::rowsShown()
+{
+    const int rows = model()->rowCount();
+    const int page = pageSize();
+    if (m_total < 0 && (page == 0 || rows < page))
+        setTotal(m_pages.constLast().before + rows);
+    else if (m_total < 0)
+        countCards();
+    showPaging();
+}
+
+void QTabClients::countCards()
+{
+    m_counter->ask({countSql() + m_condition});
+}
+
+void QTabClients::takeCount(const std::shared_ptr<QueryAnswer> &answer)
+{
+    if (!answer->error.isEmpty())
+        postMessage(receiver(), tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);
+    setTotal(answer->error.isEmpty() ? answer->number(0) : -1);
+}
+
+void QTabClients::setTotal(qint64 total)
+{
+    m_total = total;
+    ui->labelCount->setText(total < 0 ? tr("Кількість записів невідома")
+                                      : tr("Кількість записів") + QLatin1Char(' ') + QString::number(total));
+    showPaging();
+}
+
+void QTabClients::showPaging()
+{
+    const qint64 shown = m_pages.constLast().before + model()->rowCount();
+    const int page = pageSize();
+    const bool isFull = page > 0 && model()->rowCount() >= page;
+    ui->labelPage->setText(tr("сторінка %1").arg(m_pages.size()));
+    ui->pbPrevious->setEnabled(!list()->isLoading() && m_pages.size() > 1);
+    ui->pbNext->setEnabled(!list()->isLoading() && (m_total < 0 ? isFull : shown < m_total));
+}
+
+bool QTabClients::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui->lePage && event->type() == QEvent::FocusOut && ui->lePage->text().isEmpty()) {
+        postTrace(receiver(), QStringLiteral("QTabClients::eventFilter"));
+        ui->lePage->setText(QStringLiteral("1"));
+    }
+    if (watched == ui->lePerson && event->type() == QEvent::KeyPress &&
+        clientKey(static_cast<QKeyEvent *>(event)->key()))
+        return true;
+    return QTab::eventFilter(watched, event);
+}
+
+/// As in the search field: Enter and Down go on into the list, Esc clears.
+bool QTabClients::clientKey(int key)
+{
+    if (key == Qt::Key_Escape) {
+        ui->lePerson->clear();
+        return true;
+    }
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Down)
+        return false;
+    m_personTyping->end();
+    list()->enter();
+    return true;
+}
+
+void QTabClients::Edit(const QModelIndex &index)
+{
+    if (!index.isValid())
+        postTrace(receiver(), QStringLiteral("QTabClients::Edit !index.isValid()"));
+    QTab::Edit(index);
+}
+
+std::unique_ptr<RecordDialog> QTabClients::makeEditor(QString *id)
+{
+    return std::make_unique<QAddEdtCln>(this, db().connection(), id, receiver(), this);
+}
+
+void QTabClients::refreshRecord(const QString &id, bool isNew)
+{
+    if (!isNew)
+        return QTab::refreshRecord(id, isNew);
+    postTrace(receiver(), tr("Повне оновлення таблиці"));
+    searchAgain();
+}
