@@ -9,6 +9,120 @@
     </message>
 </context>
 <context>
+    <name>CardRange</name>
+    <message>
+        <source>Діапазон карток не вільний, в заданому діапазоні знадено карток:</source>
+        <translation>The range of cards is not free, cards found in the given range:</translation>
+    </message>
+    <message>
+        <source>Останній код був би %1, а найбільший можливий %2.</source>
+        <translation>The last code would be %1, and the highest possible one is %2.</translation>
+    </message>
+    <message>
+        <source>Немає даних після запиту</source>
+        <translation>No data after the query</translation>
+    </message>
+    <message>
+        <source>Створено карток: %1, коди %2.</source>
+        <translation>Cards created: %1, codes %2.</translation>
+    </message>
+    <message>
+        <source>Не створено жодної картки.</source>
+        <translation>No card was created.</translation>
+    </message>
+    <message>
+        <source>Створено карток: %1 з %2, коди %3. Решту не створено.</source>
+        <translation>Cards created: %1 of %2, codes %3. The rest was not created.</translation>
+    </message>
+</context>
+<context>
+    <name>CardReceipts</name>
+    <message>
+        <source>За &amp;останні:</source>
+        <translation>For the &amp;last:</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>Чеки картки</source>
+        <translation>Receipts of the card</translation>
+    </message>
+    <message>
+        <source>Час</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Чек</source>
+        <translation>Receipt</translation>
+    </message>
+    <message>
+        <source>Знижка, %</source>
+        <translation>Discount, %</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Сплачено</source>
+        <translation>Paid</translation>
+    </message>
+    <message>
+        <source>Чеків зі знижкою за цією карткою немає.</source>
+        <translation>There are no receipts with a discount by this card.</translation>
+    </message>
+    <message>
+        <source>31 день</source>
+        <translation>31 days</translation>
+    </message>
+    <message>
+        <source>92 дні</source>
+        <translation>92 days</translation>
+    </message>
+    <message>
+        <source>366 днів</source>
+        <translation>366 days</translation>
+    </message>
+    <message>
+        <source>Всі магазини</source>
+        <translation>All shops</translation>
+    </message>
+    <message>
+        <source>Виберіть картку у списку.</source>
+        <translation>Choose a card in the list.</translation>
+    </message>
+    <message>
+        <source>Картка %1 %2</source>
+        <translation>Card %1 %2</translation>
+    </message>
+    <message>
+        <source>Сума покупок %1, сума бонусів %2</source>
+        <translation>Purchases %1, bonus %2</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин: у базі немає індексів для швидких звітів, і без магазину довелося б прочитати всі чеки мережі.</source>
+        <translation>Choose a shop: the database has no indexes for quick reports, and without a shop all receipts of the chain would have to be read.</translation>
+    </message>
+    <message>
+        <source>Чеки зі знижкою за карткою від %1.</source>
+        <translation>Receipts with a discount by the card since %1.</translation>
+    </message>
+    <message>
+        <source>сплачено %1, знижка %2</source>
+        <translation>paid %1, discount %2</translation>
+    </message>
+</context>
+<context>
     <name>ChangesDialog</name>
     <message>
         <source>(немає)</source>
@@ -917,6 +1031,17 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>OptionalDateEdit</name>
+    <message>
+        <source>дд.мм.рррр</source>
+        <translation>dd.mm.yyyy</translation>
+    </message>
+    <message>
+        <source>«%1» не є датою. Введіть її так: 15.03.1990, або залиште поле порожнім.</source>
+        <translation>&quot;%1&quot; is no date. Enter it as 15.03.1990, or leave the field empty.</translation>
+    </message>
+</context>
+<context>
     <name>Page</name>
     <message>
         <source>Продаж</source>
@@ -1075,6 +1200,117 @@ Wait or contact support.</translation>
     <message>
         <source>Каса</source>
         <translation>Register</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtCln</name>
+    <message>
+        <source>Початковий &amp;код картки</source>
+        <translation>First card &amp;code</translation>
+    </message>
+    <message>
+        <source>Кількість к&amp;арток</source>
+        <translation>&amp;Number of cards</translation>
+    </message>
+    <message>
+        <source>&amp;Знижка</source>
+        <translation>&amp;Discount</translation>
+    </message>
+    <message>
+        <source>Карточка бонунса/на знижку</source>
+        <translation>Bonus/discount card</translation>
+    </message>
+    <message>
+        <source>&amp;Фіксована знижка</source>
+        <translation>&amp;Fixed discount</translation>
+    </message>
+    <message>
+        <source>&amp;Група</source>
+        <translation>&amp;Group</translation>
+    </message>
+    <message>
+        <source>&amp;Блокування</source>
+        <translation>&amp;Blocked</translation>
+    </message>
+    <message>
+        <source>&amp;Передача в CashDrive</source>
+        <translation>&amp;Sent to CashDrive</translation>
+    </message>
+    <message>
+        <source>&amp;Ім&apos;я</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Телефон</source>
+        <translation>&amp;Telephone</translation>
+    </message>
+    <message>
+        <source>&amp;E-MAIL</source>
+        <translation>&amp;E-MAIL</translation>
+    </message>
+    <message>
+        <source>&amp;Дата народження</source>
+        <translation>&amp;Birthday</translation>
+    </message>
+    <message>
+        <source>І&amp;нфо</source>
+        <translation>&amp;Info</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Створити</source>
+        <translation>Create</translation>
+    </message>
+    <message>
+        <source>Створення карток клієнтів</source>
+        <translation>Creating client cards</translation>
+    </message>
+    <message>
+        <source>Номер картки яка редагується</source>
+        <translation>Number of the card being edited</translation>
+    </message>
+    <message>
+        <source>Редагування картки клієнта</source>
+        <translation>Editing a client card</translation>
+    </message>
+    <message>
+        <source>Немає жодної не заблокованої знижки, а кожна картка повинна мати знижку. Спершу додайте знижку у вкладці &quot;Знижки&quot;.</source>
+        <translation>There is no discount that is not blocked, and every card must have one. First add a discount on the tab &quot;Discounts&quot;.</translation>
+    </message>
+    <message>
+        <source>Цю знижку заблоковано. Картка має її, доки не вибрано іншої.</source>
+        <translation>This discount is blocked. The card has it until another one is chosen.</translation>
+    </message>
+    <message>
+        <source>Дата народження</source>
+        <translation>Birthday</translation>
+    </message>
+    <message>
+        <source>Поле &quot;кількість карток для створення&quot; не може бути пустим і дорівнювати 0</source>
+        <translation>The field &quot;number of cards to create&quot; must not be empty or 0</translation>
+    </message>
+    <message>
+        <source>Введіть початковий код картки, число від 1.</source>
+        <translation>Enter the first card code, a number from 1 on.</translation>
+    </message>
+    <message>
+        <source>Виберіть значення в усіх полях: нові картки отримають їх.</source>
+        <translation>Choose a value in every field: the new cards will have them.</translation>
+    </message>
+    <message>
+        <source>Створення карток</source>
+        <translation>Creating cards</translation>
+    </message>
+    <message>
+        <source>%1 з %2</source>
+        <translation>%1 of %2</translation>
     </message>
 </context>
 <context>
@@ -2507,6 +2743,132 @@ Restart the program!</translation>
     <message>
         <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
         <translation>Writing… Close the tab when this has ended.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabClients</name>
+    <message>
+        <source>Код карточки</source>
+        <translation>Card code</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Сума бонусів</source>
+        <translation>Bonus sum</translation>
+    </message>
+    <message>
+        <source>Сума покупок</source>
+        <translation>Purchases</translation>
+    </message>
+    <message>
+        <source>Карточка бонунса/на знижку</source>
+        <translation>Bonus/discount card</translation>
+    </message>
+    <message>
+        <source>Фіксована знижка</source>
+        <translation>Fixed discount</translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Ім&apos;я</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Телефон</source>
+        <translation>Telephone</translation>
+    </message>
+    <message>
+        <source>E-MAIL</source>
+        <translation>E-MAIL</translation>
+    </message>
+    <message>
+        <source>Дата народження</source>
+        <translation>Birthday</translation>
+    </message>
+    <message>
+        <source>Блокування</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>Інфо</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Передача в CashDrive</source>
+        <translation>Exchange with CashDrive</translation>
+    </message>
+    <message>
+        <source>Кількість записів</source>
+        <translation>Number of records</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Кількість записів невідома</source>
+        <translation>Number of records unknown</translation>
+    </message>
+    <message>
+        <source>сторінка %1</source>
+        <translation>page %1</translation>
+    </message>
+    <message>
+        <source>Повне оновлення таблиці</source>
+        <translation>Full refresh of the table</translation>
+    </message>
+</context>
+<context>
+    <name>QTabClientsFilter</name>
+    <message>
+        <source>Код &amp;карточки:</source>
+        <translation>Card &amp;code:</translation>
+    </message>
+    <message>
+        <source>Цифри коду</source>
+        <translation>Digits of the code</translation>
+    </message>
+    <message>
+        <source>&amp;Ім&apos;я або телефон:</source>
+        <translation>&amp;Name or telephone:</translation>
+    </message>
+    <message>
+        <source>Карточки шукають за кодом, ім&apos;ям або телефоном.</source>
+        <translation>Cards are searched by code, name or telephone.</translation>
+    </message>
+    <message>
+        <source>Фільтр</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Чеки картки</source>
+        <translation>Receipts of the card</translation>
+    </message>
+    <message>
+        <source>Рядків на &amp;сторінці:</source>
+        <translation>Rows on a &amp;page:</translation>
+    </message>
+    <message>
+        <source>Всі записи</source>
+        <translation>All records</translation>
+    </message>
+    <message>
+        <source>Завантажити</source>
+        <translation>Load</translation>
+    </message>
+    <message>
+        <source>попередня</source>
+        <translation>previous</translation>
+    </message>
+    <message>
+        <source>наступна</source>
+        <translation>next</translation>
     </message>
 </context>
 <context>

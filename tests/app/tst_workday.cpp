@@ -174,6 +174,8 @@ void TstWorkday::fillChain()
         "UPDATE users SET pass='x1'", "INSERT INTO group_shop(id,name) VALUES(2,'Центр'),(3,'Захід')",
         "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2),(1,3)",
         "INSERT INTO group_goods(id,name) VALUES(6,'Хлібне'),(7,'Молочне')",
+        "INSERT INTO procent(id,name,discount,sum,auto,block) VALUES(1,'Без знижки',0,0,1,0)",
+        "INSERT INTO clients(id,group_shop) VALUES(2200000001,1)",
         "INSERT INTO shops(id,address,name,group_shop,count_day_cycle,block) VALUES"
         "(1,'вул. Базарна, 3','Базарна',2,3,0),(2,'просп. Миру, 8',NULL,3,NULL,NULL)",
         "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(1,1,'Каса 1',0),(2,2,'Каса 1',NULL)",
