@@ -81,11 +81,7 @@ private:
 
 namespace {
 const int answerMs = 200;
-#ifdef __SANITIZE_ADDRESS__
-const int longestGapMs = 300;
-#else
 const int longestGapMs = 100;
-#endif
 
 const char *const bread = "4820000000109";
 const char *const cheese = "0000000000116";
@@ -499,6 +495,7 @@ void TstWorkday::leaving()
     comeBack();
     pressKeys({Qt::CTRL + Qt::SHIFT + Qt::Key_W});
     QVERIFY(waitFor([this] { return page() == nullptr; }));
+    comeBack();
     pressKeys({Qt::CTRL + Qt::Key_Q});
     QVERIFY(!m_window->isVisible());
     m_window.reset();

@@ -11,7 +11,8 @@ public:
 
     void restart();
     /// The longest time between two beats since restart(), the present one included, in ms. What the machine
-    /// gave to other programs while this thread had something to do is left out.
+    /// gave to other programs while this thread had something to do is left out, and so is what this thread
+    /// works longer in an unoptimized or checked build.
     qint64 longestGap();
 
     /// The test's own work, its SQL above all, does not count as long as one lives.
@@ -30,10 +31,17 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    /// Of this thread, since its beginning: on a core, and ready but without one.
+    struct CoreTime
+    {
+        qint64 workedMs;
+        qint64 waitedMs;
+    };
+    static CoreTime coreTime();
     void begin();
 
     QElapsedTimer m_sinceBeat;
-    qint64 m_waitedBefore = 0;
+    CoreTime m_before{0, 0};
     qint64 m_longest = 0;
     int m_pauses = 0;
 };
