@@ -1,6 +1,7 @@
 #include "pages.h"
 
 #include "permissions.h"
+#include "qcashdrive.h"
 #include "qimportclient.h"
 #include "qregistersale.h"
 #include "qreports.h"
@@ -45,7 +46,8 @@ PageTable Pages::management()
 PageTable Pages::others()
 {
     return {
-        {"cashdrive", Permission::RegisterServer, QT_TRANSLATE_NOOP("Page", "Автодозвін"), {}},
+        {"cashdrive", Permission::RegisterServer, QT_TRANSLATE_NOOP("Page", "Автодозвін"),
+         [this] { return new QCashDrive(m_db, m_user, m_window, m_setting, m_tabs); }},
         {"importcln", Permission::ClientImport, QT_TRANSLATE_NOOP("Page", "Імпорт клієнтів"),
          [this] { return new QImportClient(m_db, m_user, m_window, m_tabs); }},
         {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"), {}},

@@ -79,6 +79,12 @@ QString moneyText(qint64 kopecks)
     return unitsText(kopecks, 2, false);
 }
 
+QString wholeShown(qint64 count)
+{
+    const quint64 size = count < 0 ? 0 - static_cast<quint64>(count) : static_cast<quint64>(count);
+    return (count < 0 ? QStringLiteral("-") : QString()) + separated(QString::number(size));
+}
+
 QString moneyShown(qint64 kopecks)
 {
     return unitsText(kopecks, 2, true);

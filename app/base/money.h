@@ -10,6 +10,8 @@
 QString moneyText(qint64 kopecks);
 /// "1 234.50": the same with no-break blanks between the thousands, for lists and labels.
 QString moneyShown(qint64 kopecks);
+/// "1 234" for a count.
+QString wholeShown(qint64 count);
 /// "2.500" for 2500.
 QString quantityText(qint64 thousandths);
 /// "1 002.500"
