@@ -45,6 +45,7 @@ QVector<Figure> measureTuning(const Bench &bench);
 QVector<Figure> measureClosing(const Bench &bench);
 QVector<Figure> measureClientImport(const Bench &bench);
 QVector<Figure> measureCards(const Bench &bench);
+QVector<Figure> measureExchange(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

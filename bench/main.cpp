@@ -35,6 +35,7 @@ const Benchmark benchmarks[] = {
     {"memory", measureMemory},
     {"items", measureAgainstItems},
     {"creation", measureCards},
+    {"exchange", measureExchange},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

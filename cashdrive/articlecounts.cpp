@@ -67,7 +67,8 @@ bool transToCdcheks(const Db &db, const QString &kass, quint64 article, qint64 t
     return db
         .run(QStringLiteral("INSERT INTO cd_cheks(id_shop,id_kass,id_good,count,dat) (SELECT id_shop,id, ") +
              QString::number(article) + QLatin1Char(',') + count + QLatin1Char(',') +
-             QDate(year, month, day).toString(QStringLiteral("yyyyMMdd")) +
+             // yyyyMMdd
+             QString::number(year * 10000 + month * 100 + day) +
              QStringLiteral(" FROM kassa  WHERE cashdrive_code=") + lit(kass) +
              QStringLiteral(")  ON DUPLICATE KEY UPDATE count=count+") + count)
         .has_value();

@@ -28,61 +28,76 @@ bool markChanged(const Db &db, const QString &card)
 bool addSum(const Db &db, const QString &card, qint64 kopecks)
 {
     return db
-        .run(QStringLiteral("UPDATE clients tm1 JOIN clients tm2 ON tm2.id=%1 SET tm1.summ=tm2.summ+%2 WHERE "
-                            "tm1.id=%1")
-                 .arg(card)
-                 .arg(kopecks))
+        .run(QStringLiteral("UPDATE clients tm1 JOIN clients tm2 ON tm2.id=") + card +
+             QStringLiteral(" SET tm1.summ=tm2.summ+") + QString::number(kopecks) +
+             QStringLiteral(" WHERE tm1.id=") + card)
         .has_value();
 }
 
-/// Discount and id of the level that the card's sum has reached; empty for none.
-std::optional<QStringList> reachedLevel(const Db &db, const QString &card)
+/// A level's percentage in hundredths, and its id.
+struct Level
 {
-    return db.firstRow(QStringLiteral("SELECT discount,id FROM procent WHERE sum<(SELECT summ FROM clients "
-                                      "WHERE id=%1) AND auto=1 AND block=0 ORDER BY discount DESC LIMIT 1")
-                           .arg(card));
+    qint64 rate = 0;
+    QString id;
+};
+
+/// The first row of a statement about levels: percentage, and id if it asks for one. False after a failed
+/// statement; nothing when there is no row.
+bool readLevel(const Db &db, const QString &sql, std::optional<Level> *level)
+{
+    auto query = db.run(sql);
+    if (query && query->next())
+        *level = Level{query->value(0).toLongLong(), query->value(1).toString()};
+    return query.has_value();
 }
 
-/// Of the level that the card has; empty, to be told, when there is none.
-std::optional<QStringList> presentLevel(const Db &db, const QString &card, QStringList *messages)
+/// What the card's sum has reached.
+QString reachedSql(const QString &card)
 {
-    const QString sql =
-        QStringLiteral("SELECT discount FROM procent WHERE id=(SELECT id_procent FROM clients WHERE id=%1)")
-            .arg(card);
-    const auto level = db.firstRow(sql);
-    if (level && level->isEmpty())
-        messages->append(Texts::tr("Відсутні дані після запиту") + QLatin1Char('\n') + sql);
-    return level;
+    return QStringLiteral("SELECT discount,id FROM procent WHERE sum<(SELECT summ FROM clients WHERE id=") +
+           card + QStringLiteral(") AND auto=1 AND block=0 ORDER BY discount DESC LIMIT 1");
+}
+
+QString presentSql(const QString &card)
+{
+    return QStringLiteral("SELECT discount FROM procent WHERE id=(SELECT id_procent FROM clients WHERE id=") +
+           card + QLatin1Char(')');
 }
 
 /// False after a failed statement.
 bool moveUp(const Db &db, const QString &card, CardSums *sums, QStringList *messages)
 {
-    const auto reached = reachedLevel(db, card);
-    if (!reached || reached->isEmpty())
-        return reached.has_value();
-    const auto present = presentLevel(db, card, messages);
-    if (!present || present->isEmpty() || present->first().toLongLong() >= reached->first().toLongLong())
-        return present.has_value();
-    if (!db.run(
-            QStringLiteral("UPDATE clients SET id_procent=%1, send=1 WHERE id=%2").arg(reached->at(1), card)))
+    std::optional<Level> reached;
+    std::optional<Level> present;
+    if (!readLevel(db, reachedSql(card), &reached))
         return false;
+    if (!reached)
+        return true;
+    if (!readLevel(db, presentSql(card), &present))
+        return false;
+    if (!present)
+        messages->append(Texts::tr("Відсутні дані після запиту") + QLatin1Char('\n') + presentSql(card));
+    if (!present || present->rate >= reached->rate)
+        return true;
     ++sums->raised;
-    return true;
+    return db
+        .run(QStringLiteral("UPDATE clients SET id_procent=") + reached->id +
+             QStringLiteral(", send=1 WHERE id=") + card)
+        .has_value();
 }
 } // namespace
 
 CardOutcome updatecln(const Db &db, quint64 card, qint64 kopecks, CardSums *sums, QStringList *messages)
 {
     const QString id = QString::number(card);
-    const auto fixed =
-        db.firstRow(QStringLiteral("SELECT fiksed FROM clients WHERE id=%1 AND block=0").arg(id));
+    auto fixed =
+        db.run(QStringLiteral("SELECT fiksed FROM clients WHERE id=") + id + QStringLiteral(" AND block=0"));
     if (!fixed)
         return CardOutcome::Failed;
-    if (fixed->isEmpty())
+    if (!fixed->next())
         return missCard(id, sums, messages);
     sums->missing = 0;
-    const bool isOnlyMarked = sums->isWithoutSums || fixed->first() != QLatin1String("0");
+    const bool isOnlyMarked = sums->isWithoutSums || fixed->value(0).toInt() != 0;
     if (isOnlyMarked ? !markChanged(db, id) : !addSum(db, id, kopecks) || !moveUp(db, id, sums, messages))
         return CardOutcome::Failed;
     ++sums->counted;

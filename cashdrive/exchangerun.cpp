@@ -41,7 +41,7 @@ private:
     QString keep(const QString &kass, const ServerLines &lines);
     JobResult result() const;
     QStringList doneWords() const;
-    QString countEnd() const;
+    QString problem() const;
 
     JobContext *m_context;
     const ExchangeOrder &m_order;
@@ -207,17 +207,19 @@ QStringList ExchangeRun::doneWords() const
     return words;
 }
 
-QString ExchangeRun::countEnd() const
+/// Why the run did not come to its end; empty when it did, and when it was stopped.
+QString ExchangeRun::problem() const
 {
+    if (m_isLost || m_session.isDatabaseLost())
+        return Texts::tr("Зв'язок з базою втрачено.");
     switch (m_outcome.count.end) {
     case CountOutcome::Busy:
         return Texts::tr("Картки тримає інша програма.");
     case CountOutcome::Taken:
         return Texts::tr("Ці транзакції вже розбирає інша програма.");
-    case CountOutcome::Lost:
-        return Texts::tr("Зв'язок з базою втрачено.");
     case CountOutcome::Failed:
         return Texts::tr("База не приймає записів.");
+    case CountOutcome::Lost:
     case CountOutcome::Stopped:
     case CountOutcome::Whole:
         break;
@@ -227,23 +229,21 @@ QString ExchangeRun::countEnd() const
 
 JobResult ExchangeRun::result() const
 {
-    const QStringList done = doneWords();
-    const QString numbers = done.isEmpty() ? QString() : done.join(QStringLiteral("; ")) + QLatin1Char('.');
-    const QVariant value = QVariant::fromValue(m_outcome);
-    QStringList words{numbers};
-    const bool isFailed = m_isLost || m_session.isDatabaseLost() || !countEnd().isEmpty();
-    if (m_context->isCancelled())
-        words.prepend(Texts::tr("Дозвін зупинено."));
-    else if (isFailed)
-        words.prepend(Texts::tr("Дозвін не завершено.") + QLatin1Char(' ') + countEnd());
-    else
-        words.prepend(Texts::tr("Дозвін завершено."));
-    if (m_order.readsTransactions && (isFailed || m_context->isCancelled()))
-        words.append(Texts::tr("Решту розбере наступний дозвін; ніщо не врахується двічі."));
-    words.removeAll(QString());
-    const auto outcome =
-        m_context->isCancelled() ? JobResult::Cancelled : (isFailed ? JobResult::Failed : JobResult::Done);
-    return {outcome, words.join(QLatin1Char(' ')).simplified(), value};
+    JobResult result{JobResult::Done, Texts::tr("Дозвін завершено."), QVariant::fromValue(m_outcome)};
+    if (m_context->isCancelled()) {
+        result.outcome = JobResult::Cancelled;
+        result.words = Texts::tr("Дозвін зупинено.");
+    } else if (!problem().isEmpty()) {
+        result.outcome = JobResult::Failed;
+        result.words = Texts::tr("Дозвін не завершено.") + QLatin1Char(' ') + problem();
+    }
+    const QString done = doneWords().join(QStringLiteral("; "));
+    if (!done.isEmpty())
+        result.words += QLatin1Char(' ') + done.at(0).toUpper() + done.mid(1) + QLatin1Char('.');
+    if (m_order.readsTransactions && result.outcome != JobResult::Done)
+        result.words +=
+            QLatin1Char(' ') + Texts::tr("Решту розбере наступний дозвін; ніщо не врахується двічі.");
+    return result;
 }
 } // namespace
 

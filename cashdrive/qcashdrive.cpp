@@ -40,7 +40,7 @@ QCashDrive::QCashDrive(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
     connect(ui->pbStop, &QPushButton::clicked, this, &QCashDrive::stop);
     connect(ui->chClients, &QCheckBox::toggled, ui->chOnlyChanged, &QWidget::setEnabled);
     connect(ui->chRead, &QCheckBox::stateChanged, this, &QCashDrive::enablereadtransaction);
-    connect(user, &QLoadedUser::rightsChanged, this, [this] { enable(!isRunning()); });
+    connect(user, &QLoadedUser::rightsChanged, this, &QCashDrive::followRights);
     enable(true);
 }
 
@@ -57,8 +57,23 @@ void QCashDrive::setUpPlaces()
     setFocusProxy(ui->place);
     connect(ui->place, &PlaceSelector::groupChanged, this, &QCashDrive::GroupChanged);
     connect(ui->place, &PlaceSelector::shopChanged, this, &QCashDrive::ShopChanged);
-    ui->place->refillGroups(exchangeGroupsSql(m_user->groups()));
+    refillPlaces();
+}
+
+void QCashDrive::refillPlaces()
+{
+    m_groups = m_user->groups();
+    ui->place->refillGroups(exchangeGroupsSql(m_groups));
     GroupChanged(QString());
+}
+
+void QCashDrive::followRights()
+{
+    enable(!isRunning());
+    if (!m_user->isLoaded() || m_user->groups() == m_groups)
+        return;
+    ui->place->keepChoice();
+    refillPlaces();
 }
 
 void QCashDrive::GroupChanged(const QString &name)
@@ -81,20 +96,29 @@ void QCashDrive::setUpAutoStart()
     m_autoStart->setLast(rememberedState(m_user->idUser(), stateKey("lastStart")).toDateTime());
     ui->teTime->setTime(rememberedState(m_user->idUser(), stateKey("time")).toTime());
     ui->chAutoStart->setChecked(rememberedState(m_user->idUser(), stateKey("isOn")).toBool());
-    connect(ui->teTime, &QTimeEdit::timeChanged, this, &QCashDrive::takeTime);
-    connect(ui->chAutoStart, &QCheckBox::toggled, this, &QCashDrive::takeTime);
+    const auto take = [this] {
+        armAutoStart();
+        remember();
+    };
+    connect(ui->teTime, &QTimeEdit::timeChanged, this, take);
+    connect(ui->chAutoStart, &QCheckBox::toggled, this, take);
     connect(m_autoStart, &AutoStart::due, this, &QCashDrive::startByClock);
-    takeTime();
+    armAutoStart();
 }
 
-void QCashDrive::takeTime()
+void QCashDrive::setClock(const std::function<QDateTime()> &now)
+{
+    m_autoStart->setClock(now);
+    armAutoStart();
+}
+
+void QCashDrive::armAutoStart()
 {
     if (ui->chAutoStart->isChecked())
         m_autoStart->turnOn(ui->teTime->time());
     else
         m_autoStart->turnOff();
     showStarts();
-    remember();
 }
 
 void QCashDrive::remember() const
@@ -208,6 +232,8 @@ ExchangeOrder QCashDrive::order() const
 QString QCashDrive::refusal() const
 {
     const ExchangeOrder wanted = order();
+    if (!m_user->mayEdit(Permission::RegisterServer))
+        return tr("Ваші права дозволяють лише перегляд.");
     if (wanted.isEmpty())
         return tr("Позначте, що передати або отримати.");
     if (ui->place->isReading())

@@ -3,6 +3,7 @@
 #include "exchangerun.h"
 #include "page.h"
 
+#include <QDateTime>
 #include <QPointer>
 #include <QWidget>
 
@@ -33,6 +34,8 @@ public:
     /// The server of the runs; that of the platform at first.
     void setServer(const RegisterServerFactory &server) { m_server = server; }
     AutoStart *autoStart() const { return m_autoStart; }
+    /// The clock of the daily start; tests bring their own.
+    void setClock(const std::function<QDateTime()> &now);
     bool isRunning() const;
 
     /// How a file is chosen: from the title to the path, empty when cancelled. Tests replace it.
@@ -48,6 +51,8 @@ public slots:
 
 private:
     void setUpPlaces();
+    void refillPlaces();
+    void followRights();
     void setUpAutoStart();
     void setUpRefused();
     void enable(bool isFree);
@@ -57,7 +62,7 @@ private:
     void startByClock();
     void follow();
     void showEnd(const JobResult &result);
-    void takeTime();
+    void armAutoStart();
     void showStarts();
     void remember() const;
     void showRefusedLines(const RefusedLines &lines);
@@ -69,5 +74,6 @@ private:
     QObject *m_mainWindow;
     RegisterServerFactory m_server = platformRegisterServer;
     AutoStart *m_autoStart;
+    QStringList m_groups;
     QPointer<Job> m_job;
 };

@@ -76,14 +76,14 @@ private:
     QVector<QMessEvent> m_reports;
 };
 
-QString articleCode(const ServerLine &line)
+QString articleCode(const QString &kass, const ServerLine &line)
 {
-    return Texts::tr("товар %1").arg(line.article);
+    return Texts::tr("каса %1, товар %2").arg(kass).arg(line.article);
 }
 
-QString cardCode(const ServerLine &line)
+QString cardCode(const QString &kass, const ServerLine &line)
 {
-    return Texts::tr("картка %1").arg(line.card);
+    return Texts::tr("каса %1, картка %2").arg(kass).arg(line.card);
 }
 } // namespace
 
@@ -102,6 +102,8 @@ TransactionCounter::TransactionCounter(const Db &db, bool isWithoutSums, const M
 
 CountOutcome TransactionCounter::count(QVector<KeptReading> readings)
 {
+    if (readings.isEmpty())
+        return m_outcome;
     const auto goods = readCountedGoods(m_db);
     if (!goods) {
         m_outcome.end = isConnectionLost(m_db.lastErrorNumber()) ? CountOutcome::Lost : CountOutcome::Failed;
@@ -182,19 +184,19 @@ bool TransactionCounter::countApart(const Batch &batch)
 TransactionCounter::Answer TransactionCounter::countSingle(const Batch &line)
 {
     const ServerLine &values = line.reading->lines.at(line.from);
+    const QString article = articleCode(line.reading->kass, values);
+    const QString card = cardCode(line.reading->kass, values);
     const qint64 number = m_outcome.lines + 1;
     const auto only = [&line](int consumers) { return Batch{line.reading, line.from, line.to, consumers}; };
     QString ofCard;
     QString ofArticle;
     Answer answer = attempt(only(Both), {}, &ofCard);
     if (answer == Answer::Refused)
-        answer = attempt(only(Articles), {{number, cardCode(values), ofCard}}, &ofArticle);
+        answer = attempt(only(Articles), {{number, card, ofCard}}, &ofArticle);
     if (answer == Answer::Refused)
-        answer = attempt(only(Cards), {{number, articleCode(values), ofArticle}}, &ofCard);
+        answer = attempt(only(Cards), {{number, article, ofArticle}}, &ofCard);
     if (answer == Answer::Refused)
-        answer =
-            attempt(only(Nothing),
-                    {{number, articleCode(values), ofArticle}, {number, cardCode(values), ofCard}}, nullptr);
+        answer = attempt(only(Nothing), {{number, article, ofArticle}, {number, card, ofCard}}, nullptr);
     return answer;
 }
 
@@ -269,36 +271,45 @@ TransactionCounter::Sent TransactionCounter::send(const Db &db, const Batch &bat
     if (!moved || m_isOver)
         return Sent::Failed;
     for (int i = batch.from; i < batch.to; ++i) {
-        if (!m_mayGoOn(m_outcome.lines + i - batch.from, m_of) || !countLine(db, batch, i, gain))
+        if (!m_mayGoOn(m_outcome.lines + i - batch.from, m_of) ||
+            ((batch.consumers & Articles) != 0 && !countArticle(db, batch, i, gain)) ||
+            ((batch.consumers & Cards) != 0 && !countCard(db, batch, i, gain)))
             return Sent::Failed;
     }
     return transaction.commit() ? Sent::Committed : Sent::CommitUnheard;
 }
 
-bool TransactionCounter::countLine(const Db &db, const Batch &batch, int index, Gain *gain)
+bool TransactionCounter::countArticle(const Db &db, const Batch &batch, int index, Gain *gain)
 {
     const ServerLine &line = batch.reading->lines.at(index);
     const QString &kass = batch.reading->kass;
-    const qint64 number = m_outcome.lines + index - batch.from + 1;
-    if ((batch.consumers & Articles) != 0 && !m_goods.neverCounted.contains(line.article)) {
-        const QString why = articleRefusal(m_goods, kass, line);
-        if (!why.isEmpty())
-            gain->refused.append({number, articleCode(line), why});
-        else if (!transToCdcheks(db, kass, line.article, line.thousandths, line.year, line.month, line.day))
-            return false;
-        else
-            ++gain->articles;
+    if (m_goods.neverCounted.contains(line.article))
+        return true;
+    const QString why = articleRefusal(m_goods, kass, line);
+    if (!why.isEmpty()) {
+        gain->refused.append({numberOf(batch, index), articleCode(kass, line), why});
+        return true;
     }
-    const bool hasCard = line.card != 0 && line.kopecks != 0;
-    return (batch.consumers & Cards) == 0 || !hasCard || countCard(db, line, number, gain);
+    ++gain->articles;
+    return transToCdcheks(db, kass, line.article, line.thousandths, line.year, line.month, line.day);
 }
 
-bool TransactionCounter::countCard(const Db &db, const ServerLine &line, qint64 number, Gain *gain)
+bool TransactionCounter::countCard(const Db &db, const Batch &batch, int index, Gain *gain)
 {
+    const ServerLine &line = batch.reading->lines.at(index);
+    if (line.card == 0 || line.kopecks == 0)
+        return true;
     const CardOutcome outcome = updatecln(db, line.card, line.kopecks, &gain->cards, &gain->messages);
     if (outcome == CardOutcome::Unknown)
-        gain->refused.append({number, cardCode(line), Texts::tr("Картки немає або її заблоковано.")});
+        gain->refused.append({numberOf(batch, index), cardCode(batch.reading->kass, line),
+                              Texts::tr("Картки немає або її заблоковано.")});
     return outcome != CardOutcome::Failed;
+}
+
+/// In the whole counting.
+qint64 TransactionCounter::numberOf(const Batch &batch, int index) const
+{
+    return m_outcome.lines + index - batch.from + 1;
 }
 
 bool TransactionCounter::isCountedThere(const Batch &batch)

@@ -78,8 +78,9 @@ private:
     Answer attempt(const Batch &batch, const RefusedLines &refused, QString *words);
     Answer answerTo(Sent sent, const Batch &batch, bool mayRepeat);
     Sent send(const Db &db, const Batch &batch, Gain *gain);
-    bool countLine(const Db &db, const Batch &batch, int index, Gain *gain);
-    bool countCard(const Db &db, const ServerLine &line, qint64 number, Gain *gain);
+    bool countArticle(const Db &db, const Batch &batch, int index, Gain *gain);
+    bool countCard(const Db &db, const Batch &batch, int index, Gain *gain);
+    qint64 numberOf(const Batch &batch, int index) const;
     bool isCountedThere(const Batch &batch);
     void take(const Batch &batch, const Gain &gain);
     void tell(const Gain &gain);

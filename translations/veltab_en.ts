@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>ArticleCounts</name>
+    <message>
+        <source>Каси з кодом CashDrive %1 немає.</source>
+        <translation>There is no register with the CashDrive code %1.</translation>
+    </message>
+    <message>
+        <source>Код CashDrive %1 мають кілька кас: виправте його у вкладці &quot;Каси&quot;.</source>
+        <translation>Several registers have the CashDrive code %1: correct it in the tab &quot;Каси&quot;.</translation>
+    </message>
+    <message>
+        <source>Товару немає в базі.</source>
+        <translation>The item is not in the database.</translation>
+    </message>
+    <message>
+        <source>Дати %1.%2.%3 не буває.</source>
+        <translation>There is no such day as %1.%2.%3.</translation>
+    </message>
+    <message>
+        <source>Кількість поза межами.</source>
+        <translation>The quantity is out of range.</translation>
+    </message>
+</context>
+<context>
     <name>BoxReader</name>
     <message>
         <source>Читається…</source>
@@ -120,6 +143,17 @@
     <message>
         <source>сплачено %1, знижка %2</source>
         <translation>paid %1, discount %2</translation>
+    </message>
+</context>
+<context>
+    <name>CardSums</name>
+    <message>
+        <source>Карточка клієнта не знайдена</source>
+        <translation>The client&apos;s card was not found</translation>
+    </message>
+    <message>
+        <source>Відсутні дані після запиту</source>
+        <translation>No data after the query</translation>
     </message>
 </context>
 <context>
@@ -526,6 +560,168 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>ExchangeRun</name>
+    <message>
+        <source>Теку не створено: %1</source>
+        <translation>The folder was not made: %1</translation>
+    </message>
+    <message>
+        <source>Дозвін цієї бази вже веде інша копія програми.</source>
+        <translation>Another copy of the program is exchanging for this database already.</translation>
+    </message>
+    <message>
+        <source>Загальний час дозвону:</source>
+        <translation>Total time of the exchange:</translation>
+    </message>
+    <message>
+        <source>Підключення до бази даних на</source>
+        <translation>Connecting to the database at</translation>
+    </message>
+    <message>
+        <source>Зєднання з БД всановлено.</source>
+        <translation>Connected to the database.</translation>
+    </message>
+    <message>
+        <source>Запис клієнтів.</source>
+        <translation>Writing clients.</translation>
+    </message>
+    <message>
+        <source>Запис клієнтів завершено. За:</source>
+        <translation>Clients written. In:</translation>
+    </message>
+    <message>
+        <source>Запис артикуів.</source>
+        <translation>Writing articles.</translation>
+    </message>
+    <message>
+        <source>Запис артикуів завершено. За:</source>
+        <translation>Articles written. In:</translation>
+    </message>
+    <message>
+        <source>Запис знижок.</source>
+        <translation>Writing discounts.</translation>
+    </message>
+    <message>
+        <source>Запис знижок завершено. За:</source>
+        <translation>Discounts written. In:</translation>
+    </message>
+    <message>
+        <source>Зєднання з CashDrive.</source>
+        <translation>Connecting to CashDrive.</translation>
+    </message>
+    <message>
+        <source>Зєднання з CashDrive завершено. За:</source>
+        <translation>Connection to CashDrive ended. In:</translation>
+    </message>
+    <message>
+        <source>Розбір транзакцій.</source>
+        <translation>Counting transactions.</translation>
+    </message>
+    <message>
+        <source>Розбір транзакцій завершено. За:</source>
+        <translation>Transactions counted. In:</translation>
+    </message>
+    <message>
+        <source>Каса %1: %2</source>
+        <translation>Register %1: %2</translation>
+    </message>
+    <message>
+        <source>карток записано: %1</source>
+        <translation>cards written: %1</translation>
+    </message>
+    <message>
+        <source>товарів записано: %1</source>
+        <translation>items written: %1</translation>
+    </message>
+    <message>
+        <source>знижок записано: %1</source>
+        <translation>discounts written: %1</translation>
+    </message>
+    <message>
+        <source>транзакцій отримано: %1</source>
+        <translation>transactions received: %1</translation>
+    </message>
+    <message>
+        <source>транзакцій розібрано: %1</source>
+        <translation>transactions done: %1</translation>
+    </message>
+    <message>
+        <source>з них враховано товарів: %1</source>
+        <translation>items counted: %1</translation>
+    </message>
+    <message>
+        <source>враховано на картках: %1</source>
+        <translation>counted on cards: %1</translation>
+    </message>
+    <message>
+        <source>підвищено знижок: %1</source>
+        <translation>discounts raised: %1</translation>
+    </message>
+    <message>
+        <source>невідомих карток: %1</source>
+        <translation>unknown cards: %1</translation>
+    </message>
+    <message>
+        <source>не враховано: %1</source>
+        <translation>left out: %1</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок з базою втрачено.</source>
+        <translation>The connection to the database was lost.</translation>
+    </message>
+    <message>
+        <source>Картки тримає інша програма.</source>
+        <translation>Another program holds the cards.</translation>
+    </message>
+    <message>
+        <source>Ці транзакції вже розбирає інша програма.</source>
+        <translation>Another program is counting these transactions already.</translation>
+    </message>
+    <message>
+        <source>База не приймає записів.</source>
+        <translation>The database takes no writing.</translation>
+    </message>
+    <message>
+        <source>Дозвін завершено.</source>
+        <translation>The exchange has ended.</translation>
+    </message>
+    <message>
+        <source>Дозвін зупинено.</source>
+        <translation>The exchange was stopped.</translation>
+    </message>
+    <message>
+        <source>Дозвін не завершено.</source>
+        <translation>The exchange did not end.</translation>
+    </message>
+    <message>
+        <source>Решту розбере наступний дозвін; ніщо не врахується двічі.</source>
+        <translation>The next exchange does the rest; nothing is counted twice.</translation>
+    </message>
+    <message>
+        <source>хв.</source>
+        <translation>min</translation>
+    </message>
+    <message>
+        <source>сек.</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>год.</source>
+        <translation>h</translation>
+    </message>
+</context>
+<context>
+    <name>ExchangeWrites</name>
+    <message>
+        <source>Каса %1, картка %2: %3</source>
+        <translation>Register %1, card %2: %3</translation>
+    </message>
+    <message>
+        <source>У вибраному місці немає кас з кодом CashDrive.</source>
+        <translation>There are no registers with a CashDrive code in this place.</translation>
+    </message>
+</context>
+<context>
     <name>FileJob</name>
     <message>
         <source>Це не звичайний файл.</source>
@@ -746,6 +942,17 @@ Wait or contact support.</translation>
     <message>
         <source>Завдання: %1</source>
         <translation>Jobs: %1</translation>
+    </message>
+</context>
+<context>
+    <name>JobPanel</name>
+    <message>
+        <source>Скільки зроблено</source>
+        <translation>How much is done</translation>
+    </message>
+    <message>
+        <source>%1 з %2</source>
+        <translation>%1 of %2</translation>
     </message>
 </context>
 <context>
@@ -1882,6 +2089,167 @@ change of percentages</translation>
     <message>
         <source>діаграма</source>
         <translation>chart</translation>
+    </message>
+</context>
+<context>
+    <name>QCashDrive</name>
+    <message>
+        <source>Передача в CashDrive</source>
+        <translation>Exchange with CashDrive</translation>
+    </message>
+    <message>
+        <source>Записати на каси</source>
+        <translation>Write to the registers</translation>
+    </message>
+    <message>
+        <source>Клієнти</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Перезаписати
+тільки змінені</source>
+        <translation>Rewrite
+changed ones only</translation>
+    </message>
+    <message>
+        <source>Артикули</source>
+        <translation>Articles</translation>
+    </message>
+    <message>
+        <source> Не передавати</source>
+        <translation> Do not send</translation>
+    </message>
+    <message>
+        <source>Оновити</source>
+        <translation>Update</translation>
+    </message>
+    <message>
+        <source>Замінити</source>
+        <translation>Replace</translation>
+    </message>
+    <message>
+        <source>Передати знижки</source>
+        <translation>Send discounts</translation>
+    </message>
+    <message>
+        <source>Прочитати з кас</source>
+        <translation>Read from the registers</translation>
+    </message>
+    <message>
+        <source>Отримати транзакції</source>
+        <translation>Receive transactions</translation>
+    </message>
+    <message>
+        <source>Розібрати транзакції</source>
+        <translation>Count transactions</translation>
+    </message>
+    <message>
+        <source>Не враховувати суму
+покупок</source>
+        <translation>Leave out the sums
+of purchases</translation>
+    </message>
+    <message>
+        <source>автостарт щоденно</source>
+        <translation>automatic start every day</translation>
+    </message>
+    <message>
+        <source>Час дозвону</source>
+        <translation>Time of exchange</translation>
+    </message>
+    <message>
+        <source>Ввімкнути</source>
+        <translation>Switch on</translation>
+    </message>
+    <message>
+        <source>Запуст&amp;ити</source>
+        <translation>S&amp;tart</translation>
+    </message>
+    <message>
+        <source>З&amp;упинити</source>
+        <translation>Sto&amp;p</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок з БД 
+не встановлено!</source>
+        <translation>No connection
+to the database!</translation>
+    </message>
+    <message>
+        <source>Зберегти список у CSV…</source>
+        <translation>Save the list as CSV…</translation>
+    </message>
+    <message>
+        <source>Пропущені записи</source>
+        <translation>Records left out</translation>
+    </message>
+    <message>
+        <source>Наступний: %1,
+поки відкрита ця вкладка</source>
+        <translation>Next: %1,
+while this tab is open</translation>
+    </message>
+    <message>
+        <source>Вимкнено</source>
+        <translation>Off</translation>
+    </message>
+    <message>
+        <source>Останній: %1</source>
+        <translation>Last: %1</translation>
+    </message>
+    <message>
+        <source>ще не було</source>
+        <translation>none yet</translation>
+    </message>
+    <message>
+        <source>Автостарт дозвону пропущено: попередній дозвін ще триває.</source>
+        <translation>The automatic start was skipped: the exchange before is still going on.</translation>
+    </message>
+    <message>
+        <source>Товар або картка</source>
+        <translation>Item or card</translation>
+    </message>
+    <message>
+        <source>Файл CSV (*.csv)</source>
+        <translation>CSV file (*.csv)</translation>
+    </message>
+    <message>
+        <source>Ваші права дозволяють лише перегляд.</source>
+        <translation>Your rights allow looking only.</translation>
+    </message>
+    <message>
+        <source>Позначте, що передати або отримати.</source>
+        <translation>Tick what is to be sent or received.</translation>
+    </message>
+    <message>
+        <source>Список місць ще читається: повторіть за мить.</source>
+        <translation>The places are still being read: try again in a moment.</translation>
+    </message>
+    <message>
+        <source>Виберіть групу: на каси записуються картки її клієнтів.</source>
+        <translation>Choose a group: the cards of its clients are written to the registers.</translation>
+    </message>
+    <message>
+        <source>Дозвін CashDrive</source>
+        <translation>CashDrive exchange</translation>
+    </message>
+    <message>
+        <source>Зєднання з БД всановлено.</source>
+        <translation>Connected to the database.</translation>
+    </message>
+    <message>
+        <source>Дозвін триває.</source>
+        <translation>The exchange is going on.</translation>
+    </message>
+    <message>
+        <source>Зупинити дозвін і закрити вкладку?
+Що вже розібрано, лишається; решту розбере наступний дозвін.</source>
+        <translation>Stop the exchange and close the tab?
+What is counted stays; the next exchange does the rest.</translation>
+    </message>
+    <message>
+        <source>Зупинити і закрити</source>
+        <translation>Stop and close</translation>
     </message>
 </context>
 <context>
@@ -3613,6 +3981,32 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>RefusedList</name>
+    <message>
+        <source>Номер запису</source>
+        <translation>Record</translation>
+    </message>
+    <message>
+        <source>Причина</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>Пропущених записів немає.</source>
+        <translation>No records were left out.</translation>
+    </message>
+    <message>
+        <source>Пропущені записи</source>
+        <translation>Records left out</translation>
+    </message>
+</context>
+<context>
+    <name>RegisterServer</name>
+    <message>
+        <source>Бібліотека для роботи з сервером CASHDRIVE існує тільки для windows</source>
+        <translation>The library for the CASHDRIVE server exists for Windows only</translation>
+    </message>
+</context>
+<context>
     <name>ReportWindow</name>
     <message>
         <source>немає даних</source>
@@ -4325,6 +4719,38 @@ before its last day!</translation>
     <message>
         <source>Читається…</source>
         <translation>Reading…</translation>
+    </message>
+</context>
+<context>
+    <name>TransactionCount</name>
+    <message>
+        <source>каса %1, товар %2</source>
+        <translation>register %1, item %2</translation>
+    </message>
+    <message>
+        <source>каса %1, картка %2</source>
+        <translation>register %1, card %2</translation>
+    </message>
+    <message>
+        <source>Файл не перейменовано: %1</source>
+        <translation>The file was not renamed: %1</translation>
+    </message>
+    <message>
+        <source>Картки немає або її заблоковано.</source>
+        <translation>There is no such card, or it is blocked.</translation>
+    </message>
+</context>
+<context>
+    <name>TransactionSpool</name>
+    <message>
+        <source>Транзакції каси %1 не збережено: %2
+%3</source>
+        <translation>The transactions of register %1 were not kept: %2
+%3</translation>
+    </message>
+    <message>
+        <source>Файл транзакцій пошкоджено, його не розібрано: %1</source>
+        <translation>The file of transactions is damaged and was not counted: %1</translation>
     </message>
 </context>
 <context>

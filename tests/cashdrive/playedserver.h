@@ -19,6 +19,8 @@ struct Played
     QMap<QString, QString> problems;
     QString openProblem;
     int opened = 0;
+    /// Holds up the reading of registers.
+    std::function<void()> meanwhile;
 };
 
 /// The register server of the tests, in the job's thread, whose statements it lets the hooks hear.
@@ -63,6 +65,8 @@ public:
     }
     QString readTransactions(const QString &kass, const Keep &keep) override
     {
+        if (m_played->meanwhile)
+            m_played->meanwhile();
         if (m_played->problems.contains(kass))
             return m_played->problems.value(kass);
         QVector<ServerLines> &waiting = m_played->readings[kass];

@@ -166,8 +166,9 @@ void TstExchange::wholeRunFromCardsToSums()
     QStringList refused;
     for (const RefusedLine &line : outcome(result).count.refused)
         refused.append(QString("%1 %2 %3").arg(line.number).arg(line.code, line.reason));
-    QCOMPARE(refused, (QStringList{"4 товар 99 Товару немає в базі.", "5 товар 2 Дати 2.13.2026 не буває.",
-                                   "5 картка 5 Картки немає або її заблоковано."}));
+    QCOMPARE(refused, (QStringList{"4 каса 002, товар 99 Товару немає в базі.",
+                                   "5 каса 002, товар 2 Дати 2.13.2026 не буває.",
+                                   "5 каса 002, картка 5 Картки немає або її заблоковано."}));
     QVERIFY2(m_base->heard.has("Карточка клієнта не знайдена 5", QMessEvent::Warning), "card");
     QVERIFY2(m_base->heard.has("Каса 006: Каса не відповідає"), "register");
     QCOMPARE(m_played.levels, (QStringList{"1 Без знижки 0 0", "2 5 % 500 0", "3 Стара 700 1"}));
@@ -425,7 +426,8 @@ void TstExchange::refusedValuesLoseNoOtherLine()
     QStringList refused;
     for (const RefusedLine &line : outcome(result).count.refused)
         refused.append(QString("%1 %2").arg(line.number).arg(line.code));
-    QCOMPARE(refused, (QStringList{"3 картка 3000000001", "5 товар 1", "7 товар 1", "7 картка 3000000001"}));
+    QCOMPARE(refused, (QStringList{"3 каса 002, картка 3000000001", "5 каса 002, товар 1",
+                                   "7 каса 002, товар 1", "7 каса 002, картка 3000000001"}));
     QVERIFY(outcome(result).count.refused.first().reason.contains("Out of range value for column 'summ'"));
 }
 
