@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <algorithm>
 
 namespace {
 bool movesOrDeletes(int key)
@@ -42,22 +43,70 @@ bool isFromHand(QEvent::Type type)
 }
 } // namespace
 
+bool KeptKeys::Key::isEnter() const
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool KeptKeys::Key::types() const
+{
+    return !text.isEmpty() && text.at(0).isPrint();
+}
+
 bool KeptKeys::keep(const QKeyEvent &key)
 {
+    const Key pressed = {key.key(), key.modifiers(), key.text()};
     const bool isShortcut =
         (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-    const bool types = !key.text().isEmpty() && key.text().at(0).isPrint();
-    if (isShortcut || (!types && !movesOrDeletes(key.key())))
+    if (isShortcut || (!pressed.types() && !movesOrDeletes(key.key())))
         return false;
-    m_keys.append({key.key(), key.modifiers(), key.text()});
+    m_keys.append(pressed);
     return true;
+}
+
+bool KeptKeys::keepEntry(const QKeyEvent &key)
+{
+    const Key pressed = {key.key(), key.modifiers(), {}};
+    if (!pressed.isEnter() && key.key() != Qt::Key_Escape)
+        return keep(key);
+    const int begin = lastEntry();
+    if (!std::any_of(m_keys.cbegin() + begin, m_keys.cend(), [](const Key &one) { return one.types(); }))
+        return false;
+    if (pressed.isEnter())
+        m_keys.append(pressed);
+    else
+        m_keys.resize(begin);
+    return true;
+}
+
+int KeptKeys::lastEntry() const
+{
+    const auto last =
+        std::find_if(m_keys.crbegin(), m_keys.crend(), [](const Key &key) { return key.isEnter(); });
+    return static_cast<int>(std::distance(last, m_keys.crend()));
+}
+
+QString KeptKeys::text() const
+{
+    QStringList entries = {QString()};
+    for (const Key &key : m_keys) {
+        if (key.isEnter())
+            entries.append(QString());
+        else if (key.types())
+            entries.last() += key.text;
+    }
+    entries.removeAll(QString());
+    return entries.join(QStringLiteral(", "));
 }
 
 void KeptKeys::giveTo(QWidget *window)
 {
     const QPointer<QWidget> open = window;
-    const QVector<Key> keys = std::exchange(m_keys, {});
-    for (const Key &key : keys) {
+    QVector<Key> keys = std::exchange(m_keys, {});
+    while (!keys.isEmpty()) {
+        const Key key = keys.takeFirst();
+        if (key.isEnter())
+            m_keys += std::exchange(keys, {});
         QWidget *focused = open ? window->focusWidget() : nullptr;
         const bool isButton = qobject_cast<QAbstractButton *>(focused) != nullptr;
         if (focused == nullptr || (isButton && key.key == Qt::Key_Space))

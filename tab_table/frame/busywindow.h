@@ -18,8 +18,14 @@ class KeptKeys
 public:
     /// Keeps what types, moves or deletes: what decides (Enter, Esc, shortcuts) it does not keep. False then.
     bool keep(const QKeyEvent &key);
+    /// The same for who types one entry after the other: Enter ends one, and Esc drops the one that is being
+    /// typed. False for either when nothing was typed before it.
+    bool keepEntry(const QKeyEvent &key);
     void drop() { m_keys.clear(); }
-    /// Types them into whatever has the focus in the window; never into a button.
+    /// What was typed, entries separated by commas.
+    QString text() const;
+    /// Types them into whatever has the focus in the window; never into a button. What stands behind an Enter
+    /// stays kept.
     void giveTo(QWidget *window);
 
 private:
@@ -28,7 +34,13 @@ private:
         int key;
         Qt::KeyboardModifiers modifiers;
         QString text;
+
+        bool isEnter() const;
+        bool types() const;
     };
+    /// Behind the last Enter.
+    int lastEntry() const;
+
     QVector<Key> m_keys;
 };
 

@@ -14,6 +14,8 @@ struct NameDraft
     /// As the list shows it so far; empty for a new row.
     QString shown;
     QString name;
+    /// The same was written before, and the answer was lost.
+    bool mayHaveArrived = false;
 };
 
 /// What came of it.

@@ -69,8 +69,12 @@ void QTab::buildList(QLayout *layout)
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
     connect(m_list, &ListPane::loaded, this, &QTab::loaded);
     connect(m_list, &ListPane::loaded, this, [this] {
+        if (std::exchange(m_addsWhenLoaded, false) && m_delegate->isAwaitingRow())
+            NextEdit();
+    });
+    connect(m_list, &ListPane::failed, this, [this] {
         if (std::exchange(m_addsWhenLoaded, false))
-            Add();
+            m_delegate->giveUpRow(window());
     });
 }
 
@@ -104,6 +108,9 @@ bool QTab::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
+    if (watched == view() && m_delegate != nullptr &&
+        m_delegate->keepsForRow(static_cast<const QKeyEvent &>(*event)))
+        return true;
     const int key = static_cast<QKeyEvent *>(event)->key();
     const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (watched == view() && isEnter)
@@ -386,6 +393,8 @@ void QTab::Add()
         return openEditor(QString());
     if (m_list->isLoading()) {
         m_addsWhenLoaded = true;
+        m_delegate->awaitRow();
+        view()->setFocus();
         return;
     }
     if (m_delegate->settle([this] { Add(); }))
@@ -420,7 +429,7 @@ bool QTab::mayClose()
         return false;
     }
     const bool closes =
-        !m_delegate->isChanged() ||
+        !m_delegate->hasTyped() ||
         QMessDlg::confirm(window(), tr("Назву не збережено."), tr("Набрану назву ще не записано."),
                           tr("Закрити без збереження"), tr("Продовжити редагування"));
     if (closes)
@@ -433,7 +442,7 @@ bool QTab::mayClose()
 void QTab::NextEdit()
 {
     Add();
-    if (m_delegate != nullptr)
+    if (!m_addsWhenLoaded)
         m_delegate->giveKeys();
 }
 

@@ -127,8 +127,15 @@ bool QTabDelegate::settle(const std::function<void()> &then)
     return (edit == nullptr && !isWriting()) || leave(edit, {false, then});
 }
 
+bool QTabDelegate::hasTyped() const
+{
+    return isChanged() || !m_keys.text().isEmpty();
+}
+
 void QTabDelegate::drop()
 {
+    m_isAwaitingRow = false;
+    m_keys.drop();
     if (QLineEdit *edit = openEditor())
         close(edit);
 }
@@ -176,7 +183,7 @@ void QTabDelegate::leaveLater(QLineEdit *edit)
             return;
         }
         m_next.isNewRow = false;
-        m_keys.drop();
+        m_dropped = droppedWords();
     });
 }
 
@@ -193,11 +200,49 @@ bool QTabDelegate::eventFilter(QObject *editor, QEvent *event)
     if (event->type() != QEvent::KeyPress)
         return QItemDelegate::eventFilter(editor, event);
     if (isWriting()) {
-        m_keys.keep(static_cast<const QKeyEvent &>(*event));
+        keepKey(static_cast<const QKeyEvent &>(*event));
         return true;
     }
     const int key = static_cast<QKeyEvent *>(event)->key();
     return edit->objectName() == nameEditor ? nameKey(edit, key) : idKey(edit, key);
+}
+
+/// What was asked for last comes next: the keys are for that, also those that end a name.
+void QTabDelegate::keepKey(const QKeyEvent &key)
+{
+    const bool goesOn = m_next.then || (m_next.isNewRow && m_draft.isNew);
+    if (!goesOn)
+        m_keys.keep(key);
+    else if (!m_keys.keepEntry(key) && key.key() == Qt::Key_Escape && m_keys.text().isEmpty())
+        m_next = {};
+}
+
+void QTabDelegate::awaitRow()
+{
+    m_isAwaitingRow = true;
+}
+
+bool QTabDelegate::keepsForRow(const QKeyEvent &key)
+{
+    if (m_isAwaitingRow && !m_keys.keepEntry(key) && key.key() == Qt::Key_Escape)
+        m_isAwaitingRow = false;
+    else
+        return m_isAwaitingRow;
+    return true;
+}
+
+void QTabDelegate::giveUpRow(QWidget *window)
+{
+    m_isAwaitingRow = false;
+    m_window = window;
+    refuse(droppedWords());
+}
+
+QString QTabDelegate::droppedWords()
+{
+    const QString text = m_keys.text();
+    m_keys.drop();
+    return text.isEmpty() ? QString() : tr("Не збережено набране далі: «%1».").arg(text);
 }
 
 bool QTabDelegate::nameKey(QLineEdit *edit, int key)
@@ -272,8 +317,8 @@ void QTabDelegate::write(const QModelIndex &name, const QString &text)
 {
     m_written = name;
     m_draft = {m_table, name.sibling(name.row(), Id).data(Qt::EditRole).toString(), m_isAdding,
-               name.data(Qt::EditRole).toString(), text};
-    m_keys.drop();
+               name.data(Qt::EditRole).toString(), text, m_unclear == text};
+    m_unclear.clear();
     m_tasks.write([draft = m_draft](const Db &db) { return writeName(db, draft); },
                   [this](const NameWritten &written) { take(written); });
     if (!isWriting())
@@ -314,6 +359,7 @@ void QTabDelegate::takeStored(const NameWritten &written)
     emit update();
     QLineEdit *edit = openEditor();
     m_hasNextEdit = m_hasNextEdit && m_next.isNewRow && edit != nullptr;
+    m_isAwaitingRow = m_hasNextEdit;
     if (edit != nullptr)
         close(edit);
     if (!isInList)
@@ -327,24 +373,40 @@ void QTabDelegate::goOn()
     const auto then = std::exchange(m_next, {}).then;
     if (then)
         then();
-    if (open && !m_hasNextEdit)
+    if (open && !m_dropped.isEmpty())
+        refuse(std::exchange(m_dropped, {}));
+    if (open && !m_hasNextEdit && !m_isAwaitingRow)
         giveKeys();
 }
 
+/// Names that were typed go into a name's editor or are told to be lost; the list takes what finds its way.
 void QTabDelegate::giveKeys()
 {
-    if (m_window)
+    const QPointer<QTabDelegate> open = this;
+    const bool areNames = std::exchange(m_isAwaitingRow, false) || m_draft.isNew;
+    const QLineEdit *edit = openEditor();
+    if (edit != nullptr)
+        m_keys.giveTo(edit->window());
+    else if (m_window && !areNames)
         m_keys.giveTo(m_window);
+    if (!open || isWriting())
+        return;
+    const QString dropped = droppedWords();
+    if (!dropped.isEmpty())
+        refuse(dropped);
 }
 
 void QTabDelegate::takeRefused(const NameWritten &written)
 {
     m_next = {};
-    m_keys.drop();
+    if (written.outcome == NameWritten::Failed)
+        m_unclear = m_draft.name;
+    QStringList words = {written.why, std::exchange(m_dropped, {}), droppedWords()};
+    words.removeAll(QString());
     if (written.theirs && m_written.isValid())
         m_model->setData(m_written, *written.theirs);
     reopen();
-    refuse(written.why);
+    refuse(words.join(QLatin1Char('\n')));
 }
 
 /// The name stands in its editor as it was typed: the list may have closed that meanwhile.

@@ -45,9 +45,20 @@ public:
     /// follows when it is stored and nothing else was asked for meanwhile, and never when it was refused,
     /// which is told.
     bool settle(const std::function<void()> &then);
+    /// True while something is typed that is not stored, in an editor or for the next one.
+    bool hasTyped() const;
     /// Closes the editor and stores nothing.
     void drop();
-    /// Types what was pressed while a name was written.
+    /// A row is to be added as soon as that is possible: keys that come to the list are meant for it, names and
+    /// the Enter behind them.
+    void awaitRow();
+    /// False once Esc has taken that back.
+    bool isAwaitingRow() const { return m_isAwaitingRow; }
+    /// True when the key, which came to the list, is kept for the row.
+    bool keepsForRow(const QKeyEvent &key);
+    /// There will be no row; what was typed for it is told to be lost.
+    void giveUpRow(QWidget *window);
+    /// Types what was pressed while a name was written, or a row awaited.
     void giveKeys();
     /// Goes on with the open editor.
     void resume();
@@ -97,6 +108,8 @@ private:
     bool leave(QLineEdit *edit, const Next &next = {});
     void close(QLineEdit *edit, EndEditHint hint = NoHint);
     void leaveLater(QLineEdit *edit);
+    void keepKey(const QKeyEvent &key);
+    QString droppedWords();
     void readLength();
     void limitLength(QLineEdit *edit) const;
     void refuse(const QString &why);
@@ -126,6 +139,11 @@ private:
     QObject *m_receiver;
     Next m_next = {};
     KeptKeys m_keys;
+    bool m_isAwaitingRow = false;
+    /// Words about what was typed and is lost, to be told when the writing has ended.
+    QString m_dropped;
+    /// A name of which nobody knows whether it was written: the answer was lost.
+    QString m_unclear;
     /// What was written last, and its cell.
     NameDraft m_draft;
     QPersistentModelIndex m_written;

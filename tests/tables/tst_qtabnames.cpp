@@ -85,11 +85,16 @@ private slots:
     void doubleClickOnTheNextName();
 
     void hurriedHandsOnASlowLine();
+    void typedWhileTheListLoads_data();
+    void typedWhileTheListLoads();
+    void refusedAmongOthers();
+    void otherWindowIsQuicker();
     void refusedWhileSomethingElseIsWanted();
     void listClosesTheEditorOfARefusedName();
     void reloadWhileWriting();
     void closedWhileWriting();
     void silentWhileWriting();
+    void lostAnswerIsNoRival();
 
 private:
     void open(int right = Permission::Full);
@@ -640,7 +645,7 @@ void TstQTabNames::doubleClickOnTheNextName()
     QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
 }
 
-/// Two names are added and one is changed without ever waiting: each is written once, away from the window.
+/// Names are added and one is changed without ever waiting: each is written once, away from the window.
 void TstQTabNames::hurriedHandsOnASlowLine()
 {
     openSlowly(200);
@@ -656,12 +661,16 @@ void TstQTabNames::hurriedHandsOnASlowLine()
     add();
     typeText("Риба");
     pressKeys({Qt::Key_Return, Qt::Key_Return});
-    typeText("М'ясx");
-    pressKeys({Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Escape});
+    typeText("М'ясоx");
+    pressKeys({Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Return});
+    typeText("зайве");
+    pressKeys({Qt::Key_Escape});
     QTRY_COMPARE(note(), QString("Записується…"));
     QCOMPARE(editor()->text(), QString("Риба"));
-    typeText("о");
+    typeText("Кру");
     QTRY_VERIFY(editor() != nullptr && editor()->text() == "М'ясо");
+    typeText("пи");
+    QTRY_VERIFY(editor() != nullptr && editor()->text() == "Крупи");
     QVERIFY(note().isEmpty());
     // The next one is doubly clicked while this is written, and the one before has its place.
     pressKeys({Qt::Key_Return});
@@ -673,17 +682,137 @@ void TstQTabNames::hurriedHandsOnASlowLine()
     m_page->names->Add();
     typeText("Сир");
     QTRY_VERIFY(editor() != nullptr && editor()->text() == "Сир");
-    QCOMPARE(view()->currentIndex().row(), 5);
+    QCOMPARE(view()->currentIndex().row(), 6);
     pressKeys({Qt::Key_Tab});
     QVERIFY(isClosed());
     const qint64 gap = heart.longestGap();
     Db::setStatementHook(nullptr);
-    QCOMPARE(written, QStringList({"INSERT", "INSERT", "UPDATE", "INSERT"}));
-    QCOMPARE(names(), QStringList({"Бакалія", "М'ясо", "Молочне", "Риба", "Сир", "Хліб"}));
-    QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба", "М'ясо", "Сир"}));
+    QCOMPARE(written, QStringList({"INSERT", "INSERT", "INSERT", "UPDATE", "INSERT"}));
+    QCOMPARE(names(), QStringList({"Бакалія", "Крупи", "М'ясо", "Молочне", "Риба", "Сир", "Хліб"}));
+    QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба", "М'ясо", "Крупи", "Сир"}));
     QCOMPARE(m_base->heard.texts(), QStringList());
     QVERIFY(!isSentFromWindow);
     QVERIFY2(gap <= 100, qPrintable(QString("the window did not answer for %1 ms").arg(gap)));
+}
+
+void TstQTabNames::typedWhileTheListLoads_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QStringList>("stored");
+    QTest::newRow("a name") << "Риба"
+                            << "Риба" << QStringList();
+    QTest::newRow("names") << "Риба\nМ'ясо\n\nСир"
+                           << "Сир" << QStringList({"М'ясо", "Риба"});
+    QTest::newRow("taken back") << "Риба\x1b"
+                                << "" << QStringList();
+    QTest::newRow("nothing to add") << "Риба\x1b\x1bсир"
+                                    << "-" << QStringList();
+}
+
+/// Nothing of it goes to the list, which would look for a row that begins like that.
+void TstQTabNames::typedWhileTheListLoads()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, shown);
+    QFETCH(QStringList, stored);
+    openSlowly(100);
+    m_page->names->ShowData();
+    m_page->field->setFocus();
+    m_page->names->Add();
+    for (const QChar key : typed) {
+        if (key == '\n')
+            pressKeys({Qt::Key_Return});
+        else if (key == '\x1b')
+            pressKeys({Qt::Key_Escape});
+        else
+            typeText(key);
+    }
+    QVERIFY(m_page->names->isLoading() && editor() == nullptr);
+    QTRY_VERIFY(!m_page->names->isLoading());
+    if (shown == "-")
+        QVERIFY(isClosed());
+    else
+        QTRY_VERIFY(editor() != nullptr && editor()->text() == shown);
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed());
+    stored += {"Бакалія", "Молоко", "Хліб"};
+    stored.sort();
+    QCOMPARE(names(), stored);
+    QCOMPARE(m_page->field->text(), QString());
+    QCOMPARE(m_base->heard.texts(), QStringList());
+    if (shown != "Риба")
+        return;
+    // The list does not come: what was typed for it is told.
+    m_base->exec("RENAME TABLE group_goods TO away");
+    m_page->names->ShowData();
+    m_page->names->Add();
+    typeText(typed);
+    answerConfirm([&] { QVERIFY(!m_page->names->mayClose()); }, false);
+    QCOMPARE(answerQuestion([&] { QTRY_VERIFY(!m_page->names->isLoading()); }),
+             QString("Не збережено набране далі: «Риба»."));
+    m_base->exec("RENAME TABLE away TO group_goods");
+}
+
+/// What was typed behind it is not begun, and told.
+void TstQTabNames::refusedAmongOthers()
+{
+    openSlowly(50);
+    add();
+    typeText("Риба");
+    const QString told = answerQuestion([&] {
+        pressKeys({Qt::Key_Return});
+        typeText("Хліб");
+        pressKeys({Qt::Key_Return});
+        typeText("Сир");
+        pressKeys({Qt::Key_Return});
+        typeText("Яйця");
+        QTRY_VERIFY(names().contains("Риба") && model()->rowCount() == 5);
+        waitOutTasks();
+    });
+    QCOMPARE(told, QString("Такий запис вже існує в базі!\nНе збережено набране далі: «Сир, Яйця»."));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus() && editor()->text() == "Хліб");
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко", "Риба", "Хліб"}));
+    // Whoever goes elsewhere hears it, too.
+    editor()->selectAll();
+    typeText("Крупи");
+    QCOMPARE(answerQuestion([&] {
+                 pressKeys({Qt::Key_Return});
+                 typeText("Олія");
+                 QTest::mouseClick(m_page->field, Qt::LeftButton);
+                 QTRY_VERIFY(names().contains("Крупи"));
+                 waitOutTasks();
+             }),
+             QString("Не збережено набране далі: «Олія»."));
+    QVERIFY(isClosed());
+    QCOMPARE(shown().mid(3), QStringList({"Риба", "Крупи"}));
+}
+
+/// Both were told that the name is free.
+void TstQTabNames::otherWindowIsQuicker()
+{
+    for (const bool isNew : {true, false}) {
+        isNew ? add() : edit(1);
+        editor()->selectAll();
+        typeText(isNew ? "Риба" : "Молочне");
+        const QString name = editor()->text();
+        Db::setStatementHook([&](const QString &sql) {
+            if (sql.startsWith("INSERT INTO group_goods") || sql.startsWith("UPDATE group_goods"))
+                m_base->execElsewhere("INSERT INTO group_goods(name) VALUES('" + name + "')");
+        });
+        QCOMPARE(answerQuestion([] {
+                     pressKeys({Qt::Key_Return});
+                     waitOutTasks();
+                 }),
+                 QString("Такий запис вже існує в базі!"));
+        Db::setStatementHook(nullptr);
+        QTRY_VERIFY(editor()->hasFocus());
+        QCOMPARE(editor()->text(), name);
+        pressKeys({Qt::Key_Escape});
+        QVERIFY(isClosed());
+    }
+    QCOMPARE(names(), QStringList({"Бакалія", "Молоко", "Молочне", "Риба", "Хліб"}));
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQTabNames::refusedWhileSomethingElseIsWanted()
@@ -792,6 +921,40 @@ void TstQTabNames::silentWhileWriting()
     QVERIFY(isClosed());
     QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Хліб"}));
     QVERIFY2(gap <= 100, qPrintable(QString("the window did not answer for %1 ms").arg(gap)));
+}
+
+/// The server got it, its answer was lost: the next Enter finds that out.
+void TstQTabNames::lostAnswerIsNoRival()
+{
+    openSlowly(0);
+    for (const bool isNew : {true, false}) {
+        isNew ? add() : edit(1);
+        editor()->selectAll();
+        typeText(isNew ? "Риба" : "Молочне");
+        Db::setStatementHook([this](const QString &sql) {
+            if (sql.startsWith("INSERT INTO group_goods") || sql.startsWith("UPDATE group_goods"))
+                m_proxy->setSilent(true);
+        });
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+        Db::setStatementHook(nullptr);
+        QVERIFY(editor() != nullptr);
+        QCOMPARE(m_base->heard.texts().size(), 1);
+        m_proxy->setSilent(false);
+        waitOutLoss(m_window);
+        QTRY_VERIFY(names().contains(isNew ? "Риба" : "Молочне"));
+        m_base->heard.forget();
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+        if (isNew) {
+            QTRY_VERIFY(editor() != nullptr && editor()->text().isEmpty());
+            pressKeys({Qt::Key_Escape});
+        }
+        QVERIFY(isClosed());
+    }
+    QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Риба", "Хліб"}));
+    QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба"}));
+    QCOMPARE(shown(0).last(), m_base->value("SELECT id FROM group_goods WHERE name='Риба'"));
 }
 
 QTEST_MAIN(TstQTabNames)

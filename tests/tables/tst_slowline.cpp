@@ -4,14 +4,69 @@
 #include "heartbeat.h"
 #include "qaddedtgoods.h"
 #include "qaddedtshop.h"
+#include "qqestion.h"
 #include "qrowmodel.h"
+#include "qntableview.h"
+#include "qtabgoods.h"
+#include "qtabkass.h"
 #include "qtabshops.h"
 #include "tcpproxy.h"
+#include "typedinput.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+namespace {
+/// An editor: which tab opens it, what it shows, and what a new record needs.
+struct Kind
+{
+    const char *table;
+    int permission;
+    std::function<QTab *(Workplace *, QSqlDatabase *)> makeTab;
+    /// What is typed first goes there, behind so many Tabs.
+    const char *field;
+    int tabs;
+    std::function<void(RecordDialog *)> fillRest;
+    const char *stored;
+    const char *wheeled;
+};
+
+template<typename Tab>
+QTab *makeTab(Workplace *place, QSqlDatabase *window)
+{
+    return new Tab(window, place->user(), &place->base.heard, place->settings(), nullptr);
+}
+
+void fillShop(RecordDialog *editor)
+{
+    enter(editor, "cbGroup", "Схід");
+}
+
+void fillKass(RecordDialog *editor)
+{
+    enter(editor, "cbGroup", "Захід");
+    enter(editor, "cbShop", "Львів");
+}
+
+void fillGoods(RecordDialog *editor)
+{
+    enter(editor, "lePrice", "12,50");
+    child<QLineEdit>(editor, "leShtrih")->setFocus();
+    scan("4820000000024");
+}
+
+const QVector<Kind> kinds = {
+    {"shops", Permission::Shops, &makeTab<QTabShops>, "leAddress", 0, &fillShop,
+     "SELECT CONCAT_WS('|',id,address,group_shop) FROM shops ORDER BY id", "cbGroup"},
+    {"kassa", Permission::Kassa, &makeTab<QTabKass>, "leAdver", 3, &fillKass,
+     "SELECT CONCAT_WS('|',id,advertising_str,id_shop) FROM kassa ORDER BY id", "cbShop"},
+    {"goods", Permission::Goods, &makeTab<QTabGoods>, "leName", 0, &fillGoods,
+     "SELECT CONCAT_WS('|',id,name,price) FROM goods ORDER BY id", "cbTax"}};
+} // namespace
+
+Q_DECLARE_METATYPE(Kind)
 
 /// Editors on a line to the server that is slow or silent, by a person in a hurry.
 class TstSlowLine : public QObject
@@ -29,6 +84,9 @@ private slots:
     void escapeWhileReading();
     void escapeWhileWriting();
     void silentWhileReading();
+    void hurriedHands_data();
+    void hurriedHands();
+    void silentWhileWriting_data();
     void silentWhileWriting();
     void editorGoneWhileWriting();
     void tabGoneWithItsEditor_data();
@@ -36,6 +94,7 @@ private slots:
 
 private:
     std::unique_ptr<QAddEdtGoods> openEditor(const QString &id);
+    std::unique_ptr<QTab> openTab(const Kind &kind);
     FreshDatabase &base() { return m_place->base; }
     QString item() { return base().value("SELECT CONCAT_WS('|',name,price) FROM goods WHERE id=7"); }
 
@@ -61,6 +120,7 @@ void TstSlowLine::init()
 
 void TstSlowLine::cleanup()
 {
+    Db::setStatementHook(nullptr);
     m_proxy->setSilent(false);
     m_proxy->setDelay(0);
     waitOutTasks();
@@ -189,28 +249,148 @@ void TstSlowLine::silentWhileReading()
     QVERIFY2(!base().heard.texts().isEmpty(), "it is told");
 }
 
-/// What was entered stays, and is saved when the server answers again.
-void TstSlowLine::silentWhileWriting()
+/// A tab with rows, on the slow line.
+std::unique_ptr<QTab> TstSlowLine::openTab(const Kind &kind)
 {
-    const auto editor = openEditor("7");
-    waitOutTasks();
-    typeText("51");
-    m_proxy->setSilent(true);
+    base().exec({"INSERT INTO shops(id,address,name,group_shop,day_update,count_day_cycle,block) "
+                 "VALUES(10,'Львів','Їжак',2,3,7,0)",
+                 "INSERT INTO kassa(id,id_shop,advertising_str,head_edit,block) VALUES(20,10,'Каса 1',0,0)"});
+    m_place->logIn(kind.permission);
+    std::unique_ptr<QTab> tab(kind.makeTab(m_place.get(), &m_window));
+    tab->setPermission(kind.permission);
+    tab->resize(900, 500);
+    tab->show();
+    tab->activateWindow();
+    if (!QTest::qWaitForWindowActive(tab.get()) ||
+        !QTest::qWaitFor([&] { return !tab->isLoading() && tab->model()->rowCount() == 1; }, 20000))
+        qFatal("The tab has not come");
+    return tab;
+}
+
+void TstSlowLine::hurriedHands_data()
+{
+    QTest::addColumn<Kind>("kind");
+    for (const Kind &kind : kinds)
+        QTest::newRow(kind.table) << kind;
+}
+
+/// Add, type at once, Enter, Enter, and whatever a hand does that finds nothing happening.
+void TstSlowLine::hurriedHands()
+{
+    QFETCH(const Kind, kind);
+    const auto tab = openTab(kind);
+    const QStringList before = base().rows(kind.stored);
+    m_proxy->setDelay(200);
     Heartbeat heart;
-    heart.restart();
-    pressKeys({Qt::Key_Return});
+    const auto drive = [&](RecordDialog *editor) {
+        QTRY_COMPARE(QApplication::activeWindow(), editor);
+        QVERIFY(editor->isBusy());
+        for (int i = 0; i < kind.tabs; ++i)
+            pressKeys({Qt::Key_Tab});
+        typeText("Новий");
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+        QCOMPARE(child<QLineEdit>(editor, kind.field)->text(), QString("Новий"));
+        kind.fillRest(editor);
+        child<QLineEdit>(editor, kind.field)->setFocus();
+        const QStringList entered = enteredTexts(editor);
+        pressKeys({Qt::Key_Return, Qt::Key_Return});
+        typeText("x");
+        turnWheel(child<QComboBox>(editor, kind.wheeled), -2);
+        QTRY_COMPARE(child<QLabel>(editor, "labelBusy")->text(), QString("Записується…"));
+        typeText("y");
+        pressKeys({Qt::Key_Space, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Return, Qt::Key_Escape});
+        turnWheel(child<QComboBox>(editor, kind.wheeled), 1);
+        turnWheel(editor, -1);
+        editor->close();
+        QVERIFY(editor->isVisible() && editor->isBusy());
+        QCOMPARE(enteredTexts(editor), entered);
+        waitOutTasks();
+    };
+    QVERIFY(withModal<RecordDialog>([&] { tab->run(Command::Add); }, drive));
     waitOutTasks();
     QVERIFY2(heart.longestGap() <= 100, qPrintable(QString::number(heart.longestGap())));
-    QVERIFY(editor->isVisible() && !editor->isBusy());
-    QVERIFY2(!base().heard.texts().isEmpty(), "it is told");
-    QVERIFY(child<QLineEdit>(editor.get(), "lePrice")->hasFocus());
-    QCOMPARE(item(), QString("Молоко|4250"));
-    m_proxy->setSilent(false);
-    waitOutLoss(m_window);
-    pressKeys({Qt::Key_Return});
+    QCOMPARE(base().rows(kind.stored).size(), before.size() + 1);
+    QVERIFY2(base().rows(kind.stored).last().contains("|Новий|"), qPrintable(base().rows(kind.stored).last()));
+    QCOMPARE(tab->model()->rowCount(), 2);
+    QCOMPARE(tab->view()->currentIndex().row(), 1);
+    QCOMPARE(base().heard.texts(), QStringList());
+}
+
+void TstSlowLine::silentWhileWriting_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<bool>("isNew");
+    QTest::addColumn<QString>("statement");
+    const auto row = [](const Kind &kind, bool isNew, const QString &statement) {
+        QTest::addRow("%s %s, %s", isNew ? "new" : "old", kind.table, qPrintable(statement))
+            << kind << isNew << statement;
+    };
+    row(kinds.at(0), true, "COMMIT");
+    row(kinds.at(0), false, "UPDATE shops");
+    row(kinds.at(1), true, "INSERT INTO kassa");
+    row(kinds.at(1), false, "COMMIT");
+    row(kinds.at(2), true, "COMMIT");
+    row(kinds.at(2), false, "SELECT");
+}
+
+/// What was entered stays, is told once, and is saved once when the server answers again.
+void TstSlowLine::silentWhileWriting()
+{
+    QFETCH(const Kind, kind);
+    QFETCH(const bool, isNew);
+    QFETCH(const QString, statement);
+    const auto tab = openTab(kind);
+    const QStringList before = base().rows(kind.stored);
+    const bool isUnclear = statement == "COMMIT";
+    const auto save = [isUnclear] {
+        QString told;
+        const auto press = [] {
+            pressKeys({Qt::Key_Return});
+            waitOutTasks();
+        };
+        const auto read = [&told](QQestion *question) { told = child<QLabel>(question, "labelText")->text(); };
+        return isUnclear ? withModal<QQestion>(press, read, 15000) ? told : "nothing" : (press(), told);
+    };
+    const auto drive = [&](RecordDialog *editor) {
+        QTRY_COMPARE(QApplication::activeWindow(), editor);
+        waitOutTasks();
+        enter(editor, kind.field, "Новий");
+        if (isNew)
+            kind.fillRest(editor);
+        auto *field = child<QLineEdit>(editor, kind.field);
+        field->setFocus();
+        Db::setStatementHook([&](const QString &sql) {
+            if (sql.startsWith(statement))
+                m_proxy->setSilent(true);
+        });
+        Heartbeat heart;
+        const QString told = save();
+        Db::setStatementHook({});
+        QVERIFY2(heart.longestGap() <= 100, qPrintable(QString::number(heart.longestGap())));
+        QVERIFY2(told.contains("невідомо, чи запис збережено") == isUnclear,
+                 qPrintable(told + base().heard.texts().join("\n")));
+        QVERIFY(editor->isVisible() && !editor->isBusy());
+        QCOMPARE(base().heard.texts().size(), 1);
+        QCOMPARE(editor->focusWidget(), field);
+        QCOMPARE(base().rows(kind.stored), before);
+        if (!isUnclear)
+            save(); // It is silent still.
+        QVERIFY(editor->isVisible() && field->text() == "Новий");
+        QCOMPARE(base().heard.texts().size(), 1);
+        m_proxy->setSilent(false);
+        waitOutLoss(m_window);
+        base().heard.forget();
+        QCOMPARE(saveMeets(editor), QString());
+        QCOMPARE(editor->result(), int(QDialog::Accepted));
+    };
+    QVERIFY(withModal<RecordDialog>([&] { isNew ? tab->Add() : tab->Edit(tab->model()->index(0, 1)); }, drive));
     waitOutTasks();
-    QCOMPARE(editor->result(), int(QDialog::Accepted));
-    QCOMPARE(item(), QString("Молоко|5100"));
+    const QStringList after = base().rows(kind.stored);
+    QCOMPARE(after.size(), before.size() + (isNew ? 1 : 0));
+    QVERIFY2(after.last().contains("|Новий|"), qPrintable(after.last()));
+    QCOMPARE(tab->model()->rowCount(), after.size());
+    QCOMPARE(base().heard.texts(), QStringList());
 }
 
 void TstSlowLine::editorGoneWhileWriting()

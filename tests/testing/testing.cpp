@@ -323,7 +323,7 @@ void rejectUnexpected(QWidget *modal)
     QTest::qFail(qPrintable(QStringLiteral("Unexpected window: ") + texts.join(QLatin1Char('\n'))), __FILE__,
                  __LINE__);
     if (auto *dialog = qobject_cast<QDialog *>(modal))
-        dialog->reject();
+        dialog->done(QDialog::Rejected); // reject() may ask.
     else
         modal->close();
 }
