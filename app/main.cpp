@@ -71,6 +71,8 @@ std::optional<int> runProgram(int argc, char *argv[], QStringList *arguments)
     limit.release();
     installWheelGuard(&application);
     QApplication::setStyle(setting::GetStyle(styleFolder(*arguments)));
+    if (arguments->contains(QStringLiteral("--dark")))
+        Screenshots::darken();
     QTranslator translator;
     applyTranslation(&translator);
     QThreadPool::globalInstance()->setMaxThreadCount(10);

@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
@@ -71,6 +72,24 @@ Screenshots::Screenshots(Veltab *window, const QString &folder)
         qWarning("No login within a minute: there is nothing to picture.");
         QCoreApplication::exit(1);
     });
+}
+
+void Screenshots::darken()
+{
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    const QColor paper(35, 38, 41);
+    const QColor text(239, 240, 241);
+    QPalette palette(text, QColor(49, 54, 59), QColor(70, 75, 80), QColor(25, 27, 29), QColor(90, 95, 100), text,
+                     Qt::white, paper, QColor(42, 46, 50));
+    palette.setColor(QPalette::AlternateBase, QColor(49, 54, 59));
+    palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    palette.setColor(QPalette::Link, QColor(61, 174, 233));
+    palette.setColor(QPalette::ToolTipBase, paper);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, QColor(160, 160, 160));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(130, 134, 138));
+    QApplication::setPalette(palette);
 }
 
 void Screenshots::takeAll()

@@ -16,6 +16,8 @@ class Screenshots : public QObject
 public:
     /// folder: where the PNG files go; made when missing.
     Screenshots(Veltab *window, const QString &folder);
+    /// From now on all windows are light on dark, as on a desktop with such colours.
+    static void darken();
 
 private:
     void takeAll();
