@@ -1,6 +1,7 @@
 #include "cardrange.h"
 
 #include "job.h"
+#include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
 
@@ -103,13 +104,12 @@ QString codes(qint64 first, qint64 last)
 QString resultWords(const CardRange &range, qint64 created)
 {
     if (created == range.count)
-        return Texts::tr("Створено карток: %1, коди %2.").arg(created).arg(codes(range.first, range.last()));
+        return Texts::tr("Створено карток: %1, коди %2.")
+            .arg(countShown(created), codes(range.first, range.last()));
     if (created == 0)
         return Texts::tr("Не створено жодної картки.");
     return Texts::tr("Створено карток: %1 з %2, коди %3. Решту не створено.")
-        .arg(created)
-        .arg(range.count)
-        .arg(codes(range.first, range.first + created - 1));
+        .arg(countShown(created), countShown(range.count), codes(range.first, range.first + created - 1));
 }
 
 JobResult result(JobResult::Outcome outcome, const QString &words, const CardsCreated &created)

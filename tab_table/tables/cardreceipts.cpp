@@ -62,8 +62,8 @@ void CardReceipts::buildList()
     ui->list->open(m_db, m_user, m_receiver);
     ui->list->breakCaptions();
     ui->list->setColumns({{tr("Час"), 15, &asDateTime},
-                          {tr("Магазин"), 20},
-                          {tr("Каса"), 10},
+                          {tr("Магазин"), 16},
+                          {tr("Каса"), 7},
                           {tr("Чек"), 7, &asNumber},
                           {tr("Знижка, %"), 6, &asRate},
                           {tr("Знижка"), 8, &asMoney},

@@ -3,6 +3,7 @@
 
 #include "combos.h"
 #include "job.h"
+#include "money.h"
 #include "qmessevent.h"
 
 #include <QRegularExpressionValidator>
@@ -56,6 +57,7 @@ QAddEdtCln::QAddEdtCln(QTab *tab, QSqlDatabase *db, QString *id, QObject *receiv
         field->setMinimumWidth(fontMetrics().averageCharWidth() * 30);
     connect(ui->pbOk, &QPushButton::clicked, this, &QAddEdtCln::btok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QAddEdtCln::btcancel);
+    ui->labelProcent->hide();
     connect(ui->cbProcent, &QComboBox::currentTextChanged, this, &QAddEdtCln::showBlockedLevel);
     if (isNew())
         buildCreation();
@@ -126,7 +128,7 @@ bool QAddEdtCln::takeRows(const QVector<TextRows> &more)
 void QAddEdtCln::loaded()
 {
     if (!isNew())
-        return;
+        return ui->leName->setFocus();
     ui->cbProcent->setCurrentIndex(0);
     for (QComboBox *box : {ui->cbDiscBonus, ui->cbFiksed, ui->cbBlock, ui->cbSend})
         chooseId(box, QStringLiteral("0"));
@@ -207,7 +209,7 @@ void QAddEdtCln::NewRecord()
         tr("Створення карток"), m_db->connectionName(),
         [range = range()](JobContext &context) { return createCards(context, range); }, m_receiver);
     connect(m_job, &Job::progressed, this, [this](qint64 done, qint64 of) {
-        ui->progress->setFormat(tr("%1 з %2").arg(done).arg(of));
+        ui->progress->setFormat(tr("%1 з %2").arg(countShown(done), countShown(of)));
         // A range may be longer than a progress bar.
         ui->progress->setRange(0, 1000);
         ui->progress->setValue(static_cast<int>(of > 0 ? done * 1000 / of : 0));

@@ -43,6 +43,8 @@ QAddEdtDiscount::QAddEdtDiscount(QTab *tab, QSqlDatabase *db, QString *id, QObje
     Q_UNUSED(tab)
     ui->setupUi(this);
     ui->leId->setText(this->id());
+    // What it says comes while the window is open.
+    ui->labelRounding->setMinimumWidth(fontMetrics().horizontalAdvance(roundingWords(largestThreshold)));
     // The point of the patterns is any character: what is no decimal separator is refused in words later.
     limitTo(ui->leId, QStringLiteral("[0-9]{1,8}"));
     limitTo(ui->leDiscount, QStringLiteral("^[0-9]{1,2}.[0-9]{1,2}$"));
@@ -152,11 +154,14 @@ RecordDraft QAddEdtDiscount::draft() const
     return draft;
 }
 
+QString QAddEdtDiscount::roundingWords(qint64 kopecks)
+{
+    return tr("Буде збережено %1: сума має шість цифр.").arg(moneyShown(kopecks));
+}
+
 void QAddEdtDiscount::showRounding()
 {
     qint64 typed = 0;
     const bool isRounded = kopecksFromText(ui->leSum->text(), &typed) && typed != threshold();
-    ui->labelRounding->setText(
-        isRounded ? tr("Буде збережено %1: у сумі лишається шість перших цифр.").arg(moneyShown(threshold()))
-                  : QString());
+    ui->labelRounding->setText(isRounded ? roundingWords(threshold()) : QString());
 }

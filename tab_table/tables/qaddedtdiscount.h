@@ -32,6 +32,7 @@ private:
     void connectFields();
     bool isAsRead(const QLineEdit *field, const QString &column) const;
     qint64 threshold() const;
+    static QString roundingWords(qint64 kopecks);
     void showRounding();
 
     std::unique_ptr<Ui::QAddEdtDiscount> ui;

@@ -69,7 +69,7 @@ QTabClients::QTabClients(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     setColumns(columns());
     buildFilter();
     connectFilter();
-    layout()->addWidget(m_splitter);
+    static_cast<QVBoxLayout *>(layout())->addWidget(m_splitter, 1);
     m_splitter->addWidget(list());
     m_splitter->setChildrenCollapsible(false);
     followRights();
@@ -157,8 +157,7 @@ void QTabClients::showReceipts(bool show)
         return;
     m_receipts = new CardReceipts(db().connection(), user(), receiver(), m_splitter);
     m_splitter->addWidget(m_receipts);
-    m_splitter->setStretchFactor(0, 3);
-    m_splitter->setStretchFactor(1, 2);
+    m_splitter->setSizes({m_splitter->width() / 2, m_splitter->width() / 2});
     followCard();
 }
 

@@ -2,6 +2,7 @@
 
 #include "cardrange.h"
 #include "cardreceipts.h"
+#include "clnfilter.h"
 #include "job.h"
 #include "listpane.h"
 #include "optionaldate.h"
@@ -54,6 +55,7 @@ private slots:
 
     void receiptsFollowTheCard();
     void manyReceiptsNeedAShop();
+    void filterIsACondition();
 
 private:
     void insertCards(qint64 first, int count);
@@ -445,7 +447,7 @@ void TstQTabClients::rangeIsCreatedInPieces()
     const JobResult result = create({4000000000, 1234, "Срібна", "Бонус", "Так", "Схід", "Ні", "Так"});
     Db::setStatementHook(nullptr);
     QCOMPARE(result.outcome, JobResult::Done);
-    QCOMPARE(result.words, QString("Створено карток: 1234, коди 4000000000 – 4000001233."));
+    QCOMPARE(result.words, QString("Створено карток: 1\u00a0234, коди 4000000000 – 4000001233."));
     QList<int> rows;
     for (const QString &sql : qAsConst(sent)) {
         if (sql.startsWith(
@@ -537,7 +539,7 @@ void TstQTabClients::failedPieceLeavesTheOnesBefore()
     const JobResult result = create({3000000000, 1100, "Срібна", "Бонус", "Так", "Схід", "Ні", "Так"});
     QCOMPARE(result.outcome, JobResult::Failed);
     QCOMPARE(result.words,
-             QString("Створено карток: 500 з 1100, коди 3000000000 – 3000000499. Решту не створено."));
+             QString("Створено карток: 500 з 1\u00a0100, коди 3000000000 – 3000000499. Решту не створено."));
     QCOMPARE(result.value.value<CardsCreated>().count, 500);
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM clients WHERE id>=3000000000"), QString("500"));
     QVERIFY(m_base->heard.has("Помилка запиту:"));
@@ -565,7 +567,7 @@ void TstQTabClients::creationIsCancelled()
         QVERIFY(editor->isVisible());
         QCOMPARE(child<QLineEdit>(editor, "leId")->text(), QString::number(3000000000 + created));
         QCOMPARE(child<QLineEdit>(editor, "leCount")->text(), QString::number(1000000 - created));
-        QVERIFY(child<QLabel>(editor, "labelResult")->text().contains(QString::number(created)));
+        QVERIFY(child<QLabel>(editor, "labelResult")->text().contains("з 1\u00a0000\u00a0000"));
         answerConfirm([&] { child<QPushButton>(editor, "pbCancel")->click(); }, true);
     }));
     QCOMPARE(shown().size(), 100);
@@ -653,6 +655,29 @@ void TstQTabClients::manyReceiptsNeedAShop()
     enter(m_tab.get(), "cbShop", "Львів");
     QCOMPARE(receipts(), QStringList("Львів|501|350|350|9650"));
     QVERIFY(label("labelRange").startsWith("Чеки зі знижкою за карткою від "));
+}
+
+void TstQTabClients::filterIsACondition()
+{
+    ClnFilter filter;
+    filter.show();
+    const auto cards = [&] {
+        const QString condition = filter.condition();
+        return m_base->rows("SELECT id FROM clients" + (condition.isEmpty() ? "" : " WHERE " + condition) +
+                            " ORDER BY id");
+    };
+    const auto tick = [&](const char *box) { child<QCheckBox>(&filter, box)->click(); };
+    QCOMPARE(cards(), QStringList({"1", "2200000012", "2200001203"}));
+    tick("chDiscount");
+    QCOMPARE(cards(), QStringList({"1", "2200001203"}));
+    tick("chNotBlocked");
+    tick("chBlocked");
+    QCOMPARE(cards(), QStringList("1"));
+    tick("chBonus");
+    QCOMPARE(cards(), QStringList({"1", "2200000012"}));
+    tick("chNotBlocked");
+    tick("chBlocked");
+    QCOMPARE(cards(), QStringList("2200001203"));
 }
 
 QTEST_MAIN(TstQTabClients)
