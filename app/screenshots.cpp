@@ -79,8 +79,8 @@ void Screenshots::darken()
     QApplication::setStyle(QStringLiteral("Fusion"));
     const QColor paper(35, 38, 41);
     const QColor text(239, 240, 241);
-    QPalette palette(text, QColor(49, 54, 59), QColor(70, 75, 80), QColor(25, 27, 29), QColor(90, 95, 100), text,
-                     Qt::white, paper, QColor(42, 46, 50));
+    QPalette palette(text, QColor(49, 54, 59), QColor(70, 75, 80), QColor(25, 27, 29), QColor(90, 95, 100),
+                     text, Qt::white, paper, QColor(42, 46, 50));
     palette.setColor(QPalette::AlternateBase, QColor(49, 54, 59));
     palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
     palette.setColor(QPalette::Link, QColor(61, 174, 233));

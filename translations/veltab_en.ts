@@ -57,6 +57,10 @@
         <source>Створено карток: %1 з %2, коди %3. Решту не створено.</source>
         <translation>Cards created: %1 of %2, codes %3. The rest was not created.</translation>
     </message>
+    <message>
+        <source>Зв&apos;язок обірвався: чи створено картки %1, покаже пошук у списку.</source>
+        <translation>The connection broke: whether the cards %1 were created, a search in the list will show.</translation>
+    </message>
 </context>
 <context>
     <name>CardReceipts</name>
@@ -443,6 +447,37 @@ Wait or contact support.</translation>
     <message>
         <source>Суми встановлено карткам: %1; знижку зафіксовано карткам: %2.</source>
         <translation>Cards with a sum set: %1; cards with a fixed discount: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ClnFilter</name>
+    <message>
+        <source>Бонуси</source>
+        <translation>Bonuses</translation>
+    </message>
+    <message>
+        <source>Знижка</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Бонус</source>
+        <translation>Bonus</translation>
+    </message>
+    <message>
+        <source>Показувати тільки заблоковані картки</source>
+        <translation>Only show blocked cards</translation>
+    </message>
+    <message>
+        <source>Показувати тільки не заблоковані картки</source>
+        <translation>Only show cards that are not blocked</translation>
+    </message>
+    <message>
+        <source>Застосувати</source>
+        <translation>Apply</translation>
+    </message>
+    <message>
+        <source>Відмінити</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 <context>
@@ -1571,8 +1606,8 @@ change of percentages</translation>
         <translation>The name of the discount must be unique</translation>
     </message>
     <message>
-        <source>Буде збережено %1: у сумі лишається шість перших цифр.</source>
-        <translation>%1 will be stored: an amount keeps its first six digits.</translation>
+        <source>Буде збережено %1: сума має шість цифр.</source>
+        <translation>%1 will be stored: the amount has six digits.</translation>
     </message>
 </context>
 <context>
@@ -3272,6 +3307,10 @@ Restart the program!</translation>
     <message>
         <source>Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, щоб записати свою, або Esc, щоб залишити цю.</source>
         <translation>While you were editing, the name was changed to «%1». Press Enter again to store yours, or Esc to leave this one.</translation>
+    </message>
+    <message>
+        <source>Не збережено набране далі: «%1».</source>
+        <translation>What was typed next is not saved: «%1».</translation>
     </message>
 </context>
 <context>

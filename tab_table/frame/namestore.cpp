@@ -26,7 +26,8 @@ NameWritten writtenAs(const Db &db, const QString &sql, const QString &id, const
 /// The id of the row that has the value; nothing after a failure.
 std::optional<QString> ownerOf(const Db &db, const NameDraft &draft, const QString &condition)
 {
-    return db.firstText(QStringLiteral("SELECT id FROM ") + draft.table + QStringLiteral(" WHERE ") + condition);
+    return db.firstText(QStringLiteral("SELECT id FROM ") + draft.table + QStringLiteral(" WHERE ") +
+                        condition);
 }
 
 NameWritten insertName(const Db &db, const NameDraft &draft)
@@ -35,7 +36,8 @@ NameWritten insertName(const Db &db, const NameDraft &draft)
     if (!sameName)
         return {};
     if (!sameName->isEmpty())
-        return draft.mayHaveArrived ? NameWritten{NameWritten::Written, {}, *sameName} : refused(takenWords());
+        return draft.mayHaveArrived ? NameWritten{NameWritten::Written, {}, *sameName}
+                                    : refused(takenWords());
     const QString id = draft.id.toUInt() == 0 ? QString() : QString::number(draft.id.toUInt());
     const auto sameId = id.isEmpty() ? QString() : ownerOf(db, draft, QStringLiteral("id=") + id);
     if (!sameId)
@@ -43,11 +45,11 @@ NameWritten insertName(const Db &db, const NameDraft &draft)
     if (!sameId->isEmpty())
         return refused(
             QTabDelegate::tr("Код %1 вже зайнятий. Введіть інший або залиште його порожнім.").arg(draft.id));
-    NameWritten written =
-        writtenAs(db,
-                  QStringLiteral("INSERT INTO %1 (id,name) VALUES(%2,").arg(draft.table, id.isEmpty() ? QStringLiteral("NULL") : id) +
-                      lit(draft.name) + QLatin1Char(')'),
-                  id);
+    NameWritten written = writtenAs(db,
+                                    QStringLiteral("INSERT INTO %1 (id,name) VALUES(%2,")
+                                            .arg(draft.table, id.isEmpty() ? QStringLiteral("NULL") : id) +
+                                        lit(draft.name) + QLatin1Char(')'),
+                                    id);
     // LAST_INSERT_ID tells nothing about a row whose id was given.
     if (written.outcome != NameWritten::Written || !id.isEmpty())
         return written;
@@ -58,8 +60,7 @@ NameWritten insertName(const Db &db, const NameDraft &draft)
 NameWritten updateName(const Db &db, const NameDraft &draft)
 {
     const QString id = QString::number(draft.id.toUInt());
-    const auto sameName =
-        ownerOf(db, draft, QStringLiteral("name=%1 AND id<>").arg(lit(draft.name)) + id);
+    const auto sameName = ownerOf(db, draft, QStringLiteral("name=%1 AND id<>").arg(lit(draft.name)) + id);
     if (!sameName)
         return {};
     if (!sameName->isEmpty())

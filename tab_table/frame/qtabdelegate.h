@@ -49,8 +49,8 @@ public:
     bool hasTyped() const;
     /// Closes the editor and stores nothing.
     void drop();
-    /// A row is to be added as soon as that is possible: keys that come to the list are meant for it, names and
-    /// the Enter behind them.
+    /// A row is to be added as soon as that is possible: keys that come to the list are meant for it, names
+    /// and the Enter behind them.
     void awaitRow();
     /// False once Esc has taken that back.
     bool isAwaitingRow() const { return m_isAwaitingRow; }

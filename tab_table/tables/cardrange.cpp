@@ -4,6 +4,7 @@
 #include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
+#include "servererror.h"
 
 #include <QCoreApplication>
 
@@ -15,12 +16,17 @@ struct Texts
 
 const qint64 rowsInStatement = 500;
 
+QString countSql(qint64 first, qint64 count)
+{
+    return QStringLiteral("SELECT COUNT(*) FROM clients WHERE id>=%1 AND id<%2")
+        .arg(first)
+        .arg(first + count);
+}
+
 /// Why the range cannot be created; empty when it can, nothing after a reported failure.
 std::optional<QString> rangeRefusal(const Db &db, const CardRange &range)
 {
-    const auto taken = db.firstText(QStringLiteral("SELECT COUNT(*) FROM clients WHERE id>=%1 AND id<%2")
-                                        .arg(range.first)
-                                        .arg(range.last() + 1));
+    const auto taken = db.firstText(countSql(range.first, range.count));
     if (!taken || (*taken == QLatin1String("0") && range.last() <= highestCard))
         return taken ? std::optional(QString()) : std::nullopt;
     const QString words =
@@ -78,38 +84,62 @@ QString insertSql(qint64 first, qint64 count, const QString &end)
     return sql;
 }
 
-/// The number of cards that were created; less than wanted when it was cancelled or a statement failed
-/// (reported).
-qint64 insertAll(JobContext &context, const Db &db, const CardRange &range, const QString &end)
+/// Whether the cards of a statement stand whose answer was lost; nothing when that is not known either.
+std::optional<bool> stand(const JobContext &context, qint64 first, qint64 count)
 {
+    JobConnection again(context);
+    const auto found = again.isOpen() ? again.db().firstText(countSql(first, count)) : std::nullopt;
+    return found ? std::optional(found->toLongLong() == count) : std::nullopt;
+}
+
+struct Creation
+{
+    /// Less than wanted when it was cancelled or a statement failed (reported).
     qint64 created = 0;
-    while (created < range.count && !context.isCancelled()) {
-        const qint64 rows = qMin(rowsInStatement, range.count - created);
-        if (!db.run(insertSql(range.first + created, rows, end)))
+    /// Nobody knows what became of the statement behind them.
+    bool isUnclear = false;
+};
+
+Creation insertAll(JobContext &context, const Db &db, const CardRange &range, const QString &end)
+{
+    Creation done;
+    while (done.created < range.count && !context.isCancelled()) {
+        const qint64 first = range.first + done.created;
+        const qint64 rows = qMin(rowsInStatement, range.count - done.created);
+        const bool isAnswered = db.run(insertSql(first, rows, end)).has_value();
+        const bool isLost = !isAnswered && isConnectionLost(db.lastErrorNumber());
+        const auto stands = isLost ? stand(context, first, rows) : std::optional(isAnswered);
+        done.isUnclear = !stands;
+        if (stands == true)
+            done.created += rows;
+        if (!isAnswered)
             break;
-        created += rows;
-        context.progress(created, range.count);
+        context.progress(done.created, range.count);
     }
-    return created;
+    return done;
 }
 
 QString codes(qint64 first, qint64 last)
 {
-    const auto code = [](qint64 number) {
-        return QString::number(number).rightJustified(10, QLatin1Char('0'));
-    };
-    return first == last ? code(first) : code(first) + QStringLiteral(" – ") + code(last);
+    return first == last ? QString::number(first) : QStringLiteral("%1 – %2").arg(first).arg(last);
 }
 
-QString resultWords(const CardRange &range, qint64 created)
+QString resultWords(const CardRange &range, const Creation &done)
 {
-    if (created == range.count)
+    if (done.created == range.count)
         return Texts::tr("Створено карток: %1, коди %2.")
-            .arg(countShown(created), codes(range.first, range.last()));
-    if (created == 0)
-        return Texts::tr("Не створено жодної картки.");
-    return Texts::tr("Створено карток: %1 з %2, коди %3. Решту не створено.")
-        .arg(countShown(created), countShown(range.count), codes(range.first, range.first + created - 1));
+            .arg(countShown(done.created), codes(range.first, range.last()));
+    const QString words = done.created == 0
+                              ? Texts::tr("Не створено жодної картки.")
+                              : Texts::tr("Створено карток: %1 з %2, коди %3. Решту не створено.")
+                                    .arg(countShown(done.created), countShown(range.count),
+                                         codes(range.first, range.first + done.created - 1));
+    if (!done.isUnclear)
+        return words;
+    const qint64 first = range.first + done.created;
+    return words + QLatin1Char(' ') +
+           Texts::tr("Зв'язок обірвався: чи створено картки %1, покаже пошук у списку.")
+               .arg(codes(first, qMin(first + rowsInStatement - 1, range.last())));
 }
 
 JobResult result(JobResult::Outcome outcome, const QString &words, const CardsCreated &created)
@@ -123,16 +153,16 @@ JobResult createCards(JobContext &context, const CardRange &range)
     const Db db = context.db();
     const auto refusal = rangeRefusal(db, range);
     if (!refusal)
-        return result(JobResult::Failed, resultWords(range, 0), {});
+        return result(JobResult::Failed, resultWords(range, {}), {});
     if (!refusal->isEmpty())
         return result(JobResult::Failed, *refusal, {0, true});
     const QString end = tupleEnd(db, range);
-    const qint64 created = end.isEmpty() ? 0 : insertAll(context, db, range, end);
-    if (created > 0)
+    const Creation done = end.isEmpty() ? Creation() : insertAll(context, db, range, end);
+    if (done.created > 0)
         QUpdateBD().update(QStringLiteral("clients"), *db.connection(), db.receiver());
-    const bool isAll = created == range.count;
+    const bool isAll = done.created == range.count;
     return result(isAll                   ? JobResult::Done
                   : context.isCancelled() ? JobResult::Cancelled
                                           : JobResult::Failed,
-                  resultWords(range, created), {created, false});
+                  resultWords(range, done), {done.created, false});
 }

@@ -46,6 +46,17 @@ QString listSql()
         "yesno3 ON clients.block=yesno3.id LEFT JOIN yesno AS yesno4 ON clients.send=yesno4.id");
 }
 
+/// A code is printed with ten digits; the zeros before it stand in no number.
+QString codeCondition(const QString &text)
+{
+    const int printedDigits = 10;
+    if (text.isEmpty())
+        return {};
+    if (text.size() == printedDigits && text.startsWith(QLatin1Char('0')))
+        return QStringLiteral("clients.id=%1").arg(text.toLongLong());
+    return QStringLiteral("clients.id LIKE ") + likeContains(text);
+}
+
 QString also(const QString &before, const QString &condition)
 {
     if (condition.isEmpty())
@@ -89,7 +100,7 @@ QVector<Column> QTabClients::columns()
             {tr("Знижка"), 14},
             {tr("Сума бонусів"), 9, &asMoney},
             {tr("Сума покупок"), 11, &asMoney},
-            {tr("Карточка бонунса/на знижку"), 9},
+            {tr("Карточка бонунса/на знижку"), 17},
             {tr("Фіксована знижка"), 9},
             {tr("Група"), 14},
             {tr("Ім'я"), 26},
@@ -188,9 +199,7 @@ void QTabClients::seerch(const QString &text)
 {
     postTrace(receiver(), QStringLiteral("QTabClients::seerch(QString)=") + text);
     m_personTyping->drop();
-    m_condition =
-        text.isEmpty() ? m_base : also(m_base, QStringLiteral("clients.id LIKE ") + likeContains(text));
-    m_condition = also(m_condition, personCondition());
+    m_condition = also(also(m_base, codeCondition(text)), personCondition());
     m_pages = {PageStart()};
     m_counter->cancel();
     m_total = -1;
@@ -228,6 +237,7 @@ void QTabClients::ShowData(int n)
 {
     postTrace(receiver(), QStringLiteral("In QTab::ShowData.\nName table: ") + table +
                               QStringLiteral("\nquery: ") + query);
+    m_limit = n;
     const qint64 after = m_pages.constLast().after;
     QString where = m_condition;
     if (after > 0)
@@ -263,8 +273,7 @@ qint64 QTabClients::lastCode() const
 void QTabClients::rowsShown()
 {
     const int rows = model()->rowCount();
-    const int page = pageSize();
-    if (m_total < 0 && (page == 0 || rows < page))
+    if (m_total < 0 && (m_limit < 1 || rows < m_limit))
         setTotal(m_pages.constLast().before + rows);
     else if (m_total < 0)
         countCards();
@@ -294,8 +303,7 @@ void QTabClients::setTotal(qint64 total)
 void QTabClients::showPaging()
 {
     const qint64 shown = m_pages.constLast().before + model()->rowCount();
-    const int page = pageSize();
-    const bool isFull = page > 0 && model()->rowCount() >= page;
+    const bool isFull = m_limit > 0 && model()->rowCount() >= m_limit;
     ui->labelPage->setText(tr("сторінка %1").arg(m_pages.size()));
     ui->pbPrevious->setEnabled(!list()->isLoading() && m_pages.size() > 1);
     ui->pbNext->setEnabled(!list()->isLoading() && (m_total < 0 ? isFull : shown < m_total));

@@ -83,6 +83,8 @@ private:
     QString m_condition;
     /// The pages up to the one that is shown.
     QVector<PageStart> m_pages = {PageStart()};
+    /// Of the load that is shown or on its way; 0 for all.
+    int m_limit = 0;
     /// -1 while it is not known.
     qint64 m_total = -1;
 };

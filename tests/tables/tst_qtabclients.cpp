@@ -51,6 +51,7 @@ private slots:
     void codesFillTheColumn();
     void noLevelNoCards();
     void failedPieceLeavesTheOnesBefore();
+    void lostAnswerIsAskedFor();
     void creationIsCancelled();
 
     void receiptsFollowTheCard();
@@ -209,6 +210,12 @@ void TstQTabClients::searchesNarrowTheList()
     QCOMPARE(shown(), QStringList("2200000012"));
     person->setText("%");
     QCOMPARE(shown(), QStringList("2200001203"));
+    code->clear();
+    person->clear();
+    code->setText("0000000001");
+    QCOMPARE(shown(), QStringList("1"));
+    code->clear();
+    person->setText("%");
     QTest::keyClicks(code, "1a2 3");
     QCOMPARE(code->text(), QString("123"));
     QCOMPARE(shown(), QStringList());
@@ -258,9 +265,12 @@ void TstQTabClients::allRowsAreShownWhenAsked()
     insertCards(5000, 300);
     openTab();
     QCOMPARE(shown().size(), 100);
+    // Ticked while a page is on its way: that page stays one.
+    click("pbLoad");
     child<QCheckBox>(m_tab.get(), "chAll")->setChecked(true);
     QVERIFY(m_base->heard.has("QTabClients::CheckState=2"));
     QCOMPARE(shown().size(), 100);
+    QCOMPARE(label("labelCount"), QString("Кількість записів 303"));
     click("pbLoad");
     QCOMPARE(shown().size(), 303);
     QCOMPARE(label("labelCount"), QString("Кількість записів 303"));
@@ -546,6 +556,23 @@ void TstQTabClients::failedPieceLeavesTheOnesBefore()
     m_base->heard.forget();
     create({3000001000, 1, "Срібна", "Бонус", "Так", "Нема", "Ні", "Так"});
     QVERIFY(m_base->heard.has("Немає даних після запиту"));
+}
+
+/// The connection breaks right behind the second statement: the server has it, its answer is gone.
+void TstQTabClients::lostAnswerIsAskedFor()
+{
+    int inserts = 0;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith("INSERT INTO clients(") && ++inserts == 2) {
+            m_base->execElsewhere(sql);
+            m_base->killConnection();
+        }
+    });
+    const JobResult result = create({3000000000, 1200, "Срібна", "Бонус", "Так", "Схід", "Ні", "Так"});
+    QCOMPARE(result.outcome, JobResult::Failed);
+    QCOMPARE(result.value.value<CardsCreated>().count, 1000);
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM clients WHERE id>=3000000000"), QString("1000"));
+    QVERIFY2(result.words.contains("3000000000 – 3000000999"), qPrintable(result.words));
 }
 
 void TstQTabClients::creationIsCancelled()

@@ -4,9 +4,9 @@
 #include "heartbeat.h"
 #include "qaddedtgoods.h"
 #include "qaddedtshop.h"
+#include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
-#include "qntableview.h"
 #include "qtabgoods.h"
 #include "qtabkass.h"
 #include "qtabshops.h"
@@ -311,7 +311,8 @@ void TstSlowLine::hurriedHands()
     waitOutTasks();
     QVERIFY2(heart.longestGap() <= 100, qPrintable(QString::number(heart.longestGap())));
     QCOMPARE(base().rows(kind.stored).size(), before.size() + 1);
-    QVERIFY2(base().rows(kind.stored).last().contains("|Новий|"), qPrintable(base().rows(kind.stored).last()));
+    QVERIFY2(base().rows(kind.stored).last().contains("|Новий|"),
+             qPrintable(base().rows(kind.stored).last()));
     QCOMPARE(tab->model()->rowCount(), 2);
     QCOMPARE(tab->view()->currentIndex().row(), 1);
     QCOMPARE(base().heard.texts(), QStringList());
@@ -349,7 +350,9 @@ void TstSlowLine::silentWhileWriting()
             pressKeys({Qt::Key_Return});
             waitOutTasks();
         };
-        const auto read = [&told](QQestion *question) { told = child<QLabel>(question, "labelText")->text(); };
+        const auto read = [&told](QQestion *question) {
+            told = child<QLabel>(question, "labelText")->text();
+        };
         return isUnclear ? withModal<QQestion>(press, read, 15000) ? told : "nothing" : (press(), told);
     };
     const auto drive = [&](RecordDialog *editor) {
@@ -384,7 +387,8 @@ void TstSlowLine::silentWhileWriting()
         QCOMPARE(saveMeets(editor), QString());
         QCOMPARE(editor->result(), int(QDialog::Accepted));
     };
-    QVERIFY(withModal<RecordDialog>([&] { isNew ? tab->Add() : tab->Edit(tab->model()->index(0, 1)); }, drive));
+    QVERIFY(
+        withModal<RecordDialog>([&] { isNew ? tab->Add() : tab->Edit(tab->model()->index(0, 1)); }, drive));
     waitOutTasks();
     const QStringList after = base().rows(kind.stored);
     QCOMPARE(after.size(), before.size() + (isNew ? 1 : 0));
