@@ -60,6 +60,8 @@ CardReceipts::~CardReceipts() = default;
 void CardReceipts::buildList()
 {
     ui->list->open(m_db, m_user, m_receiver);
+    ui->list->expectLongLoads();
+    ui->list->setButtons(nullptr, ui->pbStop);
     ui->list->breakCaptions();
     ui->list->setColumns({{tr("Час"), 15, &asDateTime},
                           {tr("Магазин"), 16},

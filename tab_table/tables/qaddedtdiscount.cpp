@@ -87,6 +87,7 @@ void QAddEdtDiscount::loaded()
         ui->cbBlock->setCurrentIndex(1);
     }
     showRounding();
+    ui->leName->setFocus();
 }
 
 bool QAddEdtDiscount::eventFilter(QObject *watched, QEvent *event)

@@ -11,6 +11,7 @@
 #include "qrowmodel.h"
 #include "qtabclients.h"
 
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -41,6 +42,7 @@ private slots:
     void birthdayStaysEmpty();
     void datesAsTheyAreTyped_data();
     void datesAsTheyAreTyped();
+    void calendarOfNoDate();
     void blockedLevelStays();
     void otherProgramsSumsStay();
     void missingCardIsTold();
@@ -401,6 +403,30 @@ void TstQTabClients::datesAsTheyAreTyped()
     }));
     QCOMPARE(m_base->value("SELECT IFNULL(birthday+0,'NULL') FROM clients WHERE id=2200000012"),
              expected.isEmpty() ? QString("19900315") : expected);
+}
+
+/// It opens where birthdays are, and choosing nothing chooses none.
+void TstQTabClients::calendarOfNoDate()
+{
+    openTab();
+    QVERIFY(edit(1, [](QAddEdtCln *editor) {
+        auto *date = child<OptionalDateEdit>(editor, "deBirthday");
+        const QPoint arrow(date->width() - 6, date->height() / 2);
+        auto *calendar = date->calendarWidget();
+        for (const bool isChosen : {false, true}) {
+            QTest::mouseClick(date, Qt::LeftButton, Qt::NoModifier, arrow);
+            QTRY_VERIFY(calendar->isVisible());
+            QCOMPARE(calendar->yearShown(), QDate::currentDate().year() - 30);
+            if (isChosen)
+                emit calendar->clicked(QDate(1995, 2, 3));
+            else
+                QTest::keyClick(calendar, Qt::Key_Escape);
+            QTRY_VERIFY(!calendar->isVisible());
+            QCOMPARE(date->text(), isChosen ? QString("03.02.1995") : QString());
+        }
+        QCOMPARE(saveMeets(editor), QString());
+    }));
+    QCOMPARE(m_base->value("SELECT birthday+0 FROM clients WHERE id=1"), QString("19950203"));
 }
 
 void TstQTabClients::blockedLevelStays()
