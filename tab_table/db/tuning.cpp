@@ -14,13 +14,15 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Tuning)
 };
 
+const char *const timeIndex = "tune_data_time";
+
 const struct
 {
     const char *name;
     const char *columns;
 } tuningIndexes[] = {
     {"tune_kass_chek", "id_kass,id_chek"},
-    {"tune_data_time", "data_time,id_type,id_kass,id_chek,id_zvit,summa,count"},
+    {timeIndex, "data_time,id_type,id_kass,id_chek,id_zvit,summa,count"},
 };
 
 const int watchMs = 300;
@@ -163,6 +165,11 @@ std::optional<TunedState> tunedState(const Db &db)
     if (alterStatement(*standing, Tuning::Add).isEmpty())
         return TunedState::Whole;
     return alterStatement(*standing, Tuning::Remove).isEmpty() ? TunedState::None : TunedState::Partial;
+}
+
+QString cheksByTime()
+{
+    return QStringLiteral("cheks FORCE INDEX(%1)").arg(QLatin1String(timeIndex));
 }
 
 QString tuningQuestion(Tuning tuning)

@@ -12,6 +12,9 @@
 enum class TunedState { None, Partial, Whole };
 /// Nothing after a reported failure.
 std::optional<TunedState> tunedState(const Db &db);
+/// What stands behind FROM for receipts of a time, when both indexes stand: left to itself the server
+/// rather reads the whole table than many days by the index.
+QString cheksByTime();
 enum class Tuning { Add, Remove };
 /// What to ask before they are added or, when they stand, taken away.
 QString tuningQuestion(Tuning tuning);

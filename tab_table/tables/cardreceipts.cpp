@@ -19,15 +19,16 @@ enum ColumnOf { Time, Shop, Register, Number, Rate, Discount, Paid };
 
 /// So many receipt rows are read through in a moment, whatever keys there are.
 const qint64 fewRows = 100000;
+} // namespace
 
 /// What can be known without reading the receipts.
-struct Ways
+struct CardReceipts::Ways
 {
     ListEntries shops;
-    bool mayReadAll = false;
+    AllShops all = AllShops::No;
 };
 
-std::optional<Ways> readWays(const Db &db, const QString &shopsSql)
+std::optional<CardReceipts::Ways> CardReceipts::findWays(const Db &db, const QString &shopsSql)
 {
     const auto shops = readPermittedShops(db, shopsSql);
     const auto tuned = shops ? tunedState(db) : std::nullopt;
@@ -37,9 +38,9 @@ std::optional<Ways> readWays(const Db &db, const QString &shopsSql)
               : std::nullopt;
     if (!rows)
         return std::nullopt;
-    return Ways{*shops, *tuned == TunedState::Whole || rows->toLongLong() <= fewRows};
+    const auto withoutKey = rows->toLongLong() <= fewRows ? AllShops::Few : AllShops::No;
+    return Ways{*shops, *tuned == TunedState::Whole ? AllShops::ByTime : withoutKey};
 }
-} // namespace
 
 CardReceipts::CardReceipts(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver, QWidget *parent)
     : QWidget(parent)
@@ -88,11 +89,11 @@ void CardReceipts::buildChoices()
 void CardReceipts::readWays()
 {
     const QString shopsSql = permittedShopsSql(*m_user);
-    m_tasks.read([shopsSql](const Db &db) { return ::readWays(db, shopsSql); },
+    m_tasks.read([shopsSql](const Db &db) { return findWays(db, shopsSql); },
                  [this](const std::optional<Ways> &ways) {
                      if (!ways)
                          return;
-                     m_mayReadAll = ways->mayReadAll;
+                     m_allShops = ways->all;
                      showEntriesAgain(ui->cbShop, ListEntries{{tr("Всі магазини"), 0}} + ways->shops);
                      search();
                  });
@@ -125,9 +126,9 @@ void CardReceipts::search()
 {
     ui->list->clear();
     ui->labelRange->clear();
-    if (m_card.code.isEmpty() || !m_mayReadAll)
+    if (m_card.code.isEmpty() || !m_allShops)
         return;
-    if (!*m_mayReadAll && ui->cbShop->currentData().toUInt() == 0)
+    if (isEveryShop() && m_allShops == AllShops::No)
         return ui->labelRange->setText(
             tr("Виберіть магазин: у базі немає індексів для швидких звітів, і без магазину довелося б "
                "прочитати всі чеки мережі."));
@@ -138,19 +139,27 @@ void CardReceipts::search()
     ui->list->load(statement(since));
 }
 
+bool CardReceipts::isEveryShop() const
+{
+    return ui->cbShop->currentData().toUInt() == 0;
+}
+
+/// The order of the tables is given: the server would begin with the shops and read all that they sold.
 /// The card stands in the discount's row of a receipt, what was paid in the payment's.
 QString CardReceipts::statement(const QDate &since) const
 {
-    const QString shop = ui->cbShop->currentData().toString();
-    const QString place = shop == QLatin1String("0")
+    const QString cheks =
+        isEveryShop() && m_allShops == AllShops::ByTime ? cheksByTime() : QStringLiteral("cheks");
+    const QString place = isEveryShop()
                               ? inShopGroups(QStringLiteral("shops.group_shop"), shopGroupsSeen(*m_user))
-                              : QStringLiteral(" cheks.id_shop=") + shop;
-    return QStringLiteral("SELECT cheks.data_time,shops.address,kassa.advertising_str,cheks.id_chek,"
-                          "cheks.price,cheks.summa,paid.summa FROM cheks JOIN shops ON "
+                              : QStringLiteral(" cheks.id_shop=") + ui->cbShop->currentData().toString();
+    return QStringLiteral("SELECT STRAIGHT_JOIN cheks.data_time,shops.address,kassa.advertising_str,"
+                          "cheks.id_chek,cheks.price,cheks.summa,paid.summa FROM %1 JOIN shops ON "
                           "cheks.id_shop=shops.id LEFT JOIN kassa ON cheks.id_kass=kassa.id LEFT JOIN cheks "
                           "AS paid ON paid.id_shop=cheks.id_shop AND paid.id_kass=cheks.id_kass AND "
-                          "paid.id_chek=cheks.id_chek AND paid.id_type=%1 WHERE cheks.data_time>=%2 AND "
-                          "cheks.id_type=%3 AND cheks.id_good_cln_slujb=%4 AND")
+                          "paid.id_chek=cheks.id_chek AND paid.id_type=%2 WHERE cheks.data_time>=%3 AND "
+                          "cheks.id_type=%4 AND cheks.id_good_cln_slujb=%5 AND")
+               .arg(cheks)
                .arg(ChekType::Payment)
                .arg(sqlDayStart(since))
                .arg(ChekType::Discount)

@@ -38,10 +38,16 @@ public:
     ListPane *list() const;
 
 private:
+    /// Not at all, by a key over time, or through a table so small that no key is needed.
+    enum class AllShops { No, ByTime, Few };
+    struct Ways;
+
+    static std::optional<Ways> findWays(const Db &db, const QString &shopsSql);
     void buildList();
     void buildChoices();
     void readWays();
     void search();
+    bool isEveryShop() const;
     QString statement(const QDate &since) const;
     void tellSums();
 
@@ -51,6 +57,6 @@ private:
     QObject *m_receiver;
     DbTasks m_tasks;
     ShownCard m_card;
-    /// Whether all shops can be searched in a moment; nothing while that is not known.
-    std::optional<bool> m_mayReadAll;
+    /// How the receipts of all shops can be searched; nothing while that is not known.
+    std::optional<AllShops> m_allShops;
 };
