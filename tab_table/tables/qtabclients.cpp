@@ -243,12 +243,11 @@ void QTabClients::ShowData(int n)
     if (after > 0)
         where = also(where, QStringLiteral("clients.id>%1").arg(after));
     search(n < 1 ? where : where + QStringLiteral(" ORDER BY clients.id LIMIT %1").arg(n));
-    showPaging();
 }
 
 void QTabClients::previousPage()
 {
-    if (m_pages.size() < 2)
+    if (list()->isLoading() || m_pages.size() < 2)
         return;
     m_pages.removeLast();
     showPage();
@@ -256,6 +255,8 @@ void QTabClients::previousPage()
 
 void QTabClients::nextPage()
 {
+    if (list()->isLoading())
+        return;
     m_pages.append({lastCode(), m_pages.constLast().before + model()->rowCount()});
     showPage();
 }
@@ -278,6 +279,13 @@ void QTabClients::rowsShown()
     else if (m_total < 0)
         countCards();
     showPaging();
+    m_cardPause->begin();
+}
+
+void QTabClients::rowShown(int row)
+{
+    Q_UNUSED(row)
+    m_cardPause->begin();
 }
 
 void QTabClients::countCards()
@@ -300,13 +308,16 @@ void QTabClients::setTotal(qint64 total)
     showPaging();
 }
 
+/// While a page is on its way the buttons stay as they are: whoever leafs by keyboard keeps the focus.
 void QTabClients::showPaging()
 {
+    if (list()->isLoading())
+        return;
     const qint64 shown = m_pages.constLast().before + model()->rowCount();
     const bool isFull = m_limit > 0 && model()->rowCount() >= m_limit;
     ui->labelPage->setText(tr("сторінка %1").arg(m_pages.size()));
-    ui->pbPrevious->setEnabled(!list()->isLoading() && m_pages.size() > 1);
-    ui->pbNext->setEnabled(!list()->isLoading() && (m_total < 0 ? isFull : shown < m_total));
+    ui->pbPrevious->setEnabled(m_pages.size() > 1);
+    ui->pbNext->setEnabled(m_total < 0 ? isFull : shown < m_total);
 }
 
 bool QTabClients::eventFilter(QObject *watched, QEvent *event)

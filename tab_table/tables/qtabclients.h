@@ -44,6 +44,7 @@ protected:
     /// A range of new cards changes the whole list.
     void refreshRecord(const QString &id, bool isNew) override;
     void rowsShown() override;
+    void rowShown(int row) override;
     void followRights() override;
 
 private:
