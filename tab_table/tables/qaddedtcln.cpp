@@ -4,6 +4,7 @@
 #include "combos.h"
 #include "job.h"
 #include "money.h"
+#include "qmessdlg.h"
 #include "qmessevent.h"
 
 #include <QRegularExpressionValidator>
@@ -11,6 +12,8 @@
 
 namespace {
 const QLatin1String levelColumn("id_procent");
+/// More are asked about: a scanner's code in the field of their number would be millions.
+const qint64 manyCards = 100000;
 
 RecordStatements statements()
 {
@@ -195,19 +198,35 @@ void QAddEdtCln::UpdateRecord()
     RecordDialog::save();
 }
 
-/// The job belongs to the receiver: it goes on, and tells its end, when this dialog is taken away.
 void QAddEdtCln::NewRecord()
 {
     const QString why = firstRefusal();
     if (!why.isEmpty())
         return warn(why);
+    if (mayCreate(range()))
+        create(range());
+}
+
+bool QAddEdtCln::mayCreate(const CardRange &wanted)
+{
+    return wanted.count <= manyCards || QMessDlg::confirm(this, windowTitle(),
+                                                          tr("Буде створено карток: %1, коди %2 – %3.")
+                                                              .arg(countShown(wanted.count))
+                                                              .arg(wanted.first)
+                                                              .arg(wanted.last()),
+                                                          tr("Створити"), tr("Не створювати"));
+}
+
+/// The job belongs to the receiver: it goes on, and tells its end, when this dialog is taken away.
+void QAddEdtCln::create(const CardRange &wanted)
+{
     ui->labelResult->clear();
     ui->progress->setRange(0, 0);
     ui->progress->show();
     beginWriting();
     m_job = new Job(
         tr("Створення карток"), m_db->connectionName(),
-        [range = range()](JobContext &context) { return createCards(context, range); }, m_receiver);
+        [wanted](JobContext &context) { return createCards(context, wanted); }, m_receiver);
     connect(m_job, &Job::progressed, this, [this](qint64 done, qint64 of) {
         ui->progress->setFormat(tr("%1 з %2").arg(countShown(done), countShown(of)));
         // A range may be longer than a progress bar.

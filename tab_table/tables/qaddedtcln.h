@@ -40,6 +40,8 @@ private:
     QString rangeRefusal() const;
     CardRange range() const;
     void NewRecord();
+    bool mayCreate(const CardRange &wanted);
+    void create(const CardRange &wanted);
     void UpdateRecord();
     void takeCreated(const JobResult &result);
     void showBlockedLevel();

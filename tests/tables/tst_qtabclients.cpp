@@ -49,6 +49,7 @@ private slots:
 
     void rangeIsCreatedInPieces();
     void rangeIsCreatedInTheDialog();
+    void scannedNumberCreatesNothing();
     void takenRangeIsRefused();
     void codesFillTheColumn();
     void noLevelNoCards();
@@ -527,6 +528,22 @@ void TstQTabClients::rangeIsCreatedInTheDialog()
     QVERIFY(m_base->heard.has("Запис не додано, відмінено користувачем!"));
 }
 
+void TstQTabClients::scannedNumberCreatesNothing()
+{
+    m_base->exec("DELETE FROM clients WHERE id>1");
+    openTab();
+    QVERIFY(add([this](QAddEdtCln *editor) {
+        editor->activateWindow();
+        auto *count = child<QLineEdit>(editor, "leCount");
+        QTRY_VERIFY(count->hasFocus());
+        const QString asked = answerConfirm([] { scan("2200000001234"); }, false);
+        QVERIFY2(asked.contains("2\u00a0200\u00a0000\u00a0001"), qPrintable(asked));
+        waitOutJobs();
+        QVERIFY(editor->isVisible());
+    }));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM clients"), QString("1"));
+}
+
 void TstQTabClients::takenRangeIsRefused()
 {
     openTab();
@@ -612,7 +629,8 @@ void TstQTabClients::creationIsCancelled()
     QVERIFY(add([&](QAddEdtCln *editor) {
         enter(editor, "leId", "3000000000");
         enter(editor, "leCount", "1000000");
-        QTest::mouseClick(child<QPushButton>(editor, "pbOk"), Qt::LeftButton);
+        const QString asked = answerConfirm([&] { child<QPushButton>(editor, "pbOk")->click(); }, true);
+        QVERIFY2(asked.contains("1\u00a0000\u00a0000, коди 3000000000 – 3000999999"), qPrintable(asked));
         QTRY_VERIFY(m_base->value("SELECT COUNT(*) FROM clients").toLongLong() > before);
         QElapsedTimer clock;
         clock.start();
