@@ -9,15 +9,18 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTemporaryFile>
 #include <QTextBrowser>
 #include <QTimer>
 #include <algorithm>
@@ -50,6 +53,37 @@ void waitForRows(QWidget *widget)
     const auto *page = dynamic_cast<Page *>(widget);
     workUntil([page] { return page == nullptr || !page->isLoading(); }, tabLimitMs);
     workFor(200);
+}
+
+/// What another system might leave to be imported: one card without a code, one of an unknown level.
+QByteArray importedCards()
+{
+    const struct
+    {
+        const char *name;
+        char type;
+        int length;
+    } fields[] = {{"NUM", 'N', 6}, {"CODE", 'C', 12}, {"NAME", 'C', 30}, {"DATE", 'D', 8}, {"LEVEL", 'N', 5}};
+    const int count = 40;
+    QByteArray descriptors;
+    int length = 1;
+    for (const auto &field : fields) {
+        descriptors += QByteArray(field.name).leftJustified(11, '\0') + field.type + QByteArray(4, '\0') +
+                       static_cast<char>(field.length) + QByteArray(15, '\0');
+        length += field.length;
+    }
+    const int header = 32 + descriptors.size() + 1;
+    QByteArray file("\x03\x7a\x01\x01", 4);
+    for (const int number : {count, 0, header, length})
+        file.append(static_cast<char>(number % 256)).append(static_cast<char>(number / 256));
+    file += QByteArray(20, '\0') + descriptors + '\r';
+    for (int i = 1; i <= count; ++i) {
+        const QByteArray code = i == 7 ? "" : QByteArray::number(2200000400U + 5U * static_cast<uint>(i));
+        file += ' ' + QByteArray::number(i).rightJustified(6) + code.leftJustified(12) +
+                QByteArray("Client ").append(QByteArray::number(i)).leftJustified(30) + "20240229" +
+                QByteArray::number(i == 12 ? 9 : 1 + i % 5).rightJustified(5);
+    }
+    return file;
 }
 
 bool isEmpty(const QWidget *page)
@@ -125,7 +159,9 @@ void Screenshots::takePage(const QString &name)
     {
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
-    } others[] = {{"man_saleadmiss", &Screenshots::takeSale}, {"mz_cheks", &Screenshots::takeCheks}};
+    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
+                  {"mz_cheks", &Screenshots::takeCheks},
+                  {"importcln", &Screenshots::takeImport}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -206,6 +242,24 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
     save(m_window, name);
     takeModal(name + QStringLiteral("_payment"),
               [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbSale"))->click(); });
+}
+
+/// A trial of a file, with what is refused.
+void Screenshots::takeImport(QWidget *import, const QString &name)
+{
+    QTemporaryFile file;
+    const QByteArray cards = importedCards();
+    m_failed = !file.open() || file.write(cards) != cards.size() || !file.flush() || m_failed;
+    auto *path = import->findChild<QLineEdit *>(QStringLiteral("leFile"));
+    path->setText(file.fileName());
+    emit path->returnPressed();
+    waitForRows(import);
+    import->findChild<QLineEdit *>(QStringLiteral("leGroup"))->setText(QStringLiteral("2"));
+    workFor(300);
+    import->findChild<QCheckBox *>(QStringLiteral("chTrial"))->setChecked(true);
+    import->findChild<QPushButton *>(QStringLiteral("pbStart"))->click();
+    waitForRows(import);
+    save(m_window, name);
 }
 
 void Screenshots::takeEditors(QWidget *page, const QString &name)

@@ -31,6 +31,7 @@ private:
     /// Pictures the receipt viewer with a document, and that document.
     void takeCheks(QWidget *viewer, const QString &name);
     /// Pictures a receipt with three goods, and its payment.
+    void takeImport(QWidget *import, const QString &name);
     void takeSale(QWidget *sale, const QString &name);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);

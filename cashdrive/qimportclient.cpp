@@ -163,6 +163,8 @@ void QImportClient::begin(Work kind, const QString &title, const std::function<J
     m_work = kind;
     m_job = new Job(title, kind == Work::Reading ? QString() : m_db->connectionName(), work, m_mainWindow);
     connect(m_job, &Job::progressed, this, &QImportClient::showProgress);
+    m_job->start();
+    // Behind the list of jobs, which is to know the end before a question is asked.
     connect(m_job, &Job::finished, this, [this, then, job = m_job.data()](const JobResult &result) {
         const qint64 elapsed = job->elapsed();
         m_job = nullptr;
@@ -170,7 +172,6 @@ void QImportClient::begin(Work kind, const QString &title, const std::function<J
         endWork(elapsed);
         then(result);
     });
-    m_job->start();
     followWork();
 }
 
