@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
-#include <algorithm>
+#include <new>
 
 namespace {
 struct Texts
@@ -139,7 +139,9 @@ private:
                                                         "можна щонайбільше %2.")
                                                   .arg(wanted)
                                                   .arg(mostBytes));
-        m_table->m_records = QByteArray(static_cast<int>(wanted), Qt::Uninitialized);
+        if (!takeMemory(static_cast<int>(wanted)))
+            return failed(DbfError::TooLarge,
+                          Texts::tr("На записи файла (%1 байтів) не вистачає пам'яті.").arg(wanted));
         qint64 done = 0;
         while (done < wanted) {
             if (m_mayGoOn && !m_mayGoOn(done, wanted))
@@ -157,6 +159,16 @@ private:
         if (done == wanted && wanted < there)
             return lookBehind(there - wanted);
         return {};
+    }
+
+    bool takeMemory(int bytes)
+    {
+        try {
+            m_table->m_records = QByteArray(bytes, Qt::Uninitialized);
+        } catch (const std::bad_alloc &) {
+            return false;
+        }
+        return true;
     }
 
     /// A piece of a record counts, but the mark of the end is none.

@@ -76,6 +76,8 @@ QImportClient::QImportClient(QSqlDatabase *db, QLoadedUser *user, QObject *mainW
 
 QImportClient::~QImportClient()
 {
+    if (m_work == Work::Reading)
+        leaveReading();
     delete m_job;
 }
 
@@ -337,6 +339,9 @@ QString QImportClient::startRefusal() const
         return tr("Вибраний файл має неправильну структуру!");
     if (m_dbf.table()->recordCount() == 0)
         return tr("У файлі немає записів.");
+    if (m_dbf.table()->recordCount() > QDbfModel::mostRows)
+        return tr("У файлі більше записів, ніж можна імпортувати за раз: %1.")
+            .arg(shownCount(QDbfModel::mostRows));
     if (ui->leGroup->text().isEmpty())
         return tr("Вкажіть код групи магазинів, до якої потраплять нові картки.");
     if (!ui->chTrial->isChecked() && !m_user->mayEdit(Permission::ClientImport))

@@ -46,6 +46,7 @@ private slots:
     void spoiltBatchIsRepeated();
     void whileItRunsNothingChangesIt();
     void viewersOnlyTry();
+    void serverThatIsNotThere();
     void sumsComeFromTheLevels();
     void sumsAreSetWholeOrNotAtAll();
 
@@ -512,6 +513,25 @@ void TstQImportClient::viewersOnlyTry()
     child<QCheckBox>(m_page.get(), "chTrial")->setChecked(true);
     import();
     QVERIFY(result().contains("Буде додано карток: 3,"));
+}
+
+/// The job connects by itself: the window's connection may be long lost.
+void TstQImportClient::serverThatIsNotThere()
+{
+    {
+        DatabaseAddress address = m_place->base.address();
+        address.port = 1;
+        QSqlDatabase lost = addConnection(QStringLiteral("lost"), address);
+        m_page = std::make_unique<QImportClient>(&lost, m_place->user(), &m_place->base.heard, nullptr);
+        openFile(manyCards(3));
+        import();
+        QVERIFY(result().contains("Помилка з'єднання з БД."));
+        QVERIFY(m_place->base.heard.has("Помилка з'єднання з БД.", 1));
+        m_page->hide();
+        waitOutTasks();
+        m_page.reset();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("lost"));
 }
 
 void TstQImportClient::sumsComeFromTheLevels()
