@@ -3,11 +3,13 @@
 #include "clientimport.h"
 #include "dbffile.h"
 #include "dbtasks.h"
+#include "heartbeat.h"
 #include "listpane.h"
 #include "qdbfmodel.h"
 #include "qmessdlg.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "tcpproxy.h"
 #include "workplace.h"
 
 #include <QCheckBox>
@@ -47,6 +49,8 @@ private slots:
     void whileItRunsNothingChangesIt();
     void viewersOnlyTry();
     void serverThatIsNotThere();
+    void serverGoesForAWhile();
+    void silentServerIsLeft();
     void sumsComeFromTheLevels();
     void sumsAreSetWholeOrNotAtAll();
 
@@ -67,6 +71,8 @@ private:
     {
         return text.replace(QChar(0xA0), ' ').replace(QChar(0x202F), ' ');
     }
+
+    struct DistantPage;
 
     std::unique_ptr<Workplace> m_place;
     std::unique_ptr<QImportClient> m_page;
@@ -113,6 +119,33 @@ QByteArray manyCards(int count, int level = 2)
 
 const QString insertStart = QStringLiteral("INSERT IGNORE INTO clients(id,id_procent,group_shop) VALUES");
 } // namespace
+
+/// The page at a server behind a proxy.
+struct TstQImportClient::DistantPage
+{
+    DistantPage(TstQImportClient *test, TcpProxy *proxy) : m_test(test)
+    {
+        DatabaseAddress address = proxy->address();
+        address.name = test->m_place->base.address().name;
+        m_db = addConnection(QStringLiteral("distant"), address);
+        test->m_page = std::make_unique<QImportClient>(&m_db, test->m_place->user(),
+                                                       &test->m_place->base.heard, nullptr);
+        test->m_page->show();
+    }
+    ~DistantPage()
+    {
+        waitOutJobs();
+        waitOutTasks();
+        m_test->m_page.reset();
+        m_db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("distant"));
+    }
+    Q_DISABLE_COPY(DistantPage)
+
+private:
+    TstQImportClient *m_test;
+    QSqlDatabase m_db;
+};
 
 void TstQImportClient::initTestCase()
 {
@@ -518,20 +551,59 @@ void TstQImportClient::viewersOnlyTry()
 /// The job connects by itself: the window's connection may be long lost.
 void TstQImportClient::serverThatIsNotThere()
 {
-    {
-        DatabaseAddress address = m_place->base.address();
-        address.port = 1;
-        QSqlDatabase lost = addConnection(QStringLiteral("lost"), address);
-        m_page = std::make_unique<QImportClient>(&lost, m_place->user(), &m_place->base.heard, nullptr);
-        openFile(manyCards(3));
-        import();
-        QVERIFY(result().contains("Помилка з'єднання з БД."));
-        QVERIFY(m_place->base.heard.has("Помилка з'єднання з БД.", 1));
-        m_page->hide();
-        waitOutTasks();
-        m_page.reset();
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("lost"));
+    TcpProxy proxy(testServer());
+    const DistantPage distant(this, &proxy);
+    proxy.setDown(true);
+    openFile(manyCards(3));
+    import();
+    QVERIFY(result().contains("Помилка з'єднання з БД."));
+    QVERIFY(m_place->base.heard.has("Помилка з'єднання з БД.", 1));
+}
+
+void TstQImportClient::serverGoesForAWhile()
+{
+    TcpProxy proxy(testServer());
+    const DistantPage distant(this, &proxy);
+    openFile(manyCards(2500));
+    int inserts = 0;
+    const Sent sent([&](const QString &sql) {
+        if (sql.startsWith(insertStart) && ++inserts == 2)
+            proxy.setDown(true);
+    });
+    press("pbStart");
+    QTRY_VERIFY(result().contains("зв'язок втрачено"));
+    QTest::qWait(700);
+    proxy.setDown(false);
+    waitOutJobs();
+    QCOMPARE(result(),
+             QStringLiteral("Додано карток: 2 500, підвищено знижку: 0, залишено як є: 0, відмовлено: 0."));
+    QCOMPARE(m_place->base.value("SELECT COUNT(*) FROM clients"), QStringLiteral("2500"));
+}
+
+void TstQImportClient::silentServerIsLeft()
+{
+    TcpProxy proxy(testServer());
+    const DistantPage distant(this, &proxy);
+    openFile(manyCards(2500));
+    QAtomicInt inserts;
+    const Sent sent([&](const QString &sql) {
+        if (sql.startsWith(insertStart) && inserts.fetchAndAddRelaxed(1) == 2)
+            proxy.setSilent(true);
+    });
+    Heartbeat heart;
+    press("pbStart");
+    QTRY_COMPARE(inserts.loadRelaxed(), 3);
+    QTest::qWait(300);
+    QElapsedTimer sinceStop;
+    sinceStop.start();
+    press("pbStop");
+    waitOutJobs();
+    QVERIFY2(sinceStop.elapsed() < 1300, qPrintable(QString::number(sinceStop.elapsed())));
+    QVERIFY2(heart.longestGap() < 300, qPrintable(QString::number(heart.longestGap())));
+    QVERIFY2(result().startsWith("Додано карток: 2 000,") && result().contains("не оброблено записів: 500"),
+             qPrintable(result()));
+    proxy.setSilent(false);
+    QTRY_COMPARE(m_place->base.value("SELECT COUNT(*) FROM clients"), QStringLiteral("2000"));
 }
 
 void TstQImportClient::sumsComeFromTheLevels()
