@@ -2,6 +2,7 @@
 #include "ui_qimportclient.h"
 
 #include "clientimport.h"
+#include "clientsums.h"
 #include "csvexport.h"
 #include "dbtasks.h"
 #include "joblist.h"
