@@ -2425,7 +2425,7 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
     <message>
         <source>&amp;Файл для імпорту</source>
-        <translation>File to &amp;import</translation>
+        <translation>&amp;File to import</translation>
     </message>
     <message>
         <source>шлях до файла DBF, Enter читає його</source>
@@ -2437,7 +2437,7 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
     <message>
         <source>Кодуванн&amp;я</source>
-        <translation>Code pa&amp;ge</translation>
+        <translation>&amp;Code page</translation>
     </message>
     <message>
         <source>Лише для показу: коди карток і знижок – цифри</source>
@@ -2457,7 +2457,7 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
     <message>
         <source>про&amp;бний запуск</source>
-        <translation>tria&amp;l</translation>
+        <translation>tri&amp;al</translation>
     </message>
     <message>
         <source>Порахує, що зміниться, і нічого не запише</source>
@@ -2481,7 +2481,7 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
     <message>
         <source>Зберегти від&amp;мови…</source>
-        <translation>Sa&amp;ve the refused…</translation>
+        <translation>Save the refuse&amp;d…</translation>
     </message>
     <message>
         <source>Файл CSV: номер запису, код, причина</source>
@@ -2493,7 +2493,7 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
     <message>
         <source>&amp;Встановити суми клієнтів згідно імпортованих знижок</source>
-        <translation>Set the sums of clients from the im&amp;ported levels</translation>
+        <translation>Set the sums of clients b&amp;y their imported levels</translation>
     </message>
     <message>
         <source>Час виконання:</source>
