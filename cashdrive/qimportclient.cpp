@@ -108,8 +108,10 @@ void QImportClient::connectInputs()
 {
     connect(ui->pbChoose, &QPushButton::clicked, this, &QImportClient::OpenFile);
     connect(ui->leFile, &QLineEdit::returnPressed, this, [this] { readFile(ui->leFile->text().trimmed()); });
-    connect(ui->cbCodePage, &QComboBox::currentTextChanged, this,
-            [this](const QString &name) { m_dbf.GetModel()->setCodePage(name.toLatin1()); });
+    connect(ui->cbCodePage, &QComboBox::currentTextChanged, this, [this](const QString &name) {
+        m_dbf.GetModel()->setCodePage(name.toLatin1());
+        ui->view->resizeColumnsToContents();
+    });
     connect(ui->leGroup, &QLineEdit::textChanged, this, [this] { ui->labelGroup->clear(); });
     m_groupPause.follow(ui->leGroup);
     connect(&m_groupPause, &TypingPause::ended, this, &QImportClient::readGroup);
