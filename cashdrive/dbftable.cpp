@@ -77,7 +77,7 @@ public:
     {
         for (DbfReading (DbfReader::*step)() :
              {&DbfReader::open, &DbfReader::readHeader, &DbfReader::takeFields, &DbfReader::readRecords}) {
-            const DbfReading refused = (this->*step)();
+            DbfReading refused = (this->*step)();
             if (refused.error != DbfError::None)
                 return refused;
         }
