@@ -1,13 +1,13 @@
 #include "clientimport.h"
 
 #include "connection.h"
+#include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
 #include "servererror.h"
 
 #include <QCoreApplication>
 #include <QHash>
-#include <QLocale>
 #include <optional>
 
 namespace {
@@ -24,11 +24,6 @@ const int lostMs = 30000;
 const int betweenTriesMs = 500;
 
 const QString clientsTable = QStringLiteral("clients");
-
-QString shownCount(qint64 count)
-{
-    return QLocale().toString(count);
-}
 
 /// Some cards of a plan, one behind the other.
 struct Batch
@@ -360,8 +355,8 @@ QString outcomeText(const ImportOutcome &outcome, const ImportPlan &plan)
                    "Пробний запуск, у базу нічого не записано. Буде додано карток: %1, підвищено знижку: %2, "
                    "залишиться як є: %3, відмовлено: %4.")
              : Texts::tr("Додано карток: %1, підвищено знижку: %2, залишено як є: %3, відмовлено: %4."))
-            .arg(shownCount(outcome.added), shownCount(outcome.raised), shownCount(outcome.left),
-                 shownCount(outcome.refused.size()));
+            .arg(wholeShown(outcome.added), wholeShown(outcome.raised), wholeShown(outcome.left),
+                 wholeShown(outcome.refused.size()));
     QStringList lines{counts};
     if (outcome.untouched > 0)
         lines.append(
@@ -369,12 +364,12 @@ QString outcomeText(const ImportOutcome &outcome, const ImportPlan &plan)
                  ? Texts::tr("Не закінчено, не перевірено записів: %1.")
                  : Texts::tr("Імпорт не закінчено, не оброблено записів: %1. Записане досі залишилося; "
                              "повторний імпорт його не змінить."))
-                .arg(shownCount(outcome.untouched)));
+                .arg(wholeShown(outcome.untouched)));
     if (outcome.unclear > 0)
         lines.append(Texts::tr("Невідомо, чи записано останніх карток: %1 – сервер не відповів.")
-                         .arg(shownCount(outcome.unclear)));
+                         .arg(wholeShown(outcome.unclear)));
     if (plan.deletedCount > 0)
         lines.append(Texts::tr("Записів з позначкою вилучення: %1 – вони імпортуються, як і решта.")
-                         .arg(shownCount(plan.deletedCount)));
+                         .arg(wholeShown(plan.deletedCount)));
     return lines.join(QLatin1Char('\n'));
 }

@@ -11,7 +11,7 @@ struct ImportOutcome
     /// They were there with this level or a higher one.
     int left = 0;
     /// Those of the plan, and those of batches that the server did not take.
-    QVector<RefusedRecord> refused;
+    RefusedLines refused;
     /// Stopped, or the server was lost.
     int untouched = 0;
     /// The answer to the last batch was lost when the import was stopped: it may have been written.

@@ -1,10 +1,10 @@
 #include "clientsums.h"
 
+#include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <optional>
 
 namespace {
@@ -87,6 +87,6 @@ JobResult SetSumClnt(JobContext &context)
         return notSummed(context);
     return {JobResult::Done,
             Texts::tr("Суми встановлено карткам: %1; знижку зафіксовано карткам: %2.")
-                .arg(QLocale().toString(summed), QLocale().toString(fixed)),
+                .arg(wholeShown(summed), wholeShown(fixed)),
             {}};
 }

@@ -2,6 +2,7 @@
 
 #include "dbftable.h"
 #include "job.h"
+#include "refusedlist.h"
 
 #include <QMap>
 #include <vector>
@@ -17,14 +18,6 @@ struct ImportedCard
     quint32 level;
 };
 
-/// A record that is not imported, and why.
-struct RefusedRecord
-{
-    int record;
-    QString code;
-    QString reason;
-};
-
 /// What the import is to do, found out before anything is written.
 struct ImportPlan
 {
@@ -32,7 +25,7 @@ struct ImportPlan
     quint32 group = 0;
     bool isGroupKnown = false;
     std::vector<ImportedCard> cards;
-    QVector<RefusedRecord> refused;
+    RefusedLines refused;
     /// The discount levels that the database does not have, with the number of their records, which are
     /// among the refused.
     QMap<quint32, int> unknownLevels;

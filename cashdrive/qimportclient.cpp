@@ -3,10 +3,9 @@
 
 #include "clientimport.h"
 #include "clientsums.h"
-#include "csvexport.h"
 #include "dbtasks.h"
-#include "joblist.h"
 #include "listpane.h"
+#include "money.h"
 #include "permissions.h"
 #include "qdbfmodel.h"
 #include "qloadeduser.h"
@@ -14,43 +13,21 @@
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
-#include "qrowmodel.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
 #include <QRegularExpressionValidator>
-#include <limits>
 
 namespace {
 const char *const codePages[] = {"Windows-1251", "IBM866", "UTF-8"};
-const int tickMs = 250;
 /// So many unknown levels are named in a question.
 const int namedLevels = 10;
-
-QString shownCount(qint64 count)
-{
-    return QLocale().toString(count);
-}
 
 QString timeText(qint64 ms)
 {
     return QImportClient::tr("Час виконання:") + QLatin1Char(' ') +
            QImportClient::tr("%1 с").arg(QLocale().toString(static_cast<double>(ms) / 1000.0, 'f', 2));
-}
-
-RowStore storedRecords(const QVector<RefusedRecord> &refused)
-{
-    RowStore rows;
-    for (const RefusedRecord &one : refused) {
-        const QByteArray record = QByteArray::number(one.record);
-        const QByteArray code = one.code.toUtf8();
-        const QByteArray reason = one.reason.toUtf8();
-        rows.append({std::string_view(record.constData(), static_cast<size_t>(record.size())),
-                     std::string_view(code.constData(), static_cast<size_t>(code.size())),
-                     std::string_view(reason.constData(), static_cast<size_t>(reason.size()))});
-    }
-    return rows;
 }
 } // namespace
 
@@ -97,9 +74,8 @@ void QImportClient::buildLists()
     ui->view->setModel(m_dbf.GetModel());
     ui->view->setEmptyText(tr("Файл не вибрано"));
     ui->view->verticalHeader()->show();
-    ui->listRefused->open(m_db, m_user, m_mainWindow);
-    ui->listRefused->setColumns({{tr("Запис"), 9, &asNumber}, {tr("Код"), 14}, {tr("Причина"), 40}},
-                                QLatin1String(metaObject()->className()));
+    openRefused(ui->listRefused, m_db, m_user, m_mainWindow, tr("Код"),
+                QLatin1String(metaObject()->className()));
     ui->refusedPart->hide();
     setFocusProxy(ui->leFile);
 }
@@ -119,8 +95,6 @@ void QImportClient::connectInputs()
     connect(ui->pbStop, &QPushButton::clicked, this, &QImportClient::stop);
     connect(ui->pbSetSums, &QPushButton::clicked, this, &QImportClient::setsumm);
     connect(ui->pbSaveRefused, &QPushButton::clicked, this, &QImportClient::saveRefused);
-    m_ticking.setInterval(tickMs);
-    connect(&m_ticking, &QTimer::timeout, this, &QImportClient::showProgress);
 }
 
 ListPane *QImportClient::list() const
@@ -167,9 +141,9 @@ void QImportClient::begin(Work kind, const QString &title, const std::function<J
 {
     m_work = kind;
     m_job = new Job(title, kind == Work::Reading ? QString() : m_db->connectionName(), work, m_mainWindow);
-    connect(m_job, &Job::progressed, this, &QImportClient::showProgress);
     m_job->start();
-    // Behind the list of jobs, which is to know the end before a question is asked.
+    ui->panel->follow(m_job);
+    // Behind those who show the job: they are to know its end before a question is asked.
     connect(m_job, &Job::finished, this, [this, then, job = m_job.data()](const JobResult &result) {
         const qint64 elapsed = job->elapsed();
         m_job = nullptr;
@@ -177,6 +151,8 @@ void QImportClient::begin(Work kind, const QString &title, const std::function<J
         endWork(elapsed);
         then(result);
     });
+    ui->labelResult->clear();
+    ui->labelTime->clear();
     followWork();
 }
 
@@ -196,28 +172,6 @@ void QImportClient::followWork()
         input->setEnabled(isFree);
     ui->pbStop->setEnabled(m_work != Work::None);
     ui->pbStop->setText(tr("Стоп"));
-    ui->progress->setVisible(m_work != Work::None);
-    if (m_work == Work::None)
-        return m_ticking.stop();
-    ui->labelResult->clear();
-    m_ticking.start();
-    showProgress();
-}
-
-void QImportClient::showProgress()
-{
-    if (m_job == nullptr)
-        return;
-    const JobProgress &progress = m_job->progress();
-    const qint64 of = qMin<qint64>(progress.of, std::numeric_limits<int>::max());
-    ui->progress->setMaximum(static_cast<int>(of));
-    ui->progress->setValue(static_cast<int>(qMin(progress.done, of)));
-    const bool isCounted = of > 0 && m_work != Work::Reading;
-    ui->progress->setFormat(isCounted ? tr("%1 з %2").arg(shownCount(progress.done), shownCount(progress.of))
-                                      : QStringLiteral("%p %"));
-    ui->labelTime->setText(jobTimes(m_job->elapsed(), progress));
-    if (!progress.stage.isEmpty())
-        ui->labelResult->setText(progress.stage);
 }
 
 void QImportClient::stop()
@@ -296,18 +250,18 @@ QString QImportClient::fileText() const
 {
     const DbfTable &table = *m_dbf.table();
     const int records = table.recordCount();
-    QStringList parts{tr("Записів: %1, полів: %2.").arg(shownCount(records)).arg(table.fieldCount())};
+    QStringList parts{tr("Записів: %1, полів: %2.").arg(wholeShown(records)).arg(table.fieldCount())};
     if (static_cast<quint32>(records) < table.promisedCount())
         parts.append(tr("Файл обірвано: за його заголовком записів має бути %1.")
-                         .arg(shownCount(table.promisedCount())));
+                         .arg(wholeShown(table.promisedCount())));
     if (records > 0 && !table.isWhole(records - 1))
         parts.append(tr("Останній запис неповний."));
     if (table.unpromisedCount() > 0)
         parts.append(
             tr("За заголовком файла це всі записи, але за ними є місце ще для %1: вони не прочитані.")
-                .arg(shownCount(table.unpromisedCount())));
+                .arg(wholeShown(table.unpromisedCount())));
     if (records > QDbfModel::mostRows)
-        parts.append(tr("Показано перші %1.").arg(shownCount(QDbfModel::mostRows)));
+        parts.append(tr("Показано перші %1.").arg(wholeShown(QDbfModel::mostRows)));
     if (!hasCardFields(table))
         parts.append(tr("Вибраний файл має неправильну структуру!"));
     return parts.join(QLatin1Char(' '));
@@ -344,7 +298,7 @@ QString QImportClient::startRefusal() const
         return tr("У файлі немає записів.");
     if (m_dbf.table()->recordCount() > QDbfModel::mostRows)
         return tr("У файлі більше записів, ніж можна імпортувати за раз: %1.")
-            .arg(shownCount(QDbfModel::mostRows));
+            .arg(wholeShown(QDbfModel::mostRows));
     if (ui->leGroup->text().isEmpty())
         return tr("Вкажіть код групи магазинів, до якої потраплять нові картки.");
     if (!ui->chTrial->isChecked() && !m_user->mayEdit(Permission::ClientImport))
@@ -399,7 +353,7 @@ QString QImportClient::question(const ImportPlan &plan) const
         QStringList levels;
         for (auto level = plan.unknownLevels.cbegin();
              level != plan.unknownLevels.cend() && levels.size() < namedLevels; ++level)
-            levels.append(tr("%1 (записів: %2)").arg(level.key()).arg(shownCount(level.value())));
+            levels.append(tr("%1 (записів: %2)").arg(level.key()).arg(wholeShown(level.value())));
         if (plan.unknownLevels.size() > namedLevels)
             levels.append(tr("та інших"));
         doubts.append(tr("У базі немає рівнів знижки: %1. Цим записам буде відмовлено. Щоб імпортувати і їх, "
@@ -413,7 +367,7 @@ QString QImportClient::question(const ImportPlan &plan) const
     if (doubts.isEmpty())
         return QString();
     doubts.append(
-        tr("Імпортувати решту записів (%1)?").arg(shownCount(static_cast<qint64>(plan.cards.size()))));
+        tr("Імпортувати решту записів (%1)?").arg(wholeShown(static_cast<qint64>(plan.cards.size()))));
     return doubts.join(QStringLiteral("\n\n"));
 }
 
@@ -442,10 +396,10 @@ void QImportClient::tell(const JobResult &result)
                     QMessEvent::Information);
 }
 
-void QImportClient::showRefused(const QVector<RefusedRecord> &refused)
+void QImportClient::showRefused(const RefusedLines &refused)
 {
     ui->refusedPart->setVisible(!refused.isEmpty());
-    ui->listRefused->showRows(storedRecords(refused));
+    ::showRefused(ui->listRefused, refused);
 }
 
 void QImportClient::setsumm()

@@ -3,6 +3,7 @@
 #include "job.h"
 #include "page.h"
 #include "qdbf.h"
+#include "refusedlist.h"
 #include "typingpause.h"
 
 #include <QPointer>
@@ -13,7 +14,6 @@
 class DbTasks;
 class QLoadedUser;
 struct ImportPlan;
-struct RefusedRecord;
 
 namespace Ui {
 class QImportClient;
@@ -67,7 +67,7 @@ private:
     void decide(const std::shared_ptr<ImportPlan> &plan, bool isTrial);
     QString question(const ImportPlan &plan) const;
     void import(const std::shared_ptr<ImportPlan> &plan, bool isTrial);
-    void showRefused(const QVector<RefusedRecord> &refused);
+    void showRefused(const RefusedLines &refused);
     void saveRefused();
 
     bool refuse(const QString &why);
@@ -77,7 +77,6 @@ private:
     void endWork(qint64 elapsedMs);
     void leaveReading();
     void followWork();
-    void showProgress();
     void tell(const JobResult &result);
 
     std::unique_ptr<Ui::QImportClient> ui;
@@ -87,7 +86,6 @@ private:
     QDbf m_dbf;
     DbTasks *m_tasks;
     TypingPause m_groupPause;
-    QTimer m_ticking;
     QPointer<Job> m_job;
     Work m_work = Work::None;
     FileChooser m_fileToRead;

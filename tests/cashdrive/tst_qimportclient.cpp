@@ -361,7 +361,7 @@ void TstQImportClient::badRecordsAreListed()
     QFile csv(m_folder.filePath("cards – відмови.csv"));
     QVERIFY(csv.open(QIODevice::ReadOnly));
     const QByteArrayList lines = csv.readAll().split('\n');
-    QCOMPARE(QString::fromUtf8(lines.at(0)), QStringLiteral("Запис;Код;Причина"));
+    QCOMPARE(QString::fromUtf8(lines.at(0)), QStringLiteral("Номер запису;Код;Причина"));
     QCOMPARE(QString::fromUtf8(lines.at(2)), QStringLiteral("2;12a;у коді не лише цифри"));
     QCOMPARE(lines.size(), 13);
 }
@@ -523,7 +523,7 @@ void TstQImportClient::whileItRunsNothingChangesIt()
     bool closes = true;
     QVERIFY(answerQuestion([&] { closes = m_page->mayClose(); }).contains("Імпорт ще триває"));
     QVERIFY(!closes);
-    auto *progress = child<QProgressBar>(m_page.get(), "progress");
+    auto *progress = child<QProgressBar>(m_page.get(), "progressWork");
     QVERIFY(progress->isVisible());
     QCOMPARE(plainBlanks(progress->text()), QStringLiteral("0 з 1 500"));
     m_place->base.exec("COMMIT");
@@ -571,7 +571,7 @@ void TstQImportClient::serverGoesForAWhile()
             proxy.setDown(true);
     });
     press("pbStart");
-    QTRY_VERIFY(result().contains("зв'язок втрачено"));
+    QTRY_VERIFY(child<QLabel>(m_page.get(), "labelStage")->text().contains("зв'язок втрачено"));
     QTest::qWait(700);
     proxy.setDown(false);
     waitOutJobs();
