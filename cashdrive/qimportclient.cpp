@@ -172,6 +172,7 @@ void QImportClient::followWork()
         input->setEnabled(isFree);
     ui->pbStop->setEnabled(m_work != Work::None);
     ui->pbStop->setText(tr("Стоп"));
+    ui->panel->setVisible(m_work != Work::None);
 }
 
 void QImportClient::stop()
