@@ -34,23 +34,6 @@ bool addSum(const Db &db, const QString &card, qint64 kopecks)
         .has_value();
 }
 
-/// A level's percentage in hundredths, and its id.
-struct Level
-{
-    qint64 rate = 0;
-    QString id;
-};
-
-/// The first row of a statement about levels: percentage, and id if it asks for one. False after a failed
-/// statement; nothing when there is no row.
-bool readLevel(const Db &db, const QString &sql, std::optional<Level> *level)
-{
-    auto query = db.run(sql);
-    if (query && query->next())
-        *level = Level{query->value(0).toLongLong(), query->value(1).toString()};
-    return query.has_value();
-}
-
 /// What the card's sum has reached.
 QString reachedSql(const QString &card)
 {
@@ -64,26 +47,30 @@ QString presentSql(const QString &card)
            card + QLatin1Char(')');
 }
 
+bool raise(const Db &db, const QString &card, const QString &level, CardSums *sums)
+{
+    ++sums->raised;
+    return db
+        .run(QStringLiteral("UPDATE clients SET id_procent=") + level + QStringLiteral(", send=1 WHERE id=") +
+             card)
+        .has_value();
+}
+
 /// False after a failed statement.
 bool moveUp(const Db &db, const QString &card, CardSums *sums, QStringList *messages)
 {
-    std::optional<Level> reached;
-    std::optional<Level> present;
-    if (!readLevel(db, reachedSql(card), &reached))
-        return false;
-    if (!reached)
-        return true;
-    if (!readLevel(db, presentSql(card), &present))
-        return false;
+    auto reached = db.run(reachedSql(card));
+    if (!reached || !reached->next())
+        return reached.has_value();
+    auto present = db.run(presentSql(card));
     if (!present)
+        return false;
+    if (!present->next()) {
         messages->append(Texts::tr("Відсутні дані після запиту") + QLatin1Char('\n') + presentSql(card));
-    if (!present || present->rate >= reached->rate)
         return true;
-    ++sums->raised;
-    return db
-        .run(QStringLiteral("UPDATE clients SET id_procent=") + reached->id +
-             QStringLiteral(", send=1 WHERE id=") + card)
-        .has_value();
+    }
+    return present->value(0).toLongLong() >= reached->value(0).toLongLong() ||
+           raise(db, card, reached->value(1).toString(), sums);
 }
 } // namespace
 
