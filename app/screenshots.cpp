@@ -7,6 +7,7 @@
 #include "rangeselector.h"
 #include "veltab.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -222,7 +223,9 @@ void Screenshots::takeSlip(const QString &html)
     QImage paper(document.size().toSize(), QImage::Format_RGB32);
     paper.fill(Qt::white);
     QPainter painter(&paper);
-    document.drawContents(&painter);
+    QAbstractTextDocumentLayout::PaintContext black;
+    black.palette.setColor(QPalette::Text, Qt::black);
+    document.documentLayout()->draw(&painter, black);
     painter.end();
     const QString file = fileFor(QStringLiteral("slip"));
     m_failed = !paper.save(file) || m_failed;

@@ -4,11 +4,15 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextOption>
 #include <QToolTip>
 #include <algorithm>
 
 namespace {
 const int mostLines = 4;
+const int mostNameLines = 4;
+/// The bars have so many lines of text to themselves before names take more than one.
+const int leastBarLines = 5;
 
 /// The smallest of 1, 2, 5, 10, 20, ... hryvnias that parts a span into few lines.
 qint64 niceStep(qint64 span)
@@ -124,10 +128,14 @@ void TurnoverChart::drawScale(QPainter *painter) const
     const int height = fontMetrics().height();
     QColor faint = palette().color(QPalette::Text);
     faint.setAlpha(60);
+    int labelled = area.bottom() + height;
     for (qint64 line = m_lowest; line <= m_highest; line += m_step) {
         const int y = yOf(line);
         painter->setPen(line == 0 ? palette().color(QPalette::Text) : faint);
         painter->drawLine(area.left(), y, area.right(), y);
+        if (labelled - y < height)
+            continue;
+        labelled = y;
         painter->setPen(palette().color(QPalette::Text));
         painter->drawText(QRect(0, y - height / 2, area.left() - height / 3, height),
                           Qt::AlignRight | Qt::AlignVCenter, wholeHryvnias(line));
@@ -170,13 +178,16 @@ int TurnoverChart::nameEvery() const
 
 int TurnoverChart::nameLines() const
 {
-    return nameEvery() > 1 || widestName() <= slotWidth() ? 1 : 4;
+    const int room = height() / fontMetrics().lineSpacing() - leastBarLines;
+    return nameEvery() > 1 || widestName() <= slotWidth() ? 1 : qBound(1, room, mostNameLines);
 }
 
 void TurnoverChart::drawNames(QPainter *painter) const
 {
     const int every = nameEvery();
     const bool isWrapped = nameLines() > 1;
+    QTextOption anywhere(Qt::AlignHCenter);
+    anywhere.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     painter->setPen(palette().color(QPalette::Text));
     for (int i = 0; i < m_bars.size(); i += every) {
         QRect place = slot(i);
@@ -186,7 +197,7 @@ void TurnoverChart::drawNames(QPainter *painter) const
         place.setWidth(place.width() * qMin(every, m_bars.size() - i) - fontMetrics().averageCharWidth() / 2);
         const QString &name = m_bars.at(i).label;
         if (isWrapped)
-            painter->drawText(place, Qt::AlignHCenter | Qt::TextWordWrap, name);
+            painter->drawText(QRectF(place), name, anywhere);
         else if (i == 0 || i + every <= m_bars.size() ||
                  fontMetrics().horizontalAdvance(name) <= place.width())
             painter->drawText(place, every > 1 ? Qt::AlignLeft : Qt::AlignHCenter,

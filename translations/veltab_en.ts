@@ -148,6 +148,10 @@
         <source>сплачено %1, знижка %2</source>
         <translation>paid %1, discount %2</translation>
     </message>
+    <message>
+        <source>Зупинити</source>
+        <translation>Stop</translation>
+    </message>
 </context>
 <context>
     <name>CardSums</name>
@@ -546,6 +550,10 @@ Wait or contact support.</translation>
     <message>
         <source>Читання файла скасовано.</source>
         <translation>Reading the file was cancelled.</translation>
+    </message>
+    <message>
+        <source>На записи файла (%1 байтів) не вистачає пам&apos;яті.</source>
+        <translation>There is not enough memory for the records of the file (%1 bytes).</translation>
     </message>
 </context>
 <context>
@@ -1554,6 +1562,14 @@ Wait or contact support.</translation>
         <source>%1 з %2</source>
         <translation>%1 of %2</translation>
     </message>
+    <message>
+        <source>Буде створено карток: %1, коди %2 – %3.</source>
+        <translation>Cards to be created: %1, codes %2 – %3.</translation>
+    </message>
+    <message>
+        <source>Не створювати</source>
+        <translation>Do not create</translation>
+    </message>
 </context>
 <context>
     <name>QAddEdtDiscount</name>
@@ -2488,10 +2504,6 @@ What is counted stays; the next exchange does the rest.</translation>
         <translation>CSV file: number of the record, code, reason</translation>
     </message>
     <message>
-        <source>Скільки зроблено</source>
-        <translation>How much is done</translation>
-    </message>
-    <message>
         <source>&amp;Встановити суми клієнтів згідно імпортованих знижок</source>
         <translation>Set the sums of clients b&amp;y their imported levels</translation>
     </message>
@@ -2524,16 +2536,8 @@ What is counted stays; the next exchange does the rest.</translation>
         <translation>No file chosen</translation>
     </message>
     <message>
-        <source>Запис</source>
-        <translation>Record</translation>
-    </message>
-    <message>
         <source>Код</source>
         <translation>Code</translation>
-    </message>
-    <message>
-        <source>Причина</source>
-        <translation>Reason</translation>
     </message>
     <message>
         <source> – відмови.csv</source>
@@ -2550,10 +2554,6 @@ What is counted stays; the next exchange does the rest.</translation>
     <message>
         <source>Імпорт ще триває. Дочекайтесь кінця або натисніть «Стоп».</source>
         <translation>The import is still running. Wait for the end or press &quot;Stop&quot;.</translation>
-    </message>
-    <message>
-        <source>%1 з %2</source>
-        <translation>%1 of %2</translation>
     </message>
     <message>
         <source>Читання файла скасовано.</source>
@@ -2682,6 +2682,10 @@ What is counted stays; the next exchange does the rest.</translation>
     <message>
         <source>Суми клієнтів встановлюються</source>
         <translation>The sums of the clients are being set</translation>
+    </message>
+    <message>
+        <source>У файлі більше записів, ніж можна імпортувати за раз: %1.</source>
+        <translation>The file has more records than can be imported at once: %1.</translation>
     </message>
 </context>
 <context>

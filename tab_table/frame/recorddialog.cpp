@@ -38,8 +38,19 @@ void RecordDialog::showForm(const RecordForm &form)
     m_read = form.record;
     for (const RecordField &field : qAsConst(m_read))
         showField(field.key, field);
+    showBeginnings();
     loaded();
     takeKeys();
+}
+
+/// Of long texts; in the first field people type on behind what stands there.
+void RecordDialog::showBeginnings()
+{
+    for (const RecordInput &input : qAsConst(m_inputs)) {
+        auto *line = qobject_cast<QLineEdit *>(input.input);
+        if (line != nullptr && line != m_inputs.first().input)
+            line->setCursorPosition(0);
+    }
 }
 
 bool RecordDialog::takeRows(const QVector<TextRows> &more)

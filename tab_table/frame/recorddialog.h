@@ -54,6 +54,7 @@ protected:
 
 private:
     void showForm(const RecordForm &form);
+    void showBeginnings();
     void limitLengths(const QHash<QString, int> &lengths);
     void fillLists(const QHash<QString, ListEntries> &lists);
     void fail();

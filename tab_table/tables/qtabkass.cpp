@@ -29,9 +29,9 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
         "onoffline ON onoffline.id_kass=kassa.id LEFT JOIN type_device ON kassa.id_type=type_device.id  "
         "LEFT JOIN yesno ON kassa.block=yesno.id");
     setColumns({{tr("Код"), 7, &asNumber},
-                {tr("Адреса магазину"), 40},
-                {tr("Рекламний рядок"), 30},
-                {tr("IP адреса"), 18},
+                {tr("Адреса магазину"), 34},
+                {tr("Рекламний рядок"), 25},
+                {tr("IP адреса"), 16},
                 {tr("Тип пристрою"), 14},
                 {tr("Блок"), 7},
                 {QString(), 0, &asNumber, true},
