@@ -46,6 +46,7 @@ private slots:
     void blockedLevelStays();
     void otherProgramsSumsStay();
     void missingCardIsTold();
+    void viewerMayOnlyLook();
 
     void rangeIsCreatedInPieces();
     void rangeIsCreatedInTheDialog();
@@ -475,6 +476,27 @@ void TstQTabClients::missingCardIsTold()
     QVERIFY(m_base->heard.has("Запис не знайдено id=2200000012"));
     m_tab->Edit(QModelIndex());
     QVERIFY(m_base->heard.has("QTabClients::Edit !index.isValid()"));
+}
+
+void TstQTabClients::viewerMayOnlyLook()
+{
+    m_place->logIn(Permission::Clients, 2);
+    openTab();
+    QVERIFY(!m_tab->isOffered(Command::Add));
+    QVERIFY(edit(2200000012, [](QAddEdtCln *editor) {
+        auto *date = child<OptionalDateEdit>(editor, "deBirthday");
+        QCOMPARE(date->text(), QString("15.03.1990"));
+        QTest::keyClicks(date, "1");
+        QTest::keyClick(date, Qt::Key_Up);
+        QTest::mouseClick(date, Qt::LeftButton, Qt::NoModifier,
+                          QPoint(date->width() - 6, date->height() / 2));
+        QVERIFY(!date->calendarWidget()->isVisible());
+        QCOMPARE(date->text(), QString("15.03.1990"));
+        QVERIFY(!child<QPushButton>(editor, "pbOk")->isEnabled());
+        child<QPushButton>(editor, "pbCancel")->click();
+        QVERIFY(!editor->isVisible());
+    }));
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQTabClients::rangeIsCreatedInPieces()
