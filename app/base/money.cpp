@@ -90,12 +90,6 @@ QString moneyShown(qint64 kopecks)
     return unitsText(kopecks, 2, true);
 }
 
-QString countShown(qint64 count)
-{
-    return count < 0 ? QLatin1Char('-') + separated(QString::number(-count))
-                     : separated(QString::number(count));
-}
-
 QString quantityText(qint64 thousandths)
 {
     return unitsText(thousandths, 3, false);

@@ -19,9 +19,6 @@ QString quantityShown(qint64 thousandths);
 /// "20.00" for 2000 (20 %).
 QString rateText(qint64 hundredths);
 
-/// "13 000": a count of things with no-break blanks between the thousands.
-QString countShown(qint64 count);
-
 /// The largest amount (21 474 836.47) and quantity (2 147 483.647) that a row of the database holds.
 constexpr qint64 maximumKopecks = 2147483647;
 constexpr qint64 maximumThousandths = 2147483647;

@@ -211,7 +211,7 @@ bool QAddEdtCln::mayCreate(const CardRange &wanted)
 {
     return wanted.count <= manyCards || QMessDlg::confirm(this, windowTitle(),
                                                           tr("Буде створено карток: %1, коди %2 – %3.")
-                                                              .arg(countShown(wanted.count))
+                                                              .arg(wholeShown(wanted.count))
                                                               .arg(wanted.first)
                                                               .arg(wanted.last()),
                                                           tr("Створити"), tr("Не створювати"));
@@ -228,7 +228,7 @@ void QAddEdtCln::create(const CardRange &wanted)
         tr("Створення карток"), m_db->connectionName(),
         [wanted](JobContext &context) { return createCards(context, wanted); }, m_receiver);
     connect(m_job, &Job::progressed, this, [this](qint64 done, qint64 of) {
-        ui->progress->setFormat(tr("%1 з %2").arg(countShown(done), countShown(of)));
+        ui->progress->setFormat(tr("%1 з %2").arg(wholeShown(done), wholeShown(of)));
         // A range may be longer than a progress bar.
         ui->progress->setRange(0, 1000);
         ui->progress->setValue(static_cast<int>(of > 0 ? done * 1000 / of : 0));
