@@ -16,7 +16,7 @@ const int levelField = 5;
 const quint32 anonymous = 1;
 const int checkedBetween = 4096;
 
-/// Without the blanks and zeros that fill a field up.
+/// Without the blanks and zeros that fill a field up; valid as long as the table.
 QByteArray trimmedField(const DbfTable &table, int record, int field)
 {
     const QByteArray bytes = table.borrowedData(record, field);
@@ -27,7 +27,7 @@ QByteArray trimmedField(const DbfTable &table, int record, int field)
         ++begin;
     while (end > begin && isFill(bytes.at(end - 1)))
         --end;
-    return bytes.mid(begin, end - begin);
+    return QByteArray::fromRawData(bytes.constData() + begin, end - begin);
 }
 
 enum class Digits { Sound, None, Other, TooLarge };
