@@ -1,6 +1,7 @@
 #include "articlecounts.h"
 
 #include <QCoreApplication>
+#include <QStringBuilder>
 #include <limits>
 
 namespace {
@@ -64,12 +65,12 @@ bool transToCdcheks(const Db &db, const QString &kass, quint64 article, qint64 t
                     int month, int day)
 {
     const QString count = QString::number(thousandths);
+    // yyyyMMdd
+    const QString dat = QString::number(year * 10000 + month * 100 + day);
     return db
-        .run(QStringLiteral("INSERT INTO cd_cheks(id_shop,id_kass,id_good,count,dat) (SELECT id_shop,id, ") +
-             QString::number(article) + QLatin1Char(',') + count + QLatin1Char(',') +
-             // yyyyMMdd
-             QString::number(year * 10000 + month * 100 + day) +
-             QStringLiteral(" FROM kassa  WHERE cashdrive_code=") + lit(kass) +
-             QStringLiteral(")  ON DUPLICATE KEY UPDATE count=count+") + count)
+        .run(QStringLiteral("INSERT INTO cd_cheks(id_shop,id_kass,id_good,count,dat) (SELECT id_shop,id, ") %
+             QString::number(article) % QLatin1Char(',') % count % QLatin1Char(',') % dat %
+             QStringLiteral(" FROM kassa  WHERE cashdrive_code=") % lit(kass) %
+             QStringLiteral(")  ON DUPLICATE KEY UPDATE count=count+") % count)
         .has_value();
 }

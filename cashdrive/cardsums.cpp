@@ -1,6 +1,7 @@
 #include "cardsums.h"
 
 #include <QCoreApplication>
+#include <QStringBuilder>
 
 namespace {
 struct Texts
@@ -28,23 +29,23 @@ bool markChanged(const Db &db, const QString &card)
 bool addSum(const Db &db, const QString &card, qint64 kopecks)
 {
     return db
-        .run(QStringLiteral("UPDATE clients tm1 JOIN clients tm2 ON tm2.id=") + card +
-             QStringLiteral(" SET tm1.summ=tm2.summ+") + QString::number(kopecks) +
-             QStringLiteral(" WHERE tm1.id=") + card)
+        .run(QStringLiteral("UPDATE clients tm1 JOIN clients tm2 ON tm2.id=") % card %
+             QStringLiteral(" SET tm1.summ=tm2.summ+") % QString::number(kopecks) %
+             QStringLiteral(" WHERE tm1.id=") % card)
         .has_value();
 }
 
 /// What the card's sum has reached.
 QString reachedSql(const QString &card)
 {
-    return QStringLiteral("SELECT discount,id FROM procent WHERE sum<(SELECT summ FROM clients WHERE id=") +
-           card + QStringLiteral(") AND auto=1 AND block=0 ORDER BY discount DESC LIMIT 1");
+    return QStringLiteral("SELECT discount,id FROM procent WHERE sum<(SELECT summ FROM clients WHERE id=") %
+           card % QStringLiteral(") AND auto=1 AND block=0 ORDER BY discount DESC LIMIT 1");
 }
 
 QString presentSql(const QString &card)
 {
-    return QStringLiteral("SELECT discount FROM procent WHERE id=(SELECT id_procent FROM clients WHERE id=") +
-           card + QLatin1Char(')');
+    return QStringLiteral("SELECT discount FROM procent WHERE id=(SELECT id_procent FROM clients WHERE id=") %
+           card % QLatin1Char(')');
 }
 
 bool raise(const Db &db, const QString &card, const QString &level, CardSums *sums)

@@ -204,10 +204,12 @@ std::optional<QSqlQuery> Db::sendOrReport(const QString &sql, const Execution &e
     QSqlError error;
     bool isLossNews = false;
     auto query = send(sql, execute, &error, &isLossNews);
+    if (query)
+        return query;
     const int number = lastErrorNumber();
-    if (!query && number != caller.expectedError && (isLossNews || !isConnectionLost(number)))
+    if (number != caller.expectedError && (isLossNews || !isConnectionLost(number)))
         report(errorText(error), sql, caller, serverWords(number));
-    return query;
+    return std::nullopt;
 }
 
 int Db::lastErrorNumber() const
