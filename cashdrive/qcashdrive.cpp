@@ -33,6 +33,8 @@ QCashDrive::QCashDrive(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
 {
     Q_UNUSED(set)
     ui->setupUi(this);
+    // One line or two: what stands below does not jump.
+    ui->labelStatus->setMinimumHeight(ui->labelStatus->sizeHint().height());
     setUpPlaces();
     setUpAutoStart();
     setUpRefused();
@@ -133,7 +135,7 @@ void QCashDrive::showStarts()
     const QDateTime next(m_autoStart->nextDay(), m_autoStart->time());
     ui->labelNextStart->setText(
         m_autoStart->isOn() ? tr("Наступний: %1,\nпоки відкрита ця вкладка").arg(next.toString(timeFormat))
-                            : tr("Вимкнено"));
+                            : tr("Вимкнено") + QLatin1Char('\n'));
     const QDateTime &last = m_autoStart->last();
     ui->labelLastStart->setText(
         tr("Останній: %1").arg(last.isValid() ? last.toString(timeFormat) : tr("ще не було")));
