@@ -6,10 +6,14 @@
 #include "listpane.h"
 #include "page.h"
 #include "qaddedtgoods.h"
+#include "qchangpass.h"
+#include "qmessevent.h"
 #include "qntableview.h"
 #include "qpayment.h"
+#include "qqestion.h"
 #include "qrowmodel.h"
 #include "qseluser.h"
+#include "setting.h"
 #include "veltab.h"
 
 #include <QAction>
@@ -46,6 +50,7 @@ private slots:
     void shiftsAndTheDay();
     void articles();
     void everyPageAndItsEditors();
+    void whatIsDoneNowAndThen();
     void leaving();
     void whatTheDayHasLeft();
 
@@ -487,6 +492,65 @@ void TstWorkday::everyPageAndItsEditors()
         }
     }
     waitOutTasks();
+    m_line->setDelay(answerMs);
+}
+
+/// Password, settings, tables, indexes, another user: all of it beside open pages.
+void TstWorkday::whatIsDoneNowAndThen()
+{
+    m_line->setDelay(10);
+    comeBack();
+    const auto press = [this](const char *action) {
+        child<QAction>(m_window.get(), QLatin1String(action))->trigger();
+    };
+    QVERIFY(withModal<QChangPass>([&] { press("changpass"); },
+                                  [](QChangPass *dialog) {
+                                      const QPointer<QChangPass> open(dialog);
+                                      QVERIFY(giveKeyboard(dialog));
+                                      typeText("Зима 2026");
+                                      pressKeys({Qt::Key_Tab});
+                                      typeText("Весна");
+                                      pressKeys({Qt::Key_Tab});
+                                      typeText("Весна");
+                                      pressKeys({Qt::Key_Return, Qt::Key_Return, Qt::Key_Escape});
+                                      waitOutTasks();
+                                      QVERIFY(open.isNull() || !open->isVisible());
+                                  }));
+    QVERIFY(withModal<setting>([&] { press("settings"); }, [](setting *dialog) { dialog->reject(); }));
+    const auto waitOutAll = [] {
+        waitOutTasks();
+        waitOutJobs();
+    };
+    answerConfirm(
+        [&] {
+            press("mt_tune");
+            waitOutAll();
+        },
+        false);
+    const auto isTold = [](const std::function<void()> &act) {
+        bool is = false;
+        withModal<QQestion>(
+            [&] {
+                act();
+                waitFor([&is] { return is; });
+            },
+            [&is](QQestion *question) {
+                is = true;
+                question->accept();
+            },
+            20000);
+        return is;
+    };
+    QVERIFY(isTold([&] { press("mt_create_tables"); }));
+    waitOutAll();
+    m_window->readRights();
+    waitOutAll();
+    QVERIFY2(isTold([&] { press("login"); }), "pages are open");
+    QVERIFY(isTold([this] { postMessage(m_window.get(), "Помилка запиту:"); }));
+    {
+        const Heartbeat::Pause pause(&m_heart);
+        QCOMPARE(m_base->value("SELECT pass=MD5('Весна') FROM users WHERE id=7"), QString("1"));
+    }
     m_line->setDelay(answerMs);
 }
 
