@@ -42,7 +42,6 @@ private slots:
     void typeAndCycleKeepStep();
     void whatTheEditorCannotSayStays();
     void renamedGroupIsTold();
-    void lostAnswerIsLookedUp();
     void firstShopOfAChain();
     void shopOfAnUnseenGroupStaysInIt();
     void viewerMayOnlyLook();
@@ -437,46 +436,6 @@ void TstQTabShops::renamedGroupIsTold()
         QVERIFY2(why.contains("вибране в полі \"Група\" перейменувала інша програма"), qPrintable(why));
     }));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString("5"));
-}
-
-void TstQTabShops::lostAnswerIsLookedUp()
-{
-    m_tab->view()->sortByColumn(0, Qt::AscendingOrder);
-    for (const bool isNew : {true, false}) {
-        for (const bool serverGotIt : {true, false}) {
-            m_base->exec({"DELETE FROM shops WHERE id>14", "UPDATE shops SET address='Львів' WHERE id=10",
-                          "UPDATE updat SET updat='2020-01-01'"});
-            const auto drive = [&](QAddEdtShop *editor) {
-                enter(editor, "leAddress", "Новий");
-                enter(editor, "cbGroup", "Захід");
-                bool isLost = false;
-                Db::setStatementHook([&](const QString &sql) {
-                    if (sql == "COMMIT" && !isLost) {
-                        isLost = true;
-                        // The new transaction keeps the client from reconnecting silently.
-                        if (serverGotIt)
-                            commitHere();
-                        m_base->killConnection();
-                    } else if (isLost && sql.endsWith("FOR UPDATE")) {
-                        m_base->exec("RENAME TABLE shops TO away");
-                    }
-                });
-                const QString told = saveMeets(editor);
-                Db::setStatementHook(nullptr);
-                QVERIFY2(told.contains("невідомо, чи запис збережено"), qPrintable(told));
-                m_base->exec("RENAME TABLE away TO shops");
-                waitOutLoss(*m_base->connection());
-                // The record that has arrived is no rival of itself.
-                QCOMPARE(saveMeets(editor), QString());
-                QVERIFY(!editor->isVisible());
-            };
-            QVERIFY(isNew ? add(drive) : edit(0, drive));
-            QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops WHERE address='Новий' AND group_shop=2"),
-                     QString("1"));
-            QCOMPARE(m_base->value("SELECT COUNT(*) FROM shops"), QString(isNew ? "6" : "5"));
-            QCOMPARE(m_base->value("SELECT name FROM updat WHERE updat>'2020-01-01'"), QString("shops"));
-        }
-    }
 }
 
 void TstQTabShops::firstShopOfAChain()

@@ -78,7 +78,6 @@ private slots:
     void goodsRowsAreMerged();
     void deletedMeanwhileIsTold();
     void serverLostWhileAsked();
-    void savedOnceByADoubleClick();
     void endBlanksAreNoChange();
     void sameNewValueAtOnce();
     void trackerGoesWithTheRecord();
@@ -502,25 +501,6 @@ void TstRecordDialog::serverLostWhileAsked()
         QVERIFY(!editor->isVisible());
     });
     QCOMPARE(shop(), QString("Луцьк|Їжачок|2"));
-}
-
-void TstRecordDialog::savedOnceByADoubleClick()
-{
-    int inserts = 0;
-    Db::setStatementHook([&](const QString &sql) { inserts += sql.startsWith("INSERT INTO shops") ? 1 : 0; });
-    QTabShops tab(m_place->connection(), m_place->user(), &base().heard, m_place->settings(), nullptr);
-    tab.setPermission(Permission::Shops);
-    QVERIFY(inEditor<QAddEdtShop>([&] { tab.Add(); },
-                                  [](QAddEdtShop *editor) {
-                                      enter(editor, "leAddress", "Одеса");
-                                      enter(editor, "cbGroup", "Захід");
-                                      auto *ok = child<QPushButton>(editor, "pbOk");
-                                      QTest::mouseClick(ok, Qt::LeftButton);
-                                      QTest::mouseDClick(ok, Qt::LeftButton);
-                                      QTest::keyClick(ok, Qt::Key_Return);
-                                  }));
-    QCOMPARE(inserts, 1);
-    QCOMPARE(base().value("SELECT COUNT(*) FROM shops WHERE address='Одеса'"), QString("1"));
 }
 
 /// The server cuts blanks off the end of what it stores.
