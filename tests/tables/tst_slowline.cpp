@@ -7,6 +7,7 @@
 #include "qntableview.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
+#include "qtabdiscount.h"
 #include "qtabgoods.h"
 #include "qtabkass.h"
 #include "qtabshops.h"
@@ -63,7 +64,9 @@ const QVector<Kind> kinds = {
     {"kassa", Permission::Kassa, &makeTab<QTabKass>, "leAdver", 3, &fillKass,
      "SELECT CONCAT_WS('|',id,advertising_str,id_shop) FROM kassa ORDER BY id", "cbShop"},
     {"goods", Permission::Goods, &makeTab<QTabGoods>, "leName", 0, &fillGoods,
-     "SELECT CONCAT_WS('|',id,name,price) FROM goods ORDER BY id", "cbTax"}};
+     "SELECT CONCAT_WS('|',id,name,price) FROM goods ORDER BY id", "cbTax"},
+    {"procent", Permission::Discount, &makeTab<QTabDiscount>, "leName", 0, [](RecordDialog *) {},
+     "SELECT CONCAT_WS('|',id,name,discount) FROM procent ORDER BY id", "cbAuto"}};
 } // namespace
 
 Q_DECLARE_METATYPE(Kind)
@@ -209,6 +212,8 @@ std::unique_ptr<QTab> TstSlowLine::openTab(const Kind &kind)
     base().exec({"INSERT INTO shops(id,address,name,group_shop,day_update,count_day_cycle,block) "
                  "VALUES(10,'Львів','Їжак',2,3,7,0)",
                  "INSERT INTO kassa(id,id_shop,advertising_str,head_edit,block) VALUES(20,10,'Каса 1',0,0)"});
+    base().exec({"DELETE FROM procent",
+                 "INSERT INTO procent(id,name,discount,sum,auto,block) VALUES(1,'Срібна',350,500000,1,0)"});
     m_place->logIn(kind.permission);
     std::unique_ptr<QTab> tab(kind.makeTab(m_place.get(), &m_window));
     tab->setPermission(kind.permission);
