@@ -133,7 +133,7 @@ bool ExchangeRun::mayGoOn()
 
 QString ExchangeRun::keep(const QString &kass, const ServerLines &lines)
 {
-    const QString problem = m_spool.keep(kass, lines);
+    QString problem = m_spool.keep(kass, lines);
     if (problem.isEmpty())
         m_outcome.fetched += lines.size();
     return problem;
@@ -277,5 +277,5 @@ QString totalTime(qint64 ms)
 {
     const qint64 seconds = ms / 1000;
     return QStringLiteral("%1 ").arg(seconds / 3600) + Texts::tr("год.") + QLatin1Char(' ') +
-           stageTime(ms % (3600 * 1000));
+           stageTime(ms % 3600000);
 }

@@ -40,7 +40,8 @@ void TstCardSums::initTestCase()
         "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'Київська, 1',1,0),(2,'Львівська, 2',1,0)",
         "INSERT INTO kassa(id,id_shop,advertising_str,cashdrive_code,block) VALUES(11,1,'Каса 1','001',0),"
         "(12,1,'Каса 2','002',0),(21,2,'Каса 1','003',1),(22,2,'Каса 2','000',0),(23,2,'Каса 3','007',0),"
-        "(24,2,'Каса 4','007',0)",
+        "(24,2,'Каса 4','007',0)"});
+    m_base->exec(QStringList{
         "INSERT INTO group_goods(id,name) VALUES(2,'Тара'),(3,'Пакети'),(5,'Послуги'),(6,'Хліб')",
         "INSERT INTO goods(id,name,group_g) VALUES(1,'Сир',1),(2,'Ящик',2),(3,'Пакет',3),(5,'Доставка',5),"
         "(6,'Хліб',6)"});

@@ -58,7 +58,8 @@ void TstExchange::initTestCase()
         "INSERT INTO procent(id,name,discount,sum,auto,block) VALUES(1,'Без знижки',0,0,1,0),"
         "(2,'5 %',500,100000,1,0),(3,'Стара',700,0,1,1)",
         "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'Спільна, 1',1,0),(2,'Львівська, 2',2,0),"
-        "(3,'Харківська, 3',3,0),(4,'Закрита, 4',2,1)",
+        "(3,'Харківська, 3',3,0),(4,'Закрита, 4',2,1)"});
+    m_base->exec(QStringList{
         // Registers of one name in two shops, one without a code, one blocked, one in a blocked shop.
         "INSERT INTO kassa(id,id_shop,advertising_str,cashdrive_code,block) VALUES(11,1,'Каса 1','001',0),"
         "(21,2,'Каса 1','002',0),(22,2,'Каса 2','003',0),(23,2,'Каса 3','000',0),(24,2,'Каса 4',NULL,0),"
@@ -73,8 +74,8 @@ void TstExchange::init()
     m_folder = std::make_unique<QTemporaryDir>();
     m_played = Played();
     m_base->exec(QStringList{"DELETE FROM cd_cheks", "DELETE FROM clients", "DROP TABLE IF EXISTS t",
-                             "DELETE FROM updat WHERE name LIKE 'cashdrive%'",
-                             "INSERT INTO clients(id,id_procent,group_shop,fiksed,block) SELECT "
+                             "DELETE FROM updat WHERE name LIKE 'cashdrive%'"});
+    m_base->exec(QStringList{"INSERT INTO clients(id,id_procent,group_shop,fiksed,block) SELECT "
                              "3000000000+seq,1,1+seq%3,seq%10=0,seq%7=0 FROM seq_1_to_40"});
     m_base->heard.forget();
 }

@@ -74,9 +74,9 @@ void TstQCashDrive::initTestCase()
         "INSERT INTO shops(id,address,group_shop,block) VALUES(1,'Спільна, 1',1,0),(2,'Львівська, 2',2,0),"
         "(3,'Харківська, 3',3,0),(4,'Закрита, 4',2,1),(5,'Чужа, 5',4,0)",
         "INSERT INTO kassa(id,id_shop,advertising_str,cashdrive_code,block) VALUES(11,1,'Каса 1','001',0),"
-        "(21,2,'Каса 1','002',0),(22,2,'Каса 2','003',1),(23,2,'Каса 3','000',0),(24,2,'Каса 4',NULL,0)",
-        "INSERT INTO goods(id,name,group_g) VALUES(1,'Сир',1)",
-        "INSERT INTO clients(id,id_procent,group_shop) VALUES(5,1,2)"});
+        "(21,2,'Каса 1','002',0),(22,2,'Каса 2','003',1),(23,2,'Каса 3','000',0),(24,2,'Каса 4',NULL,0)"});
+    m_workplace->base.exec(QStringList{"INSERT INTO goods(id,name,group_g) VALUES(1,'Сир',1)",
+                                       "INSERT INTO clients(id,id_procent,group_shop) VALUES(5,1,2)"});
 }
 
 void TstQCashDrive::cleanupTestCase()
@@ -207,7 +207,7 @@ void TstQCashDrive::leftOutIsListedAndSaved()
     waitOutJobs();
     QTRY_COMPARE(in<ListPane>("listRefused")->model()->rowCount(), 1);
     QVERIFY2(text("labelResult").contains("не враховано: 1"), qPrintable(text("labelResult")));
-    const QString path = m_data->filePath("refused.csv");
+    QString path = m_data->filePath("refused.csv");
     m_page->chooseFile = [&path](const QString &) { return path; };
     QTest::mouseClick(in<QPushButton>("pbSaveRefused"), Qt::LeftButton);
     waitOutJobs();
