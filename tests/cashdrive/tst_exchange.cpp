@@ -29,6 +29,8 @@ private slots:
     void articlesNewAndWhole();
     void linesAreCountedOnce_data();
     void linesAreCountedOnce();
+    void goesOnWhereTheLaterRecordSays_data();
+    void goesOnWhereTheLaterRecordSays();
     void refusedValuesLoseNoOtherLine();
     void failingTableLosesNothing();
     void damagedAndForeignFilesStay();
@@ -408,6 +410,41 @@ void TstExchange::linesAreCountedOnce()
     QCOMPARE(number("SELECT COUNT(*) FROM clients WHERE id_procent=3"), 0);
     QVERIFY(outcome(result).count.cards.raised > 0);
     QCOMPARE(number("SELECT COUNT(*) FROM clients WHERE id_procent=2"), outcome(result).count.cards.raised);
+}
+
+void TstExchange::goesOnWhereTheLaterRecordSays_data()
+{
+    QTest::addColumn<int>("inTheName");
+    QTest::addColumn<int>("inTheDatabase");
+    QTest::addColumn<QStringList>("counted");
+    QTest::newRow("ended before the file was named") << 0 << 2 << QStringList("2|21|1|300|2026-03-02");
+    QTest::newRow("ended before the row went") << 2 << 2 << QStringList("2|21|1|300|2026-03-02");
+    QTest::newRow("the row was lost") << 1 << -1 << QStringList("2|21|1|320|2026-03-02");
+    QTest::newRow("all was counted") << 0 << 3 << QStringList();
+    QTest::newRow("only the file was left") << 3 << -1 << QStringList();
+}
+
+/// What a program that was ended in the middle leaves behind.
+void TstExchange::goesOnWhereTheLaterRecordSays()
+{
+    QFETCH(const int, inTheName);
+    QFETCH(const int, inTheDatabase);
+    const ExchangeOrder order = readingOrder();
+    const TransactionSpool spool(order.folder);
+    QVERIFY(
+        spool.keep("002", {{1, 1, 0, 0, 2026, 3, 2}, {1, 20, 0, 0, 2026, 3, 2}, {1, 300, 0, 0, 2026, 3, 2}})
+            .isEmpty());
+    const QString name = QDir(order.folder).entryList({"*.txt"}).value(0);
+    QVERIFY(QDir(order.folder).rename(name, QString(name).replace("_0.", QString("_%1.").arg(inTheName))) ||
+            inTheName == 0);
+    if (inTheDatabase >= 0)
+        m_base->exec(QString("INSERT INTO updat(name,updat) VALUES('cashdrive %1 %2',NOW())")
+                         .arg(name.section('_', 1, 1))
+                         .arg(inTheDatabase));
+    QCOMPARE(run(order).outcome, JobResult::Done);
+    QTEST(counts(), "counted");
+    QCOMPARE(QDir(order.folder).entryList({"*.txt"}), QStringList());
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM updat WHERE name LIKE 'cashdrive%'"), QString("0"));
 }
 
 void TstExchange::refusedValuesLoseNoOtherLine()
