@@ -245,7 +245,8 @@ void ListPane::tellTracker(const RowStore &times)
 {
     if (times.rowCount() == 0)
         return;
-    m_tasks->write(
+    // No list that has gone counts as read, and nobody who leaves waits for that.
+    m_tasks->read(
         [times](const Db &db) { return QUpdateBD().setRead(times, *db.connection(), db.receiver()); },
         [](bool /*isDone*/) {});
 }

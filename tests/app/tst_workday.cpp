@@ -545,6 +545,9 @@ void TstWorkday::whatIsDoneNowAndThen()
     waitOutAll();
     m_window->readRights();
     waitOutAll();
+    auto *opened = dynamic_cast<Page *>(page());
+    QVERIFY(waitFor([opened] { return !opened->isLoading(); }));
+    waitOutAll();
     QVERIFY2(isTold([&] { press("login"); }), "pages are open");
     QVERIFY(isTold([this] { postMessage(m_window.get(), "Помилка запиту:"); }));
     {
