@@ -86,7 +86,7 @@ NameWritten updateName(const Db &db, const NameDraft &draft)
 
 NameWritten writeName(const Db &db, const NameDraft &draft)
 {
-    const NameWritten written = draft.isNew ? insertName(db, draft) : updateName(db, draft);
+    NameWritten written = draft.isNew ? insertName(db, draft) : updateName(db, draft);
     if (written.outcome == NameWritten::Written)
         QUpdateBD().update(draft.table, *db.connection(), db.receiver());
     return written;
