@@ -75,7 +75,7 @@ void QImportClient::buildLists()
     ui->view->setEmptyText(tr("Файл не вибрано"));
     ui->view->verticalHeader()->show();
     openRefused(ui->listRefused, m_db, m_user, m_mainWindow, tr("Код"),
-                QLatin1String(metaObject()->className()));
+                QLatin1String(staticMetaObject.className()));
     ui->refusedPart->hide();
     setFocusProxy(ui->leFile);
 }

@@ -17,7 +17,7 @@ void openRefused(ListPane *list, QSqlDatabase *db, const QLoadedUser *user, QObj
 {
     list->open(db, user, receiver);
     list->setColumns(
-        {{Texts::tr("Номер запису"), 9, &asNumber}, {codeCaption, 24}, {Texts::tr("Причина"), 40}}, key);
+        {{Texts::tr("Номер запису"), 13, &asNumber}, {codeCaption, 24}, {Texts::tr("Причина"), 40}}, key);
     list->view()->setMainColumn(2);
     list->setEmptyText(Texts::tr("Пропущених записів немає."));
     list->setHeading({Texts::tr("Пропущені записи")});

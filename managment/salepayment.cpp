@@ -40,7 +40,7 @@ void SalePayment::sell()
 }
 
 /// What there is to ask is asked here, before anybody pays; conditions that were agreed to are checked again.
-void SalePayment::checked(SaleOrder order, const SaleCheck &check)
+void SalePayment::checked(const SaleOrder &order, const SaleCheck &check)
 {
     const SaleWork::Questions questions(m_work);
     emit shiftRead();

@@ -54,7 +54,7 @@ signals:
 
 private:
     QString refusal() const;
-    void checked(SaleOrder order, const SaleCheck &check);
+    void checked(const SaleOrder &order, const SaleCheck &check);
     bool agreeDate(const QDate &chosen);
     bool agreeChanges(const SaleChanges &changes);
     void pay(const SaleOrder &order);

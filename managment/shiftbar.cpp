@@ -109,17 +109,21 @@ void ShiftBar::check(void (ShiftBar::*then)(const ChekPlace &place, const Closin
 void ShiftBar::closeShift()
 {
     guarded([this] {
-        const QString why = m_refusal ? m_refusal() : QString();
-        if (m_place->isReading())
-            m_work->tell(tr("Магазини й каси ще читаються. Закрийте зміну ще раз."));
-        else if (!m_place->isChosen())
-            m_work->tell(tr("Виберіть магазин і касу."));
-        else if (!why.isEmpty())
-            m_work->tell(why);
-        else
+        const QString why = closingRefusal();
+        if (why.isEmpty())
             return check(&ShiftBar::shiftChecked);
+        m_work->tell(why);
         emit m_work->left();
     });
+}
+
+QString ShiftBar::closingRefusal() const
+{
+    if (m_place->isReading())
+        return tr("Магазини й каси ще читаються. Закрийте зміну ще раз.");
+    if (!m_place->isChosen())
+        return tr("Виберіть магазин і касу.");
+    return m_refusal ? m_refusal() : QString();
 }
 
 void ShiftBar::shiftChecked(const ChekPlace &place, const ClosingCheck &check)

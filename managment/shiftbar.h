@@ -51,6 +51,8 @@ private:
     void check(void (ShiftBar::*then)(const ChekPlace &place, const ClosingCheck &check));
     QString whyNoPlace() const;
     void show(const ShiftState &state);
+    /// Why no closing can begin; empty when it can.
+    QString closingRefusal() const;
     void shiftChecked(const ChekPlace &place, const ClosingCheck &check);
     void periodChecked(const ChekPlace &place, const ClosingCheck &check);
     bool isOpen(const ShiftState &state);
