@@ -82,17 +82,17 @@ QAbstractSpinBox::StepEnabled OptionalDateEdit::stepEnabled() const
 /// As in a line: the keys of a date editor go from section to section.
 void OptionalDateEdit::keyPressEvent(QKeyEvent *event)
 {
-    QAbstractSpinBox::keyPressEvent(event);
+    QAbstractSpinBox::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void OptionalDateEdit::focusInEvent(QFocusEvent *event)
 {
-    QAbstractSpinBox::focusInEvent(event);
+    QAbstractSpinBox::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool OptionalDateEdit::focusNextPrevChild(bool next)
 {
-    return QAbstractSpinBox::focusNextPrevChild(next);
+    return QAbstractSpinBox::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 bool OptionalDateEdit::eventFilter(QObject *watched, QEvent *event)
