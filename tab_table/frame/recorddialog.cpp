@@ -62,7 +62,7 @@ bool RecordDialog::takeRows(const QVector<TextRows> &more)
 void RecordDialog::fail()
 {
     m_hasFailed = true;
-    QDialog::reject();
+    QDialog::reject(); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RecordDialog::done(int result)

@@ -156,7 +156,7 @@ RecordSaved findOwner(const Db &db, const RecordStatements &table, const RecordD
 RecordSaved checkUnique(const Db &db, const RecordStatements &table, const RecordDraft &draft)
 {
     for (const UniqueValue &value : draft.uniqueValues) {
-        const RecordSaved found = findOwner(db, table, draft, value);
+        RecordSaved found = findOwner(db, table, draft, value);
         if (found.outcome != RecordSaved::Written)
             return found;
     }
@@ -202,7 +202,7 @@ RecordSaved saveInTransaction(const Db &db, const RecordStatements &table, const
     if (!t)
         return {};
     if (!draft.isNew()) {
-        const RecordSaved found = compare(db, table, draft);
+        RecordSaved found = compare(db, table, draft);
         if (found.outcome != RecordSaved::Written)
             return found;
     }
@@ -230,7 +230,7 @@ RecordSaved explain(const Db &db, const RecordStatements &table, const RecordDra
         return saved;
     if (saved.outcome == RecordSaved::Failed && db.lastErrorNumber() == ServerError::DuplicateKey) {
         // Another program was quicker with the same value: whoever has it is named now.
-        const RecordSaved found = checkUnique(db, table, draft);
+        RecordSaved found = checkUnique(db, table, draft);
         if (found.outcome != RecordSaved::Written)
             return found;
     }

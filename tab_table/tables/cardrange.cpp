@@ -129,11 +129,10 @@ QString resultWords(const CardRange &range, const Creation &done)
     if (done.created == range.count)
         return Texts::tr("Створено карток: %1, коди %2.")
             .arg(wholeShown(done.created), codes(range.first, range.last()));
-    const QString words = done.created == 0
-                              ? Texts::tr("Не створено жодної картки.")
-                              : Texts::tr("Створено карток: %1 з %2, коди %3. Решту не створено.")
-                                    .arg(wholeShown(done.created), wholeShown(range.count),
-                                         codes(range.first, range.first + done.created - 1));
+    QString words = done.created == 0 ? Texts::tr("Не створено жодної картки.")
+                                      : Texts::tr("Створено карток: %1 з %2, коди %3. Решту не створено.")
+                                            .arg(wholeShown(done.created), wholeShown(range.count),
+                                                 codes(range.first, range.first + done.created - 1));
     if (!done.isUnclear)
         return words;
     const qint64 first = range.first + done.created;

@@ -83,7 +83,7 @@ QTabClients::QTabClients(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     static_cast<QVBoxLayout *>(layout())->addWidget(m_splitter, 1);
     m_splitter->addWidget(list());
     m_splitter->setChildrenCollapsible(false);
-    followRights();
+    QTabClients::followRights();
     seerch(QString());
 }
 
