@@ -30,7 +30,6 @@ void AutoStart::look()
     const QDateTime now = m_now();
     if (!isOn() || now.date() < m_day || (now.date() == m_day && now.time() < m_time))
         return;
-    m_last = now;
     m_day = now.date().addDays(1);
-    emit due();
+    emit due(now);
 }

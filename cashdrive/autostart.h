@@ -16,7 +16,8 @@ public:
 
     /// The clock on the wall; tests bring their own.
     void setClock(const std::function<QDateTime()> &now) { m_now = now; }
-    /// When it was due last, also before the program was started; none: never.
+    /// When something was started by it last, also before the program was; none: never. Whoever starts tells
+    /// it.
     void setLast(const QDateTime &last) { m_last = last; }
     const QDateTime &last() const { return m_last; }
     void turnOn(const QTime &time);
@@ -30,7 +31,7 @@ public:
     void look();
 
 signals:
-    void due();
+    void due(const QDateTime &now);
 
 private:
     std::function<QDateTime()> m_now = &QDateTime::currentDateTime;

@@ -141,15 +141,19 @@ void QCashDrive::showStarts()
         tr("Останній: %1").arg(last.isValid() ? last.toString(timeFormat) : tr("ще не було")));
 }
 
-void QCashDrive::startByClock()
+/// A start that was skipped or refused is none.
+void QCashDrive::startByClock(const QDateTime &now)
 {
-    showStarts();
-    remember();
-    if (isRunning())
+    if (isRunning()) {
         postMessage(m_mainWindow, tr("Автостарт дозвону пропущено: попередній дозвін ще триває."),
                     QMessEvent::Warning);
-    else
+    } else {
         start();
+        if (isRunning())
+            m_autoStart->setLast(now);
+    }
+    showStarts();
+    remember();
 }
 
 void QCashDrive::setUpRefused()

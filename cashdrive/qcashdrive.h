@@ -59,7 +59,7 @@ private:
     /// Why no run can begin with what is chosen; empty when it can.
     QString refusal() const;
     ExchangeOrder order() const;
-    void startByClock();
+    void startByClock(const QDateTime &now);
     void follow();
     void showEnd(const JobResult &result);
     void armAutoStart();

@@ -13,11 +13,11 @@
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
+#include "typedinput.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
-#include <QRegularExpressionValidator>
 
 namespace {
 const char *const codePages[] = {"Windows-1251", "IBM866", "UTF-8"};
@@ -69,8 +69,7 @@ void QImportClient::buildLists()
 {
     for (const char *codePage : codePages)
         ui->cbCodePage->addItem(QLatin1String(codePage));
-    ui->leGroup->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,5}")), this));
+    limitTo(ui->leGroup, "[0-9]{0,5}");
     ui->view->setModel(m_dbf.GetModel());
     ui->view->setEmptyText(tr("Файл не вибрано"));
     ui->view->verticalHeader()->show();

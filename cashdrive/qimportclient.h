@@ -61,7 +61,6 @@ private:
     void showFile(const QString &path, const DbfReading &reading);
     QString fileText() const;
     void readGroup();
-    void showGroup(const QString &name);
     QString startRefusal() const;
     void check(bool isTrial);
     void decide(const std::shared_ptr<ImportPlan> &plan, bool isTrial);

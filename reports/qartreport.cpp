@@ -7,8 +7,8 @@
 #include "qrowmodel.h"
 #include "reportformats.h"
 #include "shopgroups.h"
+#include "typedinput.h"
 
-#include <QRegularExpressionValidator>
 #include <algorithm>
 #include <unordered_map>
 #include <vector>
@@ -103,8 +103,7 @@ void QArtReport::setUpList()
 void QArtReport::setUpChoice()
 {
     ui->range->hideNumbers();
-    ui->leLimit->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{0,9}$")), ui->leLimit));
+    limitTo(ui->leLimit, "^[0-9]{0,9}$");
     connect(ui->range, &RangeSelector::firstDayChanged, this, &QArtReport::changDateStart);
     connect(ui->range, &RangeSelector::lastDayChanged, this, &QArtReport::changDateEnd);
     connect(ui->pbNumbers, &QPushButton::clicked, this, &QArtReport::refillNumbers);

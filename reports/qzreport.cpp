@@ -7,10 +7,9 @@
 #include "qrowmodel.h"
 #include "reportformats.h"
 #include "shopgroups.h"
+#include "typedinput.h"
 #include "userstate.h"
 #include "zstatements.h"
-
-#include <QRegularExpressionValidator>
 
 namespace {
 enum ListColumn { Number, Shop, Register, Turnover, Cash, NonCash, Discount = 7, Returns = 10, Tax, Time };
@@ -33,8 +32,7 @@ QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWi
     : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QZReport>()), m_origins(newTasks())
 {
     ui->setupUi(this);
-    ui->leLimit->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), ui->leLimit));
+    limitTo(ui->leLimit, "[0-9]*");
     buildList();
     buildChart();
     connect(ui->place, &PlaceSelector::groupChanged, this, &QZReport::GroupChanged);

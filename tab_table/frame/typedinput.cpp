@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QRegularExpressionValidator>
 #include <QTableWidget>
 
 namespace {
@@ -150,4 +151,9 @@ void colourField(QLineEdit *field, bool isSound)
         palette.setColor(QPalette::Text, Qt::black);
     }
     field->setPalette(palette);
+}
+
+void limitTo(QLineEdit *field, const char *pattern)
+{
+    field->setValidator(new QRegularExpressionValidator(QRegularExpression(QLatin1String(pattern)), field));
 }

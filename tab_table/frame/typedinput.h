@@ -28,5 +28,7 @@ QString typedAddress(const QLineEdit *field);
 bool hasControlCharacters(const QString &text);
 /// The words that refuse such a text in a field of that name.
 QString controlCharactersRefusal(const QString &field);
+/// The field takes only what fits the pattern, or may still become so.
+void limitTo(QLineEdit *field, const char *pattern);
 /// Colours a field whose text is not sound, or takes the colour back.
 void colourField(QLineEdit *field, bool isSound);

@@ -1,13 +1,14 @@
 #include "qaddedtcln.h"
 #include "ui_qaddedtcln.h"
 
+#include "clientstatements.h"
 #include "combos.h"
 #include "job.h"
 #include "money.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
+#include "typedinput.h"
 
-#include <QRegularExpressionValidator>
 #include <QSqlDatabase>
 
 namespace {
@@ -19,15 +20,10 @@ RecordStatements statements()
 {
     return {
         QStringLiteral("clients"),
-        QStringLiteral(
-            "SELECT clients.id,procent.name,clients.bonus_summ,clients.summ,discbonus.name,yesno2.name,"
-            "group_shop.name,clients.name,clients.telephone,clients.email,clients.birthday,yesno3.name,"
-            "clients.info,yesno4.name,clients.id_procent,clients.bonus_discount,clients.fiksed,"
-            "clients.group_shop,clients.block,clients.send FROM clients LEFT JOIN procent ON "
-            "clients.id_procent=procent.id LEFT JOIN discbonus ON clients.bonus_discount=discbonus.id LEFT "
-            "JOIN yesno AS yesno2 ON clients.fiksed=yesno2.id LEFT JOIN group_shop ON "
-            "clients.group_shop=group_shop.id LEFT JOIN yesno AS yesno3 ON clients.block=yesno3.id LEFT JOIN "
-            "yesno AS yesno4 ON clients.send=yesno4.id WHERE clients.id="),
+        QStringLiteral("SELECT ") + clientColumns() +
+            QStringLiteral(",clients.id_procent,clients.bonus_discount,clients.fiksed,clients.group_shop,"
+                           "clients.block,clients.send FROM ") +
+            clientTables() + QStringLiteral(" WHERE clients.id="),
         // Cards are created in ranges.
         QString(),
         QStringLiteral(
@@ -37,11 +33,6 @@ RecordStatements statements()
             "telephone=:telephone,email=:email,birthday=:birthday,block=(SELECT id FROM yesno WHERE "
             "name=:block),info=:info,send=(SELECT id FROM yesno WHERE name=:send) WHERE clients.id="),
         QStringLiteral("SELECT name FROM clients WHERE id=")};
-}
-
-void limitTo(QLineEdit *field, const char *pattern)
-{
-    field->setValidator(new QRegularExpressionValidator(QRegularExpression(QLatin1String(pattern)), field));
 }
 } // namespace
 

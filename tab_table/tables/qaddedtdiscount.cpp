@@ -5,9 +5,9 @@
 #include "money.h"
 #include "numberfield.h"
 #include "thresholds.h"
+#include "typedinput.h"
 
 #include <QEvent>
-#include <QRegularExpressionValidator>
 #include <QSqlDatabase>
 
 namespace {
@@ -30,11 +30,6 @@ RecordStatements statements()
                            "procent.id="),
             QStringLiteral("SELECT name FROM procent WHERE id=")};
 }
-
-void limitTo(QLineEdit *field, const QString &pattern)
-{
-    field->setValidator(new QRegularExpressionValidator(QRegularExpression(pattern), field));
-}
 } // namespace
 
 QAddEdtDiscount::QAddEdtDiscount(QTab *tab, QSqlDatabase *db, QString *id, QObject *receiver, QWidget *parent)
@@ -46,9 +41,9 @@ QAddEdtDiscount::QAddEdtDiscount(QTab *tab, QSqlDatabase *db, QString *id, QObje
     // What it says comes while the window is open.
     ui->labelRounding->setMinimumWidth(fontMetrics().horizontalAdvance(roundingWords(largestThreshold)));
     // The point of the patterns is any character: what is no decimal separator is refused in words later.
-    limitTo(ui->leId, QStringLiteral("[0-9]{1,8}"));
-    limitTo(ui->leDiscount, QStringLiteral("^[0-9]{1,2}.[0-9]{1,2}$"));
-    limitTo(ui->leSum, QStringLiteral("^[0-9]{1,8}.[0-9]{1,2}$"));
+    limitTo(ui->leId, "[0-9]{1,8}");
+    limitTo(ui->leDiscount, "^[0-9]{1,2}.[0-9]{1,2}$");
+    limitTo(ui->leSum, "^[0-9]{1,8}.[0-9]{1,2}$");
     connectFields();
     load(inputs());
 }

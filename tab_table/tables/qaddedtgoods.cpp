@@ -8,6 +8,7 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "typedinput.h"
 #include "ui_qaddedtgoods.h"
 
 #include <QKeyEvent>
@@ -75,8 +76,7 @@ void QAddEdtGoods::buildFields()
         ui->leId->setText(id());
     ui->leId->setReadOnly(!isNew());
     makePriceField(ui->lePrice);
-    ui->leShtrih->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("^[0-9]{13}$")), ui->leShtrih));
+    limitTo(ui->leShtrih, "^[0-9]{13}$");
     ui->leShtrih->installEventFilter(this);
     ui->labelRule->hide();
     const int letter = fontMetrics().averageCharWidth();

@@ -8,7 +8,6 @@
 #include "typedinput.h"
 
 #include <QEvent>
-#include <QRegularExpressionValidator>
 #include <QSignalBlocker>
 
 namespace {
@@ -47,8 +46,7 @@ QAddEdtKass::QAddEdtKass(QTabKass *tab, QSqlDatabase *db, QString *id, const QSt
 {
     ui->setupUi(this);
     ui->leMarka->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
-    ui->leCashDrive->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{3}")), this));
+    limitTo(ui->leCashDrive, "[0-9]{3}");
     for (QComboBox *box : {ui->cbGroup, ui->cbShop, ui->cbType})
         keepNarrow(box, 24);
     for (QComboBox *box : {ui->cbHeadEdit, ui->cbBlock})

@@ -2,6 +2,7 @@
 #include "ui_qtabclientsfilter.h"
 
 #include "cardreceipts.h"
+#include "clientstatements.h"
 #include "db.h"
 #include "listpane.h"
 #include "permissions.h"
@@ -11,11 +12,11 @@
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "queryservice.h"
+#include "typedinput.h"
 #include "typingpause.h"
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QRegularExpressionValidator>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -28,22 +29,12 @@ const int usualPage = 100;
 /// The joins change no count: every card has one row.
 QString countSql()
 {
-    return QStringLiteral(
-        "SELECT COUNT(*) FROM clients LEFT JOIN procent ON clients.id_procent=procent.id LEFT JOIN discbonus "
-        "ON clients.bonus_discount=discbonus.id LEFT JOIN yesno AS yesno2 ON clients.fiksed=yesno2.id LEFT "
-        "JOIN group_shop ON clients.group_shop=group_shop.id LEFT JOIN yesno AS yesno3 ON "
-        "clients.block=yesno3.id LEFT JOIN yesno AS yesno4 ON clients.send=yesno4.id");
+    return QStringLiteral("SELECT COUNT(*) FROM ") + clientTables();
 }
 
 QString listSql()
 {
-    return QStringLiteral(
-        "SELECT clients.id,procent.name,clients.bonus_summ,clients.summ,discbonus.name,yesno2.name,"
-        "group_shop.name,clients.name,clients.telephone,clients.email,clients.birthday,yesno3.name,"
-        "clients.info,yesno4.name FROM clients LEFT JOIN procent ON clients.id_procent=procent.id LEFT JOIN "
-        "discbonus ON clients.bonus_discount=discbonus.id LEFT JOIN yesno AS yesno2 ON "
-        "clients.fiksed=yesno2.id LEFT JOIN group_shop ON clients.group_shop=group_shop.id LEFT JOIN yesno AS "
-        "yesno3 ON clients.block=yesno3.id LEFT JOIN yesno AS yesno4 ON clients.send=yesno4.id");
+    return QStringLiteral("SELECT ") + clientColumns() + QStringLiteral(" FROM ") + clientTables();
 }
 
 /// A code is printed with ten digits; the zeros before it stand in no number.
@@ -115,12 +106,8 @@ QVector<Column> QTabClients::columns()
 void QTabClients::buildFilter()
 {
     ui->setupUi(addFilterBar());
-    const auto limit = [](QLineEdit *field, const char *pattern) {
-        field->setValidator(
-            new QRegularExpressionValidator(QRegularExpression(QLatin1String(pattern)), field));
-    };
-    limit(ui->leSearch, "[0-9]{10}");
-    limit(ui->lePage, "[1-9][0-9]{0,6}");
+    limitTo(ui->leSearch, "[0-9]{10}");
+    limitTo(ui->lePage, "[1-9][0-9]{0,6}");
     ui->lePage->setText(QString::number(usualPage));
     ui->lePage->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
     for (QLineEdit *field : {ui->lePage, ui->lePerson})

@@ -41,6 +41,7 @@ private:
     ExchangeOrder readingOrder() const;
     static ExchangeOutcome outcome(const JobResult &result) { return result.value.value<ExchangeOutcome>(); }
     /// What lines of a register have to come to, reckoned by the server's own sums.
+    void makeTrouble(const QString &trouble, std::atomic<int> *commits);
     void playMany(int lines);
     QStringList expectedCounts();
     QStringList counts();
@@ -345,33 +346,39 @@ void TstExchange::linesAreCountedOnce_data()
     QTest::newRow("deadlock") << 6000 << "deadlock";
 }
 
+/// At the fifth COMMIT, or in the transaction behind the fourth.
+void TstExchange::makeTrouble(const QString &trouble, std::atomic<int> *commits)
+{
+    Db::setStatementHook([=](const QString &sql) {
+        const bool isCommit = sql == QLatin1String("COMMIT") && ++*commits == 5;
+        if (isCommit && trouble == "after")
+            commitHere();
+        if ((isCommit && (trouble == "before" || trouble == "after")) ||
+            (trouble == "line" && *commits == 4 && sql.startsWith("UPDATE clients tm1")))
+            m_base->killConnection();
+    });
+    Db::setStatementRefusal([=](const QString &sql) -> int {
+        const bool isFifth = sql == QLatin1String("COMMIT") && *commits == 5;
+        if (isFifth && trouble == "interrupted") {
+            ++*commits;
+            commitHere();
+            return 1317;
+        }
+        if (isFifth && trouble == "deadlock") {
+            ++*commits;
+            return 1213;
+        }
+        return 0;
+    });
+}
+
 void TstExchange::linesAreCountedOnce()
 {
     QFETCH(const int, lines);
     QFETCH(const QString, trouble);
     playMany(lines);
     std::atomic<int> commits{0};
-    Db::setStatementHook([&](const QString &sql) {
-        const bool isCommit = sql == QLatin1String("COMMIT") && ++commits == 5;
-        if (isCommit && trouble == "after")
-            commitHere();
-        if ((isCommit && (trouble == "before" || trouble == "after")) ||
-            (trouble == "line" && commits == 4 && sql.startsWith("UPDATE clients tm1")))
-            m_base->killConnection();
-    });
-    Db::setStatementRefusal([&](const QString &sql) -> int {
-        const bool isFifth = sql == QLatin1String("COMMIT") && commits == 5;
-        if (isFifth && trouble == "interrupted") {
-            ++commits;
-            commitHere();
-            return 1317;
-        }
-        if (isFifth && trouble == "deadlock") {
-            ++commits;
-            return 1213;
-        }
-        return 0;
-    });
+    makeTrouble(trouble, &commits);
     JobResult result = run(readingOrder(), [&](Job *job) {
         if (trouble != "stop")
             return;

@@ -322,6 +322,7 @@ void TstQCashDrive::clockStartsARunAndSkipsAnother()
     now = now.addDays(1);
     m_page->autoStart()->look();
     QVERIFY(m_workplace->base.heard.has("Автостарт дозвону пропущено", QMessEvent::Warning));
+    QVERIFY2(text("labelLastStart").contains("02.03.2026 03:00"), "what was skipped has not started");
     QCOMPARE(RunningJobs::all().jobs().size(), 1);
     m_mayEnd = true;
     waitOutJobs();

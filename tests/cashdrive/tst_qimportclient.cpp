@@ -166,9 +166,7 @@ void TstQImportClient::init()
     m_place->logIn(Permission::ClientImport);
     m_page = std::make_unique<QImportClient>(m_place->connection(), m_place->user(), &m_place->base.heard,
                                              nullptr);
-    m_page->show();
-    m_page->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    QVERIFY(showActive(m_page.get()));
 }
 
 void TstQImportClient::cleanup()

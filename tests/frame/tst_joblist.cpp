@@ -53,9 +53,7 @@ void TstJobList::init()
     m_list = new JobList(m_window.get());
     m_window->statusBar()->addPermanentWidget(m_list);
     m_window->resize(1024, 600);
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(showActive(m_window.get()));
 }
 
 void TstJobList::cleanup()

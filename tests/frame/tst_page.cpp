@@ -70,9 +70,7 @@ void TstPage::initTestCase()
 void TstPage::init()
 {
     m_tabs = std::make_unique<QTabWidget>();
-    m_tabs->show();
-    m_tabs->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+    QVERIFY(showActive(m_tabs.get()));
     allow("(1,10,1),(1,13,2),(1,23,1)");
 }
 

@@ -80,9 +80,7 @@ void TstGoodsPicker::init()
     m_list = child<QNTableView>(m_picker, QStringLiteral("viewGoods"));
     m_picker->refresh();
     m_tab->resize(1000, 600);
-    m_tab->show();
-    m_tab->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    QVERIFY(showActive(m_tab.get()));
     m_picker->focusSearch();
     QTRY_COMPARE(m_list->model()->rowCount(), 5);
 }

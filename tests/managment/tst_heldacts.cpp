@@ -43,9 +43,7 @@ void TstHeldActs::init()
     column->addWidget(m_first);
     column->addWidget(m_second);
     m_acts = new HeldActs(m_window.get());
-    m_window->show();
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(showActive(m_window.get()));
     m_first->setFocus();
 }
 

@@ -280,9 +280,7 @@ void TstHurriedSale::init()
     m_search = in<QLineEdit>("leSearch");
     m_chek = in<QNTableView>("viewChek");
     m_tab->resize(1200, 800);
-    m_tab->show();
-    m_tab->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    QVERIFY(showActive(m_tab.get()));
     waitOutTasks();
     m_paper = Paper();
     m_shifts.clear();

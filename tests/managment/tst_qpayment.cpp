@@ -50,9 +50,7 @@ private:
 void TstQPayment::init()
 {
     m_form = std::make_unique<QPayment>(text("650.00"), text("24.85"), false, nullptr);
-    m_form->show();
-    m_form->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_form.get()));
+    QVERIFY(showActive(m_form.get()));
     if (qstrcmp(QTest::currentTestFunction(), "restOfAScan") != 0)
         QTest::qWait(ScanTail::appearedMs + 20);
 }

@@ -136,9 +136,7 @@ void TstQRegisterSale::init()
     m_goods = in<QNTableView>(m_tab.get(), "viewGoods");
     m_chek = in<QNTableView>(m_tab.get(), "viewChek");
     m_tab->resize(1200, 800);
-    m_tab->show();
-    m_tab->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    QVERIFY(showActive(m_tab.get()));
     waitOutTasks();
     QTRY_COMPARE(m_goods->model()->rowCount(), 5);
 }
@@ -819,9 +817,7 @@ void TstQRegisterSale::viewOnlyUser()
     QVERIFY(m_user->reload(m_base->connection()));
     m_tab->hide();
     QRegisterSale tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
-    tab.show();
-    tab.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&tab));
+    QVERIFY(showActive(&tab));
     QVERIFY(!in<QPushButton>(&tab, "pbSale")->isEnabled());
     QVERIFY(in<QLabel>(&tab, "lbNotice")->text().contains(QStringLiteral("Лише перегляд")));
     auto *search = in<QLineEdit>(&tab, "leSearch");

@@ -70,9 +70,7 @@ void TstReceiptPane::init()
     m_grid = child<QNTableView>(m_pane.get(), QStringLiteral("viewChek"));
     m_discount = child<MoneySpinBox>(m_pane.get(), QStringLiteral("dsbDiscount"));
     m_pane->resize(1000, 400);
-    m_pane->show();
-    m_pane->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_pane.get()));
+    QVERIFY(showActive(m_pane.get()));
     QVERIFY(m_pane->add(goods(1, 5000)));
     QVERIFY(m_pane->add(goods(2, 8000, false)));
     m_grid->setFocus();

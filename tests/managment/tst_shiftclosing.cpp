@@ -351,9 +351,7 @@ ShiftFigures busyShift()
 std::unique_ptr<QPayment> closingForm(const ShiftFigures &figures)
 {
     auto form = std::make_unique<QPayment>(figures, nullptr);
-    form->show();
-    form->activateWindow();
-    if (!QTest::qWaitForWindowActive(form.get()))
+    if (!showActive(form.get()))
         qFatal("The form does not become active");
     QTest::qWait(ScanTail::appearedMs + 20);
     return form;

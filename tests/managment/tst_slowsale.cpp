@@ -98,9 +98,7 @@ void TstSlowSale::openTab()
 {
     m_tab = std::make_unique<QRegisterSale>(&m_window, m_user.get(), &m_base->heard, nullptr, nullptr);
     m_tab->resize(1200, 800);
-    m_tab->show();
-    m_tab->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tab.get()));
+    QVERIFY(showActive(m_tab.get()));
 }
 
 void TstSlowSale::cleanup()
@@ -342,9 +340,7 @@ void TstSlowSale::leftBehindAScan()
             m_tab.reset();
     };
     connect(m_tab.get(), &QRegisterSale::closeWanted, this, close, Qt::QueuedConnection);
-    tabs.show();
-    tabs.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&tabs));
+    QVERIFY(showActive(&tabs));
     in<QLineEdit>("leSearch")->setFocus();
     m_proxy->setDelay(25);
     const auto scanAndClose = [&] {

@@ -385,9 +385,7 @@ void TstQArtReport::doubleClickAsksForTheReceipts()
             [&](const ChekOrigin &line) { asked.append(line); });
     emit m_report->view()->doubleClicked(m_report->model()->index(0, 0));
     m_report->view()->setCurrentIndex(m_report->model()->index(1, 0));
-    m_report->show();
-    m_report->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_report.get()));
+    QVERIFY(showActive(m_report.get()));
     m_report->view()->setFocus();
     QTest::keyClick(m_report->view(), Qt::Key_Enter);
     QCOMPARE(asked.size(), 2);

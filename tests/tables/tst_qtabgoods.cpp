@@ -156,9 +156,7 @@ std::unique_ptr<QAddEdtGoods> TstQTabGoods::openEditor(const QString &id)
 std::unique_ptr<QAddEdtGoods> TstQTabGoods::showEditor(const QString &id)
 {
     auto editor = openEditor(id);
-    editor->show();
-    editor->activateWindow();
-    if (!QTest::qWaitForWindowActive(editor.get()))
+    if (!showActive(editor.get()))
         qFatal("The editor has not become active");
     return editor;
 }
@@ -398,9 +396,7 @@ void TstQTabGoods::oneItemOfARuleInAGroup()
 void TstQTabGoods::scannedBarcodesAreAdded()
 {
     const auto editor = openEditor(QString());
-    editor->show();
-    editor->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    QVERIFY(showActive(editor.get()));
     auto *field = child<QLineEdit>(editor.get(), "leShtrih");
     auto *list = child<QListWidget>(editor.get(), "lwShtrih");
     const auto scan = [&](const QString &code) {
@@ -446,9 +442,7 @@ void TstQTabGoods::shortNameIsCut()
 void TstQTabGoods::pricesAreTypedWithACommaToo()
 {
     const auto editor = openEditor("7");
-    editor->show();
-    editor->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+    QVERIFY(showActive(editor.get()));
     auto *table = child<GoodsPriceTable>(editor.get(), "twPrices");
     editor->addprice();
     auto *field = table->findChild<QLineEdit *>();

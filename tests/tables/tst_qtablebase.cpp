@@ -57,9 +57,7 @@ void TstQTableBase::init()
     m_tabs->resize(1000, 500);
     for (const int id : {Permission::Shops, Permission::Kassa, Permission::Goods, Permission::GoodsShops})
         allow(id, Permission::Full);
-    m_tabs->show();
-    m_tabs->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_tabs.get()));
+    QVERIFY(showActive(m_tabs.get()));
 }
 
 void TstQTableBase::cleanup()

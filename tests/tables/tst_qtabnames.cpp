@@ -573,9 +573,7 @@ void TstQTabNames::otherWindowLeavesTheEditorOpen()
     add();
     typeText("Риб");
     QWidget other;
-    other.show();
-    other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
+    QVERIFY(showActive(&other));
     QTest::qWait(50);
     m_page->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_page.get()));

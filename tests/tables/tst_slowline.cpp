@@ -136,9 +136,7 @@ std::unique_ptr<QAddEdtGoods> TstSlowLine::openEditor(const QString &id)
     m_id = id;
     auto editor = std::make_unique<QAddEdtGoods>(nullptr, &m_window, &m_id, "SELECT address,id FROM shops",
                                                  &base().heard, nullptr);
-    editor->show();
-    editor->activateWindow();
-    if (!QTest::qWaitForWindowActive(editor.get()))
+    if (!showActive(editor.get()))
         qFatal("The editor has not become active");
     return editor;
 }
@@ -218,9 +216,7 @@ std::unique_ptr<QTab> TstSlowLine::openTab(const Kind &kind)
     std::unique_ptr<QTab> tab(kind.makeTab(m_place.get(), &m_window));
     tab->setPermission(kind.permission);
     tab->resize(900, 500);
-    tab->show();
-    tab->activateWindow();
-    if (!QTest::qWaitForWindowActive(tab.get()) ||
+    if (!showActive(tab.get()) ||
         !QTest::qWaitFor([&] { return !tab->isLoading() && tab->model()->rowCount() == 1; }, 20000))
         qFatal("The tab has not come");
     return tab;

@@ -314,6 +314,13 @@ void waitOutGuard()
     QTest::qWait(ScanGuard::appearedMs + 20);
 }
 
+bool showActive(QWidget *window)
+{
+    window->show();
+    window->activateWindow();
+    return QTest::qWaitForWindowActive(window);
+}
+
 void rejectUnexpected(QWidget *modal)
 {
     QStringList texts{QLatin1String(modal->metaObject()->className()), modal->windowTitle()};

@@ -146,6 +146,8 @@ void waitOutTasks();
 void waitOutLoss(const QSqlDatabase &window);
 /// Waits until a question that has just appeared takes keys.
 void waitOutGuard();
+/// Shows a window that gets the keyboard, as a window manager does; false when it did not get it.
+bool showActive(QWidget *window);
 
 /// Keys as they come from a keyboard: each goes to whatever has the focus when it is pressed. A key is a
 /// Qt::Key with its modifiers, "Qt::SHIFT + Qt::Key_F5".
