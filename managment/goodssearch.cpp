@@ -48,17 +48,9 @@ QString actionInForce(const QString &time, const QString &day)
 /// Each word has to be found in one of the names or in the number.
 QString nameCondition(const QString &text)
 {
-    QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        words.append(QString());
-    QStringList conditions;
-    for (const QString &word : words) {
-        const QString pattern = likeContains(word);
-        conditions.append(QStringLiteral("(goods.name_short LIKE ") + pattern +
-                          QStringLiteral(" OR goods.name LIKE ") + pattern +
-                          QStringLiteral(" OR goods.id LIKE ") + pattern + QLatin1Char(')'));
-    }
-    return conditions.join(QStringLiteral(" AND "));
+    const QString condition =
+        QStringLiteral("(goods.name_short LIKE %1 OR goods.name LIKE %1 OR goods.id LIKE %1)");
+    return wordsOf(text).isEmpty() ? condition.arg(likeContains(QString())) : likeWords(condition, text);
 }
 
 QString goodsCondition(const QVector<quint32> &goods)

@@ -384,6 +384,19 @@ QString likeContains(const QString &text)
     return lit(QLatin1Char('%') + pattern + QLatin1Char('%'));
 }
 
+QStringList wordsOf(const QString &text)
+{
+    return text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QString likeWords(const QString &condition, const QString &text)
+{
+    QStringList conditions;
+    for (const QString &word : wordsOf(text))
+        conditions.append(condition.arg(likeContains(word)));
+    return conditions.join(QStringLiteral(" AND "));
+}
+
 QString toText(const QVariant &value)
 {
     if (value.isNull() || !value.isValid())

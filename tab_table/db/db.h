@@ -137,6 +137,11 @@ private:
 QString lit(const QString &text);
 /// The pattern '%text%' as a literal, in which %, _ and \ stand for themselves.
 QString likeContains(const QString &text);
+/// The words of a text, however many blanks stand between them.
+QStringList wordsOf(const QString &text);
+/// A condition that every word of a text fulfils, in any order: the given one, in which %1 stands for the
+/// word's pattern ("(name LIKE %1 OR code LIKE %1)"), for each of them, joined by AND; empty without words.
+QString likeWords(const QString &condition, const QString &text);
 /// A database value as text: NULL and zero dates are empty, numbers without exponent, booleans 0 or 1,
 /// dates yyyy-MM-dd, times of day and date-times "yyyy-MM-dd hh:mm:ss".
 QString toText(const QVariant &value);

@@ -104,6 +104,33 @@ void QTab::setSearchField(QLineEdit *field, const std::function<void(const QStri
     });
 }
 
+void QTab::addSearch(const QString &condition, const QString &what)
+{
+    QWidget *bar = addFilterBar();
+    auto *line = new QHBoxLayout(bar);
+    line->setContentsMargins(0, 0, 0, 0);
+    auto *label = new QLabel(tr("По&шук:"), bar);
+    auto *field = new QLineEdit(bar);
+    field->setObjectName(QStringLiteral("leSearch"));
+    field->setPlaceholderText(what);
+    field->setClearButtonEnabled(true);
+    label->setBuddy(field);
+    line->addWidget(label);
+    line->addWidget(field, 1);
+    setTabOrder(field, view());
+    setSearchField(field, [this, condition](const QString &text) { findWords(condition, text); });
+}
+
+/// The rows go: a name that is being typed in one of them is stored first.
+void QTab::findWords(const QString &condition, const QString &text)
+{
+    if (m_delegate != nullptr &&
+        !m_delegate->settle([this, condition] { findWords(condition, m_search->text()); }))
+        return;
+    const QString words = likeWords(condition, text);
+    search(words.isEmpty() ? words : QStringLiteral(" WHERE ") + words);
+}
+
 bool QTab::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)

@@ -128,6 +128,10 @@ protected:
     /// The field that searches the list, and what searches for its text: it has the focus when the tab is
     /// opened, Ctrl+F goes to it, Esc clears it, Enter and Down go on into the list.
     void setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find);
+    /// For tabs whose query has no WHERE: a field above the list that narrows it to the rows in which every
+    /// word that is typed is found, wherever the condition looks for it ("tax.name LIKE %1", as for
+    /// likeWords()). what: which columns those are, in the field while it is empty.
+    void addSearch(const QString &condition, const QString &what);
     /// Enter in the list edits its row.
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
@@ -166,6 +170,7 @@ protected:
 private:
     void buildList(QLayout *layout);
     void enterList();
+    void findWords(const QString &condition, const QString &text);
     void openEditor(const QString &id);
     void showRecord(const RowStore &records, const QModelIndex &index, bool isNew);
     void followUnclear();

@@ -14,20 +14,29 @@ struct Rules
 
 const uint firstExclusiveRule = 2;
 const uint lastExclusiveRule = 4;
+
+const QLatin1String anywhere("(dk_shc.shtrihcod LIKE %1 OR goods.name LIKE %1 OR goods.id LIKE %1)");
+
+/// Beside other words a short number is a weight or a size, which some place of nearly every barcode holds.
+QString besideOthers(const QString &word)
+{
+    const int shortestPartOfBarcode = 6;
+    return isAllDigits(word) && word.size() >= shortestPartOfBarcode
+               ? QString(anywhere)
+               : QStringLiteral("(goods.name LIKE %1 OR goods.id LIKE %1)");
+}
 } // namespace
 
 QString goodsCondition(uint group, const QString &text)
 {
-    QString condition;
+    QStringList conditions;
     if (group != 0)
-        condition = QStringLiteral(" WHERE goods.group_g=") + QString::number(group);
-    if (text.isEmpty())
-        return condition;
-    const QString pattern = likeContains(text);
-    condition += group != 0 ? QStringLiteral(" AND (") : QStringLiteral(" WHERE (");
-    return condition + QStringLiteral("dk_shc.shtrihcod LIKE ") + pattern +
-           QStringLiteral(" OR goods.name LIKE ") + pattern + QStringLiteral(" OR goods.id LIKE ") + pattern +
-           QLatin1Char(')');
+        conditions.append(QStringLiteral("goods.group_g=") + QString::number(group));
+    const QStringList words = wordsOf(text);
+    for (const QString &word : words)
+        conditions.append(likeWords(words.size() > 1 ? besideOthers(word) : QString(anywhere), word));
+    return conditions.isEmpty() ? QString()
+                                : QStringLiteral(" WHERE ") + conditions.join(QStringLiteral(" AND "));
 }
 
 bool isExclusiveRule(uint rule)

@@ -196,12 +196,8 @@ void QTabClients::seerch(const QString &text)
 
 QString QTabClients::personCondition() const
 {
-    const QString person = ui->lePerson->text().trimmed();
-    if (person.isEmpty())
-        return {};
-    const QString like = QStringLiteral(" LIKE ") + likeContains(person);
-    return QStringLiteral("(clients.name") + like + QStringLiteral(" OR clients.telephone") + like +
-           QLatin1Char(')');
+    return likeWords(QStringLiteral("(clients.name LIKE %1 OR clients.telephone LIKE %1)"),
+                     ui->lePerson->text());
 }
 
 void QTabClients::CheckState(int state)

@@ -20,6 +20,7 @@ QTabDiscount::QTabDiscount(QSqlDatabase *db, QLoadedUser *user, QObject *receive
                 {tr("Сума після якої діє знижка"), 14, &asMoney},
                 {tr("Авто"), 8},
                 {tr("Блокування"), 8}});
+    addSearch(QStringLiteral("procent.name LIKE %1"), tr("Назва"));
     ShowData();
 }
 
@@ -27,7 +28,7 @@ void QTabDiscount::ShowData()
 {
     postTrace(receiver(), QStringLiteral("In QTabDiscount::ShowData.\nName table: ") + table +
                               QStringLiteral("\nquery: ") + query);
-    search(QString());
+    search(filter);
 }
 
 void QTabDiscount::Edit(const QModelIndex &index)

@@ -65,12 +65,11 @@ QString QTabGoodsShops::condition(const QString &text) const
     where += QLatin1Char(')');
     if (const uint shop = ui->cbShop->currentData().toUInt(); shop != 0)
         where += QStringLiteral(" AND goods_shop.id_shop=") + QString::number(shop);
-    if (!text.isEmpty())
-        where += QStringLiteral(" AND (goods.name LIKE %1 OR shops.address LIKE %1)").arg(likeContains(text));
-    return where;
+    const QString words = likeWords(QStringLiteral("(goods.name LIKE %1 OR shops.address LIKE %1)"), text);
+    return words.isEmpty() ? where : where + QStringLiteral(" AND ") + words;
 }
 
 void QTabGoodsShops::seerch(const QString &text)
 {
-    search(condition(text.trimmed()));
+    search(condition(text));
 }

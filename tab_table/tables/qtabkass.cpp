@@ -128,9 +128,9 @@ QString QTabKass::placeCondition() const
 void QTabKass::seerch(const QString &text)
 {
     QString where = placeCondition();
-    const QString wanted = text.trimmed();
-    if (!wanted.isEmpty())
-        where += QStringLiteral(" AND shops.address LIKE ") + likeContains(wanted);
+    const QString words = likeWords(QStringLiteral("shops.address LIKE %1"), text);
+    if (!words.isEmpty())
+        where += QStringLiteral(" AND ") + words;
     search(where);
 }
 

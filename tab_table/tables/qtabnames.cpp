@@ -15,5 +15,6 @@ QTabNames::QTabNames(const NameList &names, QSqlDatabase *db, QLoadedUser *user,
     query = QStringLiteral("SELECT id, name FROM ") + table;
     list()->setColumns({{QString(), 5, &asNumber}, {tr(names.caption), 40}}, table);
     model()->setHeaderData(QTabDelegate::Id, Qt::Horizontal, tr("Код"), Qt::ToolTipRole);
+    addSearch(table + QStringLiteral(".name LIKE %1"), tr(names.caption));
     ShowData();
 }

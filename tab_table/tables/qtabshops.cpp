@@ -92,15 +92,13 @@ QString QTabShops::condition(const QString &text) const
     const int state = ui->cbState->currentIndex();
     if (state == Working || state == Blocked)
         where += QStringLiteral(" AND shops.block=") + QString::number(state == Blocked ? 1 : 0);
-    if (!text.isEmpty())
-        where += QStringLiteral(" AND (shops.address LIKE ") + likeContains(text) +
-                 QStringLiteral(" or shops.name LIKE ") + likeContains(text) + QLatin1Char(')');
-    return where;
+    const QString words = likeWords(QStringLiteral("(shops.address LIKE %1 or shops.name LIKE %1)"), text);
+    return words.isEmpty() ? where : where + QStringLiteral(" AND ") + words;
 }
 
 void QTabShops::seerch(const QString &text)
 {
-    search(condition(text.trimmed()));
+    search(condition(text));
 }
 
 void QTabShops::searchAgain()

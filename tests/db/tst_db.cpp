@@ -22,6 +22,8 @@ private slots:
 
     void textOfPeopleStaysText_data();
     void textOfPeopleStaysText();
+    void wordsAreFoundInAnyOrder_data();
+    void wordsAreFoundInAnyOrder();
     void wrongNamesAreRefused();
     void failureNamesItsPlace();
     void uncommittedIsRolledBack();
@@ -66,6 +68,40 @@ void TstDb::textOfPeopleStaysText()
     QCOMPARE(db.firstRow("SELECT name FROM t WHERE name='nobody'").value(), QStringList());
     QVERIFY(!db.firstRow("SELECT missing FROM t") && !db.firstColumn("SELECT missing FROM t"));
     QCOMPARE(m_base->heard.texts().size(), 2);
+}
+
+void TstDb::wordsAreFoundInAnyOrder_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("found");
+    const auto row = [](const char *text, const char *found) { QTest::newRow(text) << text << found; };
+    row("", "1,2,3,4");
+    row(" \t ", "1,2,3,4");
+    row("молоко", "1,2,3");
+    row("200 молоко", "1");
+    row("  МОЛОКО \t 200  ", "1");
+    row("молоко 200 400", "");
+    row("2,5% пас", "2");
+    row("100% ко", "3");
+    row("а_б ко", "3");
+    row("а\\б", "4");
+    row("б О'", "4");
+    row("_", "3");
+    row("%1 молоко", "1");
+    row(":name ?", "4");
+}
+
+void TstDb::wordsAreFoundInAnyOrder()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, found);
+    m_base->exec({"CREATE TABLE t(id INT,name VARCHAR(100),place VARCHAR(100))",
+                  "INSERT INTO t VALUES(1,'Молоко %1 200 г','Пасаж'),(2,'Молоко 2,5% 400 г','пас. Нова'),"
+                  "(3,'молоко а_б','100% молоко'),(4,'О''Ніл ? :name','а\\\\б')"});
+    const QString words = likeWords("(name LIKE %1 OR place LIKE %1)", text);
+    QCOMPARE(m_base->rows("SELECT id FROM t" + (words.isEmpty() ? words : " WHERE " + words) + " ORDER BY id")
+                 .join(','),
+             found);
 }
 
 void TstDb::wrongNamesAreRefused()

@@ -24,6 +24,7 @@ private slots:
 
     void thresholdsKeepSixDigits();
     void listShowsLevels();
+    void searchFindsLevels();
     void addedLevelIsStored_data();
     void addedLevelIsStored();
     void wrongNumbersAreRefused_data();
@@ -105,6 +106,16 @@ void TstQTabDiscount::listShowsLevels()
                      m_tab->model()->headerData(column, Qt::Horizontal).toString());
     QCOMPARE(shown, QStringList({"Срібна/Назва", "3.50/Знижка", "1\u00a0000.00/Сума після якої діє знижка",
                                  "Так/Авто", "Ні/Блокування"}));
+}
+
+void TstQTabDiscount::searchFindsLevels()
+{
+    child<QLineEdit>(m_tab.get(), "leSearch")->setText("ЗНИЖ без");
+    QTRY_COMPARE(m_tab->model()->rowCount(), 1);
+    m_base->exec("UPDATE procent SET name='Зовсім без знижок' WHERE id=1");
+    m_tab->ShowData();
+    QTRY_COMPARE(m_tab->model()->index(0, 1).data().toString(), QString("Зовсім без знижок"));
+    QCOMPARE(m_tab->model()->rowCount(), 1);
 }
 
 void TstQTabDiscount::addedLevelIsStored_data()

@@ -808,7 +808,13 @@ void TstQTabGoods::searchFinds_data()
     QTest::newRow("name of another group") << "молоко" << 3 << true << none << 0;
     QTest::newRow("percent is a percent") << "5%" << 0 << true << QStringList{"7"} << 1;
     QTest::newRow("quotes") << "\"Бород" << 0 << true << QStringList{"8"} << 1;
-    for (const char *text : {"_", "'", "\\", "x'; DELETE FROM goods; -- ", "' OR 1=1 -- ", "?:a"})
+    QTest::newRow("words in any order") << "  5% мол " << 0 << false << QStringList{"7", "7"} << 1;
+    QTest::newRow("a word that is missing") << "молоко житнє" << 0 << false << none << 0;
+    QTest::newRow("short numbers are not looked for in barcodes") << "молоко 482" << 0 << true << none << 0;
+    QTest::newRow("long ones are") << "4820000 молоко" << 0 << true << QStringList{"7"} << 1;
+    QTest::newRow("words of another group") << "молоко 5" << 3 << true << none << 0;
+    for (const char *text :
+         {"_", "'", "\\", "молоко \\", "молоко _", "x'; DELETE FROM goods; -- ", "' OR 1=1 -- ", "?:a"})
         QTest::newRow(text) << text << 0 << true << none << 0;
 }
 

@@ -87,6 +87,7 @@ private slots:
     void hurriedHandsOnASlowLine();
     void typedWhileTheListLoads_data();
     void typedWhileTheListLoads();
+    void searchStoresTheTypedNameFirst();
     void refusedAmongOthers();
     void otherWindowIsQuicker();
     void refusedWhileSomethingElseIsWanted();
@@ -750,6 +751,35 @@ void TstQTabNames::typedWhileTheListLoads()
     QCOMPARE(answerQuestion([&] { QTRY_VERIFY(!m_page->names->isLoading()); }),
              QString("Не збережено набране далі: «Риба»."));
     m_base->exec("RENAME TABLE away TO group_goods");
+}
+
+/// Whoever types into the search field has left the name: it is stored, and found.
+void TstQTabNames::searchStoresTheTypedNameFirst()
+{
+    openSlowly(100);
+    edit(2);
+    editor()->selectAll();
+    typeText("Молоко дитяче 200");
+    pressKeys({Qt::CTRL + Qt::Key_F});
+    QCOMPARE(QApplication::focusWidget(), child<QLineEdit>(m_page->names, "leSearch"));
+    typeText("200 мол");
+    QTRY_COMPARE(shown(), QStringList("Молоко дитяче 200"));
+    QCOMPARE(names(), QStringList({"Молоко", "Молоко дитяче 200", "Хліб"}));
+    pressKeys({Qt::Key_Escape});
+    QTRY_COMPARE(shown().size(), 3);
+    // A refused name stays in its editor.
+    view()->setFocus();
+    edit(0);
+    editor()->selectAll();
+    typeText("Молоко");
+    QVERIFY(!answerQuestion([] {
+                 pressKeys({Qt::CTRL + Qt::Key_F});
+                 waitOutTasks();
+             }).isEmpty());
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed());
+    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Молоко дитяче 200"}));
 }
 
 /// What was typed behind it is not begun, and told.
