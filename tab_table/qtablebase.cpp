@@ -11,6 +11,7 @@
 #include "qtabkass.h"
 #include "qtabnames.h"
 #include "qtabshops.h"
+#include "qtabzzvit.h"
 #include "schema.h"
 
 #include <QTabWidget>
@@ -44,7 +45,7 @@ PageTable QTableBase::lines()
         {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), {}},
         {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"), {}},
         {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"), {}},
-        {"mt_z_zvits", Permission::ZZvit, QT_TRANSLATE_NOOP("Page", "Зміни"), {}},
+        {"mt_z_zvits", Permission::ZZvit, QT_TRANSLATE_NOOP("Page", "Зміни"), make<QTabZZvit>()},
         {"mt_slujb_op", Permission::SlujbOp, QT_TRANSLATE_NOOP("Page", "Службові операції"), {}},
         {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"), {}},
         {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), {}},

@@ -5,6 +5,7 @@
 #include "clientstatements.h"
 #include "db.h"
 #include "listpane.h"
+#include "pagebar.h"
 #include "permissions.h"
 #include "qaddedtcln.h"
 #include "qloadeduser.h"
@@ -22,9 +23,6 @@
 
 namespace {
 enum ColumnOf { Code, Level, Bonus, Purchases, Kind, Fixed, Group, Name };
-
-/// How many rows a page has as long as nobody says otherwise.
-const int usualPage = 100;
 
 /// The joins change no count: every card has one row.
 QString countSql()
@@ -107,22 +105,20 @@ void QTabClients::buildFilter()
 {
     ui->setupUi(addFilterBar());
     limitTo(ui->leSearch, "[0-9]{10}");
-    limitTo(ui->lePage, "[1-9][0-9]{0,6}");
-    ui->lePage->setText(QString::number(usualPage));
-    ui->lePage->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
-    for (QLineEdit *field : {ui->lePage, ui->lePerson})
-        field->installEventFilter(this);
+    ui->lePerson->installEventFilter(this);
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     m_personTyping->follow(ui->lePerson);
 }
 
 void QTabClients::connectFilter()
 {
-    connect(ui->pbLoad, &QPushButton::clicked, this, &QTabClients::load);
-    connect(ui->chAll, &QCheckBox::stateChanged, this, &QTabClients::CheckState);
-    connect(ui->lePage, &QLineEdit::returnPressed, this, &QTabClients::searchAgain);
-    connect(ui->pbPrevious, &QPushButton::clicked, this, &QTabClients::previousPage);
-    connect(ui->pbNext, &QPushButton::clicked, this, &QTabClients::nextPage);
+    connect(ui->pages, &PageBar::loadWanted, this, &QTabClients::load);
+    connect(ui->pages, &PageBar::allToggled, this, &QTabClients::CheckState);
+    connect(ui->pages, &PageBar::sizeEntered, this, &QTabClients::searchAgain);
+    connect(ui->pages, &PageBar::sizeFilled, this,
+            [this] { postTrace(receiver(), QStringLiteral("QTabClients::eventFilter")); });
+    connect(ui->pages, &PageBar::previousWanted, this, &QTabClients::previousPage);
+    connect(ui->pages, &PageBar::nextWanted, this, &QTabClients::nextPage);
     connect(m_personTyping, &TypingPause::ended, this, &QTabClients::searchAgain);
     connect(m_counter, &QueryOwner::answered, this, &QTabClients::takeCount);
     connect(ui->pbReceipts, &QPushButton::toggled, this, &QTabClients::showReceipts);
@@ -187,10 +183,10 @@ void QTabClients::seerch(const QString &text)
     postTrace(receiver(), QStringLiteral("QTabClients::seerch(QString)=") + text);
     m_personTyping->drop();
     m_condition = also(also(m_base, codeCondition(text)), personCondition());
-    m_pages = {PageStart()};
+    ui->pages->restart();
     m_counter->cancel();
     m_total = -1;
-    ui->labelCount->setText(tr("Кількість записів") + QStringLiteral(" …"));
+    ui->pages->setCountText(tr("Кількість записів") + QStringLiteral(" …"));
     showPage();
 }
 
@@ -205,14 +201,9 @@ void QTabClients::CheckState(int state)
     postTrace(receiver(), QStringLiteral("QTabClients::CheckState=") + QString::number(state));
 }
 
-int QTabClients::pageSize() const
-{
-    return ui->chAll->isChecked() ? 0 : qMax(1, ui->lePage->text().toInt());
-}
-
 void QTabClients::showPage()
 {
-    ShowData(pageSize());
+    ShowData(ui->pages->pageSize());
 }
 
 /// A page begins behind the last card of the one before: however far it is, the server reads no other.
@@ -221,33 +212,30 @@ void QTabClients::ShowData(int n)
     postTrace(receiver(), QStringLiteral("In QTab::ShowData.\nName table: ") + table +
                               QStringLiteral("\nquery: ") + query);
     m_limit = n;
-    const qint64 after = m_pages.constLast().after;
     QString where = m_condition;
-    if (after > 0)
-        where = also(where, QStringLiteral("clients.id>%1").arg(after));
+    if (ui->pages->start().isValid())
+        where = also(where, QStringLiteral("clients.id>%1").arg(ui->pages->start().toLongLong()));
     search(n < 1 ? where : where + QStringLiteral(" ORDER BY clients.id LIMIT %1").arg(n));
 }
 
 void QTabClients::previousPage()
 {
-    if (list()->isLoading() || m_pages.size() < 2)
-        return;
-    m_pages.removeLast();
-    showPage();
+    if (!list()->isLoading() && ui->pages->goBack())
+        showPage();
 }
 
 void QTabClients::nextPage()
 {
     if (list()->isLoading())
         return;
-    m_pages.append({lastCode(), m_pages.constLast().before + model()->rowCount()});
+    ui->pages->goOn(lastCode(), model()->rowCount());
     showPage();
 }
 
 /// The rows may be sorted by something else.
 qint64 QTabClients::lastCode() const
 {
-    qint64 last = m_pages.constLast().after;
+    qint64 last = ui->pages->start().toLongLong();
     for (int row = 0; row < model()->rowCount(); ++row)
         last = qMax(last, model()->stored(row, 0).toLongLong());
     return last;
@@ -258,7 +246,7 @@ void QTabClients::rowsShown()
 {
     const int rows = model()->rowCount();
     if (m_total < 0 && (m_limit < 1 || rows < m_limit))
-        setTotal(m_pages.constLast().before + rows);
+        setTotal(ui->pages->rowsBefore() + rows);
     else if (m_total < 0)
         countCards();
     showPaging();
@@ -286,7 +274,7 @@ void QTabClients::takeCount(const std::shared_ptr<QueryAnswer> &answer)
 void QTabClients::setTotal(qint64 total)
 {
     m_total = total;
-    ui->labelCount->setText(total < 0 ? tr("Кількість записів невідома")
+    ui->pages->setCountText(total < 0 ? tr("Кількість записів невідома")
                                       : tr("Кількість записів") + QLatin1Char(' ') + QString::number(total));
     showPaging();
 }
@@ -296,19 +284,13 @@ void QTabClients::showPaging()
 {
     if (list()->isLoading())
         return;
-    const qint64 shown = m_pages.constLast().before + model()->rowCount();
+    const qint64 shown = ui->pages->rowsBefore() + model()->rowCount();
     const bool isFull = m_limit > 0 && model()->rowCount() >= m_limit;
-    ui->labelPage->setText(tr("сторінка %1").arg(m_pages.size()));
-    ui->pbPrevious->setEnabled(m_pages.size() > 1);
-    ui->pbNext->setEnabled(m_total < 0 ? isFull : shown < m_total);
+    ui->pages->showPage(m_total < 0 ? isFull : shown < m_total);
 }
 
 bool QTabClients::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == ui->lePage && event->type() == QEvent::FocusOut && ui->lePage->text().isEmpty()) {
-        postTrace(receiver(), QStringLiteral("QTabClients::eventFilter"));
-        ui->lePage->setText(QStringLiteral("1"));
-    }
     if (watched == ui->lePerson && event->type() == QEvent::KeyPress &&
         clientKey(static_cast<QKeyEvent *>(event)->key()))
         return true;

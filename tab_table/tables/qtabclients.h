@@ -48,19 +48,12 @@ protected:
     void followRights() override;
 
 private:
-    /// Where a page begins: behind this card, and so many cards stand before it.
-    struct PageStart
-    {
-        qint64 after = 0;
-        qint64 before = 0;
-    };
     void buildFilter();
     void connectFilter();
     void showReceipts(bool show);
     void followCard();
     void searchAgain();
     void showPage();
-    int pageSize() const;
     QString personCondition() const;
     bool clientKey(int key);
     void countCards();
@@ -82,8 +75,6 @@ private:
     QString m_base;
     /// What is searched for, behind it.
     QString m_condition;
-    /// The pages up to the one that is shown.
-    QVector<PageStart> m_pages = {PageStart()};
     /// Of the load that is shown or on its way; 0 for all.
     int m_limit = 0;
     /// -1 while it is not known.

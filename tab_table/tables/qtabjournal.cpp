@@ -1,0 +1,232 @@
+#include "qtabjournal.h"
+#include "ui_qtabjournalfilter.h"
+
+#include "listpane.h"
+#include "permittedlists.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+#include "typedinput.h"
+#include "typingpause.h"
+
+#include <QVBoxLayout>
+
+QString JournalAsked::placeCondition(const QString &table) const
+{
+    QString condition = shops;
+    if (place.shop != 0)
+        condition += QStringLiteral(" AND %1.id_shop=%2").arg(table).arg(place.shop);
+    if (place.kass != 0)
+        condition += QStringLiteral(" AND %1.id_kass=%2").arg(table).arg(place.kass);
+    return condition;
+}
+
+QTabJournal::QTabJournal(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
+                         QWidget *parent)
+    : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
+    , ui(std::make_unique<Ui::QTabJournalFilter>())
+    , m_daysPause(new TypingPause(this))
+{
+    recordRefusal = tr("Це записи кас: їх не додають і не змінюють.");
+    list()->breakCaptions();
+    list()->expectLongLoads();
+    list()->setArranging([this](RowStore &&found) { return takePage(std::move(found)); });
+}
+
+QTabJournal::~QTabJournal()
+{
+    // The fields are left on the way out.
+    delete m_daysPause;
+}
+
+void QTabJournal::open(const QString &numberCaption)
+{
+    buildFilter(numberCaption);
+    connectFilter();
+    refillPlaces();
+    searchAgain();
+}
+
+void QTabJournal::buildFilter(const QString &numberCaption)
+{
+    ui->setupUi(addFilterBar());
+    ui->label_leSearch->setText(numberCaption);
+    ui->range->hideNumbers();
+    ui->range->setEnabled(false);
+    ui->place->open(db().connection()->connectionName(), receiver());
+    list()->setButtons(nullptr, ui->pbStop);
+    limitTo(ui->leSearch, "[0-9]{0,10}");
+    setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
+}
+
+void QTabJournal::connectFilter()
+{
+    connect(ui->place, &PlaceSelector::groupChanged, this, &QTabJournal::refillShops);
+    connect(ui->place, &PlaceSelector::shopChanged, this, [this] {
+        ui->place->refillRegisters(
+            QStringLiteral("SELECT IFNULL(advertising_str,CONCAT('№ ',id)),id FROM kassa WHERE id_shop=") +
+            QString::number(ui->place->place().shop) + QStringLiteral(" ORDER BY advertising_str,id"));
+    });
+    connect(ui->place, &PlaceSelector::chosen, this, &QTabJournal::followPlace);
+    connect(ui->chDays, &QCheckBox::toggled, ui->range, &QWidget::setEnabled);
+    connect(ui->chDays, &QCheckBox::toggled, this, &QTabJournal::searchAgain);
+    connect(ui->range, &RangeSelector::changed, m_daysPause, &TypingPause::begin);
+    connect(m_daysPause, &TypingPause::ended, this, &QTabJournal::searchAgain);
+    connect(ui->pages, &PageBar::loadWanted, this, &QTabJournal::searchAgain);
+    connect(ui->pages, &PageBar::sizeEntered, this, &QTabJournal::searchAgain);
+    connect(ui->pages, &PageBar::previousWanted, this, &QTabJournal::previousPage);
+    connect(ui->pages, &PageBar::nextWanted, this, &QTabJournal::nextPage);
+}
+
+void QTabJournal::refillPlaces()
+{
+    ui->place->refillGroups(permittedGroupsSql(*user(), true));
+    refillShops();
+}
+
+/// Blocked shops and registers too: what they have sold stays.
+void QTabJournal::refillShops()
+{
+    ui->place->refillShops(QStringLiteral("SELECT address,id FROM shops WHERE") + asked().shops +
+                           QStringLiteral(" ORDER BY address,id"));
+}
+
+void QTabJournal::followRights()
+{
+    if (!user()->isLoaded())
+        return;
+    ui->place->keepChoice();
+    refillPlaces();
+}
+
+/// Also when the boxes have been filled for the first time, which changes nothing.
+void QTabJournal::followPlace()
+{
+    const JournalAsked now = asked();
+    if (now.place.shop != m_asked.place.shop || now.place.kass != m_asked.place.kass ||
+        now.shops != m_asked.shops)
+        searchAgain();
+}
+
+bool QTabJournal::isLoading() const
+{
+    return QTab::isLoading() || ui->place->isReading() || m_daysPause->isRunning();
+}
+
+void QTabJournal::run(Command command)
+{
+    if (command == Command::Delete)
+        QTab::run(command);
+}
+
+JournalAsked QTabJournal::asked() const
+{
+    JournalAsked asked;
+    asked.place = ui->place->place();
+    const QString field = QStringLiteral("shops.group_shop");
+    asked.shops = asked.place.group == 0 ? GetStrLstGroupFromPermis(user(), field, true)
+                                         : QStringLiteral(" %1=%2").arg(field).arg(asked.place.group);
+    if (ui->chDays->isChecked()) {
+        asked.from = ui->range->from();
+        asked.to = ui->range->to();
+    }
+    asked.number = ui->leSearch->text();
+    return asked;
+}
+
+void QTabJournal::searchAgain()
+{
+    seerch(ui->leSearch->text());
+}
+
+void QTabJournal::seerch(const QString &text)
+{
+    postTrace(receiver(),
+              QLatin1String(metaObject()->className()) + QStringLiteral("::seerch(QString)=") + text);
+    m_daysPause->drop();
+    m_asked = asked();
+    m_asked.number = text;
+    m_askedHeading = QStringList{windowTitle(), ui->place->description()};
+    if (m_asked.hasDays())
+        m_askedHeading.append(ui->range->description());
+    ui->pages->restart();
+    showPage();
+}
+
+void QTabJournal::showPage()
+{
+    if (refuse(m_asked))
+        return;
+    const int size = ui->pages->pageSize();
+    m_pageRows = size == 0 ? mostRows : qMin(size, mostRows);
+    loadPage(m_asked, ui->pages->start(), m_pageRows);
+}
+
+QString QTabJournal::refusesAll(const JournalAsked &asked) const
+{
+    Q_UNUSED(asked)
+    return {};
+}
+
+/// In the list, where the rows would stand.
+bool QTabJournal::refuse(const JournalAsked &asked)
+{
+    QString why;
+    if (asked.hasDays())
+        why = ui->range->refusal();
+    if (why.isEmpty() && ui->pages->pageSize() == 0)
+        why = refusesAll(asked);
+    if (why.isEmpty())
+        return false;
+    list()->clear();
+    view()->setEmptyText(why);
+    emit loaded();
+    return true;
+}
+
+void QTabJournal::showRows(const QString &from)
+{
+    search(from);
+    const bool isNarrowed = m_asked.hasDays() || !m_asked.number.isEmpty() ||
+                            m_asked.place.group + m_asked.place.shop + m_asked.place.kass != 0;
+    list()->setEmptyText(isNarrowed ? QTab::tr("За цими умовами нічого не знайдено.")
+                                    : QTab::tr("Записів ще немає."));
+}
+
+/// The statement has asked for one row more than a page has: it tells whether there is a next page.
+RowStore QTabJournal::takePage(RowStore &&found)
+{
+    m_hasNext = found.rowCount() > m_pageRows;
+    RowStore page;
+    std::vector<std::string_view> cells(static_cast<size_t>(model()->columnCount()));
+    for (int row = 0; m_hasNext && row < m_pageRows; ++row) {
+        for (size_t column = 0; column < cells.size(); ++column)
+            cells[column] = found.cell(row, static_cast<int>(column));
+        page.append(cells);
+    }
+    if (!m_hasNext)
+        page = std::move(found);
+    m_next = keyBehind(page, ui->pages->start());
+    return page;
+}
+
+void QTabJournal::rowsShown()
+{
+    list()->setHeading(m_askedHeading);
+    ui->pages->showPage(m_hasNext);
+}
+
+void QTabJournal::previousPage()
+{
+    if (!list()->isLoading() && ui->pages->goBack())
+        showPage();
+}
+
+void QTabJournal::nextPage()
+{
+    if (list()->isLoading() || !m_hasNext)
+        return;
+    ui->pages->goOn(m_next, model()->rowCount());
+    showPage();
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "place.h"
+#include "qtab.h"
+
+namespace Ui {
+class QTabJournalFilter;
+}
+
+/// Which rows of a journal are wanted.
+struct JournalAsked
+{
+    /// What was chosen; 0 for all.
+    Place place;
+    /// The shops that are meant where none was chosen, as a condition on `shops` with a blank before it.
+    QString shops;
+    /// The first and the last second as yyyyMMddhhmmss; empty for all times.
+    QString from;
+    QString to;
+    /// The number of a receipt or shift; empty for all.
+    QString number;
+
+    /// The condition of the place. table: has id_shop and id_kass; `shops` is joined.
+    QString placeCondition(const QString &table) const;
+    bool hasDays() const { return !from.isEmpty(); }
+};
+
+/// The base of the tabs that list what the registers wrote: of a place, of some days, by its number; newest
+/// first, a page at a time. Nobody edits here.
+class QTabJournal : public QTab
+{
+    Q_OBJECT
+
+public:
+    QTabJournal(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
+    ~QTabJournal() override;
+
+    bool isLoading() const override;
+    void run(Command command) override;
+
+    /// So many rows are shown when all are asked for.
+    static constexpr int mostRows = 200000;
+
+public slots:
+    /// What has that number, from the newest on; all for an empty text.
+    void seerch(const QString &text);
+    void searchAgain();
+    void previousPage();
+    void nextPage();
+
+signals:
+    /// The receipts of a shift are to be shown.
+    void shiftWanted(const Place &place, uint shift);
+
+protected:
+    /// Behind setColumns(): the filter and the first page. numberCaption: what the number is of, with its
+    /// key ("Чек &№:").
+    void open(const QString &numberCaption);
+    /// Asks by showRows() for the rows of a page, which begins at the key (invalid: with the newest row).
+    virtual void loadPage(const JournalAsked &asked, const QVariant &start, int rows) = 0;
+    /// The key behind the rows of a page that begins at that key; they stand as the server sent them.
+    virtual QVariant keyBehind(const RowStore &rows, const QVariant &start) const = 0;
+    /// Why not even many rows can be shown at once; empty when they can.
+    virtual QString refusesAll(const JournalAsked &asked) const;
+    /// The FROM of a page's statement with all that follows.
+    void showRows(const QString &from);
+    void rowsShown() override;
+    void followRights() override;
+
+private:
+    void buildFilter(const QString &numberCaption);
+    void connectFilter();
+    void refillPlaces();
+    void refillShops();
+    void followPlace();
+    void showPage();
+    bool refuse(const JournalAsked &asked);
+    JournalAsked asked() const;
+    RowStore takePage(RowStore &&found);
+
+    std::unique_ptr<Ui::QTabJournalFilter> ui;
+    /// The days are typed section by section.
+    TypingPause *m_daysPause;
+    /// Of the load that is shown or on its way.
+    JournalAsked m_asked;
+    QStringList m_askedHeading;
+    int m_pageRows = 0;
+    /// Of the rows in the list.
+    bool m_hasNext = false;
+    QVariant m_next;
+};

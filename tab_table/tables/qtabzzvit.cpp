@@ -1,0 +1,113 @@
+#include "qtabzzvit.h"
+
+#include "db.h"
+#include "qrowmodel.h"
+
+namespace {
+enum ColumnOf { Number, Shop, Register, Time = 16, SortedTime, IdShop, IdKass };
+
+/// An open shift is the newest; of one without any time nobody knows.
+const QString sortedTime = QStringLiteral("IF(z_zvit.data_time=0,'9999-12-31 23:59:59',"
+                                          "IFNULL(z_zvit.data_time,'0001-01-01 00:00:00'))");
+
+QString closingTime(std::string_view stored)
+{
+    return stored.substr(0, 10) == "0000-00-00" ? QTabZZvit::tr("відкрита") : asDateTime.shown(stored);
+}
+
+/// The time at which a shift was closed; an open one says so.
+const CellFormat asClosingTime = {closingTime, closingTime, false};
+
+QString daysCondition(const JournalAsked &asked)
+{
+    if (!asked.hasDays())
+        return {};
+    return QStringLiteral(" AND z_zvit.data_time>=%1 AND z_zvit.data_time<=%2").arg(asked.from, asked.to);
+}
+
+QString numberCondition(const JournalAsked &asked)
+{
+    return asked.number.isEmpty() ? QString()
+                                  : QStringLiteral(" AND z_zvit.id_zzvit=%1").arg(asked.number.toULongLong());
+}
+
+/// Behind that shift: its time, register and number, in the order of the list.
+QString startCondition(const QStringList &key)
+{
+    if (key.isEmpty())
+        return {};
+    return QStringLiteral(" AND (%1<%2 OR (%1=%2 AND (z_zvit.id_kass>%3 OR (z_zvit.id_kass=%3 AND "
+                          "z_zvit.id_zzvit<%4))))")
+        .arg(sortedTime, lit(key.at(0)), key.at(1), key.at(2));
+}
+} // namespace
+
+QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent)
+    : QTabJournal(db, user, receiver, set, parent)
+{
+    table = QStringLiteral("z_zvit");
+    query = QStringLiteral(
+        "SELECT z_zvit.id_zzvit,shops.address,kassa.advertising_str,IFNULL(z_zvit.Oborot_A,0)+"
+        "IFNULL(z_zvit.Oborot_B,0)+IFNULL(z_zvit.Oborot_V,0)+IFNULL(z_zvit.Oborot_G,0)+"
+        "IFNULL(z_zvit.Oborot_D,0)-IFNULL(z_zvit.summ_diskount,0),z_zvit.cash,z_zvit.beznal_1,"
+        "z_zvit.beznal_2,z_zvit.beznal_3,z_zvit.count_cheks,z_zvit.count_cheks_ret,"
+        "z_zvit.count_chek_diskount,z_zvit.count_position_canc,z_zvit.count_chek_canc,z_zvit.summ_diskount,"
+        "z_zvit.vnesenia,z_zvit.viluchenia,z_zvit.data_time,newest.sorted,z_zvit.id_shop,z_zvit.id_kass FROM ");
+    const int money = 9;
+    const int count = 5;
+    setColumns({{tr("Звіт №"), 5, &asNumber},
+                {tr("Магазин"), 20},
+                {tr("Каса"), 10},
+                {tr("Оборот"), money, &asMoney},
+                {tr("Готівкою"), money, &asMoney},
+                {tr("Безготівка1"), money, &asMoney},
+                {tr("Безготівка2"), money, &asMoney},
+                {tr("Безготівка3"), money, &asMoney},
+                {tr("Чеків"), count, &asNumber},
+                {tr("Чеків повернення"), count, &asNumber},
+                {tr("Чеків зі знижкою"), count, &asNumber},
+                {tr("Позицій анульовано"), count, &asNumber},
+                {tr("Чеків анульовано"), count, &asNumber},
+                {tr("Сума знижки"), money, &asMoney},
+                {tr("Внесення"), money, &asMoney},
+                {tr("Вилучення"), money, &asMoney},
+                {tr("Дата та час"), 17, &asClosingTime},
+                {QString(), 0, &asText, true},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true}});
+    open(tr("Звіт &№:"));
+}
+
+/// The page is found by its keys alone, and only its rows are joined.
+void QTabZZvit::loadPage(const JournalAsked &asked, const QVariant &start, int rows)
+{
+    showRows(QStringLiteral("(SELECT z_zvit.id_zzvit,z_zvit.id_kass,%1 AS sorted FROM z_zvit JOIN shops ON "
+                            "z_zvit.id_shop=shops.id WHERE%2 ORDER BY sorted DESC,z_zvit.id_kass,"
+                            "z_zvit.id_zzvit DESC LIMIT %3) newest JOIN z_zvit ON "
+                            "z_zvit.id_zzvit=newest.id_zzvit AND z_zvit.id_kass=newest.id_kass LEFT JOIN "
+                            "shops ON z_zvit.id_shop=shops.id LEFT JOIN kassa ON z_zvit.id_kass=kassa.id "
+                            "ORDER BY newest.sorted DESC,newest.id_kass,newest.id_zzvit DESC")
+                 .arg(sortedTime, asked.placeCondition(QStringLiteral("z_zvit")) + daysCondition(asked) +
+                                      numberCondition(asked) + startCondition(start.toStringList()))
+                 .arg(rows + 1));
+}
+
+QVariant QTabZZvit::keyBehind(const RowStore &rows, const QVariant &start) const
+{
+    const int last = rows.rowCount() - 1;
+    if (last < 0)
+        return start;
+    const auto text = [&](int column) {
+        const std::string_view cell = rows.cell(last, column);
+        return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
+    };
+    return QStringList{text(SortedTime), text(IdKass), text(Number)};
+}
+
+void QTabZZvit::Edit(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    const auto number = [&](int column) { return static_cast<uint>(model()->number(index.row(), column)); };
+    emit shiftWanted({0, number(IdShop), number(IdKass)}, number(Number));
+}
