@@ -2,6 +2,7 @@
 
 #include "permissions.h"
 #include "qcashdrive.h"
+#include "qcomands.h"
 #include "qimportclient.h"
 #include "qregistersale.h"
 #include "qreports.h"
@@ -50,7 +51,8 @@ PageTable Pages::others()
          [this] { return new QCashDrive(m_db, m_user, m_window, m_setting, m_tabs); }},
         {"importcln", Permission::ClientImport, QT_TRANSLATE_NOOP("Page", "Імпорт клієнтів"),
          [this] { return new QImportClient(m_db, m_user, m_window, m_tabs); }},
-        {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"), {}},
+        {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"),
+         [this] { return new QComands(m_db, m_user, m_window, m_setting, nullptr); }},
         {"mc_users", Permission::Users, "", {}},
         {"premis_group", Permission::PermissionGroups, "", {}},
         {"mt_importBD", Permission::PreviousImport, "", {}},

@@ -32,7 +32,7 @@ bool announce(const Db &db)
 {
     return QUpdateBD().update(QStringList{"group_shop", "group_goods", "shops", "kassa", "users", "goods",
                                           "dk_shc", "prices", "action", "goods_shop", "procent", "clients",
-                                          "group_premission"},
+                                          "group_premission", "comands"},
                               *db.connection(), db.receiver());
 }
 } // namespace

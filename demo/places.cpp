@@ -3,6 +3,7 @@
 #include "stages.h"
 
 #include <QStringList>
+#include <array>
 
 namespace demo {
 namespace {
@@ -145,12 +146,28 @@ bool writeRegisters(const Db &db, const Chain &chain)
     }
     return rows.finish();
 }
+
+/// One of them is named like a type of device and is what a right click starts for such devices.
+bool writeCommands(const Db &db)
+{
+    BulkInsert rows(db, QStringLiteral("comands(name,comand,param)"));
+    for (const auto &[name, path, parameters] : std::initializer_list<std::array<const char *, 3>>{
+             {"Відеосервер", "/usr/bin/xdg-open", "rtsp://[{IP}]:554/"},
+             {"Сторінка пристрою", "/usr/bin/xdg-open", "http://[{IP}]/"},
+             {"Перевірка зв'язку", "/usr/bin/x-terminal-emulator", "-e ping [{IP}]"}})
+        rows.add(SqlRow()
+                     .text(QString::fromUtf8(name))
+                     .text(QString::fromUtf8(path))
+                     .text(QString::fromUtf8(parameters)));
+    return rows.finish();
+}
 } // namespace
 
 bool fillPlaces(const Db &db, Chain *chain)
 {
     chain->shops = makeShops(chain->plan);
     chain->registers = makeRegisters(*chain);
-    return fillGroups(db, chain->plan) && writeShops(db, chain->shops) && writeRegisters(db, *chain);
+    return fillGroups(db, chain->plan) && writeShops(db, chain->shops) && writeRegisters(db, *chain) &&
+           writeCommands(db);
 }
 } // namespace demo

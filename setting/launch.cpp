@@ -13,6 +13,8 @@ struct Launch
     Q_DECLARE_TR_FUNCTIONS(Launch)
 };
 
+const QLatin1String addressPlace("[{IP}]");
+
 ProgramStarter &starter()
 {
     static ProgramStarter instance;
@@ -36,18 +38,22 @@ void tell(QWidget *parent, QObject *receiver, const QString &text, const char *f
     QQestion::question(parent, Launch::tr("Попередження."), text, true);
 }
 
-QString commandLine(const LaunchCommand &command)
-{
-    QString line = QLatin1Char('"') + command.path + QLatin1Char('"');
-    if (!command.param.isEmpty())
-        line += QLatin1Char(' ') + command.param;
-    return line;
-}
 } // namespace
 
 void setProgramStarter(const ProgramStarter &replacement)
 {
     starter() = replacement;
+}
+
+QString commandLine(const LaunchCommand &command, const QString &address)
+{
+    // Three quotes are one that belongs to the path.
+    QString path = command.path;
+    path.replace(QLatin1Char('"'), QStringLiteral("\"\"\""));
+    QString line = QLatin1Char('"') + path + QLatin1Char('"');
+    if (!command.param.isEmpty())
+        line += QLatin1Char(' ') + command.param;
+    return line.replace(addressPlace, address);
 }
 
 QString dottedAddress(const QString &text)
@@ -70,17 +76,13 @@ bool launchProgram(QWidget *parent, QObject *receiver, const LaunchCommand &comm
 {
     if (command.path.isEmpty())
         return false;
-    QString line = commandLine(command);
-    const QString placeholder = QStringLiteral("[{IP}]");
-    if (line.contains(placeholder)) {
-        const QString valid = dottedAddress(address);
-        if (valid.isEmpty()) {
-            tell(parent, receiver, Launch::tr("Помилка в IP адресі"));
-            return false;
-        }
-        line.replace(placeholder, valid);
+    const bool hasPlace = command.path.contains(addressPlace) || command.param.contains(addressPlace);
+    const QString valid = hasPlace ? dottedAddress(address) : QString();
+    if (hasPlace && valid.isEmpty()) {
+        tell(parent, receiver, Launch::tr("Помилка в IP адресі"));
+        return false;
     }
-    if (startDetached(line))
+    if (startDetached(commandLine(command, valid)))
         return true;
     if (QFileInfo::exists(command.path))
         tell(parent, receiver, Launch::tr("Помилка запуску зовнішньої програми."));

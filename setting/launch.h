@@ -21,6 +21,10 @@ struct LaunchCommand
 /// replaces it. What stands in the way is shown over parent and posted to receiver for the log.
 bool launchProgram(QWidget *parent, QObject *receiver, const LaunchCommand &command, const QString &address);
 
+/// The line that is started: the path in quotes, a blank and the parameters as they stand, with the address
+/// in the place of each "[{IP}]".
+QString commandLine(const LaunchCommand &command, const QString &address);
+
 /// The address with its numbers written without leading zeros, which some programs read as octal; empty
 /// for anything but four numbers from 0 to 255.
 QString dottedAddress(const QString &text);

@@ -52,6 +52,13 @@ void TstLaunch::addressIsPutIn_data()
     QTest::newRow("blanks in the path") << "/opt/my viewer/v"
                                         << "-f \"a b\""
                                         << "10.0.0.1" << QStringList{"/opt/my viewer/v", "-f", "a b"};
+    QTest::newRow("quotes in the path") << "/opt/\"my viewer\"/v\""
+                                        << "\"\"\"a\"\"\""
+                                        << "" << QStringList{"/opt/\"my viewer\"/v\"", "\"a\""};
+    QTest::newRow("of another system")
+        << "C:\\Program Files\\v.exe"
+        << "\\\\[{IP}]\\c$ /x"
+        << "10.0.0.1" << QStringList{"C:\\Program Files\\v.exe", "\\\\10.0.0.1\\c$", "/x"};
     QTest::newRow("no place, no address") << "/opt/v"
                                           << "-a 1,2"
                                           << "..." << QStringList{"/opt/v", "-a", "1,2"};
@@ -108,6 +115,10 @@ void TstLaunch::failureIsTold()
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(answerQuestion([&] {
                  QVERIFY(!launchProgram(nullptr, nullptr, {file.fileName(), ""}, ""));
+             }),
+             QString("Помилка запуску зовнішньої програми."));
+    QCOMPARE(answerQuestion([&] {
+                 QVERIFY(!launchProgram(nullptr, nullptr, {directory.path(), ""}, ""));
              }),
              QString("Помилка запуску зовнішньої програми."));
 }
