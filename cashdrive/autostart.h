@@ -32,8 +32,13 @@ public:
 
 signals:
     void due(const QDateTime &now);
+    /// The next day is another one, because the clock was set.
+    void moved();
 
 private:
+    QDate dayBehind(const QDateTime &now) const;
+    void settle(const QDateTime &now);
+
     std::function<QDateTime()> m_now = &QDateTime::currentDateTime;
     QTimer m_timer;
     QTime m_time;

@@ -105,6 +105,7 @@ void QCashDrive::setUpAutoStart()
     connect(ui->teTime, &QTimeEdit::timeChanged, this, take);
     connect(ui->chAutoStart, &QCheckBox::toggled, this, take);
     connect(m_autoStart, &AutoStart::due, this, &QCashDrive::startByClock);
+    connect(m_autoStart, &AutoStart::moved, this, &QCashDrive::showStarts);
     armAutoStart();
 }
 

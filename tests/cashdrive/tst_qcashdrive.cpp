@@ -273,6 +273,11 @@ void TstQCashDrive::clockTellsOnceADay_data()
                                     << "26 01:00,27 03:00";
     // The clock goes from 02:59 to 04:00, and from 03:59 back to 03:00.
     QTest::newRow("summer time") << never << QStringList{"29 02:59", "29 04:00", "29 04:01"} << "29 04:00";
+    QTest::newRow("wrong clock set right")
+        << never << QStringList{"08 12:00", "28 12:00", "09 02:00", "09 03:00"} << "28 12:00,09 03:00";
+    QTest::newRow("set back over midnight")
+        << never << QStringList{"24 02:00", "24 03:00", "24 02:30", "23 23:30", "24 03:00", "25 03:00"}
+        << "24 03:00,25 03:00";
     QTest::newRow("winter time") << never << QStringList{"25 02:59", "25 03:00", "25 03:00", "25 03:59"}
                                  << "25 03:00";
 }
@@ -291,7 +296,10 @@ void TstQCashDrive::clockTellsOnceADay()
     autoStart.setClock([&now] { return now; });
     if (!last.isEmpty())
         autoStart.setLast(moment(last));
-    connect(&autoStart, &AutoStart::due, this, [&] { told.append(now.toString("dd HH:mm")); });
+    connect(&autoStart, &AutoStart::due, this, [&] {
+        told.append(now.toString("dd HH:mm"));
+        autoStart.setLast(now);
+    });
     for (const QString &look : looks) {
         now = moment(look);
         if (!autoStart.isOn())
