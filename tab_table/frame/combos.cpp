@@ -162,6 +162,14 @@ void chooseText(QComboBox *box, const QString &text)
     box->setCurrentIndex(box->findText(text));
 }
 
+void stopOffering(QComboBox *box, int row)
+{
+    if (auto *list = qobject_cast<QListView *>(box->view()))
+        list->setRowHidden(row, true);
+    if (auto *item = qobject_cast<QStandardItemModel *>(box->model())->item(row))
+        item->setEnabled(false);
+}
+
 NamedId chosenItem(const QComboBox *box)
 {
     return {box->currentText(), toText(box->currentData())};

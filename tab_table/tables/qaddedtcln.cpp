@@ -130,12 +130,15 @@ void QAddEdtCln::loaded()
     ui->leCount->setFocus();
 }
 
-/// A card keeps a level that is offered no more.
+/// A card keeps a level that is offered no more; once another is chosen there is no way back to it.
 void QAddEdtCln::showField(const QString &key, const std::optional<RecordField> &value)
 {
-    if (key == levelColumn && value && ui->cbProcent->findData(value->stored) < 0)
-        m_blockedLevel = value->shown;
+    const bool isOffered = key != levelColumn || !value || ui->cbProcent->findData(value->stored) >= 0;
     RecordDialog::showField(key, value);
+    if (!isOffered) {
+        m_blockedLevel = value->shown;
+        stopOffering(ui->cbProcent, ui->cbProcent->currentIndex());
+    }
     showBlockedLevel();
 }
 

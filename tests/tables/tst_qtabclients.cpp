@@ -16,6 +16,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMutex>
 #include <QPushButton>
 
@@ -435,16 +436,39 @@ void TstQTabClients::calendarOfNoDate()
     QCOMPARE(m_base->value("SELECT birthday+0 FROM clients WHERE id=1"), QString("19950203"));
 }
 
+namespace {
+/// What the open list of a box shows.
+QStringList offered(const QComboBox *box)
+{
+    const auto *list = qobject_cast<const QListView *>(box->view());
+    QStringList texts;
+    for (int row = 0; row < box->count(); ++row) {
+        if (!list->isRowHidden(row))
+            texts.append(box->itemText(row));
+    }
+    return texts;
+}
+} // namespace
+
 void TstQTabClients::blockedLevelStays()
 {
     openTab();
     QVERIFY(edit(2200000012, [](QAddEdtCln *editor) {
-        const auto *levels = child<QComboBox>(editor, "cbProcent");
-        QStringList offered;
-        for (int i = 0; i < levels->count(); ++i)
-            offered.append(levels->itemText(i));
-        QCOMPARE(offered, QStringList({"Без знижки", "Дрібна", "Срібна"}));
+        QCOMPARE(offered(child<QComboBox>(editor, "cbProcent")),
+                 QStringList({"Без знижки", "Дрібна", "Срібна"}));
         QVERIFY(!child<QLabel>(editor, "labelProcent")->isVisible());
+    }));
+    QVERIFY(edit(2200001203, [](QAddEdtCln *editor) {
+        auto *levels = child<QComboBox>(editor, "cbProcent");
+        QCOMPARE(levels->currentText(), QString("Стара"));
+        // It is not offered: neither the list nor the keys lead to it.
+        QCOMPARE(offered(levels), QStringList({"Без знижки", "Дрібна", "Срібна"}));
+        enter(editor, "cbProcent", "Срібна");
+        editor->activateWindow();
+        levels->setFocus();
+        QTRY_VERIFY(levels->hasFocus());
+        pressKeys({Qt::Key_Down, Qt::Key_End, Qt::Key_Down});
+        QCOMPARE(levels->currentText(), QString("Срібна"));
     }));
     QVERIFY(edit(2200001203, [](QAddEdtCln *editor) {
         QCOMPARE(child<QComboBox>(editor, "cbProcent")->currentText(), QString("Стара"));
