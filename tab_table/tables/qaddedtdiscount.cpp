@@ -7,7 +7,7 @@
 #include "thresholds.h"
 #include "typedinput.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QSqlDatabase>
 
 namespace {
@@ -29,6 +29,15 @@ RecordStatements statements()
                            "yesno WHERE name=:auto),block=(SELECT id FROM yesno WHERE name=:block) WHERE "
                            "procent.id="),
             QStringLiteral("SELECT name FROM procent WHERE id=")};
+}
+
+/// A field is not left for another window or a menu: its typing goes on.
+bool isLeft(const QEvent &event)
+{
+    if (event.type() != QEvent::FocusOut)
+        return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent &>(event).reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 } // namespace
 
@@ -87,7 +96,7 @@ void QAddEdtDiscount::loaded()
 
 bool QAddEdtDiscount::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == ui->leDiscount && event->type() == QEvent::FocusOut && !isReadOnly() && !isBusy() &&
+    if (watched == ui->leDiscount && isLeft(*event) && !isReadOnly() && !isBusy() &&
         ui->leName->text().isEmpty() && !ui->leDiscount->text().isEmpty())
         ui->leName->setText(tr("Знижка") + QLatin1Char(' ') + ui->leDiscount->text() + QLatin1Char('%'));
     return RecordDialog::eventFilter(watched, event);
