@@ -59,11 +59,14 @@ ExchangeStatement cardsOf(const QString &group)
             {{QStringLiteral(":group"), group}}};
 }
 
+QString allCardsSql()
+{
+    return QStringLiteral("SELECT id,id_procent,block,group_shop,UNIX_TIMESTAMP(data_update) FROM clients");
+}
+
 QString changedCardsSql()
 {
-    return QStringLiteral(
-        "SELECT id,id_procent,block,group_shop,UNIX_TIMESTAMP(data_update) FROM clients WHERE "
-        "send=1");
+    return allCardsSql() + QStringLiteral(" WHERE send=1");
 }
 
 QString articlesSql(qint64 since)

@@ -30,7 +30,8 @@ ExchangeStatement registersOf(const ExchangePlace &place);
 QString allRegistersSql();
 /// Code and level of the cards that a group's registers know.
 ExchangeStatement cardsOf(const QString &group);
-/// Code, level, block, group and time of change of the cards that were changed.
+/// Code, level, block, group and time of change of all cards, and of those that were changed.
+QString allCardsSql();
 QString changedCardsSql();
 /// since: server time, seconds of the epoch; 0 for all. Code, name, price, tax, by weight, block.
 QString articlesSql(qint64 since);

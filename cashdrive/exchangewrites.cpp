@@ -20,6 +20,7 @@ constexpr uint groupOfAll = 1;
 constexpr int cardsAtOnce = 500;
 constexpr int cardsBetween = 100;
 
+/// A card with what it takes to know later whether it is still the same.
 struct ChangedCard
 {
     ServerCard card;
@@ -62,9 +63,9 @@ std::optional<QVector<ServerCard>> readCards(ServerSession &session, const QStri
     return cards;
 }
 
-std::optional<QVector<ChangedCard>> readChangedCards(ServerSession &session)
+std::optional<QVector<ChangedCard>> readCardsOfGroups(ServerSession &session, const QString &sql)
 {
-    auto query = session.query(changedCardsSql());
+    auto query = session.query(sql);
     if (!query)
         return std::nullopt;
     QVector<ChangedCard> cards;
@@ -217,13 +218,15 @@ qint64 WriteCln(ServerSession &session, const ExchangePlace &place)
     return isWritten ? cards->size() : 0;
 }
 
-qint64 WriteClnUpdate(ServerSession &session)
+namespace {
+/// The cards of a statement, each to all registers of its group; returns those that have gone to all of them.
+QVector<ChangedCard> writeWhereKnown(ServerSession &session, const QString &sql)
 {
     RegisterServer *server = session.open();
     const auto registers = server == nullptr ? std::nullopt : readRegisters(session);
-    const auto changed = registers ? readChangedCards(session) : std::nullopt;
+    const auto changed = registers ? readCardsOfGroups(session, sql) : std::nullopt;
     if (!changed)
-        return 0;
+        return {};
     QSet<uint> written;
     QSet<uint> failed;
     for (int i = 0; i < registers->size(); ++i) {
@@ -233,9 +236,20 @@ qint64 WriteClnUpdate(ServerSession &session)
                                        registers->size() * qint64(changed->size()));
         (isDone ? written : failed).insert(kass.group);
     }
-    const QVector<ChangedCard> whole = wholeOnes(*changed, written, failed);
+    return wholeOnes(*changed, written, failed);
+}
+} // namespace
+
+qint64 WriteClnUpdate(ServerSession &session)
+{
+    const QVector<ChangedCard> whole = writeWhereKnown(session, changedCardsSql());
     markSent(session, whole);
     return whole.size();
+}
+
+qint64 WriteClnAll(ServerSession &session)
+{
+    return writeWhereKnown(session, allCardsSql()).size();
 }
 
 qint64 WriteArt(ServerSession &session, bool isWhole)
@@ -279,4 +293,13 @@ qint64 WriteDisc(ServerSession &session)
     if (!problem.isEmpty())
         session.tell(problem);
     return problem.isEmpty() ? levels.size() : 0;
+}
+
+bool DynamicCall(ServerSession &session, const QString &operation)
+{
+    RegisterServer *server = session.open();
+    const QString problem = server == nullptr ? QString() : server->call(operation);
+    if (!problem.isEmpty())
+        session.tell(problem);
+    return server != nullptr && problem.isEmpty();
 }

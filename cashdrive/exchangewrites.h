@@ -45,6 +45,10 @@ qint64 WriteCln(ServerSession &session, const ExchangePlace &place);
 /// Writes the cards that were changed since they were written last (send=1) to all registers that know them;
 /// those that no register has refused, and nobody has changed meanwhile, are not sent again.
 qint64 WriteClnUpdate(ServerSession &session);
+/// Writes every card, blocked ones too, to all registers that know it; changed cards stay marked as changed.
+qint64 WriteClnAll(ServerSession &session);
 /// isWhole: all articles, else those that were changed since articles were written from here.
 qint64 WriteArt(ServerSession &session, bool isWhole);
 qint64 WriteDisc(ServerSession &session);
+/// Has the server do an operation of its own; false when it does not, which is reported.
+bool DynamicCall(ServerSession &session, const QString &operation);

@@ -12,6 +12,7 @@ public:
     QString writeArticles(const QVector<ServerArticle> &, bool) override { return noRegisterServer(); }
     QString writeLevels(const QVector<ServerLevel> &) override { return noRegisterServer(); }
     QString readTransactions(const QString &, const Keep &) override { return noRegisterServer(); }
+    QString call(const QString &) override { return noRegisterServer(); }
 };
 } // namespace
 

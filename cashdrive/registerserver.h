@@ -68,6 +68,8 @@ public:
     /// returned true.
     using Keep = std::function<bool(const ServerLines &lines)>;
     virtual QString readTransactions(const QString &kass, const Keep &keep) = 0;
+    /// An operation of the server's own, which only it and whoever asks for it know by this name.
+    virtual QString call(const QString &operation) = 0;
 };
 
 using RegisterServerFactory = std::function<std::unique_ptr<RegisterServer>()>;

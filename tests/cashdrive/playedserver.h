@@ -15,6 +15,7 @@ struct Played
     QStringList cards;
     QStringList articles;
     QStringList levels;
+    QStringList calls;
     /// What a register answers to everything.
     QMap<QString, QString> problems;
     QString openProblem;
@@ -73,6 +74,11 @@ public:
         if (!waiting.isEmpty() && keep(waiting.constFirst()))
             waiting.removeFirst();
         return QString();
+    }
+    QString call(const QString &operation) override
+    {
+        m_played->calls.append(operation);
+        return m_played->problems.value(operation);
     }
 
 private:

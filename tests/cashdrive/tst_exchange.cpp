@@ -2,6 +2,7 @@
 #include "testing.h"
 
 #include "exchangerun.h"
+#include "exchangewrites.h"
 #include "qmessevent.h"
 
 #include <QDir>
@@ -26,6 +27,7 @@ private slots:
     void placeDecidesWhichRegisters_data();
     void placeDecidesWhichRegisters();
     void changedCardsAreSentUntilWritten();
+    void operationsThatNoRunBegins();
     void articlesNewAndWhole();
     void linesAreCountedOnce_data();
     void linesAreCountedOnce();
@@ -38,6 +40,7 @@ private slots:
 
 private:
     JobResult run(const ExchangeOrder &order, const std::function<void(Job *)> &meanwhile = {});
+    JobResult runJob(const Job::Work &work, const std::function<void(Job *)> &meanwhile = {});
     ExchangeOrder readingOrder() const;
     static ExchangeOutcome outcome(const JobResult &result) { return result.value.value<ExchangeOutcome>(); }
     /// What lines of a register have to come to, reckoned by the server's own sums.
@@ -105,10 +108,13 @@ ExchangeOrder TstExchange::readingOrder() const
 
 JobResult TstExchange::run(const ExchangeOrder &order, const std::function<void(Job *)> &meanwhile)
 {
+    return runJob([order](JobContext &context) { return AutoCall(context, order); }, meanwhile);
+}
+
+JobResult TstExchange::runJob(const Job::Work &work, const std::function<void(Job *)> &meanwhile)
+{
     JobResult result;
-    Job job(
-        "Дозвін", order.connection, [order](JobContext &context) { return AutoCall(context, order); },
-        &m_base->heard);
+    Job job("Дозвін", m_base->connection()->connectionName(), work, &m_base->heard);
     QSignalSpy finished(&job, &Job::finished);
     connect(&job, &Job::finished, &job, [&result](const JobResult &ended) { result = ended; });
     job.start();
@@ -258,6 +264,33 @@ void TstExchange::changedCardsAreSentUntilWritten()
     QCOMPARE(outcome(run(order)).cardsWritten, 3);
     QVERIFY(m_played.cards.contains("006 5 2 0") && m_played.cards.contains("003 2 1 0"));
     QCOMPARE(m_base->value("SELECT SUM(send) FROM clients"), QString("0"));
+}
+
+void TstExchange::operationsThatNoRunBegins()
+{
+    m_base->exec(QStringList{"DELETE FROM clients",
+                             "INSERT INTO clients(id,id_procent,group_shop,block,send) VALUES(1,1,1,0,1),"
+                             "(2,1,2,0,0),(3,2,3,1,1)"});
+    m_played.problems = {{"003", "зайнято"}, {"невідома", "такої операції немає"}};
+    ExchangeOrder order = readingOrder();
+    const auto work = [&order](JobContext &context) -> JobResult {
+        ServerSession session(&context, order);
+        const bool isCalled = DynamicCall(session, "звірка");
+        const bool isRefused = !DynamicCall(session, "невідома");
+        return {JobResult::Done, {}, QVariantList{WriteClnAll(session), isCalled, isRefused}};
+    };
+    // One register of the west does not answer; the blocked card of the east goes out as blocked.
+    QCOMPARE(runJob(work).value.toList(), (QVariantList{1LL, true, true}));
+    QCOMPARE(m_played.cards.filter("006 "), (QStringList{"006 1 1 0", "006 3 2 1"}));
+    QCOMPARE(m_played.cards.filter("002 "), (QStringList{"002 1 1 0", "002 2 1 0"}));
+    QCOMPARE(m_played.calls, (QStringList{"звірка", "невідома"}));
+    QVERIFY(m_base->heard.has("такої операції немає") && m_base->heard.has("Каса 003, картка 1: зайнято"));
+    QCOMPARE(m_base->rows("SELECT id,send FROM clients"), (QStringList{"1|1", "2|0", "3|1"}));
+    m_base->heard.forget();
+    order.server = platformRegisterServer;
+    QCOMPARE(runJob(work).value.toList(), (QVariantList{0LL, false, true}));
+    QCOMPARE(m_base->heard.texts(),
+             (QStringList{noRegisterServer(), noRegisterServer(), noRegisterServer()}));
 }
 
 void TstExchange::articlesNewAndWhole()
