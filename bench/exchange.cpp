@@ -65,6 +65,7 @@ public:
     QString writeArticles(const QVector<ServerArticle> &, bool) override { return QString(); }
     QString writeLevels(const QVector<ServerLevel> &) override { return QString(); }
     QString readTransactions(const QString &, const Keep &) override { return QString(); }
+    QString call(const QString &) override { return QString(); }
 };
 
 /// A run of the exchange that counts what waits, as the page begins it.
