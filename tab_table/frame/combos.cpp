@@ -166,8 +166,6 @@ void stopOffering(QComboBox *box, int row)
 {
     if (auto *list = qobject_cast<QListView *>(box->view()))
         list->setRowHidden(row, true);
-    if (auto *item = qobject_cast<QStandardItemModel *>(box->model())->item(row))
-        item->setEnabled(false);
 }
 
 NamedId chosenItem(const QComboBox *box)

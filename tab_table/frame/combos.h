@@ -29,7 +29,8 @@ bool showEntriesAgain(QComboBox *box, const ListEntries &entries);
 bool fillCombo(QComboBox *box, const Db &db, const QString &sql);
 /// Chooses the item with the text, or none when there is no such item.
 void chooseText(QComboBox *box, const QString &text);
-/// Takes an item out of the list that opens and out of the keys' reach; as the chosen one it stays.
+/// Takes an item out of the list that opens. As the chosen one it stays, also when the list is closed by
+/// Enter.
 void stopOffering(QComboBox *box, int row);
 /// The chosen item, whose data is its id.
 NamedId chosenItem(const QComboBox *box);

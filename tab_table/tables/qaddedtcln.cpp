@@ -130,7 +130,7 @@ void QAddEdtCln::loaded()
     ui->leCount->setFocus();
 }
 
-/// A card keeps a level that is offered no more; once another is chosen there is no way back to it.
+/// A card keeps a level that is offered no more.
 void QAddEdtCln::showField(const QString &key, const std::optional<RecordField> &value)
 {
     const bool isOffered = key != levelColumn || !value || ui->cbProcent->findData(value->stored) >= 0;
