@@ -24,6 +24,8 @@ bool readTaxRates(const Db &db, Chain *chain)
 bool fillGoodsGroups(const Db &db)
 {
     BulkInsert groups(db, QStringLiteral("group_goods(id,name)"));
+    groups.add(SqlRow().number(2).text(QStringLiteral("Тара поворотна")));
+    groups.add(SqlRow().number(3).text(QStringLiteral("Пакети")));
     for (int i = 0; i < goodsKinds().size(); ++i)
         groups.add(SqlRow().number(firstGoodsGroup + i).text(QString::fromUtf8(goodsKinds().at(i).group)));
     return groups.finish();

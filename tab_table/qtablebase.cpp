@@ -11,6 +11,7 @@
 #include "qtabkass.h"
 #include "qtabnames.h"
 #include "qtabshops.h"
+#include "qtabslujbop.h"
 #include "qtabzzvit.h"
 #include "schema.h"
 
@@ -37,17 +38,21 @@ PageTable QTableBase::lines()
         {"mt_group_shops", Permission::GroupShops, QT_TRANSLATE_NOOP("Page", "Групи магазинів"),
          make<QTabGroup_Shops>()},
         {"mt_goods", Permission::Goods, QT_TRANSLATE_NOOP("Page", "Товари"), make<QTabGoods>()},
-        {"mt_group_goods", Permission::GroupGoods, QT_TRANSLATE_NOOP("Page", "Групи товарів"), {}},
+        {"mt_group_goods", Permission::GroupGoods, QT_TRANSLATE_NOOP("Page", "Групи товарів"),
+         make<QTabGroup_Goods>()},
         {"mt_goods_shops", Permission::GoodsShops, QT_TRANSLATE_NOOP("Page", "Товари магазинів"),
          make<QTabGoodsShops>()},
         {"mt_clients", Permission::Clients, QT_TRANSLATE_NOOP("Page", "Клієнти"), make<QTabClients>()},
         {"mt_diskount", Permission::Discount, QT_TRANSLATE_NOOP("Page", "Знижки"), make<QTabDiscount>()},
         {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), {}},
         {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"), {}},
-        {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"), {}},
+        {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"),
+         make<QTabTypeTrans>()},
         {"mt_z_zvits", Permission::ZZvit, QT_TRANSLATE_NOOP("Page", "Зміни"), make<QTabZZvit>()},
-        {"mt_slujb_op", Permission::SlujbOp, QT_TRANSLATE_NOOP("Page", "Службові операції"), {}},
-        {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"), {}},
+        {"mt_slujb_op", Permission::SlujbOp, QT_TRANSLATE_NOOP("Page", "Службові операції"),
+         make<QTabSlujbOp>()},
+        {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"),
+         make<QTabDay_Update>()},
         {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), {}},
     };
 }

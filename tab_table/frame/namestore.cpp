@@ -5,6 +5,9 @@
 #include "servererror.h"
 
 namespace {
+/// To get an id that others do not take meanwhile.
+const int mostAttempts = 5;
+
 NameWritten refused(const QString &why)
 {
     return {NameWritten::Refused, why};
@@ -30,31 +33,76 @@ std::optional<QString> ownerOf(const Db &db, const NameDraft &draft, const QStri
                         condition);
 }
 
+NameWritten insertAs(const Db &db, const NameDraft &draft, const QString &id)
+{
+    return writtenAs(db,
+                     QStringLiteral("INSERT INTO %1 (id,name) VALUES(%2,")
+                             .arg(draft.table, id.isEmpty() ? QStringLiteral("NULL") : id) +
+                         lit(draft.name) + QLatin1Char(')'),
+                     id);
+}
+
+/// Empty when it is free.
+std::optional<QString> ownerOfName(const Db &db, const NameDraft &draft)
+{
+    return ownerOf(db, draft, QStringLiteral("name=") + lit(draft.name));
+}
+
+NameWritten insertWithTypedId(const Db &db, const NameDraft &draft, const QString &id)
+{
+    const NameWritten written = insertAs(db, draft, id);
+    if (written.outcome != NameWritten::Refused)
+        return written;
+    const auto sameName = ownerOfName(db, draft);
+    if (!sameName)
+        return {};
+    return sameName->isEmpty()
+               ? refused(QTabDelegate::tr("Код %1 вже зайнятий. Введіть інший або залиште його порожнім.")
+                             .arg(draft.id))
+               : written;
+}
+
+NameWritten insertWithAnyId(const Db &db, const NameDraft &draft)
+{
+    const NameWritten written = insertAs(db, draft, QString());
+    const auto newId = written.outcome == NameWritten::Written ? db.lastInsertId() : std::nullopt;
+    if (written.outcome != NameWritten::Written)
+        return written;
+    return newId ? NameWritten{NameWritten::Written, {}, QString::number(*newId)} : NameWritten();
+}
+
+/// Behind the highest id. While other programs take it first, behind theirs.
+NameWritten insertFromLowestId(const Db &db, const NameDraft &draft)
+{
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        const auto id = db.firstText(
+            QStringLiteral("SELECT GREATEST(%1,IFNULL(MAX(id),0)+1) FROM ").arg(draft.lowestNewId) +
+            draft.table);
+        if (!id)
+            return {};
+        const NameWritten written = insertAs(db, draft, *id);
+        if (written.outcome != NameWritten::Refused)
+            return written;
+        const auto sameName = ownerOfName(db, draft);
+        if (!sameName)
+            return {};
+        if (!sameName->isEmpty())
+            return written;
+    }
+    return refused(QTabDelegate::tr("Інші програми саме додають сюди записи. Натисніть Enter ще раз."));
+}
+
 NameWritten insertName(const Db &db, const NameDraft &draft)
 {
-    const auto sameName = ownerOf(db, draft, QStringLiteral("name=") + lit(draft.name));
+    const auto sameName = ownerOfName(db, draft);
     if (!sameName)
         return {};
     if (!sameName->isEmpty())
         return draft.mayHaveArrived ? NameWritten{NameWritten::Written, {}, *sameName}
                                     : refused(takenWords());
-    const QString id = draft.id.toUInt() == 0 ? QString() : QString::number(draft.id.toUInt());
-    const auto sameId = id.isEmpty() ? QString() : ownerOf(db, draft, QStringLiteral("id=") + id);
-    if (!sameId)
-        return {};
-    if (!sameId->isEmpty())
-        return refused(
-            QTabDelegate::tr("Код %1 вже зайнятий. Введіть інший або залиште його порожнім.").arg(draft.id));
-    NameWritten written = writtenAs(db,
-                                    QStringLiteral("INSERT INTO %1 (id,name) VALUES(%2,")
-                                            .arg(draft.table, id.isEmpty() ? QStringLiteral("NULL") : id) +
-                                        lit(draft.name) + QLatin1Char(')'),
-                                    id);
-    // LAST_INSERT_ID tells nothing about a row whose id was given.
-    if (written.outcome != NameWritten::Written || !id.isEmpty())
-        return written;
-    const auto newId = db.lastInsertId();
-    return newId ? NameWritten{NameWritten::Written, {}, QString::number(*newId)} : NameWritten();
+    if (const uint id = draft.id.toUInt(); id != 0)
+        return insertWithTypedId(db, draft, QString::number(id));
+    return draft.lowestNewId == 0 ? insertWithAnyId(db, draft) : insertFromLowestId(db, draft);
 }
 
 NameWritten updateName(const Db &db, const NameDraft &draft)

@@ -16,6 +16,8 @@ struct NameDraft
     QString name;
     /// The same was written before, and the answer was lost.
     bool mayHaveArrived = false;
+    /// The server makes up no lower id than this; 0: any.
+    uint lowestNewId = 0;
 };
 
 /// What came of it.

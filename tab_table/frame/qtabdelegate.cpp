@@ -316,9 +316,10 @@ void QTabDelegate::store(QAbstractItemModel *model, const QModelIndex &name, con
 void QTabDelegate::write(const QModelIndex &name, const QString &text)
 {
     m_written = name;
-    m_draft = {m_table,    name.sibling(name.row(), Id).data(Qt::EditRole).toString(),
-               m_isAdding, name.data(Qt::EditRole).toString(),
-               text,       m_unclear == text};
+    m_draft = {m_table,      name.sibling(name.row(), Id).data(Qt::EditRole).toString(),
+               m_isAdding,   name.data(Qt::EditRole).toString(),
+               text,         m_unclear == text,
+               m_lowestNewId};
     m_unclear.clear();
     m_tasks.write([draft = m_draft](const Db &db) { return writeName(db, draft); },
                   [this](const NameWritten &written) { take(written); });

@@ -32,6 +32,8 @@ public:
     /// when it has arrived there.
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
+    /// A new row without a typed id gets this one or a higher one; 0: any.
+    void setLowestNewId(uint id) { m_lowestNewId = id; }
     bool isAdding() const { return m_isAdding; }
     void startAdding() { m_isAdding = true; }
     void stopAdding() { m_isAdding = false; }
@@ -123,6 +125,7 @@ private:
     void reopen();
 
     QString m_table;
+    uint m_lowestNewId = 0;
     /// Of the column; 0: not known.
     int m_maxLength = 0;
     /// The editor opened last, which the list may have closed meanwhile, and its cell.

@@ -22,8 +22,6 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr NameList goodsGroupNames = {"group_goods", "Назва групи"};
-
 /// A list of names beside a field, as it stands beside others in the window of the program.
 class NamesPage : public QWidget
 {
@@ -47,6 +45,8 @@ public:
 };
 } // namespace
 
+Q_DECLARE_METATYPE(const NameList *)
+
 /// Names that are edited where they stand in their list, by a person in a hurry.
 class TstQTabNames : public QObject
 {
@@ -57,7 +57,11 @@ private slots:
     void init();
     void cleanup();
 
-    void oneCaption();
+    void lists_data();
+    void lists();
+    void typesAreOnlyLookedAt();
+    void newGroupsAreNoServiceGroups();
+    void otherProgramTakesTheId();
     void anyCellOpensTheName_data();
     void anyCellOpensTheName();
     void viewerEditsNothing();
@@ -260,13 +264,127 @@ QStringList TstQTabNames::shown(int column)
     return texts;
 }
 
-void TstQTabNames::oneCaption()
+void TstQTabNames::lists_data()
 {
+    QTest::addColumn<const NameList *>("list");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("rows");
+    QTest::newRow("goods groups") << &goodsGroupNames << "Назва групи"
+                                  << "30 Хліб,31 Молоко,42 Бакалія";
+    QTest::newRow("shop groups") << &shopGroupNames << "Назва групи"
+                                 << "1 default";
+    QTest::newRow("days") << &updateDayNames << "День оновлення"
+                          << "1 Понеділок,2 Вівторок,3 Середа,4 Четвер,5 П'ятниця,6 Субота,7 Неділя";
+    QTest::newRow("types") << &transactionTypeNames << "Тип транзакції"
+                           << "1 Продаж товару,2 Знижка,3 Оплата,4 Службове внесення,5 Службова видача,"
+                              "6 Повернення товару,7 Прийом товару,8 Переміщення,9 Передача,10 Z-Звіт";
+}
+
+void TstQTabNames::lists()
+{
+    QFETCH(const NameList *, list);
+    QFETCH(QString, caption);
+    QTabNames tab(*list, m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    QTRY_VERIFY(!tab.isLoading());
+    tab.view()->sortByColumn(0, Qt::AscendingOrder);
     QStringList captions;
-    for (int column = 0; column < model()->columnCount(); ++column)
-        captions.append(model()->headerData(column, Qt::Horizontal).toString());
-    QCOMPARE(captions, QStringList({"", "Назва групи"}));
-    QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Бакалія"}));
+    for (int column = 0; column < tab.model()->columnCount(); ++column)
+        captions.append(tab.model()->headerData(column, Qt::Horizontal).toString());
+    QCOMPARE(captions, QStringList({"", caption}));
+    QStringList rows;
+    for (int row = 0; row < tab.model()->rowCount(); ++row)
+        rows.append(tab.model()->stored(row, 0) + ' ' + tab.model()->stored(row, 1));
+    QTEST(rows.join(','), "rows");
+}
+
+void TstQTabNames::typesAreOnlyLookedAt()
+{
+    QTabTypeTrans tab(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
+    tab.setPermission(Permission::GroupGoods);
+    QVERIFY(showActive(&tab));
+    QTRY_COMPARE(tab.model()->rowCount(), 10);
+    const Commands offered = tab.commands();
+    for (const Command command : {Command::Add, Command::Edit, Command::Delete})
+        QVERIFY(offered.value(command).startsWith("Типи транзакцій однакові"));
+    tab.run(Command::Add);
+    tab.view()->setFocus();
+    tab.view()->setCurrentIndex(tab.model()->index(0, 1));
+    pressKeys({Qt::Key_Return});
+    tab.run(Command::Edit);
+    QTest::qWait(20);
+    QVERIFY(tab.view()->viewport()->findChild<QLineEdit *>() == nullptr);
+    QCOMPARE(tab.model()->rowCount(), 10);
+    QCOMPARE(answerQuestion([&] { tab.run(Command::Delete); }), QString("Видалення заборонене!!!"));
+}
+
+/// Goods of the groups 2 to 5 are not sold: only who types such a code gets one.
+void TstQTabNames::newGroupsAreNoServiceGroups()
+{
+    m_base->exec({"DELETE FROM group_goods", "INSERT INTO group_goods(id,name) VALUES(1,'default')"});
+    open();
+    const auto *hint = child<QLabel>(m_page->names, "labelHint");
+    QVERIFY(hint->isVisible() && hint->text().contains("2–5 службові"));
+    const auto addNamed = [this](const QString &id, const QString &name) {
+        add();
+        pressKeys({Qt::SHIFT + Qt::Key_Backtab});
+        QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
+        typeText(id);
+        pressKeys({Qt::Key_Tab});
+        QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
+        typeText(name);
+        pressKeys({Qt::Key_Tab});
+        QVERIFY(isClosed());
+    };
+    addNamed("", "Риба");
+    addNamed("3", "Тара");
+    addNamed("0", "М'ясо");
+    addNamed("20", "Сир");
+    addNamed("", "Яйця");
+    const QStringList stored = m_base->rows("SELECT id,name FROM group_goods ORDER BY id");
+    QCOMPARE(stored, QStringList({"1|default", "3|Тара", "6|Риба", "7|М'ясо", "20|Сир", "21|Яйця"}));
+    QStringList shownIds = shown(0);
+    QCOMPARE(shownIds.mid(1), QStringList({"6", "3", "7", "20", "21"}));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+void TstQTabNames::otherProgramTakesTheId()
+{
+    int rivals = 1;
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql.startsWith("INSERT INTO group_goods") && rivals-- > 0)
+            m_base->execElsewhere(
+                "INSERT INTO group_goods(id,name) SELECT MAX(id)+1,UUID() FROM group_goods");
+    });
+    add();
+    typeText("Риба");
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(isClosed());
+    QCOMPARE(m_base->rows("SELECT id FROM group_goods WHERE name='Риба'"), QStringList("44"));
+    rivals = 100;
+    add();
+    typeText("Сир");
+    QVERIFY(answerQuestion([] {
+                pressKeys({Qt::Key_Return});
+                waitOutTasks();
+            }).startsWith("Інші програми саме додають"));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus() && editor()->text() == "Сир");
+    rivals = 0;
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(isClosed());
+    // A typed one is not replaced by another.
+    rivals = 1;
+    add();
+    pressKeys({Qt::SHIFT + Qt::Key_Backtab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask() == "000000000");
+    typeText(m_base->value("SELECT MAX(id)+1 FROM group_goods"));
+    pressKeys({Qt::Key_Tab});
+    QTRY_VERIFY(editor() != nullptr && editor()->inputMask().isEmpty());
+    typeText("Яйця");
+    QVERIFY(answerQuestion([] {
+                pressKeys({Qt::Key_Return});
+                waitOutTasks();
+            }).contains("вже зайнятий"));
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQTabNames::anyCellOpensTheName_data()
