@@ -12,6 +12,7 @@ QComands::QComands(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
     table = QStringLiteral("comands");
     query = QStringLiteral("SELECT comands.id,comands.name FROM comands");
     setColumns({{tr("Код"), 7, &asNumber}, {tr("назва"), 45}});
+    addSearch(QStringLiteral("comands.name LIKE %1"), tr("назва"));
     ShowData();
 }
 

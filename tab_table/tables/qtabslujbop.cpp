@@ -27,6 +27,7 @@ QTabSlujbOp::QTabSlujbOp(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     setColumns({{QString(), 0, &asNumber, true},
                 {tr("Назва операції"), 50},
                 {tr("вилучення / внесення"), 14, &asDirection}});
+    addSearch(QStringLiteral("slujb_op.name LIKE %1"), tr("Назва операції"));
     ShowData();
 }
 
