@@ -13,6 +13,7 @@
 #include "qtabshops.h"
 #include "qtabslujbop.h"
 #include "qtabzzvit.h"
+#include "qtabtax.h"
 #include "schema.h"
 
 #include <QTabWidget>
@@ -53,7 +54,7 @@ PageTable QTableBase::lines()
          make<QTabSlujbOp>()},
         {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"),
          make<QTabDay_Update>()},
-        {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), {}},
+        {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), make<QTabTax>()},
     };
 }
 

@@ -8,9 +8,9 @@ namespace {
 /// To get an id that others do not take meanwhile.
 const int mostAttempts = 5;
 
-NameWritten refused(const QString &why)
+CellWritten refused(const QString &why)
 {
-    return {NameWritten::Refused, why};
+    return {CellWritten::Refused, why};
 }
 
 QString takenWords()
@@ -19,39 +19,39 @@ QString takenWords()
 }
 
 /// Another program may be quicker between the look and the writing.
-NameWritten writtenAs(const Db &db, const QString &sql, const QString &id, const QString &failure = {})
+CellWritten writtenAs(const Db &db, const QString &sql, const QString &id, const QString &failure = {})
 {
     if (db.runExpecting(ServerError::DuplicateKey, sql, failure))
-        return {NameWritten::Written, {}, id};
-    return db.lastErrorNumber() == ServerError::DuplicateKey ? refused(takenWords()) : NameWritten();
+        return {CellWritten::Written, {}, id};
+    return db.lastErrorNumber() == ServerError::DuplicateKey ? refused(takenWords()) : CellWritten();
 }
 
 /// The id of the row that has the value; nothing after a failure.
-std::optional<QString> ownerOf(const Db &db, const NameDraft &draft, const QString &condition)
+std::optional<QString> ownerOf(const Db &db, const CellDraft &draft, const QString &condition)
 {
     return db.firstText(QStringLiteral("SELECT id FROM ") + draft.table + QStringLiteral(" WHERE ") +
                         condition);
 }
 
-NameWritten insertAs(const Db &db, const NameDraft &draft, const QString &id)
+CellWritten insertAs(const Db &db, const CellDraft &draft, const QString &id)
 {
     return writtenAs(db,
                      QStringLiteral("INSERT INTO %1 (id,name) VALUES(%2,")
                              .arg(draft.table, id.isEmpty() ? QStringLiteral("NULL") : id) +
-                         lit(draft.name) + QLatin1Char(')'),
+                         lit(draft.value) + QLatin1Char(')'),
                      id);
 }
 
 /// Empty when it is free.
-std::optional<QString> ownerOfName(const Db &db, const NameDraft &draft)
+std::optional<QString> ownerOfName(const Db &db, const CellDraft &draft)
 {
-    return ownerOf(db, draft, QStringLiteral("name=") + lit(draft.name));
+    return ownerOf(db, draft, QStringLiteral("name=") + lit(draft.value));
 }
 
-NameWritten insertWithTypedId(const Db &db, const NameDraft &draft, const QString &id)
+CellWritten insertWithTypedId(const Db &db, const CellDraft &draft, const QString &id)
 {
-    const NameWritten written = insertAs(db, draft, id);
-    if (written.outcome != NameWritten::Refused)
+    const CellWritten written = insertAs(db, draft, id);
+    if (written.outcome != CellWritten::Refused)
         return written;
     const auto sameName = ownerOfName(db, draft);
     if (!sameName)
@@ -62,17 +62,17 @@ NameWritten insertWithTypedId(const Db &db, const NameDraft &draft, const QStrin
                : written;
 }
 
-NameWritten insertWithAnyId(const Db &db, const NameDraft &draft)
+CellWritten insertWithAnyId(const Db &db, const CellDraft &draft)
 {
-    const NameWritten written = insertAs(db, draft, QString());
-    const auto newId = written.outcome == NameWritten::Written ? db.lastInsertId() : std::nullopt;
-    if (written.outcome != NameWritten::Written)
+    const CellWritten written = insertAs(db, draft, QString());
+    const auto newId = written.outcome == CellWritten::Written ? db.lastInsertId() : std::nullopt;
+    if (written.outcome != CellWritten::Written)
         return written;
-    return newId ? NameWritten{NameWritten::Written, {}, QString::number(*newId)} : NameWritten();
+    return newId ? CellWritten{CellWritten::Written, {}, QString::number(*newId)} : CellWritten();
 }
 
 /// Behind the highest id. While other programs take it first, behind theirs.
-NameWritten insertFromLowestId(const Db &db, const NameDraft &draft)
+CellWritten insertFromLowestId(const Db &db, const CellDraft &draft)
 {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         const auto id = db.firstText(
@@ -80,8 +80,8 @@ NameWritten insertFromLowestId(const Db &db, const NameDraft &draft)
             draft.table);
         if (!id)
             return {};
-        const NameWritten written = insertAs(db, draft, *id);
-        if (written.outcome != NameWritten::Refused)
+        const CellWritten written = insertAs(db, draft, *id);
+        if (written.outcome != CellWritten::Refused)
             return written;
         const auto sameName = ownerOfName(db, draft);
         if (!sameName)
@@ -92,23 +92,23 @@ NameWritten insertFromLowestId(const Db &db, const NameDraft &draft)
     return refused(QTabDelegate::tr("Інші програми саме додають сюди записи. Натисніть Enter ще раз."));
 }
 
-NameWritten insertName(const Db &db, const NameDraft &draft)
+CellWritten insertName(const Db &db, const CellDraft &draft)
 {
     const auto sameName = ownerOfName(db, draft);
     if (!sameName)
         return {};
     if (!sameName->isEmpty())
-        return draft.mayHaveArrived ? NameWritten{NameWritten::Written, {}, *sameName}
+        return draft.mayHaveArrived ? CellWritten{CellWritten::Written, {}, *sameName}
                                     : refused(takenWords());
     if (const uint id = draft.id.toUInt(); id != 0)
         return insertWithTypedId(db, draft, QString::number(id));
     return draft.lowestNewId == 0 ? insertWithAnyId(db, draft) : insertFromLowestId(db, draft);
 }
 
-NameWritten updateName(const Db &db, const NameDraft &draft)
+CellWritten updateName(const Db &db, const CellDraft &draft)
 {
     const QString id = QString::number(draft.id.toUInt());
-    const auto sameName = ownerOf(db, draft, QStringLiteral("name=%1 AND id<>").arg(lit(draft.name)) + id);
+    const auto sameName = ownerOf(db, draft, QStringLiteral("name=%1 AND id<>").arg(lit(draft.value)) + id);
     if (!sameName)
         return {};
     if (!sameName->isEmpty())
@@ -117,8 +117,8 @@ NameWritten updateName(const Db &db, const NameDraft &draft)
         db.firstText(QStringLiteral("SELECT name FROM ") + draft.table + QStringLiteral(" WHERE id=") + id);
     if (!now)
         return {};
-    if (*now != draft.shown && *now != draft.name) {
-        NameWritten answer =
+    if (*now != draft.shown && *now != draft.value) {
+        CellWritten answer =
             refused(QTabDelegate::tr("Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, "
                                      "щоб записати свою, або Esc, щоб залишити цю.")
                         .arg(*now));
@@ -126,16 +126,16 @@ NameWritten updateName(const Db &db, const NameDraft &draft)
         return answer;
     }
     return writtenAs(db,
-                     QStringLiteral("UPDATE %1 SET name=").arg(draft.table) + lit(draft.name) +
+                     QStringLiteral("UPDATE %1 SET name=").arg(draft.table) + lit(draft.value) +
                          QStringLiteral(" WHERE id=") + id,
                      draft.id, QTabDelegate::tr("Помилка оновлення запису."));
 }
 } // namespace
 
-NameWritten writeName(const Db &db, const NameDraft &draft)
+CellWritten writeName(const Db &db, const CellDraft &draft)
 {
-    NameWritten written = draft.isNew ? insertName(db, draft) : updateName(db, draft);
-    if (written.outcome == NameWritten::Written)
+    CellWritten written = draft.isNew ? insertName(db, draft) : updateName(db, draft);
+    if (written.outcome == CellWritten::Written)
         QUpdateBD().update(draft.table, *db.connection(), db.receiver());
     return written;
 }

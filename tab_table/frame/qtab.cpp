@@ -165,7 +165,7 @@ void QTab::connectDelegate()
     m_delegate->setParent(this);
     view()->setItemDelegate(m_delegate);
     view()->setPressGuard([this](const std::function<void()> &again) { return m_delegate->settle(again); });
-    connect(m_delegate, &QTabDelegate::editAgain, this, &QTab::openName);
+    connect(m_delegate, &QTabDelegate::editAgain, this, &QTab::openCell);
     connect(m_delegate, &QTabDelegate::storedUnseen, this, qOverload<>(&QTab::ShowData));
     connect(m_delegate, &QTabDelegate::delnewrecord, this, &QTab::delnewrecord);
     connect(m_delegate, &QTabDelegate::SetNextEdit, this, [this] {
@@ -397,19 +397,19 @@ void QTab::Edit(const QModelIndex &index)
     // Rows that arrive would take its editor away.
     if (m_list->isLoading())
         return;
-    const QPersistentModelIndex name = index.sibling(index.row(), QTabDelegate::Name);
-    if (!mayEdit() || m_delegate->edited() == name)
+    const QPersistentModelIndex cell = m_delegate->cellFor(index);
+    if (!mayEdit() || m_delegate->edited() == cell)
         return;
-    if (!m_delegate->settle([this, name] { Edit(name); }) || !name.isValid())
+    if (!m_delegate->settle([this, cell] { Edit(cell); }) || !cell.isValid())
         return;
     delnewrecord();
-    openName(name);
+    openCell(cell);
 }
 
-void QTab::openName(const QModelIndex &name)
+void QTab::openCell(const QModelIndex &cell)
 {
-    view()->setCurrentIndex(name);
-    view()->edit(name);
+    view()->setCurrentIndex(cell);
+    view()->edit(cell);
 }
 
 void QTab::Add()
@@ -435,7 +435,7 @@ void QTab::addName()
     const int row = model()->rowCount();
     model()->insertRow(row);
     m_added = model()->index(row, QTabDelegate::Name);
-    openName(m_added);
+    openCell(m_added);
 }
 
 void QTab::delnewrecord()
@@ -457,7 +457,7 @@ bool QTab::mayClose()
     }
     const bool closes =
         !m_delegate->hasTyped() ||
-        QMessDlg::confirm(window(), tr("Назву не збережено."), tr("Набрану назву ще не записано."),
+        QMessDlg::confirm(window(), tr("Набране не збережено."), tr("Набране в списку ще не записано."),
                           tr("Закрити без збереження"), tr("Продовжити редагування"));
     if (closes)
         m_delegate->drop();

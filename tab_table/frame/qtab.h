@@ -65,7 +65,7 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
-    /// A name that is being typed in the list is asked about, one that is being written is waited for.
+    /// What is being typed in the list is asked about, what is being written is waited for.
     bool mayClose() override;
     /// True while a search, or what the filter offers, is on its way.
     bool isLoading() const override;
@@ -96,7 +96,7 @@ public slots:
     /// Reloads the grid; a limit below 1 means none.
     void ShowData(int limit);
     void ShowData();
-    /// Edits the current row, in a list of names its name.
+    /// Edits the current row, in a list of names its name, in the list of taxes the current cell.
     void Edit();
     /// Edits a row: inline in tabs with a delegate, in the editor in those that have one.
     virtual void Edit(const QModelIndex &index);
@@ -120,6 +120,7 @@ protected:
     QLoadedUser *user() const { return m_user; }
     QObject *receiver() const { return m_receiver; }
     setting *settings() const { return m_setting; }
+    QTabDelegate *inlineEditor() const { return m_delegate; }
 
     /// The columns in the order of the SELECT; what the user has made of them before comes back.
     void setColumns(const QVector<Column> &columns);
@@ -176,7 +177,7 @@ private:
     void followUnclear();
     void connectDelegate();
     void addWritingNote();
-    void openName(const QModelIndex &name);
+    void openCell(const QModelIndex &cell);
     void addName();
     void tellEmptyText();
     QString statement() const;

@@ -1,7 +1,9 @@
 #include "qtabdelegate.h"
 
+#include "namestore.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "qrowmodel.h"
 #include "qtab.h"
 #include "typedinput.h"
 
@@ -51,19 +53,19 @@ QTabDelegate::QTabDelegate(const QString &table, QSqlDatabase *db, QObject *pare
     connect(this, &QTabDelegate::clr, this, &QTabDelegate::clradd);
     connect(this, &QTabDelegate::typed, this, &QTabDelegate::store);
     connect(&m_tasks, &DbTasks::idle, this, &QTabDelegate::endWriting);
-    readLength();
+    readLength(Name, QStringLiteral("name"));
 }
 
-void QTabDelegate::readLength()
+void QTabDelegate::readLength(int column, const QString &tableColumn)
 {
     m_tasks.read(
-        [table = m_table](const Db &db) {
-            return QTab::GetMaxChar(db.connection(), db.receiver(), table, QStringLiteral("name"));
+        [table = m_table, tableColumn](const Db &db) {
+            return QTab::GetMaxChar(db.connection(), db.receiver(), table, tableColumn);
         },
-        [this](int length) {
-            m_maxLength = length;
-            if (QLineEdit *edit = openEditor(); edit != nullptr && edit->objectName() == nameEditor)
-                limitLength(edit);
+        [this, column](int length) {
+            m_maxLengths.insert(column, length);
+            if (QLineEdit *edit = openEditor(); edit != nullptr && m_edited.column() == column)
+                limitLength(edit, column);
         });
 }
 
@@ -78,12 +80,17 @@ QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     if (index.column() == Name) {
         edit->setObjectName(nameEditor);
         edit->setAccessibleName(tr("Назва"));
-        limitLength(edit);
+        limitLength(edit, Name);
     } else {
         edit->setObjectName(idEditor);
         edit->setAccessibleName(tr("Код"));
         edit->setInputMask(QStringLiteral("000000000"));
     }
+    return takeEditor(edit, index);
+}
+
+QLineEdit *QTabDelegate::takeEditor(QLineEdit *edit, const QModelIndex &index) const
+{
     connect(edit, &QObject::destroyed, this, &QTabDelegate::esc);
     ++m_openEditors;
     m_editor = edit;
@@ -91,11 +98,31 @@ QWidget *QTabDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     return edit;
 }
 
-/// What was typed before the length was known is not cut.
-void QTabDelegate::limitLength(QLineEdit *edit) const
+void QTabDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    if (m_maxLength >= edit->text().size() && m_maxLength > 0)
-        edit->setMaxLength(m_maxLength);
+    auto *edit = qobject_cast<QLineEdit *>(editor);
+    if (edit == nullptr)
+        return;
+    edit->setText(beginningText(index));
+    m_beginning = edit->text();
+}
+
+QString QTabDelegate::beginningText(const QModelIndex &index) const
+{
+    return index.data(Qt::EditRole).toString();
+}
+
+QModelIndex QTabDelegate::cellFor(const QModelIndex &index) const
+{
+    return index.sibling(index.row(), Name);
+}
+
+/// What was typed before the length was known is not cut.
+void QTabDelegate::limitLength(QLineEdit *edit, int column) const
+{
+    const int length = m_maxLengths.value(column);
+    if (length >= edit->text().size() && length > 0)
+        edit->setMaxLength(length);
 }
 
 /// An editor that was closed is hidden until the event loop deletes it.
@@ -111,7 +138,7 @@ QModelIndex QTabDelegate::edited() const
 
 bool QTabDelegate::isUntouched(const QLineEdit *edit) const
 {
-    return edit->text() == (m_isAdding ? QString() : m_edited.data(Qt::EditRole).toString());
+    return edit->text() == (m_isAdding ? QString() : m_beginning);
 }
 
 bool QTabDelegate::isChanged() const
@@ -204,7 +231,7 @@ bool QTabDelegate::eventFilter(QObject *editor, QEvent *event)
         return true;
     }
     const int key = static_cast<QKeyEvent *>(event)->key();
-    return edit->objectName() == nameEditor ? nameKey(edit, key) : idKey(edit, key);
+    return edit->objectName() == idEditor ? idKey(edit, key) : nameKey(edit, key);
 }
 
 /// What was asked for last comes next: the keys are for that, also those that end a name.
@@ -287,9 +314,9 @@ void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
     if (edit == nullptr || isWriting())
         return;
     // The list itself stores when another row becomes the current one.
-    if (edit == m_editor && !m_isKeeping && index.column() == Name && !isChanged())
+    if (edit == m_editor && !m_isKeeping && index.column() != Id && !isChanged())
         return;
-    const QString text = edit->text().trimmed();
+    const QString text = typedText(*edit, index.column());
     const QModelIndex name = index.sibling(index.row(), Name);
     if (index.column() == Id || m_isKeeping)
         model->setData(index, m_isKeeping ? edit->text() : text);
@@ -301,28 +328,81 @@ void QTabDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
         emit ClrNextEdit();
 }
 
-void QTabDelegate::store(QAbstractItemModel *model, const QModelIndex &name, const QString &text)
+QString QTabDelegate::typedText(const QLineEdit &edit, int column) const
+{
+    Q_UNUSED(column)
+    return edit.text().trimmed();
+}
+
+QString QTabDelegate::refusal(int column, const QString &text, QString *value) const
+{
+    Q_UNUSED(column)
+    *value = text;
+    if (text.isEmpty())
+        return tr("Поле не може бути пустим.");
+    return hasControlCharacters(text) ? controlCharactersRefusal(tr("Назва")) : QString();
+}
+
+bool QTabDelegate::isConfirmed(QWidget *window, const QModelIndex &cell, const QString &value) const
+{
+    Q_UNUSED(window)
+    Q_UNUSED(cell)
+    Q_UNUSED(value)
+    return true;
+}
+
+CellWriter QTabDelegate::writer() const
+{
+    return &writeName;
+}
+
+void QTabDelegate::store(QAbstractItemModel *model, const QModelIndex &cell, const QString &text)
 {
     m_model = model;
     m_window = m_editor ? m_editor->window() : nullptr;
-    if (text.isEmpty())
-        refuse(tr("Поле не може бути пустим."));
-    else if (hasControlCharacters(text))
-        refuse(controlCharactersRefusal(tr("Назва")));
-    else
-        write(name, text);
+    m_typed = text;
+    QString value;
+    const QString why = refusal(cell.column(), text, &value);
+    const CellDraft draft = draftOf(cell, value);
+    m_written = cell;
+    if (!why.isEmpty())
+        refuse(why);
+    else if (asks(cell, value))
+        write(draft);
 }
 
-void QTabDelegate::write(const QModelIndex &name, const QString &text)
+/// False when the user goes on editing, or the list has gone meanwhile.
+bool QTabDelegate::asks(const QModelIndex &cell, const QString &value)
 {
-    m_written = name;
-    m_draft = {m_table,      name.sibling(name.row(), Id).data(Qt::EditRole).toString(),
-               m_isAdding,   name.data(Qt::EditRole).toString(),
-               text,         m_unclear == text,
-               m_lowestNewId};
+    const QPointer<QTabDelegate> open = this;
+    m_isTelling = true;
+    const bool isWanted = isConfirmed(m_window, cell, value);
+    if (!open)
+        return false;
+    m_isTelling = false;
+    if (!isWanted)
+        refuse({});
+    return isWanted;
+}
+
+CellDraft QTabDelegate::draftOf(const QModelIndex &cell, const QString &value) const
+{
+    return {m_table,
+            cell.column(),
+            cell.sibling(cell.row(), Id).data(QRowModel::StoredRole).toString(),
+            m_isAdding,
+            cell.data(QRowModel::StoredRole).toString(),
+            value,
+            m_unclear == value,
+            m_lowestNewId};
+}
+
+void QTabDelegate::write(const CellDraft &draft)
+{
+    m_draft = draft;
     m_unclear.clear();
-    m_tasks.write([draft = m_draft](const Db &db) { return writeName(db, draft); },
-                  [this](const NameWritten &written) { take(written); });
+    m_tasks.write([draft, write = writer()](const Db &db) { return write(db, draft); },
+                  [this](const CellWritten &written) { take(written); });
     if (!isWriting())
         return;
     if (QLineEdit *edit = openEditor())
@@ -337,20 +417,20 @@ void QTabDelegate::endWriting()
     emit writingEnded();
 }
 
-void QTabDelegate::take(const NameWritten &written)
+void QTabDelegate::take(const CellWritten &written)
 {
-    if (written.outcome == NameWritten::Written)
+    if (written.outcome == CellWritten::Written)
         takeStored(written);
     else
         takeRefused(written);
 }
 
-void QTabDelegate::takeStored(const NameWritten &written)
+void QTabDelegate::takeStored(const CellWritten &written)
 {
     const bool isInList = m_written.isValid();
     if (isInList) {
         m_model->setData(m_written.sibling(m_written.row(), Id), written.id);
-        m_model->setData(m_written, m_draft.name);
+        m_model->setData(m_written, m_draft.value);
     }
     if (m_draft.isNew) {
         emit clr();
@@ -398,11 +478,11 @@ void QTabDelegate::giveKeys()
         refuse(dropped);
 }
 
-void QTabDelegate::takeRefused(const NameWritten &written)
+void QTabDelegate::takeRefused(const CellWritten &written)
 {
     m_next = {};
-    if (written.outcome == NameWritten::Failed)
-        m_unclear = m_draft.name;
+    if (written.outcome == CellWritten::Failed)
+        m_unclear = m_draft.value;
     QStringList words = {written.why, std::exchange(m_dropped, {}), droppedWords()};
     words.removeAll(QString());
     if (written.theirs && m_written.isValid())
@@ -417,8 +497,8 @@ void QTabDelegate::reopen()
     if (openEditor() == nullptr && m_written.isValid())
         emit editAgain(m_written);
     QLineEdit *edit = openEditor();
-    if (edit != nullptr && edit->objectName() == nameEditor && edit->text().trimmed() != m_draft.name)
-        edit->setText(m_draft.name);
+    if (edit != nullptr && edit->objectName() != idEditor && typedText(*edit, m_written.column()) != m_typed)
+        edit->setText(m_typed);
     if (edit == nullptr && m_draft.isNew)
         emit delnewrecord();
 }

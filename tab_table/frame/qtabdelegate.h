@@ -1,9 +1,10 @@
 #pragma once
 
 #include "busywindow.h"
+#include "cellwriting.h"
 #include "dbtasks.h"
-#include "namestore.h"
 
+#include <QHash>
 #include <QItemDelegate>
 #include <QPersistentModelIndex>
 #include <QPointer>
@@ -12,7 +13,8 @@ class QLineEdit;
 class QSqlDatabase;
 
 /// The inline editor of lists that hold a name only: checks that the name is free and writes the row. A typed
-/// name is stored by whatever leaves the editor but Esc; a refused one stays in it.
+/// name is stored by whatever leaves the editor but Esc; a refused one stays in it. A list of other cells has
+/// an editor over this one, which says which cells open, what may stand in them and how they are written.
 ///
 /// It is written away from the window. Meanwhile the editor stays as it is, keeps the keys that are pressed
 /// in it for what comes next, and whatever else is asked for waits for the end.
@@ -31,6 +33,9 @@ public:
     /// Stores the id in the model only while adding; the name goes to the database first, and into the model
     /// when it has arrived there.
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    /// The cell that opens when this one is to be edited: that of the name.
+    virtual QModelIndex cellFor(const QModelIndex &index) const;
 
     /// A new row without a typed id gets this one or a higher one; 0: any.
     void setLowestNewId(uint id) { m_lowestNewId = id; }
@@ -85,6 +90,21 @@ signals:
     void storedUnseen();
 
 protected:
+    /// Asks how long a text may be in that column of the list, which shows this column of the table.
+    void readLength(int column, const QString &tableColumn);
+    void limitLength(QLineEdit *edit, int column) const;
+    /// For every editor that createEditor() makes: it is the one of that cell from now on.
+    QLineEdit *takeEditor(QLineEdit *edit, const QModelIndex &index) const;
+    /// The text that the editor of a cell begins with.
+    virtual QString beginningText(const QModelIndex &index) const;
+    /// What stands in the editor of a cell of that column.
+    virtual QString typedText(const QLineEdit &edit, int column) const;
+    /// Why such a text cannot be stored, in the user's words; else empty, and *value is what is to be stored.
+    virtual QString refusal(int column, const QString &text, QString *value) const;
+    /// Asks the user about a value that is sound but has far-reaching consequences.
+    virtual bool isConfirmed(QWidget *window, const QModelIndex &cell, const QString &value) const;
+    virtual CellWriter writer() const;
+
     /// Enter stores and goes on adding, Tab stores, Esc drops. While a record is added, Backtab goes from its
     /// name to its id, Tab and Enter go back. Whoever goes to another field of the window stores, too.
     bool eventFilter(QObject *editor, QEvent *event) override;
@@ -112,25 +132,27 @@ private:
     void leaveLater(QLineEdit *edit);
     void keepKey(const QKeyEvent &key);
     QString droppedWords();
-    void readLength();
-    void limitLength(QLineEdit *edit) const;
+    bool asks(const QModelIndex &cell, const QString &value);
     void refuse(const QString &why);
     void store(QAbstractItemModel *model, const QModelIndex &name, const QString &text);
-    void write(const QModelIndex &name, const QString &text);
+    CellDraft draftOf(const QModelIndex &cell, const QString &value) const;
+    void write(const CellDraft &draft);
     void endWriting();
-    void take(const NameWritten &written);
-    void takeStored(const NameWritten &written);
+    void take(const CellWritten &written);
+    void takeStored(const CellWritten &written);
     void goOn();
-    void takeRefused(const NameWritten &written);
+    void takeRefused(const CellWritten &written);
     void reopen();
 
     QString m_table;
     uint m_lowestNewId = 0;
-    /// Of the column; 0: not known.
-    int m_maxLength = 0;
+    /// By column; those that are missing are not known.
+    QHash<int, int> m_maxLengths;
     /// The editor opened last, which the list may have closed meanwhile, and its cell.
     mutable QPointer<QLineEdit> m_editor;
     mutable QPersistentModelIndex m_edited;
+    /// What stood in it at first.
+    mutable QString m_beginning;
     /// Moving between the two cells of a new record opens the next editor before the last one is gone.
     mutable int m_openEditors = 0;
     bool m_isAdding = false;
@@ -145,10 +167,11 @@ private:
     bool m_isAwaitingRow = false;
     /// Words about what was typed and is lost, to be told when the writing has ended.
     QString m_dropped;
-    /// A name of which nobody knows whether it was written: the answer was lost.
+    /// A value of which nobody knows whether it was written: the answer was lost.
     QString m_unclear;
-    /// What was written last, and its cell.
-    NameDraft m_draft;
+    /// What was written last, as it was typed, and its cell.
+    CellDraft m_draft;
+    QString m_typed;
     QPersistentModelIndex m_written;
     QPointer<QAbstractItemModel> m_model;
     QPointer<QWidget> m_window;

@@ -677,7 +677,7 @@ void TstQTabNames::closingAsksAboutATypedName()
     typeText("Риба");
     bool closes = true;
     const QString asked = answerConfirm([&] { closes = m_page->names->mayClose(); }, false);
-    QVERIFY2(asked.contains("Набрану назву ще не записано."), qPrintable(asked));
+    QVERIFY2(asked.contains("Набране в списку ще не записано."), qPrintable(asked));
     QVERIFY(!closes);
     QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
     QCOMPARE(editor()->text(), QString("Риба"));

@@ -1,0 +1,102 @@
+#include "taxrates.h"
+
+#include "money.h"
+#include "numberfield.h"
+#include "qtabtax.h"
+#include "qupdatebd.h"
+
+namespace {
+const qint64 largestRate = 9999;
+
+struct TaxStatement
+{
+    TaxColumn column;
+    const char *name;
+    const char *update;
+};
+
+/// The table has no column "ntid": a tax group keeps its name, and whoever renames it gets the server's
+/// words.
+const TaxStatement statements[] = {
+    {TaxColumn::Id, "id", nullptr},
+    {TaxColumn::Name, "name", "UPDATE tax SET name=:val where ntid="},
+    {TaxColumn::Rate, "pdv_proc", "UPDATE tax SET pdv_proc=:val where id="},
+    {TaxColumn::LevyName, "dod_name", "UPDATE tax SET dod_name=:val where id="},
+    {TaxColumn::LevyRate, "dod_proc", "UPDATE tax SET dod_proc=:val where id="},
+};
+
+const TaxStatement &statementOf(int column)
+{
+    return statements[column];
+}
+
+QVariant bound(const CellDraft &draft)
+{
+    if (isRate(static_cast<TaxColumn>(draft.column)))
+        return draft.value.toLongLong();
+    return draft.value;
+}
+
+CellWritten changedMeanwhile(const CellDraft &draft, const QString &now)
+{
+    const bool isNumber = isRate(static_cast<TaxColumn>(draft.column));
+    const QString shown = isNumber ? rateText(now.toLongLong()) : now;
+    return {CellWritten::Refused,
+            QTabTax::tr("Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб "
+                        "записати своє, або Esc, щоб залишити це.")
+                .arg(shown),
+            {},
+            now};
+}
+} // namespace
+
+std::optional<RowStore> readTaxes(const Db &db)
+{
+    const QString table = QStringLiteral("tax");
+    const auto count = db.firstText(QStringLiteral("SELECT COUNT(*) FROM ") + table, {},
+                                    QTabTax::tr("Помилка при отриманні кількості записів таблиці") +
+                                        QLatin1Char(' ') + table);
+    if (!count)
+        return std::nullopt;
+    auto rows = db.run(QStringLiteral("SELECT id,name,pdv_proc,dod_name,dod_proc FROM tax"), {},
+                       QTabTax::tr("Помилка запиту"));
+    if (!rows)
+        return std::nullopt;
+    std::optional<RowStore> taxes = RowStore::read(*rows);
+    QUpdateBD().reRead(table, *db.connection(), db.receiver());
+    return taxes;
+}
+
+CellWritten writeTax(const Db &db, const CellDraft &draft)
+{
+    const TaxStatement &statement = statementOf(draft.column);
+    const QString id = QString::number(draft.id.toUInt());
+    Transaction t(db);
+    const auto now = t ? db.firstText(QStringLiteral("SELECT %1 FROM tax WHERE id=%2 FOR UPDATE")
+                                          .arg(QLatin1String(statement.name), id))
+                       : std::nullopt;
+    if (!now)
+        return {};
+    if (*now != draft.shown && *now != draft.value)
+        return changedMeanwhile(draft, *now);
+    if (!db.run(QLatin1String(statement.update) + id, {{QStringLiteral(":val"), bound(draft)}},
+                QTabTax::tr("Помилка оновлення запису.")) ||
+        !QUpdateBD().update(draft.table, *db.connection(), db.receiver()) || !t.commit())
+        return {};
+    return {CellWritten::Written, {}, id};
+}
+
+QString maskedRate(const QString &hundredths)
+{
+    return hundredths.isEmpty() ? QString() : rateText(hundredths.toLongLong()).rightJustified(5, '0');
+}
+
+QString readMaskedRate(const QString &text, qint64 *hundredths)
+{
+    const QString whole = text.section('.', 0, 0).remove(' ');
+    const QString fraction = text.section('.', 1);
+    if (fraction.startsWith(' ') && !fraction.trimmed().isEmpty())
+        return QTabTax::tr("Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.");
+    const QString number = fraction.trimmed().isEmpty() ? whole : whole + '.' + fraction.trimmed();
+    return readNumber(number, NumberKind::Rate, 0, largestRate, hundredths);
+}

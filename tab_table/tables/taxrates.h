@@ -1,0 +1,23 @@
+#pragma once
+
+#include "cellwriting.h"
+#include "rowstore.h"
+
+/// The tax groups as the list of taxes reads and writes them; its columns.
+enum class TaxColumn { Id, Name, Rate, LevyName, LevyRate };
+
+constexpr bool isRate(TaxColumn column)
+{
+    return column == TaxColumn::Rate || column == TaxColumn::LevyRate;
+}
+
+/// All of them; nothing after a reported failure.
+std::optional<RowStore> readTaxes(const Db &db);
+/// The writer of that list: of a row that is there, and only over what the list showed.
+CellWritten writeTax(const Db &db, const CellDraft &draft);
+
+/// "07.00" for 700: a rate as the mask "00.00" holds it; one of three digits does not fit and loses some.
+QString maskedRate(const QString &hundredths);
+/// Hundredths of a per cent of what stands in that mask, blanks where nothing was typed: "7 .5 " and " 7.50"
+/// are 750, "20.  " is 2000. Returns why it is no rate, in words that say what to write; "7 . 5" is none.
+QString readMaskedRate(const QString &text, qint64 *hundredths);
