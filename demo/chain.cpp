@@ -30,9 +30,9 @@ bool isUsable(const ChainPlan &plan)
 /// Programs that are open on this database read their lists anew.
 bool announce(const Db &db)
 {
-    return QUpdateBD().update(QStringList{"group_shop", "group_goods", "shops", "kassa", "users", "goods",
-                                          "dk_shc", "prices", "action", "goods_shop", "procent", "clients",
-                                          "group_premission", "comands"},
+    return QUpdateBD().update(QStringList{"group_shop", "group_goods", "slujb_op", "shops", "kassa", "users",
+                                          "goods", "dk_shc", "prices", "action", "goods_shop", "procent",
+                                          "clients", "group_premission", "comands"},
                               *db.connection(), db.receiver());
 }
 } // namespace

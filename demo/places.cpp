@@ -44,6 +44,15 @@ bool fillGroups(const Db &db, const ChainPlan &plan)
     return groups.finish();
 }
 
+bool fillServiceOperations(const Db &db)
+{
+    BulkInsert operations(db, QStringLiteral("slujb_op(name,plus_minus)"));
+    operations.add(SqlRow().text(QStringLiteral("Розмінна монета")).number(1));
+    operations.add(SqlRow().text(QStringLiteral("Інкасація")).number(0));
+    operations.add(SqlRow().text(QStringLiteral("Здача виручки в банк")).number(0));
+    return operations.finish();
+}
+
 QVector<Shop> makeShops(const ChainPlan &plan)
 {
     static constexpr int cycles[] = {7, 1, 10, 14};
@@ -167,7 +176,12 @@ bool fillPlaces(const Db &db, Chain *chain)
 {
     chain->shops = makeShops(chain->plan);
     chain->registers = makeRegisters(*chain);
+<<<<<<< HEAD
     return fillGroups(db, chain->plan) && writeShops(db, chain->shops) && writeRegisters(db, *chain) &&
            writeCommands(db);
+=======
+    return fillGroups(db, chain->plan) && fillServiceOperations(db) && writeShops(db, chain->shops) &&
+           writeRegisters(db, *chain);
+>>>>>>> 5728b1e (Demo chain: service goods groups and service operations)
 }
 } // namespace demo
