@@ -269,7 +269,8 @@ void Screenshots::takeEditors(QWidget *page, const QString &name)
 {
     page->findChild<QTableView *>()->selectRow(0);
     takeModal(name + QStringLiteral("_edit"), [this] { m_window->edit(); });
-    takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
+    if (dynamic_cast<Page *>(page)->isOffered(Command::Add))
+        takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
 }
 
 /// The window that a command opens, sooner or later, as soon as it has been filled; some open none here.

@@ -8,6 +8,7 @@ enum {
     TooManyConnections = 1040,
     NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
     UnknownDatabase = 1049,
+    UnknownColumn = 1054,
     DuplicateKey = 1062,
     NoSuchTable = 1146,
     LockWait = 1205,

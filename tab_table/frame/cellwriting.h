@@ -25,8 +25,9 @@ struct CellDraft
 
 struct CellWritten
 {
-    /// Failed: reported. Refused: `why` is for the user.
-    enum Outcome { Written, Failed, Refused };
+    /// Failed: reported. Refused: `why` is for the user. GivenUp: reported, and no other try would help: the
+    /// editor closes.
+    enum Outcome { Written, Failed, Refused, GivenUp };
     Outcome outcome = Failed;
     QString why = {};
     /// The id that the row has.

@@ -421,6 +421,8 @@ void QTabDelegate::take(const CellWritten &written)
 {
     if (written.outcome == CellWritten::Written)
         takeStored(written);
+    else if (written.outcome == CellWritten::GivenUp)
+        giveUp();
     else
         takeRefused(written);
 }
@@ -476,6 +478,16 @@ void QTabDelegate::giveKeys()
     const QString dropped = droppedWords();
     if (!dropped.isEmpty())
         refuse(dropped);
+}
+
+void QTabDelegate::giveUp()
+{
+    m_next = {};
+    QStringList words = {std::exchange(m_dropped, {}), droppedWords()};
+    words.removeAll(QString());
+    drop();
+    if (!words.isEmpty())
+        refuse(words.join(QLatin1Char('\n')));
 }
 
 void QTabDelegate::takeRefused(const CellWritten &written)

@@ -142,6 +142,7 @@ private:
     void takeStored(const CellWritten &written);
     void goOn();
     void takeRefused(const CellWritten &written);
+    void giveUp();
     void reopen();
 
     QString m_table;

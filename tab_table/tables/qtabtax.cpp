@@ -115,7 +115,7 @@ bool QTabTaxDelegate::isConfirmed(QWidget *window, const QModelIndex &cell, cons
     const QString name = storedText(cell.sibling(cell.row(), cell.column() - 1));
     const bool isWanted = QMessDlg::confirm(
         window, tr("Змінити ставку?"),
-        tr("%1: %2 → %3.\nЗа новою ставкою рахуватимуться зміни, відкриті після цього. Уже відкриті зміни "
+        tr("%1: %2 → %3.\nЗа новою ставкою рахуватимуться касові зміни, відкриті після цього. Уже відкриті "
            "зберігають попередню.")
             .arg(name, rateText(storedText(cell).toLongLong()) + QStringLiteral(" %"),
                  rateText(value.toLongLong()) + QStringLiteral(" %")),
@@ -132,6 +132,7 @@ QTabTax::QTabTax(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting
 {
     table = QStringLiteral("tax");
     query = QStringLiteral("SELECT id,name,pdv_proc,dod_name,dod_proc FROM tax");
+    list()->breakCaptions();
     setColumns({{QString(), 5, &asNumber},
                 {tr("Назва податку"), 20},
                 {tr("Ставка податку %"), 8, &asRate},

@@ -4,6 +4,7 @@
 #include "numberfield.h"
 #include "qtabtax.h"
 #include "qupdatebd.h"
+#include "servererror.h"
 
 namespace {
 const qint64 largestRate = 9999;
@@ -80,8 +81,10 @@ CellWritten writeTax(const Db &db, const CellDraft &draft)
     if (*now != draft.shown && *now != draft.value)
         return changedMeanwhile(draft, *now);
     if (!db.run(QLatin1String(statement.update) + id, {{QStringLiteral(":val"), bound(draft)}},
-                QTabTax::tr("Помилка оновлення запису.")) ||
-        !QUpdateBD().update(draft.table, *db.connection(), db.receiver()) || !t.commit())
+                QTabTax::tr("Помилка оновлення запису.")))
+        return {db.lastErrorNumber() == ServerError::UnknownColumn ? CellWritten::GivenUp
+                                                                   : CellWritten::Failed};
+    if (!QUpdateBD().update(draft.table, *db.connection(), db.receiver()) || !t.commit())
         return {};
     return {CellWritten::Written, {}, id};
 }

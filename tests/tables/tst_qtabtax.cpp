@@ -266,10 +266,8 @@ void TstQTabTax::renamingFails()
     QVERIFY2(errors.first().startsWith("Помилка оновлення запису."), qPrintable(errors.first()));
     QVERIFY2(errors.first().contains("ntid") && errors.first().contains("Unknown column"),
              qPrintable(errors.first()));
-    QVERIFY(editor() != nullptr && !editor()->isReadOnly());
-    QCOMPARE(editor()->text(), QString("ПДВ 20"));
-    pressKeys({Qt::Key_Escape});
-    QTRY_VERIFY(editor() == nullptr);
+    QTRY_VERIFY2(editor() == nullptr, "whoever leaves it does not try again");
+    QVERIFY(m_tab->view()->hasFocus());
     QCOMPARE(shown(0, TaxColumn::Name), QString("ПДВ А"));
     QCOMPARE(stored(1), QString("ПДВ А|2000|ДОД А|0"));
     // The connection is sound: the next one is written.
