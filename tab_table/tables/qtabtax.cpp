@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace {
@@ -77,6 +78,19 @@ QWidget *QTabTaxDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
     else
         limitLength(edit, index.column());
     return takeEditor(edit, index);
+}
+
+void QTabTaxDelegate::drawFocus(QPainter *painter, const QStyleOptionViewItem &option,
+                                const QRect &rect) const
+{
+    Q_UNUSED(rect)
+    if (!option.state.testFlag(QStyle::State_HasFocus))
+        return;
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight));
+    painter->drawRect(option.rect.adjusted(1, 1, -2, -2));
+    painter->restore();
 }
 
 QModelIndex QTabTaxDelegate::cellFor(const QModelIndex &index) const

@@ -23,6 +23,8 @@ signals:
     void update(bool isWritten);
 
 protected:
+    /// The rows are selected whole: a frame tells which cell Enter opens.
+    void drawFocus(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rect) const override;
     QString beginningText(const QModelIndex &index) const override;
     QString typedText(const QLineEdit &edit, int column) const override;
     QString refusal(int column, const QString &text, QString *value) const override;

@@ -25,6 +25,7 @@ private slots:
     void nothingOpensWhatTheMenuHides();
     void openedTabsTakeKeys();
     void stockIsNotEditedHere();
+    void smallLists();
     void longAddressesWidenNothing();
     void rightsAreFollowed();
 
@@ -156,6 +157,35 @@ void TstQTableBase::stockIsNotEditedHere()
     m_host->Goods();
     QCOMPARE(front()->commands().value(Command::Edit, "немає"), QString());
     QCOMPARE(answerQuestion([this] { m_host->DelRecord(); }), QString("Видалення заборонене!!!"));
+}
+
+void TstQTableBase::smallLists()
+{
+    const struct
+    {
+        void (QTableBase::*open)();
+        int permission;
+        const char *title;
+        int rows;
+        bool isEdited;
+    } lists[] = {{&QTableBase::GroupGoods, Permission::GroupGoods, "Групи товарів", 1, true},
+                 {&QTableBase::TypeTransaction, Permission::TypeTransactions, "Типи транзакцій", 10, false},
+                 {&QTableBase::SlujbOp, Permission::SlujbOp, "Службові операції", 2, true},
+                 {&QTableBase::Day_Update, Permission::DayUpdate, "Дні оновлення", 7, true},
+                 {&QTableBase::Tax, Permission::Tax, "Податкові групи", 5, true}};
+    for (const auto &list : lists)
+        allow(list.permission, Permission::Full);
+    for (const auto &list : lists) {
+        (m_host.get()->*list.open)();
+        (m_host.get()->*list.open)();
+        QCOMPARE(m_tabs->tabText(m_tabs->currentIndex()), QString(list.title));
+        QCOMPARE(shown().size(), list.rows);
+        QCOMPARE(front()->isOffered(Command::Edit), list.isEdited);
+        QCOMPARE(answerQuestion([this] { QVERIFY(!m_host->DelRecord()); }),
+                 QString("Видалення заборонене!!!"));
+        QCOMPARE(shown().size(), list.rows);
+    }
+    QCOMPARE(m_tabs->count(), 5);
 }
 
 void TstQTableBase::longAddressesWidenNothing()
