@@ -24,6 +24,7 @@ Pages::Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user
     for (const PageTable &part : {management(), m_tables->pages(), m_reports->pages(), others()})
         m_table.insert(m_table.end(), part.begin(), part.end());
     connect(m_tables, &QTableBase::statOnLine, m_reports, qOverload<unsigned int>(&QReports::StatOnLine));
+    connect(m_tables, &QTableBase::cheksWanted, m_reports, &QReports::showCheks);
 }
 
 Pages::~Pages()

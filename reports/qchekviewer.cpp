@@ -250,10 +250,20 @@ void QChekViewer::rowsShown()
     }
     m_keepsSlip = false;
     if (m_origin && model()->rowCount() > 0)
-        view()->setCurrentIndex(model()->index(0, ChekList::Number));
+        view()->setCurrentIndex(model()->index(rowOf(m_origin->chek), ChekList::Number));
     ui->labelSum->setText(totals().constFirst());
     m_mismatches.clear();
     checkSums(ui->chCheckSums->isChecked());
+}
+
+/// The first row for a receipt that is not there.
+int QChekViewer::rowOf(uint chek) const
+{
+    for (int row = 0; chek != 0 && row < model()->rowCount(); ++row) {
+        if (model()->number(row, ChekList::Number) == chek)
+            return row;
+    }
+    return 0;
 }
 
 QStringList QChekViewer::totals() const

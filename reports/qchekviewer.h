@@ -55,6 +55,7 @@ protected:
 
 private:
     void InsertColumnsListCheks();
+    int rowOf(uint chek) const;
     void connectWidgets();
     void connectSlip();
     void showPlace(const ChekOrigin &origin, const OriginNames &names);

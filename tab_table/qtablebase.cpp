@@ -12,6 +12,7 @@
 #include "qtabnames.h"
 #include "qtabshops.h"
 #include "qtabslujbop.h"
+#include "qtabtransaction.h"
 #include "qtabzzvit.h"
 #include "qtabtax.h"
 #include "schema.h"
@@ -27,6 +28,16 @@ template<typename Tab>
 std::function<QWidget *()> QTableBase::make()
 {
     return [this] { return new Tab(m_db, m_user, parent(), m_setting, nullptr); };
+}
+
+template<typename Tab>
+std::function<QWidget *()> QTableBase::makeJournal()
+{
+    return [this] {
+        auto *tab = new Tab(m_db, m_user, parent(), m_setting, nullptr);
+        connect(tab, &QTabJournal::cheksWanted, this, &QTableBase::cheksWanted);
+        return tab;
+    };
 }
 
 PageTable QTableBase::lines()
@@ -55,6 +66,13 @@ PageTable QTableBase::lines()
         {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"),
          make<QTabDay_Update>()},
         {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), make<QTabTax>()},
+        {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"),
+         makeJournal<QTabTransaction>()},
+        {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"), {}},
+        {"mt_z_zvits", Permission::ZZvit, QT_TRANSLATE_NOOP("Page", "Зміни"), makeJournal<QTabZZvit>()},
+        {"mt_slujb_op", Permission::SlujbOp, QT_TRANSLATE_NOOP("Page", "Службові операції"), {}},
+        {"mt_day_update", Permission::DayUpdate, QT_TRANSLATE_NOOP("Page", "Дні оновлення"), {}},
+        {"mt_tax", Permission::Tax, QT_TRANSLATE_NOOP("Page", "Податкові групи"), {}},
     };
 }
 

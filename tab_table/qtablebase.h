@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chekorigin.h"
 #include "page.h"
 
 #include <QObject>
@@ -38,6 +39,8 @@ signals:
     void visible(bool vis, bool exp);
     void visible(bool vis);
     void statOnLine(uint id_shop, uint id_kass);
+    /// The receipts behind a row of a list are to be shown.
+    void cheksWanted(const ChekOrigin &origin);
 
 public slots:
     void shops() { open("mt_shops"); }
@@ -78,6 +81,8 @@ private:
     PageTable lines();
     template<typename Tab>
     std::function<QWidget *()> make();
+    template<typename Tab>
+    std::function<QWidget *()> makeJournal();
     QWidget *makeShops();
     QWidget *open(const char *action);
     Page *current() const;

@@ -56,6 +56,7 @@ void QTabJournal::buildFilter(const QString &numberCaption)
     ui->range->setEnabled(false);
     ui->place->open(db().connection()->connectionName(), receiver());
     list()->setButtons(nullptr, ui->pbStop);
+    connect(ui->pbStop, &QPushButton::clicked, this, &QTabJournal::stopLoading);
     limitTo(ui->leSearch, "[0-9]{0,10}");
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
 }
@@ -156,7 +157,7 @@ void QTabJournal::seerch(const QString &text)
 
 void QTabJournal::showPage()
 {
-    if (refuse(m_asked))
+    if (refuse())
         return;
     const int size = ui->pages->pageSize();
     m_pageRows = size == 0 ? mostRows : qMin(size, mostRows);
@@ -170,15 +171,16 @@ QString QTabJournal::refusesAll(const JournalAsked &asked) const
 }
 
 /// In the list, where the rows would stand.
-bool QTabJournal::refuse(const JournalAsked &asked)
+bool QTabJournal::refuse()
 {
     QString why;
-    if (asked.hasDays())
+    if (m_asked.hasDays())
         why = ui->range->refusal();
     if (why.isEmpty() && ui->pages->pageSize() == 0)
-        why = refusesAll(asked);
+        why = refusesAll(m_asked);
     if (why.isEmpty())
         return false;
+    stopLoading();
     list()->clear();
     view()->setEmptyText(why);
     emit loaded();
@@ -188,25 +190,35 @@ bool QTabJournal::refuse(const JournalAsked &asked)
 void QTabJournal::showRows(const QString &from)
 {
     search(from);
+    tellEmpty();
+}
+
+void QTabJournal::showNoRows()
+{
+    tellEmpty();
+    list()->showRows({});
+}
+
+void QTabJournal::tellEmpty()
+{
     const bool isNarrowed = m_asked.hasDays() || !m_asked.number.isEmpty() ||
                             m_asked.place.group + m_asked.place.shop + m_asked.place.kass != 0;
     list()->setEmptyText(isNarrowed ? QTab::tr("За цими умовами нічого не знайдено.")
                                     : QTab::tr("Записів ще немає."));
 }
 
-/// The statement has asked for one row more than a page has: it tells whether there is a next page.
 RowStore QTabJournal::takePage(RowStore &&found)
 {
     m_hasNext = found.rowCount() > m_pageRows;
-    RowStore page;
+    RowStore page = m_hasNext ? RowStore() : std::move(found);
+    const int surplus = m_hasNext ? surplusRow(found) : -1;
     std::vector<std::string_view> cells(static_cast<size_t>(model()->columnCount()));
-    for (int row = 0; m_hasNext && row < m_pageRows; ++row) {
+    for (int row = 0; m_hasNext && row < found.rowCount(); ++row) {
         for (size_t column = 0; column < cells.size(); ++column)
             cells[column] = found.cell(row, static_cast<int>(column));
-        page.append(cells);
+        if (row != surplus)
+            page.append(cells);
     }
-    if (!m_hasNext)
-        page = std::move(found);
     m_next = keyBehind(page, ui->pages->start());
     return page;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "place.h"
+#include "chekorigin.h"
 #include "qtab.h"
 
 namespace Ui {
@@ -49,8 +49,8 @@ public slots:
     void nextPage();
 
 signals:
-    /// The receipts of a shift are to be shown.
-    void shiftWanted(const Place &place, uint shift);
+    /// The receipts behind a row are to be shown.
+    void cheksWanted(const ChekOrigin &origin);
 
 protected:
     /// Behind setColumns(): the filter and the first page. numberCaption: what the number is of, with its
@@ -62,8 +62,13 @@ protected:
     virtual QVariant keyBehind(const RowStore &rows, const QVariant &start) const = 0;
     /// Why not even many rows can be shown at once; empty when they can.
     virtual QString refusesAll(const JournalAsked &asked) const;
-    /// The FROM of a page's statement with all that follows.
+    /// The row of the surplus that tells of a next page.
+    virtual int surplusRow(const RowStore &found) const { return found.rowCount() - 1; }
+    /// What loadPage() has begun beside the list is not wanted any more.
+    virtual void stopLoading() {}
+    /// The FROM of a page's statement with all that follows: it asks for one row more than a page has.
     void showRows(const QString &from);
+    void showNoRows();
     void rowsShown() override;
     void followRights() override;
 
@@ -74,7 +79,8 @@ private:
     void refillShops();
     void followPlace();
     void showPage();
-    bool refuse(const JournalAsked &asked);
+    bool refuse();
+    void tellEmpty();
     JournalAsked asked() const;
     RowStore takePage(RowStore &&found);
 

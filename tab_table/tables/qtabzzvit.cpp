@@ -4,18 +4,18 @@
 #include "qrowmodel.h"
 
 namespace {
-enum ColumnOf { Number, Shop, Register, Time = 16, SortedTime, IdShop, IdKass };
+enum ColumnOf { Number, Time = 16, IdShop, IdKass };
 
-/// An open shift is the newest; of one without any time nobody knows.
+/// The time by which the shifts follow each other: an open one will be closed some day; of one without any
+/// time nobody knows.
 const QString sortedTime = QStringLiteral("IF(z_zvit.data_time=0,'9999-12-31 23:59:59',"
-                                          "IFNULL(z_zvit.data_time,'0001-01-01 00:00:00'))");
+                                          "IFNULL(z_zvit.data_time,'0000-00-00 00:00:00'))");
 
-QString closingTime(std::string_view stored)
+QString closingTime(std::string_view sorted)
 {
-    return stored.substr(0, 10) == "0000-00-00" ? QTabZZvit::tr("відкрита") : asDateTime.shown(stored);
+    return sorted.substr(0, 4) == "9999" ? QTabZZvit::tr("відкрита") : asDateTime.shown(sorted);
 }
 
-/// The time at which a shift was closed; an open one says so.
 const CellFormat asClosingTime = {closingTime, closingTime, false};
 
 QString daysCondition(const JournalAsked &asked)
@@ -47,12 +47,13 @@ QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
 {
     table = QStringLiteral("z_zvit");
     query = QStringLiteral(
-        "SELECT z_zvit.id_zzvit,shops.address,kassa.advertising_str,IFNULL(z_zvit.Oborot_A,0)+"
+        "SELECT z_zvit.id_zzvit,shops.address,IFNULL(NULLIF(kassa.advertising_str,''),"
+        "CONCAT('№ ',z_zvit.id_kass)),IFNULL(z_zvit.Oborot_A,0)+"
         "IFNULL(z_zvit.Oborot_B,0)+IFNULL(z_zvit.Oborot_V,0)+IFNULL(z_zvit.Oborot_G,0)+"
         "IFNULL(z_zvit.Oborot_D,0)-IFNULL(z_zvit.summ_diskount,0),z_zvit.cash,z_zvit.beznal_1,"
         "z_zvit.beznal_2,z_zvit.beznal_3,z_zvit.count_cheks,z_zvit.count_cheks_ret,"
         "z_zvit.count_chek_diskount,z_zvit.count_position_canc,z_zvit.count_chek_canc,z_zvit.summ_diskount,"
-        "z_zvit.vnesenia,z_zvit.viluchenia,z_zvit.data_time,newest.sorted,z_zvit.id_shop,z_zvit.id_kass FROM ");
+        "z_zvit.vnesenia,z_zvit.viluchenia,newest.sorted,z_zvit.id_shop,z_zvit.id_kass FROM ");
     const int money = 9;
     const int count = 5;
     setColumns({{tr("Звіт №"), 5, &asNumber},
@@ -72,7 +73,6 @@ QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
                 {tr("Внесення"), money, &asMoney},
                 {tr("Вилучення"), money, &asMoney},
                 {tr("Дата та час"), 17, &asClosingTime},
-                {QString(), 0, &asText, true},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});
     open(tr("Звіт &№:"));
@@ -101,7 +101,7 @@ QVariant QTabZZvit::keyBehind(const RowStore &rows, const QVariant &start) const
         const std::string_view cell = rows.cell(last, column);
         return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
     };
-    return QStringList{text(SortedTime), text(IdKass), text(Number)};
+    return QStringList{text(Time), text(IdKass), text(Number)};
 }
 
 void QTabZZvit::Edit(const QModelIndex &index)
@@ -109,5 +109,9 @@ void QTabZZvit::Edit(const QModelIndex &index)
     if (!index.isValid())
         return;
     const auto number = [&](int column) { return static_cast<uint>(model()->number(index.row(), column)); };
-    emit shiftWanted({0, number(IdShop), number(IdKass)}, number(Number));
+    ChekOrigin origin;
+    origin.shop = number(IdShop);
+    origin.kass = number(IdKass);
+    origin.zFrom = origin.zTo = QString::number(number(Number));
+    emit cheksWanted(origin);
 }

@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QStringList>
 
-/// A line of another report whose receipts are wanted: by ids, since the names of registers repeat. What is 0
+/// A line of another list whose receipts are wanted: by ids, since the names of registers repeat. What is 0
 /// or empty limits nothing.
 struct ChekOrigin : Place
 {
@@ -21,4 +21,6 @@ struct ChekOrigin : Place
     QString article;
     QString price;
     QString articleName;
+    /// The number of the receipt that is shown first of all; 0 for that of the first line.
+    uint chek = 0;
 };
