@@ -56,6 +56,7 @@ QVector<Figure> measureLargeSearch(const Bench &bench);
 QVector<Figure> measureLargeStock(const Bench &bench);
 QVector<Figure> measureLargePdf(const Bench &bench);
 QVector<Figure> measureLargeCombo(const Bench &bench);
+QVector<Figure> measureLargeJournals(const Bench &bench);
 QVector<Figure> measureSlowServer(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).

@@ -1,7 +1,9 @@
 #include "chekstreams.h"
 
 #include "cheks.h"
-#include "db.h"
+
+#include <QHash>
+#include <algorithm>
 
 namespace {
 /// Of the shifts that end within the days and later the first, and one more: a receipt may have been written
@@ -28,15 +30,21 @@ QString firstShiftsJoin(const JournalAsked &asked)
         .arg(asked.from);
 }
 
-QString linesCondition(const ChekStream &stream, const JournalAsked &asked)
+QString streamCondition(const ChekStream &stream)
 {
     QString condition = QStringLiteral("id_shop=%1 AND id_kass=%2").arg(stream.shop).arg(stream.kass);
-    if (stream.lowestChek != 0)
-        condition += QStringLiteral(" AND id_chek>%1").arg(stream.lowestChek);
     if (stream.below)
         condition += QStringLiteral(" AND (id_chek<%1 OR (id_chek=%1 AND id_position<%2))")
                          .arg(stream.below->chek)
                          .arg(stream.below->position);
+    return condition;
+}
+
+QString linesCondition(const ChekStream &stream, const JournalAsked &asked)
+{
+    QString condition = streamCondition(stream);
+    if (stream.lowestChek != 0)
+        condition += QStringLiteral(" AND id_chek>%1").arg(stream.lowestChek);
     if (!asked.number.isEmpty())
         condition += QStringLiteral(" AND id_chek=%1").arg(asked.number.toULongLong());
     if (asked.hasDays())
@@ -44,19 +52,23 @@ QString linesCondition(const ChekStream &stream, const JournalAsked &asked)
     return condition;
 }
 
-/// The lines of a page come from the streams that have begun, and from no more others than it has lines:
-/// those with the newest receipts.
-ChekStreams neededStreams(const ChekStreams &streams, const JournalAsked &asked, int lines)
+/// So many lines of a stream along the key of the table.
+QString branch(const QString &columns, const QString &condition, int lines)
 {
-    if (asked.hasDays() || !asked.number.isEmpty())
-        return streams;
-    ChekStreams needed;
-    int others = 0;
-    for (const ChekStream &stream : streams) {
-        if (stream.below || others++ < lines)
-            needed.append(stream);
-    }
-    return needed;
+    return QStringLiteral("(SELECT %1 FROM cheks WHERE %2 ORDER BY id_chek DESC,id_position DESC LIMIT %3)")
+        .arg(columns, condition)
+        .arg(lines);
+}
+
+QString united(const QStringList &branches)
+{
+    return branches.join(QStringLiteral(" UNION ALL "));
+}
+
+QString text(const RowStore &found, int row, int column)
+{
+    const std::string_view cell = found.cell(row, column);
+    return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
 }
 } // namespace
 
@@ -65,42 +77,75 @@ QString chekStreamsSql(const JournalAsked &asked)
 {
     return QStringLiteral("SELECT STRAIGHT_JOIN streams.id_shop,streams.id_kass,(SELECT cheks.data_time FROM "
                           "cheks WHERE cheks.id_shop=streams.id_shop AND cheks.id_kass=streams.id_kass AND "
-                          "cheks.id_chek=streams.last LIMIT 1) AS newest,%1 FROM (SELECT id_shop,id_kass,"
+                          "cheks.id_chek=streams.last LIMIT 1) AS time,%1 FROM (SELECT id_shop,id_kass,"
                           "MAX(id_chek) AS last FROM cheks GROUP BY id_shop,id_kass) streams JOIN shops ON "
-                          "shops.id=streams.id_shop%2 WHERE%3 ORDER BY newest DESC")
+                          "shops.id=streams.id_shop%2 WHERE%3 ORDER BY time DESC")
         .arg(lowestChekSql(asked), firstShiftsJoin(asked), asked.placeCondition(QStringLiteral("streams")));
 }
 
 ChekStreams chekStreamsFrom(const RowStore &found)
 {
-    const auto text = [&found](int row, int column) {
-        const std::string_view cell = found.cell(row, column);
-        return QString::fromUtf8(cell.data(), static_cast<int>(cell.size()));
-    };
     ChekStreams streams;
-    for (int row = 0; row < found.rowCount(); ++row)
-        streams.append(
-            {text(row, 0).toUInt(), text(row, 1).toUInt(), text(row, 2), text(row, 3).toUInt(), {}});
+    for (int row = 0; row < found.rowCount(); ++row) {
+        streams.append({text(found, row, 0).toUInt(),
+                        text(found, row, 1).toUInt(),
+                        text(found, row, 2),
+                        text(found, row, 3).toUInt(),
+                        {}});
+    }
     return streams;
 }
 
+QString nextLinesSql(const ChekStreams &streams)
+{
+    QStringList branches;
+    for (const ChekStream &stream : streams) {
+        if (stream.below)
+            branches.append(branch(QStringLiteral("id_shop,id_kass,data_time"), streamCondition(stream), 1));
+    }
+    return united(branches);
+}
+
+ChekStreams followedBy(const RowStore &nextLines, const ChekStreams &streams)
+{
+    QHash<QPair<DbId, DbId>, QString> times;
+    for (int row = 0; row < nextLines.rowCount(); ++row)
+        times.insert({text(nextLines, row, 0).toUInt(), text(nextLines, row, 1).toUInt()},
+                     text(nextLines, row, 2));
+    ChekStreams following;
+    for (ChekStream stream : streams) {
+        const auto time = times.constFind({stream.shop, stream.kass});
+        if (stream.below && time == times.constEnd())
+            continue;
+        if (stream.below)
+            stream.time = *time;
+        following.append(stream);
+    }
+    std::stable_sort(following.begin(), following.end(),
+                     [](const ChekStream &one, const ChekStream &other) { return one.time > other.time; });
+    return following;
+}
+
+bool needsAllStreams(const JournalAsked &asked)
+{
+    return asked.hasDays() || !asked.number.isEmpty();
+}
+
+/// A page of so many lines takes them from no more streams: those that go on with the newest ones.
 QString newestLinesSql(const ChekStreams &streams, const JournalAsked &asked, int lines)
 {
     QStringList branches;
-    for (const ChekStream &stream : neededStreams(streams, asked, lines)) {
-        branches.append(
-            QStringLiteral("(SELECT id_shop,id_kass,id_chek,id_position,data_time FROM cheks WHERE "
-                           "%1 ORDER BY id_chek DESC,id_position DESC LIMIT %2)")
-                .arg(linesCondition(stream, asked))
-                .arg(lines));
+    const int needed = needsAllStreams(asked) ? streams.size() : qMin(lines, streams.size());
+    for (const ChekStream &stream : streams.mid(0, needed)) {
+        branches.append(branch(QStringLiteral("id_shop,id_kass,id_chek,id_position,data_time"),
+                               linesCondition(stream, asked), lines));
     }
     return QStringLiteral("(SELECT * FROM (SELECT id_shop,id_kass,id_chek,id_position,MAX(data_time) OVER "
-                          "(PARTITION BY id_shop,id_kass ORDER BY id_chek,id_position) AS written FROM (") +
-           branches.join(QStringLiteral(" UNION ALL ")) +
-           QStringLiteral(
-               ") found) newest ORDER BY written DESC,id_kass,id_shop,id_chek DESC,id_position DESC "
-               "LIMIT %1) newest")
-               .arg(lines);
+                          "(PARTITION BY id_shop,id_kass ORDER BY id_chek,id_position) AS written FROM (%1) "
+                          "found) newest ORDER BY written DESC,id_kass,id_shop,id_chek DESC,id_position DESC "
+                          "LIMIT %2) newest")
+        .arg(united(branches))
+        .arg(lines);
 }
 
 /// A receipt reads from its first line on.

@@ -11,8 +11,8 @@ struct ChekStream
 {
     DbId shop = 0;
     DbId kass = 0;
-    /// When its newest receipt was written, as the server tells it.
-    QString newest;
+    /// The time of the line that it goes on with, as the server tells it.
+    QString time;
     /// Only receipts with greater numbers can be of the days that are wanted; 0 for all.
     quint32 lowestChek = 0;
     /// It goes on below that line.
@@ -26,11 +26,16 @@ struct ChekStream
 using ChekStreams = QVector<ChekStream>;
 Q_DECLARE_METATYPE(ChekStreams)
 
-/// The streams of the place, that with the newest receipt first. What it reads of each register is a line
-/// and, for days, one a shift: shop, register, time of the newest receipt, the greatest number that is too
-/// old.
+/// The streams of the place from their newest lines on. What it reads of each register is a line and, for
+/// days, one a shift: shop, register, time of the newest receipt, the greatest number that is too old.
 QString chekStreamsSql(const JournalAsked &asked);
 ChekStreams chekStreamsFrom(const RowStore &found);
+/// The lines that the streams go on with that have begun: shop, register, time.
+QString nextLinesSql(const ChekStreams &streams);
+/// The streams by the times of those lines; those that have come to their end are gone.
+ChekStreams followedBy(const RowStore &nextLines, const ChekStreams &streams);
+/// Whether the lines of a page may come from any stream, wherever it goes on.
+bool needsAllStreams(const JournalAsked &asked);
 /// The keys of the newest so many lines of the streams, as a table `newest`: id_shop, id_kass, id_chek,
 /// id_position, and in `written` the time by which they follow each other. A receipt that was written under
 /// an earlier date stands among those that were written with it. There must be a stream.

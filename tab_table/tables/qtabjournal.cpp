@@ -187,9 +187,10 @@ bool QTabJournal::refuse()
     return true;
 }
 
-void QTabJournal::showRows(const QString &from)
+void QTabJournal::showRows(const QString &sql)
 {
-    search(from);
+    query = sql;
+    search(QString());
     tellEmpty();
 }
 
@@ -219,7 +220,7 @@ RowStore QTabJournal::takePage(RowStore &&found)
         if (row != surplus)
             page.append(cells);
     }
-    m_next = keyBehind(page, ui->pages->start());
+    m_next = keyBehind(page);
     return page;
 }
 

@@ -58,16 +58,16 @@ protected:
     void open(const QString &numberCaption);
     /// Asks by showRows() for the rows of a page, which begins at the key (invalid: with the newest row).
     virtual void loadPage(const JournalAsked &asked, const QVariant &start, int rows) = 0;
-    /// The key behind the rows of a page that begins at that key; they stand as the server sent them.
-    virtual QVariant keyBehind(const RowStore &rows, const QVariant &start) const = 0;
+    /// The key behind the rows of the page that was asked for last; they stand as the server sent them.
+    virtual QVariant keyBehind(const RowStore &rows) const = 0;
     /// Why not even many rows can be shown at once; empty when they can.
     virtual QString refusesAll(const JournalAsked &asked) const;
     /// The row of the surplus that tells of a next page.
     virtual int surplusRow(const RowStore &found) const { return found.rowCount() - 1; }
     /// What loadPage() has begun beside the list is not wanted any more.
     virtual void stopLoading() {}
-    /// The FROM of a page's statement with all that follows: it asks for one row more than a page has.
-    void showRows(const QString &from);
+    /// The statement of a page asks for one row more than it has.
+    void showRows(const QString &sql);
     void showNoRows();
     void rowsShown() override;
     void followRights() override;

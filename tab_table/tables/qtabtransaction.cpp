@@ -112,7 +112,6 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
     : QTabJournal(db, user, receiver, set, parent), m_finder(new QueryOwner(db->connectionName(), this))
 {
     table = QStringLiteral("cheks");
-    query = QStringLiteral("SELECT ") + columnsSql() + QStringLiteral(" FROM ");
     const int money = 9;
     const int count = 5;
     setColumns({{tr("Магазин"), 20},
@@ -139,6 +138,12 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
 
 QTabTransaction::~QTabTransaction() = default;
 
+QString QTabTransaction::pageSql(const ChekStreams &streams, const JournalAsked &asked, int lines)
+{
+    return QStringLiteral("SELECT ") + columnsSql() + QStringLiteral(" FROM ") +
+           newestLinesSql(streams, asked, lines) + tablesSql() + newestLinesOrder();
+}
+
 bool QTabTransaction::isLoading() const
 {
     return QTabJournal::isLoading() || m_finder->isWaiting();
@@ -155,10 +160,11 @@ void QTabTransaction::loadPage(const JournalAsked &asked, const QVariant &start,
 {
     m_askedLines = asked;
     m_lines = rows;
-    if (start.isValid())
-        return loadLines(start.value<ChekStreams>());
+    m_streams = start.value<ChekStreams>();
+    if (start.isValid() && needsAllStreams(asked))
+        return loadLines();
     list()->expectLoad();
-    m_finder->ask({chekStreamsSql(asked)});
+    m_finder->ask({start.isValid() ? nextLinesSql(m_streams) : chekStreamsSql(asked)});
 }
 
 void QTabTransaction::takeStreams(const std::shared_ptr<QueryAnswer> &answer)
@@ -169,16 +175,17 @@ void QTabTransaction::takeStreams(const std::shared_ptr<QueryAnswer> &answer)
         emit loaded();
         return;
     }
-    m_streams = chekStreamsFrom(answer->results.front());
-    loadLines(m_streams);
+    const RowStore &found = answer->results.front();
+    m_streams = m_streams.isEmpty() ? chekStreamsFrom(found) : followedBy(found, m_streams);
+    loadLines();
 }
 
-void QTabTransaction::loadLines(const ChekStreams &streams)
+void QTabTransaction::loadLines()
 {
-    if (streams.isEmpty())
+    if (m_streams.isEmpty())
         showNoRows();
     else
-        showRows(newestLinesSql(streams, m_askedLines, m_lines + 1) + tablesSql() + newestLinesOrder());
+        showRows(pageSql(m_streams, m_askedLines, m_lines + 1));
 }
 
 void QTabTransaction::stopLoading()
@@ -186,10 +193,14 @@ void QTabTransaction::stopLoading()
     m_finder->cancel();
 }
 
-/// Each stream goes on below its lowest line.
-QVariant QTabTransaction::keyBehind(const RowStore &rows, const QVariant &start) const
+QVariant QTabTransaction::keyBehind(const RowStore &rows) const
 {
-    ChekStreams streams = start.isValid() ? start.value<ChekStreams>() : m_streams;
+    return QVariant::fromValue(behind(rows, m_streams));
+}
+
+/// Each stream goes on below its lowest line.
+ChekStreams QTabTransaction::behind(const RowStore &rows, ChekStreams streams)
+{
     QHash<QPair<DbId, DbId>, int> places;
     for (int i = 0; i < streams.size(); ++i)
         places.insert({streams.at(i).shop, streams.at(i).kass}, i);
@@ -202,7 +213,7 @@ QVariant QTabTransaction::keyBehind(const RowStore &rows, const QVariant &start)
         if (!below || std::tie(line.chek, line.position) < std::tie(below->chek, below->position))
             below = line;
     }
-    return QVariant::fromValue(streams);
+    return streams;
 }
 
 /// The last line of all is the first one of the last receipt, which reads from its first line on.

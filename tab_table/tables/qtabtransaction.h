@@ -16,6 +16,11 @@ public:
 
     using QTab::Edit;
 
+    /// The statement of so many lines of the streams, of which there must be one.
+    static QString pageSql(const ChekStreams &streams, const JournalAsked &asked, int lines);
+    /// Where the streams go on behind the lines that it has found.
+    static ChekStreams behind(const RowStore &rows, ChekStreams streams);
+
     bool isLoading() const override;
 
 public slots:
@@ -24,7 +29,7 @@ public slots:
 
 protected:
     void loadPage(const JournalAsked &asked, const QVariant &start, int rows) override;
-    QVariant keyBehind(const RowStore &rows, const QVariant &start) const override;
+    QVariant keyBehind(const RowStore &rows) const override;
     int surplusRow(const RowStore &found) const override;
     QString refusesAll(const JournalAsked &asked) const override;
     void stopLoading() override;
@@ -32,12 +37,12 @@ protected:
 
 private:
     void takeStreams(const std::shared_ptr<QueryAnswer> &answer);
-    void loadLines(const ChekStreams &streams);
+    void loadLines();
 
-    /// Finds the streams of the place before its first page.
+    /// Finds where the streams go on before each page.
     QueryOwner *m_finder;
     JournalAsked m_askedLines;
     int m_lines = 0;
-    /// Those of the first page, of the place that is shown.
+    /// Those of the page that is shown or on its way; none while the place's are looked for.
     ChekStreams m_streams;
 };

@@ -370,6 +370,11 @@ void TstQChekViewer::receiptsBehindAnArticle()
     line.article = "10";
     line.articleName = "Хліб";
     QCOMPARE(behind(line), QStringList({"1|1|3|114.00", "1|30|3|50.00"}));
+    QCOMPARE(viewer().view()->currentIndex().row(), 0);
+    // One of them stands for all.
+    line.chek = 30;
+    behind(line);
+    QCOMPARE(viewer().view()->currentIndex().row(), 1);
     line.firstDay = line.lastDay = QDate(2026, 3, 1);
     QCOMPARE(behind(line), QStringList({"1|1|3|114.00"}));
     QCOMPARE(viewer().heading().last(), QString("лише чеки з товаром 10 Хліб, продано 01.03.2026"));

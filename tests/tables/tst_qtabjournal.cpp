@@ -521,6 +521,9 @@ void TstQTabJournal::shiftsOfPlacesDaysAndNumbers()
     typeText("2");
     QCOMPARE(shown(key), QStringList("2|Львів"));
     QCOMPARE(m_tab->list()->heading().mid(1), QStringList("усі магазини"));
+    child<QLineEdit>(m_tab.get(), "leSearch")->clear();
+    chooseDays(QDate(2026, 2, 2), QDate::currentDate());
+    QCOMPARE(shown(key), QStringList({"3|Львів", "2|Львів"}));
 }
 
 void TstQTabJournal::shiftLeadsToItsReceipts()
