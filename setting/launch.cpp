@@ -13,8 +13,6 @@ struct Launch
     Q_DECLARE_TR_FUNCTIONS(Launch)
 };
 
-const QLatin1String addressPlace("[{IP}]");
-
 ProgramStarter &starter()
 {
     static ProgramStarter instance;

@@ -16,6 +16,9 @@ struct LaunchCommand
     QString param;
 };
 
+/// Stands for the address in a command.
+inline const QLatin1String addressPlace("[{IP}]");
+
 /// Starts the command detached and tells whether it runs. Nothing happens for an empty path. Where the
 /// command holds "[{IP}]", the address must be four numbers from 0 to 255 with points between, and
 /// replaces it. What stands in the way is shown over parent and posted to receiver for the log.

@@ -152,10 +152,24 @@ std::unique_ptr<RecordDialog> QTabKass::makeEditor(QString *id)
 
 void QTabKass::dragged(int row)
 {
-    launchProgram(this, receiver(), settings()->kassaDrag(), model()->stored(row, IpAddress));
+    if (mayLaunch(row))
+        launch(settings()->kassaDrag(), row);
 }
 
-void QTabKass::rightClicked(int row)
+NamedCommand QTabKass::ownCommand(int row) const
 {
-    launchProgram(this, receiver(), settings()->kassaRightClick(), model()->stored(row, IpAddress));
+    const auto ofType = commandNamed(comands(), model()->stored(row, TypeName));
+    return ofType ? *ofType : settingsCommand(settings()->kassaRightClick());
+}
+
+QString QTabKass::launchAddress(int row) const
+{
+    return model()->stored(row, IpAddress);
+}
+
+QString QTabKass::launchRefusal(int row) const
+{
+    return model()->stored(row, IdType).isEmpty()
+               ? tr("Тип пристрою не вказано: програми для нього не запускаються.")
+               : QString();
 }

@@ -32,9 +32,12 @@ public slots:
     void openedByMenu() override { LoadData(0); }
 
 protected:
-    /// Both start the settings' programs for registers against the address of the register.
+    /// Starts the settings' program for a drag.
     void dragged(int row) override;
-    void rightClicked(int row) override;
+    /// The command that is named like the type of the device, else the settings' program for registers.
+    NamedCommand ownCommand(int row) const override;
+    QString launchAddress(int row) const override;
+    QString launchRefusal(int row) const override;
     LineState lineState(int row) const override;
     void followRights() override;
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;

@@ -1,22 +1,55 @@
 #include "qtabonline.h"
 
 #include "permittedlists.h"
+#include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 
+#include <QCursor>
+#include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
 QTabOnLine::QTabOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent,
                        int longestStrayDrag, const QVector<int> &stateColumns)
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
     , m_longestStrayDrag(longestStrayDrag)
     , m_stateColumns(stateColumns)
+    , m_commandTasks(db->connectionName(), receiver, nullptr)
 {
     connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabOnLine::LMoveMouse);
     connect(view(), &QNTableView::RClicked, this, &QTabOnLine::RightClickSlot);
     addKey(Qt::CTRL + Qt::Key_Right, [this](const QModelIndex &index) { dragged(index.row()); });
-    addKey(Qt::CTRL + Qt::Key_R, [this](const QModelIndex &index) { rightClicked(index.row()); });
+    addKey(Qt::CTRL + Qt::Key_R, [this](const QModelIndex &index) { launchOwn(index); });
+    const auto openMenu = [this](const QModelIndex &index) {
+        const QPoint corner = view()->visualRect(index).bottomLeft();
+        offerLaunch(index, view()->viewport()->mapToGlobal(corner));
+    };
+    addKey(Qt::Key_Menu, openMenu);
+    addKey(Qt::SHIFT + Qt::Key_F10, openMenu);
+    connect(this, &QTab::loaded, this, &QTabOnLine::readCommands);
+    readCommands();
+}
+
+void QTabOnLine::showEvent(QShowEvent *event)
+{
+    QTab::showEvent(event);
+    readCommands();
+}
+
+/// A failure was reported: what was read before stays.
+void QTabOnLine::readCommands()
+{
+    if (m_commandTasks.isWaiting())
+        return;
+    m_commandTasks.read(&readComands, [this](const std::optional<NamedCommands> &commands) {
+        if (commands)
+            m_comands = *commands;
+        m_isCommandsRead = true;
+        if (const auto wanted = std::exchange(m_whenRead, nullptr))
+            wanted();
+    });
 }
 
 void QTabOnLine::addKey(int key, const std::function<void(const QModelIndex &)> &act)
@@ -37,7 +70,67 @@ void QTabOnLine::LMoveMouse(int countpx, const QModelIndex &index)
 void QTabOnLine::RightClickSlot(const QModelIndex &index)
 {
     if (index.isValid())
-        rightClicked(index.row());
+        offerLaunch(index, QCursor::pos());
+}
+
+/// The row and the commands are those of now, whatever the list shows when the menu is answered.
+void QTabOnLine::offerLaunch(const QModelIndex &index, const QPoint &place)
+{
+    if (!m_isCommandsRead) {
+        m_whenRead = [this, place, wanted = QPersistentModelIndex(index)] {
+            if (wanted.isValid())
+                offerLaunch(wanted, place);
+        };
+        return;
+    }
+    if (!mayLaunch(index.row()))
+        return;
+    const NamedCommand own = ownCommand(index.row());
+    NamedCommands others;
+    for (const NamedCommand &command : qAsConst(m_comands)) {
+        if (command.name != own.name)
+            others.append(command);
+    }
+    if (others.isEmpty())
+        return launch(own.command, index.row());
+    const QString address = launchAddress(index.row());
+    QMenu *menu = makeLaunchMenu(this, own, others, [this, address](const LaunchCommand &command) {
+        launchProgram(this, receiver(), command, address);
+    });
+    menu->popup(place);
+    menu->setActiveAction(menu->actions().constFirst());
+}
+
+void QTabOnLine::launchOwn(const QModelIndex &index)
+{
+    if (!m_isCommandsRead) {
+        m_whenRead = [this, wanted = QPersistentModelIndex(index)] {
+            if (wanted.isValid())
+                launchOwn(wanted);
+        };
+        return;
+    }
+    if (mayLaunch(index.row()))
+        launch(ownCommand(index.row()).command, index.row());
+}
+
+void QTabOnLine::launch(const LaunchCommand &command, int row)
+{
+    launchProgram(this, receiver(), command, launchAddress(row));
+}
+
+QString QTabOnLine::launchRefusal(int row) const
+{
+    Q_UNUSED(row)
+    return QString();
+}
+
+bool QTabOnLine::mayLaunch(int row)
+{
+    const QString why = launchRefusal(row);
+    if (!why.isEmpty())
+        postMessage(receiver(), why, QMessEvent::Information);
+    return why.isEmpty();
 }
 
 void QTabOnLine::rowsShown()

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "launchmenu.h"
 #include "linestate.h"
 #include "qtab.h"
 
 /// A list of what stands in the shops and may be connected with the head office: each row shows its state in
-/// colour; a drag to the right and a right click start something for it, Ctrl+Right and Ctrl+R as well.
+/// colour, and programs are started against its address. A right click starts the row's own command when
+/// there is no other to choose from, else it opens the menu of them, as the menu key does; Ctrl+R starts the
+/// own one at once. A drag to the right, or Ctrl+Right, does what the list makes of it.
 class QTabOnLine : public QTab
 {
     Q_OBJECT
@@ -20,17 +23,38 @@ public slots:
 
 protected:
     virtual void dragged(int row) = 0;
-    virtual void rightClicked(int row) = 0;
+    /// What a right click starts; without a path when there is nothing.
+    virtual NamedCommand ownCommand(int row) const = 0;
+    /// Against what address.
+    virtual QString launchAddress(int row) const = 0;
+    /// Why no program is started for the row, for the user; empty when one may be.
+    virtual QString launchRefusal(int row) const;
     virtual LineState lineState(int row) const = 0;
     void rowsShown() override;
     void rowShown(int row) override;
+    /// Whoever comes back to the tab may have changed the commands.
+    void showEvent(QShowEvent *event) override;
+
+    /// The list of launch commands as it was read last.
+    const NamedCommands &comands() const { return m_comands; }
+    /// Tells why not.
+    bool mayLaunch(int row);
+    void launch(const LaunchCommand &command, int row);
 
     /// Offers the shop groups that the user may see, as fillFilter() does.
     void fillGroups(QComboBox *box, const std::function<void(bool isKept)> &filled);
 
 private:
     void addKey(int key, const std::function<void(const QModelIndex &)> &act);
+    void readCommands();
+    void offerLaunch(const QModelIndex &index, const QPoint &place);
+    void launchOwn(const QModelIndex &index);
 
     const int m_longestStrayDrag;
     const QVector<int> m_stateColumns;
+    DbTasks m_commandTasks;
+    NamedCommands m_comands;
+    /// Before that nobody knows what a right click is to start: it waits.
+    bool m_isCommandsRead = false;
+    std::function<void()> m_whenRead;
 };

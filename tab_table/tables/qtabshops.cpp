@@ -123,7 +123,13 @@ void QTabShops::dragged(int row)
     emit MoveMouseSignal(static_cast<uint>(model()->number(row, Id)));
 }
 
-void QTabShops::rightClicked(int row)
+NamedCommand QTabShops::ownCommand(int row) const
 {
-    launchProgram(this, receiver(), settings()->shopRightClick(), model()->stored(row, Network));
+    Q_UNUSED(row)
+    return settingsCommand(settings()->shopRightClick());
+}
+
+QString QTabShops::launchAddress(int row) const
+{
+    return model()->stored(row, Network);
 }

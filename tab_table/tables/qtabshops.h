@@ -29,8 +29,10 @@ signals:
 protected:
     /// Asks for the registers of the shop.
     void dragged(int row) override;
-    /// Starts the settings' program for shops against the gateway of the shop.
-    void rightClicked(int row) override;
+    /// The settings' program for shops.
+    NamedCommand ownCommand(int row) const override;
+    /// The gateway of the shop.
+    QString launchAddress(int row) const override;
     LineState lineState(int row) const override;
     void followRights() override;
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 
 /// The registers tab with its filters, colours and launches, and the editor of a register.
@@ -28,6 +29,7 @@ private slots:
     void loadDataTakesFiltersBack();
     void openIntervalIsGreen();
     void dragAndClickStartTheirPrograms();
+    void namedCommandsAreOffered();
     void addedRegisterIsStored();
     void emptyFieldsAreNull();
     void refusals();
@@ -57,6 +59,7 @@ void TstQTabKass::init()
 {
     m_place->clear();
     m_base = &m_place->base;
+    m_base->exec("DELETE FROM comands");
     m_base->exec("INSERT INTO shops(id,address,group_shop,network_shop,count_day_cycle,block) VALUES"
                  "(10,'Львів',2,'10.0.0.10',7,0),(11,'Київ',3,NULL,1,0),(12,'Склад',3,NULL,0,0),"
                  "(13,'Офіс',3,NULL,-1,0),(14,'Чужий',4,NULL,1,0)");
@@ -203,11 +206,75 @@ void TstQTabKass::dragAndClickStartTheirPrograms()
                            "[COMAND_LMOVE_KASS]\nPATH_PROGRAM=/opt/drag\nPARAM_PRG=plain\n");
     QCOMPARE(drag(49, 0) + drag(-200, 0), QString());
     QCOMPARE(drag(50, 0), QString("/opt/drag plain"));
-    QCOMPARE(drag(50, 1), QString("/opt/drag plain"));
+    QCOMPARE(drag(50, 2), QString("/opt/drag plain"));
+    QCOMPARE(drag(50, 1) + click(1), QString());
+    QVERIFY2(m_base->heard.has("Тип пристрою не вказано"), "nothing is started for what has no type");
     QCOMPARE(click(0), QString("/opt/click 10.0.1.1 10.0.1.1"));
     QString started;
+    m_base->exec("UPDATE kassa SET id_type=5 WHERE id=21");
+    m_tab->seerch("");
+    QCOMPARE(shown(0).size(), 3);
+    waitOutTasks();
     QCOMPARE(answerQuestion([&] { started = click(1); }), QString("Помилка в IP адресі"));
     QCOMPARE(started, QString());
+}
+
+/// The command named like the type of the device takes the place of the settings' one; the others are offered
+/// below it, and the keyboard has them too.
+void TstQTabKass::namedCommandsAreOffered()
+{
+    m_place->writeSettings("[COMAND_RCLICK_KASS]\nPATH_PROGRAM=/opt/click\n"
+                           "[COMAND_LMOVE_KASS]\nPATH_PROGRAM=/opt/drag\n");
+    m_base->exec("INSERT INTO comands(name,comand,param) VALUES('рро ','/opt/of type','[{IP}]')");
+    m_tab->seerch("");
+    QCOMPARE(shown(0), QStringList({"20", "21", "22"}));
+    waitOutTasks();
+    const auto click = [this](int row) {
+        m_started.clear();
+        const QPoint place(100, m_tab->view()->rowViewportPosition(row) + 5);
+        QTest::mouseClick(m_tab->view()->viewport(), Qt::RightButton, {}, place);
+    };
+    const auto offered = [] {
+        QStringList captions;
+        if (const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            for (const QAction *action : menu->actions())
+                captions.append((action == menu->defaultAction() ? "*" : "") + action->text());
+        }
+        return captions.join('/');
+    };
+    const auto answer = [](int key) { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key(key)); };
+    click(0);
+    QCOMPARE(m_started, QStringList({"/opt/of type", "10.0.1.1"}));
+    click(2);
+    QCOMPARE(offered(), QString("*Програма з налаштувань: click//рро"));
+    answer(Qt::Key_Return);
+    QCOMPARE(m_started, QStringList("/opt/click"));
+
+    m_base->exec("INSERT INTO comands(name,comand,param) VALUES('A & B','/opt/a','x [{IP}]'),('','',''),"
+                 "(NULL,'C:\\\\bin\\\\v.exe',NULL)");
+    m_tab->hide();
+    QVERIFY(showActive(m_tab.get()));
+    waitOutTasks();
+    m_tab->view()->setCurrentIndex(m_tab->model()->index(0, 1));
+    m_tab->view()->setFocus();
+    m_started.clear();
+    pressKeys({Qt::Key_Menu});
+    QCOMPARE(offered(), QString("*рро//v.exe/A && B"));
+    answer(Qt::Key_Escape);
+    QCOMPARE(offered() + m_started.join(' '), QString());
+    QVERIFY(showActive(m_tab.get()));
+    pressKeys({Qt::SHIFT + Qt::Key_F10});
+    answer(Qt::Key_Up);
+    answer(Qt::Key_Return);
+    QCOMPARE(m_started, QStringList({"/opt/a", "x", "10.0.1.1"}));
+    QVERIFY(showActive(m_tab.get()));
+    pressKeys({Qt::CTRL + Qt::Key_R});
+    QCOMPARE(m_started, QStringList({"/opt/of type", "10.0.1.1"}));
+    pressKeys({Qt::CTRL + Qt::Key_Right});
+    QCOMPARE(m_started, QStringList("/opt/drag"));
+    click(1);
+    QCOMPARE(offered(), QString());
+    QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
 void TstQTabKass::addedRegisterIsStored()

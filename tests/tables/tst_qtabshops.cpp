@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -268,6 +269,33 @@ void TstQTabShops::rightClickStartsTheProgram()
     QCOMPARE(answerQuestion([&] { click(1); }), QString("Помилка в IP адресі"));
     QTest::mouseClick(m_tab->view()->viewport(), Qt::RightButton, {}, {10, 380});
     QCOMPARE(started, QStringList());
+
+    m_base->exec("INSERT INTO comands(name,comand,param) VALUES('Екран','/opt/screen','[{IP}]')");
+    m_tab->seerch("");
+    QTRY_VERIFY(!m_tab->isLoading());
+    waitOutTasks();
+    click(0);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu != nullptr);
+    QCOMPARE(menu->actions().first()->text(), QString("Програма з налаштувань: viewer"));
+    QCOMPARE(menu->defaultAction(), menu->actions().first());
+    QCOMPARE(menu->actions().last()->toolTip(), QString("\"/opt/screen\" [{IP}]"));
+    // The list may show other rows by the time of the answer.
+    m_base->exec("UPDATE shops SET network_shop='10.9.9.9' WHERE network_shop='10.0.0.10'");
+    m_tab->seerch("");
+    QTRY_VERIFY(!m_tab->isLoading());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().last()).center());
+    QCOMPARE(started, QStringList({"/opt/screen", "10.0.0.10"}));
+    m_place->writeSettings("");
+    started.clear();
+    click(0);
+    menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu != nullptr);
+    QCOMPARE(menu->actions().size(), 1);
+    QCOMPARE(menu->actions().first()->text(), QString("Екран"));
+    QCOMPARE(started, QStringList());
+    menu->close();
+    m_base->exec("DELETE FROM comands");
 }
 
 void TstQTabShops::addedShopIsStored()
