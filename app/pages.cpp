@@ -32,6 +32,8 @@ Pages::~Pages()
     // Nobody is there any more to be asked; whoever closes the window was asked before.
     while (m_tabs->count() > 0)
         delete m_tabs->widget(0);
+    // What it shows uses the connection, too.
+    delete m_tables;
 }
 
 PageTable Pages::management()
@@ -56,7 +58,6 @@ PageTable Pages::others()
          [this] { return new QComands(m_db, m_user, m_window, m_setting, nullptr); }},
         {"mc_users", Permission::Users, "", {}},
         {"premis_group", Permission::PermissionGroups, "", {}},
-        {"mt_importBD", Permission::PreviousImport, "", {}},
     };
 }
 

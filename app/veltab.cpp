@@ -125,6 +125,7 @@ void Veltab::connectCommands()
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
+    connect(ui->mt_importBD, &QAction::triggered, tableBase(), &QTableBase::importBD);
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
     connect(ui->about, &QAction::triggered, this, &Veltab::about);
@@ -363,6 +364,7 @@ void Veltab::showRights()
         actionOf(entry.action)->setVisible(allowed && entry.make && user().maySee(entry.permission));
     for (QAction *action : {ui->changpass, ui->about})
         action->setVisible(allowed);
+    ui->mt_importBD->setVisible(allowed && user().maySee(Permission::PreviousImport));
     changetab(ui->tabWidget->currentIndex());
     showMenus();
 }

@@ -2,8 +2,8 @@
 
 #include "db.h"
 #include "permissions.h"
+#include "previousimport.h"
 #include "qloadeduser.h"
-#include "qmessevent.h"
 #include "qtabclients.h"
 #include "qtabdiscount.h"
 #include "qtabgoods.h"
@@ -20,7 +20,13 @@
 #include <QTabWidget>
 
 QTableBase::QTableBase(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user, QObject *parent)
-    : QObject(parent), m_tabs(tabs), m_db(db), m_setting(set), m_user(user), m_pages(lines())
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_db(db)
+    , m_setting(set)
+    , m_user(user)
+    , m_pages(lines())
+    , m_previous(new PreviousImport(db, user, tabs->window(), parent, this))
 {
 }
 
@@ -81,11 +87,6 @@ QWidget *QTableBase::makeShops()
     auto *tab = new QTabShops(m_db, m_user, parent(), m_setting, nullptr);
     connect(tab, &QTabShops::MoveMouseSignal, this, qOverload<uint>(&QTableBase::kass));
     return tab;
-}
-
-Db QTableBase::db() const
-{
-    return Db(m_db, parent());
 }
 
 QWidget *QTableBase::open(const char *action)
@@ -159,28 +160,7 @@ bool QTableBase::export_to_csv(const QString &code, const QString &path_file_nam
     return page != nullptr;
 }
 
-unsigned int QTableBase::rowcount(const QString &database, const QString &table, const QString &where)
+void QTableBase::importBD()
 {
-    const QString source = database.isEmpty() ? table : database + QLatin1Char('.') + table;
-    const auto count =
-        db().firstText(QStringLiteral("SELECT COUNT(*) FROM ") + source +
-                           (where.isEmpty() ? where : QLatin1Char(' ') + where),
-                       {}, tr("Помилка отримання кількості записів у таблиц") + QLatin1Char(' ') + source);
-    return count ? count->toUInt() : 0;
-}
-
-void QTableBase::afectrowMesResult(unsigned int expected, const QString &table, bool quiet)
-{
-    // As text and at once: a prepared statement or another one in between would answer 0.
-    const auto rows = db().firstText(QStringLiteral("SELECT ROW_COUNT()"), {},
-                                     tr("Помилка отримання кількості змінених / оновлених записів"));
-    if (!rows || rows->startsWith(QLatin1Char('-')))
-        return;
-    const bool none = *rows == QLatin1String("0");
-    if (none && quiet)
-        return;
-    postMessage(parent(),
-                tr("В таблиці") + QLatin1Char(' ') + table + tr(" виконано:") + QLatin1Char(' ') + *rows +
-                    tr(" записів:") + QLatin1Char(' ') + QString::number(expected),
-                none ? 2 : 1);
+    m_previous->begin();
 }

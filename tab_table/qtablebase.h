@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QString>
 
-class Db;
+class PreviousImport;
 class QLoadedUser;
 class QSqlDatabase;
 class QTab;
@@ -28,12 +28,6 @@ public:
 
     /// Creates what is missing of the schema. On any thread: the connection is the thread's own.
     static bool CreateTables(QSqlDatabase *db, QObject *receiver);
-
-    /// The number of rows of a table; 0 after a reported failure. The database may be empty.
-    unsigned int rowcount(const QString &database, const QString &table, const QString &where);
-    /// Reports how many rows the statement right before this call has changed, of how many expected.
-    /// quiet: a statement that has changed nothing is no news.
-    void afectrowMesResult(unsigned int expected, const QString &table, bool quiet);
 
 signals:
     void visible(bool vis, bool exp);
@@ -65,6 +59,9 @@ public slots:
     bool CreateTables();
     void statShop(uint id_shop) { emit statOnLine(id_shop, 0); }
     void statKass(uint id_kass) { emit statOnLine(0, id_kass); }
+    /// Has the user choose another database of the server, and copies the data of the previous version from
+    /// it.
+    void importBD();
     /// Closes the tab when it is one of the host's and may be closed; false for others.
     bool closetab(int index);
     /// These act on the tab in front; false when it is none of the host's.
@@ -87,11 +84,11 @@ private:
     QWidget *open(const char *action);
     Page *current() const;
     bool run(Command command);
-    Db db() const;
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;
     setting *m_setting;
     QLoadedUser *m_user;
     PageTable m_pages;
+    PreviousImport *m_previous;
 };

@@ -1,0 +1,106 @@
+#include "importedlist.h"
+
+#include "listpane.h"
+#include "qntableview.h"
+#include "qrowmodel.h"
+
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+/// In the order of the columns.
+QStringList cellsOf(const ImportedTable &table)
+{
+    const QString name = QStringLiteral("%1 (%2)").arg(
+        QCoreApplication::translate("Page", table.table.caption), QLatin1String(table.table.name));
+    QString words = table.words;
+    QStringList counts{QString(), QString(), QString(), QString()};
+    if (table.outcome != ImportedTable::NotTried)
+        counts[0] = QString::number(table.found);
+    if (table.outcome == ImportedTable::Copied)
+        counts = QStringList{counts[0], QString::number(table.added), QString::number(table.known),
+                             QString::number(table.refused)};
+    if (table.outcome == ImportedTable::Failed)
+        words = ImportedList::tr("Не скопійовано: %1").arg(words);
+    if (table.outcome == ImportedTable::NotTried)
+        words = ImportedList::tr("Не скопійовано: імпорт до цієї таблиці не дійшов.");
+    return QStringList(name) + counts + QStringList(words.simplified());
+}
+} // namespace
+
+ImportedList::ImportedList(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver, const QString &title,
+                           const QString &words, const ImportedTables &tables, QWidget *parent)
+    : QDialog(parent), m_words(new QLabel(words, this)), m_list(new ListPane(this))
+{
+    setObjectName(QStringLiteral("ImportedList"));
+    setWindowTitle(title);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    m_list->open(db, user, receiver);
+    m_list->setColumns({{tr("Таблиця"), 30},
+                        {tr("Знайдено"), 10, &asNumber},
+                        {tr("Додано"), 10, &asNumber},
+                        {tr("Вже були"), 10, &asNumber},
+                        {tr("Не прийнято"), 12, &asNumber},
+                        {tr("Пояснення"), 60}},
+                       QLatin1String(staticMetaObject.className()));
+    m_list->setHeading({title, words});
+    build(words);
+    showTables(tables);
+}
+
+void ImportedList::build(const QString &words)
+{
+    m_words->setObjectName(QStringLiteral("labelWords"));
+    m_words->setTextFormat(Qt::PlainText);
+    m_words->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_words->setWordWrap(true);
+    m_words->setAccessibleName(words);
+    auto *buttons = new QDialogButtonBox(this);
+    auto *copyAll = buttons->addButton(tr("&Копіювати все"), QDialogButtonBox::ActionRole);
+    copyAll->setObjectName(QStringLiteral("pbCopy"));
+    auto *close = buttons->addButton(tr("&Закрити"), QDialogButtonBox::RejectRole);
+    close->setObjectName(QStringLiteral("pbClose"));
+    close->setDefault(true);
+    connect(copyAll, &QPushButton::clicked, this, &ImportedList::copy);
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(m_words);
+    column->addWidget(m_list, 1);
+    column->addWidget(buttons);
+    resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 22);
+}
+
+void ImportedList::showTables(const ImportedTables &tables)
+{
+    RowStore rows;
+    for (const ImportedTable &table : tables) {
+        std::vector<QByteArray> cells;
+        const QStringList texts = cellsOf(table);
+        for (const QString &cell : texts)
+            cells.push_back(cell.toUtf8());
+        std::vector<std::string_view> views;
+        for (const QByteArray &cell : cells)
+            views.emplace_back(cell.constData(), static_cast<size_t>(cell.size()));
+        rows.append(views);
+    }
+    m_list->showRows(std::move(rows));
+}
+
+void ImportedList::copy() const
+{
+    QStringList lines{m_words->text()};
+    const QRowModel *model = m_list->model();
+    for (int row = -1; row < model->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column)
+            cells.append(row < 0 ? model->headerData(column, Qt::Horizontal).toString()
+                                 : model->stored(row, column));
+        lines.append(cells.join(QLatin1Char('\t')));
+    }
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
