@@ -122,6 +122,7 @@ void Veltab::connectCommands()
     connect(ui->add, &QAction::triggered, this, &Veltab::add);
     connect(ui->edit, &QAction::triggered, this, &Veltab::edit);
     connect(ui->dell, &QAction::triggered, this, &Veltab::dell);
+    connect(ui->reload, &QAction::triggered, this, [this] { run(Command::Reload); });
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
@@ -183,6 +184,8 @@ QList<QAction *> Veltab::actionsOf(Command command) const
         return {ui->dell};
     case Command::Export:
         return {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251};
+    case Command::Reload:
+        return {ui->reload};
     }
     return {};
 }
@@ -191,6 +194,7 @@ QList<QAction *> Veltab::actionsOf(Command command) const
 void Veltab::offerCommands(const Page *page)
 {
     const Commands offered = page == nullptr ? Commands() : page->commands();
+    ui->reload->setVisible(offered.contains(Command::Reload));
     visible(offered.contains(Command::Edit), offered.contains(Command::Export));
     for (const Command command : {Command::Add, Command::Edit, Command::Delete, Command::Export}) {
         const QString refusal = offered.value(command);

@@ -117,7 +117,17 @@ void ReportWindow::askSeenGroups(const std::function<void(const QStringList &)> 
 Commands ReportWindow::commands() const
 {
     return {{Command::Export,
-             isExported() ? QString() : tr("Цей звіт зберігається у файл кнопкою «Список у PDF…».")}};
+             isExported() ? QString() : tr("Цей звіт зберігається у файл кнопкою «Список у PDF…».")},
+            {Command::Reload, QString()}};
+}
+
+/// The same rows once more stay where they were seen.
+void ReportWindow::run(Command command)
+{
+    if (command != Command::Reload || m_list->isLoading())
+        return;
+    m_list->keepPlace();
+    load();
 }
 
 void ReportWindow::export_to_csv(const QString &code, const QString &path)

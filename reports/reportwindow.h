@@ -36,6 +36,7 @@ public:
     /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
     void export_to_csv(const QString &code, const QString &path) override;
     Commands commands() const override;
+    void run(Command command) override;
 
     /// Report, place, range: the lines over the printed list, of the load whose rows it shows; none for an
     /// emptied list.

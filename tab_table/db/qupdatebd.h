@@ -3,9 +3,21 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QVector>
+#include <optional>
 
 class QSqlDatabase;
 class RowStore;
+
+/// When a table was changed last, as somebody read it.
+struct TableTime
+{
+    QString table;
+    /// As the server writes it.
+    QString time;
+    /// It was read in the very second of that change: another one may have followed within it.
+    bool isOfThisSecond = false;
+};
 
 /// Tells whether somebody else has changed a table since this connection last read it. The table updat
 /// holds when each table was last changed, a temporary one per connection what this connection has read.
@@ -24,9 +36,11 @@ public:
     bool create(const QString &database, QSqlDatabase &db, QObject *receiver);
     /// Creates this connection's private list; every table in it counts as never read.
     bool create_tmp(QSqlDatabase &db, QObject *receiver);
-    /// To be called after every write to tracked tables, or last in its transaction. One statement.
+    /// To be called after every write to tracked tables, or last in its transaction. Two statements.
     bool update(const QStringList &tables, QSqlDatabase &db, QObject *receiver);
     bool update(const QString &table, QSqlDatabase &db, QObject *receiver);
+    /// The same for what the lists of this program show already: to them it is no news. Three statements.
+    bool updateShown(const QStringList &tables, QSqlDatabase &db, QObject *receiver);
     /// True when one of the tables was changed since this connection last read it. One statement.
     bool isUpdate(const QStringList &tables, QSqlDatabase &db, QObject *receiver);
     bool isUpdate(const QString &table, QSqlDatabase &db, QObject *receiver);
@@ -39,7 +53,16 @@ public:
     /// For lists that are read on another connection: what asks there when the tables were last changed,
     /// before the list's own statement, so that no change falls between them.
     static QString timesSql(const QStringList &tables);
+    /// The rows of timesSql().
+    static QVector<TableTime> timesOf(const RowStore &rows);
+    /// Whether somebody has changed one of the tables since; nothing after a failure. One statement, which
+    /// does not need the private list: each of several lists of a table has times of its own.
+    std::optional<bool> isNewer(const QVector<TableTime> &read, QSqlDatabase &db, QObject *receiver);
     /// The tables count as read at these times, the rows of timesSql(). One statement, which waits for
     /// nobody.
     bool setRead(const RowStore &times, QSqlDatabase &db, QObject *receiver);
+
+private:
+    enum Lists { BehindUs, UpToDate };
+    bool stamp(const QStringList &tables, Lists lists, QSqlDatabase &db, QObject *receiver);
 };

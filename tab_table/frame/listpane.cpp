@@ -3,13 +3,14 @@
 #include "csvexport.h"
 #include "dbtasks.h"
 #include "job.h"
+#include "listplace.h"
 #include "listprinter.h"
+#include "listselection.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "queryservice.h"
-#include "qupdatebd.h"
 #include "rowsorting.h"
 #include "waitcursor.h"
 
@@ -73,6 +74,7 @@ void ListPane::buildFooter()
     m_state->setObjectName(QStringLiteral("labelState"));
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     line->addWidget(m_state, 1);
+    showSelection();
     const auto add = [this, line](const QString &name, const QString &text, const QKeySequence &keys) {
         auto *button = new QPushButton(text, m_footer);
         button->setObjectName(name);
@@ -86,6 +88,20 @@ void ListPane::buildFooter()
         add(QStringLiteral("pbPdfList"), tr("Список у PDF…"), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_P));
     connect(m_print, &QPushButton::clicked, this, &ListPane::preview);
     connect(m_pdf, &QPushButton::clicked, this, &ListPane::savePdf);
+}
+
+/// It takes the room that it needs; when the window is too narrow for it, it never widens the window.
+void ListPane::showSelection()
+{
+    auto *label = new QLabel(m_footer);
+    label->setObjectName(QStringLiteral("labelSelected"));
+    label->setMinimumWidth(1);
+    m_footer->layout()->addWidget(label);
+    m_selection = new ListSelection(m_view, m_model, this);
+    connect(m_selection, &ListSelection::changed, label, [this, label] {
+        label->setText(m_selection->words());
+        label->setToolTip(m_selection->words());
+    });
 }
 
 void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver)
@@ -229,11 +245,17 @@ void ListPane::showArrived(RowOrder &&sorted, const RowSort &by)
     const auto answer = std::exchange(m_arrived, nullptr);
     m_number = answer->results.size() > 1 ? answer->number(1) : 0;
     tellTracker(answer->before);
+    m_readTimes = QUpdateBD::timesOf(answer->before);
+    const auto place =
+        std::exchange(m_keepsPlace, false) ? std::optional<ListPlace>({*m_view, *m_model}) : std::nullopt;
     m_model->replaceRows(std::move(answer->results.front()), std::move(sorted), by);
     m_view->setEmptyText(m_emptyText);
     m_count = -1;
     emit rowsShown();
-    if (m_wantsRow)
+    m_selection->setCountsRecords(m_count >= 0);
+    if (place)
+        place->restore(m_view, *m_model);
+    if (m_wantsRow && !m_view->currentIndex().isValid())
         m_view->setCurrentIndex(m_view->model()->index(0, 0));
     m_wantsRow = false;
     showCount();
@@ -346,6 +368,8 @@ void ListPane::clear()
     endLoad();
     m_number = 0;
     m_count = -1;
+    m_keepsPlace = false;
+    m_readTimes.clear();
     m_model->replaceRows(m_arrange ? m_arrange({}) : RowStore());
     emit rowsShown();
     showState(QString(), false);

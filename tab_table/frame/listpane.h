@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "listcolumns.h"
+#include "qupdatebd.h"
 #include "roworder.h"
 #include "rowstore.h"
 
@@ -11,6 +12,7 @@
 #include <memory>
 
 class DbTasks;
+class ListSelection;
 class QAbstractItemModel;
 class QKeyEvent;
 class QLabel;
@@ -58,6 +60,10 @@ public:
     void load(const QString &sql, const QString &numberSql = {}, const QString &failure = {});
     /// A load whose statement is still to be found: it is on its way until load(), stop() or clear().
     void expectLoad();
+    /// The next rows are the same ones read again: the current row and what is seen of the list stay.
+    void keepPlace() { m_keepsPlace = true; }
+    /// When the tables of the rows in the list were changed last; empty for rows that were read elsewhere.
+    const QVector<TableTime> &readTimes() const { return m_readTimes; }
     /// Ends a load on its way; the list stays as it was.
     void stop();
     bool isLoading() const;
@@ -132,6 +138,7 @@ signals:
 
 private:
     void buildFooter();
+    void showSelection();
     void takeAnswer(const std::shared_ptr<QueryAnswer> &answer);
     void takeRows(const std::shared_ptr<QueryAnswer> &answer);
     void sortArrived();
@@ -153,6 +160,7 @@ private:
     QRowModel *m_model;
     QWidget *m_footer;
     QLabel *m_state;
+    ListSelection *m_selection;
     QPushButton *m_print;
     QPushButton *m_pdf;
     QPushButton *m_load = nullptr;
@@ -180,6 +188,8 @@ private:
     FileChooser m_chooseFile;
     bool m_keepsRows = false;
     bool m_isExpecting = false;
+    bool m_keepsPlace = false;
+    QVector<TableTime> m_readTimes;
     /// The list was entered before its rows had come: the first one becomes current then.
     bool m_wantsRow = false;
 };

@@ -136,6 +136,6 @@ CellWritten writeName(const Db &db, const CellDraft &draft)
 {
     CellWritten written = draft.isNew ? insertName(db, draft) : updateName(db, draft);
     if (written.outcome == CellWritten::Written)
-        QUpdateBD().update(draft.table, *db.connection(), db.receiver());
+        QUpdateBD().updateShown(QStringList(draft.table), *db.connection(), db.receiver());
     return written;
 }

@@ -1,5 +1,6 @@
 #include "qtab.h"
 
+#include "changewatch.h"
 #include "combos.h"
 #include "db.h"
 #include "ean13.h"
@@ -67,6 +68,8 @@ void QTab::buildList(QLayout *layout)
         rowsShown();
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
+    auto *watch = new ChangeWatch(m_list, m_db->connectionName(), m_receiver, this);
+    connect(watch, &ChangeWatch::reloadWanted, this, &QTab::reload);
     connect(m_list, &ListPane::loaded, this, &QTab::loaded);
     connect(m_list, &ListPane::loaded, this, [this] {
         if (std::exchange(m_addsWhenLoaded, false) && m_delegate->isAwaitingRow())
@@ -185,6 +188,7 @@ void QTab::addWritingNote()
     m_note = new WaitNote(label, this);
     connect(m_delegate, &QTabDelegate::writingBegun, this, [this] { m_note->begin(tr("Записується…")); });
     connect(m_delegate, &QTabDelegate::writingEnded, m_note, &WaitNote::end);
+    connect(m_delegate, &QAbstractItemDelegate::closeEditor, m_note, &WaitNote::end);
 }
 
 Db QTab::db() const
@@ -199,10 +203,11 @@ bool QTab::mayEdit() const
 
 Commands QTab::commands() const
 {
-    Commands offered;
-    if (mayEdit())
-        offered = {
-            {Command::Add, recordRefusal}, {Command::Edit, recordRefusal}, {Command::Delete, recordRefusal}};
+    Commands offered = {{Command::Reload, QString()}};
+    if (mayEdit()) {
+        for (const Command command : {Command::Add, Command::Edit, Command::Delete})
+            offered.insert(command, recordRefusal);
+    }
     if (mayEdit() || isExportedToViewers)
         offered.insert(Command::Export, QString());
     return offered;
@@ -214,6 +219,8 @@ void QTab::run(Command command)
         Add();
     else if (command == Command::Edit)
         Edit();
+    else if (command == Command::Reload)
+        reload();
     else if (command == Command::Delete)
         QQestion::question(window(), tr("Попередження."), tr("Видалення заборонене!!!"), true);
 }
@@ -252,6 +259,21 @@ void QTab::search(const QString &newFilter)
         m_typing->drop();
     tellEmptyText();
     m_list->load(statement());
+}
+
+void QTab::reload()
+{
+    if (m_delegate != nullptr && (m_delegate->isWriting() || m_delegate->edited().isValid())) {
+        m_note->say(tr("Спершу закінчіть назву: Enter записує, Esc скасовує."));
+        return;
+    }
+    if (m_list->isLoading())
+        return;
+    m_list->keepPlace();
+    if (m_typing != nullptr && m_typing->isRunning())
+        m_typing->end();
+    else
+        loadAgain();
 }
 
 void QTab::tellEmptyText()

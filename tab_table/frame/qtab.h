@@ -65,6 +65,9 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
+    /// Reads the list again: the same filter, the same current row and place. Refused in words while something
+    /// is typed in the list.
+    void reload();
     /// What is being typed in the list is asked about, what is being written is waited for.
     bool mayClose() override;
     /// True while a search, or what the filter offers, is on its way.
@@ -137,6 +140,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     void search(const QString &filter);
+    /// Asks for the rows of the filter once more.
+    virtual void loadAgain() { search(filter); }
     /// The user's rights were read again: what the filter offers may be different.
     virtual void followRights() {}
     /// The editor of the record of that id, which it changes to the id that a new record gets; null in tabs

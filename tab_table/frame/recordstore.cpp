@@ -126,7 +126,7 @@ bool stamp(const Db &db, const RecordStatements &table)
 {
     const QStringList tables =
         QStringList(table.table) + (table.rows != nullptr ? table.rows->tables : QStringList());
-    return QUpdateBD().update(tables, *db.connection(), db.receiver());
+    return QUpdateBD().updateShown(tables, *db.connection(), db.receiver());
 }
 
 /// Names the record that has the value; Written when none has.

@@ -124,7 +124,7 @@ bool offerToShops(const Db &db, const QStringList &shops, const QString &id)
                 QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods) SELECT id,%1 FROM shops WHERE id IN "
                                "(%2) AND id NOT IN (SELECT id_shop FROM goods_shop WHERE id_goods=%1)")
                     .arg(id, shops.join(QLatin1Char(',')))) &&
-            QUpdateBD().update(table, *db.connection(), db.receiver()));
+            QUpdateBD().updateShown(QStringList(table), *db.connection(), db.receiver()));
 }
 
 /// Names the first price whose group or shop would be stored as another one; empty when there is none.

@@ -218,6 +218,13 @@ void QTabClients::ShowData(int n)
     search(n < 1 ? where : where + QStringLiteral(" ORDER BY clients.id LIMIT %1").arg(n));
 }
 
+void QTabClients::loadAgain()
+{
+    m_counter->cancel();
+    m_total = -1;
+    showPage();
+}
+
 void QTabClients::previousPage()
 {
     if (!list()->isLoading() && ui->pages->goBack())

@@ -46,6 +46,8 @@ protected:
     void rowsShown() override;
     void rowShown(int row) override;
     void followRights() override;
+    /// The page that is shown; the cards are counted again.
+    void loadAgain() override;
 
 private:
     void buildFilter();

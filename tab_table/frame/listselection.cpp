@@ -1,0 +1,103 @@
+#include "listselection.h"
+
+#include "qntableview.h"
+#include "qrowmodel.h"
+
+#include <QItemSelectionModel>
+#include <QLocale>
+
+namespace {
+/// Some milliseconds.
+const int rowsInSlice = 20000;
+
+bool isMoney(const CellFormat &format)
+{
+    return format.shown == asMoney.shown;
+}
+
+bool isQuantity(const CellFormat &format)
+{
+    return format.shown == asQuantity.shown;
+}
+} // namespace
+
+ListSelection::ListSelection(QNTableView *view, const QRowModel *model, QObject *parent)
+    : QObject(parent), m_view(view), m_model(model)
+{
+    m_next.setSingleShot(true);
+    connect(&m_next, &QTimer::timeout, this, &ListSelection::addSlice);
+    const QItemSelectionModel *selected = view->selectionModel();
+    connect(selected, &QItemSelectionModel::selectionChanged, this, &ListSelection::begin);
+    connect(selected, &QItemSelectionModel::currentColumnChanged, this, &ListSelection::begin);
+    connect(model, &QAbstractItemModel::modelReset, this, &ListSelection::begin);
+    connect(model, &QAbstractItemModel::layoutChanged, this, &ListSelection::begin);
+    connect(model, &QAbstractItemModel::dataChanged, this, &ListSelection::begin);
+    connect(model, &QAbstractItemModel::rowsInserted, this, &ListSelection::begin);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &ListSelection::begin);
+}
+
+void ListSelection::setCountsRecords(bool countsRecords)
+{
+    if (m_countsRecords == countsRecords)
+        return;
+    m_countsRecords = countsRecords;
+    begin();
+}
+
+/// Whatever is being added up may stand elsewhere by now.
+void ListSelection::begin()
+{
+    m_done = -1;
+    m_next.start(0);
+}
+
+void ListSelection::addSlice()
+{
+    if (m_done < 0) {
+        m_rows = m_view->model() == m_model ? m_view->selectedRows() : QVector<int>();
+        m_column = summedColumn();
+        m_records.clear();
+        m_done = 0;
+        m_count = m_countsRecords ? 0 : m_rows.size();
+        m_sum = 0;
+    }
+    const int end = qMin(m_done + rowsInSlice, m_rows.size());
+    for (; m_done < end; ++m_done) {
+        const int row = m_rows.at(m_done);
+        if (m_countsRecords && !m_records.insert(m_model->number(row, 0)).second)
+            continue;
+        m_count += m_countsRecords ? 1 : 0;
+        m_sum += m_column < 0 ? 0 : m_model->number(row, m_column);
+    }
+    if (m_done < m_rows.size())
+        m_next.start(0);
+    emit changed();
+}
+
+int ListSelection::summedColumn() const
+{
+    const int current = m_view->currentIndex().column();
+    if (current >= 0 && (isMoney(m_model->format(current)) || isQuantity(m_model->format(current))))
+        return current;
+    for (int column = m_model->columnCount() - 1; column >= 0; --column) {
+        if (isMoney(m_model->format(column)) && !m_view->isColumnHidden(column))
+            return column;
+    }
+    return -1;
+}
+
+QString ListSelection::words() const
+{
+    if (m_rows.isEmpty())
+        return {};
+    const bool isCounted = m_done == m_rows.size();
+    const QString unknown = QStringLiteral("…");
+    const QString selected =
+        tr("Вибрано: %1").arg(isCounted || !m_countsRecords ? QString::number(m_count) : unknown);
+    if (m_column < 0)
+        return selected;
+    const QString caption = m_model->headerData(m_column, Qt::Horizontal).toString().simplified();
+    const QString sum = isCounted ? m_model->format(m_column).shown(std::to_string(m_sum)) : unknown;
+    const QString what = caption.startsWith(tr("Сума")) ? caption : tr("Сума «%1»").arg(caption);
+    return selected + QStringLiteral("   ") + what + QStringLiteral(": ") + sum;
+}
