@@ -1,13 +1,7 @@
 #include "ownstamps.h"
 
 #include <QSqlDatabase>
-#include <algorithm>
 #include <map>
-
-namespace {
-/// Lists that were read before older ones are told once too often.
-const int mostRuns = 1000;
-} // namespace
 
 /// By database: a program has one after the other, tests have many.
 OwnStamps &OwnStamps::of(const QSqlDatabase &db)
@@ -23,22 +17,18 @@ void OwnStamps::add(const QString &table, const QString &before, const QString &
     const std::lock_guard<std::mutex> lock(m_guard);
     m_newest[table] = after;
     if (before.isNull())
-        return;
-    QVector<Run> &runs = m_runs[table];
-    if (!runs.isEmpty() && runs.constLast().last == before)
-        runs.last().last = after;
+        m_runs.remove(table);
+    else if (const auto run = m_runs.find(table); run != m_runs.end() && run->last == before)
+        run->last = after;
     else
-        runs.append({before, after});
-    if (runs.size() > mostRuns)
-        runs.removeFirst();
+        m_runs[table] = {before, after};
 }
 
 bool OwnStamps::isAllOwn(const QString &table, const QString &from, const QString &to) const
 {
     const std::lock_guard<std::mutex> lock(m_guard);
-    const QVector<Run> runs = m_runs.value(table);
-    return std::any_of(runs.begin(), runs.end(),
-                       [&](const Run &run) { return run.first <= from && to <= run.last; });
+    const auto run = m_runs.find(table);
+    return run != m_runs.end() && run->first <= from && to <= run->last;
 }
 
 bool OwnStamps::isOwn(const QString &table, const QString &time) const

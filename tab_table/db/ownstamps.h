@@ -2,7 +2,6 @@
 
 #include <QHash>
 #include <QString>
-#include <QVector>
 #include <mutex>
 
 class QSqlDatabase;
@@ -30,6 +29,7 @@ private:
         QString last;
     };
     mutable std::mutex m_guard;
-    QHash<QString, QVector<Run>> m_runs;
+    /// By table; the newest stretch that began with one of ours whose rows are shown.
+    QHash<QString, Run> m_runs;
     QHash<QString, QString> m_newest;
 };
