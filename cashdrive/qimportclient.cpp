@@ -83,6 +83,7 @@ void QImportClient::connectInputs()
 {
     connect(ui->pbChoose, &QPushButton::clicked, this, &QImportClient::OpenFile);
     connect(ui->leFile, &QLineEdit::returnPressed, this, [this] { readFile(ui->leFile->text().trimmed()); });
+    connect(ui->leFile, &QLineEdit::editingFinished, this, &QImportClient::readTyped);
     connect(ui->cbCodePage, &QComboBox::currentTextChanged, this, [this](const QString &name) {
         m_dbf.GetModel()->setCodePage(name.toLatin1());
         ui->view->resizeColumnsToContents();
@@ -210,14 +211,22 @@ void QImportClient::leaveReading()
     followWork();
 }
 
+/// What the field names is what is shown, and what is imported.
+void QImportClient::readTyped()
+{
+    const QString path = ui->leFile->text().trimmed();
+    if (path != m_path && (m_work == Work::None || m_work == Work::Reading))
+        readFile(path);
+}
+
 /// In a job: the file may lie on a slow network.
 void QImportClient::readFile(const QString &path)
 {
-    if (path.isEmpty())
-        return;
+    m_path = path;
     leaveReading();
-    m_dbf.Close();
-    showRefused({});
+    if (path.isEmpty())
+        return leaveFile();
+    leaveFile();
     ui->labelFile->setText(tr("Читається…"));
     const auto reading = std::make_shared<DbfReading>();
     const auto read = [path, reading](JobContext &context) -> JobResult {
@@ -306,8 +315,17 @@ QString QImportClient::startRefusal() const
     return QString();
 }
 
+void QImportClient::leaveFile()
+{
+    m_dbf.Close();
+    showRefused({});
+    ui->labelFile->clear();
+}
+
+/// The button may have been reached without leaving the field.
 void QImportClient::start()
 {
+    readTyped();
     if (!refuse(startRefusal()))
         check(ui->chTrial->isChecked());
 }

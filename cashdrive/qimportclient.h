@@ -57,7 +57,9 @@ private:
 
     void buildLists();
     void connectInputs();
+    void readTyped();
     void readFile(const QString &path);
+    void leaveFile();
     void showFile(const QString &path, const DbfReading &reading);
     QString fileText() const;
     void readGroup();
@@ -83,6 +85,8 @@ private:
     QLoadedUser *m_user;
     QObject *m_mainWindow;
     QDbf m_dbf;
+    /// Of the file that is shown or on its way.
+    QString m_path;
     DbTasks *m_tasks;
     TypingPause m_groupPause;
     QPointer<Job> m_job;

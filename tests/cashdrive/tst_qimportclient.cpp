@@ -254,6 +254,24 @@ void TstQImportClient::fileIsShownBeforeAnything()
     codePage->setCurrentText("UTF-8");
     QVERIFY(model->index(0, 3).data().toString().contains(QChar::ReplacementCharacter));
 
+    // Another path, and no Enter: whatever is pressed then, it is not the file of before that is imported.
+    child<QLineEdit>(m_page.get(), "leGroup")->setText("2");
+    const QString other = writeFile(m_folder.filePath("other.dbf"), manyCards(3));
+    auto *field = child<QLineEdit>(m_page.get(), "leFile");
+    field->setFocus();
+    field->selectAll();
+    typeText(other);
+    QVERIFY(answerQuestion([this] { press("pbStart"); }).contains("Файл ще читається."));
+    waitOutJobs();
+    QCOMPARE(model->rowCount(), 3);
+    QVERIFY(showActive(m_page.get()));
+    field->setFocus();
+    field->selectAll();
+    typeText(path);
+    pressKeys({Qt::Key_Tab});
+    waitOutJobs();
+    QCOMPARE(model->rowCount(), 2);
+
     openFile("no such file");
     QCOMPARE(model->rowCount(), 0);
     QCOMPARE(child<QLabel>(m_page.get(), "labelFile")->text(),
