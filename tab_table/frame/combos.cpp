@@ -166,6 +166,8 @@ void stopOffering(QComboBox *box, int row)
 {
     if (auto *list = qobject_cast<QListView *>(box->view()))
         list->setRowHidden(row, true);
+    // Below the box: over it, another item would lie under the mouse, and the click that closes takes it.
+    box->setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
 }
 
 NamedId chosenItem(const QComboBox *box)

@@ -469,6 +469,9 @@ void TstQTabClients::blockedLevelStays()
         for (const int leaving : {Qt::Key_Return, Qt::Key_Escape}) {
             pressKeys({Qt::Key_Space});
             QTRY_VERIFY(levels->view()->isVisible());
+            // Nor does it lie where the click that opened it may be repeated.
+            const QRect list = levels->view()->window()->geometry();
+            QVERIFY(!list.contains(levels->mapToGlobal(levels->rect().center())));
             pressKeys({leaving});
             QTRY_VERIFY(!levels->view()->isVisible());
         }
