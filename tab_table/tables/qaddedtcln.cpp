@@ -148,6 +148,9 @@ void QAddEdtCln::showBlockedLevel()
     ui->labelProcent->setVisible(isBlocked);
     ui->labelProcent->setText(isBlocked ? tr("Цю знижку заблоковано. Картка має її, доки не вибрано іншої.")
                                         : QString());
+    // A form gives a text of several lines less than it needs.
+    ui->labelProcent->setMinimumHeight(
+        isBlocked ? ui->labelProcent->heightForWidth(ui->cbProcent->sizeHint().width()) : 0);
 }
 
 QString QAddEdtCln::refusal() const
