@@ -127,6 +127,9 @@ void Veltab::connectCommands()
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
     connect(ui->mt_importBD, &QAction::triggered, tableBase(), &QTableBase::importBD);
+    connect(ui->import_csv_UTF8, &QAction::triggered, this, [this] { import_csv(); });
+    connect(ui->import_csv_cp1251, &QAction::triggered, this, &Veltab::import_csv_cp1251);
+    connect(ui->import_csv_utf8_tab, &QAction::triggered, this, [this] { import_csv(QLatin1Char('\t')); });
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
     connect(ui->about, &QAction::triggered, this, &Veltab::about);
@@ -186,6 +189,8 @@ QList<QAction *> Veltab::actionsOf(Command command) const
         return {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251};
     case Command::Reload:
         return {ui->reload};
+    case Command::Import:
+        return {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab};
     }
     return {};
 }
@@ -196,7 +201,8 @@ void Veltab::offerCommands(const Page *page)
     const Commands offered = page == nullptr ? Commands() : page->commands();
     ui->reload->setVisible(offered.contains(Command::Reload));
     visible(offered.contains(Command::Edit), offered.contains(Command::Export));
-    for (const Command command : {Command::Add, Command::Edit, Command::Delete, Command::Export}) {
+    for (const Command command :
+         {Command::Add, Command::Edit, Command::Delete, Command::Export, Command::Import}) {
         const QString refusal = offered.value(command);
         for (QAction *action : actionsOf(command)) {
             action->setEnabled(refusal.isEmpty());
@@ -268,6 +274,41 @@ QString Veltab::chooseFile(const QString &suggested)
     dialog.setDefaultSuffix(QStringLiteral("csv"));
     dialog.selectFile(suggested + QStringLiteral(".csv"));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void Veltab::import_csv(QChar separator)
+{
+    askAndImport(QString(), separator);
+}
+
+void Veltab::import_csv_cp1251()
+{
+    askAndImport(QStringLiteral("cp1251"), QLatin1Char(';'));
+}
+
+bool Veltab::mayImport() const
+{
+    const Page *page = m_pages->current();
+    return page != nullptr && page->isOffered(Command::Import) && user().maySee(Permission::ImportCsv);
+}
+
+void Veltab::askAndImport(const QString &code, QChar separator)
+{
+    if (!mayImport())
+        return;
+    const QString path = m_chooseImport();
+    // The rights, and with them the page, may have gone while the file was chosen.
+    if (!path.isEmpty() && mayImport())
+        tableBase()->import_csv(code, path, separator);
+}
+
+QString Veltab::chooseImport()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Відкрити"), m_importFolder, tr("csv (*.csv)"));
+    if (!path.isEmpty())
+        m_importFolder = QFileInfo(path).path();
+    return path;
 }
 
 void Veltab::refuse(const QString &text)
@@ -380,9 +421,8 @@ void Veltab::visible(bool vis, bool exp)
         action->setVisible(vis);
     for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
         action->setVisible(exporting);
-    // Nothing stands behind these commands yet.
-    for (QAction *action : {ui->import_csv_UTF8, ui->import_csv_cp1251, ui->import_csv_utf8_tab})
-        action->setVisible(false);
+    for (QAction *action : actionsOf(Command::Import))
+        action->setVisible(mayImport());
     showMenus();
 }
 

@@ -40,6 +40,8 @@ public:
     /// first.
     using FileChooser = std::function<QString(const QString &suggested)>;
     void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
+    /// Who tells the file to import; the file dialog at first.
+    void setImportChooser(const std::function<QString()> &chooser) { m_chooseImport = chooser; }
 
 public slots:
     void s_setting();
@@ -52,6 +54,9 @@ public slots:
     /// Asks for a file and writes the list in front into it: in UTF-8, or in Windows-1251.
     void export_to_csv();
     void export_to_csvCP1251();
+    /// Asks for a file and imports it into the table in front: in UTF-8, or in Windows-1251.
+    void import_csv(QChar separator = QLatin1Char(';'));
+    void import_csv_cp1251();
     void about();
     /// Lets another user in. Refused in words while tabs are open.
     void login() { m_session->login(); }
@@ -95,6 +100,9 @@ private:
     Page *exportedPage() const;
     void askAndExport(const QString &code);
     QString chooseFile(const QString &suggested);
+    bool mayImport() const;
+    void askAndImport(const QString &code, QChar separator);
+    QString chooseImport();
 
     void handleMessage(const QMessEvent &message);
     void welcome();
@@ -120,5 +128,8 @@ private:
     QLabel *m_serverLabel = nullptr;
     bool m_isServiceShown = false;
     FileChooser m_chooseFile = [this](const QString &suggested) { return chooseFile(suggested); };
+    std::function<QString()> m_chooseImport = [this] { return chooseImport(); };
+    /// Where the last one lay.
+    QString m_importFolder;
     bool m_showsUpdateNotice = false;
 };

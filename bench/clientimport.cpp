@@ -98,7 +98,7 @@ ImportOutcome importFile(const Bench &bench, const std::shared_ptr<const DbfTabl
         loop.exec();
     };
     finish([&](JobContext &context) { return planImport(context, *table, "Windows-1251", &plan); });
-    finish([&](JobContext &context) { return importClients(context, plan, source, &outcome); });
+    finish([&](JobContext &context) { return importClients(context, plan, &outcome); });
     return outcome;
 }
 

@@ -1,6 +1,5 @@
 #include "clientimport.h"
 
-#include "connection.h"
 #include "money.h"
 #include "qmessevent.h"
 #include "qupdatebd.h"
@@ -19,9 +18,6 @@ struct Texts
 const int batchSize = 1000;
 /// What another program spoils is tried so often.
 const int mostTries = 3;
-/// So long a lost server is waited for.
-const int lostMs = 30000;
-const int betweenTriesMs = 500;
 
 const QString clientsTable = QStringLiteral("clients");
 
@@ -85,10 +81,9 @@ struct BatchWork
 class Importer
 {
 public:
-    Importer(JobContext *context, const ImportPlan &plan, const QString &source, ImportOutcome *outcome)
+    Importer(JobContext *context, const ImportPlan &plan, ImportOutcome *outcome)
         : m_context(context)
         , m_plan(plan)
-        , m_source(source)
         , m_outcome(outcome)
         , m_connection(std::make_unique<JobConnection>(*context))
     {
@@ -270,23 +265,13 @@ private:
         return query->next() && (isAdded || query->value(0).toUInt() >= card.level);
     }
 
-    /// For a while, in which nobody is told anew that the server is lost.
     bool connectAnew()
     {
-        m_context->stage(Texts::tr("зв'язок втрачено, підключаюся знову…"));
-        const DatabaseAddress address = addressInUse(m_source).value_or(DatabaseAddress());
-        QElapsedTimer clock;
-        clock.start();
-        bool isOpen = false;
-        while (!isOpen && clock.elapsed() < lostMs && m_context->pause(betweenTriesMs)) {
-            const ServerAnswer answer = connectAside(address, m_context->cancelled());
-            if (answer.isGivenUp || isConnectionLost(answer.error))
-                continue;
-            m_connection = std::make_unique<JobConnection>(*m_context);
-            isOpen = m_connection->isOpen();
-        }
-        m_context->stage(QString());
-        return isOpen;
+        auto connection = m_context->connectAgain();
+        if (!connection)
+            return false;
+        m_connection = std::move(connection);
+        return true;
     }
 
     void count(const BatchWork &work)
@@ -327,7 +312,6 @@ private:
 
     JobContext *m_context;
     const ImportPlan &m_plan;
-    const QString m_source;
     ImportOutcome *m_outcome;
     std::unique_ptr<JobConnection> m_connection;
     /// Of a trial.
@@ -340,11 +324,10 @@ private:
 };
 } // namespace
 
-JobResult importClients(JobContext &context, const ImportPlan &plan, const QString &sourceConnection,
-                        ImportOutcome *outcome)
+JobResult importClients(JobContext &context, const ImportPlan &plan, ImportOutcome *outcome)
 {
     Db::letHooksHearThisThread();
-    return Importer(&context, plan, sourceConnection, outcome).run();
+    return Importer(&context, plan, outcome).run();
 }
 
 QString outcomeText(const ImportOutcome &outcome, const ImportPlan &plan)

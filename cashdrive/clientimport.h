@@ -20,9 +20,8 @@ struct ImportOutcome
 
 /// Writes the cards of a plan, a thousand in a transaction: what is not there is added, a card that is there
 /// gets the level if its id is greater. A trial only counts. *outcome tells what became of them, also of a
-/// job that was cancelled or has failed. sourceConnection: that of the job.
-JobResult importClients(JobContext &context, const ImportPlan &plan, const QString &sourceConnection,
-                        ImportOutcome *outcome);
+/// job that was cancelled or has failed.
+JobResult importClients(JobContext &context, const ImportPlan &plan, ImportOutcome *outcome);
 
 /// "Додано карток: 3, …", for the user.
 QString outcomeText(const ImportOutcome &outcome, const ImportPlan &plan);

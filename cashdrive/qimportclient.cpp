@@ -394,9 +394,8 @@ void QImportClient::import(const std::shared_ptr<ImportPlan> &plan, bool isTrial
 {
     const auto outcome = std::make_shared<ImportOutcome>();
     outcome->isTrial = isTrial;
-    const QString source = m_db->connectionName();
-    const auto work = [plan, outcome, source](JobContext &context) {
-        return importClients(context, *plan, source, outcome.get());
+    const auto work = [plan, outcome](JobContext &context) {
+        return importClients(context, *plan, outcome.get());
     };
     begin(Work::Importing, isTrial ? tr("Пробний імпорт клієнтів") : tr("Імпорт клієнтів"), work,
           [=](const JobResult &result) {

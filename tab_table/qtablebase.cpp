@@ -154,6 +154,15 @@ bool QTableBase::export_to_csv(const QString &code, const QString &path_file_nam
     return page != nullptr;
 }
 
+bool QTableBase::import_csv(const QString &code, const QString &path_file_name, QChar separator)
+{
+    auto *tab = dynamic_cast<QTab *>(current());
+    if (tab == nullptr || !tab->isOffered(Command::Import))
+        return false;
+    tab->import_csv(m_db, parent(), tab, code, path_file_name, separator, QLatin1Char('\n'));
+    return true;
+}
+
 void QTableBase::importBD()
 {
     m_previous->begin();

@@ -73,6 +73,8 @@ public slots:
     bool ChangeTab(int index);
     /// The list in front as a CSV file. A failure is reported.
     bool export_to_csv(const QString &code, const QString &path_file_name);
+    /// Imports a CSV file into the table in front; false when that imports none.
+    bool import_csv(const QString &code, const QString &path_file_name, QChar separator = QLatin1Char(';'));
 
 private:
     PageTable lines();

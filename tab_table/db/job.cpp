@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "qmessevent.h"
+#include "servererror.h"
 
 #include <QCoreApplication>
 #include <chrono>
@@ -19,6 +20,9 @@ const int killMs = 300;
 const int patienceMs = 700;
 /// A destructor waits twice so long at most.
 const int leavingMs = 400;
+/// So long a lost server is waited for.
+const int lostMs = 30000;
+const int betweenTriesMs = 500;
 
 /// A message about a job on its way to the window's thread.
 struct Report
@@ -165,6 +169,26 @@ bool JobContext::pause(int ms) const
 {
     std::unique_lock<std::mutex> lock(m_state->guard);
     return !m_state->changed.wait_for(lock, milliseconds(ms), [this] { return m_state->isCancelled.load(); });
+}
+
+/// Nobody is told anew that the server is lost.
+std::unique_ptr<JobConnection> JobContext::connectAgain()
+{
+    stage(QCoreApplication::translate("Job", "зв'язок втрачено, підключаюся знову…"));
+    const DatabaseAddress address = addressInUse(m_state->source).value_or(DatabaseAddress());
+    QElapsedTimer clock;
+    clock.start();
+    std::unique_ptr<JobConnection> connection;
+    while (!connection && clock.elapsed() < lostMs && pause(betweenTriesMs)) {
+        const ServerAnswer answer = connectAside(address, cancelled());
+        if (answer.isGivenUp || isConnectionLost(answer.error))
+            continue;
+        connection = std::make_unique<JobConnection>(*this);
+        if (!connection->isOpen())
+            connection.reset();
+    }
+    stage(QString());
+    return connection;
 }
 
 Job::Job(const QString &title, const QString &sourceConnection, const Work &work, QObject *parent)

@@ -58,6 +58,9 @@ public:
     const std::atomic<bool> &cancelled() const;
     /// Returns early, with false, when the job is cancelled.
     bool pause(int ms) const;
+    /// After a connection of the job was lost: a new one, as soon as the server answers. The job's stage says
+    /// so meanwhile. Null when it does not answer for half a minute, or the job is cancelled.
+    std::unique_ptr<JobConnection> connectAgain();
     /// Hears what is reported about the job, from any of its threads.
     QObject *receiver() const { return m_receiver.get(); }
 

@@ -11,7 +11,7 @@ class QTabWidget;
 class QWidget;
 
 /// What the main window asks of the page in front.
-enum class Command { Add, Edit, Delete, Export, Reload };
+enum class Command { Add, Edit, Delete, Export, Import, Reload };
 
 /// The commands that a page offers to its user; one that is missing is hidden. The text is empty, or tells
 /// why the command cannot be given in this page: it is shown, disabled, with that reason.

@@ -2,6 +2,7 @@
 
 #include "changewatch.h"
 #include "combos.h"
+#include "csvtext.h"
 #include "db.h"
 #include "ean13.h"
 #include "listpane.h"
@@ -505,6 +506,41 @@ bool QTab::export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableVie
 void QTab::export_to_csv(const QString &code, const QString &path_file_name)
 {
     m_list->exportCsv(code, path_file_name);
+}
+
+void QTab::import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                      const QString &path_file_name, QChar sep, QChar ent)
+{
+    postTrace(receiver, QStringLiteral("QTab::import_csv ") + path_file_name);
+    importFile(db, receiver, widget, path_file_name,
+               {code.isEmpty() ? CsvEncoding::Utf8 : CsvEncoding::Windows1251, sep, ent});
+}
+
+void QTab::import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                      const QString &path_file_name, QChar sep)
+{
+    import_csv(db, receiver, widget, code, path_file_name, sep, CsvForm().end);
+}
+
+void QTab::import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                      const QString &path_file_name)
+{
+    import_csv(db, receiver, widget, code, path_file_name, CsvForm().separator);
+}
+
+void QTab::import_csv(const QString &code, const QString &path_file_name)
+{
+    import_csv(m_db, m_receiver, this, code, path_file_name);
+}
+
+void QTab::importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &path,
+                      const CsvForm &wanted)
+{
+    Q_UNUSED(db)
+    Q_UNUSED(receiver)
+    Q_UNUSED(widget)
+    Q_UNUSED(path)
+    Q_UNUSED(wanted)
 }
 
 void QTab::InsertColumns(const QStringList *headers, const QList<int> &widths, QStandardItemModel *model,

@@ -31,6 +31,7 @@ class RecordDialog;
 class TypingPause;
 class WaitNote;
 class setting;
+struct CsvForm;
 
 /// The base of every tab that lists one table of the database: it says what its list loads, refreshes a row
 /// after an edit and knows which shops and groups the user may see.
@@ -113,6 +114,17 @@ public slots:
                               const QString &code, const QString &path_file_name);
     /// The same with this tab's list.
     void export_to_csv(const QString &code, const QString &path_file_name) override;
+    /// Reads a CSV file into the tab's table, in tabs that import one: in UTF-8, or Windows-1251 with any
+    /// code, its columns separated by sep and its records by ent. What the file says itself about that counts
+    /// more. widget: the parent of what it asks.
+    void import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                    const QString &path_file_name, QChar sep, QChar ent);
+    void import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                    const QString &path_file_name, QChar sep);
+    void import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
+                    const QString &path_file_name);
+    /// The same for this tab.
+    void import_csv(const QString &code, const QString &path_file_name);
 
 signals:
     /// The rows of a search, or of ShowData, stand in the grid.
@@ -147,6 +159,9 @@ protected:
     /// The editor of the record of that id, which it changes to the id that a new record gets; null in tabs
     /// without one.
     virtual std::unique_ptr<RecordDialog> makeEditor(QString *id);
+    /// Imports a file, in tabs that offer Command::Import.
+    virtual void importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &path,
+                            const CsvForm &wanted);
     /// Reads the row of a record again, wherever it stands by now: a search may have arrived while its editor
     /// was open. A new record gets a row.
     virtual void refreshRecord(const QString &id, bool isNew);

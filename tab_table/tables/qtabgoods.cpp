@@ -6,6 +6,7 @@
 #include "listpane.h"
 #include "permittedlists.h"
 #include "qaddedtgoods.h"
+#include "qimportprices.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "ui_qtabgoodsfilter.h"
@@ -84,6 +85,25 @@ std::unique_ptr<RecordDialog> QTabGoods::makeEditor(QString *id)
 {
     const QString shops = permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id"));
     return std::make_unique<QAddEdtGoods>(this, db().connection(), id, shops, receiver(), this);
+}
+
+Commands QTabGoods::commands() const
+{
+    Commands offered = QTab::commands();
+    if (mayEdit())
+        offered.insert(Command::Import, QString());
+    return offered;
+}
+
+void QTabGoods::importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &path,
+                           const CsvForm &wanted)
+{
+    // The tab may go meanwhile, and the dialog with it.
+    const QPointer<QImportPrices> import = new QImportPrices(db, user(), receiver, widget);
+    connect(import, &QImportPrices::imported, this, &QTabGoods::searchAgain);
+    import->open(path, wanted);
+    import->exec();
+    delete import;
 }
 
 void QTabGoods::refreshRecord(const QString &id, bool isNew)

@@ -16,12 +16,18 @@ public:
     QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QTabGoods() override;
 
+    /// Who may edit goods may import a price list, too.
+    Commands commands() const override;
+
 public slots:
     /// Lists the goods of the chosen group whose barcode, name or id holds the text.
     void seerch(const QString &text);
 
 protected:
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
+    /// A price list.
+    void importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &path,
+                    const CsvForm &wanted) override;
     /// An item may have several rows.
     void refreshRecord(const QString &id, bool isNew) override;
 

@@ -17,7 +17,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMutex>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -80,35 +79,6 @@ private:
 };
 
 namespace {
-/// What is sent to the server, from any thread.
-class Sent
-{
-public:
-    explicit Sent(const std::function<void(const QString &sql)> &also = {})
-    {
-        Db::setStatementHook([this, also](const QString &sql) {
-            {
-                const QMutexLocker lock(&m_guard);
-                m_all.append(sql);
-            }
-            if (also)
-                also(sql);
-        });
-    }
-    ~Sent() { Db::setStatementHook({}); }
-    Q_DISABLE_COPY(Sent)
-
-    QStringList containing(const QString &part)
-    {
-        const QMutexLocker lock(&m_guard);
-        return m_all.filter(part);
-    }
-
-private:
-    QMutex m_guard;
-    QStringList m_all;
-};
-
 QByteArray manyCards(int count, int level = 2)
 {
     CardsDbf file;

@@ -226,6 +226,29 @@ void FreshDatabase::execElsewhere(const QString &sql)
         qFatal("%s\n%s", qPrintable(query.lastError().text()), qPrintable(sql));
 }
 
+Sent::Sent(const std::function<void(const QString &sql)> &also)
+{
+    Db::setStatementHook([this, also](const QString &sql) {
+        {
+            const QMutexLocker lock(&m_guard);
+            m_all.append(sql);
+        }
+        if (also)
+            also(sql);
+    });
+}
+
+Sent::~Sent()
+{
+    Db::setStatementHook({});
+}
+
+QStringList Sent::containing(const QString &part)
+{
+    const QMutexLocker lock(&m_guard);
+    return m_all.filter(part);
+}
+
 void commitHere()
 {
     const QStringList names = QSqlDatabase::connectionNames();

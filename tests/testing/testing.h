@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QMutex>
 #include <QPointer>
 #include <QSqlDatabase>
 #include <QTest>
@@ -78,6 +79,22 @@ private:
     QString m_adminName;
     QSqlDatabase m_db;
     QSqlDatabase m_admin;
+};
+
+/// What is sent to the server as long as this lives, from any thread that is heard.
+class Sent
+{
+public:
+    /// also: called with each statement right before it is sent, in its thread.
+    explicit Sent(const std::function<void(const QString &sql)> &also = {});
+    ~Sent();
+    Q_DISABLE_COPY(Sent)
+
+    QStringList containing(const QString &part);
+
+private:
+    QMutex m_guard;
+    QStringList m_all;
 };
 
 /// For a statement hook at COMMIT, in the thread of that statement: its transaction is committed, and the

@@ -1,0 +1,342 @@
+#include "pricelistimport.h"
+
+#include "money.h"
+#include "qmessevent.h"
+#include "qupdatebd.h"
+#include "servererror.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <optional>
+
+namespace {
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(PriceList)
+};
+
+/// What another program spoils is tried so often.
+const int mostTries = 3;
+const int comparedAtOnce = 1000;
+/// Half a megabyte of statement: every server takes that.
+const int pricesAtOnce = 10000;
+const int toldBetween = 100;
+
+/// What is to be written as the goods are now, locked.
+struct Draft
+{
+    QMap<quint32, qint64> prices;
+    QVector<const NewGoods *> added;
+    PriceListOutcome outcome;
+
+    bool isEmpty() const { return prices.isEmpty() && added.isEmpty(); }
+};
+
+QString priceStatement(QMap<quint32, qint64>::const_iterator first,
+                       QMap<quint32, qint64>::const_iterator last)
+{
+    QString sql = QStringLiteral("UPDATE goods SET price=CASE");
+    QString ids;
+    for (auto price = first; price != last; ++price) {
+        const QString id = QString::number(price.key());
+        sql += QLatin1String(" WHEN id=") + id + QLatin1String(" THEN ") + QString::number(price.value());
+        ids += id + QLatin1Char(',');
+    }
+    ids.chop(1);
+    return sql + QLatin1String(" ELSE price END WHERE id IN (") + ids + QLatin1Char(')');
+}
+
+QString insertGoods(const NewGoods &goods)
+{
+    return QLatin1String("INSERT INTO goods(type,group_g,tax,block,price,name) VALUES(1,1,5,0,") +
+           QString::number(goods.price) + QLatin1Char(',') + lit(goods.name) + QLatin1Char(')');
+}
+
+QString insertBarcode(const NewGoods &goods)
+{
+    return QLatin1String("INSERT INTO dk_shc(id_goods,shtrihcod) VALUES(LAST_INSERT_ID(),") +
+           lit(goods.barcode) + QLatin1Char(')');
+}
+
+/// Writes a plan until it is written or certainly not.
+class Importer
+{
+public:
+    Importer(JobContext *context, const PriceListPlan &plan, PriceListOutcome *outcome)
+        : m_context(context)
+        , m_plan(plan)
+        , m_outcome(outcome)
+        , m_connection(std::make_unique<JobConnection>(*context))
+    {
+        outcome->refused = plan.refused;
+    }
+
+    JobResult run()
+    {
+        if (!m_connection->isOpen())
+            return {};
+        End end = End::Again;
+        for (int tries = 0; end == End::Again && tries < mostTries; ++tries)
+            end = m_context->isCancelled() ? End::Stopped : writeOnce();
+        switch (end) {
+        case End::Written:
+            *m_outcome = m_draft.outcome;
+            m_outcome->isWritten = true;
+            return {JobResult::Done, priceListSummary(m_plan, *m_outcome), {}};
+        case End::Unclear:
+            return {JobResult::Failed,
+                    Texts::tr("Невідомо, чи записано імпорт: сервер не відповів. Коли зв'язок відновиться, "
+                              "імпортуйте файл ще раз: записане вдруге не зміниться."),
+                    {}};
+        case End::Stopped:
+            return {JobResult::Cancelled, Texts::tr("Імпорт зупинено, у базу нічого не записано."), {}};
+        default:
+            report();
+            return {JobResult::Failed, Texts::tr("Імпорт не вдався, у базу нічого не записано."), {}};
+        }
+    }
+
+private:
+    enum class End { Written, Again, Failed, Stopped, Unclear };
+    enum class Step { None, Write, Commit };
+
+    Db db() { return m_connection->db(); }
+
+    End writeOnce()
+    {
+        m_error.clear();
+        m_failedSql.clear();
+        m_draft = Draft();
+        m_draft.outcome.refused = m_plan.refused;
+        const Step failedAt = send();
+        // The transaction is over; a lost connection may be replaced.
+        if (failedAt == Step::None)
+            return End::Written;
+        return failedAt == Step::Commit ? afterCommit() : afterFailure();
+    }
+
+    /// One transaction; the step that failed, with the number of its error.
+    Step send()
+    {
+        Transaction transaction(db());
+        const bool isWritten = transaction && compare() && write() && !m_context->isCancelled();
+        const bool isCommitted = isWritten && transaction.commit();
+        m_errorNumber = isCommitted ? 0 : db().lastErrorNumber();
+        if (isCommitted)
+            return Step::None;
+        return isWritten ? Step::Commit : Step::Write;
+    }
+
+    /// Holds the plan against the goods as they are now. They are locked, and so are the places of new
+    /// barcodes: none of them changes and none comes until COMMIT.
+    bool compare()
+    {
+        QHash<QString, KnownGoods> now;
+        QStringList codes;
+        for (const PriceChange &change : m_plan.changes)
+            codes.append(lit(change.barcode));
+        for (const NewGoods &goods : m_plan.added)
+            codes.append(lit(goods.barcode));
+        for (int begin = 0; begin < codes.size(); begin += comparedAtOnce) {
+            if (!readNow(codes.mid(begin, comparedAtOnce), &now))
+                return false;
+        }
+        for (const PriceChange &change : m_plan.changes)
+            take(change, now);
+        for (const NewGoods &goods : m_plan.added)
+            take(goods, now);
+        std::sort(m_draft.outcome.refused.begin(), m_draft.outcome.refused.end(),
+                  [](const RefusedLine &a, const RefusedLine &b) { return a.number < b.number; });
+        return true;
+    }
+
+    bool readNow(const QStringList &codes, QHash<QString, KnownGoods> *now)
+    {
+        auto goods =
+            send(QStringLiteral("SELECT dk_shc.shtrihcod,id,price FROM dk_shc JOIN goods ON id=id_goods "
+                                "WHERE dk_shc.shtrihcod IN (") +
+                 codes.join(QLatin1Char(',')) + QStringLiteral(") FOR UPDATE"));
+        while (goods && goods->next())
+            now->insert(goods->value(0).toString(), {goods->value(1).toUInt(), goods->value(2).toLongLong()});
+        return goods.has_value();
+    }
+
+    void take(const PriceChange &change, const QHash<QString, KnownGoods> &now)
+    {
+        const auto goods = now.constFind(change.barcode);
+        if (goods == now.constEnd()) {
+            ++m_draft.outcome.removedByOthers;
+            m_draft.outcome.refused.append(
+                {change.record, change.barcode, Texts::tr("цей штрихкод щойно вилучено з бази")});
+            return;
+        }
+        m_draft.outcome.changedByOthers += goods->price != change.from && goods->price != change.to ? 1 : 0;
+        if (goods->price != change.to)
+            m_draft.prices.insert(goods->id, change.to);
+    }
+
+    void take(const NewGoods &added, const QHash<QString, KnownGoods> &now)
+    {
+        const auto goods = now.constFind(added.barcode);
+        if (goods == now.constEnd()) {
+            m_draft.added.append(&added);
+            return;
+        }
+        ++m_draft.outcome.createdByOthers;
+        if (goods->price != added.price)
+            m_draft.prices.insert(goods->id, added.price);
+    }
+
+    bool write()
+    {
+        if (m_draft.isEmpty())
+            return true;
+        for (const QString &sql : priceStatements(m_draft.prices)) {
+            if (m_context->isCancelled() || !send(sql))
+                return false;
+        }
+        int done = 0;
+        for (const NewGoods *goods : qAsConst(m_draft.added)) {
+            if (done++ % toldBetween == 0)
+                m_context->progress(m_draft.prices.size() + done,
+                                    m_draft.prices.size() + m_draft.added.size());
+            if (m_context->isCancelled() || !send(insertGoods(*goods)) || !send(insertBarcode(*goods)))
+                return false;
+        }
+        return QUpdateBD().update({QStringLiteral("goods"), QStringLiteral("dk_shc")}, *db().connection(),
+                                  m_context->receiver());
+    }
+
+    End afterFailure()
+    {
+        if (m_context->isCancelled())
+            return End::Stopped;
+        if (isConnectionLost(m_errorNumber))
+            return connectAnew() ? End::Again : End::Failed;
+        return m_errorNumber == ServerError::Deadlock || m_errorNumber == ServerError::LockWait ? End::Again
+                                                                                                : End::Failed;
+    }
+
+    /// When the answer was lost the server is asked, so that nothing is told that is not so.
+    End afterCommit()
+    {
+        if (isCommitRefused(m_errorNumber))
+            return End::Again;
+        if (!isConnectionLost(m_errorNumber) && !m_context->isCancelled())
+            return End::Failed;
+        const auto isThere = connectAnew() ? isWritten() : std::nullopt;
+        if (!isThere)
+            return End::Unclear;
+        return *isThere ? End::Written : End::Again;
+    }
+
+    /// All of it is there or nothing: one item tells. Nothing when the server does not say.
+    std::optional<bool> isWritten()
+    {
+        if (m_draft.isEmpty())
+            return true;
+        const bool isAdded = !m_draft.added.isEmpty();
+        auto query = isAdded ? send(QStringLiteral("SELECT id_goods FROM dk_shc WHERE shtrihcod=") +
+                                    lit(m_draft.added.first()->barcode))
+                             : send(QStringLiteral("SELECT price FROM goods WHERE id=") +
+                                    QString::number(m_draft.prices.firstKey()));
+        if (!query)
+            return std::nullopt;
+        return query->next() && (isAdded || query->value(0).toLongLong() == m_draft.prices.first());
+    }
+
+    bool connectAnew()
+    {
+        auto connection = m_context->connectAgain();
+        if (!connection)
+            return false;
+        m_connection = std::move(connection);
+        return true;
+    }
+
+    std::optional<QSqlQuery> send(const QString &sql)
+    {
+        QString error;
+        auto query = db().attempt(sql, &error);
+        if (!query) {
+            m_error = error;
+            m_failedSql = sql;
+        }
+        return query;
+    }
+
+    /// What else can fail has reported itself.
+    void report() const
+    {
+        if (!m_failedSql.isEmpty())
+            postMessage(m_context->receiver(), Texts::tr("Помилка запиту:") + QLatin1Char('\n') + m_error +
+                                                   QLatin1Char('\n') + m_failedSql.left(500));
+    }
+
+    JobContext *m_context;
+    const PriceListPlan &m_plan;
+    PriceListOutcome *m_outcome;
+    std::unique_ptr<JobConnection> m_connection;
+    Draft m_draft;
+    QString m_error;
+    QString m_failedSql;
+    int m_errorNumber = 0;
+};
+
+QString countLine(const QString &caption, int count)
+{
+    return caption + QLatin1Char(' ') + wholeShown(count);
+}
+} // namespace
+
+QStringList priceStatements(const QMap<quint32, qint64> &prices)
+{
+    QStringList statements;
+    for (auto first = prices.cbegin(); first != prices.cend();) {
+        auto last = first;
+        for (int count = 0; count < pricesAtOnce && last != prices.cend(); ++count)
+            ++last;
+        statements.append(priceStatement(first, last));
+        first = last;
+    }
+    return statements;
+}
+
+JobResult importPriceList(JobContext &context, const PriceListPlan &plan, PriceListOutcome *outcome)
+{
+    Db::letHooksHearThisThread();
+    return Importer(&context, plan, outcome).run();
+}
+
+QString priceListSummary(const PriceListPlan &plan, const PriceListOutcome &outcome)
+{
+    const auto count = [&plan](PriceVerdict verdict) { return plan.counts.value(verdict); };
+    const int same = count(PriceVerdict::Same);
+    const int updated =
+        count(PriceVerdict::Changed) + same + outcome.createdByOthers - outcome.removedByOthers;
+    QString updatedLine = countLine(Texts::tr("Товарів оновлено:"), updated);
+    if (same > 0)
+        updatedLine += Texts::tr(", з них ціна та сама: %1").arg(wholeShown(same));
+    QStringList lines{
+        updatedLine,
+        countLine(Texts::tr("Товарів нових:"), count(PriceVerdict::New) - outcome.createdByOthers),
+        countLine(Texts::tr("Помилкових штрихкодів:"), count(PriceVerdict::BadBarcode)),
+        countLine(Texts::tr("Записів з невірною кількістю колонок:"), count(PriceVerdict::BadColumns)),
+        countLine(Texts::tr("Записів з нульовою ціною:"), count(PriceVerdict::ZeroPrice))};
+    const struct
+    {
+        QString caption;
+        int count;
+    } further[] = {
+        {Texts::tr("Записів з помилковою ціною:"), count(PriceVerdict::BadPrice)},
+        {Texts::tr("Записів з помилковою назвою:"), count(PriceVerdict::BadName)},
+        {Texts::tr("Цін, які тим часом змінили інші (записано ціну з файла):"), outcome.changedByOthers},
+        {Texts::tr("Нових штрихкодів, які тим часом додали інші (їх товару записано ціну з файла):"),
+         outcome.createdByOthers},
+        {Texts::tr("Штрихкодів, які тим часом вилучили інші (пропущено):"), outcome.removedByOthers}};
+    for (const auto &line : further) {
+        if (line.count > 0)
+            lines.append(countLine(line.caption, line.count));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
