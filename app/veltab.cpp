@@ -18,7 +18,10 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <algorithm>
@@ -26,6 +29,17 @@
 namespace {
 const int allMessages = 4;
 const int messageMs = 8000;
+
+/// A sentence under the files: dialogs of the system have no place for it.
+void addHint(QFileDialog *dialog, const QString &text)
+{
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    auto *hint = new QLabel(text, dialog);
+    hint->setObjectName(QStringLiteral("labelHint"));
+    hint->setWordWrap(true);
+    if (auto *grid = qobject_cast<QGridLayout *>(dialog->layout()))
+        grid->addWidget(hint, grid->rowCount(), 0, 1, grid->columnCount());
+}
 } // namespace
 
 Veltab::Veltab(const QString &directory, QWidget *parent)
@@ -123,6 +137,7 @@ void Veltab::connectCommands()
     connect(ui->edit, &QAction::triggered, this, &Veltab::edit);
     connect(ui->dell, &QAction::triggered, this, &Veltab::dell);
     connect(ui->reload, &QAction::triggered, this, [this] { run(Command::Reload); });
+    connect(ui->export_to_xlsx, &QAction::triggered, this, &Veltab::exportXlsx);
     for (const QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8})
         connect(action, &QAction::triggered, this, &Veltab::export_to_csv);
     connect(ui->export_to_csv_cp1251, &QAction::triggered, this, &Veltab::export_to_csvCP1251);
@@ -186,7 +201,7 @@ QList<QAction *> Veltab::actionsOf(Command command) const
     case Command::Delete:
         return {ui->dell};
     case Command::Export:
-        return {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251};
+        return {ui->export_to_xlsx, ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251};
     case Command::Reload:
         return {ui->reload};
     case Command::Import:
@@ -240,12 +255,24 @@ void Veltab::dell()
 
 void Veltab::export_to_csv()
 {
-    askAndExport(QString());
+    exportCsv(QString());
 }
 
 void Veltab::export_to_csvCP1251()
 {
-    askAndExport(QStringLiteral("cp1251"));
+    exportCsv(QStringLiteral("cp1251"));
+}
+
+void Veltab::exportCsv(const QString &code)
+{
+    askAndExport(QStringLiteral("csv"),
+                 [code](const Page &page, const QString &path) { page.export_to_csv(code, path); });
+}
+
+void Veltab::exportXlsx()
+{
+    askAndExport(QStringLiteral("xlsx"),
+                 [](const Page &page, const QString &path) { page.exportXlsx(path); });
 }
 
 /// The page in front when its list may be exported, else null.
@@ -257,22 +284,28 @@ Page *Veltab::exportedPage() const
                : nullptr;
 }
 
-void Veltab::askAndExport(const QString &code)
+void Veltab::askAndExport(const QString &ending,
+                          const std::function<void(const Page &page, const QString &path)> &write)
 {
     if (exportedPage() == nullptr)
         return;
-    const QString path = m_chooseFile(ui->tabWidget->tabText(ui->tabWidget->currentIndex()));
+    const QString title = ui->tabWidget->tabText(ui->tabWidget->currentIndex());
+    const QString path = m_chooseFile(title + QLatin1Char('.') + ending);
     // The rights, and with them the page, may have gone while the file was chosen.
-    if (Page *page = path.isEmpty() ? nullptr : exportedPage())
-        page->export_to_csv(code, path);
+    if (const Page *page = path.isEmpty() ? nullptr : exportedPage())
+        write(*page, path);
 }
 
 QString Veltab::chooseFile(const QString &suggested)
 {
-    QFileDialog dialog(this, tr("Зберегти файл"), QString(), tr("csv (*.csv)"));
+    const QString ending = QFileInfo(suggested).suffix();
+    QFileDialog dialog(this, tr("Зберегти файл"), QString(), QStringLiteral("%1 (*.%1)").arg(ending));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("csv"));
-    dialog.selectFile(suggested + QStringLiteral(".csv"));
+    dialog.setDefaultSuffix(ending);
+    dialog.selectFile(suggested);
+    if (ending == QLatin1String("csv"))
+        addHint(&dialog, tr("Відкривши CSV, електронна таблиця зробить із «2.12» дату, а зі штрихкоду число "
+                            "без нулів спереду. З файлом XLSX (Експорт, Ctrl+E) цього не буде."));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -419,7 +452,7 @@ void Veltab::visible(bool vis, bool exp)
     const bool exporting = (vis || exp) && user().maySee(Permission::ExportCsv);
     for (QAction *action : {ui->add, ui->edit, ui->dell})
         action->setVisible(vis);
-    for (QAction *action : {ui->export_to_csv, ui->export_to_csv_UTF8, ui->export_to_csv_cp1251})
+    for (QAction *action : actionsOf(Command::Export))
         action->setVisible(exporting);
     for (QAction *action : actionsOf(Command::Import))
         action->setVisible(mayImport());

@@ -54,6 +54,8 @@ public slots:
     /// Asks for a file and writes the list in front into it: in UTF-8, or in Windows-1251.
     void export_to_csv();
     void export_to_csvCP1251();
+    /// The same with typed cells.
+    void exportXlsx();
     /// Asks for a file and imports it into the table in front: in UTF-8, or in Windows-1251.
     void import_csv(QChar separator = QLatin1Char(';'));
     void import_csv_cp1251();
@@ -98,7 +100,9 @@ private:
     void offerCommands(const Page *page);
     void run(Command command);
     Page *exportedPage() const;
-    void askAndExport(const QString &code);
+    void exportCsv(const QString &code);
+    void askAndExport(const QString &ending,
+                      const std::function<void(const Page &page, const QString &path)> &write);
     QString chooseFile(const QString &suggested);
     bool mayImport() const;
     void askAndImport(const QString &code, QChar separator);

@@ -177,11 +177,6 @@ Commands QCashDrive::commands() const
     return {{Command::Export, QString()}};
 }
 
-void QCashDrive::export_to_csv(const QString &code, const QString &path)
-{
-    ui->listRefused->exportCsv(code, path);
-}
-
 void QCashDrive::showRefusedLines(const RefusedLines &lines)
 {
     showRefused(ui->listRefused, lines);

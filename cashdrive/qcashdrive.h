@@ -30,7 +30,6 @@ public:
     bool isLoading() const override;
     ListPane *list() const override;
     Commands commands() const override;
-    void export_to_csv(const QString &code, const QString &path) override;
     /// The server of the runs; that of the platform at first.
     void setServer(const RegisterServerFactory &server) { m_server = server; }
     AutoStart *autoStart() const { return m_autoStart; }

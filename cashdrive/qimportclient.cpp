@@ -107,11 +107,6 @@ Commands QImportClient::commands() const
     return {{Command::Export, QString()}};
 }
 
-void QImportClient::export_to_csv(const QString &code, const QString &path)
-{
-    ui->listRefused->exportCsv(code, path);
-}
-
 void QImportClient::saveRefused()
 {
     const QString suggested = QFileInfo(ui->leFile->text()).completeBaseName() + tr(" – відмови.csv");

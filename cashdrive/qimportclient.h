@@ -33,7 +33,6 @@ public:
     /// Those of the refused records.
     ListPane *list() const override;
     Commands commands() const override;
-    void export_to_csv(const QString &code, const QString &path) override;
     bool isLoading() const override { return m_job != nullptr; }
     /// While something is written it stays.
     bool mayClose() override;

@@ -130,11 +130,6 @@ void ReportWindow::run(Command command)
     load();
 }
 
-void ReportWindow::export_to_csv(const QString &code, const QString &path)
-{
-    m_list->exportCsv(code, path);
-}
-
 void ReportWindow::loadList(const QString &sql, const QStringList &heading, const QString &numberSql)
 {
     postTrace(m_mainWindow, QLatin1String(metaObject()->className()) + QStringLiteral("::load\n") + sql);

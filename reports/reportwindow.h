@@ -33,8 +33,6 @@ public:
     /// Whether something that a load needs is still being read, the places above all.
     virtual bool isChoosing() const;
 
-    /// Writes the list into a CSV file; code: empty for UTF-8, else Windows-1251. Failures are reported.
-    void export_to_csv(const QString &code, const QString &path) override;
     Commands commands() const override;
     void run(Command command) override;
 

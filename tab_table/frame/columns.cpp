@@ -2,6 +2,7 @@
 
 #include "money.h"
 
+#include <QDate>
 #include <charconv>
 #include <cstring>
 
@@ -81,6 +82,34 @@ std::string_view dateTime(std::string_view stored, char *room)
     return {room, sizeof day + 9};
 }
 
+/// -1 for anything but digits.
+int digits(std::string_view text)
+{
+    int value = -1;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc() && stop == end ? value : -1;
+}
+
+template<CellValue::Kind kind>
+CellValue whole(std::string_view stored)
+{
+    return wholeValue(stored, kind);
+}
+
+CellValue timeValue(std::string_view stored)
+{
+    CellValue value = dayValue(stored);
+    if (value.kind == CellValue::Text || stored.size() == 10)
+        return value;
+    const int hour = digits(stored.substr(11, 2));
+    const int minute = stored.size() < 19 ? -1 : digits(stored.substr(14, 2));
+    const int second = stored.size() < 19 ? -1 : digits(stored.substr(17, 2));
+    if (hour < 0 || minute < 0 || second < 0)
+        return {};
+    return {CellValue::DateTime, value.number + (hour * 60 + minute) * 60 + second};
+}
+
 /// The text of what a format writes as bytes.
 template<std::string_view (*format)(std::string_view, char *)>
 QString written(std::string_view stored)
@@ -91,9 +120,31 @@ QString written(std::string_view stored)
 } // namespace
 
 const CellFormat asText = {text, text, false, same};
-const CellFormat asNumber = {text, text, true, same};
-const CellFormat asMoney = {written<units<2>>, number<moneyShown>, true, units<2>};
-const CellFormat asQuantity = {written<units<3>>, number<quantityShown>, true, units<3>};
-const CellFormat asRate = {written<units<2>>, written<units<2>>, true, units<2>};
-const CellFormat asDateTime = {written<dateTime>, written<dateTime>, false, dateTime};
-const CellFormat asDate = {written<date>, written<date>, false, date};
+const CellFormat asNumber = {text, text, true, same, whole<CellValue::Whole>};
+const CellFormat asMoney = {written<units<2>>, number<moneyShown>, true, units<2>, whole<CellValue::Money>};
+const CellFormat asSum = {written<units<2>>, number<moneyShown>,      true,
+                          units<2>,          whole<CellValue::Money>, true};
+const CellFormat asQuantity = {written<units<3>>, number<quantityShown>, true, units<3>,
+                               whole<CellValue::Quantity>};
+const CellFormat asRate = {written<units<2>>, written<units<2>>, true, units<2>, whole<CellValue::Rate>};
+const CellFormat asDateTime = {written<dateTime>, written<dateTime>, false, dateTime, timeValue};
+const CellFormat asDate = {written<date>, written<date>, false, date, dayValue};
+
+CellValue wholeValue(std::string_view stored, CellValue::Kind kind)
+{
+    qint64 value = 0;
+    const char *end = stored.data() + stored.size();
+    const auto [stop, error] = std::from_chars(stored.data(), end, value);
+    return error == std::errc() && stop == end ? CellValue{kind, value} : CellValue();
+}
+
+CellValue dayValue(std::string_view stored)
+{
+    if (!isIsoDate(stored))
+        return {};
+    const QDate day(digits(stored.substr(0, 4)), digits(stored.substr(5, 2)), digits(stored.substr(8, 2)));
+    if (!day.isValid())
+        return {};
+    const qint64 secondsOfDay = 24 * 60 * 60;
+    return {CellValue::Date, QDate(1970, 1, 1).daysTo(day) * secondsOfDay};
+}

@@ -4,6 +4,22 @@
 #include <QVector>
 #include <string_view>
 
+/// What a cell is for programs that tell numbers and dates from texts.
+struct CellValue
+{
+    enum Kind {
+        Text,     ///< no number: its plain text is all there is
+        Whole,    ///< units
+        Money,    ///< kopecks
+        Quantity, ///< thousandths
+        Rate,     ///< hundredths of a per cent
+        Date,     ///< seconds from 1970-01-01, as in UTC
+        DateTime  ///< the same
+    };
+    Kind kind = Text;
+    qint64 number = 0;
+};
+
 /// How the stored text of a cell (UTF-8, as the server sends it) is shown, exported, sorted and aligned.
 struct CellFormat
 {
@@ -16,6 +32,12 @@ struct CellFormat
     /// The bytes of the plain text: the stored ones, or what is written into room (of plainRoom bytes).
     /// Null where there is only the plain text itself.
     std::string_view (*plainBytes)(std::string_view stored, char *room) = nullptr;
+    /// Null where all cells are texts.
+    CellValue (*value)(std::string_view stored) = nullptr;
+    /// A sum below its column makes sense.
+    bool addsUp = false;
+
+    CellValue valueOf(std::string_view stored) const { return value ? value(stored) : CellValue(); }
 
     static constexpr size_t plainRoom = 32;
 };
@@ -26,6 +48,8 @@ extern const CellFormat asText;
 extern const CellFormat asNumber;
 /// Kopecks as hryvnias with two decimals.
 extern const CellFormat asMoney;
+/// The same for amounts that add up, as prices do not.
+extern const CellFormat asSum;
 /// Thousandths with three decimals.
 extern const CellFormat asQuantity;
 /// Hundredths of a per cent with two decimals.
@@ -34,6 +58,11 @@ extern const CellFormat asRate;
 extern const CellFormat asDateTime;
 /// A date as "dd-MM-yyyy"; a zero date is empty. Sorts by time.
 extern const CellFormat asDate;
+
+/// What a whole number of that kind is; a text for anything else.
+CellValue wholeValue(std::string_view stored, CellValue::Kind kind);
+/// The day of a date or of a date-time; a text for zero and odd dates.
+CellValue dayValue(std::string_view stored);
 
 /// One column of a list: columns stand in the order of the SELECT that fills them.
 struct Column

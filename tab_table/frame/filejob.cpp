@@ -40,7 +40,7 @@ QString failure(const QString &path, const QString &reason)
     return Texts::tr("Файл не збережено: %1\n%2").arg(path, reason);
 }
 
-JobResult write(JobContext &context, const QString &path, const FileWork &work)
+JobResult write(JobContext &context, const QString &path, const FileWorkElsewhere &work)
 {
     QSaveFile file(path);
     // Where no file can be laid beside it.
@@ -49,11 +49,14 @@ JobResult write(JobContext &context, const QString &path, const FileWork &work)
         context.progress(done, of);
         return !context.isCancelled();
     };
+    QString why;
     // Unbuffered: what a buffer could not write at the end would not be noticed.
-    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && work(&file, mayGoOn) &&
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && work(&file, mayGoOn, &why) &&
         !context.isCancelled() && file.commit())
         return {JobResult::Done, Texts::tr("Файл збережено: %1").arg(path), {}};
-    return {JobResult::Failed, context.isCancelled() ? QString() : failure(path, file.errorString()), {}};
+    return {JobResult::Failed,
+            context.isCancelled() ? QString() : failure(path, why.isEmpty() ? file.errorString() : why),
+            {}};
 }
 
 void tell(QObject *receiver, const JobResult &result)
@@ -65,6 +68,14 @@ void tell(QObject *receiver, const JobResult &result)
 } // namespace
 
 bool saveInBackground(QObject *receiver, const QString &path, const FileWork &work)
+{
+    return saveInBackground(receiver, path,
+                            [work](QIODevice *file, const ListProgress &mayGoOn, QString * /*why*/) {
+                                return work(file, mayGoOn);
+                            });
+}
+
+bool saveInBackground(QObject *receiver, const QString &path, const FileWorkElsewhere &work)
 {
     const QString why = refusal(path);
     if (!why.isEmpty()) {

@@ -13,6 +13,7 @@
 #include "queryservice.h"
 #include "rowsorting.h"
 #include "waitcursor.h"
+#include "xlsxexport.h"
 
 #include <QClipboard>
 #include <QDateTime>
@@ -489,4 +490,9 @@ bool ListPane::exportCsv(QObject *receiver, const QAbstractItemModel *model, con
 bool ListPane::exportCsv(const QString &code, const QString &path) const
 {
     return exportCsv(m_receiver, m_view->model(), m_view, code, path);
+}
+
+bool ListPane::exportXlsx(const QString &path) const
+{
+    return saveXlsx(m_receiver, printed(), path);
 }

@@ -115,6 +115,9 @@ public:
     static bool exportCsv(QObject *receiver, const QAbstractItemModel *model, const QTableView *view,
                           const QString &code, const QString &path);
     bool exportCsv(const QString &code, const QString &path) const;
+    /// Writes what is shown, with its heading and totals, as a workbook of typed cells; the rest as
+    /// exportCsv().
+    bool exportXlsx(const QString &path) const;
 
 protected:
     /// Escape in the list stops a sorting; many rows are copied in the background.

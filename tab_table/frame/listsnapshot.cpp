@@ -43,11 +43,16 @@ ListSnapshot::ListSnapshot(const QAbstractItemModel &model, const QTableView *vi
         if (view == nullptr || !view->isColumnHidden(column))
             m_columns.append(column);
     }
-    if (view == nullptr || order == AsStored)
+    if (view == nullptr)
         return;
     const QHeaderView *header = view->horizontalHeader();
-    std::sort(m_columns.begin(), m_columns.end(),
-              [header](int one, int other) { return header->visualIndex(one) < header->visualIndex(other); });
+    if (order == AsShown)
+        std::sort(m_columns.begin(), m_columns.end(), [header](int one, int other) {
+            return header->visualIndex(one) < header->visualIndex(other);
+        });
+    const double digit = view->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    for (const int column : qAsConst(m_columns))
+        m_widths.append(view->columnWidth(column) / digit);
 }
 
 int ListSnapshot::rowCount() const

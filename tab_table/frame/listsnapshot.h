@@ -30,6 +30,8 @@ public:
     int columnCount() const { return m_columns.size(); }
     QString caption(int column) const;
     const CellFormat &format(int column) const;
+    /// In digits; 0 without a view.
+    double width(int column) const { return m_widths.value(column); }
     /// The stored text; valid as long as the snapshot.
     std::string_view stored(int row, int column) const;
     /// The text as the list shows it.
@@ -40,6 +42,7 @@ public:
 private:
     std::shared_ptr<const QRowModel> m_rows;
     QVector<int> m_columns;
+    QVector<double> m_widths;
 };
 
 /// Told now and then how far some work on a list is; false when it is to stop.

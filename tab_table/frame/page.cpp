@@ -50,7 +50,17 @@ bool Page::isOffered(Command command) const
     return offered.contains(command) && offered.value(command).isEmpty();
 }
 
-void Page::export_to_csv(const QString & /*code*/, const QString & /*path*/) {}
+void Page::export_to_csv(const QString &code, const QString &path) const
+{
+    if (list() != nullptr)
+        list()->exportCsv(code, path);
+}
+
+void Page::exportXlsx(const QString &path) const
+{
+    if (list() != nullptr)
+        list()->exportXlsx(path);
+}
 
 const PageEntry &pageEntry(const PageTable &table, const QString &action)
 {

@@ -30,9 +30,11 @@ public:
     virtual void run(Command command) { Q_UNUSED(command) }
     /// True when the command can be given now.
     bool isOffered(Command command) const;
-    /// Writes what the page lists into a CSV file: UTF-8, or Windows-1251 with any code. Failures are
+    /// Writes the one list into a CSV file: UTF-8, or Windows-1251 with any code. Failures are
     /// reported.
-    virtual void export_to_csv(const QString &code, const QString &path);
+    void export_to_csv(const QString &code, const QString &path) const;
+    /// The same as it is shown, with typed cells.
+    void exportXlsx(const QString &path) const;
     /// True while what it lists is on its way.
     virtual bool isLoading() const { return false; }
     /// Asks about what would be lost; false when the page stays open.

@@ -503,11 +503,6 @@ bool QTab::export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableVie
     return ListPane::exportCsv(receiver, model, view, code, path_file_name);
 }
 
-void QTab::export_to_csv(const QString &code, const QString &path_file_name)
-{
-    m_list->exportCsv(code, path_file_name);
-}
-
 void QTab::import_csv(QSqlDatabase *db, QObject *receiver, QWidget *widget, const QString &code,
                       const QString &path_file_name, QChar sep, QChar ent)
 {

@@ -96,6 +96,9 @@ public:
                               QTableView *view);
     void InsertColumns(const QStringList *headers, const QList<int> &widths);
 
+    /// Of this tab's list.
+    using Page::export_to_csv;
+
 public slots:
     /// Reloads the grid; a limit below 1 means none.
     void ShowData(int limit);
@@ -112,8 +115,6 @@ public slots:
     /// code. False after a reported failure; what the file held before is still there then.
     static bool export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view,
                               const QString &code, const QString &path_file_name);
-    /// The same with this tab's list.
-    void export_to_csv(const QString &code, const QString &path_file_name) override;
     /// Reads a CSV file into the tab's table, in tabs that import one: in UTF-8, or Windows-1251 with any
     /// code, its columns separated by sep and its records by ent. What the file says itself about that counts
     /// more. widget: the parent of what it asks.

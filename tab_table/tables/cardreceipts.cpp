@@ -69,8 +69,8 @@ void CardReceipts::buildList()
                           {tr("Каса"), 7},
                           {tr("Чек"), 7, &asNumber},
                           {tr("Знижка, %"), 6, &asRate},
-                          {tr("Знижка"), 8, &asMoney},
-                          {tr("Сплачено"), 9, &asMoney}},
+                          {tr("Знижка"), 8, &asSum},
+                          {tr("Сплачено"), 9, &asSum}},
                          QStringLiteral("CardReceipts"));
     ui->list->setEmptyText(tr("Чеків зі знижкою за цією карткою немає."));
     connect(ui->list, &ListPane::rowsShown, this, &CardReceipts::tellSums);

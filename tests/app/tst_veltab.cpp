@@ -11,6 +11,7 @@
 #include "qtablebase.h"
 #include "setting.h"
 #include "veltab.h"
+#include "zipcheck.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -779,6 +780,17 @@ void TstVeltab::exportFollowsTheRight()
     waitOutJobs();
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().contains("\xaf\xe6\xe0\xea ?"));
+    QString suggested;
+    const QString book = m_folder->filePath("список.xlsx");
+    m_window->setFileChooser([&](const QString &name) {
+        suggested = name;
+        return book;
+    });
+    QCOMPARE(child<QMenu>(m_window.get(), "menu_export")->actions().constFirst(), action("export_to_xlsx"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier);
+    waitOutJobs();
+    QCOMPARE(suggested, QString("Магазини.xlsx"));
+    QVERIFY(isWholeXmlArchive(book));
     m_window->setFileChooser([](const QString &) { return QString("/немає/такого"); });
     const QString why = answerQuestion([&] {
         pressShortcut();
