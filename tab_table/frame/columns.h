@@ -14,7 +14,8 @@ struct CellValue
         Quantity, ///< thousandths
         Rate,     ///< hundredths of a per cent
         Date,     ///< seconds from 1970-01-01, as in UTC
-        DateTime  ///< the same
+        DateTime, ///< the same
+        KindCount
     };
     Kind kind = Text;
     qint64 number = 0;

@@ -1,5 +1,6 @@
 #include "listpane.h"
 
+#include "copiedtable.h"
 #include "csvexport.h"
 #include "dbtasks.h"
 #include "job.h"
@@ -15,9 +16,7 @@
 #include "waitcursor.h"
 #include "xlsxexport.h"
 
-#include <QClipboard>
 #include <QDateTime>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -347,16 +346,17 @@ void ListPane::copyInBackground()
     auto *job = new Job(
         tr("Копіювання рядків: %1").arg(rows.size()), QString(),
         [list, rows](JobContext &context) {
-            const QString text = copiedText(list, rows, [&context](qint64 done, qint64 of) {
+            const CopiedTable table = copiedTable(list, rows, [&context](qint64 done, qint64 of) {
                 context.progress(done, of);
                 return !context.isCancelled();
             });
-            return JobResult{JobResult::Done, tr("Скопійовано рядків: %1.").arg(rows.size()), text};
+            return JobResult{JobResult::Done, tr("Скопійовано рядків: %1.").arg(rows.size()),
+                             QVariant::fromValue(table)};
         },
         m_receiver);
     connect(job, &Job::finished, job, [job, receiver = m_receiver](const JobResult &result) {
         if (result.outcome == JobResult::Done) {
-            QGuiApplication::clipboard()->setText(result.value.toString());
+            putOnClipboard(result.value.value<CopiedTable>());
             postMessage(receiver, result.words, QMessEvent::Information);
         }
         job->deleteLater();

@@ -8,8 +8,6 @@
 #include <typeinfo>
 
 namespace {
-constexpr int rowsBetween = 1024;
-
 /// Of a model that shows something else than what is stored.
 std::shared_ptr<const QRowModel> copied(const QAbstractItemModel &model)
 {
@@ -83,20 +81,4 @@ QString ListSnapshot::shown(int row, int column) const
 QVariant ListSnapshot::data(int row, int column, int role) const
 {
     return m_rows->index(row, m_columns.at(column)).data(role);
-}
-
-QString copiedText(const ListSnapshot &list, const QVector<int> &rows, const ListProgress &mayGoOn)
-{
-    QString text;
-    int done = 0;
-    for (const int row : rows) {
-        if (++done % rowsBetween == 0 && mayGoOn && !mayGoOn(done, rows.size()))
-            return QString();
-        for (int column = 0; column < list.columnCount(); ++column) {
-            // A text must not look like several cells.
-            text += list.shown(row, column).simplified();
-            text += QLatin1Char(column == list.columnCount() - 1 ? '\n' : '\t');
-        }
-    }
-    return text;
 }

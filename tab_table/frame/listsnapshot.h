@@ -47,7 +47,3 @@ private:
 
 /// Told now and then how far some work on a list is; false when it is to stop.
 using ListProgress = std::function<bool(qint64 done, qint64 of)>;
-
-/// Rows of a list for the clipboard: a line each, the cells as they are shown separated by tabs. Empty when
-/// it was told to stop.
-QString copiedText(const ListSnapshot &list, const QVector<int> &rows, const ListProgress &mayGoOn = {});

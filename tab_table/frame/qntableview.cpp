@@ -1,9 +1,7 @@
 #include "qntableview.h"
 
-#include "listsnapshot.h"
+#include "copiedtable.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMouseEvent>
@@ -90,17 +88,16 @@ QVector<int> QNTableView::selectedRows() const
     return rows;
 }
 
-QString QNTableView::selectedText() const
+void QNTableView::copySelected() const
 {
-    return copiedText(ListSnapshot(*model(), this, ListSnapshot::AsShown), selectedRows());
+    putOnClipboard(copiedTable(ListSnapshot(*model(), this, ListSnapshot::AsShown), selectedRows()));
 }
 
 void QNTableView::keyPressEvent(QKeyEvent *event)
 {
     if (!event->matches(QKeySequence::Copy))
         return QTableView::keyPressEvent(event);
-    if (const QString text = selectedText(); !text.isEmpty())
-        QGuiApplication::clipboard()->setText(text);
+    copySelected();
     event->accept();
 }
 

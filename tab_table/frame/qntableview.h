@@ -4,7 +4,7 @@
 #include <functional>
 
 /// The grid of every tab: tells of right clicks and of horizontal drags, says why it is empty, copies the
-/// selected rows as they are shown.
+/// selected rows as a table.
 class QNTableView : public QTableView
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ public:
     /// What stands in the middle while there is no row.
     void setEmptyText(const QString &text);
     QString emptyText() const { return m_emptyText; }
-    /// The selected rows as text: a line each, the shown cells separated by tabs, from left to right.
-    QString selectedText() const;
+    /// Puts the selected rows on the clipboard, as a table.
+    void copySelected() const;
     QVector<int> selectedRows() const;
     int selectedCount() const;
 

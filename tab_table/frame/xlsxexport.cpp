@@ -1,8 +1,8 @@
 #include "xlsxexport.h"
 
-#include "columns.h"
 #include "filejob.h"
 #include "qmessevent.h"
+#include "spreadsheet.h"
 #include "zipcheck.h"
 
 #include <QCoreApplication>
@@ -29,9 +29,7 @@ constexpr int rowsBetween = 1024;
 /// How much of the work the rows are, in per mille: the rest is packing them.
 constexpr int rowsPart = 600;
 constexpr int whole = 1000;
-/// A spreadsheet keeps so many digits of a number.
-constexpr qint64 largestNumber = 999999999999999;
-/// And so many characters of a text.
+/// A spreadsheet keeps so many characters of a text.
 constexpr int longestText = 32767;
 constexpr int longestSheetName = 31;
 /// In digits; longer texts go over the edge or into a second line.
@@ -39,56 +37,7 @@ constexpr double widestColumn = 80;
 /// Its edges, and the button of the filter.
 constexpr double edges = 3;
 
-/// What the library knows of each kind of value: how it is shown, in the notation that all languages share,
-/// and what one unit of a spreadsheet is in it.
-struct KindLine
-{
-    CellValue::Kind kind;
-    const char *format;
-    double unit;
-};
-constexpr double secondsOfDay = 24 * 60 * 60;
-constexpr KindLine kinds[] = {
-    {CellValue::Text, "@", 1},
-    {CellValue::Whole, "0", 1},
-    {CellValue::Money, "#,##0.00;[Red]-#,##0.00", 100},
-    {CellValue::Quantity, "#,##0.000", 1000},
-    {CellValue::Rate, "0.00", 100},
-    {CellValue::Date, "dd.mm.yyyy", secondsOfDay},
-    {CellValue::DateTime, "dd.mm.yyyy hh:mm:ss", secondsOfDay},
-};
-constexpr size_t kindCount = sizeof kinds / sizeof *kinds;
-
-constexpr bool kindsStandInOrder()
-{
-    for (size_t i = 0; i < kindCount; ++i) {
-        if (static_cast<size_t>(kinds[i].kind) != i)
-            return false;
-    }
-    return true;
-}
-static_assert(kindsStandInOrder());
-
-bool isDay(CellValue::Kind kind)
-{
-    return kind == CellValue::Date || kind == CellValue::DateTime;
-}
-
-/// Days of a spreadsheet begin before 1900; those before March 1900 are told apart by none.
-bool isKept(const CellValue &value)
-{
-    constexpr qint64 firstDay = -2203891200;
-    return isDay(value.kind) ? value.number >= firstDay
-                             : value.number >= -largestNumber && value.number <= largestNumber;
-}
-
-/// Whole numbers up to 15 digits divided by a power of ten come out as the nearest double.
-double spreadsheetNumber(const CellValue &value)
-{
-    constexpr double dayOf1970 = 25569;
-    const double number = static_cast<double>(value.number) / kinds[value.kind].unit;
-    return isDay(value.kind) ? number + dayOf1970 : number;
-}
+constexpr int kindCount = CellValue::KindCount;
 
 bool isAscii(std::string_view text)
 {
@@ -241,8 +190,8 @@ private:
 
     void addFormats(Workbook *book)
     {
-        for (size_t kind = 0; kind < kindCount; ++kind)
-            m_kinds[kind] = book->addFormat(kinds[kind].format);
+        for (int kind = 0; kind < kindCount; ++kind)
+            m_kinds[size_t(kind)] = book->addFormat(spreadsheetFormat(CellValue::Kind(kind)));
         m_title = book->addFormat();
         format_set_bold(m_title);
         format_set_font_size(m_title, 14);
@@ -255,7 +204,7 @@ private:
         format_set_border(m_caption, LXW_BORDER_THIN);
         m_bold = book->addFormat();
         format_set_bold(m_bold);
-        m_sum = book->addFormat(kinds[CellValue::Money].format);
+        m_sum = book->addFormat(spreadsheetFormat(CellValue::Money));
         format_set_bold(m_sum);
         format_set_top(m_sum, LXW_BORDER_THIN);
     }
@@ -320,7 +269,7 @@ private:
         if (stored.empty())
             return;
         const CellValue value = m_formats[column].valueOf(stored);
-        if (value.kind == CellValue::Text || !isKept(value))
+        if (!isSpreadsheetNumber(value))
             return addPlain(stored, column);
         if (m_formats[column].addsUp)
             m_sums[column] += value.number;

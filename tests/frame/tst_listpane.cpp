@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
@@ -319,7 +320,12 @@ void TstListPane::copyTakesWhatIsShown()
     click(3, Qt::ControlModifier);
     pressKeys({Qt::CTRL + Qt::Key_C});
     QCOMPARE(QGuiApplication::clipboard()->text(),
-             QString("19.90\tСіль морська кам'яна\n1 234.50\tМолоко\n\tЯйця\n"));
+             QString("Ціна\tНазва\n19,90\tСіль морська кам'яна\n1234,50\tМолоко\n\tЯйця\n"));
+    const QString html = QGuiApplication::clipboard()->mimeData()->html();
+    QVERIFY2(html.contains("sdval=\"1234.50\" sdnum=\"1033;0;#,##0.00;[Red]-#,##0.00\">1234,50</td>"),
+             qPrintable(html));
+    QVERIFY2(html.contains("sdnum=\"1033;0;@\">Сіль морська кам'яна</td>"), qPrintable(html));
+    QVERIFY(html.contains("<th>Ціна</th><th>Назва</th>") && !html.contains("Код"));
 }
 
 QTEST_MAIN(TstListPane)
