@@ -305,7 +305,7 @@ QString Veltab::chooseFile(const QString &suggested)
     dialog.selectFile(suggested);
     if (ending == QLatin1String("csv"))
         addHint(&dialog, tr("Відкривши CSV, електронна таблиця зробить із «2.12» дату, а зі штрихкоду число "
-                            "без нулів спереду. З файлом XLSX (Експорт, Ctrl+E) цього не буде."));
+                            "без нулів спереду. З файлом XLSX (Експорт, Ctrl+Shift+X) цього не буде."));
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
