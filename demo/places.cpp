@@ -176,12 +176,7 @@ bool fillPlaces(const Db &db, Chain *chain)
 {
     chain->shops = makeShops(chain->plan);
     chain->registers = makeRegisters(*chain);
-<<<<<<< HEAD
-    return fillGroups(db, chain->plan) && writeShops(db, chain->shops) && writeRegisters(db, *chain) &&
-           writeCommands(db);
-=======
     return fillGroups(db, chain->plan) && fillServiceOperations(db) && writeShops(db, chain->shops) &&
-           writeRegisters(db, *chain);
->>>>>>> 5728b1e (Demo chain: service goods groups and service operations)
+           writeRegisters(db, *chain) && writeCommands(db);
 }
 } // namespace demo
