@@ -12,9 +12,9 @@
 #include "qtabnames.h"
 #include "qtabshops.h"
 #include "qtabslujbop.h"
+#include "qtabtax.h"
 #include "qtabtransaction.h"
 #include "qtabzzvit.h"
-#include "qtabtax.h"
 #include "schema.h"
 
 #include <QTabWidget>

@@ -165,6 +165,21 @@
     </message>
 </context>
 <context>
+    <name>ChangeWatch</name>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Ці дані в базі вже змінено. У списку те, що було прочитано раніше.</source>
+        <translation>The database has newer data by now. The list shows what was read before.</translation>
+    </message>
+    <message>
+        <source>О&amp;новити</source>
+        <translation>&amp;Refresh</translation>
+    </message>
+</context>
+<context>
     <name>ChangesDialog</name>
     <message>
         <source>(немає)</source>
@@ -393,10 +408,6 @@ Wait or contact support.</translation>
         <translation>The server has not taken all cards: a discount level or the group has just been deleted.</translation>
     </message>
     <message>
-        <source>зв&apos;язок втрачено, підключаюся знову…</source>
-        <translation>the connection is lost, connecting again…</translation>
-    </message>
-    <message>
         <source>не записано</source>
         <translation>not written</translation>
     </message>
@@ -489,6 +500,29 @@ Wait or contact support.</translation>
     <message>
         <source>Спершу додайте групу магазинів і дозвольте її у правах користувача.</source>
         <translation>First add a shop group and permit it in the user&apos;s rights.</translation>
+    </message>
+</context>
+<context>
+    <name>CsvText</name>
+    <message>
+        <source>Такого файла немає.</source>
+        <translation>There is no such file.</translation>
+    </message>
+    <message>
+        <source>Це не звичайний файл.</source>
+        <translation>This is not an ordinary file.</translation>
+    </message>
+    <message>
+        <source>Файл порожній.</source>
+        <translation>The file is empty.</translation>
+    </message>
+    <message>
+        <source>Файл завеликий: %1 МБ, а може мати щонайбільше %2 МБ.</source>
+        <translation>The file is too large: %1 MB, it may have %2 MB at most.</translation>
+    </message>
+    <message>
+        <source>Це не текстовий файл. Таблицю збережіть у програмі таблиць як CSV.</source>
+        <translation>This is no text file. Save a table as CSV in the spreadsheet program.</translation>
     </message>
 </context>
 <context>
@@ -973,6 +1007,56 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>ImportedList</name>
+    <message>
+        <source>Не скопійовано: %1</source>
+        <translation>Not copied: %1</translation>
+    </message>
+    <message>
+        <source>Не скопійовано: імпорт до цієї таблиці не дійшов.</source>
+        <translation>Not copied: the import did not get to this table.</translation>
+    </message>
+    <message>
+        <source>Таблиця</source>
+        <translation>Table</translation>
+    </message>
+    <message>
+        <source>Знайдено</source>
+        <translation>Found</translation>
+    </message>
+    <message>
+        <source>Додано</source>
+        <translation>Added</translation>
+    </message>
+    <message>
+        <source>Вже були</source>
+        <translation>Were there</translation>
+    </message>
+    <message>
+        <source>Не прийнято</source>
+        <translation>Not accepted</translation>
+    </message>
+    <message>
+        <source>Пояснення</source>
+        <translation>Explanation</translation>
+    </message>
+    <message>
+        <source>&amp;Копіювати все</source>
+        <translation>&amp;Copy all</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
+    <name>Job</name>
+    <message>
+        <source>зв&apos;язок втрачено, підключаюся знову…</source>
+        <translation>the connection is lost, connecting again…</translation>
+    </message>
+</context>
+<context>
     <name>JobList</name>
     <message>
         <source>Завдання</source>
@@ -1050,6 +1134,13 @@ Wait or contact support.</translation>
     <message>
         <source>Не вірний шлях до програми:</source>
         <translation>Wrong path to the program:</translation>
+    </message>
+</context>
+<context>
+    <name>LaunchMenu</name>
+    <message>
+        <source>Програма з налаштувань: %1</source>
+        <translation>Program of the settings: %1</translation>
     </message>
 </context>
 <context>
@@ -1161,6 +1252,21 @@ Wait or contact support.</translation>
     <message>
         <source>Зберегти PDF</source>
         <translation>Save as PDF</translation>
+    </message>
+</context>
+<context>
+    <name>ListSelection</name>
+    <message>
+        <source>Вибрано: %1</source>
+        <translation>Selected: %1</translation>
+    </message>
+    <message>
+        <source>Сума</source>
+        <translation>Sum</translation>
+    </message>
+    <message>
+        <source>Сума «%1»</source>
+        <translation>Sum of “%1”</translation>
     </message>
 </context>
 <context>
@@ -1399,6 +1505,33 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>PageBar</name>
+    <message>
+        <source>Рядків на &amp;сторінці:</source>
+        <translation>Rows on a &amp;page:</translation>
+    </message>
+    <message>
+        <source>Всі записи</source>
+        <translation>All records</translation>
+    </message>
+    <message>
+        <source>Завантажити</source>
+        <translation>Load</translation>
+    </message>
+    <message>
+        <source>попередня</source>
+        <translation>previous</translation>
+    </message>
+    <message>
+        <source>наступна</source>
+        <translation>next</translation>
+    </message>
+    <message>
+        <source>сторінка %1</source>
+        <translation>page %1</translation>
+    </message>
+</context>
+<context>
     <name>PlaceBar</name>
     <message>
         <source>Ма&amp;газин:</source>
@@ -1450,6 +1583,293 @@ Wait or contact support.</translation>
     <message>
         <source>Каса</source>
         <translation>Register</translation>
+    </message>
+</context>
+<context>
+    <name>PreviousData</name>
+    <message>
+        <source>такий запис або така назва вже є</source>
+        <translation>such a record or such a name exists already</translation>
+    </message>
+    <message>
+        <source>посилання на запис, якого немає</source>
+        <translation>refers to a record that does not exist</translation>
+    </message>
+    <message>
+        <source>значення обрізано</source>
+        <translation>the value was cut off</translation>
+    </message>
+    <message>
+        <source>число не вміщується, записано найближче</source>
+        <translation>the number does not fit, the nearest one was stored</translation>
+    </message>
+    <message>
+        <source>порожнє значення замінено на нульове</source>
+        <translation>an empty value was replaced by zero</translation>
+    </message>
+    <message>
+        <source>Зупинено, нічого не додано.</source>
+        <translation>Stopped, nothing was added.</translation>
+    </message>
+    <message>
+        <source>Помилка імпорту таблиці</source>
+        <translation>Error importing the table</translation>
+    </message>
+    <message>
+        <source>Зміни не записано.</source>
+        <translation>The changes were not written.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи таблицю скопійовано. Повторіть імпорт: двічі нічого не додається.</source>
+        <translation>The connection was lost while writing, and it is not known whether the table was copied. Repeat the import: nothing is added twice.</translation>
+    </message>
+    <message>
+        <source>Немає зв&apos;язку із сервером бази даних.</source>
+        <translation>No connection to the database server.</translation>
+    </message>
+    <message>
+        <source>Додано записів: %1.</source>
+        <translation>Records added: %1.</translation>
+    </message>
+    <message>
+        <source>Не прийнято записів: %1.</source>
+        <translation>Records not accepted: %1.</translation>
+    </message>
+    <message>
+        <source>Не скопійовано: %1.</source>
+        <translation>Not copied: %1.</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць зупинено.</source>
+        <translation>Import of tables stopped.</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць перервано.</source>
+        <translation>Import of tables broken off.</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць завершено.</source>
+        <translation>Import of tables finished.</translation>
+    </message>
+    <message>
+        <source>Помилка отримання кількості записів у таблиц</source>
+        <translation>Error reading the number of records in the table</translation>
+    </message>
+    <message>
+        <source>Помилка отримання кількості змінених / оновлених записів</source>
+        <translation>Error reading the number of changed / updated records</translation>
+    </message>
+    <message>
+        <source>В таблиці</source>
+        <translation>In the table</translation>
+    </message>
+    <message>
+        <source> виконано:</source>
+        <translation> done:</translation>
+    </message>
+    <message>
+        <source> записів:</source>
+        <translation> records:</translation>
+    </message>
+</context>
+<context>
+    <name>PreviousImport</name>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>У вас немає права імпортувати дані попередньої версії.</source>
+        <translation>You have no right to import the previous version&apos;s data.</translation>
+    </message>
+    <message>
+        <source>Імпорт з попередньої версії ще триває.</source>
+        <translation>The import from the previous version is still running.</translation>
+    </message>
+    <message>
+        <source>На сервері немає іншої бази: імпортувати немає звідки.</source>
+        <translation>There is no other database on the server: there is nothing to import from.</translation>
+    </message>
+    <message>
+        <source>Імпортувати з попередньої версії?</source>
+        <translation>Import from the previous version?</translation>
+    </message>
+    <message>
+        <source>З бази «%1» до поточної бази «%2» на сервері %3 буде скопійовано групи, податки, знижки, магазини, обладнання, товари і картки клієнтів.
+Записи, які тут уже є, не зміняться; база «%1» лише читається.</source>
+        <translation>Groups, taxes, discounts, shops, registers, goods and clients&apos; cards will be copied from the database “%1” into the current database “%2” on the server %3.
+Records that are here already will not change; the database “%1” is only read.</translation>
+    </message>
+    <message>
+        <source>&amp;Імпортувати</source>
+        <translation>&amp;Import</translation>
+    </message>
+    <message>
+        <source>Імпорт з бази «%1»</source>
+        <translation>Import from the database “%1”</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць завершено</source>
+        <translation>Import of tables finished</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць зупинено</source>
+        <translation>Import of tables stopped</translation>
+    </message>
+    <message>
+        <source>Імпорт таблиць перервано</source>
+        <translation>Import of tables broken off</translation>
+    </message>
+</context>
+<context>
+    <name>PriceList</name>
+    <message>
+        <source>Штрихкод &lt;&gt; 13 та &lt;&gt; 8</source>
+        <translation>Barcode &lt;&gt; 13 and &lt;&gt; 8</translation>
+    </message>
+    <message>
+        <source>його немає</source>
+        <translation>there is none</translation>
+    </message>
+    <message>
+        <source>знаків у ньому %1</source>
+        <translation>it has %1 characters</translation>
+    </message>
+    <message>
+        <source>Помилка контрольної суми в штрихкоді</source>
+        <translation>Wrong check digit in the barcode</translation>
+    </message>
+    <message>
+        <source>у ньому не лише цифри</source>
+        <translation>it does not consist of digits alone</translation>
+    </message>
+    <message>
+        <source>ціни немає</source>
+        <translation>there is no price</translation>
+    </message>
+    <message>
+        <source>у ціні більше двох знаків після коми: %1</source>
+        <translation>the price has more than two decimals: %1</translation>
+    </message>
+    <message>
+        <source>ціна – не число: %1</source>
+        <translation>the price is no number: %1</translation>
+    </message>
+    <message>
+        <source>ціна від&apos;ємна</source>
+        <translation>the price is negative</translation>
+    </message>
+    <message>
+        <source>ціна більша за %1</source>
+        <translation>the price is higher than %1</translation>
+    </message>
+    <message>
+        <source>Невірна кількість колонок</source>
+        <translation>Wrong number of columns</translation>
+    </message>
+    <message>
+        <source>нульова ціна не записується</source>
+        <translation>a zero price is not written</translation>
+    </message>
+    <message>
+        <source>новий товар, ціна %1</source>
+        <translation>new item, price %1</translation>
+    </message>
+    <message>
+        <source>ціна та сама</source>
+        <translation>the same price</translation>
+    </message>
+    <message>
+        <source>ціна %1 → %2</source>
+        <translation>price %1 → %2</translation>
+    </message>
+    <message>
+        <source>новий товар без назви</source>
+        <translation>new item without a name</translation>
+    </message>
+    <message>
+        <source>у назві літери, яких немає у вибраному кодуванні</source>
+        <translation>the name has letters that the chosen encoding does not have</translation>
+    </message>
+    <message>
+        <source>назва довша за %1 знаків</source>
+        <translation>the name is longer than %1 characters</translation>
+    </message>
+    <message>
+        <source>У файлі немає записів.</source>
+        <translation>The file has no records.</translation>
+    </message>
+    <message>
+        <source>новий товар має дістати тип 1, групу товарів 1 і податкову групу 5, а їх у базі немає</source>
+        <translation>a new item gets type 1, goods group 1 and tax group 5, which the database does not have</translation>
+    </message>
+    <message>
+        <source>У файлі більше записів, ніж можна імпортувати за раз: %1. Розділіть його на менші.</source>
+        <translation>The file has more records than can be imported at once: %1. Split it into smaller ones.</translation>
+    </message>
+    <message>
+        <source>Невідомо, чи записано імпорт: сервер не відповів. Коли зв&apos;язок відновиться, імпортуйте файл ще раз: записане вдруге не зміниться.</source>
+        <translation>It is not known whether the import was written: the server did not answer. Import the file again when the connection is back: what is written does not change a second time.</translation>
+    </message>
+    <message>
+        <source>Імпорт зупинено, у базу нічого не записано.</source>
+        <translation>The import was stopped, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>Імпорт не вдався, у базу нічого не записано.</source>
+        <translation>The import has failed, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>цей штрихкод щойно вилучено з бази</source>
+        <translation>this barcode has just been removed from the database</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Товарів оновлено:</source>
+        <translation>Goods updated:</translation>
+    </message>
+    <message>
+        <source>, з них ціна та сама: %1</source>
+        <translation>, the same price: %1</translation>
+    </message>
+    <message>
+        <source>Товарів нових:</source>
+        <translation>New goods:</translation>
+    </message>
+    <message>
+        <source>Помилкових штрихкодів:</source>
+        <translation>Wrong barcodes:</translation>
+    </message>
+    <message>
+        <source>Записів з невірною кількістю колонок:</source>
+        <translation>Records with a wrong number of columns:</translation>
+    </message>
+    <message>
+        <source>Записів з нульовою ціною:</source>
+        <translation>Records with a zero price:</translation>
+    </message>
+    <message>
+        <source>Записів з помилковою ціною:</source>
+        <translation>Records with a wrong price:</translation>
+    </message>
+    <message>
+        <source>Записів з помилковою назвою:</source>
+        <translation>Records with a wrong name:</translation>
+    </message>
+    <message>
+        <source>Цін, які тим часом змінили інші (записано ціну з файла):</source>
+        <translation>Prices that others have changed meanwhile (that of the file was written):</translation>
+    </message>
+    <message>
+        <source>Нових штрихкодів, які тим часом додали інші (їх товару записано ціну з файла):</source>
+        <translation>New barcodes that others have added meanwhile (their item got the price of the file):</translation>
+    </message>
+    <message>
+        <source>Штрихкодів, які тим часом вилучили інші (пропущено):</source>
+        <translation>Barcodes that others have removed meanwhile (left out):</translation>
     </message>
 </context>
 <context>
@@ -1569,6 +1989,61 @@ Wait or contact support.</translation>
     <message>
         <source>Не створювати</source>
         <translation>Do not create</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtComands</name>
+    <message>
+        <source>Назва команди</source>
+        <translation>Command name</translation>
+    </message>
+    <message>
+        <source>Шлях до програми</source>
+        <translation>Path to the program</translation>
+    </message>
+    <message>
+        <source>&amp;Вибрати…</source>
+        <translation>&amp;Choose…</translation>
+    </message>
+    <message>
+        <source>Параметри</source>
+        <translation>Parameters</translation>
+    </message>
+    <message>
+        <source>Замість [{IP}] стане адреса магазину чи каси. Команда, названа як тип пристрою, запускається для таких пристроїв правою кнопкою миші.</source>
+        <translation>[{IP}] is replaced by the address of the shop or register. A command named like a type of device is started for such devices by a right click.</translation>
+    </message>
+    <message>
+        <source>Буде запущено</source>
+        <translation>Will be started</translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Відкрити</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>Назва не може бути пустою</source>
+        <translation>The name must not be empty</translation>
+    </message>
+    <message>
+        <source>Шлях прогамми, не може бути пустим</source>
+        <translation>The path of the program must not be empty</translation>
+    </message>
+    <message>
+        <source>Файд прогамми, не знайдено</source>
+        <translation>The file of the program was not found</translation>
+    </message>
+    <message>
+        <source>Такий запис вже існує в базі!</source>
+        <translation>This record already exists in the database!</translation>
     </message>
 </context>
 <context>
@@ -1981,6 +2456,45 @@ change of percentages</translation>
     <message>
         <source>не задано</source>
         <translation>not set</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtSlujbOp</name>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>вид операції</source>
+        <translation>kind of operation</translation>
+    </message>
+    <message>
+        <source>&amp;зберегти</source>
+        <translation>&amp;save</translation>
+    </message>
+    <message>
+        <source>&amp;відмінити</source>
+        <translation>&amp;cancel</translation>
+    </message>
+    <message>
+        <source>внесення</source>
+        <translation>cash in</translation>
+    </message>
+    <message>
+        <source>вилучення</source>
+        <translation>cash out</translation>
+    </message>
+    <message>
+        <source>Назва не може бути пустою</source>
+        <translation>The name must not be empty</translation>
+    </message>
+    <message>
+        <source>Виберіть, що це: внесення чи вилучення.</source>
+        <translation>Choose which it is: cash in or cash out.</translation>
+    </message>
+    <message>
+        <source>Такий запис вже існує в базі!</source>
+        <translation>This record already exists in the database!</translation>
     </message>
 </context>
 <context>
@@ -2434,6 +2948,25 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
 </context>
 <context>
+    <name>QComands</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Видалення не реалізоване!</source>
+        <translation>Deletion is not implemented!</translation>
+    </message>
+</context>
+<context>
     <name>QImportClient</name>
     <message>
         <source>Імпорт клієнтів</source>
@@ -2686,6 +3219,189 @@ What is counted stays; the next exchange does the rest.</translation>
     <message>
         <source>У файлі більше записів, ніж можна імпортувати за раз: %1.</source>
         <translation>The file has more records than can be imported at once: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>QImportPrices</name>
+    <message>
+        <source>Імпорт прайс-листа</source>
+        <translation>Import of a price list</translation>
+    </message>
+    <message>
+        <source>Кодуванн&amp;я</source>
+        <translation>&amp;Code page</translation>
+    </message>
+    <message>
+        <source>&amp;Розділювач колонок</source>
+        <translation>Column se&amp;parator</translation>
+    </message>
+    <message>
+        <source>Перші записи файла</source>
+        <translation>First records of the file</translation>
+    </message>
+    <message>
+        <source>Записи, які не імпортуються</source>
+        <translation>Records that are not imported</translation>
+    </message>
+    <message>
+        <source>Зберегти від&amp;мови…</source>
+        <translation>Save the refuse&amp;d…</translation>
+    </message>
+    <message>
+        <source>Файл CSV: номер запису, запис, причина</source>
+        <translation>CSV file: number of the record, record, reason</translation>
+    </message>
+    <message>
+        <source>&amp;Імпортувати…</source>
+        <translation>&amp;Import…</translation>
+    </message>
+    <message>
+        <source>&amp;Стоп</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>табуляція</source>
+        <translation>tab</translation>
+    </message>
+    <message>
+        <source>крапка з комою  ;</source>
+        <translation>semicolon  ;</translation>
+    </message>
+    <message>
+        <source>кома  ,</source>
+        <translation>comma  ,</translation>
+    </message>
+    <message>
+        <source>риска  |</source>
+        <translation>bar  |</translation>
+    </message>
+    <message>
+        <source>Записів: %1.</source>
+        <translation>Records: %1.</translation>
+    </message>
+    <message>
+        <source>Нових товарів: %1, нова ціна: %2, ціна та сама: %3.</source>
+        <translation>New goods: %1, new price: %2, the same price: %3.</translation>
+    </message>
+    <message>
+        <source>Не імпортуються: %1.</source>
+        <translation>Not imported: %1.</translation>
+    </message>
+    <message>
+        <source>Показано перші %1.</source>
+        <translation>The first %1 are shown.</translation>
+    </message>
+    <message>
+        <source>Запис</source>
+        <translation>Record</translation>
+    </message>
+    <message>
+        <source>Зберегти файл</source>
+        <translation>Save file</translation>
+    </message>
+    <message>
+        <source>csv (*.csv)</source>
+        <translation>csv (*.csv)</translation>
+    </message>
+    <message>
+        <source>Назва товару</source>
+        <translation>Name of the goods item</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Ціна у файлі</source>
+        <translation>Price in the file</translation>
+    </message>
+    <message>
+        <source>Що буде</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Перевірка файла %1</source>
+        <translation>Checking the file %1</translation>
+    </message>
+    <message>
+        <source>У файлі немає нічого, що змінило б товари.</source>
+        <translation>The file has nothing that would change the goods.</translation>
+    </message>
+    <message>
+        <source>Читання файла скасовано.</source>
+        <translation>Reading the file was cancelled.</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
+    </message>
+    <message>
+        <source>Імпорт ще триває. Дочекайтесь кінця або натисніть «Стоп».</source>
+        <translation>The import is still running. Wait for the end or press &quot;Stop&quot;.</translation>
+    </message>
+    <message>
+        <source>Цін, які зміняться в 10 і більше разів: %1. Ціна у файлі має бути в гривнях.</source>
+        <translation>Prices that change tenfold or more: %1. The price in the file has to be in hryvnias.</translation>
+    </message>
+    <message>
+        <source>Записів, які не імпортуються: %1 з %2.</source>
+        <translation>Records that are not imported: %1 of %2.</translation>
+    </message>
+    <message>
+        <source>Перевірте чи відповідає файл наступним вимогам.</source>
+        <translation>Check whether the file meets these demands.</translation>
+    </message>
+    <message>
+        <source>Файл повинен бути формату</source>
+        <translation>The file has to be of the format</translation>
+    </message>
+    <message>
+        <source> *.csv</source>
+        <translation> *.csv</translation>
+    </message>
+    <message>
+        <source>з символом розділення колонок</source>
+        <translation>with the column separator</translation>
+    </message>
+    <message>
+        <source>Повинен складатися з 3-ох колонок:</source>
+        <translation>It has to consist of 3 columns:</translation>
+    </message>
+    <message>
+        <source>1-ша Назва товару, 2-га штрихкод EAN13 товару, 3-тя ціна товару в грн в цифровому форматі</source>
+        <translation>1st the name of the item, 2nd its EAN13 barcode, 3rd its price in UAH as a number</translation>
+    </message>
+    <message>
+        <source>Дані повинні починатись з першого рядка, без заголовка таблиці.</source>
+        <translation>The data have to begin in the first line, without a heading.</translation>
+    </message>
+    <message>
+        <source>Продовжити імпорт?</source>
+        <translation>Go on with the import?</translation>
+    </message>
+    <message>
+        <source>Так</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Продовжити?</source>
+        <translation>Go on?</translation>
+    </message>
+    <message>
+        <source>Імпорт прайс-листа %1</source>
+        <translation>Import of the price list %1</translation>
+    </message>
+    <message>
+        <source> – відмови.csv</source>
+        <translation> – refused.csv</translation>
     </message>
 </context>
 <context>
@@ -2943,6 +3659,25 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QQuestNameOldBD</name>
+    <message>
+        <source>Імпорт з попередньої версії</source>
+        <translation>Import from the previous version</translation>
+    </message>
+    <message>
+        <source>Ведіть ім&apos;я БД попередньої версії.</source>
+        <translation>Enter the name of the previous version&apos;s database.</translation>
+    </message>
+    <message>
+        <source>і м п о р т у в а т и</source>
+        <translation>i m p o r t</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+</context>
+<context>
     <name>QRegisterSale</name>
     <message>
         <source>Продаж</source>
@@ -3128,14 +3863,6 @@ Restart the program!</translation>
         <translation>Deletion is forbidden!!!</translation>
     </message>
     <message>
-        <source>Назву не збережено.</source>
-        <translation>The name is not saved.</translation>
-    </message>
-    <message>
-        <source>Набрану назву ще не записано.</source>
-        <translation>The name you typed is not stored yet.</translation>
-    </message>
-    <message>
         <source>Закрити без збереження</source>
         <translation>Close without saving</translation>
     </message>
@@ -3150,6 +3877,22 @@ Restart the program!</translation>
     <message>
         <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
         <translation>Writing… Close the tab when this has ended.</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Спершу закінчіть назву: Enter записує, Esc скасовує.</source>
+        <translation>Finish the name first: Enter saves it, Esc drops it.</translation>
+    </message>
+    <message>
+        <source>Набране не збережено.</source>
+        <translation>What was typed is not saved.</translation>
+    </message>
+    <message>
+        <source>Набране в списку ще не записано.</source>
+        <translation>What was typed in the list has not been stored yet.</translation>
     </message>
 </context>
 <context>
@@ -3223,10 +3966,6 @@ Restart the program!</translation>
         <translation>Number of records unknown</translation>
     </message>
     <message>
-        <source>сторінка %1</source>
-        <translation>page %1</translation>
-    </message>
-    <message>
         <source>Повне оновлення таблиці</source>
         <translation>Full refresh of the table</translation>
     </message>
@@ -3256,26 +3995,6 @@ Restart the program!</translation>
     <message>
         <source>Чеки картки</source>
         <translation>Receipts of the card</translation>
-    </message>
-    <message>
-        <source>Рядків на &amp;сторінці:</source>
-        <translation>Rows on a &amp;page:</translation>
-    </message>
-    <message>
-        <source>Всі записи</source>
-        <translation>All records</translation>
-    </message>
-    <message>
-        <source>Завантажити</source>
-        <translation>Load</translation>
-    </message>
-    <message>
-        <source>попередня</source>
-        <translation>previous</translation>
-    </message>
-    <message>
-        <source>наступна</source>
-        <translation>next</translation>
     </message>
 </context>
 <context>
@@ -3315,6 +4034,10 @@ Restart the program!</translation>
     <message>
         <source>Не збережено набране далі: «%1».</source>
         <translation>What was typed next is not saved: «%1».</translation>
+    </message>
+    <message>
+        <source>Інші програми саме додають сюди записи. Натисніть Enter ще раз.</source>
+        <translation>Other programs are adding records here right now. Press Enter once more.</translation>
     </message>
 </context>
 <context>
@@ -3445,6 +4168,28 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QTabJournal</name>
+    <message>
+        <source>Це записи кас: їх не додають і не змінюють.</source>
+        <translation>These are records of the registers: nobody adds or changes them.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabJournalFilter</name>
+    <message>
+        <source>Номер</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>Лише за &amp;дні:</source>
+        <translation>Only the &amp;days:</translation>
+    </message>
+    <message>
+        <source>Зупинити</source>
+        <translation>Stop</translation>
+    </message>
+</context>
+<context>
     <name>QTabKass</name>
     <message>
         <source>Код</source>
@@ -3473,6 +4218,10 @@ Restart the program!</translation>
     <message>
         <source>Магазин</source>
         <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Тип пристрою не вказано: програми для нього не запускаються.</source>
+        <translation>The type of the device is not given: no programs are started for it.</translation>
     </message>
 </context>
 <context>
@@ -3503,6 +4252,22 @@ Restart the program!</translation>
     <message>
         <source>Назва групи</source>
         <translation>Group name</translation>
+    </message>
+    <message>
+        <source>Групи з кодами 2–5 службові: їх товари не продаються в бек-офісі, а їх продажі на касах автодозвін не записує. Нова група отримує код від 6; щоб ввести код самому, натисніть Shift+Tab у її назві.</source>
+        <translation>Groups with the codes 2–5 are service groups: their goods are not sold in the back office, and the exchange does not record their sales on registers. A new group gets a code from 6 on; to enter a code yourself, press Shift+Tab in its name.</translation>
+    </message>
+    <message>
+        <source>День оновлення</source>
+        <translation>Update day</translation>
+    </message>
+    <message>
+        <source>Тип транзакції</source>
+        <translation>Transaction type</translation>
+    </message>
+    <message>
+        <source>Типи транзакцій однакові в усіх програмах мережі: їх не додають і не змінюють.</source>
+        <translation>The transaction types are the same in all programs of the chain: they are neither added nor changed.</translation>
     </message>
 </context>
 <context>
@@ -3567,6 +4332,263 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QTabSlujbOp</name>
+    <message>
+        <source>Внесення</source>
+        <translation>Cash in</translation>
+    </message>
+    <message>
+        <source>Вилучення</source>
+        <translation>Cash out</translation>
+    </message>
+    <message>
+        <source>Назва операції</source>
+        <translation>Operation name</translation>
+    </message>
+    <message>
+        <source>вилучення / внесення</source>
+        <translation>cash out / cash in</translation>
+    </message>
+</context>
+<context>
+    <name>QTabTax</name>
+    <message>
+        <source>Податкових груп завжди п&apos;ять: їх не додають і не вилучають, змінюють лише ставки та назви зборів.</source>
+        <translation>There are always five tax groups: they are neither added nor removed, only rates and levy names are changed.</translation>
+    </message>
+    <message>
+        <source>Назва податку</source>
+        <translation>Tax name</translation>
+    </message>
+    <message>
+        <source>Ставка податку %</source>
+        <translation>Tax rate %</translation>
+    </message>
+    <message>
+        <source>Назва додаткового збору</source>
+        <translation>Levy name</translation>
+    </message>
+    <message>
+        <source>Ставка додаткового збору %</source>
+        <translation>Levy rate %</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Податкових груп немає. Їх створює команда &quot;Створити таблиці&quot;.</source>
+        <translation>There are no tax groups. The command &quot;Create tables&quot; creates them.</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб записати своє, або Esc, щоб залишити це.</source>
+        <translation>While you were editing, another program stored “%1” here. Press Enter again to store yours, or Esc to keep this.</translation>
+    </message>
+    <message>
+        <source>Помилка при отриманні кількості записів таблиці</source>
+        <translation>Error while counting the records of the table</translation>
+    </message>
+    <message>
+        <source>Помилка запиту</source>
+        <translation>Query error</translation>
+    </message>
+    <message>
+        <source>Помилка оновлення запису.</source>
+        <translation>Error when updating the record.</translation>
+    </message>
+    <message>
+        <source>Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.</source>
+        <translation>Fill in both digits behind the point: for example 07.50 or 07.05.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabTaxDelegate</name>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Змінити ставку?</source>
+        <translation>Change the rate?</translation>
+    </message>
+    <message>
+        <source>%1: %2 → %3.
+За новою ставкою рахуватимуться касові зміни, відкриті після цього. Уже відкриті зберігають попередню.</source>
+        <translation>%1: %2 → %3.
+Shifts opened from now on will be reckoned by the new rate. Shifts that are open already keep the old one.</translation>
+    </message>
+    <message>
+        <source>Змінити ставку</source>
+        <translation>Change the rate</translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
+    </message>
+</context>
+<context>
+    <name>QTabTransaction</name>
+    <message>
+        <source>готівкою</source>
+        <translation>in cash</translation>
+    </message>
+    <message>
+        <source>карткою</source>
+        <translation>by card</translation>
+    </message>
+    <message>
+        <source>сертифікатом</source>
+        <translation>by certificate</translation>
+    </message>
+    <message>
+        <source>інакше</source>
+        <translation>otherwise</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Зміна №</source>
+        <translation>Shift №</translation>
+    </message>
+    <message>
+        <source>Чек №</source>
+        <translation>Receipt №</translation>
+    </message>
+    <message>
+        <source>Позиція в чеку</source>
+        <translation>Line in the receipt</translation>
+    </message>
+    <message>
+        <source>Тип транзакції</source>
+        <translation>Transaction type</translation>
+    </message>
+    <message>
+        <source>Товар/Клієнт/Операція</source>
+        <translation>Item/Client/Operation</translation>
+    </message>
+    <message>
+        <source>Кількість</source>
+        <translation>Quantity</translation>
+    </message>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Сума</source>
+        <translation>Sum</translation>
+    </message>
+    <message>
+        <source>Податкова група</source>
+        <translation>Tax group</translation>
+    </message>
+    <message>
+        <source>Податок</source>
+        <translation>Tax</translation>
+    </message>
+    <message>
+        <source>Чек &amp;№:</source>
+        <translation>Receipt &amp;no.:</translation>
+    </message>
+    <message>
+        <source>Записів усієї мережі забагато для одного списку: виберіть магазин або дні.</source>
+        <translation>The records of the whole chain are too many for one list: choose a shop or days.</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+</context>
+<context>
+    <name>QTabZZvit</name>
+    <message>
+        <source>відкрита</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>Звіт №</source>
+        <translation>Report №</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Оборот</source>
+        <translation>Turnover</translation>
+    </message>
+    <message>
+        <source>Готівкою</source>
+        <translation>Cash</translation>
+    </message>
+    <message>
+        <source>Безготівка1</source>
+        <translation>Non-cash 1</translation>
+    </message>
+    <message>
+        <source>Безготівка2</source>
+        <translation>Non-cash 2</translation>
+    </message>
+    <message>
+        <source>Безготівка3</source>
+        <translation>Non-cash 3</translation>
+    </message>
+    <message>
+        <source>Чеків</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Чеків повернення</source>
+        <translation>Return receipts</translation>
+    </message>
+    <message>
+        <source>Чеків зі знижкою</source>
+        <translation>Discounted receipts</translation>
+    </message>
+    <message>
+        <source>Позицій анульовано</source>
+        <translation>Cancelled lines</translation>
+    </message>
+    <message>
+        <source>Чеків анульовано</source>
+        <translation>Cancelled receipts</translation>
+    </message>
+    <message>
+        <source>Сума знижки</source>
+        <translation>Discount</translation>
+    </message>
+    <message>
+        <source>Внесення</source>
+        <translation>Cash in</translation>
+    </message>
+    <message>
+        <source>Вилучення</source>
+        <translation>Cash out</translation>
+    </message>
+    <message>
+        <source>Дата та час</source>
+        <translation>Date and time</translation>
+    </message>
+    <message>
+        <source>Звіт &amp;№:</source>
+        <translation>Report &amp;no.:</translation>
+    </message>
+</context>
+<context>
     <name>QTableBase</name>
     <message>
         <source>Помилка створення таблиці</source>
@@ -3611,26 +4633,6 @@ Restart the program!</translation>
     <message>
         <source>&apos;Штучний&apos;</source>
         <translation>&apos;By piece&apos;</translation>
-    </message>
-    <message>
-        <source>Помилка отримання кількості записів у таблиц</source>
-        <translation>Error when counting the records of table</translation>
-    </message>
-    <message>
-        <source>Помилка отримання кількості змінених / оновлених записів</source>
-        <translation>Error when counting the changed / updated records</translation>
-    </message>
-    <message>
-        <source>В таблиці</source>
-        <translation>In table</translation>
-    </message>
-    <message>
-        <source> виконано:</source>
-        <translation> done:</translation>
-    </message>
-    <message>
-        <source> записів:</source>
-        <translation> records:</translation>
     </message>
 </context>
 <context>
@@ -5279,6 +6281,45 @@ Cancel and leave?</translation>
     <message>
         <source>&amp;Скасувати і вийти</source>
         <translation>&amp;Cancel and leave</translation>
+    </message>
+    <message>
+        <source>&amp;Оновити список</source>
+        <translation>&amp;Reload the list</translation>
+    </message>
+    <message>
+        <source>&amp;XLSX (таблиця)</source>
+        <translation>&amp;XLSX (spreadsheet)</translation>
+    </message>
+    <message>
+        <source>Відкривши CSV, електронна таблиця зробить із «2.12» дату, а зі штрихкоду число без нулів спереду. З файлом XLSX (Експорт, Ctrl+Shift+X) цього не буде.</source>
+        <translation>A spreadsheet that opens a CSV file makes a date of &quot;2.12&quot; and a number without leading zeros of a barcode. It does not do so with an XLSX file (Export, Ctrl+Shift+X).</translation>
+    </message>
+    <message>
+        <source>Відкрити</source>
+        <translation>Open</translation>
+    </message>
+</context>
+<context>
+    <name>XlsxExport</name>
+    <message>
+        <source>Список</source>
+        <translation>List</translation>
+    </message>
+    <message>
+        <source>він вийшов неповним, перевірте вільне місце на диску.</source>
+        <translation>it came out incomplete, check the free space of the disk.</translation>
+    </message>
+    <message>
+        <source>Разом</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>У теці %1 не записується тимчасовий файл: %2</source>
+        <translation>A temporary file cannot be written in %1: %2</translation>
+    </message>
+    <message>
+        <source>У файл XLSX вміщується не більше ніж %1 рядків, у списку їх %2. Звузьте умови або збережіть список у CSV.</source>
+        <translation>An XLSX file has room for %1 rows at most, the list has %2. Narrow the conditions or save the list as CSV.</translation>
     </message>
 </context>
 <context>

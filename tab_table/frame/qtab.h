@@ -66,8 +66,8 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
-    /// Reads the list again: the same filter, the same current row and place. Refused in words while something
-    /// is typed in the list.
+    /// Reads the list again: the same filter, the same current row and place. Refused in words while
+    /// something is typed in the list.
     void reload();
     /// What is being typed in the list is asked about, what is being written is waited for.
     bool mayClose() override;

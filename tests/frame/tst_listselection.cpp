@@ -152,8 +152,8 @@ void TstListSelection::aMillionRowsLeaveTheWindowAlive()
              qPrintable(told.mid(0, 5).join('\n')));
     QTRY_COMPARE(words(), QString("Вибрано: 1000000   Сума: 5 000 005 000.00"));
     // Another choice in the middle of it.
-    pressKeys({Qt::CTRL + Qt::Key_End, Qt::CTRL + Qt::SHIFT + Qt::Key_Home, Qt::SHIFT + Qt::Key_Down,
-               Qt::Key_Up});
+    pressKeys(
+        {Qt::CTRL + Qt::Key_End, Qt::CTRL + Qt::SHIFT + Qt::Key_Home, Qt::SHIFT + Qt::Key_Down, Qt::Key_Up});
     QTRY_COMPARE(words(), QString("Вибрано: 1   Сума: 0.01"));
     QVERIFY2(heart.longestGap() < 300, qPrintable(QString::number(heart.longestGap())));
 }

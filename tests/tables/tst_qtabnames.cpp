@@ -36,7 +36,7 @@ public:
         column->addWidget(field);
         column->addWidget(button);
         names->setPermission(Permission::GroupGoods);
-        resize(500, 400);
+        resize(700, 600);
     }
 
     QTabNames *names;
