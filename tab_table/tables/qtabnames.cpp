@@ -1,9 +1,11 @@
 #include "qtabnames.h"
 
 #include "listpane.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabdelegate.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -29,6 +31,8 @@ QTabNames::QTabNames(const NameList &names, QSqlDatabase *db, QLoadedUser *user,
     list()->setColumns({{QString(), 5, &asNumber}, {tr(names.caption), 40}}, table);
     model()->setHeaderData(QTabDelegate::Id, Qt::Horizontal, tr("Код"), Qt::ToolTipRole);
     addSearch(table + QStringLiteral(".name LIKE %1"), tr(names.caption));
+    if (names.isByCode && view()->horizontalHeader()->sortIndicatorSection() < 0)
+        view()->horizontalHeader()->setSortIndicator(QTabDelegate::Id, Qt::AscendingOrder);
     if (names.hint != nullptr)
         addHint(tr(names.hint));
     ShowData();

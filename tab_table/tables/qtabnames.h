@@ -14,6 +14,8 @@ struct NameList
     const char *hint = nullptr;
     /// A new name gets this id or a higher one, unless another was typed; 0: any.
     uint lowestNewId = 0;
+    /// The names stand by their codes until the user sorts them; else as the server sends them.
+    bool isByCode = false;
 };
 
 /// The tab of a list of names.
@@ -50,7 +52,8 @@ inline constexpr NameList goodsGroupNames = {
         "автодозвін не записує. Нова група отримує код від 6; щоб ввести код самому, натисніть "
         "Shift+Tab у її назві."),
     6};
-inline constexpr NameList updateDayNames = {"day_update", QT_TRANSLATE_NOOP("QTabNames", "День оновлення")};
+inline constexpr NameList updateDayNames = {
+    "day_update", QT_TRANSLATE_NOOP("QTabNames", "День оновлення"), nullptr, nullptr, 0, true};
 inline constexpr NameList transactionTypeNames = {
     "type_check", QT_TRANSLATE_NOOP("QTabNames", "Тип транзакції"),
     QT_TRANSLATE_NOOP("QTabNames", "Типи транзакцій однакові в усіх програмах мережі: їх не додають і не "

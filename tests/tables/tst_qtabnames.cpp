@@ -286,7 +286,8 @@ void TstQTabNames::lists()
     QFETCH(QString, caption);
     QTabNames tab(*list, m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
     QTRY_VERIFY(!tab.isLoading());
-    tab.view()->sortByColumn(0, Qt::AscendingOrder);
+    if (!list->isByCode)
+        tab.view()->sortByColumn(0, Qt::AscendingOrder);
     QStringList captions;
     for (int column = 0; column < tab.model()->columnCount(); ++column)
         captions.append(tab.model()->headerData(column, Qt::Horizontal).toString());
