@@ -2,6 +2,7 @@
 
 #include "listpane.h"
 #include "money.h"
+#include "numberfield.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
@@ -13,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 namespace {
@@ -32,26 +34,42 @@ QString fiveGroups()
                        "назви зборів.");
 }
 
-/// A mask skips what does not fit it: the comma of "7,5" would make 75 of it.
+/// A mask skips what does not fit it: of the comma in "7,5" it would make 75. So nothing goes in but by keys,
+/// and what is pasted is read as a number.
 class RateEdit : public QLineEdit
 {
 public:
-    using QLineEdit::QLineEdit;
+    explicit RateEdit(QWidget *parent) : QLineEdit(parent)
+    {
+        setInputMask(QStringLiteral("00.00"));
+        setAcceptDrops(false);
+        setContextMenuPolicy(Qt::NoContextMenu);
+    }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {
-        qint64 pasted = 0;
-        if (event->text() == QLatin1String(",")) {
-            QKeyEvent point(event->type(), Qt::Key_Period, event->modifiers(), QStringLiteral("."));
-            QLineEdit::keyPressEvent(&point);
-        } else if (event->matches(QKeySequence::Paste) && !isReadOnly() &&
-                   rateFromText(QGuiApplication::clipboard()->text(), &pasted)) {
-            selectAll();
-            insert(maskedRate(QString::number(pasted)));
-        } else {
-            QLineEdit::keyPressEvent(event);
-        }
+        if (event->matches(QKeySequence::Paste))
+            return takePasted(QGuiApplication::clipboard()->text());
+        const bool isComma = event->text() == QLatin1String(",");
+        QKeyEvent point(event->type(), Qt::Key_Period, event->modifiers(), QStringLiteral("."));
+        QLineEdit::keyPressEvent(isComma ? &point : event);
+    }
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        if (event->button() != Qt::MiddleButton)
+            QLineEdit::mouseReleaseEvent(event);
+    }
+
+private:
+    void takePasted(const QString &text)
+    {
+        qint64 hundredths = 0;
+        const QString why = readNumber(text, NumberKind::Rate, 0, largestRate, &hundredths);
+        if (why.isEmpty() && !isReadOnly())
+            setText(maskedRate(QString::number(hundredths)));
+        else
+            QToolTip::showText(mapToGlobal(QPoint(0, height())), why, this);
     }
 };
 } // namespace
@@ -73,9 +91,7 @@ QWidget *QTabTaxDelegate::createEditor(QWidget *parent, const QStyleOptionViewIt
     QLineEdit *edit = isOfRate ? new RateEdit(parent) : new QLineEdit(parent);
     edit->setObjectName(isOfRate ? QStringLiteral("editRate") : QStringLiteral("editName"));
     edit->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
-    if (isOfRate)
-        edit->setInputMask(QStringLiteral("00.00"));
-    else
+    if (!isOfRate)
         limitLength(edit, index.column());
     return takeEditor(edit, index);
 }

@@ -2,12 +2,16 @@
 
 #include "money.h"
 #include "numberfield.h"
-#include "qtabtax.h"
 #include "qupdatebd.h"
 #include "servererror.h"
 
+#include <QCoreApplication>
+
 namespace {
-const qint64 largestRate = 9999;
+struct Taxes
+{
+    Q_DECLARE_TR_FUNCTIONS(Taxes)
+};
 
 struct TaxStatement
 {
@@ -43,8 +47,8 @@ CellWritten changedMeanwhile(const CellDraft &draft, const QString &now)
     const bool isNumber = isRate(static_cast<TaxColumn>(draft.column));
     const QString shown = isNumber ? rateText(now.toLongLong()) : now;
     return {CellWritten::Refused,
-            QTabTax::tr("Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб "
-                        "записати своє, або Esc, щоб залишити це.")
+            Taxes::tr("Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб "
+                      "записати своє, або Esc, щоб залишити це.")
                 .arg(shown),
             {},
             now};
@@ -54,13 +58,13 @@ CellWritten changedMeanwhile(const CellDraft &draft, const QString &now)
 std::optional<RowStore> readTaxes(const Db &db)
 {
     const QString table = QStringLiteral("tax");
-    const auto count = db.firstText(QStringLiteral("SELECT COUNT(*) FROM ") + table, {},
-                                    QTabTax::tr("Помилка при отриманні кількості записів таблиці") +
-                                        QLatin1Char(' ') + table);
+    const auto count =
+        db.firstText(QStringLiteral("SELECT COUNT(*) FROM ") + table, {},
+                     Taxes::tr("Помилка при отриманні кількості записів таблиці") + QLatin1Char(' ') + table);
     if (!count)
         return std::nullopt;
     auto rows = db.run(QStringLiteral("SELECT id,name,pdv_proc,dod_name,dod_proc FROM tax"), {},
-                       QTabTax::tr("Помилка запиту"));
+                       Taxes::tr("Помилка запиту"));
     if (!rows)
         return std::nullopt;
     std::optional<RowStore> taxes = RowStore::read(*rows);
@@ -81,7 +85,7 @@ CellWritten writeTax(const Db &db, const CellDraft &draft)
     if (*now != draft.shown && *now != draft.value)
         return changedMeanwhile(draft, *now);
     if (!db.run(QLatin1String(statement.update) + id, {{QStringLiteral(":val"), bound(draft)}},
-                QTabTax::tr("Помилка оновлення запису.")))
+                Taxes::tr("Помилка оновлення запису.")))
         return {db.lastErrorNumber() == ServerError::UnknownColumn ? CellWritten::GivenUp
                                                                    : CellWritten::Failed};
     if (!QUpdateBD().update(draft.table, *db.connection(), db.receiver()) || !t.commit())
@@ -99,7 +103,7 @@ QString readMaskedRate(const QString &text, qint64 *hundredths)
     const QString whole = text.section('.', 0, 0).remove(' ');
     const QString fraction = text.section('.', 1);
     if (fraction.startsWith(' ') && !fraction.trimmed().isEmpty())
-        return QTabTax::tr("Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.");
+        return Taxes::tr("Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.");
     const QString number = fraction.trimmed().isEmpty() ? whole : whole + '.' + fraction.trimmed();
     return readNumber(number, NumberKind::Rate, 0, largestRate, hundredths);
 }

@@ -16,6 +16,8 @@ std::optional<RowStore> readTaxes(const Db &db);
 /// The writer of that list: of a row that is there, and only over what the list showed.
 CellWritten writeTax(const Db &db, const CellDraft &draft);
 
+/// 99.99 %
+constexpr qint64 largestRate = 9999;
 /// "07.00" for 700: a rate as the mask "00.00" holds it; one of three digits does not fit and loses some.
 QString maskedRate(const QString &hundredths);
 /// Hundredths of a per cent of what stands in that mask, blanks where nothing was typed: "7 .5 " and " 7.50"

@@ -7,7 +7,6 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPushButton>
 
 /// The service operations and their editor.
 class TstQTabSlujbOp : public QObject
@@ -25,7 +24,6 @@ private slots:
     void directionIsChanged();
     void unknownDirectionIsKeptUntilChosen();
     void refusals();
-    void cancelsAreTold();
 
 private:
     bool add(const std::function<void(QAddEdtSlujbOp *)> &drive);
@@ -163,15 +161,6 @@ void TstQTabSlujbOp::refusals()
     }));
     QCOMPARE(stored().at(0), QString("1|Службове внесення|1"));
     QCOMPARE(stored().size(), 4);
-}
-
-void TstQTabSlujbOp::cancelsAreTold()
-{
-    QVERIFY(add([](QAddEdtSlujbOp *editor) { child<QPushButton>(editor, "pbCancel")->click(); }));
-    QVERIFY(m_base->heard.has("Запис не додано, відмінено користувачем!"));
-    QVERIFY(edit(1, [](QAddEdtSlujbOp *editor) { child<QPushButton>(editor, "pbCancel")->click(); }));
-    QVERIFY(m_base->heard.has("Зміни не внесені, відмінено користувачем!"));
-    QCOMPARE(stored().size(), 3);
 }
 
 QTEST_MAIN(TstQTabSlujbOp)

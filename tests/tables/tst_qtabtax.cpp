@@ -30,6 +30,7 @@ private slots:
     void unclearRateIsRefused_data();
     void unclearRateIsRefused();
     void rateIsChangedOnPurposeOnly();
+    void nextCellWhileAsked();
     void renamingFails();
     void levyIsRenamed();
     void changedMeanwhile();
@@ -160,24 +161,13 @@ void TstQTabTax::typedRateIsStored_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("rate");
     QTest::addColumn<QString>("hundredths");
-    QTest::newRow("all digits") << "0700"
-                                << "7.00"
-                                << "700";
-    QTest::newRow("point") << "07.05"
-                           << "7.05"
-                           << "705";
-    QTest::newRow("one digit") << "8"
-                               << "8.00"
-                               << "800";
-    QTest::newRow("comma") << "7,5"
-                           << "7.50"
-                           << "750";
-    QTest::newRow("pasted") << "\x16"
-                            << "17.50"
-                            << "1750";
-    QTest::newRow("letters are no digits") << "1x4"
-                                           << "14.00"
-                                           << "1400";
+    const auto row = [](const char *typed, const char *rate, const char *hundredths) {
+        QTest::newRow(typed) << typed << rate << hundredths;
+    };
+    row("0700", "7.00", "700");
+    row("8", "8.00", "800");
+    row("7,5", "7.50", "750");
+    row("paste", "17.50", "1750");
 }
 
 void TstQTabTax::typedRateIsStored()
@@ -186,11 +176,11 @@ void TstQTabTax::typedRateIsStored()
     QFETCH(QString, rate);
     QFETCH(QString, hundredths);
     m_base->exec("UPDATE updat SET updat='2020-01-01'");
-    QGuiApplication::clipboard()->setText("17,5");
+    QGuiApplication::clipboard()->setText("17,5 ");
     const QLineEdit *opened = edit(0, TaxColumn::Rate);
     QCOMPARE(opened->inputMask(), QString("00.00"));
     QCOMPARE(opened->displayText(), QString("20.00"));
-    if (typed == "\x16")
+    if (typed == "paste")
         pressKeys({Qt::CTRL + Qt::Key_V});
     else
         typeText(typed);
@@ -250,6 +240,25 @@ void TstQTabTax::rateIsChangedOnPurposeOnly()
     QTRY_VERIFY(editor() == nullptr);
     QCOMPARE(shown(0, TaxColumn::Rate), QString("20.00"));
     QCOMPARE(stored(1), QString("ПДВ А|2000|ДОД А|0"));
+}
+
+void TstQTabTax::nextCellWhileAsked()
+{
+    edit(0, TaxColumn::Rate);
+    QGuiApplication::clipboard()->setText("123,45");
+    typeText("14");
+    pressKeys({Qt::CTRL + Qt::Key_V});
+    QCOMPARE(editor()->displayText(), QString("14.  "));
+    const QPoint next = m_tab->view()->visualRect(cell(1, TaxColumn::LevyName)).center();
+    answerConfirm(
+        [&] {
+            QTest::mouseClick(m_tab->view()->viewport(), Qt::LeftButton, {}, next);
+            QTest::mouseDClick(m_tab->view()->viewport(), Qt::LeftButton, {}, next);
+        },
+        true);
+    QCOMPARE(stored(1), QString("ПДВ А|1400|ДОД А|0"));
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus() && editor()->text() == "ДОД Б");
+    pressKeys({Qt::Key_Escape});
 }
 
 /// The statement of the name is one that the server refuses.
