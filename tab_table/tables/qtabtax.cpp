@@ -199,14 +199,19 @@ void QTabTax::Add()
 
 void QTabTax::ShowData(bool isWritten)
 {
-    if (!isWritten)
-        list()->expectLoad();
-    m_tasks.read(&readTaxes, [this, isWritten](const std::optional<RowStore> &taxes) {
-        if (isWritten && taxes)
-            refresh(*taxes);
-        else if (taxes)
-            list()->showRows(RowStore(*taxes));
-        else if (!isWritten)
+    if (isWritten) {
+        m_tasks.read([sql = query + filter](const Db &db) { return readTaxes(db, sql); },
+                     [this](const std::optional<RowStore> &taxes) {
+                         if (taxes)
+                             refresh(*taxes);
+                     });
+        return;
+    }
+    list()->expectLoad();
+    m_tasks.read(&canCountTaxes, [this](bool canCount) {
+        if (canCount)
+            list()->load(query + filter, {}, tr("Помилка запиту"));
+        else
             list()->clearAfterFailure();
     });
 }

@@ -1,5 +1,6 @@
 #include "taxrates.h"
 
+#include "columns.h"
 #include "money.h"
 #include "numberfield.h"
 #include "qupdatebd.h"
@@ -22,18 +23,14 @@ struct TaxStatement
 
 /// The table has no column "ntid": a tax group keeps its name, and whoever renames it gets the server's
 /// words.
-const TaxStatement statements[] = {
+constexpr TaxStatement statements[] = {
     {TaxColumn::Id, "id", nullptr},
     {TaxColumn::Name, "name", "UPDATE tax SET name=:val where ntid="},
     {TaxColumn::Rate, "pdv_proc", "UPDATE tax SET pdv_proc=:val where id="},
     {TaxColumn::LevyName, "dod_name", "UPDATE tax SET dod_name=:val where id="},
     {TaxColumn::LevyRate, "dod_proc", "UPDATE tax SET dod_proc=:val where id="},
 };
-
-const TaxStatement &statementOf(int column)
-{
-    return statements[column];
-}
+static_assert(standInOrder(statements, 5));
 
 QVariant bound(const CellDraft &draft)
 {
@@ -55,26 +52,23 @@ CellWritten changedMeanwhile(const CellDraft &draft, const QString &now)
 }
 } // namespace
 
-std::optional<RowStore> readTaxes(const Db &db)
+bool canCountTaxes(const Db &db)
 {
-    const QString table = QStringLiteral("tax");
-    const auto count =
-        db.firstText(QStringLiteral("SELECT COUNT(*) FROM ") + table, {},
-                     Taxes::tr("Помилка при отриманні кількості записів таблиці") + QLatin1Char(' ') + table);
-    if (!count)
-        return std::nullopt;
-    auto rows = db.run(QStringLiteral("SELECT id,name,pdv_proc,dod_name,dod_proc FROM tax"), {},
-                       Taxes::tr("Помилка запиту"));
-    if (!rows)
-        return std::nullopt;
-    std::optional<RowStore> taxes = RowStore::read(*rows);
-    QUpdateBD().reRead(table, *db.connection(), db.receiver());
-    return taxes;
+    return db
+        .firstText(QStringLiteral("SELECT COUNT(*) FROM tax"), {},
+                   Taxes::tr("Помилка при отриманні кількості записів таблиці") + QStringLiteral(" tax"))
+        .has_value();
+}
+
+std::optional<RowStore> readTaxes(const Db &db, const QString &sql)
+{
+    auto rows = canCountTaxes(db) ? db.run(sql, {}, Taxes::tr("Помилка запиту")) : std::nullopt;
+    return rows ? std::optional<RowStore>(RowStore::read(*rows)) : std::nullopt;
 }
 
 CellWritten writeTax(const Db &db, const CellDraft &draft)
 {
-    const TaxStatement &statement = statementOf(draft.column);
+    const TaxStatement &statement = statements[draft.column];
     const QString id = QString::number(draft.id.toUInt());
     Transaction t(db);
     const auto now = t ? db.firstText(QStringLiteral("SELECT %1 FROM tax WHERE id=%2 FOR UPDATE")

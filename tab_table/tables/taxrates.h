@@ -11,8 +11,10 @@ constexpr bool isRate(TaxColumn column)
     return column == TaxColumn::Rate || column == TaxColumn::LevyRate;
 }
 
-/// All of them; nothing after a reported failure.
-std::optional<RowStore> readTaxes(const Db &db);
+/// False when the table cannot be read, which is reported.
+bool canCountTaxes(const Db &db);
+/// The rows of that statement; nothing after a reported failure.
+std::optional<RowStore> readTaxes(const Db &db, const QString &sql);
 /// The writer of that list: of a row that is there, and only over what the list showed.
 CellWritten writeTax(const Db &db, const CellDraft &draft);
 
