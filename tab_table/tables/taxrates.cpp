@@ -89,7 +89,8 @@ CellWritten writeTax(const Db &db, const CellDraft &draft)
 
 QString maskedRate(const QString &hundredths)
 {
-    return hundredths.isEmpty() ? QString() : rateText(hundredths.toLongLong()).rightJustified(5, '0');
+    const qint64 rate = hundredths.toLongLong();
+    return hundredths.isEmpty() || rate > largestRate ? QString() : rateText(rate).rightJustified(5, '0');
 }
 
 QString readMaskedRate(const QString &text, qint64 *hundredths)

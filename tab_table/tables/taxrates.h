@@ -20,7 +20,7 @@ CellWritten writeTax(const Db &db, const CellDraft &draft);
 
 /// 99.99 %
 constexpr qint64 largestRate = 9999;
-/// "07.00" for 700: a rate as the mask "00.00" holds it; one of three digits does not fit and loses some.
+/// "07.00" for 700: a rate as the mask "00.00" holds it; empty for none, and for one that does not fit.
 QString maskedRate(const QString &hundredths);
 /// Hundredths of a per cent of what stands in that mask, blanks where nothing was typed: "7 .5 " and " 7.50"
 /// are 750, "20.  " is 2000. Returns why it is no rate, in words that say what to write; "7 . 5" is none.

@@ -227,6 +227,7 @@ void TstQTabTax::rateIsChangedOnPurposeOnly()
     // Looked at and left, also one that the mask cannot hold.
     for (const int row : {0, 4}) {
         edit(row, TaxColumn::Rate);
+        QCOMPARE(editor()->displayText(), row == 0 ? QString("20.00") : QString("  .  "));
         QTest::mouseClick(m_tab->view()->viewport(), Qt::LeftButton, {},
                           m_tab->view()->visualRect(cell(2, TaxColumn::Name)).center());
         QTRY_VERIFY(editor() == nullptr);
