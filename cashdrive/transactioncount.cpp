@@ -23,8 +23,8 @@ bool isRefusedValue(int error)
 {
     constexpr int outOfRange[] = {1264, 1690};
     constexpr int wrongValue[] = {1292, 1366};
-    constexpr int missingRow = 1452;
-    return error == missingRow || std::count(std::begin(outOfRange), std::end(outOfRange), error) != 0 ||
+    return error == ServerError::MissingRow ||
+           std::count(std::begin(outOfRange), std::end(outOfRange), error) != 0 ||
            std::count(std::begin(wrongValue), std::end(wrongValue), error) != 0;
 }
 

@@ -7,6 +7,7 @@ namespace ServerError {
 enum {
     TooManyConnections = 1040,
     NodeNotReady = 1047, ///< a cluster's node without its majority: it refuses every statement
+    NullValue = 1048,
     UnknownDatabase = 1049,
     UnknownColumn = 1054,
     DuplicateKey = 1062,
@@ -14,6 +15,7 @@ enum {
     LockWait = 1205,
     Deadlock = 1213, ///< in a cluster also the answer to a COMMIT that another node's was quicker than
     Interrupted = 1317,
+    MissingRow = 1452, ///< that a foreign key points to
     ConnectionKilled = 1927,
     CannotConnect = 2003,
     ServerGone = 2006,

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QSqlRecord>
+#include <algorithm>
 
 namespace {
 struct Record
@@ -163,6 +164,21 @@ RecordSaved checkUnique(const Db &db, const RecordStatements &table, const Recor
     return {RecordSaved::Written};
 }
 
+QString renamedWords(const QString &caption)
+{
+    return Record::tr(
+               "Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого не "
+               "збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
+        .arg(caption);
+}
+
+QString goneWords(const QString &caption)
+{
+    return Record::tr("Поки редактор був відкритий, вибране в полі \"%1\" вилучила інша програма. Нічого не "
+                      "збережено. Виберіть інше.")
+        .arg(caption);
+}
+
 /// A list is bound by the names of its entries, and others may rename them.
 QString storedOtherwise(const RecordStatements &table, const RecordField &stored)
 {
@@ -173,10 +189,7 @@ QString storedOtherwise(const RecordStatements &table, const RecordField &stored
                        "Введіть інше значення.")
                 .arg(stored.caption, stored.shown);
     }
-    return Record::tr(
-               "Поки редактор був відкритий, вибране в полі \"%1\" перейменувала інша програма. Нічого не "
-               "збережено. Закрийте редактор, відкрийте його знову і виберіть ще раз.")
-        .arg(stored.caption);
+    return renamedWords(stored.caption);
 }
 
 /// Locks the record and looks at it; Written when nobody has changed it.
@@ -222,6 +235,31 @@ RecordSaved saveInTransaction(const Db &db, const RecordStatements &table, const
     return saved;
 }
 
+/// A chosen entry that others have renamed or removed; empty when there is none. An entry that was there
+/// before may be one that is not offered.
+QString lostChoice(const Db &db, const RecordStatements &table, const RecordDraft &draft)
+{
+    const auto lists = readLists(db, table);
+    if (!lists)
+        return QString();
+    for (const RecordField &field : draft.fields) {
+        if (!lists->contains(field.key) || field.stored.isEmpty())
+            continue;
+        QString now;
+        for (const auto &[name, id] : lists->value(field.key))
+            now = toText(id) == field.stored ? name : now;
+        if (!now.isEmpty() && now != field.shown)
+            return renamedWords(field.caption);
+        const bool isAsRead =
+            std::any_of(draft.read.begin(), draft.read.end(), [&field](const RecordField &read) {
+                return read.key == field.key && read.stored == field.stored;
+            });
+        if (now.isEmpty() && !isAsRead)
+            return goneWords(field.caption);
+    }
+    return QString();
+}
+
 /// Says better why a write did not succeed.
 RecordSaved explain(const Db &db, const RecordStatements &table, const RecordDraft &draft,
                     const RecordSaved &saved, int step)
@@ -234,6 +272,12 @@ RecordSaved explain(const Db &db, const RecordStatements &table, const RecordDra
         if (found.outcome != RecordSaved::Written)
             return found;
     }
+    const bool isChoiceLost =
+        saved.outcome == RecordSaved::Failed &&
+        (db.lastErrorNumber() == ServerError::NullValue || db.lastErrorNumber() == ServerError::MissingRow);
+    const QString lost = isChoiceLost ? lostChoice(db, table, draft) : QString();
+    if (!lost.isEmpty())
+        return {RecordSaved::Refused, lost};
     const QString words = table.rows != nullptr ? table.rows->failureWords(db, draft, step) : QString();
     return words.isEmpty() ? saved : RecordSaved{RecordSaved::Refused, words};
 }
