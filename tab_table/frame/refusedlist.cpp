@@ -1,7 +1,6 @@
 #include "refusedlist.h"
 
 #include "listpane.h"
-#include "qntableview.h"
 
 #include <QCoreApplication>
 
@@ -18,7 +17,6 @@ void openRefused(ListPane *list, QSqlDatabase *db, const QLoadedUser *user, QObj
     list->open(db, user, receiver);
     list->setColumns(
         {{Texts::tr("Номер запису"), 13, &asNumber}, {codeCaption, 24}, {Texts::tr("Причина"), 40}}, key);
-    list->view()->setMainColumn(2);
     list->setEmptyText(Texts::tr("Пропущених записів немає."));
     list->setHeading({Texts::tr("Пропущені записи")});
 }
