@@ -12,6 +12,7 @@
 #include "userstate.h"
 
 #include <QFileDialog>
+#include <QKeyEvent>
 
 namespace {
 const QString timeFormat = QStringLiteral("dd.MM.yyyy HH:mm");
@@ -103,10 +104,23 @@ void QCashDrive::setUpAutoStart()
         remember();
     };
     connect(ui->teTime, &QTimeEdit::timeChanged, this, take);
+    ui->teTime->installEventFilter(this);
     connect(ui->chAutoStart, &QCheckBox::toggled, this, take);
     connect(m_autoStart, &AutoStart::due, this, &QCashDrive::startByClock);
     connect(m_autoStart, &AutoStart::moved, this, &QCashDrive::showStarts);
     armAutoStart();
+}
+
+bool QCashDrive::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != ui->teTime || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    m_pace.take(static_cast<const QKeyEvent &>(*event));
+    if (m_pace.code().size() == 1)
+        m_timeBefore = ui->teTime->time();
+    if (m_pace.isCode())
+        ui->teTime->setTime(m_timeBefore);
+    return m_pace.isCode();
 }
 
 void QCashDrive::setClock(const std::function<QDateTime()> &now)

@@ -2,6 +2,7 @@
 
 #include "exchangerun.h"
 #include "page.h"
+#include "scanpace.h"
 
 #include <QDateTime>
 #include <QPointer>
@@ -48,6 +49,10 @@ public slots:
     /// Sums can be left out only where transactions are read.
     void enablereadtransaction(int state);
 
+protected:
+    /// A scanned code does not set the time of the daily start.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void setUpPlaces();
     void refillPlaces();
@@ -73,6 +78,9 @@ private:
     QObject *m_mainWindow;
     RegisterServerFactory m_server = platformRegisterServer;
     AutoStart *m_autoStart;
+    /// Of the keys in the time of the daily start, and the time before them.
+    ScanPace m_pace;
+    QTime m_timeBefore;
     QStringList m_groups;
     QPointer<Job> m_job;
 };

@@ -341,7 +341,13 @@ void TstQCashDrive::tickAndLastStartAreRemembered()
 {
     QDateTime now(QDate(2026, 5, 1), QTime(23, 0));
     m_page->setClock([&now] { return now; });
-    in<QTimeEdit>("teTime")->setTime(QTime(23, 30));
+    in<QTimeEdit>("teTime")->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(in<QTimeEdit>("teTime")->hasFocus());
+    typeText("2330");
+    // A scanner sets no time.
+    QTest::qWait(ScanPace::gapMs + 10);
+    scan("4820000000017");
+    QCOMPARE(in<QTimeEdit>("teTime")->time(), QTime(23, 30));
     in<QCheckBox>("chAutoStart")->click();
     now = now.addSecs(1800);
     m_page->autoStart()->look();
