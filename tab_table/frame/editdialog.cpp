@@ -3,13 +3,16 @@
 #include "busywindow.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
+#include "scanpace.h"
 #include "typedinput.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -17,6 +20,39 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+
+namespace {
+bool isEnter(const QKeyEvent &key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+} // namespace
+
+/// Listens to the pace of the keys in a window.
+class ScanWatch : public QObject
+{
+public:
+    explicit ScanWatch(QWidget *window) : QObject(window), m_window(window)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool isEnd(const QKeyEvent &key) const { return isEnter(key) && m_pace.isCode(); }
+
+    /// A button would take the Enter for a press.
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress || watched != m_window->focusWidget())
+            return false;
+        const auto &key = static_cast<const QKeyEvent &>(*event);
+        m_pace.take(key);
+        return isEnd(key) && qobject_cast<QAbstractButton *>(watched) != nullptr;
+    }
+
+private:
+    QWidget *m_window;
+    ScanPace m_pace;
+};
 
 void EditDialog::btok()
 {
@@ -100,8 +136,15 @@ void EditDialog::showEvent(QShowEvent *event)
     if (m_wasShown)
         return;
     m_wasShown = true;
+    m_scans = new ScanWatch(this);
     fitOnScreen();
     rememberTexts();
+}
+
+void EditDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (m_scans == nullptr || !m_scans->isEnd(*event))
+        QDialog::keyPressEvent(event);
 }
 
 void EditDialog::rememberTexts()

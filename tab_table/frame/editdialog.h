@@ -4,6 +4,7 @@
 #include <QHash>
 
 class BusyWindow;
+class ScanWatch;
 class QLineEdit;
 
 /// The base of every editor: it opens at once, and what it shows comes; why not? then save, then close.
@@ -32,6 +33,8 @@ public slots:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    /// The Enter of a scanner decides nothing, whatever field it was in.
+    void keyPressEvent(QKeyEvent *event) override;
 
     /// The first rule that the fields break, in the user's words; empty when they may be saved.
     virtual QString refusal() const = 0;
@@ -60,6 +63,7 @@ private:
     QString linesRefusal() const;
 
     BusyWindow *m_busy = nullptr;
+    ScanWatch *m_scans = nullptr;
     bool m_isReadOnly = false;
     bool m_isReading = false;
     bool m_wasShown = false;

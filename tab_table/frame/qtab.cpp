@@ -142,6 +142,8 @@ bool QTab::eventFilter(QObject *watched, QEvent *event)
     if (watched == view() && m_delegate != nullptr &&
         m_delegate->keepsForRow(static_cast<const QKeyEvent &>(*event)))
         return true;
+    if (watched == view() && takesScan(static_cast<const QKeyEvent &>(*event)))
+        return true;
     const int key = static_cast<QKeyEvent *>(event)->key();
     const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (watched == view() && isEnter)
@@ -152,6 +154,18 @@ bool QTab::eventFilter(QObject *watched, QEvent *event)
         m_search->clear();
     else
         return QWidget::eventFilter(watched, event);
+    return true;
+}
+
+/// The search has led into the list, and the next code comes there: it is searched for, too, instead of
+/// opening the record of the one before.
+bool QTab::takesScan(const QKeyEvent &key)
+{
+    m_pace.take(key);
+    if (m_search == nullptr || ScanPace::kindOf(key) != ScanPace::End || !m_pace.isCode())
+        return false;
+    m_search->setText(m_pace.code());
+    enterList();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "dbtasks.h"
 #include "page.h"
 #include "rowstore.h"
+#include "scanpace.h"
 
 #include <QHash>
 #include <QModelIndex>
@@ -193,6 +194,7 @@ private:
     void buildList(QLayout *layout);
     void enterList();
     void findWords(const QString &condition, const QString &text);
+    bool takesScan(const QKeyEvent &key);
     void openEditor(const QString &id);
     void showRecord(const RowStore &records, const QModelIndex &index, bool isNew);
     void followUnclear();
@@ -220,4 +222,6 @@ private:
     WaitNote *m_note = nullptr;
     QLineEdit *m_search = nullptr;
     TypingPause *m_typing = nullptr;
+    /// Of the keys in the list.
+    ScanPace m_pace;
 };

@@ -39,12 +39,15 @@ private slots:
     void pageSizeIsNeverEmpty();
     void typingIsOneQuestion();
 
+    void cardsAreScannedOneAfterTheOther();
+
     void editedCardIsStored();
     void birthdayStaysEmpty();
     void datesAsTheyAreTyped_data();
     void datesAsTheyAreTyped();
     void calendarOfNoDate();
     void blockedLevelStays();
+    void lostLevelIsNamed();
     void otherProgramsSumsStay();
     void missingCardIsTold();
     void viewerMayOnlyLook();
@@ -331,6 +334,30 @@ void TstQTabClients::typingIsOneQuestion()
     QVERIFY(m_tab->view()->hasFocus());
 }
 
+void TstQTabClients::cardsAreScannedOneAfterTheOther()
+{
+    openTab();
+    m_tab->activateWindow();
+    child<QLineEdit>(m_tab.get(), "leSearch")->setFocus();
+    QTRY_VERIFY(child<QLineEdit>(m_tab.get(), "leSearch")->hasFocus());
+    for (const char *code : {"2200000012", "2200001203", "2200000012"}) {
+        scan(code);
+        QCOMPARE(shown(), QStringList(code));
+        QVERIFY(m_tab->view()->hasFocus());
+    }
+    const QString before = stored("2200000012");
+    QVERIFY(edit(2200000012, [](QAddEdtCln *editor) {
+        editor->activateWindow();
+        for (const char *name : {"leName", "leTelephone", "leInfo", "cbProcent", "deBirthday", "pbOk"}) {
+            child<QWidget>(editor, name)->setFocus();
+            QTRY_VERIFY(child<QWidget>(editor, name)->hasFocus());
+            scan("2200001203");
+            QVERIFY2(editor->isVisible(), name);
+        }
+    }));
+    QCOMPARE(stored("2200000012"), before);
+}
+
 void TstQTabClients::editedCardIsStored()
 {
     openTab();
@@ -487,6 +514,24 @@ void TstQTabClients::blockedLevelStays()
 }
 
 /// The exchange raises a card while its editor is open.
+void TstQTabClients::lostLevelIsNamed()
+{
+    openTab();
+    const QString before = stored("2200000012");
+    // One level that is chosen is removed by others, the next one gets another name.
+    QVERIFY(edit(2200000012, [this](QAddEdtCln *editor) {
+        enter(editor, "cbProcent", "Дрібна");
+        m_base->exec("DELETE FROM procent WHERE id=4");
+        const QString gone = saveMeets(editor);
+        QVERIFY2(gone.contains("вибране в полі \"Знижка\" вилучила інша програма"), qPrintable(gone));
+        enter(editor, "cbProcent", "Без знижки");
+        m_base->exec("UPDATE procent SET name='Нуль' WHERE id=1");
+        const QString renamed = saveMeets(editor);
+        QVERIFY2(renamed.contains("вибране в полі \"Знижка\" перейменувала"), qPrintable(renamed));
+    }));
+    QCOMPARE(stored("2200000012"), before);
+}
+
 void TstQTabClients::otherProgramsSumsStay()
 {
     openTab();
@@ -589,7 +634,10 @@ void TstQTabClients::scannedNumberCreatesNothing()
         editor->activateWindow();
         auto *count = child<QLineEdit>(editor, "leCount");
         QTRY_VERIFY(count->hasFocus());
-        const QString asked = answerConfirm([] { scan("2200000001234"); }, false);
+        // Its Enter decides nothing; whoever presses the button with that number is asked.
+        scan("2200000001234");
+        QVERIFY(editor->isVisible() && !editor->isBusy());
+        const QString asked = answerConfirm([&] { child<QPushButton>(editor, "pbOk")->click(); }, false);
         QVERIFY2(asked.contains("2\u00a0200\u00a0000\u00a0001"), qPrintable(asked));
         waitOutJobs();
         QVERIFY(editor->isVisible());
