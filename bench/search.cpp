@@ -44,6 +44,8 @@ QVector<Figure> measureSearch(const Bench &bench)
              times},
             {QStringLiteral("goods search by a word"), searchRatio(bench, &window, QStringLiteral("молоко")),
              1.2, times},
+            {QStringLiteral("goods search by three words"),
+             searchRatio(bench, &window, QStringLiteral("200 молоко %")), 1.3, times},
             {QStringLiteral("goods search by a barcode"),
              searchRatio(bench, &window, QStringLiteral("4820000000013")), 1.2, times},
             {QStringLiteral("key press while an older search runs"), median(held), 10, QStringLiteral("ms")}};

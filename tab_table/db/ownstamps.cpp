@@ -21,7 +21,7 @@ void OwnStamps::add(const QString &table, const QString &before, const QString &
     else if (const auto run = m_runs.find(table); run != m_runs.end() && run->last == before)
         run->last = after;
     else
-        m_runs[table] = {before, after};
+        m_runs[table] = {qMin(before, after), after};
 }
 
 bool OwnStamps::isAllOwn(const QString &table, const QString &from, const QString &to) const

@@ -62,7 +62,7 @@ void ChangeWatch::buildBar()
     text->setObjectName(QStringLiteral("labelChanged"));
     text->setForegroundRole(QPalette::ToolTipText);
     text->setWordWrap(true);
-    auto *reload = new QPushButton(tr("О&новити"), m_bar);
+    auto *reload = new QPushButton(tr("Оновит&и"), m_bar);
     reload->setObjectName(QStringLiteral("pbReload"));
     reload->setToolTip(QStringLiteral("F5"));
     connect(reload, &QPushButton::clicked, this, [this] {

@@ -157,6 +157,8 @@ void ListPane::expectLoad()
 
 void ListPane::load(const QString &sql, const QString &numberSql, const QString &failure)
 {
+    m_sql = sql;
+    m_numberSql = numberSql;
     m_failure = failure.isEmpty() ? tr("Помилка запиту:") : failure;
     m_clock.start();
     endLoad();
@@ -164,6 +166,12 @@ void ListPane::load(const QString &sql, const QString &numberSql, const QString 
     // Before the rows, so that no change falls between them and the time they were read at.
     const QString times = QUpdateBD::timesSql(QUpdateBD::tablesIn(sql));
     m_queries->ask(numberSql.isEmpty() ? QStringList(sql) : QStringList{sql, numberSql}, times);
+}
+
+void ListPane::loadAgain()
+{
+    if (!m_sql.isEmpty())
+        load(QString(m_sql), QString(m_numberSql), QString(m_failure));
 }
 
 void ListPane::stop()
@@ -246,8 +254,9 @@ void ListPane::showArrived(RowOrder &&sorted, const RowSort &by)
     m_number = answer->results.size() > 1 ? answer->number(1) : 0;
     tellTracker(answer->before);
     m_readTimes = QUpdateBD::timesOf(answer->before);
-    const auto place =
-        std::exchange(m_keepsPlace, false) ? std::optional<ListPlace>({*m_view, *m_model}) : std::nullopt;
+    const auto place = std::exchange(m_keepsPlace, false) && m_view->model() == m_model
+                           ? std::optional<ListPlace>({*m_view, *m_model})
+                           : std::nullopt;
     m_model->replaceRows(std::move(answer->results.front()), std::move(sorted), by);
     m_view->setEmptyText(m_emptyText);
     m_count = -1;

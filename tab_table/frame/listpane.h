@@ -60,6 +60,8 @@ public:
     void load(const QString &sql, const QString &numberSql = {}, const QString &failure = {});
     /// A load whose statement is still to be found: it is on its way until load(), stop() or clear().
     void expectLoad();
+    /// Sends the statements of the last load once more; nothing when there was none.
+    void loadAgain();
     /// The next rows are the same ones read again: the current row and what is seen of the list stay.
     void keepPlace() { m_keepsPlace = true; }
     /// When the tables of the rows in the list were changed last; empty for rows that were read elsewhere.
@@ -170,6 +172,9 @@ private:
     QPushButton *m_stop = nullptr;
     ListColumns m_columns;
     QueryOwner *m_queries = nullptr;
+    /// Of the last load.
+    QString m_sql;
+    QString m_numberSql;
     QString m_failure;
     DbTasks *m_tasks = nullptr;
     /// Rows that have come and are being sorted before they are shown.

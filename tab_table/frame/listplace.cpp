@@ -29,7 +29,7 @@ ListPlace::Row ListPlace::rowAt(const QRowModel &model, int number)
     return row;
 }
 
-/// Of several rows that are alike the nearest one.
+/// Of several rows that are alike the nearest one; -1 for no row.
 int ListPlace::find(const QRowModel &model, const Row &row)
 {
     const int columns = qMin(model.columnCount(), static_cast<int>(row.cells.size()));
@@ -52,11 +52,13 @@ void ListPlace::restore(QNTableView *view, const QRowModel &model) const
 {
     if (model.rowCount() == 0)
         return;
-    if (m_current.number >= 0)
-        view->setCurrentIndex(model.index(find(model, m_current), qMax(0, m_column)));
-    if (m_anchor.number < 0)
+    const int current = find(model, m_current);
+    const int anchor = m_anchor.number == m_current.number ? current : find(model, m_anchor);
+    if (current >= 0)
+        view->setCurrentIndex(model.index(current, qMax(0, m_column)));
+    if (anchor < 0)
         return;
     view->doItemsLayout();
-    view->verticalScrollBar()->setValue(find(model, m_anchor) - m_rowsAbove);
+    view->verticalScrollBar()->setValue(anchor - m_rowsAbove);
     view->horizontalScrollBar()->setValue(m_left);
 }

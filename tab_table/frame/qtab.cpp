@@ -291,6 +291,11 @@ void QTab::reload()
         loadAgain();
 }
 
+void QTab::loadAgain()
+{
+    m_list->loadAgain();
+}
+
 void QTab::tellEmptyText()
 {
     m_list->setEmptyText(filter.isEmpty() ? tr("Записів ще немає.")

@@ -154,8 +154,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     void search(const QString &filter);
-    /// Asks for the rows of the filter once more.
-    virtual void loadAgain() { search(filter); }
+    /// Asks for the rows that were asked for last once more; what else the tab has read, too.
+    virtual void loadAgain();
     /// The user's rights were read again: what the filter offers may be different.
     virtual void followRights() {}
     /// The editor of the record of that id, which it changes to the id that a new record gets; null in tabs

@@ -2,10 +2,12 @@
 
 #include "connectionstate.h"
 #include "dbtasks.h"
+#include "listpane.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "qrowmodel.h"
 #include "qseluser.h"
 #include "qtab.h"
 #include "qtablebase.h"
@@ -23,6 +25,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTcpServer>
@@ -63,6 +66,7 @@ private slots:
     void missingTablesAreAddedInTheSession();
     void unreadableSettingsConnectNowhere();
     void recordCommandsFollowTheTab();
+    void listsAreReadAgain();
     void exportFollowsTheRight();
     void pagesHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
@@ -735,6 +739,33 @@ void TstVeltab::recordCommandsFollowTheTab()
     QVERIFY(action("add")->isVisible());
     m_window->closetab(0);
     QVERIFY(!action("add")->isVisible());
+}
+
+/// By F5, for those who may only look, too.
+void TstVeltab::listsAreReadAgain()
+{
+    addShopAndGoods();
+    addUser("viewer", "0=1 13=2 71=2 101=2");
+    startLoggedIn("viewer");
+    QVERIFY(!action("reload")->isVisible());
+    action("mt_goods")->trigger();
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    auto *goods = qobject_cast<QTab *>(tabs->currentWidget());
+    QTRY_VERIFY(!goods->isLoading());
+    QVERIFY(child<QMenu>(m_window.get(), "menu_edit")->menuAction()->isVisible());
+    QCOMPARE(action("reload")->shortcut().toString(), QString("F5"));
+    m_base->exec("UPDATE goods SET name='Інша назва'");
+    pressKeys({Qt::Key_F5});
+    QTRY_COMPARE(goods->model()->index(0, 2).data().toString(), QString("Інша назва"));
+    action("mz_zzvit")->trigger();
+    QTRY_VERIFY(!pageAt(tabs, 1)->isLoading());
+    QSignalSpy loaded(pageAt(tabs, 1)->list(), &ListPane::loaded);
+    pressKeys({Qt::Key_F5});
+    QTRY_COMPARE(loaded.count(), 1);
+    m_window->closeAllTabs();
+    QVERIFY(!action("reload")->isVisible());
 }
 
 void TstVeltab::exportFollowsTheRight()

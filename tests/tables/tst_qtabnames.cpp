@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "changewatch.h"
 #include "heartbeat.h"
 #include "listpane.h"
 #include "qloadeduser.h"
@@ -12,6 +13,7 @@
 #include "qupdatebd.h"
 #include "tcpproxy.h"
 
+#include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -92,6 +94,8 @@ private slots:
     void typedWhileTheListLoads_data();
     void typedWhileTheListLoads();
     void searchStoresTheTypedNameFirst();
+    void reloadSparesTheTypedName();
+    void ownNamesAreNoNews();
     void refusedAmongOthers();
     void otherWindowIsQuicker();
     void refusedWhileSomethingElseIsWanted();
@@ -899,6 +903,53 @@ void TstQTabNames::searchStoresTheTypedNameFirst()
     pressKeys({Qt::Key_Escape});
     QVERIFY(isClosed());
     QCOMPARE(shown(), QStringList({"Хліб", "Молоко", "Молоко дитяче 200"}));
+}
+
+void TstQTabNames::reloadSparesTheTypedName()
+{
+    edit(1);
+    typeText("!");
+    m_page->names->run(Command::Reload);
+    QVERIFY(!m_page->names->isLoading() && editor() != nullptr && editor()->text().endsWith('!'));
+    QCOMPARE(note(), QString("Спершу закінчіть назву: Enter записує, Esc скасовує."));
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed() && note().isEmpty());
+    m_base->exec("INSERT INTO group_goods(id,name) VALUES(29,'Нове')");
+    m_page->names->run(Command::Reload);
+    QTRY_COMPARE(shown(), QStringList({"Нове", "Хліб", "Молоко", "Бакалія"}));
+    QCOMPARE(view()->currentIndex().row(), 2);
+    // What is typed into the search field at that moment is not lost.
+    pressKeys({Qt::CTRL + Qt::Key_F});
+    typeText("мол");
+    m_page->names->run(Command::Reload);
+    QTRY_COMPARE(shown(), QStringList("Молоко"));
+}
+
+void TstQTabNames::ownNamesAreNoNews()
+{
+    m_base->exec("UPDATE updat SET updat='2020-01-01'");
+    ChangeWatch::setPause(std::chrono::milliseconds(20));
+    open();
+    auto *bar = child<QFrame>(m_page->names, "changeBar");
+    edit(1);
+    typeText(" 2");
+    pressKeys({Qt::Key_Return});
+    add();
+    typeText("Сир");
+    pressKeys({Qt::Key_Tab});
+    QVERIFY(names().contains("Сир"));
+    QTest::qWait(300);
+    QVERIFY(!bar->isVisible());
+    view()->setCurrentIndex(model()->index(1, 1));
+    m_base->exec({"UPDATE group_goods SET name='Інша' WHERE id=30",
+                  "UPDATE updat SET updat=NOW()+INTERVAL 2 SECOND WHERE name='group_goods'"});
+    QTRY_VERIFY(bar->isVisible());
+    QCOMPARE(shown().first(), QString("Хліб"));
+    QTest::mouseClick(child<QPushButton>(bar, "pbReload"), Qt::LeftButton);
+    QTRY_COMPARE(shown().first(), QString("Інша"));
+    QVERIFY(bar->isHidden() && view()->hasFocus());
+    QCOMPARE(view()->currentIndex().row(), 1);
+    ChangeWatch::setPause(std::chrono::seconds(5));
 }
 
 /// What was typed behind it is not begun, and told.
