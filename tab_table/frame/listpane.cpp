@@ -115,9 +115,9 @@ void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver
     m_tasks = new DbTasks(db->connectionName(), receiver, this);
 }
 
-void ListPane::expectLongLoads()
+void ListPane::expectLongLoads(bool isLong)
 {
-    m_queries->setLong(true);
+    m_queries->setLong(isLong);
 }
 
 void ListPane::breakCaptions()

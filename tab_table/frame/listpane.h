@@ -41,7 +41,7 @@ public:
     /// remembered, and who gets the messages.
     void open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver);
     /// Its statements may take many seconds, as a report's do.
-    void expectLongLoads();
+    void expectLongLoads(bool isLong = true);
     /// Before setColumns(): captions may take two lines, for lists of many columns.
     void breakCaptions();
     /// The columns in the order of the SELECT; key: the list's name among all lists.

@@ -3,6 +3,7 @@
 #include "cheks.h"
 
 #include <QHash>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace {
@@ -37,14 +38,14 @@ QString streamCondition(const ChekStream &stream)
         condition += QStringLiteral(" AND (id_chek<%1 OR (id_chek=%1 AND id_position<%2))")
                          .arg(stream.below->chek)
                          .arg(stream.below->position);
+    if (stream.lowestChek != 0)
+        condition += QStringLiteral(" AND id_chek>%1").arg(stream.lowestChek);
     return condition;
 }
 
 QString linesCondition(const ChekStream &stream, const JournalAsked &asked)
 {
     QString condition = streamCondition(stream);
-    if (stream.lowestChek != 0)
-        condition += QStringLiteral(" AND id_chek>%1").arg(stream.lowestChek);
     if (!asked.number.isEmpty())
         condition += QStringLiteral(" AND id_chek=%1").arg(asked.number.toULongLong());
     if (asked.hasDays())
@@ -126,17 +127,32 @@ ChekStreams followedBy(const RowStore &nextLines, const ChekStreams &streams)
     return following;
 }
 
-bool needsAllStreams(const JournalAsked &asked)
+namespace {
+/// Nobody knows yet whether it has lines of the days that are wanted, and with which one it begins then.
+bool isOutsideDays(const ChekStream &stream, const JournalAsked &asked)
 {
-    return asked.hasDays() || !asked.number.isEmpty();
+    const QString time = QString(stream.time).remove(QRegularExpression(QStringLiteral("\\D")));
+    return asked.hasDays() && (time < asked.from || time > asked.to);
 }
 
-/// A page of so many lines takes them from no more streams: those that go on with the newest ones.
+/// A page of so many lines takes them from no more streams, each of which has one: those that go on with the
+/// newest ones. A number may be in any.
+ChekStreams neededStreams(const ChekStreams &streams, const JournalAsked &asked, int lines)
+{
+    ChekStreams needed;
+    int newest = 0;
+    for (const ChekStream &stream : streams) {
+        if (!asked.number.isEmpty() || isOutsideDays(stream, asked) || newest++ < lines)
+            needed.append(stream);
+    }
+    return needed;
+}
+} // namespace
+
 QString newestLinesSql(const ChekStreams &streams, const JournalAsked &asked, int lines)
 {
     QStringList branches;
-    const int needed = needsAllStreams(asked) ? streams.size() : qMin(lines, streams.size());
-    for (const ChekStream &stream : streams.mid(0, needed)) {
+    for (const ChekStream &stream : neededStreams(streams, asked, lines)) {
         branches.append(branch(QStringLiteral("id_shop,id_kass,id_chek,id_position,data_time"),
                                linesCondition(stream, asked), lines));
     }

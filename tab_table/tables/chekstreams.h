@@ -34,8 +34,6 @@ ChekStreams chekStreamsFrom(const RowStore &found);
 QString nextLinesSql(const ChekStreams &streams);
 /// The streams by the times of those lines; those that have come to their end are gone.
 ChekStreams followedBy(const RowStore &nextLines, const ChekStreams &streams);
-/// Whether the lines of a page may come from any stream, wherever it goes on.
-bool needsAllStreams(const JournalAsked &asked);
 /// The keys of the newest so many lines of the streams, as a table `newest`: id_shop, id_kass, id_chek,
 /// id_position, and in `written` the time by which they follow each other. A receipt that was written under
 /// an earlier date stands among those that were written with it. There must be a stream.

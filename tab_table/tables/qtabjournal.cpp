@@ -30,7 +30,6 @@ QTabJournal::QTabJournal(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
 {
     recordRefusal = tr("Це записи кас: їх не додають і не змінюють.");
     list()->breakCaptions();
-    list()->expectLongLoads();
     list()->setArranging([this](RowStore &&found) { return takePage(std::move(found)); });
 }
 
@@ -117,7 +116,7 @@ bool QTabJournal::isLoading() const
 
 void QTabJournal::run(Command command)
 {
-    if (command == Command::Delete)
+    if (command != Command::Add && command != Command::Edit)
         QTab::run(command);
 }
 
@@ -148,9 +147,11 @@ void QTabJournal::seerch(const QString &text)
     m_daysPause->drop();
     m_asked = asked();
     m_asked.number = text;
-    m_askedHeading = QStringList{windowTitle(), ui->place->description()};
+    m_askedHeading = QStringList(ui->place->description());
     if (m_asked.hasDays())
         m_askedHeading.append(ui->range->description());
+    if (!text.isEmpty())
+        m_askedHeading.append(QStringLiteral("№ ") + text);
     ui->pages->restart();
     showPage();
 }
@@ -161,7 +162,13 @@ void QTabJournal::showPage()
         return;
     const int size = ui->pages->pageSize();
     m_pageRows = size == 0 ? mostRows : qMin(size, mostRows);
+    expectLongLoads(size == 0 || m_asked.hasDays());
     loadPage(m_asked, ui->pages->start(), m_pageRows);
+}
+
+void QTabJournal::expectLongLoads(bool isLong)
+{
+    list()->expectLongLoads(isLong);
 }
 
 QString QTabJournal::refusesAll(const JournalAsked &asked) const
@@ -224,10 +231,14 @@ RowStore QTabJournal::takePage(RowStore &&found)
     return page;
 }
 
+/// The title of the page stands first in the heading already.
 void QTabJournal::rowsShown()
 {
-    list()->setHeading(m_askedHeading);
+    list()->setHeading(list()->heading().mid(0, 1) + m_askedHeading);
     ui->pages->showPage(m_hasNext);
+    const bool isCut = m_hasNext && m_pageRows == mostRows;
+    ui->pages->setCountText(isCut ? tr("По %1 рядків: більше в один список не вміщається.").arg(mostRows)
+                                  : QString());
 }
 
 void QTabJournal::previousPage()

@@ -64,6 +64,8 @@ protected:
     virtual QString refusesAll(const JournalAsked &asked) const;
     /// The row of the surplus that tells of a next page.
     virtual int surplusRow(const RowStore &found) const { return found.rowCount() - 1; }
+    /// Whether the statements of the next page may take many seconds.
+    virtual void expectLongLoads(bool isLong);
     /// What loadPage() has begun beside the list is not wanted any more.
     virtual void stopLoading() {}
     /// The statement of a page asks for one row more than it has.

@@ -115,12 +115,12 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
     const int money = 9;
     const int count = 5;
     setColumns({{tr("Магазин"), 20},
-                {tr("Каса"), 10},
+                {tr("Каса"), 12},
                 {tr("Зміна №"), count, &asNumber},
                 {tr("Чек №"), 7, &asNumber},
                 {tr("Позиція в чеку"), count, &asNumber},
                 {tr("Тип транзакції"), 14},
-                {tr("Товар/Клієнт/Операція"), 36},
+                {tr("Товар/Клієнт/Операція"), 30},
                 {tr("Кількість"), money, &asQuantity},
                 {tr("Ціна"), money, &asMoney},
                 {tr("Сума"), money, &asMoney},
@@ -131,9 +131,8 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asDateTime, true}});
-    m_finder->setLong(true);
     connect(m_finder, &QueryOwner::answered, this, &QTabTransaction::takeStreams);
-    open(tr("Чек &№:"));
+    open(tr("&Чек №:"));
 }
 
 QTabTransaction::~QTabTransaction() = default;
@@ -161,8 +160,6 @@ void QTabTransaction::loadPage(const JournalAsked &asked, const QVariant &start,
     m_askedLines = asked;
     m_lines = rows;
     m_streams = start.value<ChekStreams>();
-    if (start.isValid() && needsAllStreams(asked))
-        return loadLines();
     list()->expectLoad();
     m_finder->ask({start.isValid() ? nextLinesSql(m_streams) : chekStreamsSql(asked)});
 }
@@ -186,6 +183,12 @@ void QTabTransaction::loadLines()
         showNoRows();
     else
         showRows(pageSql(m_streams, m_askedLines, m_lines + 1));
+}
+
+void QTabTransaction::expectLongLoads(bool isLong)
+{
+    QTabJournal::expectLongLoads(isLong);
+    m_finder->setLong(isLong);
 }
 
 void QTabTransaction::stopLoading()

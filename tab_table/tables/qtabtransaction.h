@@ -32,6 +32,7 @@ protected:
     QVariant keyBehind(const RowStore &rows) const override;
     int surplusRow(const RowStore &found) const override;
     QString refusesAll(const JournalAsked &asked) const override;
+    void expectLongLoads(bool isLong) override;
     void stopLoading() override;
     void rowsShown() override;
 

@@ -67,7 +67,7 @@ QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     const int count = 5;
     setColumns({{tr("Звіт №"), 5, &asNumber},
                 {tr("Магазин"), 20},
-                {tr("Каса"), 10},
+                {tr("Каса"), 12},
                 {tr("Оборот"), money, &asMoney},
                 {tr("Готівкою"), money, &asMoney},
                 {tr("Безготівка1"), money, &asMoney},
@@ -84,7 +84,7 @@ QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
                 {tr("Дата та час"), 17, &asClosingTime},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});
-    open(tr("Звіт &№:"));
+    open(tr("Зв&іт №:"));
 }
 
 /// The page is found by its keys alone, and only its rows are joined. The shifts are read in one go: by the
