@@ -194,11 +194,12 @@ bool QTabJournal::refuse()
     return true;
 }
 
+/// What is being typed meanwhile will be asked for: search() would drop it.
 void QTabJournal::showRows(const QString &sql)
 {
     query = sql;
-    search(QString());
     tellEmpty();
+    list()->load(sql);
 }
 
 void QTabJournal::showNoRows()

@@ -400,6 +400,14 @@ void TstQTabJournal::numberFindsReceipts()
     QVERIFY(m_tab->view()->hasFocus());
     pressKeys({Qt::CTRL + Qt::Key_F, Qt::Key_Escape});
     QCOMPARE(lines().size(), 5);
+    // Typed while the registers are looked for.
+    m_base->exec("LOCK TABLES cheks WRITE");
+    button("pbLoad")->click();
+    child<QLineEdit>(m_tab.get(), "leSearch")->setFocus();
+    typeText("120");
+    m_base->exec("UNLOCK TABLES");
+    QCOMPARE(lines(), QStringList({"Каса 1|120|0", "Каса 1|120|2"}));
+    pressKeys({Qt::Key_Escape});
     // More than any number of a receipt can be.
     typeText("9999999999");
     pressKeys({Qt::Key_Return});
