@@ -1,6 +1,7 @@
 #include "screenshots.h"
 
 #include "dbtasks.h"
+#include "job.h"
 #include "page.h"
 #include "qmessdlg.h"
 #include "qseluser.h"
@@ -87,6 +88,21 @@ QByteArray importedCards()
     return file;
 }
 
+/// What a supplier might send: a heading, goods that are there, a new one and one without its barcode.
+QByteArray priceList(const QAbstractItemModel &goods)
+{
+    enum { Code = 1, Name, Price };
+    QString file = Screenshots::tr("Назва;Штрихкод;Ціна\n");
+    for (int row = 0; row < qMin(60, goods.rowCount()); ++row) {
+        const auto cell = [&](int column) { return goods.index(row, column).data(Qt::EditRole).toString(); };
+        file += QStringLiteral("%1;%2;%3\n").arg(cell(Name), cell(Code), cell(Price).replace('.', ','));
+        if (row % 3 == 0)
+            file += QStringLiteral("%1;%2;1%3\n").arg(cell(Name), cell(Code), cell(Price));
+    }
+    file.insert(file.indexOf('\n') + 1, Screenshots::tr("Сир «Їжак» 350 г;4820000000031;62,4\nСир;482;60\n"));
+    return file.toUtf8();
+}
+
 bool isEmpty(const QWidget *page)
 {
     const auto lists = page->findChildren<QTableView *>();
@@ -162,7 +178,8 @@ void Screenshots::takePage(const QString &name)
         void (Screenshots::*take)(QWidget *page, const QString &name);
     } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
                   {"mz_cheks", &Screenshots::takeCheks},
-                  {"importcln", &Screenshots::takeImport}};
+                  {"importcln", &Screenshots::takeImport},
+                  {"mt_goods", &Screenshots::takeGoods}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -265,6 +282,16 @@ void Screenshots::takeImport(QWidget *import, const QString &name)
     save(m_window, name);
 }
 
+void Screenshots::takeGoods(QWidget *goods, const QString &name)
+{
+    takeList(goods, name);
+    QTemporaryFile file(QDir::temp().filePath(QStringLiteral("XXXXXX.csv")));
+    const QByteArray prices = priceList(*goods->findChild<QTableView *>()->model());
+    m_failed = !file.open() || file.write(prices) != prices.size() || !file.flush() || m_failed;
+    m_window->setImportChooser([&file] { return file.fileName(); });
+    takeModal(name + QStringLiteral("_import"), [this] { m_window->import_csv(); });
+}
+
 void Screenshots::takeEditors(QWidget *page, const QString &name)
 {
     page->findChild<QTableView *>()->selectRow(0);
@@ -280,7 +307,7 @@ void Screenshots::takeModal(const QString &name, const std::function<void()> &ac
     QTimer look;
     connect(&look, &QTimer::timeout, this, [&] {
         auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (modal == nullptr || isTaken || !DbTasks::isIdle())
+        if (modal == nullptr || isTaken || !DbTasks::isIdle() || !RunningJobs::all().jobs().isEmpty())
             return;
         isTaken = true;
         save(modal, name);

@@ -28,6 +28,8 @@ private:
     void fillReport(QWidget *report, const QString &name);
     void load(QWidget *report, const QString &name);
     void takeEditors(QWidget *page, const QString &name);
+    /// Pictures the goods, and the look at a price list.
+    void takeGoods(QWidget *goods, const QString &name);
     /// Pictures the receipt viewer with a document, and that document.
     void takeCheks(QWidget *viewer, const QString &name);
     /// Pictures a receipt with three goods, and its payment.

@@ -46,6 +46,7 @@ QVector<Figure> measureClosing(const Bench &bench);
 QVector<Figure> measureClientImport(const Bench &bench);
 QVector<Figure> measureCards(const Bench &bench);
 QVector<Figure> measureExchange(const Bench &bench);
+QVector<Figure> measurePriceList(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

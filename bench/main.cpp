@@ -36,6 +36,7 @@ const Benchmark benchmarks[] = {
     {"items", measureAgainstItems},
     {"creation", measureCards},
     {"exchange", measureExchange},
+    {"pricelist", measurePriceList},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

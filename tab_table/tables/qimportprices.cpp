@@ -6,6 +6,7 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qntableview.h"
+#include "qrowmodel.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,6 +15,8 @@
 
 namespace {
 const char *const encodings[] = {"UTF-8", "Windows-1251"};
+const int verdictColumn = 4;
+const QColor refusedColour(255, 205, 205);
 const char separators[] = {';', '\t', ',', '|'};
 
 QString separatorName(QChar separator)
@@ -45,6 +48,17 @@ QString countsText(const PriceListPlan &plan)
     if (plan.recordCount > plan.first.size())
         parts.append(QImportPrices::tr("Показано перші %1.").arg(plan.first.size()));
     return parts.join(QLatin1Char(' '));
+}
+
+/// Whatever order the list is sorted in.
+void markRefused(QRowModel *model, const PriceListPlan &plan)
+{
+    for (int row = 0; row < model->rowCount(); ++row) {
+        for (const PriceLine &line : plan.first) {
+            if (line.number == model->number(row, 0) && line.verdict >= PriceVerdict::ZeroPrice)
+                model->setRowColour(row, refusedColour);
+        }
+    }
 }
 
 RowStore rowsOf(const QVector<PriceLine> &lines)
@@ -89,13 +103,22 @@ void QImportPrices::buildLists()
     for (const char separator : separators)
         ui->cbSeparator->addItem(separatorName(QLatin1Char(separator)), QChar::fromLatin1(separator));
     ui->listFirst->setColumns({{tr("Запис"), 6, &asNumber},
-                               {tr("Назва товару"), 30},
+                               {tr("Назва товару"), 24},
                                {tr("Штрихкод"), 13},
                                {tr("Ціна у файлі"), 9},
-                               {tr("Що буде"), 30}},
+                               {tr("Що буде"), 26}},
                               QLatin1String(staticMetaObject.className()));
     ui->listFirst->setHeading({tr("Перші записи файла")});
+    ui->listFirst->view()->setMainColumn(verdictColumn);
     ui->refusedPart->hide();
+    ui->splitter->setStretchFactor(0, 3);
+    ui->splitter->setStretchFactor(1, 2);
+    // The lists are looked at here; what is refused is saved by a button of its own.
+    for (const ListPane *list : {ui->listFirst, ui->listRefused})
+        list->footer()->hide();
+    // Enter presses what has the focus and nothing else.
+    for (QPushButton *button : findChildren<QPushButton *>())
+        button->setAutoDefault(false);
     const QSize room = screen()->availableGeometry().size();
     resize(QSize(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 110, fontMetrics().height() * 36)
                .boundedTo(room * 9 / 10));
@@ -116,8 +139,7 @@ void QImportPrices::open(const QString &path, const CsvForm &wanted)
     const auto first = std::make_shared<PriceListLook>();
     first->path = path;
     first->wanted = wanted;
-    ui->labelFile->setText(QFileInfo(path).fileName());
-    ui->labelFile->setToolTip(path);
+    setWindowTitle(tr("Імпорт прайс-листа") + QStringLiteral(" – ") + QFileInfo(path).fileName());
     showForm(wanted);
     look(first);
 }
@@ -181,6 +203,7 @@ void QImportPrices::showPlan(const PriceListPlan &plan)
     ui->labelCounts->setText(countsText(plan));
     ui->labelResult->setText(plan.isEmpty() ? tr("У файлі немає нічого, що змінило б товари.") : QString());
     ui->listFirst->showRows(rowsOf(plan.first));
+    markRefused(ui->listFirst->model(), plan);
     showRefused(plan.refused);
     followWork();
     if (focusWidget() == nullptr || focusWidget() == ui->pbClose)
@@ -305,7 +328,7 @@ void QImportPrices::import()
         return importPriceList(context, *plan, outcome.get());
     };
     ui->labelResult->clear();
-    begin(Work::Importing, tr("Імпорт прайс-листа %1").arg(ui->labelFile->text()), work,
+    begin(Work::Importing, tr("Імпорт прайс-листа %1").arg(QFileInfo(m_look->path).fileName()), work,
           [this, outcome](const JobResult &result) { showOutcome(result, *outcome); });
 }
 
@@ -325,6 +348,7 @@ void QImportPrices::showOutcome(const JobResult &result, const PriceListOutcome 
 void QImportPrices::showRefused(const RefusedLines &lines)
 {
     ::showRefused(ui->listRefused, lines);
+    ui->labelRefused->setText(tr("Записи, які не імпортуються: %1").arg(wholeShown(lines.size())));
     ui->refusedPart->setVisible(!lines.isEmpty());
 }
 
