@@ -92,14 +92,14 @@ QByteArray importedCards()
 QByteArray priceList(const QAbstractItemModel &goods)
 {
     enum { Code = 1, Name, Price };
-    QString file = Screenshots::tr("Назва;Штрихкод;Ціна\n");
+    QString file = QStringLiteral("Назва;Штрихкод;Ціна\n");
     for (int row = 0; row < qMin(60, goods.rowCount()); ++row) {
         const auto cell = [&](int column) { return goods.index(row, column).data(Qt::EditRole).toString(); };
         file += QStringLiteral("%1;%2;%3\n").arg(cell(Name), cell(Code), cell(Price).replace('.', ','));
         if (row % 3 == 0)
             file += QStringLiteral("%1;%2;1%3\n").arg(cell(Name), cell(Code), cell(Price));
     }
-    file.insert(file.indexOf('\n') + 1, Screenshots::tr("Сир «Їжак» 350 г;4820000000031;62,4\nСир;482;60\n"));
+    file.insert(file.indexOf('\n') + 1, QStringLiteral("Сир «Їжак» 350 г;4820000000031;62,4\nСир;482;60\n"));
     return file.toUtf8();
 }
 

@@ -39,6 +39,14 @@ bool isBroken(const QString &text)
     return text.contains(QChar::ReplacementCharacter);
 }
 
+QString columnsRefusal(const QStringList &fields)
+{
+    const QString why = fields.first().trimmed().isEmpty()
+                            ? Texts::tr("Товар (невідомий) не знайдено. Невірна кількість колонок")
+                            : Texts::tr("Невірна кількість колонок");
+    return why + QStringLiteral(": %1").arg(fields.size());
+}
+
 /// Why that is no barcode of goods; empty when it is one.
 QString barcodeRefusal(const QString &code)
 {
@@ -85,7 +93,7 @@ public:
             judge(&line);
         } else {
             line.name = oneLine(fields);
-            line.words = Texts::tr("Невірна кількість колонок") + QStringLiteral(": %1").arg(fields.size());
+            line.words = columnsRefusal(fields);
         }
         note(line, fields);
     }

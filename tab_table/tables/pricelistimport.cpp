@@ -217,17 +217,18 @@ private:
                                                                                                 : End::Failed;
     }
 
-    /// When the answer was lost the server is asked, so that nothing is told that is not so.
+    /// Whether it is there the server is asked, so that nothing is told that is not so.
     End afterCommit()
     {
         if (isCommitRefused(m_errorNumber))
             return End::Again;
-        if (!isConnectionLost(m_errorNumber) && !m_context->isCancelled())
-            return End::Failed;
-        const auto isThere = connectAnew() ? isWritten() : std::nullopt;
+        const bool isLost = isConnectionLost(m_errorNumber);
+        const auto isThere = !isLost || connectAnew() ? isWritten() : std::nullopt;
         if (!isThere)
             return End::Unclear;
-        return *isThere ? End::Written : End::Again;
+        if (*isThere)
+            return End::Written;
+        return isLost || m_context->isCancelled() ? End::Again : End::Failed;
     }
 
     /// All of it is there or nothing: one item tells. Nothing when the server does not say.

@@ -4,9 +4,11 @@
 #include "db.h"
 #include "goodsrules.h"
 #include "listpane.h"
+#include "permissions.h"
 #include "permittedlists.h"
 #include "qaddedtgoods.h"
 #include "qimportprices.h"
+#include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "ui_qtabgoodsfilter.h"
@@ -90,7 +92,7 @@ std::unique_ptr<RecordDialog> QTabGoods::makeEditor(QString *id)
 Commands QTabGoods::commands() const
 {
     Commands offered = QTab::commands();
-    if (mayEdit())
+    if (mayEdit() && user()->maySee(Permission::ImportCsv))
         offered.insert(Command::Import, QString());
     return offered;
 }
@@ -101,6 +103,10 @@ void QTabGoods::importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget,
     // The tab may go meanwhile, and the dialog with it.
     const QPointer<QImportPrices> import = new QImportPrices(db, user(), receiver, widget);
     connect(import, &QImportPrices::imported, this, &QTabGoods::searchAgain);
+    connect(user(), &QLoadedUser::rightsChanged, import, [this, import] {
+        if (!isOffered(Command::Import))
+            import->reject();
+    });
     import->open(path, wanted);
     import->exec();
     delete import;

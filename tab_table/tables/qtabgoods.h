@@ -16,7 +16,7 @@ public:
     QTabGoods(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QTabGoods() override;
 
-    /// Who may edit goods may import a price list, too.
+    /// Who may edit goods may be allowed to import a price list, too.
     Commands commands() const override;
 
 public slots:

@@ -5,6 +5,7 @@
 #include "listpane.h"
 #include "pages.h"
 #include "permissions.h"
+#include "qimportprices.h"
 #include "qmessevent.h"
 #include "qqestion.h"
 #include "qrowmodel.h"
@@ -18,6 +19,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -68,6 +70,7 @@ private slots:
     void recordCommandsFollowTheTab();
     void listsAreReadAgain();
     void exportFollowsTheRight();
+    void importFollowsTheRightAndTheTab();
     void pagesHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
     void indexesAreOfferedAndTakenBack();
@@ -839,6 +842,71 @@ void TstVeltab::exportFollowsTheRight()
     QVERIFY(action("export_to_csv")->toolTip().contains("Список у PDF"));
     action("mz_zzvit")->trigger();
     QVERIFY(action("export_to_csv_cp1251")->isEnabled());
+}
+
+void TstVeltab::importFollowsTheRightAndTheTab()
+{
+    const QString path = m_folder->filePath("prices.csv");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("Cheese\t96385074\t1\n") > 0);
+    file.close();
+    int asked = 0;
+    const auto choose = [&] {
+        ++asked;
+        return path;
+    };
+    for (const char *rights : {"0=1 13=2 221=1", "0=1 13=1"}) {
+        addUser(rights, rights);
+        startLoggedIn(rights);
+        m_window->setImportChooser(choose);
+        action("mt_goods")->trigger();
+        QVERIFY(!action("import_csv_UTF8")->isVisible());
+        m_window->import_csv();
+        m_window->import_csv_cp1251();
+        m_window.reset();
+    }
+    QCOMPARE(asked, 0);
+
+    addUser("importer", "0=1 10=1 13=1 221=2");
+    startLoggedIn("importer");
+    m_window->setImportChooser(choose);
+    QVERIFY(!child<QMenu>(m_window.get(), "menu_import")->menuAction()->isVisible());
+    action("mt_goods")->trigger();
+    QVERIFY(child<QMenu>(m_window.get(), "menu_import")->menuAction()->isVisible());
+    const struct
+    {
+        const char *action;
+        QString encoding;
+        QChar separator;
+    } imports[] = {{"import_csv_UTF8", "UTF-8", ';'},
+                   {"import_csv_cp1251", "Windows-1251", ';'},
+                   {"import_csv_utf8_tab", "UTF-8", '\t'}};
+    for (const auto &import : imports) {
+        QVERIFY(withModal<QImportPrices>(
+            [&] { action(import.action)->trigger(); },
+            [&](QImportPrices *dialog) {
+                // The action's choice, until the file was looked at.
+                QCOMPARE(child<QComboBox>(dialog, "cbEncoding")->currentText(), import.encoding);
+                QCOMPARE(child<QComboBox>(dialog, "cbSeparator")->currentData(), QVariant(import.separator));
+                waitOutJobs();
+                QCOMPARE(child<QComboBox>(dialog, "cbSeparator")->currentData(), QVariant(QChar('\t')));
+            }));
+    }
+    QCOMPARE(asked, 3);
+    // The right goes while the dialog is open: so does the dialog.
+    QVERIFY(withModal<QImportPrices>([&] { action("import_csv_UTF8")->trigger(); },
+                                     [&](QImportPrices *dialog) {
+                                         const QPointer<QImportPrices> open = dialog;
+                                         waitOutJobs();
+                                         m_base->exec("UPDATE lst_permis SET permission=0 WHERE id_prem=221");
+                                         m_window->readRights();
+                                         waitOutTasks();
+                                         QVERIFY(!open || !open->isVisible());
+                                     }));
+    QVERIFY(!action("import_csv_UTF8")->isVisible());
+    m_base->exec("UPDATE lst_permis SET permission=1 WHERE id_prem=221");
+    action("mt_shops")->trigger();
+    QVERIFY(!action("import_csv_UTF8")->isVisible());
 }
 
 void TstVeltab::pagesHaveKeysOfTheirOwn()

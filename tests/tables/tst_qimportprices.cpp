@@ -1,13 +1,11 @@
 #include "qimportprices.h"
 
-#include "heartbeat.h"
 #include "listpane.h"
 #include "qmessdlg.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabgoods.h"
 #include "qtablebase.h"
-#include "tcpproxy.h"
 #include "workplace.h"
 
 #include <QComboBox>
@@ -40,7 +38,6 @@ private slots:
     void lostConnectionWritesOnce();
     void spoiltImportIsRepeated();
     void stoppedImportHasWrittenNothing();
-    void silentServerIsLeft();
     void whileItRunsNothingChangesIt();
     void longFilesAreOneTransaction();
     void brokenFilesAreToldAtOnce();
@@ -387,43 +384,6 @@ void TstQImportPrices::stoppedImportHasWrittenNothing()
     QCOMPARE(m_place->base.value(
                  "SELECT COUNT(*) FROM dk_shc WHERE shtrihcod IN ('2000000000008','2000000029993')"),
              QStringLiteral("2"));
-}
-
-void TstQImportPrices::silentServerIsLeft()
-{
-    const QStringList before = goods();
-    TcpProxy proxy(testServer());
-    DatabaseAddress address = proxy.address();
-    address.name = m_place->base.address().name;
-    {
-        QSqlDatabase distant = addConnection("distant", address);
-        openFile(manyRecords(2000));
-        const QString path = m_folder.filePath("prices.csv");
-        m_dialog = std::make_unique<QImportPrices>(&distant, m_place->user(), &m_place->base.heard, nullptr);
-        m_dialog->show();
-        m_dialog->open(path, CsvForm());
-        waitOutJobs();
-        QAtomicInt inserts;
-        const Sent sent([&](const QString &sql) {
-            if (sql.startsWith("INSERT INTO goods") && inserts.fetchAndAddRelaxed(1) == 1000)
-                proxy.setSilent(true);
-        });
-        answerConfirm([&] { press("pbImport"); }, true);
-        QTRY_COMPARE_WITH_TIMEOUT(inserts.loadRelaxed(), 1001, 20000);
-        Heartbeat heart;
-        QElapsedTimer sinceStop;
-        sinceStop.start();
-        press("pbStop");
-        waitOutJobs();
-        QVERIFY2(sinceStop.elapsed() < 1500, qPrintable(QString::number(sinceStop.elapsed())));
-        QVERIFY2(heart.longestGap() < 300, qPrintable(QString::number(heart.longestGap())));
-        QCOMPARE(text("labelResult"), QStringLiteral("Імпорт зупинено, у базу нічого не записано."));
-        proxy.setSilent(false);
-        m_dialog.reset();
-        waitOutTasks();
-    }
-    QSqlDatabase::removeDatabase("distant");
-    QTRY_COMPARE(goods(), before);
 }
 
 void TstQImportPrices::whileItRunsNothingChangesIt()
