@@ -21,13 +21,10 @@ QTabOnLine::QTabOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, s
     connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabOnLine::LMoveMouse);
     connect(view(), &QNTableView::RClicked, this, &QTabOnLine::RightClickSlot);
     addKey(Qt::CTRL + Qt::Key_Right, [this](const QModelIndex &index) { dragged(index.row()); });
-    addKey(Qt::CTRL + Qt::Key_R, [this](const QModelIndex &index) { launchOwn(index); });
-    const auto openMenu = [this](const QModelIndex &index) {
+    addKey(Qt::CTRL + Qt::Key_R, [this](const QModelIndex &index) {
         const QPoint corner = view()->visualRect(index).bottomLeft();
         offerLaunch(index, view()->viewport()->mapToGlobal(corner));
-    };
-    addKey(Qt::Key_Menu, openMenu);
-    addKey(Qt::SHIFT + Qt::Key_F10, openMenu);
+    });
     connect(this, &QTab::loaded, this, &QTabOnLine::readCommands);
     readCommands();
 }
@@ -99,19 +96,6 @@ void QTabOnLine::offerLaunch(const QModelIndex &index, const QPoint &place)
     });
     menu->popup(place);
     menu->setActiveAction(menu->actions().constFirst());
-}
-
-void QTabOnLine::launchOwn(const QModelIndex &index)
-{
-    if (!m_isCommandsRead) {
-        m_whenRead = [this, wanted = QPersistentModelIndex(index)] {
-            if (wanted.isValid())
-                launchOwn(wanted);
-        };
-        return;
-    }
-    if (mayLaunch(index.row()))
-        launch(ownCommand(index.row()).command, index.row());
 }
 
 void QTabOnLine::launch(const LaunchCommand &command, int row)

@@ -5,9 +5,9 @@
 #include "qtab.h"
 
 /// A list of what stands in the shops and may be connected with the head office: each row shows its state in
-/// colour, and programs are started against its address. A right click starts the row's own command when
-/// there is no other to choose from, else it opens the menu of them, as the menu key does; Ctrl+R starts the
-/// own one at once. A drag to the right, or Ctrl+Right, does what the list makes of it.
+/// colour, and programs are started against its address. A right click, or Ctrl+R, starts the row's own
+/// command when there is no other to choose from, else it opens the menu of them. What a drag to the right
+/// does, and Ctrl+Right, is the list's affair.
 class QTabOnLine : public QTab
 {
     Q_OBJECT
@@ -48,7 +48,6 @@ private:
     void addKey(int key, const std::function<void(const QModelIndex &)> &act);
     void readCommands();
     void offerLaunch(const QModelIndex &index, const QPoint &place);
-    void launchOwn(const QModelIndex &index);
 
     const int m_longestStrayDrag;
     const QVector<int> m_stateColumns;
