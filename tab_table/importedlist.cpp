@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,13 +42,14 @@ ImportedList::ImportedList(QSqlDatabase *db, const QLoadedUser *user, QObject *r
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
     m_list->open(db, user, receiver);
-    m_list->setColumns({{tr("Таблиця"), 30},
-                        {tr("Знайдено"), 10, &asNumber},
-                        {tr("Додано"), 10, &asNumber},
-                        {tr("Вже були"), 10, &asNumber},
+    m_list->setColumns({{tr("Таблиця"), 28},
+                        {tr("Знайдено"), 9, &asNumber},
+                        {tr("Додано"), 8, &asNumber},
+                        {tr("Вже були"), 9, &asNumber},
                         {tr("Не прийнято"), 12, &asNumber},
-                        {tr("Пояснення"), 60}},
+                        {tr("Пояснення"), 40}},
                        QLatin1String(staticMetaObject.className()));
+    m_list->view()->setMainColumn(5);
     m_list->setHeading({title, words});
     build(words);
     showTables(tables);
@@ -72,7 +74,8 @@ void ImportedList::build(const QString &words)
     column->addWidget(m_words);
     column->addWidget(m_list, 1);
     column->addWidget(buttons);
-    resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 22);
+    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 22);
+    resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 void ImportedList::showTables(const ImportedTables &tables)

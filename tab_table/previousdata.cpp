@@ -38,7 +38,7 @@ QString warningWords(int number, const QString &words)
 {
     switch (number) {
     case ServerError::DuplicateKey:
-        return Texts::tr("такий запис або така назва вже є");
+        return Texts::tr("така назва чи адреса вже є");
     case 1452:
         return Texts::tr("посилання на запис, якого немає");
     case 1265:
@@ -54,13 +54,18 @@ QString warningWords(int number, const QString &words)
     }
 }
 
-/// Of the statement before, each kind once: "посилання на запис, якого немає (3)".
+/// Of the statement before, each kind once: "посилання на запис, якого немає (3)". Rows of the same key are
+/// counted elsewhere.
 QString readWarnings(const Db &db)
 {
     auto warnings = db.run(QStringLiteral("SHOW WARNINGS"));
     QMap<QString, int> counts;
-    while (warnings && warnings->next())
-        ++counts[warningWords(warnings->value(1).toInt(), toText(warnings->value(2)))];
+    while (warnings && warnings->next()) {
+        const int number = warnings->value(1).toInt();
+        const QString words = toText(warnings->value(2));
+        if (number != ServerError::DuplicateKey || !words.endsWith(QLatin1String("PRIMARY'")))
+            ++counts[warningWords(number, words)];
+    }
     QStringList parts;
     for (auto kind = counts.cbegin(); kind != counts.cend(); ++kind)
         parts.append(QStringLiteral("%1 (%2)").arg(kind.key()).arg(kind.value()));
@@ -77,10 +82,26 @@ std::optional<qint64> countKnown(const Db &db, const PreviousTable &table, const
     return count ? std::make_optional(count->toLongLong()) : std::nullopt;
 }
 
-void fail(ImportedTable *imported, const JobContext &context, const QString &error)
+/// What the refusal of a whole table means; empty when the server's words have to do.
+QString failureWords(int number)
+{
+    switch (number) {
+    case 1054:
+        return Texts::tr("Будова таблиці інша, її стовпці не збігаються.") + QLatin1Char(' ');
+    case ServerError::NoSuchTable:
+        return Texts::tr("Такої таблиці немає.") + QLatin1Char(' ');
+    case 1142:
+        return Texts::tr("Немає права читати чи доповнювати цю таблицю.") + QLatin1Char(' ');
+    default:
+        return QString();
+    }
+}
+
+void fail(ImportedTable *imported, const JobContext &context, const QString &error, int number = 0)
 {
     imported->outcome = ImportedTable::Failed;
-    imported->words = context.isCancelled() ? Texts::tr("Зупинено, нічого не додано.") : error;
+    imported->words =
+        context.isCancelled() ? Texts::tr("Зупинено, нічого не додано.") : failureWords(number) + error;
     if (!context.isCancelled())
         postMessage(context.receiver(), Texts::tr("Помилка імпорту таблиці") + QLatin1Char(' ') +
                                             QLatin1String(imported->table.name) + QLatin1Char('\n') + error);
@@ -127,7 +148,7 @@ ImportedTable importTable(JobContext &context, const PreviousTable &table, const
     Transaction transaction(db);
     QString error = Texts::tr("Немає зв'язку із сервером бази даних.");
     if (!transaction || !db.attempt(copyStatement(table, target, source), &error)) {
-        fail(&imported, context, error);
+        fail(&imported, context, error, db.lastErrorNumber());
         return imported;
     }
     const bool isCounted = countRows(db, &imported, target, source) &&
