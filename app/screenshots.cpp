@@ -5,6 +5,7 @@
 #include "page.h"
 #include "qmessdlg.h"
 #include "qseluser.h"
+#include "qtablebase.h"
 #include "rangeselector.h"
 #include "veltab.h"
 
@@ -152,6 +153,7 @@ void Screenshots::takeAll()
         action->trigger();
         takePage(action->objectName());
     }
+    takeModal(QStringLiteral("mt_importBD"), [this] { m_window->tableBase()->importBD(); });
     takeModal(QStringLiteral("settings"), [this] { m_window->s_setting(); });
     takeModal(QStringLiteral("changpass"), [this] { m_window->changpass(); });
     takeModal(QStringLiteral("about"), [this] { m_window->about(); });

@@ -11,8 +11,11 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
+const int wordsColumn = 5;
+
 /// In the order of the columns.
 QStringList cellsOf(const ImportedTable &table)
 {
@@ -35,7 +38,10 @@ QStringList cellsOf(const ImportedTable &table)
 
 ImportedList::ImportedList(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver, const QString &title,
                            const QString &words, const ImportedTables &tables, QWidget *parent)
-    : QDialog(parent), m_words(new QLabel(words, this)), m_list(new ListPane(this))
+    : QDialog(parent)
+    , m_words(new QLabel(words, this))
+    , m_list(new ListPane(this))
+    , m_details(new QLabel(this))
 {
     setObjectName(QStringLiteral("ImportedList"));
     setWindowTitle(title);
@@ -49,19 +55,24 @@ ImportedList::ImportedList(QSqlDatabase *db, const QLoadedUser *user, QObject *r
                         {tr("Не прийнято"), 12, &asNumber},
                         {tr("Пояснення"), 40}},
                        QLatin1String(staticMetaObject.className()));
-    m_list->view()->setMainColumn(5);
+    m_list->view()->setMainColumn(wordsColumn, fontMetrics().averageCharWidth() * 20);
     m_list->setHeading({title, words});
-    build(words);
+    build();
     showTables(tables);
 }
 
-void ImportedList::build(const QString &words)
+void ImportedList::build()
 {
     m_words->setObjectName(QStringLiteral("labelWords"));
-    m_words->setTextFormat(Qt::PlainText);
-    m_words->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_words->setWordWrap(true);
-    m_words->setAccessibleName(words);
+    m_details->setObjectName(QStringLiteral("labelDetails"));
+    for (QLabel *label : {m_words, m_details}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setWordWrap(true);
+    }
+    // What it says comes while the window is open.
+    m_details->setMinimumHeight(fontMetrics().lineSpacing() * 2);
+    m_details->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto *buttons = new QDialogButtonBox(this);
     auto *copyAll = buttons->addButton(tr("&Копіювати все"), QDialogButtonBox::ActionRole);
     copyAll->setObjectName(QStringLiteral("pbCopy"));
@@ -73,8 +84,9 @@ void ImportedList::build(const QString &words)
     auto *column = new QVBoxLayout(this);
     column->addWidget(m_words);
     column->addWidget(m_list, 1);
+    column->addWidget(m_details);
     column->addWidget(buttons);
-    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 22);
+    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 27);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
@@ -92,6 +104,20 @@ void ImportedList::showTables(const ImportedTables &tables)
         rows.append(views);
     }
     m_list->showRows(std::move(rows));
+    connect(m_list->view()->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex &index) { showDetails(index.row()); });
+    const auto *problem = std::find_if(tables.begin(), tables.end(), [](const ImportedTable &table) {
+        return table.outcome != ImportedTable::Copied;
+    });
+    m_list->view()->selectRow(problem == tables.end() ? 0 : static_cast<int>(problem - tables.begin()));
+}
+
+/// The explanation in full: the list cuts it off.
+void ImportedList::showDetails(int row)
+{
+    const QRowModel *model = m_list->model();
+    const QString words = row < 0 ? QString() : model->stored(row, wordsColumn);
+    m_details->setText(words.isEmpty() ? words : model->stored(row, 0) + QStringLiteral(": ") + words);
 }
 
 void ImportedList::copy() const

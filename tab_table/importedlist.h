@@ -23,9 +23,11 @@ public:
     void copy() const;
 
 private:
-    void build(const QString &words);
+    void build();
     void showTables(const ImportedTables &tables);
+    void showDetails(int row);
 
-    QLabel *m_words = nullptr;
-    ListPane *m_list = nullptr;
+    QLabel *m_words;
+    ListPane *m_list;
+    QLabel *m_details;
 };

@@ -73,6 +73,7 @@ private slots:
     void importFollowsTheRightAndTheTab();
     void pagesHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
+    void launchCommandsAnswerTheMenu();
     void indexesAreOfferedAndTakenBack();
     void tuningAndSettingsDoNotCross();
     void burstOfErrorsIsOneDialog();
@@ -958,6 +959,26 @@ void TstVeltab::serviceMenuIsRevealed()
     QVERIFY(!action("mt_create_tables")->isVisible());
     answerConfirm(press, true);
     QVERIFY(action("mt_create_tables")->isVisible() && action("settings")->isVisible());
+}
+
+/// It is none of the host's tabs: the window offers it the commands first.
+void TstVeltab::launchCommandsAnswerTheMenu()
+{
+    addUser("clerk", "0=1 202=1");
+    startLoggedIn("clerk");
+    QVERIFY(!action("mt_importBD")->isVisible());
+    QVERIFY(action("comands")->isVisible());
+    action("comands")->trigger();
+    QVERIFY(action("dell")->isVisible() && !m_window->tableBase()->EditRecord());
+    QCOMPARE(answerQuestion([this] { action("dell")->trigger(); }), QString("Видалення не реалізоване!"));
+    QString title;
+    QVERIFY(withModal<QDialog>([this] { action("add")->trigger(); },
+                               [&title](QDialog *editor) { title = editor->windowTitle(); }));
+    QCOMPARE(title, QString("Додавання нового запису"));
+    m_base->exec("REPLACE INTO lst_permis SELECT id,203,1 FROM group_premission WHERE id>1");
+    m_window->readRights();
+    waitOutTasks();
+    QVERIFY(action("mt_importBD")->isVisible());
 }
 
 void TstVeltab::indexesAreOfferedAndTakenBack()

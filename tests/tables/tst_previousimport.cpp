@@ -387,6 +387,7 @@ void TstPreviousImport::userIsAskedAndTold()
         lines.at(8).startsWith(
             "Товари (goods)\t1\t\t\t\tНе скопійовано: Будова таблиці інша, її стовпці не збігаються. Unknown column 'strihcode'"),
         qPrintable(lines.at(8)));
+    QVERIFY(child<QLabel>(list, "labelDetails")->text().startsWith("Товари (goods): Не скопійовано: "));
     // A second one takes its place.
     import(true);
     QTRY_VERIFY(tabs.findChild<ImportedList *>() != list);
