@@ -145,7 +145,7 @@ void GoodsPicker::load(const QString &text)
     m_pause.drop();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->list->view()->setEmptyText(tr("Пошук…"));
-    ui->list->setEmptyText(text.isEmpty() ? tr("У магазині немає товарів для продажу.")
+    ui->list->setEmptyText(text.trimmed().isEmpty() ? tr("У магазині немає товарів для продажу.")
                                           : tr("За цими умовами нічого не знайдено."));
     ui->list->load(goodsListSql(wanted(by, text.trimmed())));
 }

@@ -51,8 +51,19 @@ QString amount(std::string_view stored)
     return quantity(whole(thousandths));
 }
 
+CellValue amountValue(std::string_view stored)
+{
+    const size_t point = stored.find('.');
+    if (point == std::string_view::npos)
+        return wholeValue(stored, CellValue::Money);
+    std::string thousandths(stored);
+    thousandths.erase(point, 1);
+    return wholeValue(thousandths, CellValue::Quantity);
+}
+
 const CellFormat asTypeName = {typeName, typeName, false};
-const CellFormat asAmount = {amount<moneyText, quantityText>, amount<moneyShown, quantityShown>, true};
+const CellFormat asAmount = {amount<moneyText, quantityText>, amount<moneyShown, quantityShown>, true,
+                             nullptr, amountValue};
 
 int typeOf(int least, int greatest)
 {

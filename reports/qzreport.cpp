@@ -184,6 +184,8 @@ void QZReport::rowsShown()
 {
     ui->cbChart->setCurrentIndex(hasSeveralShops() ? ByShop : ByDay);
     showChart();
+    ui->labelTotals->setText(totals().join(QStringLiteral("  ·  ")));
+    ui->labelTotals->setVisible(!ui->labelTotals->text().isEmpty());
 }
 
 bool QZReport::hasSeveralShops() const

@@ -24,6 +24,12 @@ QString shownMoney(std::string_view stored)
     return roundedUnits(stored, &kopecks) ? moneyShown(kopecks) : asIs(stored);
 }
 
+CellValue moneyValue(std::string_view stored)
+{
+    qint64 kopecks = 0;
+    return roundedUnits(stored, &kopecks) ? CellValue{CellValue::Money, kopecks} : CellValue();
+}
+
 QString day(std::string_view stored)
 {
     // "2026-03-01 10:00:00"
@@ -34,8 +40,8 @@ QString day(std::string_view stored)
 }
 } // namespace
 
-const CellFormat asRoundedMoney = {plainMoney, shownMoney, true};
-const CellFormat asDay = {day, day, false};
+const CellFormat asRoundedMoney = {plainMoney, shownMoney, true, nullptr, moneyValue};
+const CellFormat asDay = {day, day, false, nullptr, dayValue};
 
 bool roundedUnits(std::string_view stored, qint64 *units)
 {

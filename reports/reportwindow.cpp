@@ -34,7 +34,7 @@ void ReportWindow::takeList(ListPane *list, QPushButton *pbLoad, QPushButton *pb
     list->open(m_db, m_user, m_mainWindow);
     list->expectLongLoads();
     list->setButtons(pbLoad, pbStop);
-    list->setEmptyText(tr("немає даних"));
+    list->setEmptyText(tr("За цими умовами нічого не знайдено."));
     list->keepRowsAfterFailure();
     list->setTotals([this] { return totals(); });
     list->setArranging([this](RowStore &&found) { return arranged(std::move(found)); });

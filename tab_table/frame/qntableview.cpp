@@ -1,16 +1,40 @@
 #include "qntableview.h"
 
 #include "copiedtable.h"
+#include "qrowmodel.h"
 
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <numeric>
 
+namespace {
+/// Money below zero is red, on light and on dark; where a row or the selection has a colour of its own, its
+/// letters keep theirs.
+class MinusDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!index.data(QRowModel::MinusRole).toBool() || index.data(Qt::BackgroundRole).isValid())
+            return;
+        const bool isDark = option->palette.color(QPalette::Base).lightness() < 128;
+        option->palette.setColor(QPalette::Text,
+                                 isDark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb3, 0x14, 0x14));
+    }
+};
+} // namespace
+
 QNTableView::QNTableView(QWidget *parent) : QTableView(parent)
 {
+    setItemDelegate(new MinusDelegate(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setAlternatingRowColors(true);

@@ -32,6 +32,11 @@ qint64 numberOf(std::string_view bytes)
     return error == std::errc() && stop == end ? value : 0;
 }
 
+bool isMinus(const CellValue &value)
+{
+    return value.kind == CellValue::Money && value.number < 0;
+}
+
 bool isTextRole(int role)
 {
     return role == Qt::DisplayRole || role == Qt::EditRole || role == QRowModel::StoredRole;
@@ -188,6 +193,8 @@ QVariant QRowModel::data(const QModelIndex &index, int role) const
         return format(column).plain(cell(index.row(), column));
     case StoredRole:
         return stored(index.row(), column);
+    case MinusRole:
+        return isMinus(format(column).valueOf(cell(index.row(), column)));
     default:
         break;
     }

@@ -21,6 +21,8 @@ class QRowModel : public QStandardItemModel
 public:
     /// The text as it is stored, unformatted.
     static constexpr int StoredRole = Qt::UserRole + 100;
+    /// True for money below zero.
+    static constexpr int MinusRole = StoredRole + 1;
 
     explicit QRowModel(QObject *parent = nullptr);
     ~QRowModel() override;

@@ -66,6 +66,8 @@ void QTab::buildList(QLayout *layout)
     connect(m_list, &ListPane::rowsShown, this, [this] {
         if (countsRecords)
             m_list->setCount(model()->countNumbers(0));
+        // The filter may say something else by now.
+        m_list->setHeading(m_list->heading().mid(0, 1) + m_conditions);
         rowsShown();
     });
     connect(m_list, &ListPane::rowShown, this, &QTab::rowShown);
@@ -298,8 +300,9 @@ void QTab::loadAgain()
 
 void QTab::tellEmptyText()
 {
-    m_list->setEmptyText(filter.isEmpty() ? tr("Записів ще немає.")
-                                          : tr("За цими умовами нічого не знайдено."));
+    m_conditions = m_filterWords.of(m_filterBar);
+    m_list->setEmptyText(m_conditions.isEmpty() ? tr("Немає записів")
+                                                : tr("За цими умовами нічого не знайдено."));
 }
 
 void QTab::showInModel(QSqlQuery &q)
@@ -584,10 +587,10 @@ void QTab::setColumns(const QVector<Column> &columns)
 
 QWidget *QTab::addFilterBar()
 {
-    auto *bar = new QWidget(this);
-    bar->setObjectName(QStringLiteral("filterBar"));
-    static_cast<QVBoxLayout *>(layout())->insertWidget(0, bar);
-    return bar;
+    m_filterBar = new QWidget(this);
+    m_filterBar->setObjectName(QStringLiteral("filterBar"));
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_filterBar);
+    return m_filterBar;
 }
 
 int QTab::CSEAN13(const QString &code, int len)

@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "dbtasks.h"
+#include "filterwords.h"
 #include "page.h"
 #include "rowstore.h"
 #include "scanpace.h"
@@ -215,6 +216,10 @@ private:
     /// How often each box of the filter was filled: the newest counts.
     QHash<const QComboBox *, int> m_fillings;
     QPointer<RecordDialog> m_editor;
+    QWidget *m_filterBar = nullptr;
+    FilterWords m_filterWords;
+    /// Of the rows that were asked for last.
+    QStringList m_conditions;
     /// A record was to be added while the rows were still on their way.
     bool m_addsWhenLoaded = false;
     /// The row that is being added.

@@ -264,7 +264,7 @@ void TstFrame::failedLoadEmptiesTheGrid()
     m_base->exec("DELETE FROM day_update");
     m_tab->ShowData();
     QCOMPARE(shown().size(), 0);
-    QCOMPARE(m_tab->view()->emptyText(), QString("Записів ще немає."));
+    QCOMPARE(m_tab->view()->emptyText(), QString("Немає записів"));
 }
 
 void TstFrame::newestSearchWins()
@@ -287,7 +287,6 @@ void TstFrame::newestSearchWins()
     QCOMPARE(shown(), QStringList{"Вівторок"});
     m_tab->search(" WHERE id=3");
     QCOMPARE(shown(), QStringList());
-    QCOMPARE(m_tab->view()->emptyText(), QString("За цими умовами нічого не знайдено."));
     m_tab->search(" WHERE id=1 AND SLEEP(30)=0");
     QTest::qWait(50);
     m_tab.reset();

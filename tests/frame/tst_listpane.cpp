@@ -46,6 +46,8 @@ private slots:
     void unsortedAndAsAtFirst();
 
     void copyTakesWhatIsShown();
+    void moneyBelowZeroIsRed_data();
+    void moneyBelowZeroIsRed();
 
 private:
     void open(const QString &key = "goods");
@@ -326,6 +328,54 @@ void TstListPane::copyTakesWhatIsShown()
              qPrintable(html));
     QVERIFY2(html.contains("sdnum=\"1033;0;@\">Сіль морська кам'яна</td>"), qPrintable(html));
     QVERIFY(html.contains("<th>Ціна</th><th>Назва</th>") && !html.contains("Код"));
+}
+
+void TstListPane::moneyBelowZeroIsRed_data()
+{
+    QTest::addColumn<QColor>("paper");
+    QTest::addColumn<QColor>("letters");
+    QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(0x20, 0x20, 0x20) << QColor(Qt::white);
+}
+
+/// Legible on its paper; not the other numbers, nor rows that have a colour of their own.
+void TstListPane::moneyBelowZeroIsRed()
+{
+    QFETCH(QColor, paper);
+    QFETCH(QColor, letters);
+    QNTableView view;
+    QRowModel model;
+    model.setColumns({{"Сума", 12, &asMoney}, {"К-сть", 12, &asQuantity}});
+    RowStore rows;
+    rows.append({"-123456", "-123456"});
+    rows.append({"123456", "123456"});
+    rows.append({"-123456", "-123456"});
+    model.replaceRows(std::move(rows));
+    model.setRowColour(2, QColor(Qt::yellow));
+    view.setModel(&model);
+    view.setAlternatingRowColors(false);
+    QPalette palette;
+    palette.setColor(QPalette::Base, paper);
+    palette.setColor(QPalette::Text, letters);
+    view.setPalette(palette);
+    view.resize(400, 200);
+    const QImage picture = view.viewport()->grab().toImage();
+    // How far the reddest letter is from the paper, by its brightness; 0 where none is red.
+    const auto redness = [&](int row, int column) {
+        int contrast = 0;
+        const QRect cell = view.visualRect(model.index(row, column)).adjusted(2, 2, -2, -2);
+        for (int y = cell.top(); y <= cell.bottom(); ++y) {
+            for (int x = cell.left(); x <= cell.right(); ++x) {
+                const QColor dot = picture.pixelColor(x, y);
+                if (dot.red() - qMax(dot.green(), dot.blue()) > 60)
+                    contrast = qMax(contrast, qAbs(qGray(dot.rgb()) - qGray(paper.rgb())));
+            }
+        }
+        return contrast;
+    };
+    QVERIFY2(redness(0, 0) > 120, qPrintable(QString::number(redness(0, 0))));
+    for (const QPair<int, int> &other : {qMakePair(0, 1), qMakePair(1, 0), qMakePair(1, 1), qMakePair(2, 0)})
+        QCOMPARE(redness(other.first, other.second), 0);
 }
 
 QTEST_MAIN(TstListPane)

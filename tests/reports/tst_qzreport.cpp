@@ -180,6 +180,10 @@ void TstQZReport::figuresAreThoseOfTheShifts()
     // Not the sum of the rounded ones, 108.67.
     QVERIFY2(m_report->totals().contains("податок: 108.67"), qPrintable(m_report->totals().join('|')));
     QVERIFY(part<QLabel>("labelState")->text().startsWith("Записів: 5"));
+    const auto *line = part<QLabel>("labelTotals");
+    QVERIFY(line->isVisibleTo(m_report));
+    QVERIFY2(line->text().startsWith("Звітів: 5  ·  продаж: 664.50  ·  Оплата готівкою: "),
+             qPrintable(line->text()));
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
 
@@ -416,7 +420,7 @@ void TstQZReport::emptyRangeAndBrokenRange()
     range()->setDays(QDate(2020, 1, 1), QDate(2020, 1, 1));
     load();
     QCOMPARE(m_report->model()->rowCount(), 0);
-    QCOMPARE(m_report->view()->emptyText(), QString("немає даних"));
+    QCOMPARE(m_report->view()->emptyText(), QString("За цими умовами нічого не знайдено."));
     QVERIFY(part<TurnoverChart>("chart")->isHidden());
     range()->setDays(march2, march1);
     QCOMPARE(answerQuestion([this] { m_report->load(); }), QString("Початкова дата пізніша за кінцеву."));

@@ -1,5 +1,6 @@
 #include "workplace.h"
 
+#include "listpane.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
@@ -7,6 +8,7 @@
 #include "qtablebase.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -28,6 +30,7 @@ private slots:
     void smallLists();
     void longAddressesWidenNothing();
     void rightsAreFollowed();
+    void emptyListsNameConditionsOnlyWhereThereAreSome();
 
 private:
     void allow(int permission, int value);
@@ -143,6 +146,35 @@ void TstQTableBase::openedTabsTakeKeys()
     m_host->shops();
     m_host->Goods();
     QVERIFY2(search->hasFocus(), "a tab that is open already gets the focus too");
+}
+
+/// Conditions are what somebody has set: not the rights, nor the boxes as they are at first.
+void TstQTableBase::emptyListsNameConditionsOnlyWhereThereAreSome()
+{
+    const QString none = "Немає записів";
+    const QString noneFound = "За цими умовами нічого не знайдено.";
+    m_place->base.exec({"SET FOREIGN_KEY_CHECKS=0", "DELETE FROM goods", "DELETE FROM dk_shc",
+                        "DELETE FROM goods_shop", "DELETE FROM shops", "DELETE FROM kassa",
+                        "DELETE FROM clients", "SET FOREIGN_KEY_CHECKS=1"});
+    for (const char *tab : {"mt_goods", "mt_goods_shops", "mt_shops", "mt_kass", "mt_clients"}) {
+        openPage(m_tabs.get(), *m_place->user(), pageEntry(m_host->pages(), tab));
+        QCOMPARE(shown(), QStringList());
+        QVERIFY2(front()->view()->emptyText() == none, tab);
+        auto *search = child<QLineEdit>(front(), "leSearch");
+        search->setFocus();
+        pressKeys({Qt::Key_7});
+        QCOMPARE(shown(), QStringList());
+        QVERIFY2(front()->view()->emptyText() == noneFound, tab);
+        QVERIFY2(front()->list()->heading().constLast().endsWith(": 7"), tab);
+        pressKeys({Qt::Key_Escape});
+        QCOMPARE(shown(), QStringList());
+        QVERIFY2(front()->view()->emptyText() == none, tab);
+    }
+    m_host->Goods();
+    QCOMPARE(front()->list()->heading(), QStringList("Товари"));
+    child<QCheckBox>(front(), "chByCode")->click();
+    QCOMPARE(shown(), QStringList());
+    QCOMPARE(front()->view()->emptyText(), none);
 }
 
 void TstQTableBase::stockIsNotEditedHere()
