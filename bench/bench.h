@@ -37,6 +37,7 @@ QVector<Figure> measureSearch(const Bench &bench);
 QVector<Figure> measureMemory(const Bench &bench);
 QVector<Figure> measureAgainstItems(const Bench &bench);
 QVector<Figure> measureCsv(const Bench &bench);
+QVector<Figure> measureXlsx(const Bench &bench);
 QVector<Figure> measureStart(const Bench &bench);
 QVector<Figure> measureConnections(const Bench &bench);
 QVector<Figure> measureSale(const Bench &bench);

@@ -21,20 +21,11 @@ struct Benchmark
 
 /// Every benchmark. Each begins with goods and cards, and without shops, receipts and shifts.
 const Benchmark benchmarks[] = {
-    {"lists", measureLists},
-    {"start", measureStart},
-    {"connections", measureConnections},
-    {"search", measureSearch},
-    {"sale", measureSale},
-    {"closing", measureClosing},
-    {"csv", measureCsv},
-    {"articles", measureArticles},
-    {"reports", measureReports},
-    {"tuning", measureTuning},
-    {"import", measureClientImport},
-    {"memory", measureMemory},
-    {"items", measureAgainstItems},
-    {"creation", measureCards},
+    {"lists", measureLists},       {"start", measureStart},        {"connections", measureConnections},
+    {"search", measureSearch},     {"sale", measureSale},          {"closing", measureClosing},
+    {"csv", measureCsv},           {"xlsx", measureXlsx},          {"articles", measureArticles},
+    {"reports", measureReports},   {"tuning", measureTuning},      {"import", measureClientImport},
+    {"memory", measureMemory},     {"items", measureAgainstItems}, {"creation", measureCards},
     {"exchange", measureExchange},
     {"pricelist", measurePriceList},
 };

@@ -146,7 +146,7 @@ void GoodsPicker::load(const QString &text)
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->list->view()->setEmptyText(tr("Пошук…"));
     ui->list->setEmptyText(text.trimmed().isEmpty() ? tr("У магазині немає товарів для продажу.")
-                                          : tr("За цими умовами нічого не знайдено."));
+                                                    : tr("За цими умовами нічого не знайдено."));
     ui->list->load(goodsListSql(wanted(by, text.trimmed())));
 }
 
