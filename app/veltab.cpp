@@ -337,7 +337,7 @@ void Veltab::askAndImport(const QString &code, QChar separator)
 
 QString Veltab::chooseImport()
 {
-    const QString path =
+    QString path =
         QFileDialog::getOpenFileName(this, tr("Відкрити"), m_importFolder, tr("csv (*.csv)"));
     if (!path.isEmpty())
         m_importFolder = QFileInfo(path).path();

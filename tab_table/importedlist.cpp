@@ -94,11 +94,13 @@ void ImportedList::showTables(const ImportedTables &tables)
 {
     RowStore rows;
     for (const ImportedTable &table : tables) {
-        std::vector<QByteArray> cells;
         const QStringList texts = cellsOf(table);
+        std::vector<QByteArray> cells;
+        cells.reserve(static_cast<size_t>(texts.size()));
         for (const QString &cell : texts)
             cells.push_back(cell.toUtf8());
         std::vector<std::string_view> views;
+        views.reserve(cells.size());
         for (const QByteArray &cell : cells)
             views.emplace_back(cell.constData(), static_cast<size_t>(cell.size()));
         rows.append(views);

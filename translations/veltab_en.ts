@@ -175,8 +175,8 @@
         <translation>The database has newer data by now. The list shows what was read before.</translation>
     </message>
     <message>
-        <source>О&amp;новити</source>
-        <translation>&amp;Refresh</translation>
+        <source>Оновит&amp;и</source>
+        <translation>Re&amp;load</translation>
     </message>
 </context>
 <context>
@@ -1588,10 +1588,6 @@ Wait or contact support.</translation>
 <context>
     <name>PreviousData</name>
     <message>
-        <source>такий запис або така назва вже є</source>
-        <translation>such a record or such a name exists already</translation>
-    </message>
-    <message>
         <source>посилання на запис, якого немає</source>
         <translation>refers to a record that does not exist</translation>
     </message>
@@ -1670,6 +1666,22 @@ Wait or contact support.</translation>
     <message>
         <source> записів:</source>
         <translation> records:</translation>
+    </message>
+    <message>
+        <source>така назва чи адреса вже є</source>
+        <translation>there is such a name or address already</translation>
+    </message>
+    <message>
+        <source>Будова таблиці інша, її стовпці не збігаються.</source>
+        <translation>The table is built differently, its columns do not match.</translation>
+    </message>
+    <message>
+        <source>Такої таблиці немає.</source>
+        <translation>There is no such table.</translation>
+    </message>
+    <message>
+        <source>Немає права читати чи доповнювати цю таблицю.</source>
+        <translation>No right to read or to add to this table.</translation>
     </message>
 </context>
 <context>
@@ -1870,6 +1882,10 @@ Records that are here already will not change; the database “%1” is only rea
     <message>
         <source>Штрихкодів, які тим часом вилучили інші (пропущено):</source>
         <translation>Barcodes that others have removed meanwhile (left out):</translation>
+    </message>
+    <message>
+        <source>Товар (невідомий) не знайдено. Невірна кількість колонок</source>
+        <translation>Item (unknown) not found. Wrong number of columns</translation>
     </message>
 </context>
 <context>
@@ -3403,6 +3419,10 @@ What is counted stays; the next exchange does the rest.</translation>
         <source> – відмови.csv</source>
         <translation> – refused.csv</translation>
     </message>
+    <message>
+        <source>Записи, які не імпортуються: %1</source>
+        <translation>Records that are not imported: %1</translation>
+    </message>
 </context>
 <context>
     <name>QLoadedUser</name>
@@ -3894,6 +3914,10 @@ Restart the program!</translation>
         <source>Набране в списку ще не записано.</source>
         <translation>What was typed in the list has not been stored yet.</translation>
     </message>
+    <message>
+        <source>Немає записів</source>
+        <translation>No records</translation>
+    </message>
 </context>
 <context>
     <name>QTabClients</name>
@@ -4173,6 +4197,10 @@ Restart the program!</translation>
         <source>Це записи кас: їх не додають і не змінюють.</source>
         <translation>These are records of the registers: nobody adds or changes them.</translation>
     </message>
+    <message>
+        <source>По %1 рядків: більше в один список не вміщається.</source>
+        <translation>%1 rows each: a list holds no more.</translation>
+    </message>
 </context>
 <context>
     <name>QTabJournalFilter</name>
@@ -4181,12 +4209,12 @@ Restart the program!</translation>
         <translation>Number</translation>
     </message>
     <message>
-        <source>Лише за &amp;дні:</source>
-        <translation>Only the &amp;days:</translation>
-    </message>
-    <message>
         <source>Зупинити</source>
         <translation>Stop</translation>
+    </message>
+    <message>
+        <source>&amp;Лише за дні:</source>
+        <translation>On&amp;ly days:</translation>
     </message>
 </context>
 <context>
@@ -4385,24 +4413,8 @@ Restart the program!</translation>
         <translation>Warning.</translation>
     </message>
     <message>
-        <source>Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб записати своє, або Esc, щоб залишити це.</source>
-        <translation>While you were editing, another program stored “%1” here. Press Enter again to store yours, or Esc to keep this.</translation>
-    </message>
-    <message>
-        <source>Помилка при отриманні кількості записів таблиці</source>
-        <translation>Error while counting the records of the table</translation>
-    </message>
-    <message>
         <source>Помилка запиту</source>
         <translation>Query error</translation>
-    </message>
-    <message>
-        <source>Помилка оновлення запису.</source>
-        <translation>Error when updating the record.</translation>
-    </message>
-    <message>
-        <source>Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.</source>
-        <translation>Fill in both digits behind the point: for example 07.50 or 07.05.</translation>
     </message>
 </context>
 <context>
@@ -4497,16 +4509,16 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
         <translation>Tax</translation>
     </message>
     <message>
-        <source>Чек &amp;№:</source>
-        <translation>Receipt &amp;no.:</translation>
-    </message>
-    <message>
         <source>Записів усієї мережі забагато для одного списку: виберіть магазин або дні.</source>
         <translation>The records of the whole chain are too many for one list: choose a shop or days.</translation>
     </message>
     <message>
         <source>Помилка запиту:</source>
         <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>&amp;Чек №:</source>
+        <translation>Re&amp;ceipt №:</translation>
     </message>
 </context>
 <context>
@@ -4584,8 +4596,8 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
         <translation>Date and time</translation>
     </message>
     <message>
-        <source>Звіт &amp;№:</source>
-        <translation>Report &amp;no.:</translation>
+        <source>Зв&amp;іт №:</source>
+        <translation>Rep&amp;ort №:</translation>
     </message>
 </context>
 <context>
@@ -5017,6 +5029,10 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
         <source>Запис не знайдено id=</source>
         <translation>Record not found id=</translation>
     </message>
+    <message>
+        <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; вилучила інша програма. Нічого не збережено. Виберіть інше.</source>
+        <translation>While the editor was open, another program has removed what is chosen in &quot;%1&quot;. Nothing was saved. Choose something else.</translation>
+    </message>
 </context>
 <context>
     <name>RecordDialog</name>
@@ -5054,10 +5070,6 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
 <context>
     <name>ReportWindow</name>
     <message>
-        <source>немає даних</source>
-        <translation>no data</translation>
-    </message>
-    <message>
         <source>Попередження.</source>
         <translation>Warning.</translation>
     </message>
@@ -5068,6 +5080,10 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <message>
         <source>час: %1 с</source>
         <translation>time: %1 s</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не знайдено.</source>
+        <translation>Nothing was found under these conditions.</translation>
     </message>
 </context>
 <context>
@@ -5764,6 +5780,29 @@ before its last day!</translation>
     <message>
         <source>Читається…</source>
         <translation>Reading…</translation>
+    </message>
+</context>
+<context>
+    <name>Taxes</name>
+    <message>
+        <source>Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб записати своє, або Esc, щоб залишити це.</source>
+        <translation>While you were editing, another program stored “%1” here. Press Enter again to store yours, or Esc to keep this.</translation>
+    </message>
+    <message>
+        <source>Помилка при отриманні кількості записів таблиці</source>
+        <translation>Error while counting the records of the table</translation>
+    </message>
+    <message>
+        <source>Помилка запиту</source>
+        <translation>Query error</translation>
+    </message>
+    <message>
+        <source>Помилка оновлення запису.</source>
+        <translation>Error when updating the record.</translation>
+    </message>
+    <message>
+        <source>Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.</source>
+        <translation>Fill in both digits behind the point: for example 07.50 or 07.05.</translation>
     </message>
 </context>
 <context>

@@ -107,7 +107,7 @@ CellValue timeValue(std::string_view stored)
     const int second = stored.size() < 19 ? -1 : digits(stored.substr(17, 2));
     if (hour < 0 || minute < 0 || second < 0)
         return {};
-    return {CellValue::DateTime, value.number + (hour * 60 + minute) * 60 + second};
+    return {CellValue::DateTime, value.number + (hour * qint64(60) + minute) * 60 + second};
 }
 
 /// The text of what a format writes as bytes.
@@ -145,6 +145,6 @@ CellValue dayValue(std::string_view stored)
     const QDate day(digits(stored.substr(0, 4)), digits(stored.substr(5, 2)), digits(stored.substr(8, 2)));
     if (!day.isValid())
         return {};
-    const qint64 secondsOfDay = 24 * 60 * 60;
+    constexpr qint64 secondsOfDay = 24 * 3600LL;
     return {CellValue::Date, QDate(1970, 1, 1).daysTo(day) * secondsOfDay};
 }

@@ -63,7 +63,7 @@ CsvEncoding guessEncoding(const QByteArray &bytes, CsvEncoding wanted)
     if (foreign == 0)
         return wanted;
     // A single broken letter does not make a text of another encoding: there nearly all are broken.
-    return state.invalidChars * 2 < foreign ? CsvEncoding::Utf8 : CsvEncoding::Windows1251;
+    return state.invalidChars < foreign - state.invalidChars ? CsvEncoding::Utf8 : CsvEncoding::Windows1251;
 }
 } // namespace
 

@@ -92,7 +92,7 @@ QString ListSelection::words() const
         return {};
     const bool isCounted = m_done == m_rows.size();
     const QString unknown = QStringLiteral("…");
-    const QString selected =
+    QString selected =
         tr("Вибрано: %1").arg(isCounted || !m_countsRecords ? QString::number(m_count) : unknown);
     if (m_column < 0)
         return selected;

@@ -50,7 +50,7 @@ std::optional<QString> ownerOfName(const Db &db, const CellDraft &draft)
 
 CellWritten insertWithTypedId(const Db &db, const CellDraft &draft, const QString &id)
 {
-    const CellWritten written = insertAs(db, draft, id);
+    CellWritten written = insertAs(db, draft, id);
     if (written.outcome != CellWritten::Refused)
         return written;
     const auto sameName = ownerOfName(db, draft);
@@ -64,7 +64,7 @@ CellWritten insertWithTypedId(const Db &db, const CellDraft &draft, const QStrin
 
 CellWritten insertWithAnyId(const Db &db, const CellDraft &draft)
 {
-    const CellWritten written = insertAs(db, draft, QString());
+    CellWritten written = insertAs(db, draft, QString());
     const auto newId = written.outcome == CellWritten::Written ? db.lastInsertId() : std::nullopt;
     if (written.outcome != CellWritten::Written)
         return written;
@@ -80,7 +80,7 @@ CellWritten insertFromLowestId(const Db &db, const CellDraft &draft)
             draft.table);
         if (!id)
             return {};
-        const CellWritten written = insertAs(db, draft, *id);
+        CellWritten written = insertAs(db, draft, *id);
         if (written.outcome != CellWritten::Refused)
             return written;
         const auto sameName = ownerOfName(db, draft);

@@ -146,7 +146,7 @@ public:
     /// Packs everything; empty, or why that failed.
     QString close()
     {
-        if (const QString lost = lostRows(); !lost.isEmpty())
+        if (QString lost = lostRows(); !lost.isEmpty())
             return lost;
         const lxw_error error = workbook_close(std::exchange(m_book, nullptr));
         return error == LXW_NO_ERROR && isWholeXmlArchive(path())

@@ -189,7 +189,7 @@ void TstQTabTax::typedRateIsStored()
     QTRY_VERIFY(editor() == nullptr);
     QCOMPARE(stored(1), "ПДВ А|" + hundredths + "|ДОД А|0");
     QCOMPARE(shown(0, TaxColumn::Rate), rate);
-    QVERIFY(m_tab->view()->hasFocus());
+    QTRY_VERIFY(m_tab->view()->hasFocus());
     QCOMPARE(m_base->rows("SELECT name FROM updat WHERE updat>'2020-01-01'"), QStringList("tax"));
     QCOMPARE(m_base->heard.texts(), QStringList());
 }
