@@ -171,6 +171,7 @@ QTabTax::QTabTax(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting
     model()->setHeaderData(static_cast<int>(TaxColumn::Id), Qt::Horizontal, tr("Код"), Qt::ToolTipRole);
     connect(static_cast<QTabTaxDelegate *>(inlineEditor()), &QTabTaxDelegate::update, this,
             qOverload<bool>(&QTabTax::ShowData));
+    addSearch(QStringLiteral("(tax.name LIKE %1 OR tax.dod_name LIKE %1)"), tr("назва податку або збору"));
     list()->setEmptyText(tr("Податкових груп немає. Їх створює команда \"Створити таблиці\"."));
     ShowData(false);
 }

@@ -82,7 +82,7 @@ CellWritten writeTax(const Db &db, const CellDraft &draft)
                 Taxes::tr("Помилка оновлення запису.")))
         return {db.lastErrorNumber() == ServerError::UnknownColumn ? CellWritten::GivenUp
                                                                    : CellWritten::Failed};
-    if (!QUpdateBD().update(draft.table, *db.connection(), db.receiver()) || !t.commit())
+    if (!QUpdateBD().updateShown(QStringList(draft.table), *db.connection(), db.receiver()) || !t.commit())
         return {};
     return {CellWritten::Written, {}, id};
 }

@@ -99,6 +99,7 @@ QLineEdit *TstQTabTax::editor()
 
 QLineEdit *TstQTabTax::edit(int row, TaxColumn column)
 {
+    m_tab->view()->setFocus();
     m_tab->view()->setCurrentIndex(cell(row, column));
     pressKeys({Qt::Key_Return});
     if (!QTest::qWaitFor([this] { return editor() != nullptr && editor()->hasFocus(); }))
@@ -297,6 +298,13 @@ void TstQTabTax::levyIsRenamed()
     QTRY_COMPARE(stored(2), QString("ПДВ Б|2000|Акциз '5 \\%'|500"));
     QTRY_VERIFY(editor() == nullptr);
     QCOMPARE(shown(1, TaxColumn::LevyName), QString("Акциз '5 \\%'"));
+    auto *search = child<QLineEdit>(m_tab.get(), "leSearch");
+    search->setFocus();
+    typeText("акц 5");
+    QTRY_COMPARE(m_tab->model()->rowCount(), 1);
+    pressKeys({Qt::Key_Escape});
+    QTRY_COMPARE(m_tab->model()->rowCount(), 5);
+    QTRY_VERIFY(!m_tab->isLoading());
     // A group may have none.
     edit(1, TaxColumn::LevyName);
     pressKeys({Qt::Key_Delete, Qt::Key_Return});
