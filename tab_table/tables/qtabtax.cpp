@@ -167,7 +167,7 @@ QTabTax::QTabTax(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting
                 {tr("Назва податку"), 20},
                 {tr("Ставка податку %"), 8, &asRate},
                 {tr("Назва додаткового збору"), 20},
-                {tr("Ставка додаткового збору %"), 8, &asRate}});
+                {tr("Ставка додаткового збору %"), 18, &asRate}});
     model()->setHeaderData(static_cast<int>(TaxColumn::Id), Qt::Horizontal, tr("Код"), Qt::ToolTipRole);
     connect(static_cast<QTabTaxDelegate *>(inlineEditor()), &QTabTaxDelegate::update, this,
             qOverload<bool>(&QTabTax::ShowData));
