@@ -70,6 +70,8 @@ void ChangeWatch::buildBar()
         emit reloadWanted();
     });
     auto *line = new QHBoxLayout(m_bar);
+    // Of a small window it takes no more than a row.
+    line->setContentsMargins(line->contentsMargins().left(), 1, line->contentsMargins().right(), 1);
     line->addWidget(text, 1);
     line->addWidget(reload);
     static_cast<QVBoxLayout *>(m_list->layout())->insertWidget(1, m_bar);

@@ -10,14 +10,9 @@ namespace {
 /// Some milliseconds.
 const int rowsInSlice = 20000;
 
-bool isMoney(const CellFormat &format)
+bool isOf(CellValue::Kind kind, const CellFormat &format)
 {
-    return format.shown == asMoney.shown;
-}
-
-bool isQuantity(const CellFormat &format)
-{
-    return format.shown == asQuantity.shown;
+    return format.valueOf("0").kind == kind;
 }
 } // namespace
 
@@ -67,23 +62,28 @@ void ListSelection::addSlice()
         if (m_countsRecords && !m_records.insert(m_model->number(row, 0)).second)
             continue;
         m_count += m_countsRecords ? 1 : 0;
-        m_sum += m_column < 0 ? 0 : m_model->number(row, m_column);
+        m_sum +=
+            m_column < 0 ? 0 : m_model->format(m_column).valueOf(m_model->storedBytes(row, m_column)).number;
     }
     if (m_done < m_rows.size())
         m_next.start(0);
     emit changed();
 }
 
+/// What adds up comes before prices and the like.
 int ListSelection::summedColumn() const
 {
     const int current = m_view->currentIndex().column();
-    if (current >= 0 && (isMoney(m_model->format(current)) || isQuantity(m_model->format(current))))
-        return current;
-    for (int column = m_model->columnCount() - 1; column >= 0; --column) {
-        if (isMoney(m_model->format(column)) && !m_view->isColumnHidden(column))
+    int found = -1;
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        const CellFormat &format = m_model->format(column);
+        const bool isMoney = isOf(CellValue::Money, format) && !m_view->isColumnHidden(column);
+        if (column == current && (isMoney || isOf(CellValue::Quantity, format)))
             return column;
+        if (isMoney && (found < 0 || format.addsUp || !m_model->format(found).addsUp))
+            found = column;
     }
-    return -1;
+    return found;
 }
 
 QString ListSelection::words() const

@@ -9,8 +9,8 @@ class QNTableView;
 class QRowModel;
 
 /// How many rows of a list are selected, and what they come to: the sum of the column of money or quantities
-/// under the current cell, else of the last column of money. Many rows are added up a slice at a time, so
-/// that the window goes on.
+/// under the current cell, else of the last column of amounts, else of the last one of prices. Many rows are
+/// added up a slice at a time, so that the window goes on.
 class ListSelection : public QObject
 {
     Q_OBJECT

@@ -122,6 +122,16 @@ void TstListSelection::selectedRowsAddUp()
     QTRY_VERIFY2(words().startsWith("Вибрано: 2 "), qPrintable(words()));
     load(bills);
     QTRY_COMPARE(words(), QString());
+    // Amounts before prices, whatever stands last.
+    m_list->setColumns({{"Код", 6, &asNumber},
+                        {"Каса", 12},
+                        {"Кількість", 9, &asQuantity},
+                        {"Виручка", 20, &asSum},
+                        {"Ціна", 9, &asMoney}},
+                       "amounts");
+    load(bills);
+    pressKeys({Qt::Key_Down, Qt::CTRL + Qt::Key_A});
+    QTRY_COMPARE(words(), QString("Вибрано: 4   Сума «Виручка»: 90 072 042 547 409.91"));
 }
 
 void TstListSelection::recordsCountOnce()
