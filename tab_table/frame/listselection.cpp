@@ -4,7 +4,7 @@
 #include "qrowmodel.h"
 
 #include <QItemSelectionModel>
-#include <QLocale>
+#include <string>
 
 namespace {
 /// Some milliseconds.

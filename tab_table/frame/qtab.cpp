@@ -281,16 +281,15 @@ void QTab::search(const QString &newFilter)
 void QTab::reload()
 {
     if (m_delegate != nullptr && (m_delegate->isWriting() || m_delegate->edited().isValid())) {
-        m_note->say(tr("Спершу закінчіть назву: Enter записує, Esc скасовує."));
+        m_note->say(tr("Спершу закінчіть набране: Enter записує, Esc скасовує."));
         return;
     }
     if (m_list->isLoading())
         return;
-    m_list->keepPlace();
     if (m_typing != nullptr && m_typing->isRunning())
-        m_typing->end();
-    else
-        loadAgain();
+        return m_typing->end();
+    m_list->keepPlace();
+    loadAgain();
 }
 
 void QTab::loadAgain()

@@ -911,7 +911,7 @@ void TstQTabNames::reloadSparesTheTypedName()
     typeText("!");
     m_page->names->run(Command::Reload);
     QVERIFY(!m_page->names->isLoading() && editor() != nullptr && editor()->text().endsWith('!'));
-    QCOMPARE(note(), QString("Спершу закінчіть назву: Enter записує, Esc скасовує."));
+    QCOMPARE(note(), QString("Спершу закінчіть набране: Enter записує, Esc скасовує."));
     pressKeys({Qt::Key_Escape});
     QVERIFY(isClosed() && note().isEmpty());
     m_base->exec("INSERT INTO group_goods(id,name) VALUES(29,'Нове')");
