@@ -216,18 +216,25 @@ void QTabJournal::tellEmpty()
                                     : QTab::tr("Записів ще немає."));
 }
 
+namespace {
+RowStore without(const RowStore &rows, int left, int columns)
+{
+    RowStore others;
+    std::vector<std::string_view> cells(static_cast<size_t>(columns));
+    for (int row = 0; row < rows.rowCount(); ++row) {
+        for (int column = 0; column < columns; ++column)
+            cells[static_cast<size_t>(column)] = rows.cell(row, column);
+        if (row != left)
+            others.append(cells);
+    }
+    return others;
+}
+} // namespace
+
 RowStore QTabJournal::takePage(RowStore &&found)
 {
     m_hasNext = found.rowCount() > m_pageRows;
-    RowStore page = m_hasNext ? RowStore() : std::move(found);
-    const int surplus = m_hasNext ? surplusRow(found) : -1;
-    std::vector<std::string_view> cells(static_cast<size_t>(model()->columnCount()));
-    for (int row = 0; m_hasNext && row < found.rowCount(); ++row) {
-        for (size_t column = 0; column < cells.size(); ++column)
-            cells[column] = found.cell(row, static_cast<int>(column));
-        if (row != surplus)
-            page.append(cells);
-    }
+    RowStore page = m_hasNext ? without(found, surplusRow(found), model()->columnCount()) : std::move(found);
     m_next = keyBehind(page);
     return page;
 }
@@ -240,6 +247,11 @@ void QTabJournal::rowsShown()
     const bool isCut = m_hasNext && m_pageRows == mostRows;
     ui->pages->setCountText(isCut ? tr("По %1 рядків: більше в один список не вміщається.").arg(mostRows)
                                   : QString());
+}
+
+void QTabJournal::loadAgain()
+{
+    showPage();
 }
 
 void QTabJournal::previousPage()

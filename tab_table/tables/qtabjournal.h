@@ -73,6 +73,8 @@ protected:
     void showNoRows();
     void rowsShown() override;
     void followRights() override;
+    /// The page from where it begins; the first one with all that is newer by now.
+    void loadAgain() override;
 
 private:
     void buildFilter(const QString &numberCaption);

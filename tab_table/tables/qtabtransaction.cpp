@@ -125,7 +125,7 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
                 {tr("Ціна"), money, &asMoney},
                 {tr("Сума"), money, &asMoney},
                 {tr("Податкова група"), 8},
-                {tr("Податок"), money, &asMoney},
+                {tr("Податок"), money, &asSum},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asDateTime, true},
                 {QString(), 0, &asNumber, true},

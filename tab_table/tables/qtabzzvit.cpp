@@ -19,7 +19,12 @@ QString closingTime(std::string_view sorted)
     return sorted.substr(0, 4) == "9999" ? QTabZZvit::tr("відкрита") : asDateTime.shown(sorted);
 }
 
-const CellFormat asClosingTime = {closingTime, closingTime, false};
+CellValue closingValue(std::string_view sorted)
+{
+    return sorted.substr(0, 4) == "9999" ? CellValue() : asDateTime.valueOf(sorted);
+}
+
+const CellFormat asClosingTime = {closingTime, closingTime, false, nullptr, closingValue};
 
 /// What is sold today stands in open shifts.
 QString daysCondition(const JournalAsked &asked)
@@ -68,19 +73,19 @@ QTabZZvit::QTabZZvit(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
     setColumns({{tr("Звіт №"), 5, &asNumber},
                 {tr("Магазин"), 20},
                 {tr("Каса"), 12},
-                {tr("Оборот"), money, &asMoney},
-                {tr("Готівкою"), money, &asMoney},
-                {tr("Безготівка1"), money, &asMoney},
-                {tr("Безготівка2"), money, &asMoney},
-                {tr("Безготівка3"), money, &asMoney},
+                {tr("Оборот"), money, &asSum},
+                {tr("Готівкою"), money, &asSum},
+                {tr("Безготівка1"), money, &asSum},
+                {tr("Безготівка2"), money, &asSum},
+                {tr("Безготівка3"), money, &asSum},
                 {tr("Чеків"), count, &asNumber},
                 {tr("Чеків повернення"), count, &asNumber},
                 {tr("Чеків зі знижкою"), count, &asNumber},
                 {tr("Позицій анульовано"), count, &asNumber},
                 {tr("Чеків анульовано"), count, &asNumber},
-                {tr("Сума знижки"), money, &asMoney},
-                {tr("Внесення"), money, &asMoney},
-                {tr("Вилучення"), money, &asMoney},
+                {tr("Сума знижки"), money, &asSum},
+                {tr("Внесення"), money, &asSum},
+                {tr("Вилучення"), money, &asSum},
                 {tr("Дата та час"), 17, &asClosingTime},
                 {QString(), 0, &asNumber, true},
                 {QString(), 0, &asNumber, true}});

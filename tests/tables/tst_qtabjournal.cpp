@@ -328,6 +328,17 @@ void TstQTabJournal::newestLinesStandFirst()
                                    "Каса 1|7|2", "№ 21|1|0", "№ 21|1|2"}));
     QVERIFY(button("pbNext")->hasFocus());
     QCOMPARE(child<QLabel>(m_tab.get(), "labelPage")->text(), QString("сторінка 2"));
+    // Read again a page begins where it began; before the first one stands what is new, also of new
+    // registers.
+    const QStringList second = lines();
+    m_base->exec("INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(24,11,'Нова',0)");
+    sell(11, 24, 1, 1, "20260301130000", 0);
+    m_tab->run(Command::Reload);
+    QCOMPARE(lines(), second);
+    button("pbPrevious")->click();
+    await();
+    m_tab->run(Command::Reload);
+    QCOMPARE(lines().constFirst(), QString("Нова|1|1"));
 }
 
 void TstQTabJournal::placesNarrowTheLines()
