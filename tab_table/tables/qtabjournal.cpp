@@ -1,6 +1,7 @@
 #include "qtabjournal.h"
 #include "ui_qtabjournalfilter.h"
 
+#include "combos.h"
 #include "listpane.h"
 #include "permittedlists.h"
 #include "qloadeduser.h"
@@ -212,8 +213,11 @@ void QTabJournal::tellEmpty()
 {
     const bool isNarrowed = m_asked.hasDays() || !m_asked.number.isEmpty() ||
                             m_asked.place.group + m_asked.place.shop + m_asked.place.kass != 0;
-    list()->setEmptyText(isNarrowed ? QTab::tr("За цими умовами нічого не знайдено.")
-                                    : QTab::tr("Записів ще немає."));
+    if (user()->groups().isEmpty())
+        list()->setEmptyText(noGroupsHint());
+    else
+        list()->setEmptyText(isNarrowed ? QTab::tr("За цими умовами нічого не знайдено.")
+                                        : QTab::tr("Записів ще немає."));
 }
 
 namespace {

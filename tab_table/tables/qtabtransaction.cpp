@@ -119,7 +119,7 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
                 {tr("Зміна №"), count, &asNumber},
                 {tr("Чек №"), 7, &asNumber},
                 {tr("Позиція в чеку"), count, &asNumber},
-                {tr("Тип транзакції"), 14},
+                {tr("Тип транзакції"), 16},
                 {tr("Товар/Клієнт/Операція"), 30},
                 {tr("Кількість"), money, &asQuantity},
                 {tr("Ціна"), money, &asMoney},

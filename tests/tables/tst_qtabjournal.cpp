@@ -343,6 +343,8 @@ void TstQTabJournal::newestLinesStandFirst()
 
 void TstQTabJournal::placesNarrowTheLines()
 {
+    open<QTabTransaction>();
+    QCOMPARE(m_tab->view()->emptyText(), QString("Записів ще немає."));
     sell(10, 20, 1, 1, "20260301120001", 0);
     sell(10, 21, 1, 1, "20260301120002", 0);
     sell(11, 22, 1, 1, "20260301120003", 0);
@@ -513,6 +515,8 @@ void TstQTabJournal::lostRightsEmptyTheList()
     m_base->exec("DELETE FROM lst_group WHERE id_g_prem=1");
     QVERIFY(m_place->user()->reload(m_place->connection()));
     QCOMPARE(shown({0}), QStringList());
+    QCOMPARE(m_tab->view()->emptyText(),
+             QString("Спершу додайте групу магазинів і дозвольте її у правах користувача."));
 }
 
 void TstQTabJournal::shiftsShowTheirSums()
