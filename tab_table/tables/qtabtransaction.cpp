@@ -137,9 +137,10 @@ QTabTransaction::QTabTransaction(QSqlDatabase *db, QLoadedUser *user, QObject *r
 
 QTabTransaction::~QTabTransaction() = default;
 
+/// The joins begin with the lines of the page, whatever the server thinks of their number.
 QString QTabTransaction::pageSql(const ChekStreams &streams, const JournalAsked &asked, int lines)
 {
-    return QStringLiteral("SELECT ") + columnsSql() + QStringLiteral(" FROM ") +
+    return QStringLiteral("SELECT STRAIGHT_JOIN ") + columnsSql() + QStringLiteral(" FROM ") +
            newestLinesSql(streams, asked, lines) + tablesSql() + newestLinesOrder();
 }
 

@@ -55,7 +55,7 @@ QString startCondition(const QStringList &key)
 }
 
 const QString columnsSql = QStringLiteral(
-    "SELECT z_zvit.id_zzvit,shops.address,IFNULL(NULLIF(kassa.advertising_str,''),"
+    "SELECT STRAIGHT_JOIN z_zvit.id_zzvit,shops.address,IFNULL(NULLIF(kassa.advertising_str,''),"
     "CONCAT('№ ',z_zvit.id_kass)),IFNULL(z_zvit.Oborot_A,0)+"
     "IFNULL(z_zvit.Oborot_B,0)+IFNULL(z_zvit.Oborot_V,0)+IFNULL(z_zvit.Oborot_G,0)+"
     "IFNULL(z_zvit.Oborot_D,0)-IFNULL(z_zvit.summ_diskount,0),z_zvit.cash,z_zvit.beznal_1,"
