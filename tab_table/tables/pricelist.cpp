@@ -232,11 +232,13 @@ bool readGround(const Db &db, PriceListGround *ground)
 JobResult lookAtPriceList(JobContext &context, PriceListLook *look)
 {
     Db::letHooksHearThisThread();
+    const int kilo = 1024;
     const auto mayGoOn = [&context](qint64 done, qint64 of) {
-        context.progress(done, of);
+        context.progress(done / kilo, of / kilo);
         return !context.isCancelled();
     };
     if (look->bytes.isEmpty()) {
+        context.stage(Texts::tr("Читання, КБ"));
         const CsvBytes read = readCsvFile(look->path, PriceList::mostBytes, mayGoOn);
         if (!read.error.isEmpty())
             return {JobResult::Failed, read.error, {}};
@@ -244,6 +246,7 @@ JobResult lookAtPriceList(JobContext &context, PriceListLook *look)
     }
     if (!look->ground.isRead && !readGround(context.db(), &look->ground))
         return {};
+    context.stage(Texts::tr("Перевірка, тис. знаків"));
     const CsvForm form =
         look->isFormChosen ? look->wanted : guessCsvForm(look->bytes, look->wanted, PriceList::columns);
     look->plan = planPriceList(look->bytes, form, look->ground, mayGoOn);

@@ -137,7 +137,9 @@ private:
             codes.append(lit(change.barcode));
         for (const NewGoods &goods : m_plan.added)
             codes.append(lit(goods.barcode));
+        m_context->stage(Texts::tr("Звірка з базою"));
         for (int begin = 0; begin < codes.size(); begin += comparedAtOnce) {
+            m_context->progress(begin, codes.size());
             if (!readNow(codes.mid(begin, comparedAtOnce), &now))
                 return false;
         }
@@ -191,15 +193,16 @@ private:
     {
         if (m_draft.isEmpty())
             return true;
+        m_context->stage(Texts::tr("Записується…"));
+        m_context->progress(0, m_draft.added.size());
         for (const QString &sql : priceStatements(m_draft.prices)) {
             if (m_context->isCancelled() || !send(sql))
                 return false;
         }
         int done = 0;
         for (const NewGoods *goods : qAsConst(m_draft.added)) {
-            if (done++ % toldBetween == 0)
-                m_context->progress(m_draft.prices.size() + done,
-                                    m_draft.prices.size() + m_draft.added.size());
+            if (++done % toldBetween == 0)
+                m_context->progress(done, m_draft.added.size());
             if (m_context->isCancelled() || !send(insertGoods(*goods)) || !send(insertBarcode(*goods)))
                 return false;
         }

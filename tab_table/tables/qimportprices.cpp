@@ -109,7 +109,8 @@ void QImportPrices::buildLists()
                                {tr("Що буде"), 26}},
                               QLatin1String(staticMetaObject.className()));
     ui->listFirst->setHeading({tr("Перші записи файла")});
-    ui->listFirst->view()->setMainColumn(verdictColumn);
+    const int digit = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    ui->listFirst->view()->setMainColumn(verdictColumn, digit * 20);
     ui->refusedPart->hide();
     ui->splitter->setStretchFactor(0, 3);
     ui->splitter->setStretchFactor(1, 2);
@@ -120,8 +121,7 @@ void QImportPrices::buildLists()
     for (QPushButton *button : findChildren<QPushButton *>())
         button->setAutoDefault(false);
     const QSize room = screen()->availableGeometry().size();
-    resize(QSize(fontMetrics().horizontalAdvance(QLatin1Char('0')) * 110, fontMetrics().height() * 36)
-               .boundedTo(room * 9 / 10));
+    resize(QSize(digit * 110, fontMetrics().height() * 36).boundedTo(room * 9 / 10));
 }
 
 void QImportPrices::connectInputs()
@@ -155,12 +155,20 @@ void QImportPrices::look(const std::shared_ptr<PriceListLook> &look)
           [this, look](const JobResult &result) { showLook(*look, result); });
 }
 
+/// One that knows nothing of the file yet.
+std::shared_ptr<PriceListLook> QImportPrices::anew() const
+{
+    const auto look = std::make_shared<PriceListLook>();
+    look->path = m_look->path;
+    look->wanted = m_look->wanted;
+    return look;
+}
+
 void QImportPrices::lookAgain()
 {
     if (m_look == nullptr)
         return;
-    const auto again = std::make_shared<PriceListLook>();
-    again->path = m_look->path;
+    const auto again = anew();
     again->wanted = chosenForm();
     again->isFormChosen = true;
     // A look under way is still writing what it has found.
@@ -199,15 +207,13 @@ void QImportPrices::showLook(const PriceListLook &look, const JobResult &result)
 
 void QImportPrices::showPlan(const PriceListPlan &plan)
 {
-    m_plan = std::make_shared<const PriceListPlan>(plan);
+    m_plan = std::shared_ptr<const PriceListPlan>(m_look, &plan);
     ui->labelCounts->setText(countsText(plan));
     ui->labelResult->setText(plan.isEmpty() ? tr("У файлі немає нічого, що змінило б товари.") : QString());
     ui->listFirst->showRows(rowsOf(plan.first));
     markRefused(ui->listFirst->model(), plan);
     showRefused(plan.refused);
     followWork();
-    if (focusWidget() == nullptr || focusWidget() == ui->pbClose)
-        ui->listFirst->view()->setFocus();
 }
 
 void QImportPrices::showNothing(const QString &why)
@@ -215,7 +221,6 @@ void QImportPrices::showNothing(const QString &why)
     m_plan = nullptr;
     ui->labelCounts->setText(why);
     ui->labelResult->clear();
-    ui->labelTime->clear();
     ui->listFirst->clear();
     showRefused({});
     followWork();
@@ -269,6 +274,8 @@ void QImportPrices::stop()
 {
     if (m_work == Work::Looking) {
         leaveLooking();
+        // The job that was left may still be writing into its own.
+        m_look = anew();
         showNothing(tr("Читання файла скасовано."));
     } else if (m_job != nullptr) {
         ui->pbStop->setText(tr("Зупиняється…"));
@@ -287,7 +294,8 @@ void QImportPrices::reject()
 
 void QImportPrices::start()
 {
-    if (m_work == Work::None && m_plan != nullptr && mayImport())
+    // The right may go while the questions are open, and the dialog with it.
+    if (m_work == Work::None && m_plan != nullptr && mayImport() && isVisible())
         import();
 }
 

@@ -56,6 +56,7 @@ private:
     void connectInputs();
     void look(const std::shared_ptr<PriceListLook> &look);
     void lookAgain();
+    std::shared_ptr<PriceListLook> anew() const;
     void showLook(const PriceListLook &look, const JobResult &result);
     void showForm(const CsvForm &form);
     CsvForm chosenForm() const;

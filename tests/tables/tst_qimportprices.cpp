@@ -40,7 +40,7 @@ private slots:
     void stoppedImportHasWrittenNothing();
     void whileItRunsNothingChangesIt();
     void longFilesAreOneTransaction();
-    void brokenFilesAreToldAtOnce();
+    void stoppedAndBrokenFilesAreTold();
     void goodsTabImportsAndFollows();
 
 private:
@@ -436,8 +436,17 @@ void TstQImportPrices::longFilesAreOneTransaction()
         QString::number(count / 10 * (1050 + 1150 + 1250 + 1350 + 1450 + 1550 + 1650 + 1750 + 1850 + 1950)));
 }
 
-void TstQImportPrices::brokenFilesAreToldAtOnce()
+void TstQImportPrices::stoppedAndBrokenFilesAreTold()
 {
+    openFile("Молоко;4820000000017;12\n");
+    auto *separator = child<QComboBox>(m_dialog.get(), "cbSeparator");
+    separator->setCurrentIndex(1);
+    press("pbStop");
+    QCOMPARE(text("labelCounts"), QStringLiteral("Читання файла скасовано."));
+    QVERIFY(!child<QPushButton>(m_dialog.get(), "pbImport")->isEnabled());
+    separator->setCurrentIndex(0);
+    waitOutJobs();
+    QCOMPARE(rows("listFirst").size(), 1);
     openFile("");
     QCOMPARE(text("labelCounts"), QStringLiteral("Файл порожній."));
     openFile(QByteArray("\0\1\2", 3));
