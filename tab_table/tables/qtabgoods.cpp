@@ -102,7 +102,13 @@ void QTabGoods::importFile(QSqlDatabase *db, QObject *receiver, QWidget *widget,
 {
     // The tab may go meanwhile, and the dialog with it.
     const QPointer<QImportPrices> import = new QImportPrices(db, user(), receiver, widget);
-    connect(import, &QImportPrices::imported, this, &QTabGoods::searchAgain);
+    connect(import, &QImportPrices::imported, this, [this] {
+        // Rows on their way may be those of before.
+        if (isLoading())
+            searchAgain();
+        else
+            reload();
+    });
     connect(user(), &QLoadedUser::rightsChanged, import, [this, import] {
         if (!isOffered(Command::Import))
             import->reject();
