@@ -11,6 +11,8 @@
 
 namespace {
 constexpr int rowsBetween = 1024;
+/// With fewer a time would be shown a second too early.
+constexpr int decimalsOfDay = 12;
 /// More rows are copied as text alone: their HTML would be too long for a clipboard.
 constexpr int mostWithHtml = 2000;
 
@@ -59,7 +61,7 @@ CopiedCell cellOf(const ListSnapshot &list, int row, int column, const Writing &
     const std::string_view stored = list.stored(row, column);
     const CellValue value = format.valueOf(stored);
     if (value.kind == CellValue::Date || value.kind == CellValue::DateTime)
-        return {writing.time(value), QString::number(spreadsheetNumber(value), 'f', 9),
+        return {writing.time(value), QString::number(spreadsheetNumber(value), 'f', decimalsOfDay),
                 spreadsheetFormat(value.kind)};
     const QString plain = format.plain(stored);
     if (value.kind != CellValue::Text)
@@ -72,11 +74,12 @@ CopiedCell cellOf(const ListSnapshot &list, int row, int column, const Writing &
 
 QString htmlCell(const CopiedCell &cell)
 {
+    // A format of two parts, as that of money is, would not be understood here.
     const QString text = cell.text.toHtmlEscaped();
     if (cell.number.isEmpty())
         return QStringLiteral("<td style='mso-number-format:\"\\@\"' sdnum=\"1033;0;@\">%1</td>").arg(text);
     return QStringLiteral("<td align=\"right\" sdval=\"%1\" sdnum=\"1033;0;%2\">")
-               .arg(cell.number, QLatin1String(cell.format)) +
+               .arg(cell.number, QString::fromLatin1(cell.format).section(QLatin1Char(';'), 0, 0)) +
            text + QStringLiteral("</td>");
 }
 

@@ -56,12 +56,11 @@ void TstCopiedTable::numbersAreThoseOfTheLanguage()
                                  "7\t0012\t-1234,50\t1,500\t7,50\t01.03.2026\t01.03.2026 18:00:05\n"
                                  "8\t=1+1\tтак\t\t\t\t\n"
                                  "9\tа <б> в\t0,05\t-0,001\t0,00\t30-02-2026\tx\n"));
-    const QString money = "#,##0.00;[Red]-#,##0.00";
     // 18:00:05 is 64805 seconds of 86400.
     QCOMPARE(htmlCells(table.html.section('\n', 1, 1)),
-             QStringList({"7|0|7", "|@|0012", "-1234.50|" + money + "|-1234,50", "1.500|#,##0.000|1,500",
-                          "7.50|0.00|7,50", "46082.000000000|dd.mm.yyyy|01.03.2026",
-                          "46082.750057870|dd.mm.yyyy hh:mm:ss|01.03.2026 18:00:05"}));
+             QStringList({"7|0|7", "|@|0012", "-1234.50|#,##0.00|-1234,50", "1.500|#,##0.000|1,500",
+                          "7.50|0.00|7,50", "46082.000000000000|dd.mm.yyyy|01.03.2026",
+                          "46082.750057870369|dd.mm.yyyy hh:mm:ss|01.03.2026 18:00:05"}));
     QCOMPARE(htmlCells(table.html.section('\n', 2, 2)).at(1), QString("|@|=1+1"));
     QVERIFY(table.html.contains(">а &lt;б&gt; в</td>"));
     QCOMPARE(table.html.count("<tr>"), 4);
