@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -843,6 +844,21 @@ void TstVeltab::exportFollowsTheRight()
     QVERIFY(action("export_to_csv")->toolTip().contains("Список у PDF"));
     action("mz_zzvit")->trigger();
     QVERIFY(action("export_to_csv_cp1251")->isEnabled());
+    // Who chooses CSV hears what becomes of its barcodes.
+    const auto hintOf = [this](const char *command, const QString &ending) {
+        QString hint = "no dialog";
+        withModal<QFileDialog>([&] { action(command)->trigger(); },
+                               [&](QFileDialog *dialog) {
+                                   const auto *label = dialog->findChild<QLabel *>("labelHint");
+                                   hint = label == nullptr ? QString() : label->text();
+                                   if (dialog->defaultSuffix() != ending)
+                                       hint = "wrong ending";
+                                   dialog->reject();
+                               });
+        return hint;
+    };
+    QVERIFY(hintOf("export_to_csv_cp1251", "csv").contains("зі штрихкоду число без нулів спереду"));
+    QCOMPARE(hintOf("export_to_xlsx", "xlsx"), QString());
 }
 
 void TstVeltab::importFollowsTheRightAndTheTab()
