@@ -4,6 +4,7 @@
 #include "qqestion.h"
 
 #include <QCoreApplication>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -68,6 +69,13 @@ QString dottedAddress(const QString &text)
         number = QString::number(number.toInt());
     }
     return numbers.join(QLatin1Char('.'));
+}
+
+QString chooseProgram(QWidget *parent, const QString &title, const QString &filter, const QString &path)
+{
+    QString allFiles = Launch::tr("Усі файли (*)");
+    return QFileDialog::getOpenFileName(parent, title, path, filter + QStringLiteral(";;") + allFiles,
+                                        &allFiles);
 }
 
 bool launchProgram(QWidget *parent, QObject *receiver, const LaunchCommand &command, const QString &address)

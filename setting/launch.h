@@ -18,6 +18,8 @@ struct LaunchCommand
 
 /// Stands for the address in a command.
 inline const QLatin1String addressPlace("[{IP}]");
+/// Of the dialogs that choose a program.
+inline const QLatin1String programFilter("*.* (*.*)");
 
 /// Starts the command detached and tells whether it runs. Nothing happens for an empty path. Where the
 /// command holds "[{IP}]", the address must be four numbers from 0 to 255 with points between, and
@@ -31,6 +33,10 @@ QString commandLine(const LaunchCommand &command, const QString &address);
 /// The address with its numbers written without leading zeros, which some programs read as octal; empty
 /// for anything but four numbers from 0 to 255.
 QString dottedAddress(const QString &text);
+
+/// Asks for a program file; empty when cancelled. Beside the filter all files are offered, and shown at
+/// first: it hides names without a point.
+QString chooseProgram(QWidget *parent, const QString &title, const QString &filter, const QString &path);
 
 /// How a program is started: detached, answering whether it could be. Tests replace it.
 using ProgramStarter = std::function<bool(const QString &program, const QStringList &arguments)>;

@@ -65,7 +65,8 @@ setting::setting(const QString &directory, QWidget *parent)
 {
     ui->setupUi(this);
     chooseFile = [this](const QString &title, const QString &filter, const QString &path) {
-        return QFileDialog::getOpenFileName(this, title, path, filter);
+        return filter == programFilter ? chooseProgram(this, title, filter, path)
+                                       : QFileDialog::getOpenFileName(this, title, path, filter);
     };
     makePagesScroll();
     fillTls();
@@ -274,17 +275,17 @@ void setting::DialogPathLang()
 
 void setting::DialogShopRMousPathPrg()
 {
-    choose(ui->leShopRMousPath, tr("Вибрати програму."), QStringLiteral("*.* (*.*)"));
+    choose(ui->leShopRMousPath, tr("Вибрати програму."), programFilter);
 }
 
 void setting::DialogKassRMousPathPrg()
 {
-    choose(ui->leKassRMousPath, tr("Вибрати програму."), QStringLiteral("*.* (*.*)"));
+    choose(ui->leKassRMousPath, tr("Вибрати програму."), programFilter);
 }
 
 void setting::DialogKassLMoveMousPathPrg()
 {
-    choose(ui->leKassLMovePath, tr("Вибрати файл мови."), QStringLiteral("*.* (*.*)"));
+    choose(ui->leKassLMovePath, tr("Вибрати файл мови."), programFilter);
 }
 
 void setting::ChangeTypeDevice(int type)

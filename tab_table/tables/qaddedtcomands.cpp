@@ -3,7 +3,6 @@
 
 #include "launch.h"
 
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QSqlDatabase>
 
@@ -26,7 +25,7 @@ QAddEdtComands::QAddEdtComands(QTab *tab, QSqlDatabase *db, QString *id, QObject
     Q_UNUSED(tab)
     ui->setupUi(this);
     chooseFile = [this](const QString &title, const QString &filter, const QString &path) {
-        return QFileDialog::getOpenFileName(this, title, path, filter);
+        return chooseProgram(this, title, filter, path);
     };
     connectFields();
     load(inputs());
@@ -58,8 +57,7 @@ void QAddEdtComands::loaded()
 
 void QAddEdtComands::selPath()
 {
-    const QString path =
-        chooseFile(tr("Відкрити"), QStringLiteral("*.* (*.*)"), ui->lePath->text().trimmed());
+    const QString path = chooseFile(tr("Відкрити"), programFilter, ui->lePath->text().trimmed());
     if (!path.isEmpty() && !isReadOnly() && !isBusy())
         ui->lePath->setText(path);
 }
