@@ -337,8 +337,7 @@ void Veltab::askAndImport(const QString &code, QChar separator)
 
 QString Veltab::chooseImport()
 {
-    QString path =
-        QFileDialog::getOpenFileName(this, tr("Відкрити"), m_importFolder, tr("csv (*.csv)"));
+    QString path = QFileDialog::getOpenFileName(this, tr("Відкрити"), m_importFolder, tr("csv (*.csv)"));
     if (!path.isEmpty())
         m_importFolder = QFileInfo(path).path();
     return path;

@@ -1135,6 +1135,10 @@ Wait or contact support.</translation>
         <source>Не вірний шлях до програми:</source>
         <translation>Wrong path to the program:</translation>
     </message>
+    <message>
+        <source>Усі файли (*)</source>
+        <translation>All files (*)</translation>
+    </message>
 </context>
 <context>
     <name>LaunchMenu</name>
@@ -1886,6 +1890,22 @@ Records that are here already will not change; the database “%1” is only rea
     <message>
         <source>Товар (невідомий) не знайдено. Невірна кількість колонок</source>
         <translation>Item (unknown) not found. Wrong number of columns</translation>
+    </message>
+    <message>
+        <source>Читання, КБ</source>
+        <translation>Reading, KB</translation>
+    </message>
+    <message>
+        <source>Перевірка, тис. знаків</source>
+        <translation>Checking, thousand characters</translation>
+    </message>
+    <message>
+        <source>Звірка з базою</source>
+        <translation>Comparing with the database</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
     </message>
 </context>
 <context>
@@ -3839,10 +3859,6 @@ Restart the program!</translation>
         <translation>Query error.</translation>
     </message>
     <message>
-        <source>Записів ще немає.</source>
-        <translation>No records yet.</translation>
-    </message>
-    <message>
         <source>За цими умовами нічого не знайдено.</source>
         <translation>Nothing matches these conditions.</translation>
     </message>
@@ -3903,10 +3919,6 @@ Restart the program!</translation>
         <translation>Se&amp;arch:</translation>
     </message>
     <message>
-        <source>Спершу закінчіть назву: Enter записує, Esc скасовує.</source>
-        <translation>Finish the name first: Enter saves it, Esc drops it.</translation>
-    </message>
-    <message>
         <source>Набране не збережено.</source>
         <translation>What was typed is not saved.</translation>
     </message>
@@ -3917,6 +3929,10 @@ Restart the program!</translation>
     <message>
         <source>Немає записів</source>
         <translation>No records</translation>
+    </message>
+    <message>
+        <source>Спершу закінчіть набране: Enter записує, Esc скасовує.</source>
+        <translation>Finish what you are typing first: Enter saves it, Esc drops it.</translation>
     </message>
 </context>
 <context>
@@ -4415,6 +4431,10 @@ Restart the program!</translation>
     <message>
         <source>Помилка запиту</source>
         <translation>Query error</translation>
+    </message>
+    <message>
+        <source>назва податку або збору</source>
+        <translation>tax or levy name</translation>
     </message>
 </context>
 <context>

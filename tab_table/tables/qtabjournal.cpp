@@ -217,7 +217,7 @@ void QTabJournal::tellEmpty()
         list()->setEmptyText(noGroupsHint());
     else
         list()->setEmptyText(isNarrowed ? QTab::tr("За цими умовами нічого не знайдено.")
-                                        : QTab::tr("Записів ще немає."));
+                                        : QTab::tr("Немає записів"));
 }
 
 namespace {

@@ -5,6 +5,8 @@
 #include <QTemporaryDir>
 #include <QTextCodec>
 
+Q_DECLARE_METATYPE(CsvEncoding)
+
 /// CSV files as spreadsheets, other programs and people write them.
 class TstCsvText : public QObject
 {
@@ -151,6 +153,5 @@ void TstCsvText::whatIsNoTextIsRefused()
     QVERIFY(left.bytes.size() < 3 << 20);
 }
 
-Q_DECLARE_METATYPE(CsvEncoding)
 QTEST_MAIN(TstCsvText)
 #include "tst_csvtext.moc"

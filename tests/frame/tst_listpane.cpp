@@ -324,8 +324,7 @@ void TstListPane::copyTakesWhatIsShown()
     QCOMPARE(QGuiApplication::clipboard()->text(),
              QString("Ціна\tНазва\n19,90\tСіль морська кам'яна\n1234,50\tМолоко\n\tЯйця\n"));
     const QString html = QGuiApplication::clipboard()->mimeData()->html();
-    QVERIFY2(html.contains("sdval=\"1234.50\" sdnum=\"1033;0;#,##0.00\">1234,50</td>"),
-             qPrintable(html));
+    QVERIFY2(html.contains("sdval=\"1234.50\" sdnum=\"1033;0;#,##0.00\">1234,50</td>"), qPrintable(html));
     QVERIFY2(html.contains("sdnum=\"1033;0;@\">Сіль морська кам'яна</td>"), qPrintable(html));
     QVERIFY(html.contains("<th>Ціна</th><th>Назва</th>") && !html.contains("Код"));
 }

@@ -344,7 +344,7 @@ void TstQTabJournal::newestLinesStandFirst()
 void TstQTabJournal::placesNarrowTheLines()
 {
     open<QTabTransaction>();
-    QCOMPARE(m_tab->view()->emptyText(), QString("Записів ще немає."));
+    QCOMPARE(m_tab->view()->emptyText(), QString("Немає записів"));
     sell(10, 20, 1, 1, "20260301120001", 0);
     sell(10, 21, 1, 1, "20260301120002", 0);
     sell(11, 22, 1, 1, "20260301120003", 0);
