@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QTimer>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -152,7 +153,7 @@ bool QTabTaxDelegate::isConfirmed(QWidget *window, const QModelIndex &cell, cons
         tr("Змінити ставку"), tr("Продовжити редагування"));
     // A question that has closed leaves some window managers without an active window.
     if (open)
-        open->activateWindow();
+        QTimer::singleShot(0, open, [window] { window->activateWindow(); });
     return isWanted;
 }
 
