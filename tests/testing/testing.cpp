@@ -65,11 +65,27 @@ void startWatchdog()
 }
 Q_COREAPP_STARTUP_FUNCTION(startWatchdog)
 
-QWidget *focusWidget()
+QWidget *keyboardOwner()
 {
     QWidget *focus = QApplication::focusWidget();
-    if (focus == nullptr)
-        focus = QApplication::activeWindow();
+    return focus != nullptr ? focus : QApplication::activeWindow();
+}
+
+/// Without a display the window behind a closed box is sometimes not active again.
+void activateVisibleWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->isVisible() && showActive(window))
+            return;
+    }
+}
+
+QWidget *focusWidget()
+{
+    if (!QTest::qWaitFor([] { return keyboardOwner() != nullptr; }, 500))
+        activateVisibleWindow();
+    QWidget *focus = keyboardOwner();
     if (focus == nullptr)
         qFatal("No window has the keyboard");
     return focus;
