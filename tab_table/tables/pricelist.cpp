@@ -102,8 +102,6 @@ public:
     {
         for (const quint32 id : qAsConst(m_order)) {
             const PriceChange &change = m_changes.value(id);
-            if (change.to == change.from)
-                continue;
             m_plan->changes.push_back(change);
             if (change.to >= change.from * leap || change.to * leap <= change.from)
                 m_plan->leaps += change.from > 0 ? 1 : 0;
@@ -228,6 +226,12 @@ bool readGround(const Db &db, PriceListGround *ground)
 }
 
 } // namespace
+
+bool PriceListPlan::isEmpty() const
+{
+    return added.empty() && std::all_of(changes.begin(), changes.end(),
+                                        [](const PriceChange &change) { return change.to == change.from; });
+}
 
 JobResult lookAtPriceList(JobContext &context, PriceListLook *look)
 {

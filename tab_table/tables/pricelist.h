@@ -27,7 +27,8 @@ struct PriceLine
     QString words;
 };
 
-/// A price that is to be changed: the item's, whichever of its barcodes the file names.
+/// The price that an item is to have, whichever of its barcodes the file names. It may have it already:
+/// somebody may change it before it is written.
 struct PriceChange
 {
     int record;
@@ -79,7 +80,7 @@ struct PriceListPlan
     /// The file is no price list that can be imported; nothing else counts then.
     QString error;
 
-    bool isEmpty() const { return changes.empty() && added.empty(); }
+    bool isEmpty() const;
 };
 
 namespace PriceList {

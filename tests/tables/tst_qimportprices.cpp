@@ -32,6 +32,7 @@ private slots:
     void statementsAreAsOthersKnowThem();
     void questionsKeepThings();
     void whatOthersDoMeanwhile();
+    void priceThatWasTheSame();
     void failureLeavesEverything_data();
     void failureLeavesEverything();
     void lostConnectionWritesOnce_data();
@@ -251,6 +252,22 @@ void TstQImportPrices::whatOthersDoMeanwhile()
                          "Штрихкодів, які тим часом вилучили інші (пропущено): 1"),
         qPrintable(summary));
     QCOMPARE(rows("listRefused"), QStringList("3|00012348|цей штрихкод щойно вилучено з бази"));
+}
+
+/// It is what the file says, too, when others change it after the look.
+void TstQImportPrices::priceThatWasTheSame()
+{
+    openFile("Молоко;4820000000017;10\nХліб;4820000000024;21\n");
+    bool isDone = false;
+    const Sent sent([&](const QString &sql) {
+        if (sql.startsWith("START TRANSACTION") && !std::exchange(isDone, true))
+            m_place->base.execElsewhere("UPDATE goods SET price=1500 WHERE id=7");
+    });
+    import();
+    QCOMPARE(m_place->base.rows("SELECT id,price FROM goods WHERE id IN (7,8)"),
+             QStringList({"7|1000", "8|2100"}));
+    QVERIFY2(text("labelResult").endsWith("Цін, які тим часом змінили інші (записано ціну з файла): 1"),
+             qPrintable(text("labelResult")));
 }
 
 void TstQImportPrices::failureLeavesEverything_data()
