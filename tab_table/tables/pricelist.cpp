@@ -15,17 +15,22 @@ struct Texts
 
 const int checkedBetween = 4096;
 /// What is shown of a record that is no price record.
-const int shownCharacters = 120;
+const int shownFields = 10;
+const int shownCharacters = 60;
 const int leap = 10;
 /// What every new item gets; see the statement of pricelistimport.cpp.
 const char *const newGoodsGround =
     "SELECT (SELECT COUNT(*) FROM type_goods WHERE id=1)+(SELECT COUNT(*) FROM "
     "group_goods WHERE id=1)+(SELECT COUNT(*) FROM tax WHERE id=5)";
 
-/// A text of the file in one line.
+/// A record of the file in one line, without what separates the columns of a file: each field, so that a long
+/// name does not hide the barcode.
 QString oneLine(const QStringList &fields)
 {
-    return fields.join(QStringLiteral(" | ")).simplified().left(shownCharacters);
+    QStringList shown;
+    for (const QString &field : fields.mid(0, shownFields))
+        shown.append(field.simplified().left(shownCharacters));
+    return shown.join(QStringLiteral(" | ")).simplified().replace(QLatin1Char(';'), QLatin1Char(','));
 }
 
 bool isBlank(const QStringList &fields)
@@ -67,8 +72,8 @@ QString priceRefusal(const QString &text, qint64 *kopecks)
     qint64 thousandths = 0;
     if (!kopecksFromText(text, kopecks))
         return thousandthsFromText(text, &thousandths)
-                   ? Texts::tr("у ціні більше двох знаків після коми: %1").arg(text)
-                   : Texts::tr("ціна – не число: %1").arg(text);
+                   ? Texts::tr("у ціні більше двох знаків після коми: %1").arg(oneLine({text}))
+                   : Texts::tr("ціна – не число: %1").arg(oneLine({text}));
     if (*kopecks < 0)
         return Texts::tr("ціна від'ємна");
     return *kopecks > maximumKopecks ? Texts::tr("ціна більша за %1").arg(moneyShown(maximumKopecks))

@@ -167,6 +167,12 @@ void TstPriceList::longFilesStayBounded()
     QVERIFY2(many.error.contains("більше записів"), qPrintable(many.error));
     const PriceListPlan wide = planned(QString(100000, 'a') + ";b");
     QVERIFY(wide.refused.first().code.size() < 200);
+    // A long name does not hide what identifies the record, and nothing splits a column of a saved file.
+    const CsvForm commas{CsvEncoding::Utf8, QLatin1Char(',')};
+    const QByteArray record = QByteArray(150, 'a') + ",482;0,1;2\n";
+    const PriceListPlan odd = planPriceList(record + "b,4820000000017,1;2", commas, m_ground, nullptr);
+    QCOMPARE(odd.refused.first().code, QString(60, 'a') + " | 482,0 | 1,2");
+    QCOMPARE(odd.refused.last().reason, QStringLiteral("ціна – не число: 1,2"));
     int asked = 0;
     planPriceList(QByteArray("a;b\n").repeated(20000), CsvForm(), m_ground,
                   [&](qint64 done, qint64 of) { return done <= of && ++asked < 2; });
