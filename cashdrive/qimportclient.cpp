@@ -305,9 +305,19 @@ QString QImportClient::startRefusal() const
             .arg(wholeShown(QDbfModel::mostRows));
     if (ui->leGroup->text().isEmpty())
         return tr("Вкажіть код групи магазинів, до якої потраплять нові картки.");
-    if (!ui->chTrial->isChecked() && !m_user->mayEdit(Permission::ClientImport))
-        return tr("У вас є право лише на пробний запуск.");
-    return QString();
+    return rightRefusal(ui->chTrial->isChecked());
+}
+
+QString QImportClient::rightRefusal(bool isTrial) const
+{
+    return isTrial || m_user->mayEdit(Permission::ClientImport) ? QString()
+                                                                : tr("У вас є право лише на пробний запуск.");
+}
+
+QString QImportClient::sumsRefusal() const
+{
+    return m_user->mayEdit(Permission::ClientImport) ? QString()
+                                                     : tr("У вас немає права встановлювати суми.");
 }
 
 void QImportClient::leaveFile()
@@ -353,7 +363,10 @@ void QImportClient::decide(const std::shared_ptr<ImportPlan> &plan, bool isTrial
     }
     showRefused(plan->refused);
     const QString doubts = isTrial ? QString() : question(*plan);
-    if (doubts.isEmpty() || QMessDlg::confirm(this, tr("Імпорт клієнтів"), doubts, tr("Імпортувати")))
+    const bool isWanted =
+        doubts.isEmpty() || QMessDlg::confirm(this, tr("Імпорт клієнтів"), doubts, tr("Імпортувати"));
+    // The right may be gone by now.
+    if (isWanted && !refuse(rightRefusal(isTrial)))
         import(plan, isTrial);
     else
         ui->labelResult->setText(tr("Імпорт не розпочато, у базу нічого не записано."));
@@ -420,15 +433,15 @@ void QImportClient::setsumm()
         refuse(tr("Процес імпорту вже запущений."));
         return;
     }
-    if (!m_user->mayEdit(Permission::ClientImport)) {
-        refuse(tr("У вас немає права встановлювати суми."));
+    if (refuse(sumsRefusal()))
         return;
-    }
-    if (QMessDlg::confirm(
-            this, tr("Встановити суми клієнтів?"),
-            tr("Кожна картка дістане суму свого рівня знижки, а картки з рівнями, що не ростуть самі, – "
-               "фіксовану знижку. Змінюються всі картки мережі; доки це триває, каси на них чекають."),
-            tr("Встановити")))
+    const bool isWanted = QMessDlg::confirm(
+        this, tr("Встановити суми клієнтів?"),
+        tr("Кожна картка дістане суму свого рівня знижки, а картки з рівнями, що не ростуть самі, – "
+           "фіксовану знижку. Змінюються всі картки мережі; доки це триває, каси на них чекають."),
+        tr("Встановити"));
+    // The right may be gone by now.
+    if (isWanted && !refuse(sumsRefusal()))
         begin(Work::Summing, tr("Суми клієнтів встановлюються"), &SetSumClnt,
               [this](const JobResult &result) { tell(result); });
 }

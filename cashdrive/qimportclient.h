@@ -63,6 +63,8 @@ private:
     QString fileText() const;
     void readGroup();
     QString startRefusal() const;
+    QString rightRefusal(bool isTrial) const;
+    QString sumsRefusal() const;
     void check(bool isTrial);
     void decide(const std::shared_ptr<ImportPlan> &plan, bool isTrial);
     QString question(const ImportPlan &plan) const;

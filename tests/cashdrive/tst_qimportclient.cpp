@@ -6,6 +6,7 @@
 #include "heartbeat.h"
 #include "listpane.h"
 #include "qdbfmodel.h"
+#include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
@@ -48,6 +49,7 @@ private slots:
     void spoiltBatchIsRepeated();
     void whileItRunsNothingChangesIt();
     void viewersOnlyTry();
+    void rightThatGoesDuringAQuestion();
     void serverThatIsNotThere();
     void serverGoesForAWhile();
     void silentServerIsLeft();
@@ -542,6 +544,24 @@ void TstQImportClient::viewersOnlyTry()
     child<QCheckBox>(m_page.get(), "chTrial")->setChecked(true);
     import();
     QVERIFY(result().contains("Буде додано карток: 3,"));
+}
+
+void TstQImportClient::rightThatGoesDuringAQuestion()
+{
+    m_place->base.exec("INSERT INTO clients(id,id_procent,group_shop) VALUES(12,3,1)");
+    openFile(CardsDbf().card("10", "2").card("11", "9").bytes());
+    for (const char *button : {"pbStart", "pbSetSums"}) {
+        QVERIFY(m_place->user()->loadpermis(m_place->connection(), "admin", ""));
+        const auto start = [&] {
+            QTimer::singleShot(0, m_page.get(), [this] { m_place->user()->clear(); });
+            press(button);
+            waitOutJobs();
+        };
+        const QString why = answerQuestion([&] { answerConfirm(start, true); });
+        QVERIFY2(why.contains(QStringLiteral("прав")), qPrintable(why));
+        waitOutJobs();
+        QCOMPARE(m_place->base.rows("SELECT id,summ FROM clients"), QStringList("12|0"));
+    }
 }
 
 /// The job connects by itself: the window's connection may be long lost.
