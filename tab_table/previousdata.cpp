@@ -82,6 +82,27 @@ std::optional<qint64> countKnown(const Db &db, const PreviousTable &table, const
     return count ? std::make_optional(count->toLongLong()) : std::nullopt;
 }
 
+/// The rows of the source whose key stands in the target for something else: another rate, another address.
+/// Compared as texts in one character set, whatever those of the databases are. 0 also when the tables cannot
+/// be compared: the copy will tell why.
+qint64 countDifferent(const Db &db, const PreviousTable &table, const QString &target, const QString &source)
+{
+    if (table.meaning == nullptr)
+        return 0;
+    QStringList differences;
+    for (const QString &column : QString(QLatin1String(table.meaning)).split(QLatin1Char(',')))
+        differences.append(
+            QStringLiteral("NOT CONVERT(old.%1 USING utf8mb4)<=>CONVERT(new.%1 USING utf8mb4)").arg(column));
+    QString error;
+    auto count = db.attempt(
+        QStringLiteral("SELECT COUNT(*) FROM %1.%3 AS old JOIN %2.%3 AS new USING(%4) "
+                       "WHERE ")
+                .arg(quoted(source), quoted(target), QLatin1String(table.name), QLatin1String(table.key)) +
+            differences.join(QStringLiteral(" OR ")),
+        &error);
+    return count && count->next() ? count->value(0).toLongLong() : 0;
+}
+
 /// What the refusal of a whole table means; empty when the server's words have to do.
 QString failureWords(int number)
 {
@@ -114,7 +135,14 @@ bool countRows(const Db &db, ImportedTable *imported, const QString &target, con
     if (!added)
         return false;
     imported->added = *added;
-    imported->words = readWarnings(db);
+    const QString warnings = readWarnings(db);
+    if (imported->different > 0)
+        imported->words =
+            Texts::tr("під тим самим кодом тут інше (%1), і воно дістанеться всьому, що на цей код "
+                      "посилається")
+                .arg(imported->different);
+    if (!warnings.isEmpty())
+        imported->words += (imported->words.isEmpty() ? QString() : QStringLiteral("; ")) + warnings;
     if (*added == imported->found)
         return true;
     const auto known = countKnown(db, imported->table, target, source);
@@ -145,6 +173,8 @@ ImportedTable importTable(JobContext &context, const PreviousTable &table, const
     const QString name = QLatin1String(table.name);
     ImportedTable imported{table, ImportedTable::NotTried};
     imported.found = rowcount(db, quoted(source), name, QString());
+    // What is added is not held against itself: the target may cut it off.
+    imported.different = imported.found > 0 ? countDifferent(db, table, target, source) : 0;
     Transaction transaction(db);
     QString error = Texts::tr("Немає зв'язку із сервером бази даних.");
     if (!transaction || !db.attempt(copyStatement(table, target, source), &error)) {
@@ -213,18 +243,19 @@ std::optional<QStringList> otherDatabases(const Db &db)
 const QVector<PreviousTable> &previousTables()
 {
     static const QVector<PreviousTable> tables = {
-        {"group_shop", QT_TRANSLATE_NOOP("Page", "Групи магазинів"), "id", "id,name", "id,name"},
-        {"group_goods", QT_TRANSLATE_NOOP("Page", "Групи товарів"), "id", "id,name", "id,name"},
+        {"group_shop", QT_TRANSLATE_NOOP("Page", "Групи магазинів"), "id", "id,name", "id,name", "name"},
+        {"group_goods", QT_TRANSLATE_NOOP("Page", "Групи товарів"), "id", "id,name", "id,name", "name"},
         {"tax", QT_TRANSLATE_NOOP("Page", "Податкові групи"), "id", "id,name,pdv_proc,dod_name,dod_proc",
-         "id,name,pdv_proc,dod_name,dod_proc"},
+         "id,name,pdv_proc,dod_name,dod_proc", "pdv_proc,dod_proc"},
         {"procent", QT_TRANSLATE_NOOP("Page", "Знижки"), "id", "id,name,discount,sum,auto,block",
-         "id,name,discount,sum,auto,block"},
+         "id,name,discount,sum,auto,block", "discount"},
         // Every shop becomes an ordinary one.
         {"shops", QT_TRANSLATE_NOOP("Page", "Магазини"), "id",
          "id,address,name,group_shop,day_update,one_str_title,two_str_title,three_str_title,four_str_title,"
          "one_str_bottom,two_str_bottom,network_shop,count_day_cycle,block",
          "id,address,name,group_shop,day_update,one_str_title,two_str_title,three_str_title,four_str_title,"
-         "one_str_bottom,two_str_bottom,network_shop,1,block"},
+         "one_str_bottom,two_str_bottom,network_shop,1,block",
+         "address"},
         {"kassa", QT_TRANSLATE_NOOP("Page", "Обладнання"), "id",
          "id,id_shop,advertising_str,cashdrive_code,block",
          "id,id_shop,advertising_str,cashdrive_code,block"},

@@ -21,6 +21,9 @@ struct PreviousTable
     const char *key;
     const char *target;
     const char *source;
+    /// The columns in which a row of that key is the same thing in both databases for those that refer to it;
+    /// null where that does not matter.
+    const char *meaning = nullptr;
 };
 const QVector<PreviousTable> &previousTables();
 /// Rows whose key the target has already are left out by the server.
@@ -37,6 +40,8 @@ struct ImportedTable
     qint64 added = 0;
     /// Not added, because the target had a row of that key before.
     qint64 known = 0;
+    /// How many of them are something else there.
+    qint64 different = 0;
     /// Not added, and the target has no row of that key.
     qint64 refused = 0;
     /// For the user: why it failed, or what the server has warned of.
