@@ -214,6 +214,14 @@ QString summary(const QString &opening, const ImportedTables &tables)
     QStringList sentences{opening, Texts::tr("Додано записів: %1.").arg(added)};
     if (refused > 0)
         sentences.append(Texts::tr("Не прийнято записів: %1.").arg(refused));
+    QStringList different;
+    for (const ImportedTable &each : tables) {
+        if (each.different > 0 && each.outcome == ImportedTable::Copied)
+            different.append(QCoreApplication::translate("Page", each.table.caption));
+    }
+    if (!different.isEmpty())
+        sentences.append(
+            Texts::tr("Під тими самими кодами тут інше: %1.").arg(different.join(QStringLiteral(", "))));
     const QStringList failed = namesOf(tables, ImportedTable::Failed) +
                                namesOf(tables, ImportedTable::Unclear) +
                                namesOf(tables, ImportedTable::NotTried);

@@ -176,8 +176,9 @@ void TstPreviousImport::untidyDataAreCopied()
 
     const JobResult result = run();
     QCOMPARE(result.outcome, JobResult::Done);
-    QCOMPARE(result.words, QString("Імпорт таблиць завершено. Додано записів: 11. Не прийнято записів: 7. Не "
-                                   "скопійовано: Товари."));
+    QCOMPARE(result.words, QString("Імпорт таблиць завершено. Додано записів: 11. Не прийнято записів: 7. "
+                                   "Під тими самими кодами тут інше: Групи магазинів, Податкові групи, "
+                                   "Знижки, Магазини. Не скопійовано: Товари."));
     QCOMPARE(told(), QStringList({"group_shop 5 2 2 1", "group_goods 2 1 1 0", "tax 2 1 1 0",
                                   "procent 3 1 1 1", "shops 5 2 1 2", "kassa 3 2 0 1", "goods failed",
                                   "goods_shop 1 0 0 1", "clients 3 2 0 1"}));
