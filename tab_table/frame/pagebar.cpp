@@ -35,6 +35,7 @@ int PageBar::pageSize() const
 void PageBar::restart()
 {
     m_starts = {Start()};
+    m_shownStarts = m_starts;
 }
 
 void PageBar::goOn(const QVariant &start, int rows)
@@ -52,9 +53,16 @@ bool PageBar::goBack()
 
 void PageBar::showPage(bool hasNext)
 {
+    m_shownStarts = m_starts;
     ui->labelPage->setText(tr("сторінка %1").arg(m_starts.size()));
     ui->pbPrevious->setEnabled(m_starts.size() > 1);
     ui->pbNext->setEnabled(hasNext);
+}
+
+void PageBar::stayOnPage(bool hasNext)
+{
+    m_starts = m_shownStarts;
+    showPage(hasNext);
 }
 
 void PageBar::setCountText(const QString &text)

@@ -34,6 +34,9 @@ public:
     bool goBack();
     /// The rows of the page stand in the list: whether more follow.
     void showPage(bool hasNext);
+    /// The page that was gone to does not come: the one in the list stays. Behind a restart the rows in the
+    /// list are of no page.
+    void stayOnPage(bool hasNext);
     /// What is known of the number of all rows.
     void setCountText(const QString &text);
 
@@ -60,4 +63,6 @@ private:
     std::unique_ptr<Ui::PageBar> ui;
     /// Of the pages up to the one that is shown.
     QVector<Start> m_starts = {Start()};
+    /// Of those up to the one in the list.
+    QVector<Start> m_shownStarts = m_starts;
 };

@@ -56,7 +56,10 @@ void QTabJournal::buildFilter(const QString &numberCaption)
     ui->range->setEnabled(false);
     ui->place->open(db().connection()->connectionName(), receiver());
     list()->setButtons(nullptr, ui->pbStop);
-    connect(ui->pbStop, &QPushButton::clicked, this, &QTabJournal::stopLoading);
+    connect(ui->pbStop, &QPushButton::clicked, this, [this] {
+        stopLoading();
+        ui->pages->stayOnPage(m_hasNext);
+    });
     limitTo(ui->leSearch, "[0-9]{0,10}");
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
 }
@@ -154,6 +157,8 @@ void QTabJournal::seerch(const QString &text)
     if (!text.isEmpty())
         m_askedHeading.append(QStringLiteral("№ ") + text);
     ui->pages->restart();
+    // The rows of another search do not go on with those of this one, should it be stopped.
+    m_hasNext = false;
     showPage();
 }
 

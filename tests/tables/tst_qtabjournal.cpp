@@ -40,6 +40,7 @@ private slots:
     void linesLeadToTheirReceipt();
     void failedSearchIsTold();
     void searchIsStopped();
+    void leafingIsStopped();
     void lostRightsEmptyTheList();
 
     void shiftsShowTheirSums();
@@ -500,6 +501,38 @@ void TstQTabJournal::searchIsStopped()
     QCOMPARE(lines(), before);
     QVERIFY(button("pbStop")->isHidden());
     QCOMPARE(child<QLabel>(m_tab.get(), "labelState")->text(), QString("Завантаження зупинено."));
+}
+
+/// The pages go on from the rows that stand in the list.
+void TstQTabJournal::leafingIsStopped()
+{
+    m_base->exec(
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,data_time) SELECT seq,10,20,'2026-02-01'+INTERVAL "
+        "seq DAY FROM seq_1_to_8");
+    open<QTabZZvit>();
+    child<QLineEdit>(m_tab.get(), "lePage")->setText("2");
+    button("pbLoad")->click();
+    await();
+    button("pbNext")->click();
+    QCOMPARE(shown({0}), QStringList({"6", "5"}));
+    const auto stop = [this](const std::function<void()> &load) {
+        m_base->exec("LOCK TABLES z_zvit WRITE");
+        load();
+        button("pbStop")->click();
+        m_base->exec("UNLOCK TABLES");
+    };
+    stop([this] { button("pbPrevious")->click(); });
+    QCOMPARE(child<QLabel>(m_tab.get(), "labelPage")->text(), QString("сторінка 2"));
+    stop([this] { button("pbNext")->click(); });
+    button("pbNext")->click();
+    QCOMPARE(shown({0}), QStringList({"4", "3"}));
+    button("pbPrevious")->click();
+    QCOMPARE(shown({0}), QStringList({"6", "5"}));
+    // Rows of another search have no next ones.
+    stop([this] { m_tab->seerch("1"); });
+    QVERIFY(!button("pbNext")->isEnabled() && !button("pbPrevious")->isEnabled());
+    m_tab->run(Command::Reload);
+    QCOMPARE(shown({0}), QStringList("1"));
 }
 
 void TstQTabJournal::lostRightsEmptyTheList()
