@@ -75,6 +75,7 @@ void ChangeWatch::buildBar()
     line->addWidget(text, 1);
     line->addWidget(reload);
     static_cast<QVBoxLayout *>(m_list->layout())->insertWidget(1, m_bar);
+    QWidget::setTabOrder(m_list->view(), reload);
     m_bar->hide();
 }
 
@@ -116,9 +117,15 @@ void ChangeWatch::ask()
                  });
 }
 
+/// The rows stay where they are, but for a current one that the bar would cover.
 void ChangeWatch::tell()
 {
+    QNTableView *view = m_list->view();
+    const bool isSeen = view->viewport()->rect().intersects(view->visualRect(view->currentIndex()));
     m_bar->show();
+    m_list->layout()->activate();
+    if (isSeen)
+        view->scrollTo(view->currentIndex());
     QAccessibleEvent event(m_bar, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }

@@ -51,6 +51,7 @@ private slots:
 
     void othersAreTold_data();
     void othersAreTold();
+    void theBarCoversNoCurrentRow();
     void ownSavesAreNoNews();
     void theSecondOfALoad();
     void nobodyLooks();
@@ -174,6 +175,19 @@ void TstChangeWatch::othersAreTold()
     QCOMPARE(wanted.count(), 1);
     load();
     QVERIFY(!isTold() && m_page->list->model()->rowCount() == 3);
+}
+
+void TstChangeWatch::theBarCoversNoCurrentRow()
+{
+    m_base->exec("INSERT INTO goods(id,name,tax) SELECT seq,'Ще',1 FROM seq_3_to_99");
+    load();
+    QNTableView *view = m_page->list->view();
+    view->setCurrentIndex(m_page->list->model()->index(view->rowAt(view->viewport()->height() - 1), 1));
+    view->scrollTo(view->currentIndex());
+    QVERIFY(waitForQuestions(1));
+    stampElsewhere("goods", -1);
+    QTRY_VERIFY(isTold());
+    QVERIFY(view->viewport()->rect().contains(view->visualRect(view->currentIndex())));
 }
 
 void TstChangeWatch::ownSavesAreNoNews()
