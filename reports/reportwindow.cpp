@@ -126,8 +126,8 @@ void ReportWindow::run(Command command)
 {
     if (command != Command::Reload || m_list->isLoading())
         return;
-    m_list->keepPlace();
     load();
+    m_list->keepPlace();
 }
 
 void ReportWindow::loadList(const QString &sql, const QStringList &heading, const QString &numberSql)

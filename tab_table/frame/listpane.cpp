@@ -151,6 +151,7 @@ bool ListPane::isLoading() const
 void ListPane::expectLoad()
 {
     endLoad();
+    m_keepsPlace = false;
     m_isExpecting = true;
     showState(tr("Завантаження…"), true);
 }
@@ -161,6 +162,7 @@ void ListPane::load(const QString &sql, const QString &numberSql, const QString 
     m_numberSql = numberSql;
     m_failure = failure.isEmpty() ? tr("Помилка запиту:") : failure;
     m_clock.start();
+    m_keepsPlace = m_keepsPlace && m_isExpecting;
     endLoad();
     showState(tr("Завантаження…"), true);
     // Before the rows, so that no change falls between them and the time they were read at.
@@ -179,6 +181,7 @@ void ListPane::stop()
     if (!isLoading())
         return;
     endLoad();
+    m_keepsPlace = false;
     showState(tr("Завантаження зупинено."), false);
 }
 

@@ -62,8 +62,9 @@ public:
     void expectLoad();
     /// Sends the statements of the last load once more; nothing when there was none.
     void loadAgain();
-    /// The next rows are the same ones read again: the current row and what is seen of the list stay.
-    void keepPlace() { m_keepsPlace = true; }
+    /// The rows on their way are the same ones read again: the current row and what is seen of the list stay,
+    /// unless another load takes their place.
+    void keepPlace() { m_keepsPlace = isLoading(); }
     /// When the tables of the rows in the list were changed last; empty for rows that were read elsewhere.
     const QVector<TableTime> &readTimes() const { return m_readTimes; }
     /// Ends a load on its way; the list stays as it was.

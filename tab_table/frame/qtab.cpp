@@ -288,8 +288,8 @@ void QTab::reload()
         return;
     if (m_typing != nullptr && m_typing->isRunning())
         return m_typing->end();
-    m_list->keepPlace();
     loadAgain();
+    m_list->keepPlace();
 }
 
 void QTab::loadAgain()
