@@ -199,6 +199,11 @@ void QTabTax::Add()
         QQestion::question(window(), tr("Попередження."), fiveGroups(), true);
 }
 
+void QTabTax::loadAgain()
+{
+    ShowData(false);
+}
+
 void QTabTax::ShowData(bool isWritten)
 {
     if (isWritten) {

@@ -51,6 +51,9 @@ public slots:
     void ShowData(bool isWritten);
     void Add() override;
 
+protected:
+    void loadAgain() override;
+
 private:
     void refresh(const RowStore &taxes);
 

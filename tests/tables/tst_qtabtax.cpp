@@ -402,7 +402,8 @@ void TstQTabTax::hurriedHandsOnASlowLine()
 void TstQTabTax::unreadableTable()
 {
     m_base->exec("RENAME TABLE tax TO away");
-    m_tab->ShowData(false);
+    m_tab = std::make_unique<QTabTax>(m_place->connection(), m_place->user(), &m_base->heard,
+                                      m_place->settings(), nullptr);
     QTRY_VERIFY(!m_tab->isLoading());
     const auto errors = m_base->heard.texts(QMessEvent::Critical);
     m_base->exec("RENAME TABLE away TO tax");
@@ -410,7 +411,7 @@ void TstQTabTax::unreadableTable()
     QVERIFY2(errors.first().startsWith("Помилка при отриманні кількості записів таблиці tax"),
              qPrintable(errors.first()));
     QCOMPARE(m_tab->model()->rowCount(), 0);
-    m_tab->ShowData(false);
+    m_tab->run(Command::Reload);
     QTRY_COMPARE(m_tab->model()->rowCount(), 5);
 }
 
