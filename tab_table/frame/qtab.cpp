@@ -101,6 +101,7 @@ void QTab::setSearchField(QLineEdit *field, const std::function<void(const QStri
     m_typing->follow(field);
     connect(m_typing, &TypingPause::ended, this, [field, find] { find(field->text()); });
     setFocusProxy(field);
+    leadIntoList();
     field->installEventFilter(this);
     auto *shortcut =
         new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
@@ -108,6 +109,16 @@ void QTab::setSearchField(QLineEdit *field, const std::function<void(const QStri
         field->setFocus(Qt::ShortcutFocusReason);
         field->selectAll();
     });
+}
+
+/// Tab would never get to a list that was made before the filter, as the tab itself sends the keyboard to the
+/// filter: who gets a parent is the last one that Tab leads to.
+void QTab::leadIntoList()
+{
+    auto *rows = static_cast<QVBoxLayout *>(layout());
+    const int place = rows->indexOf(m_list);
+    m_list->setParent(nullptr);
+    rows->insertWidget(place, m_list);
 }
 
 void QTab::addSearch(const QString &condition, const QString &what)
@@ -123,7 +134,6 @@ void QTab::addSearch(const QString &condition, const QString &what)
     label->setBuddy(field);
     line->addWidget(label);
     line->addWidget(field, 1);
-    setTabOrder(field, view());
     setSearchField(field, [this, condition](const QString &text) { findWords(condition, text); });
 }
 

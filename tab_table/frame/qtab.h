@@ -193,6 +193,7 @@ protected:
 
 private:
     void buildList(QLayout *layout);
+    void leadIntoList();
     void enterList();
     void findWords(const QString &condition, const QString &text);
     bool takesScan(const QKeyEvent &key);

@@ -6,10 +6,12 @@
 #include "qrowmodel.h"
 #include "qtabtax.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 
 /// The tax groups, whose rates no slip of a hand may change.
 class TstQTabTax : public QObject
@@ -37,6 +39,7 @@ private slots:
     void groupsAreFixed();
     void hurriedHandsOnASlowLine();
     void unreadableTable();
+    void tabLeadsFromTheFieldIntoTheList();
 
 private:
     void open(QSqlDatabase *db, int right = Permission::Full);
@@ -413,6 +416,25 @@ void TstQTabTax::unreadableTable()
     QCOMPARE(m_tab->model()->rowCount(), 0);
     m_tab->run(Command::Reload);
     QTRY_COMPARE(m_tab->model()->rowCount(), 5);
+}
+
+/// Among other pages: the tab itself passes the keyboard on to the field.
+void TstQTabTax::tabLeadsFromTheFieldIntoTheList()
+{
+    QTabWidget pages;
+    QTabTax *tab = m_tab.release();
+    pages.addTab(tab, "Податки");
+    QVERIFY(showActive(&pages));
+    auto *field = child<QLineEdit>(tab, "leSearch");
+    field->setFocus();
+    QStringList stops;
+    for (const int key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab,
+                          Qt::Key_Backtab}) {
+        pressKeys({key});
+        stops.append(QApplication::focusWidget()->objectName());
+    }
+    QCOMPARE(stops, QStringList({"view", "pbPrintList", "pbPdfList", "qt_tabwidget_tabbar", "leSearch",
+                                 "qt_tabwidget_tabbar", "pbPdfList"}));
 }
 
 QTEST_MAIN(TstQTabTax)
