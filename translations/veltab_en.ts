@@ -1687,6 +1687,14 @@ Wait or contact support.</translation>
         <source>Немає права читати чи доповнювати цю таблицю.</source>
         <translation>No right to read or to add to this table.</translation>
     </message>
+    <message>
+        <source>під тим самим кодом тут інше (%1), і воно дістанеться всьому, що на цей код посилається</source>
+        <translation>the same code means something else here (%1), and whatever refers to it gets what is here</translation>
+    </message>
+    <message>
+        <source>Під тими самими кодами тут інше: %1.</source>
+        <translation>The same codes mean something else here: %1.</translation>
+    </message>
 </context>
 <context>
     <name>PreviousImport</name>

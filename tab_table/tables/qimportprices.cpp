@@ -158,7 +158,7 @@ void QImportPrices::look(const std::shared_ptr<PriceListLook> &look)
 /// One that knows nothing of the file yet.
 std::shared_ptr<PriceListLook> QImportPrices::anew() const
 {
-    const auto look = std::make_shared<PriceListLook>();
+    auto look = std::make_shared<PriceListLook>();
     look->path = m_look->path;
     look->wanted = m_look->wanted;
     return look;

@@ -133,7 +133,7 @@ QString QTabTaxDelegate::refusal(int column, const QString &text, QString *value
     if (!isRate(static_cast<TaxColumn>(column)))
         return hasControlCharacters(text) ? controlCharactersRefusal(tr("Назва")) : QString();
     qint64 hundredths = 0;
-    const QString why = readMaskedRate(text, &hundredths);
+    QString why = readMaskedRate(text, &hundredths);
     *value = QString::number(hundredths);
     return why;
 }
