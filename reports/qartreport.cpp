@@ -97,6 +97,7 @@ void QArtReport::setUpList()
                 {tr("знижка"), 10, &asRoundedMoney},
                 {tr("дата"), 10, &asDay},
                 {QStringLiteral("isNoWeight"), 0, &asText, true}});
+    list()->sumUsually(Sum);
     connectOpening([this](const QModelIndex &line) { showReceipts(line); });
 }
 

@@ -437,6 +437,11 @@ void ListPane::setCount(qint64 count)
     showCount();
 }
 
+void ListPane::sumUsually(int column)
+{
+    m_selection->setUsualColumn(column);
+}
+
 void ListPane::countAdded()
 {
     setCount(m_count < 0 ? -1 : m_count + 1);

@@ -98,6 +98,8 @@ public:
     void setCount(qint64 count);
     /// One record more, which stands in the list already.
     void countAdded();
+    /// The column that is added up for the selected rows, where the last one of amounts is not meant.
+    void sumUsually(int column);
     /// What the state tells behind the number of records: how long it took, of what the rows are.
     void setDetails(const QString &details) { m_details = details; }
     /// Lines above the printed list: what it is, of which place and time.

@@ -39,6 +39,12 @@ void ListSelection::setCountsRecords(bool countsRecords)
     begin();
 }
 
+void ListSelection::setUsualColumn(int column)
+{
+    m_usualColumn = column;
+    begin();
+}
+
 /// Whatever is being added up may stand elsewhere by now.
 void ListSelection::begin()
 {
@@ -83,7 +89,8 @@ int ListSelection::summedColumn() const
         if (isMoney && (found < 0 || format.addsUp || !m_model->format(found).addsUp))
             found = column;
     }
-    return found;
+    const bool isUsual = m_usualColumn >= 0 && !m_view->isColumnHidden(m_usualColumn);
+    return isUsual ? m_usualColumn : found;
 }
 
 QString ListSelection::words() const
@@ -98,6 +105,7 @@ QString ListSelection::words() const
         return selected;
     const QString caption = m_model->headerData(m_column, Qt::Horizontal).toString().simplified();
     const QString sum = isCounted ? m_model->format(m_column).shown(std::to_string(m_sum)) : unknown;
-    const QString what = caption.startsWith(tr("Сума")) ? caption : tr("Сума «%1»").arg(caption);
+    const QString what =
+        caption.startsWith(tr("Сума"), Qt::CaseInsensitive) ? caption : tr("Сума «%1»").arg(caption);
     return selected + QStringLiteral("   ") + what + QStringLiteral(": ") + sum;
 }

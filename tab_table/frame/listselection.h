@@ -9,7 +9,8 @@ class QNTableView;
 class QRowModel;
 
 /// How many rows of a list are selected, and what they come to: the sum of the column of money or quantities
-/// under the current cell, else of the last column of amounts, else of the last one of prices. Many rows are
+/// under the current cell, else of the list's own choice, of the last column of amounts or of the last one of
+/// prices. Many rows are
 /// added up a slice at a time, so that the window goes on.
 class ListSelection : public QObject
 {
@@ -20,6 +21,8 @@ public:
 
     /// Rows with the same number in the first column are one record, and count once.
     void setCountsRecords(bool countsRecords);
+    /// The column that is added up as long as the current cell says nothing else; -1: as told above.
+    void setUsualColumn(int column);
     /// "Вибрано: 3   Сума: 1 234.50"; empty while nothing is selected.
     QString words() const;
 
@@ -35,6 +38,7 @@ private:
     const QRowModel *m_model;
     QTimer m_next;
     bool m_countsRecords = false;
+    int m_usualColumn = -1;
     QVector<int> m_rows;
     /// How many of them are added up already.
     int m_done = 0;

@@ -132,6 +132,8 @@ void TstListSelection::selectedRowsAddUp()
     load(bills);
     pressKeys({Qt::Key_Down, Qt::CTRL + Qt::Key_A});
     QTRY_COMPARE(words(), QString("Вибрано: 4   Сума «Виручка»: 90 072 042 547 409.91"));
+    m_list->sumUsually(4);
+    QTRY_COMPARE(words(), QString("Вибрано: 4   Сума «Ціна»: 0.50"));
 }
 
 void TstListSelection::recordsCountOnce()
