@@ -1,5 +1,6 @@
 #include "namestore.h"
 
+#include "qtab.h"
 #include "qtabdelegate.h"
 #include "qupdatebd.h"
 #include "servererror.h"
@@ -113,16 +114,19 @@ CellWritten updateName(const Db &db, const CellDraft &draft)
         return {};
     if (!sameName->isEmpty())
         return refused(takenWords());
-    const auto now =
-        db.firstText(QStringLiteral("SELECT name FROM ") + draft.table + QStringLiteral(" WHERE id=") + id);
-    if (!now)
+    const auto row =
+        db.firstRow(QStringLiteral("SELECT name FROM ") + draft.table + QStringLiteral(" WHERE id=") + id);
+    if (!row)
         return {};
-    if (*now != draft.shown && *now != draft.value) {
+    if (row->isEmpty())
+        return refused(QTab::tr("Запис не знайдено в базі!"));
+    const QString &now = row->constFirst();
+    if (now != draft.shown && now != draft.value) {
         CellWritten answer =
             refused(QTabDelegate::tr("Поки ви редагували, назву змінили на «%1». Натисніть Enter ще раз, "
                                      "щоб записати свою, або Esc, щоб залишити цю.")
-                        .arg(*now));
-        answer.theirs = *now;
+                        .arg(now));
+        answer.theirs = now;
         return answer;
     }
     return writtenAs(db,

@@ -626,6 +626,18 @@ void TstQTabNames::renamedMeanwhile()
     pressKeys({Qt::Key_Return});
     QVERIFY(isClosed());
     QCOMPARE(names(), QStringList({"Бакалія", "Молоко й сир", "Хліб"}));
+    // Nothing is written into a row that is gone.
+    edit(1);
+    typeText("!");
+    m_base->exec("DELETE FROM group_goods WHERE id=31");
+    const QString gone = answerQuestion([] {
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+    });
+    QCOMPARE(gone, QString("Запис не знайдено в базі!"));
+    QTRY_VERIFY(editor()->hasFocus());
+    pressKeys({Qt::Key_Escape});
+    QVERIFY(isClosed());
 }
 
 void TstQTabNames::failureKeepsTheName()
