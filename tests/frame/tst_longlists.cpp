@@ -22,7 +22,7 @@ namespace {
 const char *const manyRows = "SELECT seq,CONCAT('Товар ',LPAD(seq*7919%9973,4,'0')),"
                              "IF(seq%2,seq*104729%99991,NULL) FROM seq_1_to_100000";
 const int rowCount = 100000;
-const int longestGapMs = 200;
+const int longestGapMs = 300;
 /// A thread that is told to stop does so when the machine lets it go on.
 const int stopMs = 400;
 const char *const sorting = "Сортується… Esc зупиняє.";
