@@ -4,6 +4,7 @@
 #include "permissions.h"
 #include "previousimport.h"
 #include "qloadeduser.h"
+#include "qtabactions.h"
 #include "qtabclients.h"
 #include "qtabdiscount.h"
 #include "qtabgoods.h"
@@ -62,7 +63,7 @@ PageTable QTableBase::lines()
          make<QTabGoodsShops>()},
         {"mt_clients", Permission::Clients, QT_TRANSLATE_NOOP("Page", "Клієнти"), make<QTabClients>()},
         {"mt_diskount", Permission::Discount, QT_TRANSLATE_NOOP("Page", "Знижки"), make<QTabDiscount>()},
-        {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), {}},
+        {"mt_action", Permission::Actions, QT_TRANSLATE_NOOP("Page", "Акції"), make<QTabActions>()},
         {"mt_cheks", Permission::Transactions, QT_TRANSLATE_NOOP("Page", "Транзакції"),
          makeJournal<QTabTransaction>()},
         {"mt_type_cheks", Permission::TypeTransactions, QT_TRANSLATE_NOOP("Page", "Типи транзакцій"),
@@ -131,7 +132,7 @@ bool QTableBase::run(Command command)
 bool QTableBase::DelRecord()
 {
     run(Command::Delete);
-    return false;
+    return dynamic_cast<QTabActions *>(current()) != nullptr;
 }
 
 bool QTableBase::ChangeTab(int index)

@@ -66,7 +66,7 @@ public slots:
     bool closetab(int index);
     /// These act on the tab in front; false when it is none of the host's.
     bool EditRecord() { return run(Command::Edit); }
-    /// False: records are deleted in no tab.
+    /// Records are deleted among the promotions only: false in every other tab.
     bool DelRecord();
     bool AddRecord() { return run(Command::Add); }
     /// Tells by visible() what the tab at the index offers; false when it is none of the host's.

@@ -15,6 +15,7 @@ enum {
     LockWait = 1205,
     Deadlock = 1213, ///< in a cluster also the answer to a COMMIT that another node's was quicker than
     Interrupted = 1317,
+    RowInUse = 1451,   ///< that foreign keys of other rows point to
     MissingRow = 1452, ///< that a foreign key points to
     ConnectionKilled = 1927,
     CannotConnect = 2003,

@@ -1,5 +1,6 @@
 #include "recordinput.h"
 
+#include "actiontimes.h"
 #include "combos.h"
 #include "db.h"
 #include "money.h"
@@ -7,6 +8,7 @@
 #include "typedinput.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QSpinBox>
 
@@ -41,6 +43,13 @@ void showEntry(QComboBox *box, const RecordField &entry)
         found = box->count() - 1;
     }
     box->setCurrentIndex(found);
+}
+
+QString momentShown(const QString &stored)
+{
+    const QDateTime time = QDateTime::fromString(stored, QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    return time.isValid() ? time.toString(QStringLiteral("dd.MM.yyyy HH:mm:ss"))
+                          : QCoreApplication::translate("Record", "без дати");
 }
 
 QString lineFrom(const QLineEdit *line, InputForm form)
@@ -84,12 +93,18 @@ QString shownText(InputForm form, const QString &stored)
         return stored;
     if (form == InputForm::Date)
         return QDate::fromString(stored, Qt::ISODate).toString(QStringLiteral("dd.MM.yyyy"));
+    if (form == InputForm::Moment)
+        return momentShown(stored);
+    if (form == InputForm::WeekDays)
+        return weekDaysShown(stored);
     return form == InputForm::Money ? moneyText(stored.toLongLong()) : stored;
 }
 
 void showInInput(const RecordInput &input, const RecordField &value)
 {
-    if (auto *box = qobject_cast<QComboBox *>(input.input))
+    if (auto *own = dynamic_cast<OwnInput *>(input.input))
+        own->setStored(value.stored);
+    else if (auto *box = qobject_cast<QComboBox *>(input.input))
         showEntry(box, value);
     else if (auto *spin = qobject_cast<QSpinBox *>(input.input))
         spin->setValue(value.stored.isNull() ? spin->minimum() : value.stored.toInt());
@@ -101,6 +116,8 @@ void showInInput(const RecordInput &input, const RecordField &value)
 
 QString storedFrom(const RecordInput &input)
 {
+    if (const auto *own = dynamic_cast<const OwnInput *>(input.input))
+        return own->stored();
     if (const auto *box = qobject_cast<QComboBox *>(input.input))
         return orNull(chosenItem(box).id);
     if (const auto *spin = qobject_cast<QSpinBox *>(input.input))

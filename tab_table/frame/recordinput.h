@@ -2,6 +2,8 @@
 
 #include "recordfields.h"
 
+#include <QtGlobal>
+
 class QWidget;
 
 /// How an input holds the value of its column.
@@ -24,6 +26,23 @@ enum class InputForm {
     Date,
     /// A spin box; its special text, if it has one, stands for NULL.
     Number,
+    /// A date-time in an OwnInput, as the server writes it: "2026-11-21 08:00:00", zeros for none.
+    Moment,
+    /// The days of action.week_day in an OwnInput.
+    WeekDays,
+};
+
+/// An input of several widgets, or with a rule of its own: it says itself what its column is to hold.
+class OwnInput
+{
+public:
+    OwnInput() = default;
+    virtual ~OwnInput() = default;
+    Q_DISABLE_COPY(OwnInput)
+
+    /// A null text for NULL.
+    virtual void setStored(const QString &stored) = 0;
+    virtual QString stored() const = 0;
 };
 
 /// An input of an editor and the column that it shows.
