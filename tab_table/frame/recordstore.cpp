@@ -113,6 +113,8 @@ bool writeRow(const Db &db, const RecordStatements &table, const RecordDraft &dr
 
 bool lock(const Db &db, const RecordStatements &table, const QString &id)
 {
+    if (table.rows != nullptr && !table.rows->firstLock.isEmpty() && !db.run(table.rows->firstLock))
+        return false;
     QStringList statements = {QStringLiteral("SELECT id FROM %1 WHERE id=%2").arg(table.table, id)};
     for (const QString &sql : table.rows != nullptr ? table.rows->locks : QStringList())
         statements.append(sql + id);

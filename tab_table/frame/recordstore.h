@@ -29,6 +29,9 @@ struct RecordRows
     QStringList locks;
     /// What is written beside the record's table, for the other programs.
     QStringList tables;
+    /// A whole statement that locks something before the record itself: where all who write such records
+    /// begin with it, none waits for another in a circle. Empty for most.
+    QString firstLock = {};
 };
 
 /// The table of a record and the statements of its editor; the id is added to all but the INSERT.
