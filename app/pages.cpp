@@ -4,6 +4,7 @@
 #include "qcashdrive.h"
 #include "qcomands.h"
 #include "qimportclient.h"
+#include "qpremisgroup.h"
 #include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
@@ -57,7 +58,8 @@ PageTable Pages::others()
         {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"),
          [this] { return new QComands(m_db, m_user, m_window, m_setting, nullptr); }},
         {"mc_users", Permission::Users, "", {}},
-        {"premis_group", Permission::PermissionGroups, "", {}},
+        {"premis_group", Permission::PermissionGroups, QT_TRANSLATE_NOOP("Page", "Групи прав"),
+         [this] { return makePermissionGroups(); }},
     };
 }
 
@@ -67,6 +69,13 @@ QWidget *Pages::makeSale()
     connect(sale, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
     connect(sale, &QRegisterSale::closeWanted, this, [=] { closePage(m_tabs, m_tabs->indexOf(sale)); });
     return sale;
+}
+
+QWidget *Pages::makePermissionGroups()
+{
+    auto *groups = new QPremisGroup(m_db, m_user, m_window, nullptr);
+    connect(groups, &QPremisGroup::memberWanted, this, &Pages::memberWanted);
+    return groups;
 }
 
 QWidget *Pages::open(const QString &action)

@@ -8,6 +8,7 @@ class QReports;
 class QSqlDatabase;
 class QTableBase;
 class setting;
+struct UserRights;
 
 /// All pages of the program. Opening, rights, commands, closing and pictures follow from their one table.
 class Pages : public QObject
@@ -32,10 +33,15 @@ public:
     /// Closes every page that does not hold on to what would be lost; true when none is left.
     bool closeAll();
 
+signals:
+    /// What a member of that permission group sees is to be shown.
+    void memberWanted(const QString &group, const UserRights &rights);
+
 private:
     PageTable management();
     PageTable others();
     QWidget *makeSale();
+    QWidget *makePermissionGroups();
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;

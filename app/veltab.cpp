@@ -3,6 +3,8 @@
 
 #include "errorlist.h"
 #include "joblist.h"
+#include "memberpreview.h"
+#include "menurights.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qchangpass.h"
@@ -129,6 +131,7 @@ void Veltab::connectPages()
             qOverload<bool, bool>(&Veltab::visible));
     connect(tableBase(), qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
     connect(m_pages->reports(), &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
+    connect(m_pages, &Pages::memberWanted, this, &Veltab::showMember);
 }
 
 void Veltab::connectCommands()
@@ -436,14 +439,13 @@ void Veltab::EnableButton(bool enable)
 
 void Veltab::showRights()
 {
-    const bool allowed = user().maySee(Permission::BackOffice);
-    for (const PageEntry &entry : m_pages->table())
-        actionOf(entry.action)->setVisible(allowed && entry.make && user().maySee(entry.permission));
-    for (QAction *action : {ui->changpass, ui->about})
-        action->setVisible(allowed);
-    ui->mt_importBD->setVisible(allowed && user().maySee(Permission::PreviousImport));
     changetab(ui->tabWidget->currentIndex());
     showMenus();
+}
+
+void Veltab::showMember(const QString &group, const UserRights &rights)
+{
+    MemberPreview(group, rights, m_pages->table(), ui->menubar, this).exec();
 }
 
 void Veltab::visible(bool vis, bool exp)
@@ -495,12 +497,11 @@ void Veltab::showMenus()
     const bool isConnected = m_session->isConnected();
     const bool isStarting = m_session->isStarting();
     const bool nobody = !user().isLoaded();
-    const bool service = user().maySee(Permission::Service) || (nobody && m_isServiceShown);
-    ui->settings->setVisible(service || nobody || !isConnected);
-    ui->mt_create_tables->setVisible(service && !m_session->address().host.isEmpty());
-    ui->mt_tune->setVisible(service && isConnected);
-    ui->reconnect->setVisible(!isConnected && !isStarting);
-    ui->login->setVisible(isConnected);
+    const QMap<QString, bool> shown =
+        shownActions(m_pages->table(), {&user(), isConnected, isStarting,
+                                        !m_session->address().host.isEmpty(), m_isServiceShown});
+    for (auto action = shown.begin(); action != shown.end(); ++action)
+        actionOf(qPrintable(action.key()))->setVisible(action.value());
     ui->pbLogin->setVisible(isConnected && nobody);
     ui->pbReconnect->setVisible(!isConnected && !isStarting);
     ui->pbSettings->setVisible(!isConnected || nobody);

@@ -111,6 +111,7 @@ private:
     void handleMessage(const QMessEvent &message);
     void welcome();
     void showRights();
+    void showMember(const QString &group, const UserRights &rights);
     void showSession();
     void showServer();
     void showMenus();

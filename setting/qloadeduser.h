@@ -83,6 +83,10 @@ public:
     /// group that the user sees, or one that the user may send to. An empty group counts as not seen.
     bool isPermissionForShop(const QString &idShop, const QString &idGroup) const;
 
+    /// To be called when somebody begins what takes a right: whoever reads the rights looks whether they are
+    /// still those of the database. What is asked of it after this call is answered after them.
+    void beginAct() { emit actBegun(); }
+
     /// nameSename().
     QString getNameSename(QSqlDatabase *db, int id) const;
 
@@ -93,6 +97,7 @@ signals:
     /// Rights and lists were read, for the first time or again, or nobody is loaded any more: whatever shows
     /// commands, shops or groups by them shows them anew.
     void rightsChanged();
+    void actBegun();
 
 private:
     bool takeFound(const std::optional<UserRights> &user);

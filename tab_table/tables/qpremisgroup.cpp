@@ -1,0 +1,581 @@
+#include "qpremisgroup.h"
+#include "ui_qpremisgroup.h"
+
+#include "accessrows.h"
+#include "changesdialog.h"
+#include "groupscompare.h"
+#include "permissionareas.h"
+#include "qloadeduser.h"
+#include "qmessdlg.h"
+#include "qqestion.h"
+#include "typingpause.h"
+#include "waitnote.h"
+
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QSqlDatabase>
+
+namespace {
+enum GroupColumn { GroupName, Members };
+constexpr int idRole = Qt::UserRole;
+constexpr int viewOnly = 2;
+
+/// 0, 1 or 2: what a stored value means.
+int kindOf(const QString &stored)
+{
+    const qlonglong value = stored.toLongLong();
+    return value == Permission::Denied || value == Permission::Full ? static_cast<int>(value) : viewOnly;
+}
+
+/// What is to be stored for a chosen value: as it was, where that means the same.
+QString storedFor(int value, const QString &before)
+{
+    return kindOf(before) == value ? before : QString::number(value);
+}
+
+/// The rights whose loss nobody gives back to himself.
+QStringList lostForGood(const GroupAccess &before, const GroupAccess &now)
+{
+    QStringList lost;
+    if (before.right(Permission::BackOffice) != Permission::Denied &&
+        now.right(Permission::BackOffice) == Permission::Denied)
+        lost.append(permissionCaption(Permission::BackOffice));
+    for (const int id : {Permission::Users, Permission::PermissionGroups}) {
+        if (before.right(id) == Permission::Full && now.right(id) != Permission::Full)
+            lost.append(permissionCaption(id));
+    }
+    return lost;
+}
+
+RecordFields withField(RecordFields fields, const QString &key, const std::optional<RecordField> &value)
+{
+    for (int i = 0; i < fields.size(); ++i) {
+        if (fields.at(i).key == key) {
+            fields.removeAt(i);
+            break;
+        }
+    }
+    if (value)
+        fields.append(*value);
+    return fields;
+}
+
+UserRights rightsOf(const GroupAccess &access)
+{
+    UserRights rights;
+    for (auto right = access.rights.begin(); right != access.rights.end(); ++right) {
+        if (right.key() < Permission::Count)
+            rights.permissions[static_cast<size_t>(right.key())] = static_cast<qint16>(kindOf(right.value()));
+    }
+    rights.groups = access.shopGroups.keys();
+    rights.shopsTransmit = access.shops.keys();
+    return rights;
+}
+} // namespace
+
+QPremisGroup::QPremisGroup(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::QPremisGroup>())
+    , m_db(db)
+    , m_user(user)
+    , m_receiver(receiver)
+    , m_typing(new TypingPause(this))
+    , m_tasks(db->connectionName(), receiver, nullptr)
+    , m_matrixTasks(db->connectionName(), receiver, nullptr)
+{
+    ui->setupUi(this);
+    m_note = new WaitNote(ui->labelState, this);
+    ui->matrix->open(db, user, receiver);
+    ui->matrix->breakCaptions();
+    ui->splitter->setStretchFactor(1, 1);
+    ui->groups->header()->setStretchLastSection(false);
+    ui->groups->header()->setSectionResizeMode(GroupName, QHeaderView::Stretch);
+    ui->groups->header()->setSectionResizeMode(Members, QHeaderView::ResizeToContents);
+    setFocusProxy(ui->groups);
+    connectWidgets();
+    followRights();
+    reload(user->idGroupPremission());
+}
+
+QPremisGroup::~QPremisGroup() = default;
+
+void QPremisGroup::connectWidgets()
+{
+    connect(ui->groups, &QTreeWidget::currentItemChanged, this, &QPremisGroup::chooseGroup);
+    connect(ui->groups, &QTreeWidget::itemActivated, this, [this] { run(Command::Edit); });
+    connect(ui->pbAdd, &QPushButton::clicked, this, &QPremisGroup::add);
+    connect(ui->pbCopy, &QPushButton::clicked, this, &QPremisGroup::copy);
+    connect(ui->pbCompare, &QPushButton::clicked, this, &QPremisGroup::compare);
+    connect(ui->pbShowAs, &QPushButton::clicked, this, &QPremisGroup::askMember);
+    connect(ui->pbSave, &QPushButton::clicked, this, &QPremisGroup::save);
+    connect(ui->pbRevert, &QPushButton::clicked, this, &QPremisGroup::revert);
+    connect(ui->leName, &QLineEdit::textEdited, this, [this](const QString &name) {
+        m_mine.name = name.trimmed();
+        showChanged();
+    });
+    connect(ui->rights, &RightsTree::chosen, this, &QPremisGroup::takeRights);
+    connect(ui->shopGroups, &QListWidget::itemChanged, this,
+            [this] { takeChecked(ui->shopGroups, &m_mine.shopGroups); });
+    connect(ui->shops, &QListWidget::itemChanged, this, [this] { takeChecked(ui->shops, &m_mine.shops); });
+    m_typing->follow(ui->leSearch);
+    connect(m_typing, &TypingPause::ended, this, [this] { ui->rights->find(ui->leSearch->text()); });
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QPremisGroup::followRights);
+    const auto *saving =
+        new QShortcut(QKeySequence::Save, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(saving, &QShortcut::activated, this, &QPremisGroup::save);
+    const auto *finding =
+        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(finding, &QShortcut::activated, this, [this] {
+        ui->parts->setCurrentWidget(ui->partRights);
+        ui->leSearch->setFocus(Qt::ShortcutFocusReason);
+        ui->leSearch->selectAll();
+    });
+}
+
+bool QPremisGroup::mayEdit() const
+{
+    return m_user->mayEdit(Permission::PermissionGroups);
+}
+
+void QPremisGroup::followRights()
+{
+    ui->leName->setReadOnly(!mayEdit());
+    ui->rights->setReadOnly(!mayEdit());
+    for (QPushButton *button : {ui->pbAdd, ui->pbCopy, ui->pbRevert, ui->pbSave})
+        button->setVisible(mayEdit());
+    ui->labelKeys->setVisible(mayEdit());
+    showAccess();
+}
+
+Commands QPremisGroup::commands() const
+{
+    Commands offered = {{Command::Reload, QString()}, {Command::Export, QString()}};
+    if (mayEdit()) {
+        for (const Command command : {Command::Add, Command::Edit, Command::Delete})
+            offered.insert(command, QString());
+    }
+    return offered;
+}
+
+void QPremisGroup::run(Command command)
+{
+    if (command == Command::Reload) {
+        if (mayDropChanges(tr("Продовжити редагування")))
+            reload(m_id);
+    } else if (command == Command::Add && mayEdit()) {
+        add();
+    } else if (command == Command::Edit) {
+        ui->leName->setFocus();
+        ui->leName->selectAll();
+    } else if (command == Command::Delete) {
+        warn(tr("Видалення заборонене!!!"));
+    }
+}
+
+bool QPremisGroup::isLoading() const
+{
+    return m_tasks.isWaiting() || m_matrixTasks.isWaiting();
+}
+
+ListPane *QPremisGroup::list() const
+{
+    return ui->matrix;
+}
+
+bool QPremisGroup::isChanged() const
+{
+    if (m_id.isEmpty())
+        return !m_mine.rights.isEmpty();
+    return firstDifference(m_read, fieldsOf(m_mine)).has_value();
+}
+
+bool QPremisGroup::mayClose()
+{
+    if (m_tasks.isWriting()) {
+        m_note->say(tr("Записується… Закрийте вкладку, коли це закінчиться."));
+        return false;
+    }
+    return mayDropChanges(tr("Продовжити редагування"));
+}
+
+/// True also when there are none.
+bool QPremisGroup::mayDropChanges(const QString &keepCaption)
+{
+    if (!isChanged() || !mayEdit())
+        return true;
+    const QString name = m_mine.name.isEmpty() ? tr("Нова група") : m_mine.name;
+    return QMessDlg::confirm(window(), tr("Зміни не збережено."),
+                             tr("Зміни в групі прав \"%1\" не збережено.").arg(name), tr("Не зберігати"),
+                             keepCaption);
+}
+
+QPremisGroup::Reading QPremisGroup::readPage(const Db &db, const QString &idWanted)
+{
+    Reading read = {readGroupsOverview(db), {}, {}};
+    if (!read.overview || read.overview->groups.isEmpty())
+        return read;
+    read.id = read.overview->groups.first().id;
+    for (const PermissionGroup &group : read.overview->groups)
+        read.id = group.id == idWanted ? idWanted : read.id;
+    const auto group = readRecord(db, permissionGroup(), read.id);
+    if (!group)
+        read.overview.reset();
+    read.group = group.value_or(RecordFields());
+    return read;
+}
+
+/// Nothing is chosen yet, or what was saved is read again.
+void QPremisGroup::reload(const QString &idWanted)
+{
+    m_tasks.drop();
+    m_mine = m_id.isEmpty() ? GroupAccess() : accessOf(m_read);
+    showAccess();
+    m_note->begin(tr("Читається…"));
+    m_tasks.read([idWanted](const Db &db) { return readPage(db, idWanted); },
+                 [this](const Reading &read) {
+                     m_note->end();
+                     if (!read.overview)
+                         return;
+                     m_overview = *read.overview;
+                     // Unless something was changed before the answer was there.
+                     if (!isChanged())
+                         take(read.id, read.group);
+                     showOverview(m_overview);
+                     readMatrix();
+                 });
+}
+
+void QPremisGroup::showOverview(const GroupsOverview &overview)
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    ui->groups->clear();
+    for (const PermissionGroup &group : overview.groups) {
+        const bool isOwn = group.id == m_user->idGroupPremission();
+        auto *item = new QTreeWidgetItem(ui->groups, {isOwn ? tr("%1 (ваша)").arg(group.name) : group.name,
+                                                      QString::number(group.members)});
+        item->setData(GroupName, idRole, group.id);
+        item->setTextAlignment(Members, Qt::AlignRight | Qt::AlignVCenter);
+        item->setToolTip(GroupName, group.name);
+    }
+    markGroup(m_id);
+    ui->pbCompare->setEnabled(overview.groups.size() > 1);
+}
+
+void QPremisGroup::readMatrix()
+{
+    m_matrixTasks.drop();
+    m_matrixTasks.read([](const Db &db) { return readAllAccess(db); },
+                       [this](const std::optional<QMap<QString, GroupAccess>> &access) {
+                           if (!access)
+                               return ui->matrix->clearAfterFailure();
+                           ui->matrix->setColumns(matrixColumns(m_overview), QStringLiteral("premis_group"));
+                           ui->matrix->showRows(matrixRows(m_overview, *access));
+                       });
+}
+
+/// The list of the groups shows which one stands beside it: none for a new one.
+void QPremisGroup::markGroup(const QString &id)
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    ui->groups->setCurrentItem(nullptr);
+    ui->groups->clearSelection();
+    for (int i = 0; i < ui->groups->topLevelItemCount(); ++i) {
+        if (ui->groups->topLevelItem(i)->data(GroupName, idRole) == id)
+            ui->groups->setCurrentItem(ui->groups->topLevelItem(i));
+    }
+}
+
+void QPremisGroup::chooseGroup(const QTreeWidgetItem *item)
+{
+    if (m_isShowing || item == nullptr)
+        return;
+    const QString id = item->data(GroupName, idRole).toString();
+    if (m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування"))) {
+        // From within the list's own signal its current row cannot be set.
+        QMetaObject::invokeMethod(
+            this, [this] { markGroup(m_id); }, Qt::QueuedConnection);
+        return;
+    }
+    m_tasks.drop();
+    m_note->begin(tr("Читається…"));
+    m_tasks.read([id](const Db &db) { return readRecord(db, permissionGroup(), id); },
+                 [this, id](const std::optional<RecordFields> &fields) {
+                     m_note->end();
+                     if (fields && !fields->isEmpty() && !isChanged())
+                         take(id, *fields);
+                     else
+                         markGroup(m_id);
+                 });
+}
+
+/// From now on this group stands here, as it was read.
+void QPremisGroup::take(const QString &id, const RecordFields &fields)
+{
+    m_id = id;
+    m_read = fields;
+    m_mine = accessOf(fields);
+    m_isUnclear = false;
+    showAccess();
+}
+
+void QPremisGroup::showAccess()
+{
+    const QScopedValueRollback<bool> showing(m_isShowing, true);
+    if (ui->leName->text().trimmed() != m_mine.name)
+        ui->leName->setText(m_mine.name);
+    ui->rights->show(m_mine.rights);
+    fillList(ui->shopGroups, m_overview.shopGroups, m_mine.shopGroups);
+    fillList(ui->shops, m_overview.shops, m_mine.shops);
+    showChanged();
+}
+
+void QPremisGroup::fillList(QListWidget *list, const QVector<QStringList> &all,
+                            const QMap<QString, QString> &chosen)
+{
+    const int row = list->currentRow();
+    list->clear();
+    for (const QStringList &one : all) {
+        auto *item = new QListWidgetItem(one.at(1), list);
+        item->setData(idRole, one.at(0));
+        item->setCheckState(chosen.contains(one.at(0)) ? Qt::Checked : Qt::Unchecked);
+        if (!mayEdit())
+            item->setFlags(item->flags() & ~Qt::ItemIsUserCheckable);
+    }
+    list->setCurrentRow(qMin(qMax(0, row), list->count() - 1));
+}
+
+void QPremisGroup::takeChecked(const QListWidget *list, QMap<QString, QString> *chosen)
+{
+    if (m_isShowing)
+        return;
+    chosen->clear();
+    for (int i = 0; i < list->count(); ++i) {
+        if (list->item(i)->checkState() == Qt::Checked)
+            chosen->insert(list->item(i)->data(idRole).toString(), list->item(i)->text());
+    }
+    showChanged();
+}
+
+void QPremisGroup::takeRights(const QList<int> &ids, int value)
+{
+    const GroupAccess before = accessOf(m_read);
+    for (const int id : ids)
+        m_mine.rights[id] = storedFor(value, before.rights.value(id));
+    ui->rights->show(m_mine.rights);
+    showChanged();
+}
+
+/// What differs from what was read stands in bold, and can be saved.
+void QPremisGroup::showChanged()
+{
+    const GroupAccess before = accessOf(m_read);
+    QList<int> changed;
+    for (auto right = m_mine.rights.begin(); right != m_mine.rights.end(); ++right) {
+        if (right.value() != before.rights.value(right.key()))
+            changed.append(right.key());
+    }
+    ui->rights->mark(changed);
+    const bool isNew = m_id.isEmpty() && !m_mine.rights.isEmpty();
+    ui->pbSave->setEnabled(isChanged());
+    ui->pbRevert->setEnabled(isChanged());
+    ui->pbCopy->setEnabled(!m_id.isEmpty());
+    ui->accessSide->setEnabled(isNew || !m_id.isEmpty());
+    m_note->end();
+    if (!mayEdit())
+        ui->labelState->setText(tr("Тільки перегляд."));
+    else if (isNew)
+        ui->labelState->setText(tr("Нова група: ще не збережена."));
+    else
+        ui->labelState->setText(isChanged() ? tr("Змінено, ще не збережено.") : QString());
+}
+
+void QPremisGroup::add()
+{
+    if (m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування")))
+        return;
+    take(QString(), {});
+    markGroup(QString());
+    ui->leName->setFocus();
+}
+
+void QPremisGroup::copy()
+{
+    if (m_id.isEmpty() || m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування")))
+        return;
+    GroupAccess copied = accessOf(m_read);
+    copied.name = tr("%1 - копія").arg(copied.name).left(ui->leName->maxLength()).trimmed();
+    // A right of another program that is denied and one without a row are the same; only one is written.
+    for (auto right = copied.rights.begin(); right != copied.rights.end();)
+        right = right.value() == QLatin1String("0") ? copied.rights.erase(right) : std::next(right);
+    take(QString(), {});
+    m_mine = accessOf(fieldsOf(copied));
+    markGroup(QString());
+    showAccess();
+    ui->leName->setFocus();
+    ui->leName->selectAll();
+}
+
+void QPremisGroup::revert()
+{
+    if (m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування")))
+        return;
+    if (m_id.isEmpty())
+        reload(m_user->idGroupPremission());
+    else
+        take(m_id, m_read);
+}
+
+void QPremisGroup::compare()
+{
+    GroupsCompare(m_db, m_user, m_receiver, m_overview.groups,
+                  m_id.isEmpty() ? m_overview.groups.first().id : m_id, this)
+        .exec();
+}
+
+void QPremisGroup::askMember()
+{
+    emit memberWanted(m_mine.name.isEmpty() ? tr("Нова група") : m_mine.name, rightsOf(m_mine));
+}
+
+RecordDraft QPremisGroup::draft() const
+{
+    RecordDraft draft;
+    draft.id = m_id;
+    draft.read = m_read;
+    draft.fields = fieldsOf(m_mine);
+    draft.uniqueValues = {{"name",
+                           QStringLiteral("SELECT id FROM group_premission WHERE name=:name"),
+                           {{QStringLiteral(":name"), m_mine.name}},
+                           tr("Група прав з такою назвою вже є.")}};
+    return draft;
+}
+
+QString QPremisGroup::refusal() const
+{
+    return m_mine.name.isEmpty() ? tr("Назва не може бути пустою") : QString();
+}
+
+/// Whoever takes the rights to give rights from his own group cannot give them back to himself.
+bool QPremisGroup::mayTakeOwnRights()
+{
+    const QStringList lost =
+        m_id == m_user->idGroupPremission() ? lostForGood(accessOf(m_read), m_mine) : QStringList();
+    return lost.isEmpty() ||
+           QMessDlg::confirm(
+               window(), tr("Забрати у себе?"),
+               tr("Це ваша власна група. Ви забираєте у себе:\n%1\nПовернути це зможе лише хтось "
+                  "інший.")
+                   .arg(lost.join(QLatin1Char('\n'))),
+               tr("Забрати"), tr("Не зберігати"));
+}
+
+void QPremisGroup::save()
+{
+    if (m_tasks.isWaiting() || !mayEdit() || !isChanged())
+        return;
+    if (m_isUnclear)
+        return askWhetherArrived();
+    const QString why = refusal();
+    if (!why.isEmpty()) {
+        warn(why);
+        ui->leName->setFocus();
+    } else if (mayTakeOwnRights()) {
+        send();
+    }
+}
+
+void QPremisGroup::send()
+{
+    m_sent = draft();
+    m_note->begin(tr("Записується…"));
+    m_tasks.write([draft = m_sent](const Db &db) { return saveRecord(db, permissionGroup(), draft); },
+                  [this](const RecordSaved &saved) {
+                      m_note->end();
+                      takeSaved(saved);
+                  });
+}
+
+void QPremisGroup::takeSaved(const RecordSaved &saved)
+{
+    m_sentId = saved.id;
+    showChanged();
+    switch (saved.outcome) {
+    case RecordSaved::Written:
+        return takeWritten();
+    case RecordSaved::Refused:
+        return warn(saved.why);
+    case RecordSaved::Unclear:
+        return tellUnclear();
+    case RecordSaved::Changed:
+        if (settleChanges(saved.theirs))
+            save();
+        return;
+    case RecordSaved::Failed:
+        return;
+    }
+}
+
+/// What was changed here while it was written stays, not saved.
+void QPremisGroup::takeWritten()
+{
+    m_id = m_sentId;
+    m_read = m_sent.fields;
+    m_isUnclear = false;
+    showChanged();
+    m_user->beginAct();
+    m_tasks.read([](const Db &db) { return readGroupsOverview(db); },
+                 [this](const std::optional<GroupsOverview> &overview) {
+                     if (!overview)
+                         return;
+                     m_overview = *overview;
+                     showOverview(m_overview);
+                     readMatrix();
+                 });
+}
+
+void QPremisGroup::tellUnclear()
+{
+    m_isUnclear = true;
+    warn(tr("Зв'язок обірвався під час запису, і невідомо, чи зміни збережено. Зачекайте, доки зв'язок "
+            "відновиться, і збережіть ще раз: програма спершу запитає сервер."));
+}
+
+void QPremisGroup::askWhetherArrived()
+{
+    m_note->begin(tr("Записується…"));
+    m_tasks.write([draft = m_sent,
+                   id = m_sentId](const Db &db) { return hasArrived(db, permissionGroup(), draft, id); },
+                  [this](const std::optional<bool> &arrived) {
+                      m_note->end();
+                      m_isUnclear = !arrived;
+                      if (!arrived)
+                          return tellUnclear();
+                      if (*arrived)
+                          takeWritten();
+                      else
+                          save();
+                  });
+}
+
+/// As in every editor: only what both have changed has to be decided. False when all is to stay as it is.
+bool QPremisGroup::settleChanges(const RecordFields &theirs)
+{
+    const auto changes = changesByOthers(m_sent.read, m_sent.fields, theirs);
+    const auto answer = changes.isEmpty() ? ChangesDialog::KeepMine : ChangesDialog::ask(this, changes);
+    if (answer == ChangesDialog::BackToEditor)
+        return false;
+    RecordFields mine = fieldsOf(m_mine);
+    for (const RecordChange &change : changes) {
+        if (!change.isConflict || answer == ChangesDialog::TakeTheirs)
+            mine = withField(mine, change.any().key, change.theirs);
+    }
+    m_mine = accessOf(mine);
+    m_read = theirs;
+    showAccess();
+    return true;
+}
+
+void QPremisGroup::warn(const QString &why)
+{
+    QQestion::question(window(), tr("Попередження."), why, true);
+}
