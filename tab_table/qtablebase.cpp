@@ -6,6 +6,7 @@
 #include "qloadeduser.h"
 #include "qtabactions.h"
 #include "qtabclients.h"
+#include "qtabdevices.h"
 #include "qtabdiscount.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
@@ -53,7 +54,7 @@ PageTable QTableBase::lines()
         {"mt_shops", Permission::Shops, QT_TRANSLATE_NOOP("Page", "Магазини"),
          [this] { return makeShops(); }},
         {"mt_kass", Permission::Kassa, QT_TRANSLATE_NOOP("Page", "Обладнання"), make<QTabKass>()},
-        {"mt_devices", Permission::Devices, QT_TRANSLATE_NOOP("Page", "Пристрої"), {}},
+        {"mt_devices", Permission::Devices, QT_TRANSLATE_NOOP("Page", "Пристрої"), make<qtabdevices>()},
         {"mt_group_shops", Permission::GroupShops, QT_TRANSLATE_NOOP("Page", "Групи магазинів"),
          make<QTabGroup_Shops>()},
         {"mt_goods", Permission::Goods, QT_TRANSLATE_NOOP("Page", "Товари"), make<QTabGoods>()},
