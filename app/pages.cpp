@@ -8,6 +8,7 @@
 #include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
+#include "qtabusers.h"
 
 #include <QTabWidget>
 
@@ -57,7 +58,8 @@ PageTable Pages::others()
          [this] { return new QImportClient(m_db, m_user, m_window, m_tabs); }},
         {"comands", Permission::Comands, QT_TRANSLATE_NOOP("Page", "Команди"),
          [this] { return new QComands(m_db, m_user, m_window, m_setting, nullptr); }},
-        {"mc_users", Permission::Users, "", {}},
+        {"mc_users", Permission::Users, QT_TRANSLATE_NOOP("Page", "Користувачі"),
+         [this] { return new QTabUsers(m_db, m_user, m_window, m_setting, nullptr); }},
         {"premis_group", Permission::PermissionGroups, QT_TRANSLATE_NOOP("Page", "Групи прав"),
          [this] { return makePermissionGroups(); }},
     };

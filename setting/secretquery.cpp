@@ -20,13 +20,15 @@ QString withoutSecrets(QString text, const QStringList &secrets)
 } // namespace
 
 std::optional<QSqlQuery> runSecret(const Db &db, const QString &sql, const QStringList &secrets,
-                                   const QString &failure, const char *file, int line)
+                                   const QString &failure, int expectedError, const char *file, int line)
 {
     QString error;
     auto query = db.attempt(sql, &error);
     if (query)
         return query;
     const int number = db.lastErrorNumber();
+    if (expectedError != 0 && number == expectedError)
+        return std::nullopt;
     const QString words = serverWords(number);
     // Not even sent: the loss of the server was told already.
     const int kind = number == ServerError::ServerGone ? QMessEvent::Warning : QMessEvent::Critical;
