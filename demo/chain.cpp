@@ -32,7 +32,7 @@ bool announce(const Db &db)
 {
     return QUpdateBD().update(QStringList{"group_shop", "group_goods", "slujb_op", "shops", "kassa", "users",
                                           "goods", "dk_shc", "prices", "action", "goods_shop", "procent",
-                                          "clients", "group_premission", "comands"},
+                                          "clients", "group_premission", "comands", "devices"},
                               *db.connection(), db.receiver());
 }
 } // namespace
@@ -75,9 +75,9 @@ bool generateChain(const Db &db, const ChainPlan &plan, const std::function<void
     Chain chain;
     chain.plan = plan;
     return say(QStringLiteral("Shops, registers, users, cards")) && fillPlaces(db, &chain) &&
-           fillUsers(db, chain) && fillCards(db, &chain) && say(QStringLiteral("Goods, prices, stock")) &&
-           fillGoods(db, &chain) && fillStock(db, chain) && say(QStringLiteral("Receipts and shifts")) &&
-           fillShifts(db, chain, say) && fillOnline(db, chain) && announce(db) &&
-           setAdministratorPassword(db);
+           fillUsers(db, chain) && fillStaff(db) && fillDevices(db) && fillCards(db, &chain) &&
+           say(QStringLiteral("Goods, prices, stock")) && fillGoods(db, &chain) && fillStock(db, chain) &&
+           say(QStringLiteral("Receipts and shifts")) && fillShifts(db, chain, say) &&
+           fillOnline(db, chain) && announce(db) && setAdministratorPassword(db);
 }
 } // namespace demo

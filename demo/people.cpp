@@ -21,19 +21,6 @@ constexpr int lastReport = 73;
 constexpr int selling = 101;
 constexpr int rights = 400;
 
-QString hashed(const QString &password)
-{
-    return QString::fromLatin1(QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5).toHex());
-}
-
-/// The key of a user's card. A card is scanned as the prefix and the key, so the key's last digit is the
-/// check digit of the whole.
-QString cardKey(User user)
-{
-    const QString digits = QString::number(100000000 + user);
-    return digits + eanCheckDigit(QStringLiteral("220") + digits, 12);
-}
-
 int rightOf(User user, int id)
 {
     if (id == entry || (user == operatorUser && id == selling))
@@ -76,7 +63,7 @@ bool writeVisibleShops(const Db &db, const Chain &chain)
 SqlRow userRow(User user, const char *login, const char *surname, const char *name, const char *patronymic)
 {
     SqlRow row;
-    row.number(user).text(QLatin1String(login)).text(hashed(QLatin1String(login)));
+    row.number(user).text(QLatin1String(login)).text(hashedPassword(QLatin1String(login)));
     row.text(cardKey(user));
     row.text(QString::fromUtf8(name)).text(QString::fromUtf8(surname)).text(QString::fromUtf8(patronymic));
     return row;
@@ -164,6 +151,17 @@ void addPerson(SqlRow *row, qint64 id, const QDate &until, Dice *dice)
 }
 } // namespace
 
+QString hashedPassword(const QString &password)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5).toHex());
+}
+
+QString cardKey(int user)
+{
+    const QString digits = QString::number(100000000 + user);
+    return digits + eanCheckDigit(QStringLiteral("220") + digits, 12);
+}
+
 int userOf(const Shop &shop)
 {
     return shop.group == operatorsShopGroup ? operatorUser : administrator;
@@ -205,7 +203,7 @@ bool setAdministratorPassword(const Db &db)
     Transaction transaction(db);
     return transaction &&
            db.run(QStringLiteral("UPDATE users SET pass=:pass,key_prem=:key WHERE id=:id"),
-                  {{QStringLiteral(":pass"), hashed(QStringLiteral("admin"))},
+                  {{QStringLiteral(":pass"), hashedPassword(QStringLiteral("admin"))},
                    {QStringLiteral(":key"), cardKey(administrator)},
                    {QStringLiteral(":id"), static_cast<int>(administrator)}}) &&
            transaction.commit();

@@ -9,6 +9,9 @@ namespace demo {
 
 bool fillPlaces(const Db &db, Chain *chain);
 bool fillUsers(const Db &db, const Chain &chain);
+/// More people, of whom one has left, and their permission groups.
+bool fillStaff(const Db &db);
+bool fillDevices(const Db &db);
 bool fillCards(const Db &db, Chain *chain);
 bool fillGoods(const Db &db, Chain *chain);
 bool fillStock(const Db &db, const Chain &chain);
@@ -20,4 +23,9 @@ bool setAdministratorPassword(const Db &db);
 
 /// The user who works in a shop: the operator in the group of shops that is his, else the administrator.
 int userOf(const Shop &shop);
+/// A password as it is stored.
+QString hashedPassword(const QString &password);
+/// The key of a user's card. A card is scanned as the prefix and the key, so the key's last digit is the
+/// check digit of the whole.
+QString cardKey(int user);
 } // namespace demo

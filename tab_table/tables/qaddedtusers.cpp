@@ -118,7 +118,7 @@ void QAddEdtUsers::loaded()
         chooseId(ui->cbGroup, allGroups);
         offerShops();
     }
-    ui->lePass->setPlaceholderText(isNew() ? QString() : tr("порожньо: залишається попередній"));
+    ui->lePass->setPlaceholderText(isNew() ? QString() : tr("без змін"));
     followKey();
     ui->leLogin->setFocus();
 }

@@ -18,7 +18,7 @@
 #include <algorithm>
 
 namespace {
-enum ColumnOf { Id, Login, Surname, Name, Surname2, Telephone, Premission, Entry, Group, Address, Key };
+enum ColumnOf { Id, Login, Surname, Name, Surname2, Premission, Entry, Telephone, Group, Address, Key };
 enum EntryFilter { Everybody, WithEntry, WithoutEntry };
 
 bool mayEnter(std::string_view permission)
@@ -37,7 +37,7 @@ const CellFormat asEntry = {entryWord, entryWord, false};
 QString listQuery(bool withKeys)
 {
     return QStringLiteral("SELECT users.id,users.login,users.surname,users.name,users.surname2,"
-                          "users.telephone,group_premission.name,entry.permission,group_shop.name,"
+                          "group_premission.name,entry.permission,users.telephone,group_shop.name,"
                           "shops.address,%1 FROM users LEFT JOIN group_premission ON "
                           "group_premission.id=users.id_g_prem LEFT JOIN lst_permis AS entry ON "
                           "entry.id_g_prem=users.id_g_prem AND entry.id_prem=%2 LEFT JOIN group_shop ON "
@@ -58,9 +58,9 @@ QTabUsers::QTabUsers(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
                 {tr("Прізвище"), 18},
                 {tr("Ім'я"), 14},
                 {tr("По батькові"), 16},
-                {tr("Телефон"), 11},
                 {tr("Група прав"), 20},
                 {tr("Вхід"), 10, &asEntry},
+                {tr("Телефон"), 11},
                 {tr("Група магазинів"), 14},
                 {tr("Магазин"), 30},
                 {tr("Ключ картки"), 11}});
