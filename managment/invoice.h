@@ -1,0 +1,113 @@
+#pragma once
+
+#include "place.h"
+#include "shopstock.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <optional>
+
+/// Goods on their way from one shop to another: rows of `invoice` with is_cash_goods 0 and their rows of
+/// `transactions_goods`. Quantities in thousandths.
+
+/// What became of an invoice. On the way: data_time_close is zero or NULL. Cancelled: closed, and no line was
+/// ever accepted. Different: at least one line has result 0.
+enum class InvoiceState { OnTheWay, Accepted, Different, Cancelled };
+
+/// An item of an invoice.
+struct InvoiceLine
+{
+    DbId goods = 0;
+    QString name;
+    bool isPiece = false;
+    /// 0 for goods that came without having been sent.
+    qint64 sent = 0;
+    /// Nothing while nobody has counted it.
+    std::optional<qint64> counted = {};
+};
+
+/// What tells a writing of an invoice from every other, to ask the server for it.
+struct InvoiceMark
+{
+    DbId invoice = 0;
+    DbId user = 0;
+    /// yyyyMMddhhmmss
+    QString time;
+};
+
+/// What the sender has put together; a value, taken once.
+struct InvoiceDraft
+{
+    DbId user = 0;
+    DbId from = 0;
+    DbId to = 0;
+    /// Where it is taken from.
+    StockPlace place = StockPlace::Syllable;
+    QString message;
+    /// The same item may stand in several lines.
+    QVector<InvoiceLine> lines;
+    /// The count below zero, by item, that the operator has agreed to.
+    QHash<DbId, qint64> agreed;
+    /// The writing before, if nobody knows what became of it.
+    std::optional<InvoiceMark> unclear;
+};
+
+/// What the receiver has counted.
+struct AcceptDraft
+{
+    DbId invoice = 0;
+    DbId user = 0;
+    /// Where it is put.
+    StockPlace place = StockPlace::Syllable;
+    QString message;
+    /// All lines of the invoice, each counted, and what came beside them.
+    QVector<InvoiceLine> lines;
+    std::optional<InvoiceMark> unclear;
+};
+
+/// The sender takes back what is on the way.
+struct CancelDraft
+{
+    DbId invoice = 0;
+    DbId user = 0;
+    /// Where it is put again.
+    StockPlace place = StockPlace::Syllable;
+    QString message;
+    std::optional<InvoiceMark> unclear;
+};
+
+/// An item of which there is less than is to be sent.
+struct Shortage
+{
+    DbId goods = 0;
+    QString name;
+    qint64 stock = 0;
+    qint64 quantity = 0;
+};
+
+struct InvoiceResult
+{
+    enum Outcome {
+        Written,
+        /// Nothing was written; the reason is reported.
+        Failed,
+        /// Nothing was written; `why` tells the user what to do.
+        Refused,
+        /// Nothing was written: somebody has closed the invoice before; `why` tells who, when and how.
+        Closed,
+        /// Nothing was written: a count would fall below zero that nobody has agreed to.
+        Short,
+        /// Nothing was written: another program is writing to the stock, and went on doing so.
+        Locked,
+        /// The connection broke while it was confirmed, and the server cannot be asked: the next try, with
+        /// the mark as `unclear`, asks before it writes.
+        Unclear
+    };
+
+    Outcome outcome = Failed;
+    QString why = {};
+    InvoiceMark mark = {};
+    QVector<Shortage> shortages = {};
+};
