@@ -3,22 +3,13 @@
 #include "cheks.h"
 #include "heldmessages.h"
 #include "money.h"
-#include "qmessevent.h"
 #include "saleclock.h"
 #include "shiftsums.h"
 #include "sqldate.h"
 
-#include <limits>
 #include <numeric>
 
 namespace {
-constexpr qint64 largestNumber = std::numeric_limits<int>::max();
-
-QString ofRegister(const char *sql, const ChekPlace &place)
-{
-    return QLatin1String(sql) + place.kass;
-}
-
 qint64 rowDiscounts(const Receipt &receipt)
 {
     return std::accumulate(receipt.rows().begin(), receipt.rows().end(), qint64(0),
@@ -27,53 +18,8 @@ qint64 rowDiscounts(const Receipt &receipt)
 } // namespace
 
 ChekWriter::ChekWriter(const Db &db, const ChekPlace &place, const char *file, int line)
-    : RegisterWriter(db, place, file, line)
+    : DocumentWriter(db, place, file, line)
 {
-}
-
-std::optional<OpenZ> ChekWriter::openZ() const
-{
-    const auto cells =
-        row(ofRegister("SELECT id_zzvit,id_user,day FROM z_zvit WHERE data_time=0 AND id_kass=", m_place));
-    if (!cells)
-        return std::nullopt;
-    return OpenZ{cells->value(0), cells->value(1), cells->value(2)};
-}
-
-QString ChekWriter::newChekNumber() const
-{
-    const QString sql =
-        QStringLiteral("SELECT MAX(id_chek) FROM cheks WHERE ") + cheksOfRegister(m_place.kass);
-    const auto cells = row(sql);
-    if (cells && cells->isEmpty())
-        postMessage(m_db.receiver(), tr("Нема даних після запиту:") + QLatin1Char('\n') + sql,
-                    QMessEvent::Critical, m_file, m_line);
-    return cells && !cells->isEmpty() ? QString::number(cells->first().toLongLong() + 1) : QString();
-}
-
-std::optional<qint64> ChekWriter::newZNumber() const
-{
-    const auto last =
-        row(ofRegister("SELECT MAX(id_zzvit) FROM z_zvit WHERE data_time<>0 AND id_kass=", m_place));
-    return last ? std::optional<qint64>(last->value(0).toLongLong() + 1) : std::nullopt;
-}
-
-QString ChekWriter::createZ() const
-{
-    const auto number = newZNumber();
-    return number && *number <= largestNumber ? createZ(QString::number(*number)) : QString();
-}
-
-QString ChekWriter::createZ(const QString &zNumber) const
-{
-    const auto day =
-        row(QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE data_time<>0 AND id_kass=%1 "
-                           "ORDER BY id_zzvit DESC LIMIT 1) FROM shops WHERE id=%2")
-                .arg(m_place.kass, m_place.shop));
-    if (!day)
-        return QString();
-    const int dayNumber = nextDay(day->value(1).toInt(), day->value(0).toInt());
-    return run(ChekSql::createZ(m_place, zNumber, dayNumber)) ? zNumber : QString();
 }
 
 std::optional<QString> ChekWriter::shiftRefusal(const OpenZ &z, const Receipt &receipt) const
@@ -85,30 +31,6 @@ std::optional<QString> ChekWriter::shiftRefusal(const OpenZ &z, const Receipt &r
     ChekPayment payment;
     payment.discount = receipt.discount();
     return shiftSums(*cells).with(receipt, payment).fits() ? QString() : tooMuchForShift(z.number);
-}
-
-std::optional<QString> ChekWriter::placeRefusal() const
-{
-    return placeRefusal("");
-}
-
-std::optional<QString> ChekWriter::placeRefusal(const char *lock) const
-{
-    const auto cells =
-        row(QStringLiteral("SELECT kassa.id_shop,IFNULL(kassa.block,0)<>0,IFNULL(shops.block,0)<>0,"
-                           "shops.address FROM kassa LEFT JOIN shops ON shops.id=kassa.id_shop WHERE "
-                           "kassa.id=") +
-            m_place.kass + QLatin1String(lock));
-    if (!cells)
-        return std::nullopt;
-    if (cells->value(0) != m_place.shop)
-        return tr("Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.")
-            .arg(cells->value(3));
-    if (cells->at(1) == QLatin1String("1"))
-        return tr("Касу заблоковано: продавати на ній не можна.");
-    if (cells->at(2) == QLatin1String("1"))
-        return tr("Магазин заблоковано: продавати в ньому не можна.");
-    return QString();
 }
 
 QString ChekWriter::disagreement(const Receipt &receipt, const ChekPayment &payment)
@@ -130,15 +52,6 @@ QString ChekWriter::disagreement(const Receipt &receipt, const ChekPayment &paym
     return QString();
 }
 
-namespace {
-bool refuse(ChekWriter::Result *result, ChekWriter::Outcome outcome, const QString &why = QString())
-{
-    result->outcome = outcome;
-    result->why = why;
-    return false;
-}
-} // namespace
-
 QString ChekWriter::tooMuchForShift(const QString &zNumber)
 {
     return tr("Зміна № %1 не вмістить цього чека: її сума стала б більшою за %2. Закрийте зміну (F12) і оплатіть "
@@ -146,61 +59,16 @@ QString ChekWriter::tooMuchForShift(const QString &zNumber)
         .arg(zNumber, moneyShown(Receipt::maximum));
 }
 
-QString ChekWriter::noMoreNumbers()
-{
-    return tr("Номери на цій касі вичерпано: більших за %1 немає. Зверніться до підтримки.")
-        .arg(largestNumber);
-}
-
-bool ChekWriter::takeNumber(Result *result) const
-{
-    const QString number = newChekNumber();
-    if (number.toLongLong() > largestNumber)
-        return refuse(result, Refused, noMoreNumbers());
-    result->chek.number = number.toInt();
-    return !number.isEmpty();
-}
-
-bool ChekWriter::openShift(Result *result) const
-{
-    const auto number = newZNumber();
-    if (!number)
-        return false;
-    if (*number > largestNumber)
-        return refuse(result, Refused, noMoreNumbers());
-    result->chek.zNumber = createZ(QString::number(*number));
-    return !result->chek.zNumber.isEmpty();
-}
-
-/// An open shift stays locked to the end: it can neither be closed nor grow meanwhile.
 bool ChekWriter::joinShift(const Receipt &receipt, const ChekPayment &payment, Result *result) const
 {
-    const auto z = openZ();
-    if (!z)
+    std::optional<ShiftSums> sums;
+    if (!DocumentWriter::joinShift(result, &sums))
         return false;
-    if (!isOwn(*z))
-        return refuse(result, Busy);
-    if (z->number.isEmpty())
-        return openShift(result);
-    result->chek.zNumber = z->number;
-    const auto cells = row(ShiftSql::lockedSums(m_place.kass, z->number));
-    if (!cells)
-        return false;
-    const ShiftSums sums = shiftSums(*cells);
-    if (!sums.isOpen)
-        return refuse(result, ShiftClosed);
-    if (sums.shop != m_place.shop)
-        return refuse(result, Blocked,
-                      tr("Зміну цієї каси відкрито в іншому магазині. Закрийте її перед продажем."));
-    if (!sums.with(receipt, payment).fits())
-        return refuse(result, Refused, tooMuchForShift(z->number));
-    return !sums.hasNulls || run(ShiftSql::nullsToZero(m_place.kass, z->number));
-}
-
-bool ChekWriter::checkPlace(Result *result) const
-{
-    const auto why = placeRefusal(" LOCK IN SHARE MODE");
-    return why && (why->isEmpty() || refuse(result, Blocked, *why));
+    if (!sums)
+        return true;
+    if (!sums->with(receipt, payment).fits())
+        return refuse(result, Refused, tooMuchForShift(result->chek.zNumber));
+    return !sums->hasNulls || run(ShiftSql::nullsToZero(m_place.kass, result->chek.zNumber));
 }
 
 /// Last comes what locks the stock of all shops until COMMIT.

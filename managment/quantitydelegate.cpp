@@ -5,6 +5,11 @@
 
 #include <QKeyEvent>
 
+void QuantityDelegate::allowNegative()
+{
+    m_least = -Receipt::maximum;
+}
+
 QWidget *QuantityDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                         const QModelIndex &index) const
 {
@@ -14,7 +19,7 @@ QWidget *QuantityDelegate::createEditor(QWidget *parent, const QStyleOptionViewI
     editor->setObjectName(QStringLiteral("leQuantity"));
     editor->setAccessibleName(tr("Кількість"));
     editor->setFrame(false);
-    (new NumberField(editor, NumberKind::Quantity, 0, Receipt::maximum))->setMayBeEmpty(true);
+    (new NumberField(editor, NumberKind::Quantity, m_least, Receipt::maximum))->setMayBeEmpty(true);
     m_editor = editor;
     return editor;
 }

@@ -12,6 +12,8 @@ class QuantityDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// Else what is below zero is no quantity.
+    void allowNegative();
     /// Hands what is being typed to the model and closes the editor; does nothing while there is none.
     void commit();
     /// Goes on in the open editor as if that had been typed there; an empty text leaves all selected.
@@ -27,4 +29,5 @@ protected:
 
 private:
     mutable QPointer<QLineEdit> m_editor;
+    qint64 m_least = 0;
 };

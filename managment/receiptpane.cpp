@@ -4,13 +4,7 @@
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
-#include "quantitydelegate.h"
 #include "receiptmodel.h"
-#include "salekeys.h"
-
-#include <QApplication>
-#include <QHeaderView>
-#include <QTimer>
 
 namespace {
 constexpr qint64 one = 1000;
@@ -20,13 +14,13 @@ ReceiptPane::ReceiptPane(QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::ReceiptPane>())
     , m_model(new ReceiptModel(this))
-    , m_quantity(new QuantityDelegate(this))
     , m_columns((ui->setupUi(this), ui->viewChek))
 {
     ui->viewChek->setModel(m_model);
-    ui->viewChek->setItemDelegate(m_quantity);
-    ui->viewChek->setSelectionMode(QAbstractItemView::SingleSelection);
-    ui->viewChek->setEditTriggers(QAbstractItemView::DoubleClicked);
+    m_grid = new QuantityGrid(ui->viewChek, ReceiptModel::Quantity,
+                              {[this](int row) { return receipt().rows().at(row).quantity; },
+                               [this](int row, qint64 quantity) { return setQuantity(row, quantity); },
+                               [this](int row) { m_model->remove(row); }, [this] { return settle(); }});
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
     ui->lbKeys->setText(
         tr("+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити"));
@@ -38,33 +32,27 @@ ReceiptPane::ReceiptPane(QWidget *parent)
 ReceiptPane::~ReceiptPane()
 {
     // An editor or a field that loses the focus on the way out would still tell of it.
-    m_quantity->drop();
+    m_grid->drop();
     const auto parts = findChildren<QObject *>();
     for (const QObject *part : parts)
         part->disconnect(this);
 }
 
-void ReceiptPane::setUp(const QLoadedUser *user, const MayChange &mayChange, const WhenThere &whenThere)
+void ReceiptPane::setUp(const QLoadedUser *user, const QuantityGrid::MayChange &mayChange,
+                        const QuantityGrid::WhenThere &whenThere)
 {
     m_mayChange = mayChange;
-    m_whenThere = whenThere;
+    m_grid->setUp(mayChange, whenThere);
     m_columns.set(ReceiptModel::columns(), user->idUser(), QStringLiteral("QRegisterSale_viewChek"));
 }
 
 void ReceiptPane::connectGrid()
 {
-    ui->viewChek->installEventFilter(this);
     connect(m_model, &ReceiptModel::receiptChanged, this, &ReceiptPane::showSums);
-    connect(m_model, &ReceiptModel::quantityTyped, this, [this](int row, const QString &text) {
-        m_typed = TypedQuantity{row, text};
-        // After the cell's editor is gone: the change may ask.
-        QTimer::singleShot(0, this, &ReceiptPane::settleQuantity);
-    });
-    connect(m_quantity, &QuantityDelegate::closeEditor, this, [this] {
-        if (QApplication::focusWidget() == ui->viewChek)
-            emit left();
-    });
-    connect(ui->viewChek->horizontalHeader(), &QHeaderView::sectionClicked, this, &ReceiptPane::left);
+    connect(m_model, &ReceiptModel::quantityTyped, m_grid, &QuantityGrid::typed);
+    connect(m_grid, &QuantityGrid::told, this, &ReceiptPane::told);
+    connect(m_grid, &QuantityGrid::lettersTyped, this, &ReceiptPane::typed);
+    connect(m_grid, &QuantityGrid::left, this, &ReceiptPane::left);
 }
 
 void ReceiptPane::connectFields()
@@ -73,7 +61,7 @@ void ReceiptPane::connectFields()
     // The mouse means the row that is seen, a key that of the item on its way.
     connect(ui->pbRemove, &QPushButton::clicked, this, [this] {
         const QPersistentModelIndex seen(ui->viewChek->currentIndex());
-        removeRow([=] { return seen.row(); });
+        m_grid->remove([=] { return seen.row(); });
     });
     connect(ui->pbClear, &QPushButton::clicked, this, &ReceiptPane::clearPressed);
     connect(ui->pbSale, &QPushButton::clicked, this, &ReceiptPane::sellPressed);
@@ -110,21 +98,11 @@ void ReceiptPane::showSums()
     ui->lbToPay->setText(moneyShown(receipt().toPay()));
 }
 
-int ReceiptPane::currentRow() const
-{
-    return ui->viewChek->currentIndex().row();
-}
-
-void ReceiptPane::goToRow(int row)
-{
-    ui->viewChek->setCurrentIndex(m_model->index(row, ReceiptModel::Quantity));
-}
-
 bool ReceiptPane::add(const ReceiptRow &row)
 {
     m_model->add(row);
     const int last = m_model->rowCount() - 1;
-    goToRow(last);
+    m_grid->goToRow(last);
     if (!receipt().exceedsStock(last) || confirmStock())
         return true;
     m_model->remove(last);
@@ -133,7 +111,7 @@ bool ReceiptPane::add(const ReceiptRow &row)
 
 void ReceiptPane::clear()
 {
-    m_typed.reset();
+    m_grid->forget();
     m_model->clear();
     showDiscount();
 }
@@ -148,18 +126,8 @@ bool ReceiptPane::confirmStock()
 
 bool ReceiptPane::settle()
 {
-    const bool isCounted = settleQuantity();
+    const bool isCounted = m_grid->settle();
     return settleDiscount() && isCounted;
-}
-
-bool ReceiptPane::settleQuantity()
-{
-    m_quantity->commit();
-    if (!m_typed)
-        return true;
-    const TypedQuantity typed = *m_typed;
-    m_typed.reset();
-    return changeQuantity(typed.row, typed.text);
 }
 
 bool ReceiptPane::settleDiscount()
@@ -190,7 +158,7 @@ void ReceiptPane::showDiscount()
 /// What was typed before it counts first; what cannot be read stays where it is.
 void ReceiptPane::discountTyped()
 {
-    settleQuantity();
+    m_grid->settle();
     if (!isDiscountBegun() || !ui->dsbDiscount->isReadable())
         return;
     emit told(QString());
@@ -204,23 +172,8 @@ void ReceiptPane::setDiscount(qint64 kopecks)
         m_model->setDiscount(kopecks);
 }
 
-/// False, with the reason told, when it stays as it was.
-bool ReceiptPane::changeQuantity(int row, const QString &text)
-{
-    qint64 quantity = 0;
-    if (row >= m_model->rowCount() || text.isEmpty())
-        return true;
-    if (thousandthsFromText(text, &quantity))
-        return setQuantity(row, quantity);
-    emit told(tr("«%1» не є кількістю.").arg(text));
-    return false;
-}
-
 bool ReceiptPane::setQuantity(int row, qint64 thousandths)
 {
-    emit told(QString());
-    if (!m_mayChange([=] { setQuantity(row, thousandths); }))
-        return false;
     const ReceiptRow &before = receipt().rows().at(row);
     const qint64 old = before.quantity;
     if (thousandths <= 0 || (before.isPiece() && thousandths % one != 0)) {
@@ -233,94 +186,5 @@ bool ReceiptPane::setQuantity(int row, qint64 thousandths)
         m_model->setQuantity(row, old);
         return false;
     }
-    return true;
-}
-
-void ReceiptPane::stepQuantity(qint64 thousandths)
-{
-    if (!settle())
-        return;
-    m_whenThere([=] {
-        const int row = currentRow();
-        if (row >= 0)
-            setQuantity(row, receipt().rows().at(row).quantity + thousandths);
-    });
-}
-
-void ReceiptPane::editQuantity(const QString &text)
-{
-    settle();
-    m_whenThere([=] {
-        const int row = currentRow();
-        if (row < 0 || !m_mayChange([=] { editQuantity(text); }))
-            return;
-        ui->viewChek->setFocus();
-        goToRow(row);
-        ui->viewChek->edit(ui->viewChek->currentIndex());
-        m_quantity->type(text);
-    });
-}
-
-/// What was typed into the row goes with it.
-void ReceiptPane::removeRow(const std::function<int()> &which)
-{
-    emit told(QString());
-    m_quantity->drop();
-    m_typed.reset();
-    if (settle())
-        m_whenThere([=] { removeRow(which()); });
-    emit left();
-}
-
-void ReceiptPane::removeRow(int row)
-{
-    if (row < 0 || !m_mayChange([=] { removeRow(row); }))
-        return;
-    m_model->remove(row);
-    goToRow(qMin(row, m_model->rowCount() - 1));
-}
-
-bool ReceiptPane::rowKey(const QKeyEvent *key)
-{
-    switch (key->key()) {
-    case Qt::Key_Plus:
-        stepQuantity(one);
-        return true;
-    case Qt::Key_Minus:
-        stepQuantity(-one);
-        return true;
-    case Qt::Key_Asterisk:
-    case Qt::Key_F2:
-        editQuantity();
-        return true;
-    case Qt::Key_Delete:
-        removeRow([this] { return currentRow(); });
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool ReceiptPane::eventFilter(QObject *watched, QEvent *event)
-{
-    return event->type() == QEvent::KeyPress ? gridKey(static_cast<QKeyEvent *>(event))
-                                             : QWidget::eventFilter(watched, event);
-}
-
-bool ReceiptPane::gridKey(const QKeyEvent *key)
-{
-    if (rowKey(key))
-        return true;
-    if (isEnterKey(key)) {
-        emit left();
-        return true;
-    }
-    if (!isTypedKey(key))
-        return false;
-    // What is typed next begins a new quantity.
-    if (currentRow() >= 0 && key->text().at(0).isDigit())
-        editQuantity(key->text());
-    else
-        emit typed(key->text());
     return true;
 }

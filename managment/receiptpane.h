@@ -1,20 +1,16 @@
 #pragma once
 
 #include "listcolumns.h"
+#include "quantitygrid.h"
 #include "receipt.h"
 
 #include <QWidget>
-#include <functional>
 #include <memory>
-#include <optional>
 
 namespace Ui {
 class ReceiptPane;
 }
-class QKeyEvent;
 class QLoadedUser;
-class QNTableView;
-class QuantityDelegate;
 class ReceiptModel;
 
 /// The receipt that is being filled: its grid, in which quantities are typed, its discount and its sums.
@@ -26,14 +22,9 @@ public:
     explicit ReceiptPane(QWidget *parent = nullptr);
     ~ReceiptPane() override;
 
-    using Act = std::function<void()>;
-    /// Asked before the receipt changes; after false, again() comes when it may be changed later.
-    using MayChange = std::function<bool(const Act &again)>;
-    /// Does it, now or later, when the item that is on its way has come into the receipt.
-    using WhenThere = std::function<void(const Act &act)>;
-
     /// user: for whom the columns are remembered.
-    void setUp(const QLoadedUser *user, const MayChange &mayChange, const WhenThere &whenThere);
+    void setUp(const QLoadedUser *user, const QuantityGrid::MayChange &mayChange,
+               const QuantityGrid::WhenThere &whenThere);
     /// why: what the fields tell when nothing may be changed.
     void setMayChange(bool mayChange, const QString &why);
     void setMaySell(bool maySell);
@@ -52,7 +43,7 @@ public:
     void showDiscount();
 
     /// Plus, minus, asterisk, F2 and Delete, for the current row; false for any other key.
-    bool rowKey(const QKeyEvent *key);
+    bool rowKey(const QKeyEvent *key) { return m_grid->rowKey(key); }
     /// Inputs but the grid.
     QWidgetList fields() const;
 
@@ -65,40 +56,20 @@ signals:
     /// Somebody is through with a row, a field or a box.
     void left();
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void connectGrid();
     void connectFields();
     void showSums();
-    bool settleQuantity();
     bool settleDiscount();
     void discountTyped();
     void setDiscount(qint64 kopecks);
     bool confirmStock();
-    bool changeQuantity(int row, const QString &text);
     bool setQuantity(int row, qint64 thousandths);
-    void stepQuantity(qint64 thousandths);
-    void editQuantity(const QString &text = QString());
-    void removeRow(const std::function<int()> &which);
-    void removeRow(int row);
-    int currentRow() const;
-    void goToRow(int row);
-    bool gridKey(const QKeyEvent *key);
 
     std::unique_ptr<Ui::ReceiptPane> ui;
     ReceiptModel *m_model;
-    QuantityDelegate *m_quantity;
+    QuantityGrid *m_grid;
     ListColumns m_columns;
-    MayChange m_mayChange;
-    WhenThere m_whenThere;
-    /// A quantity that left its editor and is not in the receipt yet.
-    struct TypedQuantity
-    {
-        int row;
-        QString text;
-    };
-    std::optional<TypedQuantity> m_typed;
+    QuantityGrid::MayChange m_mayChange;
     qint64 m_shownDiscount = 0;
 };

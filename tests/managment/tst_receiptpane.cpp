@@ -64,8 +64,8 @@ void TstReceiptPane::init()
     m_mayChange = true;
     m_pane = std::make_unique<ReceiptPane>();
     m_pane->setUp(
-        &m_user, [this](const ReceiptPane::Act &) { return m_mayChange; },
-        [](const ReceiptPane::Act &act) { act(); });
+        &m_user, [this](const QuantityGrid::Act &) { return m_mayChange; },
+        [](const QuantityGrid::Act &act) { act(); });
     m_told = std::make_unique<QSignalSpy>(m_pane.get(), &ReceiptPane::told);
     m_grid = child<QNTableView>(m_pane.get(), QStringLiteral("viewChek"));
     m_discount = child<MoneySpinBox>(m_pane.get(), QStringLiteral("dsbDiscount"));
