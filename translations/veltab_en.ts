@@ -2,6 +2,164 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="uk">
 <context>
+    <name>AccessRows</name>
+    <message>
+        <source>повний</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>перегляд</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>так</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>(немає)</source>
+        <translation>(none)</translation>
+    </message>
+    <message>
+        <source>Право</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група магазинів: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Передача в магазин: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ActionEndEdit</name>
+    <message>
+        <source>Введіть дату.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ActionTimes</name>
+    <message>
+        <source>Тип акції нічого не змінює в ціні.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Не вибрано жодного дня тижня.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Є дата початку, а дати закінчення немає.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Закінчується раніше, ніж починається.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Щоденний час закінчується раніше, ніж починається.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>діє зараз</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>діє в інші години</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>діє в інші дні</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>заплановано</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>завершена</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>вимкнена</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>щодня</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>цілодобово</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>без дат</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Пн</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вт</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ср</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Чт</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Пт</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Сб</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Нд</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ActionUsage</name>
+    <message>
+        <source>товарів: %1, магазинів: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>і ще магазинів: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ActionValueEdit</name>
+    <message>
+        <source>Введіть ціле число від 0 до %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ActionWeek</name>
+    <message>
+        <source>Тиждень акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Не діє ніколи: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Діє: %1, %2, %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ArticleCounts</name>
     <message>
         <source>Каси з кодом CashDrive %1 немає.</source>
@@ -303,10 +461,6 @@
 <context>
     <name>ChekWriter</name>
     <message>
-        <source>Нема даних після запиту:</source>
-        <translation>No data after the query:</translation>
-    </message>
-    <message>
         <source>З даним магазином працює інший користувач.
 Зачекайте або зв&apos;яжіться з пітримкою.</source>
         <translation>Another user is working with this shop.
@@ -329,18 +483,6 @@ Wait or contact support.</translation>
         <translation>The receipt is not recorded. Repeat the payment.</translation>
     </message>
     <message>
-        <source>Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.</source>
-        <translation>The register was moved to another shop (“%1”). Choose shop and register again.</translation>
-    </message>
-    <message>
-        <source>Касу заблоковано: продавати на ній не можна.</source>
-        <translation>The register is blocked: nothing can be sold at it.</translation>
-    </message>
-    <message>
-        <source>Магазин заблоковано: продавати в ньому не можна.</source>
-        <translation>The shop is blocked: nothing can be sold in it.</translation>
-    </message>
-    <message>
         <source>У чеку немає товарів.</source>
         <translation>The receipt has no goods.</translation>
     </message>
@@ -359,14 +501,6 @@ Wait or contact support.</translation>
     <message>
         <source>Зміна № %1 не вмістить цього чека: її сума стала б більшою за %2. Закрийте зміну (F12) і оплатіть чек у новій.</source>
         <translation>Shift No. %1 cannot hold this receipt: its sum would be above %2. Close the shift (F12) and pay the receipt in a new one.</translation>
-    </message>
-    <message>
-        <source>Номери на цій касі вичерпано: більших за %1 немає. Зверніться до підтримки.</source>
-        <translation>The register has run out of numbers: there are none above %1. Ask the support.</translation>
-    </message>
-    <message>
-        <source>Зміну цієї каси відкрито в іншому магазині. Закрийте її перед продажем.</source>
-        <translation>The register&apos;s shift was opened in another shop. Close it before selling.</translation>
     </message>
     <message>
         <source>Зміну № %1 щойно закрила інша програма. Чек не записано. Повторіть оплату: він відкриє нову зміну.</source>
@@ -588,6 +722,52 @@ Wait or contact support.</translation>
     <message>
         <source>На записи файла (%1 байтів) не вистачає пам&apos;яті.</source>
         <translation>There is not enough memory for the records of the file (%1 bytes).</translation>
+    </message>
+</context>
+<context>
+    <name>Devices</name>
+    <message>
+        <source>не вказано</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб записати своє, або Esc, щоб залишити це.</source>
+        <translation>While you were editing, another program stored “%1” here. Press Enter again to store yours, or Esc to keep this.</translation>
+    </message>
+    <message>
+        <source>Типу «%1» немає. Виберіть один із цих: %2; без типу залиште поле порожнім.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Помилка оновлення запису.</source>
+        <translation>Error when updating the record.</translation>
+    </message>
+</context>
+<context>
+    <name>DocumentWriter</name>
+    <message>
+        <source>Нема даних після запиту:</source>
+        <translation type="unfinished">No data after the query:</translation>
+    </message>
+    <message>
+        <source>Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.</source>
+        <translation>The register was moved to another shop (“%1”). Choose shop and register again.</translation>
+    </message>
+    <message>
+        <source>Касу заблоковано: продавати на ній не можна.</source>
+        <translation>The register is blocked: nothing can be sold at it.</translation>
+    </message>
+    <message>
+        <source>Магазин заблоковано: продавати в ньому не можна.</source>
+        <translation>The shop is blocked: nothing can be sold in it.</translation>
+    </message>
+    <message>
+        <source>Номери на цій касі вичерпано: більших за %1 немає. Зверніться до підтримки.</source>
+        <translation>The register has run out of numbers: there are none above %1. Ask the support.</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в іншому магазині. Закрийте її перед продажем.</source>
+        <translation>The register&apos;s shift was opened in another shop. Close it before selling.</translation>
     </message>
 </context>
 <context>
@@ -1007,6 +1187,52 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>GroupAccess</name>
+    <message>
+        <source>Група магазинів: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>так</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Передача в магазин: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>GroupsCompare</name>
+    <message>
+        <source>П&amp;ерша група:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Друга група:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Порівняння груп прав</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Групи не відрізняються.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>%1 і %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ImportedList</name>
     <message>
         <source>Не скопійовано: %1</source>
@@ -1047,6 +1273,101 @@ Wait or contact support.</translation>
     <message>
         <source>&amp;Закрити</source>
         <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
+    <name>InvoiceWriter</name>
+    <message>
+        <source>Магазину № %1 вже немає. Виберіть інший.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Магазин «%1» заблоковано: товар до нього і з нього не передають. Нічого не записано.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: стільки в магазині не вміститься: залишок став би більшим за %2. Перевірте кількість.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>вже скасовано</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>вже прийнято</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>користувач невідомий</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Накладну № %1 %2: %3, %4. Нічого не записано.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Накладної на товар № %1 немає. Оновіть список.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: залишок став би меншим за −%2. Зменште кількість.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1» не пораховано: введіть кількість, 0 — коли товару немає.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: кількість має бути від 0 до %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Рядки накладної тим часом змінились. Відкрийте її ще раз.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, до якого передається товар.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Товар не можна передати до того самого магазину. Виберіть інший.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>У передачі немає товарів.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: введіть кількість, більшу за нуль.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: разом не може бути більше ніж %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Нічого не записано. Повторіть.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Залишки зараз записує інша програма. Нічого не записано. Повторіть.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи його збережено. Зачекайте, доки зв&apos;язок відновиться, і повторіть: програма спершу запитає сервер.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>«%1»: є %2, передається %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>… і ще %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Товару менше, ніж передається; залишок стане від&apos;ємним:</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1285,6 +1606,41 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>MemberPreview</name>
+    <message>
+        <source>Показати як: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Меню і команди, які бачить користувач групи &quot;%1&quot;. Груп магазинів: %2, магазинів для передачі: %3. Експорт списків: %4.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>так</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ні</source>
+        <translation>no</translation>
+    </message>
+    <message>
+        <source>Користувач групи &quot;%1&quot; не увійде: &quot;У вас немає доступу до бекофісу.&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Меню</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Команди</source>
+        <translation>Commands</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
     <name>NextStep</name>
     <message>
         <source>Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).</source>
@@ -1507,6 +1863,14 @@ Wait or contact support.</translation>
         <source>Статистика OnLine</source>
         <translation>On-line statistics</translation>
     </message>
+    <message>
+        <source>Користувачі</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Групи прав</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PageBar</name>
@@ -1533,6 +1897,189 @@ Wait or contact support.</translation>
     <message>
         <source>сторінка %1</source>
         <translation>page %1</translation>
+    </message>
+</context>
+<context>
+    <name>Permissions</name>
+    <message>
+        <source>Вхід</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вхід до бек-офісу</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Управління</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Продаж, прийом, переміщення</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Управління товарами</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Фінанси</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Управління акціями</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Таблиці</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Магазини</source>
+        <translation>Shops</translation>
+    </message>
+    <message>
+        <source>Обладнання</source>
+        <translation>Equipment</translation>
+    </message>
+    <message>
+        <source>Пристрої</source>
+        <translation>Devices</translation>
+    </message>
+    <message>
+        <source>Групи магазинів</source>
+        <translation>Shop groups</translation>
+    </message>
+    <message>
+        <source>Товари</source>
+        <translation>Goods</translation>
+    </message>
+    <message>
+        <source>Групи товарів</source>
+        <translation>Goods groups</translation>
+    </message>
+    <message>
+        <source>Товари магазинів</source>
+        <translation>Goods in shops</translation>
+    </message>
+    <message>
+        <source>Клієнти</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Знижки</source>
+        <translation>Discounts</translation>
+    </message>
+    <message>
+        <source>Акції</source>
+        <translation>Promotions</translation>
+    </message>
+    <message>
+        <source>Транзакції</source>
+        <translation>Transactions</translation>
+    </message>
+    <message>
+        <source>Типи транзакцій</source>
+        <translation>Transaction types</translation>
+    </message>
+    <message>
+        <source>Зміни</source>
+        <translation>Shifts</translation>
+    </message>
+    <message>
+        <source>Службові операції</source>
+        <translation>Service operations</translation>
+    </message>
+    <message>
+        <source>Дні оновлення</source>
+        <translation>Update days</translation>
+    </message>
+    <message>
+        <source>Податкові групи</source>
+        <translation>Tax groups</translation>
+    </message>
+    <message>
+        <source>Звіти</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Чеки</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Z-звіти</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Артикульний звіт</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Статистика онлайн</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Обмін</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Автодозвін</source>
+        <translation>Auto-dial</translation>
+    </message>
+    <message>
+        <source>Імпорт клієнтів</source>
+        <translation>Import of clients</translation>
+    </message>
+    <message>
+        <source>Команди</source>
+        <translation>Commands</translation>
+    </message>
+    <message>
+        <source>Експорт та імпорт</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Експорт списків</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Імпорт списків</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Користувачі</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Групи прав</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Сервіс</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Налаштування, таблиці бази, прискорення звітів</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Імпорт з попередньої версії</source>
+        <translation>Import from the previous version</translation>
+    </message>
+    <message>
+        <source>Інші програми: право №%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Заборона</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Повний дозвіл</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Тільки перегляд</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1914,6 +2461,125 @@ Records that are here already will not change; the database “%1” is only rea
     <message>
         <source>Записується…</source>
         <translation>Writing…</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtActions</name>
+    <message>
+        <source>Код акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Тип акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Знижка, %</source>
+        <translation>Discount, %</translation>
+    </message>
+    <message>
+        <source>Значення 1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Значення 2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Обмежити датами і годинами</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Перший день</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Останній день</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Дні тижня</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>щодня з</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>щодня до</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Жодному товару не призначена.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Призначена: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Значення</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Стан: %1. %2, %3, %4.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Не діятиме ніколи: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Введіть назву акції.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Виберіть тип акції.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акція закінчується раніше, ніж починається. Виправте дати.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Години «з» пізніші за години «до». Каси порівнюють години в межах одного дня, тому акція через північ (наприклад, з 22:00 до 06:00) неможлива. Введіть проміжок до 23:59:59.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва акції повинна бути унікальною</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акція не діятиме ніколи: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акція вже закінчилася і не діятиме.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акцію призначено: %1. Ціни цих товарів зміняться одразу після збереження.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Зберегти</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Повернутись до редагування</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2539,6 +3205,149 @@ change of percentages</translation>
     <message>
         <source>Такий запис вже існує в базі!</source>
         <translation>This record already exists in the database!</translation>
+    </message>
+</context>
+<context>
+    <name>QAddEdtUsers</name>
+    <message>
+        <source>&amp;Логін:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Прізвище:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Ім&apos;я:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>По &amp;батькові:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Телефон:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>0441234501</source>
+        <translation type="unfinished">0441234501</translation>
+    </message>
+    <message>
+        <source>Па&amp;роль:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Пароль &amp;ще раз:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Гр&amp;упа прав:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група &amp;магазинів:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>М&amp;агазин:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Ключ картки:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Запропо&amp;нувати</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Наступний вільний ключ</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Зберегти</source>
+        <translation>&amp;Save</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>приховано</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>без змін</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>без магазину</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картка: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Логін не може бути порожнім!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Впишіть прізвище та ім&apos;я: за ними людину впізнають у чеках і звітах.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Виберіть групу прав: вона вирішує, що користувач може бачити і змінювати.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Виберіть групу магазинів.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Телефон повинен складатися з десяти цифр, наприклад 0441234501, або бути порожнім.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Паролі не співпадають! Впишіть той самий пароль двічі.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Новому користувачу потрібен пароль: впишіть його двічі.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Кнопка «Запропонувати» дає вільний ключ.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Такий логін вже має інший користувач!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Такий ключ вже має інший користувач! Кнопка «Запропонувати» дає вільний.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>новий</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Забрати право в себе?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Це ваш власний запис. У групі прав «%1» користувачів не змінюють: після збереження ви вже не зможете повернути собі це право.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Забрати право в себе</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
     </message>
 </context>
 <context>
@@ -3680,6 +4489,187 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QPremisGroup</name>
+    <message>
+        <source>Г&amp;рупи прав:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Користувачів</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Додати &amp;групу</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Копі&amp;ювати групу</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Порі&amp;вняти з іншою…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Назва групи:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Показати &amp;як…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Які меню і команди побачить користувач цієї групи</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Що дозволено групі</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Права</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Право або меню</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Права групи</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Клавіші: 0 – заборона, 1 – повний дозвіл, 2 – тільки перегляд, пробіл – наступне; на назві меню – для всього меню.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Групи магазинів</source>
+        <translation>Shop groups</translation>
+    </message>
+    <message>
+        <source>Група бачить магазини, каси, чеки і звіти ц&amp;их груп магазинів:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Передача в магазини</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група може передавати товари і гроші в &amp;ці магазини:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Усі групи</source>
+        <translation>All groups</translation>
+    </message>
+    <message>
+        <source>Скасувати з&amp;міни</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>З&amp;берегти</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ctrl+S</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Продовжити редагування</source>
+        <translation>Go on editing</translation>
+    </message>
+    <message>
+        <source>Видалення заборонене!!!</source>
+        <translation>Deletion is forbidden!!!</translation>
+    </message>
+    <message>
+        <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
+        <translation>Writing… Close the tab when this has ended.</translation>
+    </message>
+    <message>
+        <source>Нова група</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Зміни не збережено.</source>
+        <translation>The changes are not saved.</translation>
+    </message>
+    <message>
+        <source>Зміни в групі прав &quot;%1&quot; не збережено.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Не зберігати</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>%1 (ваша)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Тільки перегляд.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Нова група: ще не збережена.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Змінено, ще не збережено.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - копія</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група прав з такою назвою вже є.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва не може бути пустою</source>
+        <translation>The name must not be empty</translation>
+    </message>
+    <message>
+        <source>Забрати у себе?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Це ваша власна група. Ви забираєте у себе:
+%1
+Повернути це зможе лише хтось інший.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Забрати</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи зміни збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+</context>
+<context>
     <name>QQestion</name>
     <message>
         <source>OK</source>
@@ -3941,6 +4931,101 @@ Restart the program!</translation>
     <message>
         <source>Спершу закінчіть набране: Enter записує, Esc скасовує.</source>
         <translation>Finish what you are typing first: Enter saves it, Esc drops it.</translation>
+    </message>
+</context>
+<context>
+    <name>QTabActions</name>
+    <message>
+        <source>«Без акції» потрібна самим програмам: її мають товари, на які акції немає. Змінити або видалити її не можна.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>без знижки</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Тип</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Знижка, %</source>
+        <translation>Discount, %</translation>
+    </message>
+    <message>
+        <source>Початок</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Закінчення</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Щоденні години</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Дні тижня</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Стан</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Товарів</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Магазинів</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва або тип</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Виберіть у списку акцію, яку треба видалити.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Видалення акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Видалити акцію «%1»? Повернути її буде не можна.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Видалити</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акцію «%1» видалено.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Акцію «%1» видалити не можна: її призначено (%2).
+
+%3
+
+Спершу зніміть її з товарів у вкладці &quot;Управління акціями&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Цю акцію вже видалив хтось інший.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Поки ви вирішували, акцію змінив хтось інший. Її не видалено: перегляньте її ще раз.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -4550,6 +5635,134 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
 </context>
 <context>
+    <name>QTabUsers</name>
+    <message>
+        <source>дозволено</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>закрито</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Логін</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Прізвище</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ім&apos;я</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>По батькові</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група прав</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вхід</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Телефон</source>
+        <translation>Telephone</translation>
+    </message>
+    <message>
+        <source>Група магазинів</source>
+        <translation>Shop group</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Ключ картки</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Усі</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вхід дозволено</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вхід закрито</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Друкувати…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Зберегти в &amp;PDF…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Група прав не дає входу до бекофісу.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Без картки лишаються:
+%1
+Відкрийте запис і дайте новий ключ кнопкою «Запропонувати».</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Виберіть у списку, чиї картки потрібні.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картка</source>
+        <translation>Card</translation>
+    </message>
+    <message>
+        <source>Картки</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QTabUsersFilter</name>
+    <message>
+        <source>&amp;Група прав:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Вхід:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>логін, ім&apos;я, телефон</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Картка</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картки вибраних користувачів</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>QTabZZvit</name>
     <message>
         <source>відкрита</source>
@@ -4809,6 +6022,13 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
 </context>
 <context>
+    <name>QuantityGrid</name>
+    <message>
+        <source>«%1» не є кількістю.</source>
+        <translation type="unfinished">“%1” is not a quantity.</translation>
+    </message>
+</context>
+<context>
     <name>QueryService</name>
     <message>
         <source>Немає зв&apos;язку з базою даних.</source>
@@ -5015,10 +6235,6 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
         <translation>Sell</translation>
     </message>
     <message>
-        <source>«%1» не є кількістю.</source>
-        <translation>“%1” is not a quantity.</translation>
-    </message>
-    <message>
         <source>Кількість штучного товару — ціле число від 1.</source>
         <translation>The quantity of a piece item is a whole number from 1.</translation>
     </message>
@@ -5060,6 +6276,10 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <message>
         <source>Поки редактор був відкритий, вибране в полі &quot;%1&quot; вилучила інша програма. Нічого не збережено. Виберіть інше.</source>
         <translation>While the editor was open, another program has removed what is chosen in &quot;%1&quot;. Nothing was saved. Choose something else.</translation>
+    </message>
+    <message>
+        <source>без дати</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -5112,6 +6332,28 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <message>
         <source>За цими умовами нічого не знайдено.</source>
         <translation>Nothing was found under these conditions.</translation>
+    </message>
+</context>
+<context>
+    <name>RightsGuard</name>
+    <message>
+        <source>Після цього не лишилося б жодного користувача, який може увійти і має повний дозвіл на користувачів та групи прав: ніхто вже не зміг би дати доступ. Нічого не збережено. Спершу дайте ці права іншому користувачу.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RightsTree</name>
+    <message>
+        <source>Право</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Інші програми (не змінюються тут)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Право №%1</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -5984,6 +7226,60 @@ The indexes can be removed in the same way.</translation>
     </message>
 </context>
 <context>
+    <name>User</name>
+    <message>
+        <source>Цей пароль використати не можна. Оберіть інший пароль.</source>
+        <translation>This password cannot be used. Choose another password.</translation>
+    </message>
+    <message>
+        <source>Пароль не перевірено: сервер відповів помилкою.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ключ не перевірено: сервер відповів помилкою.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Цей ключ використати не можна. Оберіть інший ключ.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Помилка запиту</source>
+        <translation>Query error</translation>
+    </message>
+    <message>
+        <source>Пароль</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>UserCard</name>
+    <message>
+        <source>Картки неможливі: префікс ідентифікації в налаштуваннях повинен складатися з трьох цифр.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ключ повинен складатися з десяти цифр.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картка з таким ключем не зчитається: остання цифра ключа має бути %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картка користувача</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Картка</source>
+        <translation>Card</translation>
+    </message>
+    <message>
+        <source>Перегляд перед друком</source>
+        <translation>Print preview</translation>
+    </message>
+</context>
+<context>
     <name>Veltab</name>
     <message>
         <source>Veltab  База:</source>
@@ -6367,6 +7663,13 @@ Cancel and leave?</translation>
     </message>
 </context>
 <context>
+    <name>WeekDaysEdit</name>
+    <message>
+        <source>записано: «%1»</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>XlsxExport</name>
     <message>
         <source>Список</source>
@@ -6406,6 +7709,29 @@ Cancel and leave?</translation>
     <message>
         <source>Сервер не шифрує з&apos;єднання, а налаштування вимагають шифрування.</source>
         <translation>The server does not encrypt the connection, but the settings require encryption.</translation>
+    </message>
+</context>
+<context>
+    <name>qtabdevices</name>
+    <message>
+        <source>не вказано</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Назва пристрою</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Тип пристрою</source>
+        <translation>Device type</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>назва або тип пристрою</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -7,8 +7,8 @@
 class Heartbeat : public QObject
 {
 public:
-    /// A window that waits for a slow server of these tests stands still at least so long, in ms. How much sooner
-    /// it answers when it does not wait is told by the benchmarks, not by tests on a busy machine.
+    /// A window that waits for a slow server of these tests stands still at least so long, in ms. How much
+    /// sooner it answers when it does not wait is told by the benchmarks, not by tests on a busy machine.
     static constexpr qint64 waitMs = 200;
 
     Heartbeat();
