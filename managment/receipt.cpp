@@ -10,9 +10,7 @@ qint64 ReceiptRow::sum() const
 
 qint64 ReceiptRow::actDiscount() const
 {
-    if (actType != percentAction || sum() > Receipt::maximum)
-        return 0;
-    return shareOf(sum(), qMin<qint64>(actVal, 10000));
+    return promotionDiscount(actType, actVal, sum());
 }
 
 QVector<qint64> inProportion(qint64 sum, const QVector<qint64> &weights)

@@ -11,7 +11,9 @@
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "qwhyprice.h"
 #include "ui_qtabgoodsfilter.h"
+#include "whypriceoffer.h"
 
 #include <QVBoxLayout>
 
@@ -54,6 +56,16 @@ void QTabGoods::buildFilter()
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbGroup, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &QTabGoods::searchAgain);
     connect(ui->chByCode, &QCheckBox::toggled, this, &QTabGoods::searchAgain);
+    offerWhyPrice(this, view(), ui->pbWhyPrice, [this](int row) { whyPrice(row); });
+}
+
+/// The list is of no shop: the window asks for one.
+void QTabGoods::whyPrice(int row)
+{
+    PriceQuestion question;
+    question.idGoods = model()->stored(row, idColumn).toUInt();
+    question.time = QDateTime::currentDateTime();
+    QWhyPrice::show(db().connection(), user(), receiver(), question, this);
 }
 
 void QTabGoods::seerch(const QString &text)

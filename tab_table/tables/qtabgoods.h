@@ -34,6 +34,7 @@ protected:
 private:
     void buildFilter();
     void searchAgain();
+    void whyPrice(int row);
     QVector<int> rowsOf(const QString &id) const;
     QString grouping() const;
     void writeRows(const RowStore &records, const QVector<int> &rows);

@@ -5,9 +5,17 @@
 #include "listpane.h"
 #include "permittedlists.h"
 #include "qloadeduser.h"
+#include "qrowmodel.h"
+#include "qwhyprice.h"
 #include "ui_qtabgoodsshopsfilter.h"
+#include "whypriceoffer.h"
 
 #include <QVBoxLayout>
+
+namespace {
+/// Behind what is shown: of whom a row is.
+enum HiddenColumn { IdShop = 4, IdGoods };
+} // namespace
 
 QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                                QWidget *parent)
@@ -17,14 +25,17 @@ QTabGoodsShops::QTabGoodsShops(QSqlDatabase *db, QLoadedUser *user, QObject *rec
     recordRefusal =
         tr("Залишки змінюють продаж, прийом і переміщення. Новий товар магазину додайте у вкладці "
            "\"Товари\": список \"Продається в магазинах\".");
-    query = QStringLiteral("SELECT shops.address,goods.name,goods_shop.count_showroom,"
-                           "goods_shop.count_syllable FROM goods_shop LEFT JOIN shops ON "
-                           "goods_shop.id_shop=shops.id LEFT JOIN goods ON goods_shop.id_goods=goods.id");
+    query = QStringLiteral(
+        "SELECT shops.address,goods.name,goods_shop.count_showroom,"
+        "goods_shop.count_syllable,goods_shop.id_shop,goods_shop.id_goods FROM goods_shop LEFT JOIN shops ON "
+        "goods_shop.id_shop=shops.id LEFT JOIN goods ON goods_shop.id_goods=goods.id");
     list()->breakCaptions();
     setColumns({{tr("Назва магазину"), 35},
                 {tr("Назва товару"), 42},
                 {tr("Кількість в торговому залі"), 14, &asQuantity},
-                {tr("Кількість на складі"), 14, &asQuantity}});
+                {tr("Кількість на складі"), 14, &asQuantity},
+                {QString(), 0, &asNumber, true},
+                {QString(), 0, &asNumber, true}});
     buildFilter();
     seerch(QString());
 }
@@ -39,6 +50,16 @@ void QTabGoodsShops::buildFilter()
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this] { seerch(ui->leSearch->text()); });
+    offerWhyPrice(this, view(), ui->pbWhyPrice, [this](int row) { whyPrice(row); });
+}
+
+void QTabGoodsShops::whyPrice(int row)
+{
+    PriceQuestion question;
+    question.idShop = model()->stored(row, IdShop).toUInt();
+    question.idGoods = model()->stored(row, IdGoods).toUInt();
+    question.time = QDateTime::currentDateTime();
+    QWhyPrice::show(db().connection(), user(), receiver(), question, this);
 }
 
 void QTabGoodsShops::fillShops()

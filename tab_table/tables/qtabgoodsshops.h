@@ -26,6 +26,7 @@ protected:
 private:
     void buildFilter();
     void fillShops();
+    void whyPrice(int row);
     QString condition(const QString &text) const;
 
     std::unique_ptr<Ui::QTabGoodsShopsFilter> ui;

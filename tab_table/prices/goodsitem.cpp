@@ -15,6 +15,13 @@ QString promotionCaption(int kind, qint64 value, const QString &name)
     return QStringLiteral("\u2212%1\u00a0% %2").arg(rate, name).trimmed();
 }
 
+qint64 promotionDiscount(int kind, qint64 value, qint64 sum)
+{
+    if (kind != GoodsItem::percentAction || sum > maximumKopecks)
+        return 0;
+    return shareOf(sum, qMin<qint64>(value, 10000));
+}
+
 QString promotionCaption(const GoodsItem &item)
 {
     return item.actType == GoodsItem::withoutAction

@@ -41,5 +41,7 @@ struct GoodsItem
 /// What a promotion does, and its name: "−15 % Хлібний тиждень". kind: type_action; value: of a percentage
 /// its hundredths of a per cent.
 QString promotionCaption(int kind, qint64 value, const QString &name);
+/// What a promotion takes off a sum in kopecks; value: of a percentage its hundredths of a per cent.
+qint64 promotionDiscount(int kind, qint64 value, qint64 sum);
 /// Of the item's promotion in force; without one the name that the list has for that.
 QString promotionCaption(const GoodsItem &item);
