@@ -5,6 +5,7 @@
 #include "qcomands.h"
 #include "qimportclient.h"
 #include "qpremisgroup.h"
+#include "qmanaction.h"
 #include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
@@ -45,7 +46,8 @@ PageTable Pages::management()
          [this] { return makeSale(); }},
         {"man_goods", Permission::GoodsManagement, "", {}},
         {"man_finance", Permission::Finance, "", {}},
-        {"man_action", Permission::ActionsManagement, "", {}},
+        {"man_action", Permission::ActionsManagement, QT_TRANSLATE_NOOP("Page", "Управління акціями"),
+         [this] { return new QManAction(m_db, m_user, m_window, m_setting, nullptr); }},
     };
 }
 

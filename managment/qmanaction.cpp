@@ -1,0 +1,403 @@
+#include "qmanaction.h"
+#include "ui_qmanaction.h"
+
+#include "barcodedialog.h"
+#include "boxreader.h"
+#include "listpane.h"
+#include "money.h"
+#include "permissions.h"
+#include "permittedlists.h"
+#include "qloadeduser.h"
+#include "qmessdlg.h"
+#include "qmessevent.h"
+#include "qntableview.h"
+#include "qqestion.h"
+
+#include <QSqlDatabase>
+
+namespace {
+const DbId noAction = 1;
+const int percentKind = 2;
+
+/// What a promotion does and when, for the line below it; empty when it is gone.
+std::optional<QString> readActionWords(const Db &db, DbId id)
+{
+    const auto row = db.firstRow(
+        QStringLiteral("SELECT action.val,type_action.name,%1 FROM action LEFT JOIN type_action ON "
+                       "type_action.id=action.id_type_action WHERE action.id=%2")
+            .arg(actionTimesSql())
+            .arg(id));
+    if (!row || row->isEmpty())
+        return row ? std::optional(QString()) : std::nullopt;
+    const ActionTimes times = actionTimes(row->at(2));
+    const QString does = times.kind == percentKind
+                             ? QManAction::tr("знижка %1 %").arg(rateText(row->at(0).toLongLong()))
+                             : row->at(1);
+    const QString never = neverWords(times);
+    if (!never.isEmpty())
+        return QManAction::tr("%1; не діє ніколи: %2").arg(does, never);
+    return QStringList{does, actionStateWords(actionState(times, QDateTime::currentDateTime())),
+                       actionPeriodShown(times), actionHoursShown(times), weekDaysShown(times.weekDays)}
+        .join(QStringLiteral("; "));
+}
+} // namespace
+
+QManAction::QManAction(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set,
+                       QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::QManAction>())
+    , m_db(db)
+    , m_user(user)
+    , m_mainWindow(mainWindow)
+    , m_tasks(db->connectionName(), mainWindow, nullptr)
+{
+    Q_UNUSED(set)
+    ui->setupUi(this);
+    buildList();
+    buildBoxes();
+    connectInputs();
+    openedByMenu();
+    followChoice();
+    showAction(QString());
+}
+
+QManAction::~QManAction()
+{
+    leavePlanning();
+    delete m_job;
+}
+
+void QManAction::buildList()
+{
+    ui->list->open(m_db, m_user, m_mainWindow);
+    ui->list->breakCaptions();
+    ui->list->setColumns({{tr("Магазин"), 26},
+                          {tr("Код"), 6, &asNumber},
+                          {tr("Назва товару"), 30},
+                          {tr("Ціна без акції"), 9, &asMoney},
+                          {tr("Має акцію"), 20},
+                          {tr("Ціна зараз"), 9, &asMoney},
+                          {tr("Ціна з вибраною акцією"), 11, &asMoney},
+                          {tr("Що буде"), 24}},
+                         QLatin1String(staticMetaObject.className()));
+    ui->list->setEmptyText(tr("Виберіть акцію, товари й магазини та натисніть «Переглянути»."));
+    ui->list->clear();
+}
+
+void QManAction::buildBoxes()
+{
+    const auto reader = [this](QComboBox *box, const QString &first) {
+        auto *made = new BoxReader(box, this);
+        made->open(m_db->connectionName(), m_mainWindow);
+        made->setFirstItem(first);
+        keepNarrow(box, 24);
+        return made;
+    };
+    m_actions = reader(ui->cbAction, tr("Виберіть акцію"));
+    m_has = reader(ui->cbHas, tr("Будь-яку або жодної"));
+    m_groups = reader(ui->cbGroup, tr("Усі групи товарів"));
+    m_shops = new BoxReader(ui->cbShops, this);
+    m_shops->open(m_db->connectionName(), m_mainWindow);
+    m_shops->setFirstItem(tr("Усі магазини"));
+    connect(m_shops, &BoxReader::filled, this, [this] { ui->cbShops->setChekedItem(0, Qt::Checked); });
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QManAction::followRights);
+}
+
+void QManAction::connectInputs()
+{
+    connect(ui->cbAction, qOverload<int>(&QComboBox::currentIndexChanged), this, &QManAction::readAction);
+    for (QComboBox *box : {ui->cbAction, ui->cbHas, ui->cbGroup})
+        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &QManAction::followChoice);
+    connect(ui->cbShops, &QChekedComboBox::checkedChanged, this, &QManAction::followChoice);
+    connect(ui->leSearch, &QLineEdit::textChanged, this, &QManAction::followChoice);
+    connect(ui->sbPriority, qOverload<int>(&QSpinBox::valueChanged), this, &QManAction::followChoice);
+    connect(ui->leSearch, &QLineEdit::returnPressed, this, &QManAction::preview);
+    connect(ui->pbBarcodes, &QPushButton::clicked, this, &QManAction::askForBarcodes);
+    connect(ui->pbPreview, &QPushButton::clicked, this, &QManAction::preview);
+    connect(ui->pbStop, &QPushButton::clicked, this, &QManAction::stop);
+    connect(ui->pbAssign, &QPushButton::clicked, this, &QManAction::assign);
+}
+
+/// What others have added is offered from then on.
+void QManAction::openedByMenu()
+{
+    m_actions->read(QStringLiteral("SELECT name,id FROM action ORDER BY id"));
+    m_has->read(QStringLiteral("SELECT name,id FROM action ORDER BY id"));
+    m_groups->read(QStringLiteral("SELECT name,id FROM group_goods"));
+    fillShops();
+}
+
+void QManAction::fillShops()
+{
+    m_shops->read(
+        [sql = permittedShopsSql(*m_user, QStringLiteral(" GROUP BY shops.id ORDER BY shops.address"))](
+            const Db &db) { return readPermittedShops(db, sql); });
+}
+
+void QManAction::followRights()
+{
+    fillShops();
+    followWork();
+}
+
+ListPane *QManAction::list() const
+{
+    return ui->list;
+}
+
+Commands QManAction::commands() const
+{
+    return {{Command::Export, QString()}, {Command::Reload, QString()}};
+}
+
+void QManAction::run(Command command)
+{
+    if (command == Command::Reload)
+        preview();
+}
+
+bool QManAction::isLoading() const
+{
+    return m_job != nullptr || m_actions->isReading() || m_has->isReading() || m_groups->isReading() ||
+           m_shops->isReading();
+}
+
+bool QManAction::mayClose()
+{
+    return m_work != Work::Assigning ||
+           !refuse(tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп»."));
+}
+
+bool QManAction::refuse(const QString &why)
+{
+    if (!why.isEmpty())
+        QQestion::question(window(), tr("Попередження."), why, true);
+    return !why.isEmpty();
+}
+
+void QManAction::showAction(const QString &words)
+{
+    ui->labelAction->setText(words);
+}
+
+void QManAction::readAction()
+{
+    m_tasks.drop();
+    const DbId id = ui->cbAction->currentData().toUInt();
+    if (id == 0 || id == noAction)
+        return showAction(id == noAction ? tr("Акції буде знято з вибраних товарів.") : QString());
+    m_tasks.read([id](const Db &db) { return readActionWords(db, id); },
+                 [this](const std::optional<QString> &words) {
+                     if (words)
+                         showAction(words->isEmpty() ? tr("Цю акцію вже видалив хтось інший.") : *words);
+                 });
+}
+
+void QManAction::askForBarcodes()
+{
+    const QPointer<QManAction> open = this;
+    const auto text = BarcodeDialog::ask(window(), m_barcodeText);
+    if (open && text)
+        takeBarcodes(*text);
+}
+
+void QManAction::takeBarcodes(const QString &text)
+{
+    int ignored = 0;
+    m_barcodeText = text;
+    m_barcodes = barcodesIn(text, &ignored);
+    QString words =
+        m_barcodes.isEmpty() ? QString() : tr("Лише зі списку: %1").arg(wholeShown(m_barcodes.size()));
+    if (ignored > 0)
+        words += QLatin1Char(' ') + tr("(рядків без штрихкоду: %1)").arg(wholeShown(ignored));
+    ui->labelBarcodes->setText(words.trimmed());
+    followChoice();
+}
+
+ActionChoice QManAction::choice() const
+{
+    ActionChoice choice;
+    choice.action = ui->cbAction->currentData().toUInt();
+    choice.goodsGroup = ui->cbGroup->currentData().toUInt();
+    choice.has = ui->cbHas->currentData().toUInt();
+    choice.words = ui->leSearch->text();
+    choice.barcodes = m_barcodes;
+    choice.priority = ui->sbPriority->value();
+    for (int row = 1; row < ui->cbShops->count(); ++row) {
+        if (ui->cbShops->itemData(row, Qt::CheckStateRole).toInt() == Qt::Checked)
+            choice.shops.append({ui->cbShops->itemData(row).toUInt(), ui->cbShops->itemText(row)});
+    }
+    return choice;
+}
+
+/// What is shown is not what is chosen any more.
+void QManAction::followChoice()
+{
+    if (m_plan != nullptr)
+        ui->labelCounts->setText(tr("Умови змінено: натисніть «Переглянути» ще раз."));
+    m_plan = nullptr;
+    if (m_work == Work::Planning)
+        leavePlanning();
+    followWork();
+}
+
+QString QManAction::choiceRefusal() const
+{
+    if (m_work == Work::Assigning)
+        return tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп».");
+    const ActionChoice now = choice();
+    if (now.action == 0)
+        return tr("Виберіть акцію. Щоб зняти акцію з товарів, виберіть «Без акції».");
+    if (now.shops.isEmpty())
+        return ui->cbShops->count() > 1 ? tr("Виберіть хоча б один магазин.") : noGroupsHint();
+    return QString();
+}
+
+void QManAction::preview()
+{
+    if (refuse(choiceRefusal()))
+        return;
+    leavePlanning();
+    m_plan = nullptr;
+    const auto plan = std::make_shared<ActionPlan>();
+    begin(
+        Work::Planning, tr("Перегляд акції %1").arg(ui->cbAction->currentText()),
+        [plan, chosen = choice()](JobContext &context) { return planAction(context, chosen, plan.get()); },
+        [this, plan](const JobResult &result) { showPlan(plan, result); });
+    ui->labelCounts->setText(tr("Читається…"));
+}
+
+void QManAction::showPlan(const std::shared_ptr<ActionPlan> &plan, const JobResult &result)
+{
+    if (result.outcome != JobResult::Done) {
+        ui->list->clear();
+        ui->labelCounts->setText(result.words);
+        return;
+    }
+    m_plan = plan;
+    const QString action = tr("Акція: %1").arg(plan->name);
+    ui->list->setHeading({ui->list->heading().value(0), action});
+    ui->list->setEmptyText(tr("За цими умовами нічого не знайдено."));
+    ui->list->showRows(RowStore(plan->rows));
+    ui->labelCounts->setText(planSummary(*plan));
+    followWork();
+}
+
+QString QManAction::assignRefusal() const
+{
+    if (!m_user->mayEdit(Permission::ActionsManagement))
+        return tr("У вас є право лише переглядати: призначати акції ви не можете.");
+    if (m_plan == nullptr)
+        return tr("Спершу натисніть «Переглянути».");
+    return m_plan->isEmpty() ? tr("За цими умовами нічого не зміниться.") : QString();
+}
+
+QString QManAction::question() const
+{
+    const QString counts = tr("Товарів: %1, магазинів: %2, разом цін: %3.")
+                               .arg(wholeShown(m_plan->goodsCount), wholeShown(m_plan->shopsCount),
+                                    wholeShown(m_plan->changes.size()));
+    if (m_plan->choice.action == noAction)
+        return tr("Зняти акції з показаних товарів?\n%1\nБез знижки вони продаватимуться одразу.")
+            .arg(counts);
+    const QString never = neverWords(m_plan->times);
+    if (!never.isEmpty())
+        return tr("Призначити акцію «%1»?\n%2\nАкція не діє ніколи: %3").arg(m_plan->name, counts, never);
+    return tr("Призначити акцію «%1»?\n%2\nСтан акції: %3. Акції, які ці товари мають зараз, буде замінено.")
+        .arg(m_plan->name, counts,
+             actionStateWords(actionState(m_plan->times, QDateTime::currentDateTime())));
+}
+
+void QManAction::assign()
+{
+    if (m_work != Work::None || refuse(assignRefusal()))
+        return;
+    const bool isTakenOff = m_plan->choice.action == noAction;
+    const QPointer<QManAction> open = this;
+    const auto plan = m_plan;
+    // The right may go while the question is open, and another choice may come.
+    if (!QMessDlg::confirm(window(), tr("Управління акціями"), question(),
+                           isTakenOff ? tr("Зняти") : tr("Призначити")) ||
+        !open || m_plan != plan || refuse(assignRefusal()))
+        return;
+    const auto assigned = std::make_shared<ActionAssigned>();
+    begin(
+        Work::Assigning, tr("Призначення акції %1").arg(plan->name),
+        [plan, assigned](JobContext &context) { return assignAction(context, *plan, assigned.get()); },
+        [this, assigned](const JobResult &result) { showAssigned(assigned, result); });
+}
+
+void QManAction::showAssigned(const std::shared_ptr<ActionAssigned> &assigned, const JobResult &result)
+{
+    // What has become of it is not what the next press would write.
+    if (assigned->isWritten || result.outcome == JobResult::Failed)
+        m_plan = nullptr;
+    ui->labelCounts->setText(result.words);
+    if (assigned->isWritten) {
+        ui->list->showRows(std::move(assigned->rows));
+        postMessage(m_mainWindow, result.words, QMessEvent::Information);
+    }
+    followWork();
+    ui->cbAction->setFocus();
+}
+
+void QManAction::begin(Work kind, const QString &title, const std::function<JobResult(JobContext &)> &work,
+                       const Then &then)
+{
+    m_work = kind;
+    m_job = new Job(title, m_db->connectionName(), work, m_mainWindow);
+    m_job->start();
+    ui->panel->follow(m_job);
+    // Behind those who show the job: they are to know its end before a question is asked.
+    connect(m_job, &Job::finished, this, [this, then, job = m_job.data()](const JobResult &result) {
+        m_job = nullptr;
+        job->deleteLater();
+        m_work = Work::None;
+        followWork();
+        then(result);
+    });
+    followWork();
+}
+
+/// Nobody waits for what is not wanted any more.
+void QManAction::leavePlanning()
+{
+    if (m_work != Work::Planning || m_job == nullptr)
+        return;
+    disconnect(m_job, nullptr, this, nullptr);
+    connect(m_job, &Job::finished, m_job, &Job::deleteLater);
+    m_job->cancel();
+    m_job = nullptr;
+    m_work = Work::None;
+    ui->labelCounts->setText(tr("Перегляд зупинено."));
+    followWork();
+}
+
+void QManAction::stop()
+{
+    if (m_work == Work::Planning)
+        return leavePlanning();
+    if (m_job == nullptr)
+        return;
+    ui->pbStop->setText(tr("Зупиняється…"));
+    ui->pbStop->setEnabled(false);
+    m_job->cancel();
+}
+
+/// What would change what is being written takes nothing.
+void QManAction::followWork()
+{
+    const bool isAssigning = m_work == Work::Assigning;
+    for (QWidget *input :
+         std::initializer_list<QWidget *>{ui->cbAction, ui->cbHas, ui->cbGroup, ui->cbShops, ui->leSearch,
+                                          ui->sbPriority, ui->pbBarcodes, ui->pbPreview})
+        input->setEnabled(!isAssigning);
+    ui->pbAssign->setEnabled(m_work == Work::None && m_plan != nullptr && !m_plan->isEmpty() &&
+                             m_user->mayEdit(Permission::ActionsManagement));
+    ui->pbAssign->setToolTip(ui->pbAssign->isEnabled() ? QString() : assignRefusal());
+    ui->pbAssign->setText(ui->cbAction->currentData().toUInt() == noAction ? tr("З&няти акції")
+                                                                           : tr("При&значити акцію"));
+    ui->pbStop->setEnabled(m_work != Work::None);
+    ui->pbStop->setText(tr("&Стоп"));
+    ui->panel->setVisible(m_work != Work::None);
+}
