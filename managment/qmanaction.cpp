@@ -71,14 +71,14 @@ void QManAction::buildList()
 {
     ui->list->open(m_db, m_user, m_mainWindow);
     ui->list->breakCaptions();
-    ui->list->setColumns({{tr("Магазин"), 26},
+    ui->list->setColumns({{tr("Магазин"), 22},
                           {tr("Код"), 6, &asNumber},
-                          {tr("Назва товару"), 30},
+                          {tr("Назва товару"), 26},
                           {tr("Ціна без акції"), 9, &asMoney},
-                          {tr("Має акцію"), 20},
+                          {tr("Має акцію"), 16},
                           {tr("Ціна зараз"), 9, &asMoney},
-                          {tr("Ціна з вибраною акцією"), 11, &asMoney},
-                          {tr("Що буде"), 24}},
+                          {tr("Ціна з вибраною"), 9, &asMoney},
+                          {tr("Що буде"), 20}},
                          QLatin1String(staticMetaObject.className()));
     ui->list->setEmptyText(tr("Виберіть акцію, товари й магазини та натисніть «Переглянути»."));
     ui->list->clear();
@@ -90,7 +90,7 @@ void QManAction::buildBoxes()
         auto *made = new BoxReader(box, this);
         made->open(m_db->connectionName(), m_mainWindow);
         made->setFirstItem(first);
-        keepNarrow(box, 24);
+        keepNarrow(box, 18);
         return made;
     };
     m_actions = reader(ui->cbAction, tr("Виберіть акцію"));

@@ -57,7 +57,7 @@ QString actionUsageList(const TextRows &usage)
     QStringList lines;
     for (const QStringList &shop : usage.mid(0, shopsListed))
         lines.append(
-            QStringLiteral("%1 – %2").arg(shop.at(Address), wholeShown(shop.at(Goods).toLongLong())));
+            Texts::tr("%1 – товарів: %2").arg(shop.at(Address), wholeShown(shop.at(Goods).toLongLong())));
     if (usage.size() > shopsListed)
         lines.append(Texts::tr("і ще магазинів: %1").arg(usage.size() - shopsListed));
     return lines.join(QLatin1Char('\n'));

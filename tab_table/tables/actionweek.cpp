@@ -90,6 +90,10 @@ void ActionWeek::paintDay(QPainter *painter, int day) const
     painter->drawText(QRectF(0, whole.top(), whole.left(), whole.height()), Qt::AlignLeft | Qt::AlignVCenter,
                       weekDayShown(day));
     painter->fillRect(whole.adjusted(0, 1, 0, -1), palette().color(QPalette::Base));
+    painter->setPen(palette().color(QPalette::Mid));
+    for (int hour = 0; hour <= hoursOfDay; hour += hoursBetween)
+        painter->drawLine(cell(day, hour, 0).topLeft(), cell(day, hour, 0).bottomLeft());
+    painter->drawRect(whole.adjusted(0, 1, 0, -1));
     const ActionHours hours = actionHours(m_times);
     if (m_isShown && neverWords(m_times).isEmpty() && actionDays(m_times).contains(day)) {
         const double from = hours.from / double(secondsOfHour);
@@ -100,8 +104,4 @@ void ActionWeek::paintDay(QPainter *painter, int day) const
         painter->drawText(bar, Qt::AlignCenter,
                           bar.width() < whole.height() ? QString() : QStringLiteral("✓"));
     }
-    painter->setPen(palette().color(QPalette::Mid));
-    for (int hour = 0; hour <= hoursOfDay; hour += hoursBetween)
-        painter->drawLine(cell(day, hour, 0).topLeft(), cell(day, hour, 0).bottomLeft());
-    painter->drawRect(whole.adjusted(0, 1, 0, -1));
 }

@@ -1,5 +1,6 @@
 #include "qtabactions.h"
 
+#include "actionpanel.h"
 #include "actiontimes.h"
 #include "listpane.h"
 #include "qaddedtactions.h"
@@ -9,10 +10,14 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 
+#include <QItemSelectionModel>
 #include <QVBoxLayout>
 
 namespace {
 const QLatin1String withoutAction("1");
+const int noKind = 1;
+
+enum ActionColumn { Id, Name, Type, Value, Times, Start, End, Hours, Days, Goods, Shops };
 
 QString ofProgramsWords()
 {
@@ -27,7 +32,8 @@ QString textOf(std::string_view stored)
 
 QString hoursOf(std::string_view stored)
 {
-    return actionHoursShown(actionTimes(textOf(stored)));
+    const ActionTimes times = actionTimes(textOf(stored));
+    return times.kind == noKind ? QString() : actionHoursShown(times);
 }
 
 QString daysOf(std::string_view stored)
@@ -39,8 +45,8 @@ QString daysOf(std::string_view stored)
 QString stateOf(std::string_view stored)
 {
     const ActionTimes times = actionTimes(textOf(stored));
-    return times.kind == 1 ? QTabActions::tr("без знижки")
-                           : actionStateWords(actionState(times, QDateTime::currentDateTime()));
+    return times.kind == noKind ? QTabActions::tr("без знижки")
+                                : actionStateWords(actionState(times, QDateTime::currentDateTime()));
 }
 
 const CellFormat asHours = {hoursOf, hoursOf, false};
@@ -61,7 +67,7 @@ QString listSql()
     return QStringLiteral("SELECT action.id,action.name,type_action.name,"
                           "CASE action.id_type_action WHEN 1 THEN '' WHEN 2 THEN action.val ELSE "
                           "CONCAT_WS('; ',action.val,action.val_1,action.val_2) END,"
-                          "action.datetime_start,action.datetime_end,%1,action.week_day,%1,%2,%3 "
+                          "%1,action.datetime_start,action.datetime_end,%1,action.week_day,%2,%3 "
                           "FROM action LEFT JOIN type_action ON type_action.id=action.id_type_action")
         .arg(actionTimesSql(), countOf("id_goods"), countOf("id_shop"));
 }
@@ -71,27 +77,31 @@ QTabActions::QTabActions(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
                          QWidget *parent)
     : QTab(db, user, receiver, set, parent, nullptr, new QVBoxLayout)
     , m_removal(db->connectionName(), receiver, nullptr)
+    , m_panel(new ActionPanel(db->connectionName(), receiver, this))
 {
     table = QStringLiteral("action");
     query = listSql();
+    list()->breakCaptions();
     setColumns({{QString(), 0, &asNumber, true},
-                {tr("Назва"), 28},
-                {tr("Тип"), 11},
-                {tr("Знижка, %"), 8, &asRate},
-                {tr("Початок"), 10, &asDate},
-                {tr("Закінчення"), 10, &asDate},
-                {tr("Щоденні години"), 13, &asHours},
-                {tr("Дні тижня"), 14, &asWeekDays},
-                {tr("Стан"), 16, &asState},
+                {tr("Назва"), 25},
+                {tr("Тип"), 9},
+                {tr("Знижка, %"), 7, &asRate},
+                {tr("Стан"), 15, &asState},
+                {tr("Початок"), 9, &asDate},
+                {tr("Закінчення"), 9, &asDate},
+                {tr("Щоденні години"), 11, &asHours},
+                {tr("Дні тижня"), 12, &asWeekDays},
                 {tr("Товарів"), 7, &asNumber},
                 {tr("Магазинів"), 7, &asNumber}});
+    layout()->addWidget(m_panel);
+    connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &QTabActions::followRow);
     addSearch(QStringLiteral("(action.name LIKE %1 OR type_action.name LIKE %1)"), tr("Назва або тип"));
     ShowData();
 }
 
 bool QTabActions::isOfPrograms(int row) const
 {
-    return model()->stored(row, 0) == withoutAction;
+    return model()->stored(row, Id) == withoutAction;
 }
 
 void QTabActions::tell(const QString &words)
@@ -124,7 +134,7 @@ void QTabActions::Del()
         return tell(tr("Виберіть у списку акцію, яку треба видалити."));
     if (isOfPrograms(current.row()))
         return tell(ofProgramsWords());
-    const QString id = model()->stored(current.row(), 0);
+    const QString id = model()->stored(current.row(), Id);
     m_removal.read([id](const Db &db) { return readActionUse(db, id); },
                    [this, id](const std::optional<ActionUse> &use) {
                        if (use)
@@ -174,6 +184,26 @@ void QTabActions::tellRemoval(const QString &name, const ActionRemoved &removed)
         break;
     }
     reload();
+}
+
+void QTabActions::rowsShown()
+{
+    followRow();
+}
+
+void QTabActions::rowShown(int row)
+{
+    if (row == view()->currentIndex().row())
+        followRow();
+}
+
+void QTabActions::followRow()
+{
+    const int row = view()->currentIndex().row();
+    if (row < 0)
+        m_panel->clear();
+    else
+        m_panel->showAction(model()->stored(row, Id), actionTimes(model()->stored(row, Times)));
 }
 
 std::unique_ptr<RecordDialog> QTabActions::makeEditor(QString *id)

@@ -3,6 +3,8 @@
 #include "actionusage.h"
 #include "qtab.h"
 
+class ActionPanel;
+
 /// The promotions: what they do, when, how they stand now and how many goods have them. Which goods those are
 /// is decided in the management of promotions. The first one, "Без акції", belongs to the programs.
 class QTabActions : public QTab
@@ -22,6 +24,8 @@ public slots:
 
 protected:
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
+    void rowsShown() override;
+    void rowShown(int row) override;
 
 private:
     bool isOfPrograms(int row) const;
@@ -30,5 +34,8 @@ private:
     void tellRemoval(const QString &name, const ActionRemoved &removed);
     void tell(const QString &words);
 
+    void followRow();
+
     DbTasks m_removal;
+    ActionPanel *m_panel;
 };
