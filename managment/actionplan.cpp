@@ -1,7 +1,7 @@
 #include "actionplan.h"
 
-#include "goodssearch.h"
 #include "money.h"
+#include "pricesql.h"
 #include "receipt.h"
 
 #include <QCoreApplication>
@@ -95,7 +95,7 @@ QString shopSql(const ActionChoice &choice, DbId shop, const QVector<DbId> &good
     return QStringLiteral("SELECT goods.id,goods.name,goods.block,goods.group_g,goods_shop.id_action,"
                           "action.name,action.val,") +
            actionTimesSql() + QLatin1Char(',') +
-           resolvedPriceSql(QString::number(shop), QString::number(choice.priority)) +
+           resolvedPriceSql(shop, choice.priority) +
            QStringLiteral(" FROM goods LEFT JOIN goods_shop ON goods_shop.id_goods=goods.id AND "
                           "goods_shop.id_shop=%1 LEFT JOIN action ON action.id=goods_shop.id_action WHERE ")
                .arg(shop) +

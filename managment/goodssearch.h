@@ -57,10 +57,6 @@ enum class GoodsColumn {
     Count
 };
 
-/// The price of the goods row of a statement, in kopecks: a price of the lists with priority 0 beats one with
-/// the chosen priority, a shop its group, the group the group of all shops; else the item's own price. Both
-/// are numbers or columns.
-QString resolvedPriceSql(const QString &shop, const QString &priority);
 /// The statement of the list: everything typed is a literal in it.
 QString goodsListSql(const GoodsSearch &search);
 /// How the list is shown.

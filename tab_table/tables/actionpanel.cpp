@@ -45,6 +45,7 @@ ActionPanel::ActionPanel(const QString &connection, QObject *receiver, QWidget *
     m_others->setObjectName(QStringLiteral("lwOthers"));
     m_others->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_caption->setBuddy(m_others);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto *right = new QVBoxLayout;
     right->addWidget(m_caption);
     right->addWidget(m_others, 1);

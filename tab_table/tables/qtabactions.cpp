@@ -84,15 +84,15 @@ QTabActions::QTabActions(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     list()->breakCaptions();
     setColumns({{QString(), 0, &asNumber, true},
                 {tr("Назва"), 25},
-                {tr("Тип"), 9},
-                {tr("Знижка, %"), 7, &asRate},
-                {tr("Стан"), 15, &asState},
-                {tr("Початок"), 9, &asDate},
-                {tr("Закінчення"), 9, &asDate},
-                {tr("Щоденні години"), 11, &asHours},
-                {tr("Дні тижня"), 12, &asWeekDays},
-                {tr("Товарів"), 7, &asNumber},
-                {tr("Магазинів"), 7, &asNumber}});
+                {tr("Тип"), 8},
+                {tr("Знижка, %"), 5, &asRate},
+                {tr("Стан"), 13, &asState},
+                {tr("Початок"), 8, &asDate},
+                {tr("Закінчення"), 8, &asDate},
+                {tr("Щоденні години"), 9, &asHours},
+                {tr("Дні тижня"), 10, &asWeekDays},
+                {tr("Товарів"), 5, &asNumber},
+                {tr("Магазинів"), 5, &asNumber}});
     layout()->addWidget(m_panel);
     connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &QTabActions::followRow);
     addSearch(QStringLiteral("(action.name LIKE %1 OR type_action.name LIKE %1)"), tr("Назва або тип"));
