@@ -7,47 +7,6 @@
 #include <QSqlQuery>
 
 namespace {
-<<<<<<< HEAD
-=======
-/// A price of the price lists. A shop's own rows name a group too, therefore "id_shop=0" for the groups.
-QString listPrice(const QString &whose, const QString &priority)
-{
-    return QStringLiteral("(SELECT prices.price FROM prices WHERE prices.id_goods=goods.id AND %1 AND "
-                          "prices.priority=%2 LIMIT 1)")
-        .arg(whose, priority);
-}
-
-/// Priority 0 beats the chosen one, a shop its group, the group the group of all shops.
-QString resolvedPrice(const QString &shop, const QString &priority)
-{
-    const QStringList whose = {
-        QStringLiteral("prices.id_shop=") + shop,
-        QStringLiteral("prices.id_shop=0 AND prices.id_group=(SELECT shops.group_shop FROM shops WHERE "
-                       "shops.id=%1)")
-            .arg(shop),
-        QStringLiteral("prices.id_shop=0 AND prices.id_group=1")};
-    QStringList steps;
-    for (const QString &rank : {QStringLiteral("0"), priority}) {
-        for (const QString &owner : whose)
-            steps.append(listPrice(owner, rank));
-    }
-    return QStringLiteral("IF((SELECT COUNT(*) FROM prices WHERE prices.id_goods=goods.id)=0,goods.price,"
-                          "COALESCE(%1,goods.price))")
-        .arg(steps.join(QLatin1Char(',')));
-}
-
-/// The type of the promotion in force: a dated one only between its ends, in its hours and on its days.
-QString actionInForce(const QString &time, const QString &day)
-{
-    return QStringLiteral(
-               "IF(action.id_type_action=1,1,IF(action.datetime_start=0,%1,"
-               "IF(action.datetime_start>%2 OR action.datetime_end<%2 OR "
-               "TIME(action.datetime_start)>TIME(%2) OR TIME(action.datetime_end)<TIME(%2),1,%1)))")
-        .arg(QStringLiteral("IF(action.week_day LIKE ") + day + QStringLiteral(",action.id_type_action,1)"),
-             time);
-}
-
->>>>>>> 07ff6e5 (Promotions: the list fits a small window)
 /// Each word has to be found in one of the names or in the number.
 QString nameCondition(const QString &text)
 {
@@ -164,14 +123,7 @@ QString goodsListSql(const GoodsSearch &search)
         selected.append(QLatin1String(field.sql));
     return QStringLiteral("SELECT ") +
            selected.join(QLatin1Char(','))
-<<<<<<< HEAD
                .arg(resolvedPriceSql(search.idShop, search.priority), actionInForceSql(search.time)) +
-=======
-               .arg(resolvedPrice(shop, QString::number(search.priority)),
-                    actionInForce(
-                        sqlDateTime(search.time),
-                        lit(QLatin1Char('%') + weekDayToken(search.time.date()) + QLatin1Char('%')))) +
->>>>>>> 07ff6e5 (Promotions: the list fits a small window)
            QStringLiteral(" FROM goods_shop "
                           "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
                           "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
