@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
-#include <algorithm>
 
 namespace {
 struct Texts
@@ -94,8 +93,7 @@ QString shopSql(const ActionChoice &choice, DbId shop, const QVector<DbId> &good
 {
     return QStringLiteral("SELECT goods.id,goods.name,goods.block,goods.group_g,goods_shop.id_action,"
                           "action.name,action.val,") +
-           actionTimesSql() + QLatin1Char(',') +
-           resolvedPriceSql(shop, choice.priority) +
+           actionTimesSql() + QLatin1Char(',') + resolvedPriceSql(shop, choice.priority) +
            QStringLiteral(" FROM goods LEFT JOIN goods_shop ON goods_shop.id_goods=goods.id AND "
                           "goods_shop.id_shop=%1 LEFT JOIN action ON action.id=goods_shop.id_action WHERE ")
                .arg(shop) +
@@ -259,10 +257,16 @@ private:
 };
 } // namespace
 
+bool ActionChoice::operator==(const ActionChoice &other) const
+{
+    return action == other.action && goodsGroup == other.goodsGroup && words == other.words &&
+           barcodes == other.barcodes && has == other.has && shops == other.shops &&
+           priority == other.priority;
+}
+
 JobResult planAction(JobContext &context, const ActionChoice &choice, ActionPlan *plan)
 {
     plan->choice = choice;
-    std::sort(plan->choice.shops.begin(), plan->choice.shops.end());
     return Planner(&context, plan).run();
 }
 

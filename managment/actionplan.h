@@ -24,10 +24,12 @@ struct ActionChoice
     QStringList barcodes;
     /// Only goods that have this one now; 0 for whatever they have.
     DbId has = 0;
-    /// Shops with their addresses.
+    /// Shops with their addresses, in the order of their numbers.
     QVector<QPair<DbId, QString>> shops;
     /// Which price of a price list counts where it has none with priority 0.
     int priority = 0;
+
+    bool operator==(const ActionChoice &other) const;
 };
 
 /// What becomes of an item in a shop.

@@ -2,7 +2,6 @@
 #include "ui_qmanaction.h"
 
 #include "barcodedialog.h"
-#include "boxreader.h"
 #include "listpane.h"
 #include "money.h"
 #include "permissions.h"
@@ -14,6 +13,8 @@
 #include "qqestion.h"
 
 #include <QSqlDatabase>
+#include <algorithm>
+#include <utility>
 
 namespace {
 const DbId noAction = 1;
@@ -50,15 +51,16 @@ QManAction::QManAction(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
     , m_user(user)
     , m_mainWindow(mainWindow)
     , m_tasks(db->connectionName(), mainWindow, nullptr)
+    , m_boxes(db->connectionName(), mainWindow, nullptr)
 {
     Q_UNUSED(set)
     ui->setupUi(this);
     buildList();
-    buildBoxes();
+    for (QComboBox *box : {ui->cbAction, ui->cbHas, ui->cbGroup})
+        keepNarrow(box, 18);
+    showOffered({});
     connectInputs();
-    openedByMenu();
-    followChoice();
-    showAction(QString());
+    fillBoxes();
 }
 
 QManAction::~QManAction()
@@ -84,27 +86,10 @@ void QManAction::buildList()
     ui->list->clear();
 }
 
-void QManAction::buildBoxes()
-{
-    const auto reader = [this](QComboBox *box, const QString &first) {
-        auto *made = new BoxReader(box, this);
-        made->open(m_db->connectionName(), m_mainWindow);
-        made->setFirstItem(first);
-        keepNarrow(box, 18);
-        return made;
-    };
-    m_actions = reader(ui->cbAction, tr("Виберіть акцію"));
-    m_has = reader(ui->cbHas, tr("Будь-яку або жодної"));
-    m_groups = reader(ui->cbGroup, tr("Усі групи товарів"));
-    m_shops = new BoxReader(ui->cbShops, this);
-    m_shops->open(m_db->connectionName(), m_mainWindow);
-    m_shops->setFirstItem(tr("Усі магазини"));
-    connect(m_shops, &BoxReader::filled, this, [this] { ui->cbShops->setChekedItem(0, Qt::Checked); });
-    connect(m_user, &QLoadedUser::rightsChanged, this, &QManAction::followRights);
-}
-
 void QManAction::connectInputs()
 {
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QManAction::fillBoxes);
+    connect(m_user, &QLoadedUser::rightsChanged, this, &QManAction::followWork);
     connect(ui->cbAction, qOverload<int>(&QComboBox::currentIndexChanged), this, &QManAction::readAction);
     for (QComboBox *box : {ui->cbAction, ui->cbHas, ui->cbGroup})
         connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &QManAction::followChoice);
@@ -121,23 +106,53 @@ void QManAction::connectInputs()
 /// What others have added is offered from then on.
 void QManAction::openedByMenu()
 {
-    m_actions->read(QStringLiteral("SELECT name,id FROM action ORDER BY id"));
-    m_has->read(QStringLiteral("SELECT name,id FROM action ORDER BY id"));
-    m_groups->read(QStringLiteral("SELECT name,id FROM group_goods"));
-    fillShops();
+    fillBoxes();
 }
 
-void QManAction::fillShops()
+void QManAction::fillBoxes()
 {
-    m_shops->read(
-        [sql = permittedShopsSql(*m_user, QStringLiteral(" GROUP BY shops.id ORDER BY shops.address"))](
-            const Db &db) { return readPermittedShops(db, sql); });
+    m_boxes.drop();
+    const QString shopsSql =
+        permittedShopsSql(*m_user, QStringLiteral(" GROUP BY shops.id ORDER BY shops.address"));
+    m_boxes.read(
+        [shopsSql](const Db &db) -> std::optional<Offered> {
+            const auto actions = readEntries(db, QStringLiteral("SELECT name,id FROM action ORDER BY id"));
+            const auto groups =
+                actions ? readEntries(db, QStringLiteral("SELECT name,id FROM group_goods")) : std::nullopt;
+            const auto shops = groups ? readPermittedShops(db, shopsSql) : std::nullopt;
+            return shops ? std::optional(Offered{*actions, *groups, *shops}) : std::nullopt;
+        },
+        [this](const std::optional<Offered> &offered) {
+            if (offered)
+                showOffered(*offered);
+        });
 }
 
-void QManAction::followRights()
+void QManAction::showOffered(const Offered &offered)
 {
-    fillShops();
-    followWork();
+    const auto behind = [](const QString &first, const ListEntries &entries) {
+        return ListEntries{{first, 0}} + entries;
+    };
+    showEntriesAgain(ui->cbAction, behind(tr("Виберіть акцію"), offered.actions));
+    showEntriesAgain(ui->cbHas, behind(tr("Будь-яку або жодної"), offered.actions));
+    showEntriesAgain(ui->cbGroup, behind(tr("Усі групи товарів"), offered.groups));
+    showShops(offered.shops);
+    readAction();
+    followChoice();
+    if (std::exchange(m_previewsWhenFilled, false))
+        preview();
+}
+
+void QManAction::showShops(const ListEntries &shops)
+{
+    const QVariantList before = ui->cbShops->listData(Qt::UserRole);
+    const bool isAll = ui->cbShops->count() <= 1 || ui->cbShops->isAllSelect();
+    showEntries(ui->cbShops, ListEntries{{tr("Усі магазини"), 0}} + shops);
+    for (int row = 0; row < ui->cbShops->count(); ++row) {
+        if (isAll || before.contains(ui->cbShops->itemData(row)))
+            ui->cbShops->setChekedItem(row, Qt::Checked);
+    }
+    ui->cbShops->updateDisplayText();
 }
 
 ListPane *QManAction::list() const
@@ -158,8 +173,7 @@ void QManAction::run(Command command)
 
 bool QManAction::isLoading() const
 {
-    return m_job != nullptr || m_actions->isReading() || m_has->isReading() || m_groups->isReading() ||
-           m_shops->isReading();
+    return m_job != nullptr || m_boxes.isWaiting();
 }
 
 bool QManAction::mayClose()
@@ -227,12 +241,15 @@ ActionChoice QManAction::choice() const
         if (ui->cbShops->itemData(row, Qt::CheckStateRole).toInt() == Qt::Checked)
             choice.shops.append({ui->cbShops->itemData(row).toUInt(), ui->cbShops->itemText(row)});
     }
+    std::sort(choice.shops.begin(), choice.shops.end());
     return choice;
 }
 
-/// What is shown is not what is chosen any more.
+/// What is shown may not be what is chosen any more.
 void QManAction::followChoice()
 {
+    if (m_plan != nullptr && choice() == m_plan->choice)
+        return followWork();
     if (m_plan != nullptr)
         ui->labelCounts->setText(tr("Умови змінено: натисніть «Переглянути» ще раз."));
     m_plan = nullptr;
@@ -255,6 +272,10 @@ QString QManAction::choiceRefusal() const
 
 void QManAction::preview()
 {
+    if (m_boxes.isWaiting()) {
+        m_previewsWhenFilled = true;
+        return;
+    }
     if (refuse(choiceRefusal()))
         return;
     leavePlanning();
@@ -318,7 +339,7 @@ void QManAction::assign()
     // The right may go while the question is open, and another choice may come.
     if (!QMessDlg::confirm(window(), tr("Управління акціями"), question(),
                            isTakenOff ? tr("Зняти") : tr("Призначити")) ||
-        !open || m_plan != plan || refuse(assignRefusal()))
+        !open || refuse(assignRefusal()) || m_plan != plan)
         return;
     const auto assigned = std::make_shared<ActionAssigned>();
     begin(

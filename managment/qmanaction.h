@@ -1,6 +1,7 @@
 #pragma once
 
 #include "actionassignment.h"
+#include "combos.h"
 #include "dbtasks.h"
 #include "page.h"
 
@@ -8,7 +9,6 @@
 #include <QWidget>
 #include <memory>
 
-class BoxReader;
 class QLoadedUser;
 class QSqlDatabase;
 class setting;
@@ -44,14 +44,22 @@ public slots:
     void stop();
 
 private:
+    /// What the boxes offer behind their first items.
+    struct Offered
+    {
+        ListEntries actions;
+        ListEntries groups;
+        ListEntries shops;
+    };
     enum class Work { None, Planning, Assigning };
     using Then = std::function<void(const JobResult &)>;
 
     void buildList();
-    void buildBoxes();
     void connectInputs();
-    void fillShops();
-    void followRights();
+    /// Reads what the boxes offer; what is chosen in them stays.
+    void fillBoxes();
+    void showOffered(const Offered &offered);
+    void showShops(const ListEntries &shops);
     void showAction(const QString &words);
     void readAction();
     void askForBarcodes();
@@ -73,11 +81,10 @@ private:
     QSqlDatabase *m_db;
     QLoadedUser *m_user;
     QObject *m_mainWindow;
-    BoxReader *m_actions = nullptr;
-    BoxReader *m_has = nullptr;
-    BoxReader *m_groups = nullptr;
-    BoxReader *m_shops = nullptr;
     DbTasks m_tasks;
+    DbTasks m_boxes;
+    /// It was asked for before the boxes were filled.
+    bool m_previewsWhenFilled = false;
     QStringList m_barcodes;
     QString m_barcodeText;
     std::shared_ptr<const ActionPlan> m_plan;
