@@ -4,6 +4,7 @@
 #include "qcashdrive.h"
 #include "qcomands.h"
 #include "qimportclient.h"
+#include "qloadeduser.h"
 #include "qpremisgroup.h"
 #include "qmanaction.h"
 #include "qregistersale.h"
@@ -88,6 +89,19 @@ QWidget *Pages::open(const QString &action)
     if (auto *page = dynamic_cast<Page *>(widget))
         page->openedByMenu();
     return widget;
+}
+
+bool Pages::isOpen(const QString &action) const
+{
+    return openedPage(m_tabs, pageEntry(m_table, action)) != nullptr;
+}
+
+bool Pages::closeForbidden(const QString &action)
+{
+    const PageEntry &entry = pageEntry(m_table, action);
+    QWidget *opened = openedPage(m_tabs, entry);
+    return opened != nullptr && !m_user->maySee(entry.permission) &&
+           closePage(m_tabs, m_tabs->indexOf(opened));
 }
 
 Page *Pages::current() const

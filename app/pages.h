@@ -28,6 +28,9 @@ public:
 
     /// As the menu does; null, told to the user, for a page that he may not see.
     QWidget *open(const QString &action);
+    bool isOpen(const QString &action) const;
+    /// Closes a page that the user may not see any more; true when there was one.
+    bool closeForbidden(const QString &action);
     /// The page in front, or null.
     Page *current() const;
     /// Closes every page that does not hold on to what would be lost; true when none is left.

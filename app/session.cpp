@@ -45,6 +45,7 @@ Session::Session(const QString &directory, setting *settings, QLogger *logger, c
     , m_tuneTasks(connectionName, window.widget, nullptr)
 {
     connect(settings, &setting::saved, this, &Session::applySettings);
+    connect(&m_user, &QLoadedUser::actBegun, this, [this] { checkRights(); });
 }
 
 Session::~Session()
@@ -295,15 +296,39 @@ void Session::login()
 
 void Session::readRights()
 {
+    checkRights([this] { askNextStep(); });
+}
+
+void Session::checkRights(const std::function<void()> &then)
+{
     if (!m_user.isLoaded())
         return;
-    m_rightsTasks.drop();
-    m_rightsTasks.read([user = m_user.rights()](const Db &db) { return ::readRights(db, user); },
-                       [this](const std::optional<UserRights> &rights) {
-                           if (rights)
-                               m_user.take(*rights);
-                           askNextStep();
+    m_rightsTasks.read([user = m_user.rights()](const Db &db) { return newsOfRights(db, user); },
+                       [this, then](const std::optional<RightsNews> &news) {
+                           const bool mayGoOn = !news || follow(*news);
+                           if (mayGoOn && then)
+                               then();
                        });
+}
+
+/// Rights that are different are taken over and told. False when the user may do nothing any more.
+bool Session::follow(const RightsNews &news)
+{
+    // Of two questions on their way the second one has the same answer.
+    const bool isKnown = news.kind == RightsNews::Same || news.rights.digest == m_user.rights().digest;
+    if (!isKnown)
+        m_user.take(news.rights);
+    if (news.kind == RightsNews::LockedOut) {
+        const QString words = tr("У вас більше немає доступу до бекофісу: його забрали, поки ви працювали.");
+        say(words);
+        refuse(words);
+    } else if (!isKnown && news.kind == RightsNews::Moved) {
+        refuse(tr("Вас перевели до групи прав \"%1\". Меню і вкладки тепер за її правами.").arg(news.group));
+    } else if (!isKnown) {
+        postMessage(m_window.widget, tr("Ваші права змінено: меню і вкладки тепер за новими."),
+                    QMessEvent::Information);
+    }
+    return news.kind != RightsNews::LockedOut;
 }
 
 bool Session::hasNewAddress() const

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QSqlDatabase>
+#include <functional>
 
 class ErrorList;
 struct Entrant;
@@ -58,6 +59,10 @@ public:
     /// Whoever is remembered in the settings is logged in without the dialog.
     void setLoginUnattended(bool unattended) { m_isUnattended = unattended; }
     void say(const QString &words);
+    /// Somebody begins what takes a right: looks whether the rights of the user are still those that were
+    /// read, and takes over what is different. What is asked of the server behind it is answered behind it.
+    /// then: when the rights are up to date, unless nothing is allowed any more, which is told.
+    void checkRights(const std::function<void()> &then = {});
     /// The next step follows what was added in the pages meanwhile.
     void refreshNextStep();
 
@@ -68,7 +73,7 @@ public slots:
     /// Offers to add the indexes for quick reports, or to take them away again.
     void tuneDatabase();
     void login();
-    /// Reads the rights of the user again; they are taken over when they are there.
+    /// Looks whether the rights of the user are still the same; others are taken over when they are there.
     void readRights();
     /// Connects when the settings name another database by now.
     void applySettings();
@@ -96,6 +101,7 @@ private:
     void tune(Tuning tuning);
     void logout();
     void welcome(const Entrant &entrant);
+    bool follow(const RightsNews &news);
     void askNextStep();
     void refuse(const QString &text);
 

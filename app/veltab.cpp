@@ -122,7 +122,7 @@ void Veltab::connectPages()
 {
     for (const PageEntry &entry : m_pages->table())
         connect(actionOf(entry.action), &QAction::triggered, this,
-                [this, action = QString::fromLatin1(entry.action)] { m_pages->open(action); });
+                [this, action = QString::fromLatin1(entry.action)] { open(action); });
     connect(ui->tabWidget, &QTabWidget::tabCloseRequested, this, &Veltab::closetab);
     connect(ui->tabWidget, &QTabWidget::currentChanged, this, &Veltab::changetab);
     connect(ui->close_tab, &QAction::triggered, this, [this] { closetab(ui->tabWidget->currentIndex()); });
@@ -172,7 +172,19 @@ void Veltab::connectSession()
 
 void Veltab::SaleAdmission()
 {
-    m_pages->open(QStringLiteral("man_saleadmiss"));
+    open(QStringLiteral("man_saleadmiss"));
+}
+
+/// At once, by the rights that are known: what is typed next belongs into the page. When the server says that
+/// the right is gone by now, the page goes again before it has shown anything.
+void Veltab::open(const QString &action)
+{
+    const bool isOpen = m_pages->isOpen(action);
+    m_session->checkRights([this, action, isOpen] {
+        if (!isOpen && m_pages->closeForbidden(action))
+            m_pages->open(action);
+    });
+    m_pages->open(action);
 }
 
 void Veltab::closetab(int index)
@@ -236,6 +248,7 @@ void Veltab::offerCommands(const Page *page)
 
 void Veltab::run(Command command)
 {
+    m_session->checkRights();
     if (Page *page = m_pages->current())
         page->run(command);
     m_session->refreshNextStep();
@@ -290,6 +303,7 @@ Page *Veltab::exportedPage() const
 void Veltab::askAndExport(const QString &ending,
                           const std::function<void(const Page &page, const QString &path)> &write)
 {
+    m_session->checkRights();
     if (exportedPage() == nullptr)
         return;
     const QString title = ui->tabWidget->tabText(ui->tabWidget->currentIndex());
@@ -330,6 +344,7 @@ bool Veltab::mayImport() const
 
 void Veltab::askAndImport(const QString &code, QChar separator)
 {
+    m_session->checkRights();
     if (!mayImport())
         return;
     const QString path = m_chooseImport();

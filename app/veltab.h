@@ -98,6 +98,7 @@ private:
     /// The actions that stand for a command of the page in front.
     QList<QAction *> actionsOf(Command command) const;
     void offerCommands(const Page *page);
+    void open(const QString &action);
     void run(Command command);
     Page *exportedPage() const;
     void exportCsv(const QString &code);

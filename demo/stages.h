@@ -12,6 +12,8 @@ bool fillUsers(const Db &db, const Chain &chain);
 /// More people, of whom one has left, and their permission groups.
 bool fillStaff(const Db &db);
 bool fillDevices(const Db &db);
+/// Permission groups that no user of the first ones belongs to.
+bool fillPermissionGroups(const Db &db, const Chain &chain);
 bool fillCards(const Db &db, Chain *chain);
 bool fillGoods(const Db &db, Chain *chain);
 bool fillStock(const Db &db, const Chain &chain);

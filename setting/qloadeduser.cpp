@@ -51,6 +51,36 @@ bool fillPermissions(const Db &db, UserRights *user)
     return true;
 }
 
+/// Of a set of rows: one number that is another one when a row is.
+QString digestOf(const QString &rowText, const QString &table)
+{
+    return QStringLiteral(
+               "(SELECT CONCAT(COUNT(*),' ',BIT_XOR(CAST(CONV(LEFT(MD5(%1),16),16,10) AS UNSIGNED))) "
+               "FROM %2 WHERE %2.id_g_prem=users.id_g_prem)")
+        .arg(rowText, table);
+}
+
+/// Permission group, shop group and shop of a user, and the digest of his rights; empty without a user.
+std::optional<QStringList> readState(const Db &db, const QString &idUser)
+{
+    return db.firstRow(
+        QStringLiteral("SELECT id_g_prem,id_group,id_shop,CONCAT_WS(',',id_g_prem,id_group,id_shop,") +
+        digestOf(QStringLiteral("CONCAT(id_prem,' ',permission)"), QStringLiteral("lst_permis")) +
+        QLatin1Char(',') + digestOf(QStringLiteral("lst_group.id_group"), QStringLiteral("lst_group")) +
+        QLatin1Char(',') +
+        digestOf(QStringLiteral("lst_shops_transmit.id_shop"), QStringLiteral("lst_shops_transmit")) +
+        QStringLiteral(") FROM users WHERE id=") + lit(idUser));
+}
+
+UserRights withoutRights(const UserRights &user, const QString &digest)
+{
+    UserRights nothing;
+    nothing.idUser = user.idUser;
+    nothing.idGroupPremission = user.idGroupPremission;
+    nothing.digest = digest;
+    return nothing;
+}
+
 std::optional<UserRights> readFound(const Db &db, const QString &sql, const QStringList &secrets)
 {
     auto query = runSecret(db, sql, secrets, QLoadedUser::tr("Помилка запиту:"));
@@ -91,6 +121,11 @@ std::optional<UserRights> readRights(const Db &db, const UserRights &user)
 {
     UserRights read;
     read.idUser = user.idUser;
+    // Before the rights: what is changed in between is noticed the next time.
+    const auto state = readState(db, user.idUser);
+    if (!state)
+        return std::nullopt;
+    read.digest = state->value(3);
     read.idGroupPremission = user.idGroupPremission;
     read.idGroup = user.idGroup;
     read.idShop = user.idShop == QLatin1String("0") ? QString() : user.idShop;
@@ -98,6 +133,32 @@ std::optional<UserRights> readRights(const Db &db, const UserRights &user)
         !fillList(db, shopsTransmitOf(read.idGroupPremission, read.idShop), &read.shopsTransmit))
         return std::nullopt;
     return read;
+}
+
+std::optional<RightsNews> newsOfRights(const Db &db, const UserRights &known)
+{
+    const auto state = readState(db, known.idUser);
+    if (!state)
+        return std::nullopt;
+    const QString digest = state->value(3);
+    if (!digest.isEmpty() && digest == known.digest)
+        return RightsNews();
+    if (state->isEmpty())
+        return RightsNews{RightsNews::LockedOut, withoutRights(known, digest), {}};
+    UserRights user = known;
+    user.idGroupPremission = state->at(0);
+    user.idGroup = state->at(1);
+    user.idShop = state->at(2);
+    const auto read = readRights(db, user);
+    const auto group = read ? db.firstText(QStringLiteral("SELECT name FROM group_premission WHERE id=") +
+                                           lit(user.idGroupPremission))
+                            : std::nullopt;
+    if (!group)
+        return std::nullopt;
+    if (read->permissions[Permission::BackOffice] == Permission::Denied)
+        return RightsNews{RightsNews::LockedOut, withoutRights(*read, digest), *group};
+    const bool isMoved = user.idGroupPremission != known.idGroupPremission;
+    return RightsNews{isMoved ? RightsNews::Moved : RightsNews::Changed, *read, *group};
 }
 
 QString nameSename(const Db &db, int id)

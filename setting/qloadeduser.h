@@ -22,6 +22,24 @@ struct UserRights
     std::array<qint16, Permission::Count> permissions = {};
     QStringList groups;
     QStringList shopsTransmit;
+    /// What tells these rights from what the database holds later; empty when that is not known.
+    QString digest;
+};
+
+/// What became of the rights of a user since they were read.
+struct RightsNews
+{
+    enum Kind {
+        Same,
+        Changed,
+        Moved,    ///< to another permission group
+        LockedOut ///< the user, or the right to enter the back office, is gone
+    };
+    Kind kind = Same;
+    /// Unless they are the same; of who is locked out nothing is allowed.
+    UserRights rights = {};
+    /// The permission group of who was moved.
+    QString group = {};
 };
 
 /// The user of that login whose stored password is the given one, in clear or hashed. Nothing, with the
@@ -31,6 +49,9 @@ std::optional<UserRights> findUser(const Db &db, const QString &login, const QSt
 std::optional<UserRights> findUserOfCard(const Db &db, const QString &key);
 /// Rights and lists of a user whose ids are known.
 std::optional<UserRights> readRights(const Db &db, const UserRights &user);
+/// Whether the rights of a user are still those that were read: one statement when they are. Whoever wrote
+/// them, this program or another, need not have told the change tracker.
+std::optional<RightsNews> newsOfRights(const Db &db, const UserRights &known);
 /// "name surname" of any user; empty (reported) when there is no such user.
 QString nameSename(const Db &db, int id);
 

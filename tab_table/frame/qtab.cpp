@@ -40,6 +40,11 @@ QTab::QTab(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
     postTrace(receiver, QStringLiteral("In constructor QTab"));
     buildList(layout);
     connect(user, &QLoadedUser::rightsChanged, this, &QTab::followRights);
+    connect(user, &QLoadedUser::rightsChanged, this, [this] {
+        // Whoever may not edit here any more stores no name that he has begun.
+        if (m_delegate != nullptr && !mayEdit() && !m_delegate->isWriting())
+            m_delegate->drop();
+    });
     connectDelegate();
 }
 
@@ -394,14 +399,20 @@ std::unique_ptr<RecordDialog> QTab::makeEditor(QString *id)
 /// An empty id adds a record. Who may only look is not told that nothing was changed.
 void QTab::openEditor(const QString &id)
 {
+    // Answered before the editor has read its record: that task stands behind it.
+    m_user->beginAct();
     QString edited = id;
     const QPointer<QTab> open = this;
     RecordDialog *editor = makeEditor(&edited).release();
     if (editor == nullptr)
         return;
     m_editor = editor;
-    if (!mayEdit())
-        editor->setReadOnly(true);
+    const auto follow = [this, editor] {
+        if (!mayEdit())
+            editor->setReadOnly(true);
+    };
+    connect(m_user, &QLoadedUser::rightsChanged, editor, follow);
+    follow();
     const bool isSaved = editor->exec() == QDialog::Accepted;
     // The tab may have gone meanwhile, and its editor with it.
     if (!open)
@@ -462,6 +473,7 @@ void QTab::Edit(const QModelIndex &index)
 
 void QTab::openCell(const QModelIndex &cell)
 {
+    m_user->beginAct();
     view()->setCurrentIndex(cell);
     view()->edit(cell);
 }
