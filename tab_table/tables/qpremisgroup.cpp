@@ -184,9 +184,13 @@ ListPane *QPremisGroup::list() const
 
 bool QPremisGroup::isChanged() const
 {
-    if (m_id.isEmpty())
-        return !m_mine.rights.isEmpty();
-    return firstDifference(m_read, fieldsOf(m_mine)).has_value();
+    return (isNew() || !m_id.isEmpty()) &&
+           firstDifference(isNew() ? m_begun : m_read, fieldsOf(m_mine)).has_value();
+}
+
+bool QPremisGroup::isNew() const
+{
+    return m_id.isEmpty() && !m_mine.rights.isEmpty();
 }
 
 bool QPremisGroup::mayClose()
@@ -314,6 +318,7 @@ void QPremisGroup::take(const QString &id, const RecordFields &fields)
     m_id = id;
     m_read = fields;
     m_mine = accessOf(fields);
+    m_begun = fieldsOf(m_mine);
     m_isUnclear = false;
     showAccess();
 }
@@ -375,15 +380,14 @@ void QPremisGroup::showChanged()
             changed.append(right.key());
     }
     ui->rights->mark(changed);
-    const bool isNew = m_id.isEmpty() && !m_mine.rights.isEmpty();
-    ui->pbSave->setEnabled(isChanged());
-    ui->pbRevert->setEnabled(isChanged());
+    ui->pbSave->setEnabled(isNew() || isChanged());
+    ui->pbRevert->setEnabled(isNew() || isChanged());
     ui->pbCopy->setEnabled(!m_id.isEmpty());
-    ui->accessSide->setEnabled(isNew || !m_id.isEmpty());
+    ui->accessSide->setEnabled(isNew() || !m_id.isEmpty());
     m_note->end();
     if (!mayEdit())
         ui->labelState->setText(tr("Тільки перегляд."));
-    else if (isNew)
+    else if (isNew())
         ui->labelState->setText(tr("Нова група: ще не збережена."));
     else
         ui->labelState->setText(isChanged() ? tr("Змінено, ще не збережено.") : QString());
@@ -409,6 +413,7 @@ void QPremisGroup::copy()
         right = right.value() == QLatin1String("0") ? copied.rights.erase(right) : std::next(right);
     take(QString(), {});
     m_mine = accessOf(fieldsOf(copied));
+    m_begun = fieldsOf(m_mine);
     markGroup(QString());
     showAccess();
     ui->leName->setFocus();
@@ -471,7 +476,7 @@ bool QPremisGroup::mayTakeOwnRights()
 
 void QPremisGroup::save()
 {
-    if (m_tasks.isWaiting() || !mayEdit() || !isChanged())
+    if (m_tasks.isWaiting() || !mayEdit() || !(isNew() || isChanged()))
         return;
     if (m_isUnclear)
         return askWhetherArrived();

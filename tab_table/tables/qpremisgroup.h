@@ -60,6 +60,7 @@ private:
     };
     static Reading readPage(const Db &db, const QString &idWanted);
     bool mayEdit() const;
+    bool isNew() const;
     void connectWidgets();
     void followRights();
 
@@ -100,6 +101,8 @@ private:
     /// As the group was read; empty for one that is not saved yet.
     RecordFields m_read;
     GroupAccess m_mine;
+    /// As it began: of a new group what it had at first.
+    RecordFields m_begun;
     /// What was sent last, and the id that it got, in case the answer was lost.
     RecordDraft m_sent;
     QString m_sentId;
