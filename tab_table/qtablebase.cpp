@@ -10,6 +10,7 @@
 #include "qtabdiscount.h"
 #include "qtabgoods.h"
 #include "qtabgoodsshops.h"
+#include "qtabgroupshops.h"
 #include "qtabkass.h"
 #include "qtabnames.h"
 #include "qtabshops.h"

@@ -437,6 +437,7 @@ void QTabDelegate::takeStored(const CellWritten &written)
     if (m_draft.isNew) {
         emit clr();
         emit SetNextEdit();
+        emit added(written.id, m_draft.value);
     } else {
         emit ClrNextEdit();
     }

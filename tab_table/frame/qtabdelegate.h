@@ -80,6 +80,8 @@ signals:
     void clr() const;
     void ClrNextEdit() const;
     void SetNextEdit() const;
+    /// A new name was stored, under that id.
+    void added(const QString &id, const QString &name) const;
     /// The added row was stored: go on with another one.
     void extNextEdit();
     void writingBegun();

@@ -4,6 +4,7 @@
 #include "permissions.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ struct Texts
 
 constexpr int captionDigits = 40;
 constexpr int groupDigits = 13;
-constexpr int valueDigits = 25;
+constexpr int valueDigits = 20;
 
 void append(RowStore *rows, const QStringList &texts)
 {
@@ -88,7 +89,10 @@ RowStore differenceRows(const RecordFields &one, const RecordFields &other)
 {
     RowStore rows;
     // The name is the first field of either; of course it differs.
-    for (const RecordChange &change : changesByOthers(one.mid(1), one.mid(1), other.mid(1)))
+    QVector<RecordChange> differences = changesByOthers(one.mid(1), one.mid(1), other.mid(1));
+    std::stable_partition(differences.begin(), differences.end(),
+                          [](const RecordChange &change) { return !isOfOtherPrograms(change.any()); });
+    for (const RecordChange &change : qAsConst(differences))
         append(&rows, {change.any().caption, shownOf(change.before), shownOf(change.theirs)});
     return rows;
 }

@@ -36,13 +36,16 @@ RecordField shopField(const QString &id, const QString &address)
 }
 
 /// Every right of this program, denied.
-QMap<int, QString> nothingAllowed()
+const QMap<int, QString> &nothingAllowed()
 {
-    QMap<int, QString> rights;
-    for (const PermissionArea &area : permissionAreas()) {
-        for (const PermissionLine &line : area.lines)
-            rights.insert(line.id, QStringLiteral("0"));
-    }
+    static const QMap<int, QString> rights = [] {
+        QMap<int, QString> denied;
+        for (const PermissionArea &area : permissionAreas()) {
+            for (const PermissionLine &line : area.lines)
+                denied.insert(line.id, QStringLiteral("0"));
+        }
+        return denied;
+    }();
     return rights;
 }
 
@@ -205,6 +208,12 @@ GroupAccess accessOf(const RecordFields &fields)
             access.shops.insert(field.stored, field.row.toString());
     }
     return access;
+}
+
+bool isOfOtherPrograms(const RecordField &field)
+{
+    return field.key.startsWith(rightKey) &&
+           !nothingAllowed().contains(field.key.mid(rightKey.size()).toInt());
 }
 
 const RecordStatements &permissionGroup()

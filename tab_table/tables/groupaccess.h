@@ -26,6 +26,9 @@ struct GroupAccess
 RecordFields fieldsOf(const GroupAccess &access);
 GroupAccess accessOf(const RecordFields &fields);
 
+/// A right that this program does not know.
+bool isOfOtherPrograms(const RecordField &field);
+
 /// For readRecord() and saveRecord(). A save leaves somebody in charge (rightsguard.h).
 const RecordStatements &permissionGroup();
 

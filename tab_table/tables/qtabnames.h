@@ -59,7 +59,6 @@ inline constexpr NameList transactionTypeNames = {
     QT_TRANSLATE_NOOP("QTabNames", "Типи транзакцій однакові в усіх програмах мережі: їх не додають і не "
                                    "змінюють.")};
 
-using QTabGroup_Shops = QTabNamesOf<shopGroupNames>;
 using QTabGroup_Goods = QTabNamesOf<goodsGroupNames>;
 using QTabDay_Update = QTabNamesOf<updateDayNames>;
 using QTabTypeTrans = QTabNamesOf<transactionTypeNames>;
