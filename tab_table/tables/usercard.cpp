@@ -117,9 +117,13 @@ QVector<Bar> eanBars(const QString &code)
         ZBarcode_Encode_and_Buffer_Vector(symbol.get(), bytes, digits.size(), 0) >= ZINT_ERROR)
         return {};
     QVector<Bar> bars;
-    const double unit = static_cast<double>(symbol->vector->width) / symbol->width;
     for (const zint_vector_rect *rect = symbol->vector->rectangles; rect != nullptr; rect = rect->next)
-        bars.append({rect->x / unit, rect->width / unit});
+        bars.append({rect->x, rect->width});
+    // The margins beside them are part of its picture.
+    const double left = bars.first().left;
+    const double unit = (bars.last().left + bars.last().width - left) / eanModules;
+    for (Bar &bar : bars)
+        bar = {(bar.left - left) / unit, bar.width / unit};
     return bars;
 }
 

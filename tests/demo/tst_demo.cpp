@@ -219,22 +219,24 @@ void TstDemo::pricesAreTheOnesInForce()
 
 void TstDemo::usersAndRights()
 {
-    QCOMPARE(
-        m_database.rows(QStringLiteral("SELECT login,pass=MD5(login) FROM users ORDER BY id")),
-        QStringList({QStringLiteral("admin|1"), QStringLiteral("operator|1"), QStringLiteral("viewer|1")}));
+    QCOMPARE(value("SELECT GROUP_CONCAT(login ORDER BY id) FROM users WHERE pass=MD5(login)"),
+             QStringLiteral("admin,operator,viewer,bondar,hrytsenko,sydorenko,yizhak,shvets"));
     // The keys whose cards, with the prefix 220 before them, a scanner reads: the last digit is the check
     // digit.
-    QCOMPARE(m_database.rows(QStringLiteral("SELECT key_prem FROM users ORDER BY id")),
-             QStringList(
-                 {QStringLiteral("1000000016"), QStringLiteral("1000000023"), QStringLiteral("1000000030")}));
-    QCOMPARE(m_database.rows(
-                 QStringLiteral("SELECT id_g_prem,GROUP_CONCAT(id_group ORDER BY id_group) FROM lst_group "
-                                "WHERE id_g_prem<4 GROUP BY id_g_prem")),
+    QCOMPARE(value("SELECT GROUP_CONCAT(key_prem ORDER BY id) FROM users WHERE id<4 OR id=8"),
+             QStringLiteral("1000000016,1000000023,1000000030,1000000085"));
+    QCOMPARE(m_database.rows(QStringLiteral("SELECT id_g_prem,GROUP_CONCAT(id_group ORDER BY id_group) FROM "
+                                            "lst_group WHERE id_g_prem<4 GROUP BY id_g_prem")),
              QStringList({QStringLiteral("1|1,2,3,4"), QStringLiteral("2|2"), QStringLiteral("3|2,3,4")}));
     QCOMPARE(
         value("SELECT GROUP_CONCAT(id_g_prem,':',id_prem ORDER BY id_g_prem,id_prem) FROM lst_permis WHERE "
               "permission=1 AND id_g_prem IN (2,3)"),
         QStringLiteral("2:0,2:101,3:0"));
+    // Whoever has left is let in no more.
+    QCOMPARE(value("SELECT GROUP_CONCAT(login) FROM users LEFT JOIN lst_permis ON "
+                   "lst_permis.id_g_prem=users.id_g_prem AND id_prem=0 WHERE IFNULL(permission,0)=0"),
+             QStringLiteral("shvets"));
+    QCOMPARE(value("SELECT COUNT(DISTINCT id_type_device) FROM devices"), QStringLiteral("5"));
 }
 
 void TstDemo::onlineIntervals()
