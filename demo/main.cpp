@@ -45,7 +45,7 @@ void addOptions(QCommandLineParser *parser)
 {
     parser->setApplicationDescription(
         QStringLiteral("Fills a database with the chain of shops that shows the "
-                       "program.\nThe users are admin, operator and viewer; each "
+                       "program.\nAmong the users are admin, operator and viewer; each "
                        "one's password is the login, and the cards 2201000000016, 2201000000023 and "
                        "2201000000030 log in without one."));
     parser->addHelpOption();
