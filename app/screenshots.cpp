@@ -18,6 +18,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
@@ -181,7 +182,8 @@ void Screenshots::takePage(const QString &name)
     } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
                   {"mz_cheks", &Screenshots::takeCheks},
                   {"importcln", &Screenshots::takeImport},
-                  {"mt_goods", &Screenshots::takeGoods}};
+                  {"mt_goods", &Screenshots::takeGoods},
+                  {"mc_users", &Screenshots::takeUsers}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -292,6 +294,15 @@ void Screenshots::takeGoods(QWidget *goods, const QString &name)
     m_failed = !file.open() || file.write(prices) != prices.size() || !file.flush() || m_failed;
     m_window->setImportChooser([&file] { return file.fileName(); });
     takeModal(name + QStringLiteral("_import"), [this] { m_window->import_csv(); });
+}
+
+/// With the card of the current one.
+void Screenshots::takeUsers(QWidget *users, const QString &name)
+{
+    takeList(users, name);
+    users->findChild<QTableView *>()->selectRow(0);
+    const auto *cards = users->findChild<QPushButton *>(QStringLiteral("pbCard"))->menu();
+    takeModal(name + QStringLiteral("_card"), [cards] { cards->actions().first()->trigger(); });
 }
 
 void Screenshots::takeEditors(QWidget *page, const QString &name)

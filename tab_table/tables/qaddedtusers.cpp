@@ -18,15 +18,16 @@ const QString noShop = QStringLiteral("0");
 const int telephoneLength = 10;
 const char *const keysSql = "SELECT key_prem FROM users";
 
-/// The groups whose members get into the back office and may change users.
-QString editingGroupsSql()
+/// Permission groups with their rights to get in and to users.
+QString groupRightsSql()
 {
-    return QStringLiteral("SELECT people.id_g_prem FROM lst_permis people JOIN lst_permis entry ON "
-                          "entry.id_g_prem=people.id_g_prem AND entry.id_prem=%1 AND entry.permission<>0 "
-                          "WHERE people.id_prem=%2 AND people.permission=%3")
+    return QStringLiteral(
+               "SELECT group_premission.id,entry.permission,people.permission FROM group_premission "
+               "LEFT JOIN lst_permis entry ON entry.id_g_prem=group_premission.id AND "
+               "entry.id_prem=%1 LEFT JOIN lst_permis people ON "
+               "people.id_g_prem=group_premission.id AND people.id_prem=%2")
         .arg(Permission::BackOffice)
-        .arg(Permission::Users)
-        .arg(Permission::Full);
+        .arg(Permission::Users);
 }
 } // namespace
 
@@ -45,7 +46,7 @@ QAddEdtUsers::QAddEdtUsers(const QLoadedUser *user, const QString &cardPrefix, Q
     // A card may be scanned into it.
     limitTo(ui->leKey, "[0-9]{0,13}");
     connectFields();
-    load(inputs(), {QLatin1String(keysSql), editingGroupsSql(),
+    load(inputs(), {QLatin1String(keysSql), groupRightsSql(),
                     permittedShopsSql(*user).replace(QStringLiteral("SELECT shops.address,shops.id"),
                                                      QStringLiteral("SELECT DISTINCT shops.address,shops.id,"
                                                                     "shops.group_shop"))});
@@ -78,6 +79,8 @@ void QAddEdtUsers::connectFields()
     connect(ui->pbOk, &QPushButton::clicked, this, &QAddEdtUsers::btok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QAddEdtUsers::btcancel);
     connect(ui->pbKey, &QPushButton::clicked, this, &QAddEdtUsers::proposeKey);
+    connect(ui->cbPremission, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &QAddEdtUsers::tellEntry);
     connect(ui->cbGroup, qOverload<int>(&QComboBox::currentIndexChanged), this, &QAddEdtUsers::offerShops);
     connect(ui->leTelephone, &QLineEdit::editingFinished, this, &QAddEdtUsers::tidyTelephone);
     connect(ui->leKey, &QLineEdit::textChanged, this, &QAddEdtUsers::followKey);
@@ -87,8 +90,13 @@ bool QAddEdtUsers::takeRows(const QVector<TextRows> &more)
 {
     for (const QStringList &row : more.at(0))
         m_keys.append(row.first());
-    for (const QStringList &row : more.at(1))
-        m_editingGroups.insert(row.first());
+    for (const QStringList &row : more.at(1)) {
+        const bool mayEnter = row.at(1).toUInt() != Permission::Denied;
+        if (!mayEnter)
+            m_closedGroups.insert(row.first());
+        else if (row.at(2).toUInt() == Permission::Full)
+            m_editingGroups.insert(row.first());
+    }
     for (const QStringList &row : more.at(2))
         m_shops.append({row.at(0), row.at(1), row.at(2)});
     for (QComboBox *box : {ui->cbPremission, ui->cbGroup})
@@ -120,7 +128,14 @@ void QAddEdtUsers::loaded()
     }
     ui->lePass->setPlaceholderText(isNew() ? QString() : tr("без змін"));
     followKey();
+    tellEntry();
     ui->leLogin->setFocus();
+}
+
+void QAddEdtUsers::tellEntry()
+{
+    const bool isClosed = m_closedGroups.contains(chosenItem(ui->cbPremission).id);
+    ui->labelEntry->setText(isClosed ? tr("Ця група не дає входу: користувач не ввійде.") : QString());
 }
 
 /// Those of the chosen group; group 1 stands for all of them.

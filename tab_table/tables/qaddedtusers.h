@@ -43,6 +43,7 @@ private:
     };
     QVector<RecordInput> inputs() const;
     void connectFields();
+    void tellEntry();
     void offerShops();
     void tidyTelephone();
     void followKey();
@@ -59,7 +60,8 @@ private:
     QVector<Shop> m_shops;
     /// Of all users, for the first proposal.
     QStringList m_keys;
-    /// The permission groups whose members may change users.
+    /// The permission groups whose members do not get in, and those whose members may change users.
+    QSet<QString> m_closedGroups;
     QSet<QString> m_editingGroups;
     DbTasks m_keyTasks;
 };

@@ -527,9 +527,12 @@ void TstQTabUsers::ownRightIsGivenAwayOnPurpose()
     m_base->exec("UPDATE users SET id_g_prem=1 WHERE id=1");
     open();
     QVERIFY(edit("taras", [](QAddEdtUsers *editor) {
-        enter(editor, "cbPremission", "Звільнені");
+        QCOMPARE(child<QLabel>(editor, "labelEntry")->text(), QString());
+        enter(editor, "cbPremission", "Нова група");
+        QVERIFY(child<QLabel>(editor, "labelEntry")->text().startsWith("Ця група не дає входу"));
         QCOMPARE(saveMeets(editor), QString());
     }));
+    QCOMPARE(shown(6).at(2), QString("закрито"));
 }
 
 void TstQTabUsers::lastOneInChargeStays()
