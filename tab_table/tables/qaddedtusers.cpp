@@ -7,6 +7,7 @@
 #include "permittedlists.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
+#include "qtab.h"
 #include "typedinput.h"
 #include "userrecord.h"
 
@@ -29,6 +30,12 @@ QString groupRightsSql()
         .arg(Permission::BackOffice)
         .arg(Permission::Users);
 }
+
+QString permittedHomesSql(const QLoadedUser &user)
+{
+    return QStringLiteral("SELECT address,id,group_shop FROM shops WHERE") +
+           QTab::GetStrLstGroupFromPermis(&user, QStringLiteral("group_shop"), true);
+}
 } // namespace
 
 QAddEdtUsers::QAddEdtUsers(const QLoadedUser *user, const QString &cardPrefix, QSqlDatabase *db, QString *id,
@@ -46,10 +53,7 @@ QAddEdtUsers::QAddEdtUsers(const QLoadedUser *user, const QString &cardPrefix, Q
     // A card may be scanned into it.
     limitTo(ui->leKey, "[0-9]{0,13}");
     connectFields();
-    load(inputs(), {QLatin1String(keysSql), groupRightsSql(),
-                    permittedShopsSql(*user).replace(QStringLiteral("SELECT shops.address,shops.id"),
-                                                     QStringLiteral("SELECT DISTINCT shops.address,shops.id,"
-                                                                    "shops.group_shop"))});
+    load(inputs(), {QLatin1String(keysSql), groupRightsSql(), permittedHomesSql(*user)});
 }
 
 /// A field that loses the focus still finds the others.
@@ -115,7 +119,11 @@ void QAddEdtUsers::showField(const QString &key, const std::optional<RecordField
     } else if (key == QLatin1String("id_shop") && value && value->stored.toUInt() == 0) {
         chooseId(ui->cbShop, noShop);
     } else {
+        const NamedId home = chosenItem(ui->cbShop);
         RecordDialog::showField(key, value);
+        // A group that others have chosen takes nobody's shop away.
+        if (key == QLatin1String("id_group") && home.id.toUInt() != 0)
+            RecordDialog::showField(QStringLiteral("id_shop"), RecordField{{}, {}, home.id, home.name, {}});
     }
 }
 
@@ -136,6 +144,7 @@ void QAddEdtUsers::tellEntry()
 {
     const bool isClosed = m_closedGroups.contains(chosenItem(ui->cbPremission).id);
     ui->labelEntry->setText(isClosed ? tr("Ця група не дає входу: користувач не ввійде.") : QString());
+    ui->labelEntry->setVisible(isClosed);
 }
 
 /// Those of the chosen group; group 1 stands for all of them.

@@ -155,12 +155,15 @@ void QTabUsers::rowsShown()
 void QTabUsers::rowShown(int row)
 {
     const bool isShutOut = !mayEnter(model()->storedBytes(row, Entry));
-    const QModelIndex cell = model()->index(row, Entry);
-    model()->setData(cell, isShutOut ? QBrush(Qt::red) : QVariant(), Qt::BackgroundRole);
-    // Readable on red, whatever the palette.
-    model()->setData(cell, isShutOut ? QBrush(Qt::black) : QVariant(), Qt::ForegroundRole);
-    model()->setData(cell, isShutOut ? tr("Група прав не дає входу до бекофісу.") : QVariant(),
-                     Qt::ToolTipRole);
+    const QVariant words = isShutOut ? tr("Група прав не дає входу до бекофісу.") : QVariant();
+    for (const int column : {Login, Entry}) {
+        const QModelIndex cell = model()->index(row, column);
+        model()->setData(cell, isShutOut ? QBrush(Qt::red) : QVariant(), Qt::BackgroundRole);
+        // Readable on red, whatever the palette.
+        model()->setData(cell, isShutOut ? QBrush(Qt::black) : QVariant(), Qt::ForegroundRole);
+        model()->setData(cell, words, Qt::ToolTipRole);
+        model()->setData(cell, words, Qt::AccessibleDescriptionRole);
+    }
 }
 
 QVector<int> QTabUsers::selectedRows() const

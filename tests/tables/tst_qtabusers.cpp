@@ -458,7 +458,7 @@ void TstQTabUsers::twoOperatorsChangeOneUser()
     QVERIFY(edit("olena", [this](QAddEdtUsers *editor) {
         enter(editor, "leTelephone", "0671112233");
         typePassword(editor, "моє");
-        m_base->exec("UPDATE users SET id_g_prem=3,pass=MD5('їхнє') WHERE id=10");
+        m_base->exec("UPDATE users SET id_g_prem=3,id_group=3,pass=MD5('їхнє') WHERE id=10");
         const auto save = [editor] {
             child<QPushButton>(editor, "pbOk")->click();
             waitOutTasks();
@@ -471,12 +471,13 @@ void TstQTabUsers::twoOperatorsChangeOneUser()
                 for (int column = 0; column < table->columnCount(); ++column)
                     QVERIFY2(table->item(row, column)->text().size() < 20, "no password is shown");
             }
-            QCOMPARE(captions, QStringList({"Пароль", "Група прав"}));
+            QCOMPARE(captions, QStringList({"Пароль", "Група прав", "Група магазинів"}));
             QTest::mouseClick(child<QPushButton>(dialog, "pbTheirs"), Qt::LeftButton);
         }));
         QVERIFY(!editor->isVisible());
     }));
-    QCOMPARE(stored(10, "telephone,id_g_prem,pass=MD5('їхнє')"), QString("0671112233|3|1"));
+    QCOMPARE(stored(10, "telephone,id_g_prem,id_group,id_shop,pass=MD5('їхнє')"),
+             QString("0671112233|3|3|10|1"));
     QCOMPARE(shown(6).at(1), QString("закрито"));
 }
 
