@@ -19,6 +19,18 @@ bool isScannedCode(const QString &text)
 {
     return text.size() >= ScanPace::shortestCode && isAllDigits(text);
 }
+
+QString noGoodsWords(GoodsSearch::Mode mode)
+{
+    switch (mode) {
+    case GoodsSearch::Receive:
+        return GoodsPicker::tr("Немає товарів, які можна прийняти.");
+    case GoodsSearch::Move:
+        return GoodsPicker::tr("У магазині немає товарів для переміщення.");
+    default:
+        return GoodsPicker::tr("У магазині немає товарів для продажу.");
+    }
+}
 } // namespace
 
 GoodsPicker::GoodsPicker(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::GoodsPicker>())
@@ -145,9 +157,10 @@ void GoodsPicker::load(const QString &text)
     m_pause.drop();
     const auto by = ui->rbName->isChecked() ? GoodsSearch::Name : GoodsSearch::Barcode;
     ui->list->view()->setEmptyText(tr("Пошук…"));
-    ui->list->setEmptyText(text.trimmed().isEmpty() ? tr("У магазині немає товарів для продажу.")
-                                                    : tr("За цими умовами нічого не знайдено."));
-    ui->list->load(goodsListSql(wanted(by, text.trimmed())));
+    const GoodsSearch search = wanted(by, text.trimmed());
+    ui->list->setEmptyText(search.text.isEmpty() ? noGoodsWords(search.mode)
+                                                 : tr("За цими умовами нічого не знайдено."));
+    ui->list->load(goodsListSql(search));
 }
 
 void GoodsPicker::showFound()
@@ -264,8 +277,9 @@ void GoodsPicker::addListed(int row, const QString &asked)
     if (row < 0 || row >= model->rowCount())
         return;
     m_work->tell(QString());
-    take(goodsItem([=](int column) { return model->stored(row, column); }), asked);
+    // Before, because of what is weighed its quantity may be asked for.
     focusSearch();
+    take(goodsItem([=](int column) { return model->stored(row, column); }), asked);
 }
 
 /// asked: what the field showed when it was asked for.

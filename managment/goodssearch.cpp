@@ -37,6 +37,18 @@ QString condition(const GoodsSearch &search)
     }
     return QStringLiteral("dk_shc.shtrihcod LIKE ") + likeContains(search.text);
 }
+/// Goods that the shop never had can be received.
+QString goodsOf(GoodsSearch::Mode mode, const QString &shop)
+{
+    const QString beside = QStringLiteral("LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
+                                          "LEFT JOIN action ON goods_shop.id_action=action.id WHERE ");
+    if (mode == GoodsSearch::Receive)
+        return QStringLiteral(" FROM goods LEFT JOIN goods_shop ON goods_shop.id_goods=goods.id AND "
+                              "goods_shop.id_shop=") +
+               shop + QLatin1Char(' ') + beside + QStringLiteral("goods.id>0");
+    return QStringLiteral(" FROM goods_shop LEFT JOIN goods ON goods.id=goods_shop.id_goods ") + beside +
+           QStringLiteral("goods_shop.id_shop=") + shop;
+}
 const CellFormat asPromotion = {promotionShown, promotionShown, false};
 
 /// A column of the list: what is selected (%1: the price, %2: the promotion in force), how it is shown, and
@@ -124,11 +136,7 @@ QString goodsListSql(const GoodsSearch &search)
     return QStringLiteral("SELECT ") +
            selected.join(QLatin1Char(','))
                .arg(resolvedPriceSql(search.idShop, search.priority), actionInForceSql(search.time)) +
-           QStringLiteral(" FROM goods_shop "
-                          "LEFT JOIN goods ON goods.id=goods_shop.id_goods "
-                          "LEFT JOIN dk_shc ON goods.id=dk_shc.id_goods "
-                          "LEFT JOIN action ON goods_shop.id_action=action.id WHERE goods_shop.id_shop=") +
-           shop +
+           goodsOf(search.mode, shop) +
            QStringLiteral(" AND goods.block=0 AND (goods.group_g<2 OR goods.group_g>5)"
                           " AND (goods.id_rules_goods=1 OR goods.id_rules_goods=2") +
            (search.mode == GoodsSearch::Receive ? QString() : QStringLiteral(" OR goods.id_rules_goods=3")) +

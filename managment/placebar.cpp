@@ -105,17 +105,18 @@ QWidgetList PlaceBar::fields() const
     return {ui->cbShop, ui->cbKass, ui->dateEdit, ui->sbPriority};
 }
 
-void PlaceBar::leaveFor(const Leave &leave)
+void PlaceBar::leaveFor(Choice choice, const Leave &leave)
 {
     if (m_guard)
-        m_guard(leave);
+        m_guard(choice, leave);
     else
         leave();
 }
 
 /// The box shows the old choice until it may be left.
-void PlaceBar::choose(QComboBox *box, int *chosen, int index, const Leave &then)
+void PlaceBar::choose(Choice choice, int *chosen, int index, const Leave &then)
 {
+    QComboBox *box = choice == Shop ? ui->cbShop : ui->cbKass;
     const auto show = [box](int shown) {
         const QSignalBlocker hold(box);
         box->setCurrentIndex(shown);
@@ -133,12 +134,12 @@ void PlaceBar::choose(QComboBox *box, int *chosen, int index, const Leave &then)
     if (index == *chosen)
         take();
     else
-        leaveFor(take);
+        leaveFor(choice, take);
 }
 
 void PlaceBar::shopChosen(int index)
 {
-    choose(ui->cbShop, &m_shop, index, [this] {
+    choose(Shop, &m_shop, index, [this] {
         readRegisters();
         emit goodsChanged();
     });
@@ -146,7 +147,7 @@ void PlaceBar::shopChosen(int index)
 
 void PlaceBar::kassChosen(int index)
 {
-    choose(ui->cbKass, &m_kass, index, [this] { emit kassChanged(); });
+    choose(Register, &m_kass, index, [this] { emit kassChanged(); });
 }
 
 /// The box shows the old date until it may be left.
@@ -157,7 +158,7 @@ void PlaceBar::dateChosen(const QDate &date)
         ui->dateEdit->setDate(shown);
     };
     show(m_date);
-    leaveFor([=] {
+    leaveFor(Date, [=] {
         show(date);
         m_date = date;
         m_isToday = date == SaleClock::now().date();

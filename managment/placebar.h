@@ -29,9 +29,11 @@ public:
     /// is read when the rights are read again.
     void setUp(SaleWork *work);
     using Leave = std::function<void()>;
-    /// Asked before the shop, the register or the date becomes another one, which leave() does, now or later;
-    /// until then the old one is shown, and holds.
-    void setGuard(const std::function<void(const Leave &leave)> &guard) { m_guard = guard; }
+    enum Choice { Shop, Register, Date };
+    /// Asked before that choice becomes another one, which leave() does, now or later; until then the old one
+    /// is shown, and holds.
+    using Guard = std::function<void(Choice choice, const Leave &leave)>;
+    void setGuard(const Guard &guard) { m_guard = guard; }
 
     /// Shops or registers are on their way.
     bool isReading() const;
@@ -74,14 +76,14 @@ private:
     void shopChosen(int index);
     void kassChosen(int index);
     void dateChosen(const QDate &date);
-    void choose(QComboBox *box, int *chosen, int index, const Leave &then);
-    void leaveFor(const Leave &leave);
+    void choose(Choice choice, int *chosen, int index, const Leave &then);
+    void leaveFor(Choice choice, const Leave &leave);
     void showDate();
 
     std::unique_ptr<Ui::PlaceBar> ui;
     SaleWork *m_work = nullptr;
     DbTasks *m_tasks = nullptr;
-    std::function<void(const Leave &leave)> m_guard;
+    Guard m_guard;
     /// What is chosen in the boxes; they go back there until somebody may leave it.
     int m_shop = -1;
     int m_kass = -1;

@@ -10,6 +10,8 @@
 #include "receiptmodel.h"
 #include "saleclock.h"
 #include "salekeys.h"
+#include "stockdesk.h"
+#include "stockpane.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -28,12 +30,20 @@ QRegisterSale::QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     Q_UNUSED(set)
     ui->setupUi(this);
     m_payment = new SalePayment(m_work, ui->place, ui->receipt->model());
-    m_guard = new SaleGuard(m_work, m_acts, m_payment, ui->receipt);
-    setUpParts();
+    const auto whenThere = [this](const SaleGuard::Act &act) {
+        m_acts->decide([=](bool isThere) {
+            if (isThere)
+                act();
+        });
+    };
+    m_stock = new StockDesk(m_work, ui->place, ui->modes, ui->documents, whenThere);
+    m_guard = new SaleGuard(m_work, m_acts, m_payment, ui->receipt, m_stock);
+    setUpParts(whenThere);
     connectPlace();
     connectGoods();
     connectReceipt();
     connectPayment();
+    connectStock();
     connectClosing();
     connectKeys();
     orderTabs();
@@ -57,31 +67,54 @@ QRegisterSale::~QRegisterSale()
         part->blockSignals(false);
 }
 
-void QRegisterSale::setUpParts()
+void QRegisterSale::setUpParts(const QuantityGrid::WhenThere &whenThere)
 {
     ui->shift->setUp(m_work, ui->place);
     ui->goods->setUp(
         m_work, m_acts, [this] { return goodsScope(); },
         [this](const GoodsItem &item) { return addGoods(item); });
     ui->receipt->setUp(
-        m_work->user(), [this](const SaleGuard::Act &again) { return m_guard->mayChange(again); },
-        [this](const SaleGuard::Act &act) {
-            m_acts->decide([=](bool isThere) {
-                if (isThere)
-                    act();
-            });
-        });
+        m_work->user(), [this](const SaleGuard::Act &again) { return m_guard->mayChange(again); }, whenThere);
+}
+
+void QRegisterSale::admissionmode()
+{
+    chooseMode(GoodsSearch::Receive);
 }
 
 void QRegisterSale::salemode()
 {
-    m_mode = GoodsSearch::Sale;
     connect(ui->receipt, &ReceiptPane::sellPressed, this, &QRegisterSale::sale, Qt::UniqueConnection);
+    chooseMode(GoodsSearch::Sale);
+}
+
+void QRegisterSale::movingmode()
+{
+    chooseMode(GoodsSearch::Move);
+}
+
+/// What does not come into its document stays begun there.
+void QRegisterSale::chooseMode(GoodsSearch::Mode mode)
+{
+    m_guard->whenSettled([this, mode](bool) {
+        const bool isOther = std::exchange(m_mode, mode) != mode;
+        m_stock->show(mode);
+        if (isOther)
+            ui->goods->refresh();
+        focusSearch();
+        ui->goods->takeScans();
+    });
 }
 
 void QRegisterSale::connectPlace()
 {
-    ui->place->setGuard([this](const SaleGuard::Act &leave) { m_guard->leaveReceipt(leave); });
+    ui->place->setGuard([this](PlaceBar::Choice choice, const SaleGuard::Act &leave) {
+        // A document of goods is one of its shop; which register writes it does not matter.
+        if (choice == PlaceBar::Shop)
+            m_guard->leaveAll(leave);
+        else
+            m_guard->leaveReceipt(leave);
+    });
     connect(ui->place, &PlaceBar::kassChanged, this, &QRegisterSale::showRights);
     connect(ui->place, &PlaceBar::goodsChanged, ui->goods, &GoodsPicker::refresh);
     connect(ui->place, &PlaceBar::kassChanged, ui->goods, &GoodsPicker::takeScans);
@@ -99,11 +132,20 @@ void QRegisterSale::connectGoods()
     // When what has ended is shown.
     connect(m_work, &SaleWork::idle, ui->goods, &GoodsPicker::takeScans, Qt::QueuedConnection);
     connect(ui->goods, &GoodsPicker::scanned, this, [this] {
-        if (m_work->isIdle() && m_payment->unclear())
+        if (!m_work->isIdle())
+            return;
+        if (m_stock->pane() != nullptr && m_stock->isUnclear())
+            m_stock->askUnclear();
+        else if (m_stock->pane() == nullptr && m_payment->unclear())
             m_payment->askUnclear([](std::optional<bool>) {});
     });
     connect(ui->goods, &GoodsPicker::notAdded, ui->notice, &NoticeBar::keep);
-    connect(ui->goods, &GoodsPicker::aboutToTake, ui->receipt, &ReceiptPane::settle);
+    connect(ui->goods, &GoodsPicker::aboutToTake, this, [this] {
+        if (m_stock->pane() != nullptr)
+            m_stock->settle();
+        else
+            ui->receipt->settle();
+    });
     ui->goods->searchField()->installEventFilter(this);
     const QWidgetList fields = ui->place->fields() + ui->goods->fields() + ui->receipt->fields();
     for (QWidget *field : fields)
@@ -115,11 +157,7 @@ void QRegisterSale::connectReceipt()
     connect(ui->receipt, &ReceiptPane::told, this, &QRegisterSale::notify);
     connect(ui->receipt, &ReceiptPane::typed, ui->goods, &GoodsPicker::typeInto);
     connect(ui->receipt, &ReceiptPane::left, ui->goods, &GoodsPicker::focusSearch);
-    connect(ui->receipt, &ReceiptPane::clearPressed, this, [this] {
-        if (m_work->mayEdit())
-            m_guard->leaveReceipt({});
-        focusSearch();
-    });
+    connect(ui->receipt, &ReceiptPane::clearPressed, this, &QRegisterSale::clearInFront);
 }
 
 void QRegisterSale::connectPayment()
@@ -130,6 +168,23 @@ void QRegisterSale::connectPayment()
     connect(m_payment, &SalePayment::sold, this, &QRegisterSale::afterSale);
     connect(m_payment, &SalePayment::notWritten, this, &QRegisterSale::keepScans);
     connect(m_payment, &SalePayment::shiftRead, ui->shift, &ShiftBar::refresh);
+}
+
+void QRegisterSale::connectStock()
+{
+    connect(ui->modes, &ModeBar::chosen, this, &QRegisterSale::chooseMode);
+    connect(m_stock, &StockDesk::written, this,
+            [this](const StockPane *pane, const StockOrder &order, const StockWriter::Result &result) {
+                afterStock(*pane, order, result);
+            });
+    for (StockPane *pane : m_stock->panes()) {
+        connect(pane, &StockPane::typed, ui->goods, &GoodsPicker::typeInto);
+        connect(pane, &StockPane::left, ui->goods, &GoodsPicker::focusSearch);
+        connect(pane, &StockPane::writePressed, this, &QRegisterSale::write);
+        connect(pane, &StockPane::clearPressed, this, &QRegisterSale::clearInFront);
+        for (QWidget *field : pane->fields())
+            field->installEventFilter(this);
+    }
 }
 
 void QRegisterSale::connectClosing()
@@ -159,7 +214,10 @@ void QRegisterSale::connectKeys()
         connect(shortcut, &QShortcut::activated, this, act);
     };
     onKey(Qt::Key_Escape, &QRegisterSale::escape);
-    onKey(Qt::Key_F9, &QRegisterSale::sale);
+    onKey(Qt::Key_F6, &QRegisterSale::salemode);
+    onKey(Qt::Key_F7, &QRegisterSale::admissionmode);
+    onKey(Qt::Key_F8, &QRegisterSale::movingmode);
+    onKey(Qt::Key_F9, &QRegisterSale::write);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
     onKey(QKeySequence::Find, &QRegisterSale::findGoods);
 }
@@ -184,6 +242,7 @@ void QRegisterSale::showRights()
     const QString why = SaleWork::viewOnlyWords();
     ui->receipt->setMayChange(maySell, why);
     ui->receipt->setMaySell(maySell && !ui->place->isClosingOnly());
+    m_stock->setMayChange(maySell, maySell && !ui->place->isClosingOnly(), why);
     ui->shift->setMayClose(maySell, why);
     if (!maySell || ui->notice->text() == why)
         notify(maySell ? QString() : why);
@@ -212,6 +271,11 @@ void QRegisterSale::seerch(const QString &text)
 
 bool QRegisterSale::addGoods(const GoodsItem &item)
 {
+    if (m_stock->pane() != nullptr) {
+        const bool isTaken = m_stock->add(item);
+        ui->goods->clearField();
+        return isTaken;
+    }
     if (!m_guard->mayChange([=] { addGoods(item); }))
         return false;
     if (!item.hasPrice) {
@@ -223,13 +287,16 @@ bool QRegisterSale::addGoods(const GoodsItem &item)
     return isAdded;
 }
 
-/// A code that was typed and not confirmed: the receipt would be paid without its item.
+/// A code that was typed and not confirmed: the document would be written without its item.
 bool QRegisterSale::isCodeLeft()
 {
     const QString code = ui->goods->codeLeft();
     if (code.isEmpty())
         return false;
-    notify(tr("Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.").arg(code));
+    notify((m_stock->pane() == nullptr
+                ? tr("Код «%1» ще не в чеку. Натисніть Enter, щоб додати товар, або очистіть поле.")
+                : tr("Код «%1» ще не в документі. Натисніть Enter, щоб додати товар, або очистіть поле."))
+               .arg(code));
     focusSearch();
     return true;
 }
@@ -245,9 +312,18 @@ void QRegisterSale::escape()
     } else if (ui->goods->hasText()) {
         ui->goods->dropSearch();
         ui->goods->clear();
-    } else if (m_work->mayEdit()) {
-        m_guard->leaveReceipt({});
+    } else {
+        clearInFront();
     }
+    focusSearch();
+}
+
+void QRegisterSale::clearInFront()
+{
+    if (m_work->mayEdit() && m_stock->pane() != nullptr)
+        m_guard->leaveDocument();
+    else if (m_work->mayEdit())
+        m_guard->leaveReceipt({});
     focusSearch();
 }
 
@@ -276,15 +352,21 @@ void QRegisterSale::resizeEvent(QResizeEvent *event)
     ui->splitter->setOrientation(isWide ? Qt::Horizontal : Qt::Vertical);
 }
 
-/// The empty search field has the keys of the receipt's current row.
+/// The empty search field has the keys of the document's current row.
 bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
     if (watched == ui->goods->searchField())
-        return !ui->goods->hasText() && ui->receipt->rowKey(key);
+        return !ui->goods->hasText() && documentKey(key);
     return fieldKey(key, qobject_cast<const QComboBox *>(watched) != nullptr);
+}
+
+bool QRegisterSale::documentKey(const QKeyEvent *key)
+{
+    StockPane *pane = m_stock->pane();
+    return pane != nullptr ? pane->rowKey(key) : ui->receipt->rowKey(key);
 }
 
 /// The fields around the grids: Enter leads back; a box of choices takes no digits.
@@ -317,6 +399,18 @@ void QRegisterSale::sale()
     });
 }
 
+void QRegisterSale::write()
+{
+    if (m_stock->pane() == nullptr)
+        return sale();
+    m_guard->whenSettled([this](bool isSettled) {
+        if (!isSettled || isCodeLeft())
+            return;
+        m_searchBefore = ui->goods->searchField()->text();
+        m_stock->write();
+    });
+}
+
 void QRegisterSale::CloseZ_zvit()
 {
     ui->shift->closeShift();
@@ -327,24 +421,56 @@ void QRegisterSale::pbClosePeriod()
     ui->shift->closePeriodAlone();
 }
 
-/// First the next receipt can be begun, then the other programs are told of this one. What was typed
-/// meanwhile is searched for the next one.
+/// First the next receipt can be begun, then the other programs are told of this one.
 void QRegisterSale::afterSale(const SalePayment::Sold &sold)
 {
     clearReceipt();
-    if (ui->goods->searchField()->text() == m_searchBefore)
-        ui->goods->clear();
-    else
-        ui->goods->refresh();
+    refreshGoods();
     ui->shift->refresh();
     QString told = tr("Чек № %1, %2").arg(sold.number).arg(moneyShown(sold.toPay));
     if (sold.change != 0)
         told += tr(", решта %1").arg(moneyShown(sold.change));
-    if (m_work->user()->maySee(Permission::Cheks))
-        ui->notice->tell(told, NoticeBar::Slip{sold.kass, sold.number});
-    else
-        notify(told);
+    tellWritten(told, sold.kass, sold.number);
     tellTracker({QStringLiteral("cheks"), QStringLiteral("goods_shop"), QStringLiteral("z_zvit")});
+}
+
+/// The same of a document of goods; the shift is another one only when it was opened by it.
+void QRegisterSale::afterStock(const StockPane &pane, const StockOrder &order,
+                               const StockWriter::Result &result)
+{
+    ui->notice->forget();
+    ui->place->backToToday();
+    refreshGoods();
+    ui->shift->refresh();
+    tellWritten(tr("%1 № %2: позицій %3, кількість %4")
+                    .arg(pane.mode().name)
+                    .arg(result.chek.number)
+                    .arg(order.document.rows().size())
+                    .arg(quantityShown(order.document.total())),
+                result.chek.place.kass, result.chek.number);
+    QStringList tables = {QStringLiteral("cheks"), QStringLiteral("goods_shop")};
+    if (result.opensShift)
+        tables.append(QStringLiteral("z_zvit"));
+    tellTracker(tables + pane.mode().alsoTables);
+    ui->goods->takeScans();
+}
+
+/// What was typed meanwhile is searched for the next document.
+void QRegisterSale::refreshGoods()
+{
+    if (ui->goods->searchField()->text() == m_searchBefore)
+        ui->goods->clear();
+    else
+        ui->goods->refresh();
+}
+
+/// With the way to its slip for those who may see it.
+void QRegisterSale::tellWritten(const QString &words, const QString &kass, int number)
+{
+    if (m_work->user()->maySee(Permission::Cheks))
+        ui->notice->tell(words, NoticeBar::Slip{kass, number});
+    else
+        notify(words);
 }
 
 /// What was scanned while a receipt was written that still stands here belongs to the next buyer.
@@ -362,10 +488,12 @@ void QRegisterSale::tellTracker(const QStringList &tables)
         [](bool) {});
 }
 
-/// Into this receipt; what is kept waits for an answer or for the next one.
+/// Into this document; what is kept waits for an answer or for the next one.
 bool QRegisterSale::mayTakeScans() const
 {
-    return m_work->isIdle() && !m_keepsScans && !ui->place->isReading() && !m_payment->unclear();
+    const bool mayChange =
+        m_stock->pane() != nullptr ? !m_stock->isUnclear() : !m_keepsScans && !m_payment->unclear();
+    return m_work->isIdle() && !ui->place->isReading() && mayChange;
 }
 
 /// The next receipt begins with nothing of this one.

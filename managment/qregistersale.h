@@ -1,8 +1,10 @@
 #pragma once
 
 #include "page.h"
+#include "quantitygrid.h"
 #include "saleguard.h"
 #include "salepayment.h"
+#include "stockwriter.h"
 
 #include <QWidget>
 #include <memory>
@@ -12,11 +14,13 @@ class QRegisterSale;
 }
 class HeldActs;
 class setting;
+class StockDesk;
+class StockPane;
 
-/// The tab in which a sale is registered for a shop's cash register. It joins its parts: the place
-/// (PlaceBar), the goods (GoodsPicker), the receipt (ReceiptPane), the payment (SalePayment), the shift
-/// (ShiftBar) and what is told (NoticeBar). It can be worked with a scanner and the keyboard alone; the
-/// search field has the focus.
+/// The tab in which a sale is registered for a shop's cash register, and goods are received and moved. It
+/// joins its parts: the place (PlaceBar), the goods (GoodsPicker), the receipt (ReceiptPane), the payment
+/// (SalePayment), the documents of the other modes (StockDesk), the shift (ShiftBar) and what is told
+/// (NoticeBar). It can be worked with a scanner and the keyboard alone; the search field has the focus.
 ///
 /// It never waits for the server: what is on its way or under way (HeldActs, SaleWork) holds up decisions and
 /// keeps scans, and nothing else.
@@ -28,9 +32,6 @@ public:
     /// receiver gets the messages.
     QRegisterSale(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set, QWidget *parent);
     ~QRegisterSale() override;
-
-    /// Sells, instead of receiving or moving goods.
-    void salemode();
 
     // The next four, and ClosePeriod(), wait for the server: for those who need the answer at once. The tab
     // itself reads and writes by tasks.
@@ -52,8 +53,15 @@ public:
     bool mayClose() override;
 
 public slots:
+    // What is done with goods. Each mode keeps what was filled in it; a switch waits for an item on its way.
+
+    void admissionmode();
+    void salemode();
+    void movingmode();
     /// Checks the receipt, takes the payment and writes it.
     void sale();
+    /// Writes the document of goods in front, or sells where that is the receipt.
+    void write();
     /// Shows the goods that the text fits to.
     void seerch(const QString &text);
     /// Closes the register's shift: on the last day of the period asks about the period, then takes what the
@@ -78,17 +86,19 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void setUpParts();
+    void setUpParts(const QuantityGrid::WhenThere &whenThere);
     void connectPlace();
     void connectGoods();
     void connectReceipt();
     void connectPayment();
+    void connectStock();
     void connectClosing();
     void connectKeys();
     void orderTabs();
     void showRights();
     void notify(const QString &text);
 
+    void chooseMode(GoodsSearch::Mode mode);
     ChekWriter writer() const;
     GoodsSearch goodsScope() const;
     bool addGoods(const GoodsItem &item);
@@ -98,11 +108,16 @@ private:
     bool isCodeLeft();
     bool mayTakeScans() const;
     void clearReceipt();
+    void clearInFront();
+    bool documentKey(const QKeyEvent *key);
     void escape();
     void findGoods();
     void closeAgain();
 
     void afterSale(const SalePayment::Sold &sold);
+    void afterStock(const StockPane &pane, const StockOrder &order, const StockWriter::Result &result);
+    void tellWritten(const QString &words, const QString &kass, int number);
+    void refreshGoods();
     void keepScans();
     void tellTracker(const QStringList &tables);
 
@@ -111,9 +126,10 @@ private:
     HeldActs *m_acts;
     DbTasks *m_tracking;
     SalePayment *m_payment = nullptr;
+    StockDesk *m_stock = nullptr;
     SaleGuard *m_guard = nullptr;
     GoodsSearch::Mode m_mode = GoodsSearch::Sale;
-    /// What stood in the search field when the receipt was paid.
+    /// What stood in the search field when the document was paid or written.
     QString m_searchBefore;
     /// Scanned behind a receipt that was paid but not written: it belongs to the next one.
     bool m_keepsScans = false;

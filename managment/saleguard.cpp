@@ -5,11 +5,13 @@
 #include "qmessevent.h"
 #include "receiptpane.h"
 #include "salepayment.h"
+#include "stockdesk.h"
 
 #include <utility>
 
-SaleGuard::SaleGuard(SaleWork *work, HeldActs *acts, SalePayment *payment, ReceiptPane *receipt)
-    : QObject(work->tab()), m_work(work), m_acts(acts), m_payment(payment), m_receipt(receipt)
+SaleGuard::SaleGuard(SaleWork *work, HeldActs *acts, SalePayment *payment, ReceiptPane *receipt,
+                     StockDesk *stock)
+    : QObject(work->tab()), m_work(work), m_acts(acts), m_payment(payment), m_receipt(receipt), m_stock(stock)
 {
 }
 
@@ -17,7 +19,7 @@ void SaleGuard::whenSettled(const std::function<void(bool isSettled)> &act)
 {
     if (!m_work->isFree())
         return;
-    const bool isSettled = m_receipt->settle();
+    const bool isSettled = m_stock->pane() != nullptr ? m_stock->settle() : m_receipt->settle();
     m_acts->decide([=](bool isThere) { act(isSettled && isThere); });
 }
 
@@ -50,6 +52,22 @@ void SaleGuard::leaveReceipt(const Act &leave)
     });
 }
 
+void SaleGuard::leaveDocument()
+{
+    whenSettled([this](bool) {
+        if (m_work->isFree() && m_stock->mayChange([this] { leaveDocument(); }))
+            m_stock->mayLose();
+    });
+}
+
+void SaleGuard::leaveAll(const Act &leave)
+{
+    leaveReceipt([=] {
+        if (m_stock->mayLoseAll())
+            leave();
+    });
+}
+
 /// True when the receipt is empty, or the user agreed to lose it.
 bool SaleGuard::mayLoseReceipt()
 {
@@ -75,10 +93,11 @@ bool SaleGuard::mayClose()
         return false;
     }
     m_receipt->settle();
+    m_stock->settle();
     if (!m_payment->unclear())
-        return mayLoseReceipt();
+        return mayLoseReceipt() && m_stock->mayLoseAll();
     if (isAsked)
-        return mayForgetUnclear();
+        return mayForgetUnclear() && m_stock->mayLoseAll();
     m_payment->askUnclear([this](std::optional<bool>) {
         m_isAskedToClose = true;
         emit closeWanted();

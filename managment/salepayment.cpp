@@ -6,7 +6,6 @@
 #include "qmessevent.h"
 #include "qpayment.h"
 #include "receiptmodel.h"
-#include "saleclock.h"
 
 SalePayment::SalePayment(SaleWork *work, PlaceBar *place, ReceiptModel *receipt)
     : QObject(work->tab()), m_work(work), m_place(place), m_receipt(receipt), m_tasks(work->makeTasks(this))
@@ -59,15 +58,9 @@ void SalePayment::checked(const SaleOrder &order, const SaleCheck &check)
 /// Asked once a receipt.
 bool SalePayment::agreeDate(const QDate &chosen)
 {
-    if (!chosen.isValid() || m_isDateAgreed)
-        return true;
-    const QString day = chosen.toString(QStringLiteral("dd.MM.yyyy"));
-    m_isDateAgreed =
-        m_work->confirm(tr("Дата чека"),
-                        tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
-                            .arg(SaleClock::now().date().toString(QStringLiteral("dd.MM.yyyy")), day),
-                        tr("Записати %1").arg(day));
-    return m_isDateAgreed;
+    if (chosen.isValid() && !m_isDateAgreed)
+        m_isDateAgreed = m_work->agreeDate(tr("Дата чека"), chosen);
+    return !chosen.isValid() || m_isDateAgreed;
 }
 
 bool SalePayment::agreeChanges(const SaleChanges &changes)

@@ -4,6 +4,7 @@
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
+#include "saleclock.h"
 #include "waitnote.h"
 
 #include <utility>
@@ -30,6 +31,15 @@ bool SaleWork::confirm(const QString &title, const QString &text, const QString 
     const bool isAgreed = QMessDlg::confirm(m_tab, title, text, actCaption);
     emit left();
     return isAgreed;
+}
+
+bool SaleWork::agreeDate(const QString &title, const QDate &chosen)
+{
+    const auto shown = [](const QDate &date) { return date.toString(QStringLiteral("dd.MM.yyyy")); };
+    return !chosen.isValid() || confirm(title,
+                                        tr("Сьогодні %1, а вибрано дату %2.\nЗаписати цією датою?")
+                                            .arg(shown(SaleClock::now().date()), shown(chosen)),
+                                        tr("Записати %1").arg(shown(chosen)));
 }
 
 void SaleWork::warn(const QString &title, const QString &text)

@@ -45,6 +45,8 @@ public:
     void tell(const QString &text) { emit told(text); }
     bool confirm(const QString &title, const QString &text, const QString &actCaption);
     void warn(const QString &title, const QString &text);
+    /// Asks about another date than today's; none needs no question.
+    bool agreeDate(const QString &title, const QDate &chosen);
     /// False, with the reason told, when the user may only look.
     bool mayEdit();
     static QString viewOnlyWords();

@@ -97,7 +97,7 @@ void TstPlaceBar::whatMayNotBeLeftStays()
     const QDate today = QDate::currentDate();
     bool mayLeave = false;
     QStringList seen;
-    m_bar->setGuard([&](const PlaceBar::Leave &leave) {
+    m_bar->setGuard([&](PlaceBar::Choice, const PlaceBar::Leave &leave) {
         seen.append(m_shops->currentText() + m_registers->currentText() + m_date->text());
         if (mayLeave)
             leave();

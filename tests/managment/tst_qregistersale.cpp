@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QStackedWidget>
 
 namespace {
 QString text(const char *words)
@@ -88,6 +89,7 @@ private slots:
     void midnight();
     void changesAreToldBeforePayment();
     void writtenReceiptIsTold();
+    void accessKeys_data();
     void accessKeys();
     void fitsASmallScreen();
     void whatCannotBeSold();
@@ -588,22 +590,38 @@ void TstQRegisterSale::writtenReceiptIsTold()
     QVERIFY(!show->isVisible() && !print->isVisible());
 }
 
+void TstQRegisterSale::accessKeys_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("receive") << 1;
+    QTest::newRow("sale") << 2;
+    QTest::newRow("move") << 3;
+}
+
 /// Each letter opens one thing, and none that the menu bar opens.
 void TstQRegisterSale::accessKeys()
 {
+    QFETCH(int, mode);
+    (m_tab.get()->*(mode == 1   ? &QRegisterSale::admissionmode
+                    : mode == 2 ? &QRegisterSale::salemode
+                                : &QRegisterSale::movingmode))();
+    const auto *documents = in<QStackedWidget>(m_tab.get(), "documents");
     QString taken = text("атзопеікдс");
     const auto children = m_tab->findChildren<QWidget *>();
     for (const QWidget *widget : children) {
         const QString caption = widget->property("text").toString();
         const int at = caption.indexOf(QLatin1Char('&'));
-        if (at < 0 || (qobject_cast<const QLabel *>(widget) == nullptr &&
-                       qobject_cast<const QAbstractButton *>(widget) == nullptr))
+        const bool isBehind =
+            documents->isAncestorOf(widget) && !documents->currentWidget()->isAncestorOf(widget);
+        if (at < 0 || isBehind ||
+            (qobject_cast<const QLabel *>(widget) == nullptr &&
+             qobject_cast<const QAbstractButton *>(widget) == nullptr))
             continue;
         const QChar letter = caption.at(at + 1).toLower();
         QVERIFY2(!taken.contains(letter), qPrintable(caption));
         taken.append(letter);
     }
-    QVERIFY(taken.size() > 20);
+    QVERIFY(taken.size() > 19);
 }
 
 /// With large letters and a long address; the names of the goods get the room that is left.

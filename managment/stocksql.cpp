@@ -1,0 +1,86 @@
+#include "stocksql.h"
+
+#include "cheks.h"
+#include "cheksql.h"
+#include "db.h"
+
+namespace {
+QString number(qint64 value)
+{
+    return QString::number(value);
+}
+
+QString goodsRow(const QString &prefix, const StockRow &row, const StockMove &move, int position)
+{
+    const QString goods = number(row.idGoods);
+    return QStringList{prefix,
+                       number(move.type),
+                       number(position),
+                       goods,
+                       QStringLiteral("(SELECT name FROM goods WHERE id=") + goods + QLatin1Char(')'),
+                       number(row.quantity),
+                       QStringLiteral("0,0"),
+                       number(row.tax),
+                       number(static_cast<int>(move.place)),
+                       row.barcode.isEmpty() ? QStringLiteral("NULL") : barcodeInSql(row.barcode),
+                       number(row.type)}
+               .join(QLatin1Char(',')) +
+           QLatin1Char(')');
+}
+
+/// Statements of some tuples each: begin, the tuples, end.
+QStringList inBatches(const QString &begin, const QStringList &tuples, const QString &end = QString())
+{
+    QStringList statements;
+    for (int from = 0; from < tuples.size(); from += StockSql::rowsAtOnce)
+        statements.append(begin + tuples.mid(from, StockSql::rowsAtOnce).join(QLatin1Char(',')) + end);
+    return statements;
+}
+} // namespace
+
+QStringList StockSql::insertRows(const QVector<StockRow> &rows, const StockMove &move,
+                                 const WrittenChek &chek)
+{
+    const QString prefix = ChekSql::prefix(chek);
+    QStringList tuples;
+    tuples.reserve(rows.size());
+    for (int i = 0; i < rows.size(); ++i)
+        tuples.append(goodsRow(prefix, rows.at(i), move, i));
+    return inBatches(
+        QStringLiteral("INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_user,data_time,id_type,"
+                       "id_position,id_good_cln_slujb,name,count,price,summa,tax,dis_bon_bez2,strihcode,"
+                       "type) VALUES"),
+        tuples);
+}
+
+QString StockSql::lockStock(const QVector<StockQuantity> &goods, const QString &shop)
+{
+    QStringList ids;
+    ids.reserve(goods.size());
+    for (const StockQuantity &each : goods)
+        ids.append(number(each.idGoods));
+    return QStringLiteral(
+               "SELECT id_goods,count_showroom,count_syllable FROM goods_shop WHERE id_shop=%1 AND "
+               "id_goods IN (%2) FOR UPDATE")
+        .arg(shop, ids.join(QLatin1Char(',')));
+}
+
+QStringList StockSql::changeStock(const QVector<StockQuantity> &goods, const StockMove &move,
+                                  const QString &shop)
+{
+    QStringList tuples;
+    tuples.reserve(goods.size());
+    for (const StockQuantity &each : goods)
+        tuples.append(QLatin1Char('(') +
+                      QStringList{shop, number(each.idGoods),
+                                  number(move.change(StockPlace::Showroom, each.quantity)),
+                                  number(move.change(StockPlace::Syllable, each.quantity))}
+                          .join(QLatin1Char(',')) +
+                      QLatin1Char(')'));
+    return inBatches(QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods,count_showroom,count_syllable) "
+                                    "VALUES"),
+                     tuples,
+                     QStringLiteral(" ON DUPLICATE KEY UPDATE "
+                                    "count_showroom=count_showroom+VALUES(count_showroom),"
+                                    "count_syllable=count_syllable+VALUES(count_syllable)"));
+}

@@ -1,0 +1,122 @@
+#include "stockwriting.h"
+
+#include "dbtasks.h"
+#include "placebar.h"
+#include "qmessevent.h"
+#include "stockpane.h"
+
+StockWriting::StockWriting(SaleWork *work, PlaceBar *place)
+    : QObject(work->tab()), m_work(work), m_place(place), m_tasks(work->makeTasks(this))
+{
+}
+
+/// Why this document cannot be written here, as far as nobody has to be asked; empty when it can.
+QString StockWriting::refusal(StockPane *pane) const
+{
+    if (m_place->isReading())
+        return tr("Магазини й каси ще читаються. Запишіть документ ще раз.");
+    if (!m_place->isChosen())
+        return tr("Виберіть магазин і касу.");
+    if (m_place->isClosingOnly())
+        return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
+    if (pane->document().isEmpty())
+        return tr("У документі немає товарів.");
+    if (pane->goToUntold())
+        return tr("Не всі кількості введено. Введіть кількість виділеного товару або видаліть рядок.");
+    return pane->mode().refusal ? pane->mode().refusal(pane->document()) : QString();
+}
+
+void StockWriting::write(StockPane *pane)
+{
+    const QString why = refusal(pane);
+    m_work->tell(why);
+    if (!why.isEmpty() || !m_work->mayEdit())
+        return;
+    m_place->followToday();
+    StockOrder order;
+    order.place = m_place->place();
+    order.move = pane->move();
+    order.document = pane->document();
+    order.date = m_place->chosenDate();
+    if (pane->mode().also)
+        order.also = pane->mode().also(order.document);
+    if (m_work->agreeDate(tr("Дата документа"), order.date))
+        send(pane, order);
+}
+
+void StockWriting::send(StockPane *pane, const StockOrder &order)
+{
+    m_work->begin(SaleWork::Writing, tr("Записується…"));
+    m_tasks->write(
+        [order, caller = m_work->caller()](const Db &db) {
+            return StockWriter(db, order.place, caller.file, caller.line).write(order);
+        },
+        [this, pane, order](const StockWriter::Result &result) {
+            m_work->end();
+            ended(pane, order, result);
+        });
+}
+
+/// What the server has less of is shown; a receipt may go below zero when the user agrees.
+void StockWriting::ended(StockPane *pane, const StockOrder &order, const StockWriter::Result &result)
+{
+    if (result.outcome == StockWriter::Written)
+        return emit written(pane, order, result);
+    if (result.outcome == StockWriter::Unclear)
+        m_unclear = Unclear{pane, order, result};
+    if (!result.lacks.isEmpty()) {
+        emit lacking(pane, result.lacks);
+        if (agreeLacks(*pane, result.lacks)) {
+            StockOrder again = order;
+            for (const StockLack &lack : result.lacks)
+                again.mayGoBelow.insert(lack.idGoods);
+            return send(pane, again);
+        }
+    }
+    tell(result);
+}
+
+bool StockWriting::agreeLacks(const StockPane &pane, const StockLacks &lacks)
+{
+    return pane.mode().mayBeNegative && m_work->mayEdit() &&
+           m_work->confirm(tr("Залишок стане меншим за нуль"),
+                           lackWords(lacks) + QStringLiteral("\n\n") + tr("Записати документ усе одно?"),
+                           tr("Записати"));
+}
+
+void StockWriting::tell(const StockWriter::Result &result)
+{
+    const QString why = StockWriter::explanation(result);
+    postMessage(m_work->receiver(), why, QMessEvent::Warning);
+    m_work->tell(why);
+    if (result.outcome == StockWriter::Busy)
+        m_work->warn(tr("Магазин зайнятий!"), why);
+}
+
+QString StockWriting::unclearWords() const
+{
+    return StockWriter::explanation(m_unclear->result);
+}
+
+void StockWriting::askUnclear(const std::function<void(std::optional<bool> isWritten)> &then)
+{
+    m_work->begin(SaleWork::Checking,
+                  tr("Документ № %1: запитується сервер…").arg(m_unclear->result.chek.number));
+    m_tasks->read(
+        [unclear = *m_unclear, caller = m_work->caller()](const Db &db) {
+            return StockWriter(db, unclear.order.place, caller.file, caller.line)
+                .isWritten(unclear.order, unclear.result.chek);
+        },
+        [this, then](std::optional<bool> isWritten) {
+            m_work->end();
+            if (!isWritten) {
+                m_work->tell(unclearWords());
+            } else {
+                const Unclear known = *m_unclear;
+                m_unclear.reset();
+                if (*isWritten && known.pane != nullptr)
+                    emit written(known.pane, known.order, known.result);
+            }
+            then(isWritten);
+        });
+}
