@@ -186,9 +186,21 @@ void ShiftJournal::takeCash(qint64 sum, const QDateTime &time)
 
 void ShiftJournal::moveGoods(int type, const QVector<ReceiptLine> &lines, const QDateTime &time)
 {
+    // Where the goods come to, as the sale tab writes it: received into the store room, put out on the floor.
+    constexpr int received = 7;
+    constexpr int floor = 1;
+    constexpr int storeRoom = 2;
     begin(time);
-    for (int i = 0; i < lines.size(); ++i)
-        addGoods(type, i, lines.at(i));
+    for (int i = 0; i < lines.size(); ++i) {
+        const Item &item = *lines.at(i).item;
+        m_rows->add(
+            row(type, i)
+                .number(item.id)
+                .raw(item.quotedName)
+                .numbers({lines.at(i).quantity, 0, 0, item.tax, type == received ? storeRoom : floor, 0})
+                .raw(item.quotedBarcode)
+                .numbers({item.weighed ? 0 : 1, noPromotion, 0}));
+    }
 }
 
 void ShiftJournal::close(const QDateTime &time)

@@ -28,7 +28,8 @@ QVector<ReceiptLine> delivery(const Chain &chain, const Shop &shop, Dice *dice)
     for (int i = 0; i < 8; ++i) {
         const Item &item = chain.itemOf(shop, dice->below(qMin(chain.plan.assortment, chain.items.size())));
         const qint64 pieces = dice->between(5, 60);
-        lines.append({&item, pieces * 1000, item.price, item.price * pieces, 0});
+        // What is weighed comes in crates of so many kilograms and a bit.
+        lines.append({&item, pieces * (item.weighed ? 1050 : 1000), item.price, 0, 0});
     }
     return lines;
 }

@@ -6,6 +6,7 @@
 #include "money.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
+#include "qpastetable.h"
 #include "qupdatebd.h"
 #include "receiptmodel.h"
 #include "saleclock.h"
@@ -13,6 +14,8 @@
 #include "stockdesk.h"
 #include "stockpane.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLineEdit>
@@ -181,6 +184,7 @@ void QRegisterSale::connectStock()
         connect(pane, &StockPane::typed, ui->goods, &GoodsPicker::typeInto);
         connect(pane, &StockPane::left, ui->goods, &GoodsPicker::focusSearch);
         connect(pane, &StockPane::writePressed, this, &QRegisterSale::write);
+        connect(pane, &StockPane::pastePressed, this, &QRegisterSale::pasteTable);
         connect(pane, &StockPane::clearPressed, this, &QRegisterSale::clearInFront);
         for (QWidget *field : pane->fields())
             field->installEventFilter(this);
@@ -358,9 +362,37 @@ bool QRegisterSale::eventFilter(QObject *watched, QEvent *event)
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
     const auto *key = static_cast<QKeyEvent *>(event);
+    if (pastes(key)) {
+        pasteTable();
+        return true;
+    }
     if (watched == ui->goods->searchField())
         return !ui->goods->hasText() && documentKey(key);
     return fieldKey(key, qobject_cast<const QComboBox *>(watched) != nullptr);
+}
+
+/// A word is pasted where the focus is, a table into the document.
+bool QRegisterSale::pastes(const QKeyEvent *key) const
+{
+    return m_stock->pane() != nullptr && key->matches(QKeySequence::Paste) &&
+           Pasted::isTable(QApplication::clipboard()->text());
+}
+
+void QRegisterSale::pasteTable()
+{
+    m_guard->whenSettled([this](bool) {
+        StockPane *pane = m_stock->pane();
+        if (pane == nullptr || !m_stock->mayChange([this] { pasteTable(); }))
+            return;
+        if (!ui->place->hasShop() || ui->place->isReading())
+            return notify(tr("Магазин ще не вибрано."));
+        QPasteTable form(m_work, pane->mode(), ui->place->place().shop, this);
+        const QString copied = QApplication::clipboard()->text();
+        form.setText(Pasted::isTable(copied) ? copied : QString());
+        if (form.exec() == QDialog::Accepted)
+            m_stock->add(form.rows());
+        focusSearch();
+    });
 }
 
 bool QRegisterSale::documentKey(const QKeyEvent *key)
@@ -383,7 +415,9 @@ bool QRegisterSale::fieldKey(const QKeyEvent *key, bool isChoice)
 /// What no editor has taken.
 void QRegisterSale::keyPressEvent(QKeyEvent *event)
 {
-    if (isTypedKey(event) && !ui->goods->searchField()->hasFocus())
+    if (pastes(event))
+        pasteTable();
+    else if (isTypedKey(event) && !ui->goods->searchField()->hasFocus())
         ui->goods->typeInto(event->text());
     else
         QWidget::keyPressEvent(event);

@@ -62,6 +62,8 @@ public slots:
     void sale();
     /// Writes the document of goods in front, or sells where that is the receipt.
     void write();
+    /// Shows the table on the clipboard, line by line, before it comes into the document of goods in front.
+    void pasteTable();
     /// Shows the goods that the text fits to.
     void seerch(const QString &text);
     /// Closes the register's shift: on the last day of the period asks about the period, then takes what the
@@ -110,6 +112,7 @@ private:
     void clearReceipt();
     void clearInFront();
     bool documentKey(const QKeyEvent *key);
+    bool pastes(const QKeyEvent *key) const;
     void escape();
     void findGoods();
     void closeAgain();

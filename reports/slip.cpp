@@ -132,6 +132,18 @@ QString line(const SlipRow &row, const SlipSums &sums)
     }
 }
 
+/// Where the goods came to, and from where moved ones; empty when it is not known.
+QString stockPlaces(const Slip &slip)
+{
+    const int place = slip.rows.isEmpty() ? 0 : slip.rows.first().stockPlace;
+    if (place != 1 && place != 2)
+        return QString();
+    const QString names[] = {Texts::tr("зал"), Texts::tr("склад")};
+    const QString from =
+        slip.type == ChekType::GoodsMovement ? names[2 - place] + QStringLiteral(" → ") : QString();
+    return centred(from + names[place - 1]);
+}
+
 QString goodsDocumentLines(const QVector<SlipRow> &rows)
 {
     QString html;
@@ -215,9 +227,9 @@ QString title(const Slip &slip)
     case ChekType::ZReport:
         return centred(Texts::tr("Звіт №") + slip.number);
     case ChekType::GoodsReceipt:
-        return centred(Texts::tr("ПРИЙОМ"));
+        return centred(Texts::tr("ПРИЙОМ")) + stockPlaces(slip);
     case ChekType::GoodsMovement:
-        return centred(Texts::tr("ПЕРЕМІЩЕННЯ"));
+        return centred(Texts::tr("ПЕРЕМІЩЕННЯ")) + stockPlaces(slip);
     case ChekType::Return:
         return centred(Texts::tr("ПОВЕРНЕННЯ")) + centred(Texts::tr("Чек №") + slip.number);
     default:

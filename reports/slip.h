@@ -25,6 +25,8 @@ struct SlipRow
     qint64 card = 0;
     /// Its place in the document.
     qint64 position = 0;
+    /// Of goods received or moved where they came to: 1 the shop floor, 2 the store room, 0 is not known.
+    int stockPlace = 0;
 };
 
 /// The sums of a receipt over all its rows, in kopecks.

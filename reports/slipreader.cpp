@@ -52,7 +52,8 @@ bool readHead(const Db &db, const SlipKey &key, Slip *slip)
 QString columnsOf(int type)
 {
     if (ChekType::isGoodsDocument(type))
-        return QStringLiteral("id_good_cln_slujb,name,count,strihcode,type,id_position");
+        return QStringLiteral(
+            "id_good_cln_slujb,name,count,strihcode,type,id_position,dis_bon_bez2 AS stock_place");
     const QString columns = QStringLiteral("id_type,id_good_cln_slujb,name,count,price,summa,dis_bon_bez2");
     return type == ChekType::ZReport ? columns : columns + QStringLiteral(",type,tax,id_position");
 }
@@ -80,6 +81,7 @@ SlipRow rowOf(const QSqlRecord &record)
     row.isPiece = number("type") == pieceGoods;
     row.card = row.type == ChekType::Payment ? number("tax") : 0;
     row.position = number("id_position");
+    row.stockPlace = static_cast<int>(number("stock_place"));
     return row;
 }
 
@@ -176,5 +178,11 @@ std::optional<Slip> readNewSlip(const Db &db, SlipKey key)
 {
     const auto shop = db.firstText(QStringLiteral("SELECT id_shop FROM kassa WHERE id=%1").arg(key.kass));
     key.shop = shop.value_or(QString()).toUInt();
-    return shop ? readSlip(db, ChekType::Payment, key) : std::nullopt;
+    const auto type = shop ? db.firstText(QStringLiteral("SELECT id_type FROM cheks WHERE ") +
+                                          condition(key) + QStringLiteral(" AND id_position=0"))
+                           : std::nullopt;
+    if (!type)
+        return std::nullopt;
+    const bool isOfGoods = ChekType::isGoodsDocument(type->toInt());
+    return readSlip(db, isOfGoods ? type->toInt() : int(ChekType::Payment), key);
 }

@@ -13,5 +13,5 @@ struct SlipKey : Place
 /// A document out of the database; type: as in ChekType. Nothing after a failure and when there is no such
 /// document (both reported).
 std::optional<Slip> readSlip(const Db &db, int type, const SlipKey &key);
-/// A receipt that has just been written: its shop is the register's.
+/// A receipt or a document of goods that has just been written: its shop is the register's.
 std::optional<Slip> readNewSlip(const Db &db, SlipKey key);
