@@ -273,7 +273,8 @@ bool Pasted::isTable(const QString &text)
 
 QString Pasted::barcodeOf(const QString &cell, QString *refusal)
 {
-    static const QRegularExpression blanks(QStringLiteral("\\s"));
+    static const QRegularExpression blanks(QStringLiteral("\\s"),
+                                           QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression asText(QStringLiteral("^(?:=\"(.*)\"|'(.*))$"));
     static const QRegularExpression fraction(QStringLiteral("^(\\d+)[.,]0+$"));
     static const QRegularExpression exponent(QStringLiteral("^\\d+(?:[.,]\\d+)?[eEеЕ]\\+?\\d+$"));

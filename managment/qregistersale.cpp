@@ -476,12 +476,15 @@ void QRegisterSale::afterStock(const StockPane &pane, const StockOrder &order,
     ui->place->backToToday();
     refreshGoods();
     ui->shift->refresh();
-    tellWritten(tr("%1 № %2: позицій %3, кількість %4")
-                    .arg(pane.mode().name)
-                    .arg(result.chek.number)
-                    .arg(order.document.rows().size())
-                    .arg(quantityShown(order.document.total())),
-                result.chek.place.kass, result.chek.number);
+    const QString told = tr("%1 № %2: позицій %3, кількість %4")
+                             .arg(pane.mode().name)
+                             .arg(result.chek.number)
+                             .arg(order.document.rows().size())
+                             .arg(quantityShown(order.document.total()));
+    if (pane.mode().hasSlip)
+        tellWritten(told, result.chek.place.kass, result.chek.number);
+    else
+        notify(told);
     QStringList tables = {QStringLiteral("cheks"), QStringLiteral("goods_shop")};
     if (result.opensShift)
         tables.append(QStringLiteral("z_zvit"));

@@ -2,13 +2,11 @@
 
 #include "db.h"
 #include "place.h"
+#include "stockdocument.h"
 
 #include <QHash>
 #include <QVector>
 #include <optional>
-
-/// Where goods lie in a shop: on the floor (count_showroom) or in the store room (count_syllable).
-enum class StockPlace { Showroom, Syllable };
 
 /// How much of an item comes to a place or, below zero, leaves it; in thousandths.
 struct StockChange

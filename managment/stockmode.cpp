@@ -23,6 +23,7 @@ StockMode receiveMode()
     mode.emptyText = Texts::tr("Документ порожній. Скануйте товар, знайдіть його та натисніть Enter або "
                                "вставте таблицю.");
     mode.mayBeNegative = true;
+    mode.mayGoBelow = true;
     return mode;
 }
 

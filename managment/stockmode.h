@@ -1,6 +1,7 @@
 #pragma once
 
 #include "goodssearch.h"
+#include "salework.h"
 #include "stockwriter.h"
 
 #include <QKeySequence>
@@ -34,10 +35,23 @@ struct StockMode
     bool mayBeNegative = false;
     /// Why the document cannot be written yet, in the user's words; empty when it can. Null for none.
     std::function<QString(const StockDocument &document)> refusal;
-    /// What the document says besides, taken in the window's thread when it is to be written: for
-    /// StockOrder::also. Null for none.
-    std::function<StockOrder::Also(const StockDocument &document)> also;
-    /// Tables that are written besides, for the change tracker.
+    /// Counts that would fall below zero are asked about, and written when the user agrees.
+    bool mayGoBelow = false;
+    /// Functions of values that write the document and tell whether it stands in the database, where that is
+    /// not StockWriter's; taken in the window's thread when it is to be written. Null for StockWriter.
+    struct Writing
+    {
+        std::function<StockWriter::Result(const Db &db, const SaleWork::Caller &caller,
+                                          const StockOrder &order)>
+            write;
+        std::function<std::optional<bool>(const Db &db, const SaleWork::Caller &caller,
+                                          const StockOrder &order, const WrittenChek &chek)>
+            isWritten;
+    };
+    std::function<Writing()> writing;
+    /// What was written can be looked at as a slip.
+    bool hasSlip = true;
+    /// What is written to besides `cheks` and `goods_shop`, for the change tracker.
     QStringList alsoTables;
 };
 

@@ -52,35 +52,3 @@ QStringList StockSql::insertRows(const QVector<StockRow> &rows, const StockMove 
                        "type) VALUES"),
         tuples);
 }
-
-QString StockSql::lockStock(const QVector<StockQuantity> &goods, const QString &shop)
-{
-    QStringList ids;
-    ids.reserve(goods.size());
-    for (const StockQuantity &each : goods)
-        ids.append(number(each.idGoods));
-    return QStringLiteral(
-               "SELECT id_goods,count_showroom,count_syllable FROM goods_shop WHERE id_shop=%1 AND "
-               "id_goods IN (%2) FOR UPDATE")
-        .arg(shop, ids.join(QLatin1Char(',')));
-}
-
-QStringList StockSql::changeStock(const QVector<StockQuantity> &goods, const StockMove &move,
-                                  const QString &shop)
-{
-    QStringList tuples;
-    tuples.reserve(goods.size());
-    for (const StockQuantity &each : goods)
-        tuples.append(QLatin1Char('(') +
-                      QStringList{shop, number(each.idGoods),
-                                  number(move.change(StockPlace::Showroom, each.quantity)),
-                                  number(move.change(StockPlace::Syllable, each.quantity))}
-                          .join(QLatin1Char(',')) +
-                      QLatin1Char(')'));
-    return inBatches(QStringLiteral("INSERT INTO goods_shop(id_shop,id_goods,count_showroom,count_syllable) "
-                                    "VALUES"),
-                     tuples,
-                     QStringLiteral(" ON DUPLICATE KEY UPDATE "
-                                    "count_showroom=count_showroom+VALUES(count_showroom),"
-                                    "count_syllable=count_syllable+VALUES(count_syllable)"));
-}

@@ -23,8 +23,4 @@ namespace StockSql {
 /// In few statements, of no more than so many rows.
 constexpr int rowsAtOnce = 1000;
 QStringList insertRows(const QVector<StockRow> &rows, const StockMove &move, const WrittenChek &chek);
-/// id_goods, count_showroom and count_syllable of those that the shop has, locked until the transaction ends.
-QString lockStock(const QVector<StockQuantity> &goods, const QString &shop);
-/// Changes exactly the rows of these goods in the shop; goods that it never had get one.
-QStringList changeStock(const QVector<StockQuantity> &goods, const StockMove &move, const QString &shop);
 } // namespace StockSql

@@ -7,25 +7,48 @@
 #include "sqldate.h"
 #include "stocksql.h"
 
-#include <limits>
+#include <algorithm>
 
 namespace {
 constexpr int toldLacks = 4;
 constexpr StockPlace places[] = {StockPlace::Showroom, StockPlace::Syllable};
 
-/// Of one goods item, in the order of the places.
-struct Counts
+/// What comes to a place or leaves it, each goods item once.
+QVector<StockChange> changesIn(StockPlace place, const StockOrder &order)
 {
-    qint64 counts[2] = {0, 0};
-};
-using Stock = QHash<quint32, Counts>;
+    QVector<StockChange> changes;
+    const QVector<StockQuantity> all = order.document.quantities();
+    for (const StockQuantity &goods : all) {
+        const qint64 change = order.move.change(place, goods.quantity);
+        if (change != 0)
+            changes.append({goods.idGoods, goods.name, change});
+    }
+    return changes;
+}
 
-Stock stockOf(QSqlQuery *rows)
+/// The places where something changes.
+QVector<StockPlace> placesOf(const StockMove &move)
 {
-    Stock stock;
-    while (rows->next())
-        stock.insert(rows->value(0).toUInt(), {{rows->value(1).toLongLong(), rows->value(2).toLongLong()}});
-    return stock;
+    QVector<StockPlace> changed;
+    for (const StockPlace place : places) {
+        if (move.change(place, 1) != 0)
+            changed.append(place);
+    }
+    return changed;
+}
+
+/// Neither there nor agreed to.
+StockLacks lacksOf(const StockOrder &order, StockPlace place, const ShopStock::Counts &counts)
+{
+    StockLacks lacks;
+    const QVector<StockChange> changes = changesIn(place, order);
+    for (const StockChange &change : changes) {
+        const qint64 count = counts.value(change.goods).at(place);
+        const qint64 rest = count + change.quantity;
+        if (change.quantity < 0 && rest < qMin<qint64>(0, order.agreed.value(change.goods)))
+            lacks.append({change.goods, change.name, place, count, -change.quantity});
+    }
+    return lacks;
 }
 } // namespace
 
@@ -76,43 +99,34 @@ StockWriter::Result StockWriter::writeOnce(const StockOrder &order) const
     return result;
 }
 
-bool StockWriter::runAll(const QStringList &statements) const
-{
-    return std::all_of(statements.begin(), statements.end(), [this](const QString &sql) { return run(sql); });
-}
-
 bool StockWriter::writeRows(const StockOrder &order, Result *result) const
 {
-    return runAll(StockSql::insertRows(order.document.rows(), order.move, result->chek)) &&
-           (!order.also || runAll(order.also(result->chek)));
+    const QStringList statements = StockSql::insertRows(order.document.rows(), order.move, result->chek);
+    return std::all_of(statements.begin(), statements.end(), [this](const QString &sql) { return run(sql); });
 }
 
 /// Last, because it locks the stock of these goods until COMMIT.
 bool StockWriter::changeStock(const StockOrder &order, Result *result) const
 {
-    const QVector<StockQuantity> goods = order.document.quantities();
-    return checkStock(order, goods, result) && runAll(StockSql::changeStock(goods, order.move, m_place.shop));
+    const QVector<StockPlace> changed = placesOf(order.move);
+    const auto counts = ShopStock::lock(m_db, m_place.shop.toUInt(), changesIn(changed.first(), order));
+    return counts && checkStock(order, *counts, result) &&
+           std::all_of(changed.begin(), changed.end(), [&](StockPlace place) {
+               return ShopStock::add(m_db, m_place.shop.toUInt(), place, changesIn(place, order));
+           });
 }
 
 /// What is there now, whatever was shown.
-bool StockWriter::checkStock(const StockOrder &order, const QVector<StockQuantity> &goods,
-                             Result *result) const
+bool StockWriter::checkStock(const StockOrder &order, const ShopStock::Counts &counts, Result *result) const
 {
-    auto rows = m_db.run(StockSql::lockStock(goods, m_place.shop), {}, {}, m_file, m_line);
-    if (!rows)
-        return false;
-    const Stock stock = stockOf(&*rows);
-    for (const StockQuantity &each : goods) {
-        for (int i = 0; i < 2; ++i) {
-            const qint64 count = stock.value(each.idGoods).counts[i];
-            const qint64 change = order.move.change(places[i], each.quantity);
-            if (qAbs(count + change) > StockDocument::maximum)
-                return refuse(result, Refused,
-                              tr("«%1»: залишок %2 став би %3, стільки не вміщується. Перевірте кількість.")
-                                  .arg(each.name, inPlace(places[i]), quantityShown(count + change)));
-            if (change < 0 && count + change < 0 && !order.mayGoBelow.contains(each.idGoods))
-                result->lacks.append({each.idGoods, each.name, places[i], count, -change});
-        }
+    const QVector<StockPlace> changed = placesOf(order.move);
+    for (const StockPlace place : changed) {
+        const QVector<StockChange> changes = changesIn(place, order);
+        if (const StockChange *change = ShopStock::overflowing(counts, place, changes))
+            return refuse(result, Refused,
+                          tr("«%1»: залишок %2 не вмістить стільки. Перевірте кількість.")
+                              .arg(change->name, inPlace(place)));
+        result->lacks += lacksOf(order, place, counts);
     }
     return result->lacks.isEmpty() ||
            refuse(result, Refused, tr("Товару не вистачає:") + QLatin1Char('\n') + lackWords(result->lacks));

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "documentwriter.h"
+#include "shopstock.h"
 #include "stockdocument.h"
 
 #include <QDate>
-#include <QSet>
-#include <functional>
 
 /// A document of goods as it stood when it was asked for: copied once, asked about and written.
 struct StockOrder
@@ -15,12 +14,8 @@ struct StockOrder
     StockDocument document;
     /// None for today's.
     QDate date;
-    /// The user has agreed that the counts of these goods go below zero.
-    QSet<quint32> mayGoBelow;
-    /// What else belongs to the document: statements that follow its rows in the same transaction. Null for
-    /// none.
-    using Also = std::function<QStringList(const WrittenChek &chek)>;
-    Also also;
+    /// Below zero, and so far the counts of these goods may fall: the user has agreed.
+    QHash<DbId, qint64> agreed;
 };
 
 /// A goods item of which there is less than is to be taken away; quantities in thousandths.
@@ -49,8 +44,8 @@ class StockWriter : public DocumentWriter
 public:
     struct Result : DocumentWriter::Result
     {
-        /// Of Refused: the goods of which there is not enough, as the server has them. A receipt may be asked
-        /// for again with them in mayGoBelow; moved goods have to be there.
+        /// Of Refused: the goods of which there is not enough, as the server has them. A receipt may be
+        /// written again when they are agreed to; moved goods have to be there.
         StockLacks lacks;
         bool opensShift = false;
     };
@@ -70,6 +65,5 @@ private:
     Result writeOnce(const StockOrder &order) const;
     bool writeRows(const StockOrder &order, Result *result) const;
     bool changeStock(const StockOrder &order, Result *result) const;
-    bool checkStock(const StockOrder &order, const QVector<StockQuantity> &goods, Result *result) const;
-    bool runAll(const QStringList &statements) const;
+    bool checkStock(const StockOrder &order, const ShopStock::Counts &counts, Result *result) const;
 };

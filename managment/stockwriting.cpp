@@ -5,6 +5,20 @@
 #include "qmessevent.h"
 #include "stockpane.h"
 
+namespace {
+StockMode::Writing usualWriting()
+{
+    const auto writer = [](const Db &db, const SaleWork::Caller &caller, const StockOrder &order) {
+        return StockWriter(db, order.place, caller.file, caller.line);
+    };
+    return {[=](const Db &db, const SaleWork::Caller &caller, const StockOrder &order) {
+                return writer(db, caller, order).write(order);
+            },
+            [=](const Db &db, const SaleWork::Caller &caller, const StockOrder &order,
+                const WrittenChek &chek) { return writer(db, caller, order).isWritten(order, chek); }};
+}
+} // namespace
+
 StockWriting::StockWriting(SaleWork *work, PlaceBar *place)
     : QObject(work->tab()), m_work(work), m_place(place), m_tasks(work->makeTasks(this))
 {
@@ -23,6 +37,11 @@ QString StockWriting::refusal(StockPane *pane) const
         return tr("У документі немає товарів.");
     if (pane->goToUntold())
         return tr("Не всі кількості введено. Введіть кількість виділеного товару або видаліть рядок.");
+    for (const StockRow &row : pane->document().rows()) {
+        const QString why = StockDocument::quantityRefusal(row, row.quantity, pane->mode().mayBeNegative);
+        if (!why.isEmpty())
+            return QStringLiteral("«%1»: %2").arg(row.name, why);
+    }
     return pane->mode().refusal ? pane->mode().refusal(pane->document()) : QString();
 }
 
@@ -38,39 +57,36 @@ void StockWriting::write(StockPane *pane)
     order.move = pane->move();
     order.document = pane->document();
     order.date = m_place->chosenDate();
-    if (pane->mode().also)
-        order.also = pane->mode().also(order.document);
     if (m_work->agreeDate(tr("Дата документа"), order.date))
-        send(pane, order);
+        send(pane, order, pane->mode().writing ? pane->mode().writing() : usualWriting());
 }
 
-void StockWriting::send(StockPane *pane, const StockOrder &order)
+void StockWriting::send(StockPane *pane, const StockOrder &order, const StockMode::Writing &writing)
 {
     m_work->begin(SaleWork::Writing, tr("Записується…"));
-    m_tasks->write(
-        [order, caller = m_work->caller()](const Db &db) {
-            return StockWriter(db, order.place, caller.file, caller.line).write(order);
-        },
-        [this, pane, order](const StockWriter::Result &result) {
-            m_work->end();
-            ended(pane, order, result);
-        });
+    m_tasks->write([order, write = writing.write,
+                    caller = m_work->caller()](const Db &db) { return write(db, caller, order); },
+                   [this, pane, order, writing](const StockWriter::Result &result) {
+                       m_work->end();
+                       ended(pane, order, writing, result);
+                   });
 }
 
 /// What the server has less of is shown; a receipt may go below zero when the user agrees.
-void StockWriting::ended(StockPane *pane, const StockOrder &order, const StockWriter::Result &result)
+void StockWriting::ended(StockPane *pane, const StockOrder &order, const StockMode::Writing &writing,
+                         const StockWriter::Result &result)
 {
     if (result.outcome == StockWriter::Written)
         return emit written(pane, order, result);
     if (result.outcome == StockWriter::Unclear)
-        m_unclear = Unclear{pane, order, result};
+        m_unclear = Unclear{pane, order, writing, result};
     if (!result.lacks.isEmpty()) {
         emit lacking(pane, result.lacks);
         if (agreeLacks(*pane, result.lacks)) {
             StockOrder again = order;
             for (const StockLack &lack : result.lacks)
-                again.mayGoBelow.insert(lack.idGoods);
-            return send(pane, again);
+                again.agreed.insert(lack.idGoods, lack.count - lack.wanted);
+            return send(pane, again, writing);
         }
     }
     tell(result);
@@ -78,7 +94,7 @@ void StockWriting::ended(StockPane *pane, const StockOrder &order, const StockWr
 
 bool StockWriting::agreeLacks(const StockPane &pane, const StockLacks &lacks)
 {
-    return pane.mode().mayBeNegative && m_work->mayEdit() &&
+    return pane.mode().mayGoBelow && m_work->mayEdit() &&
            m_work->confirm(tr("Залишок стане меншим за нуль"),
                            lackWords(lacks) + QStringLiteral("\n\n") + tr("Записати документ усе одно?"),
                            tr("Записати"));
@@ -104,8 +120,7 @@ void StockWriting::askUnclear(const std::function<void(std::optional<bool> isWri
                   tr("Документ № %1: запитується сервер…").arg(m_unclear->result.chek.number));
     m_tasks->read(
         [unclear = *m_unclear, caller = m_work->caller()](const Db &db) {
-            return StockWriter(db, unclear.order.place, caller.file, caller.line)
-                .isWritten(unclear.order, unclear.result.chek);
+            return unclear.writing.isWritten(db, caller, unclear.order, unclear.result.chek);
         },
         [this, then](std::optional<bool> isWritten) {
             m_work->end();

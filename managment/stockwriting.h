@@ -1,7 +1,6 @@
 #pragma once
 
-#include "salework.h"
-#include "stockwriter.h"
+#include "stockmode.h"
 
 #include <QPointer>
 
@@ -38,8 +37,9 @@ signals:
 
 private:
     QString refusal(StockPane *pane) const;
-    void send(StockPane *pane, const StockOrder &order);
-    void ended(StockPane *pane, const StockOrder &order, const StockWriter::Result &result);
+    void send(StockPane *pane, const StockOrder &order, const StockMode::Writing &writing);
+    void ended(StockPane *pane, const StockOrder &order, const StockMode::Writing &writing,
+               const StockWriter::Result &result);
     bool agreeLacks(const StockPane &pane, const StockLacks &lacks);
     void tell(const StockWriter::Result &result);
 
@@ -50,6 +50,7 @@ private:
     {
         QPointer<StockPane> pane;
         StockOrder order;
+        StockMode::Writing writing;
         StockWriter::Result result;
     };
     std::optional<Unclear> m_unclear;
