@@ -7,6 +7,7 @@
 #include "qloadeduser.h"
 #include "qpremisgroup.h"
 #include "qmanaction.h"
+#include "qmaninvoices.h"
 #include "qregistersale.h"
 #include "qreports.h"
 #include "qtablebase.h"
@@ -45,6 +46,8 @@ PageTable Pages::management()
     return {
         {"man_saleadmiss", Permission::Sales, QT_TRANSLATE_NOOP("Page", "Продаж"),
          [this] { return makeSale(); }},
+        {"man_invoices", Permission::Sales, QT_TRANSLATE_NOOP("Page", "Передачі"),
+         [this] { return makeInvoices(); }},
         {"man_goods", Permission::GoodsManagement, "", {}},
         {"man_finance", Permission::Finance, "", {}},
         {"man_action", Permission::ActionsManagement, QT_TRANSLATE_NOOP("Page", "Управління акціями"),
@@ -81,6 +84,13 @@ QWidget *Pages::makePermissionGroups()
     auto *groups = new QPremisGroup(m_db, m_user, m_window, nullptr);
     connect(groups, &QPremisGroup::memberWanted, this, &Pages::memberWanted);
     return groups;
+}
+
+QWidget *Pages::makeInvoices()
+{
+    auto *invoices = new QManInvoices(m_db, m_user, m_window, m_setting, nullptr);
+    connect(invoices, &QManInvoices::sendWanted, this, [this] { open(QStringLiteral("man_saleadmiss")); });
+    return invoices;
 }
 
 QWidget *Pages::open(const QString &action)

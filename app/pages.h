@@ -45,6 +45,7 @@ private:
     PageTable others();
     QWidget *makeSale();
     QWidget *makePermissionGroups();
+    QWidget *makeInvoices();
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;

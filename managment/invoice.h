@@ -26,6 +26,10 @@ struct InvoiceLine
     qint64 sent = 0;
     /// Nothing while nobody has counted it.
     std::optional<qint64> counted = {};
+    /// One of those that the item has, to be shown.
+    QString barcode = {};
+
+    bool differs() const { return counted && *counted != sent; }
 };
 
 /// What tells a writing of an invoice from every other, to ask the server for it.

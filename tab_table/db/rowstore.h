@@ -51,6 +51,8 @@ public:
 
     /// Appends a row; the texts are copied.
     void append(const std::vector<std::string_view> &cells) { m_rows.push_back(pack(cells, nullptr)); }
+    /// Takes the last row away; there must be one.
+    void removeLast() { m_rows.pop_back(); }
     /// Appends rows whose cells are all empty.
     void appendEmptyRows(int count) { m_rows.resize(m_rows.size() + static_cast<size_t>(count), nullptr); }
     /// Replaces the texts from a column on; the row gets wider when that is needed.

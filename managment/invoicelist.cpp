@@ -1,0 +1,209 @@
+#include "invoicelist.h"
+
+#include "db.h"
+
+#include <QColor>
+#include <QCoreApplication>
+
+namespace {
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(InvoiceList)
+};
+
+const QString isOpen = QStringLiteral("IFNULL(invoice.data_time_close=0,1)");
+
+/// Whether the invoice has such a line.
+QString hasLine(const char *condition)
+{
+    return QStringLiteral("EXISTS(SELECT 1 FROM transactions_goods AS line WHERE "
+                          "line.id_invoice=invoice.id%1)")
+        .arg(QLatin1String(condition));
+}
+
+QString stateCondition(InvoiceState state)
+{
+    const QString accepted = hasLine(" AND (line.result IS NOT NULL OR line.count_accept IS NOT NULL)");
+    const QString different = hasLine(" AND line.result=0");
+    switch (state) {
+    case InvoiceState::OnTheWay:
+        return isOpen;
+    case InvoiceState::Accepted:
+        return QStringLiteral("NOT %1 AND NOT %2 AND (%3 OR NOT %4)")
+            .arg(isOpen, different, accepted, hasLine(""));
+    case InvoiceState::Different:
+        return QStringLiteral("NOT %1 AND %2").arg(isOpen, different);
+    case InvoiceState::Cancelled:
+        break;
+    }
+    return QStringLiteral("NOT %1 AND %2 AND NOT %3").arg(isOpen, hasLine(""), accepted);
+}
+
+QString placeCondition(const InvoicesAsked &asked)
+{
+    const QString shops = QStringLiteral(" IN (SELECT shops.id FROM shops WHERE%1)").arg(asked.shops);
+    const QString sent = QStringLiteral("invoice.id_shop_with") + shops;
+    const QString received = QStringLiteral("invoice.id_shop_to") + shops;
+    switch (asked.direction) {
+    case InvoicesAsked::Sent:
+        return sent;
+    case InvoicesAsked::Received:
+        return received;
+    case InvoicesAsked::Both:
+        break;
+    }
+    return QStringLiteral("(%1 OR %2)").arg(sent, received);
+}
+
+QString conditions(const InvoicesAsked &asked, qint64 behind)
+{
+    QStringList all = {QStringLiteral("IFNULL(invoice.is_cash_goods,0)=%1").arg(asked.isCash ? 1 : 0),
+                       placeCondition(asked)};
+    if (asked.state)
+        all.append(stateCondition(*asked.state));
+    if (asked.hasDays())
+        all.append(QStringLiteral("invoice.data_time_open>=%1 AND invoice.data_time_open<=%2")
+                       .arg(asked.from, asked.to));
+    if (!asked.number.isEmpty())
+        all.append(QStringLiteral("invoice.id=%1").arg(asked.number.toULongLong()));
+    if (behind != 0)
+        all.append(QStringLiteral("invoice.id<%1").arg(behind));
+    return all.join(QStringLiteral(" AND "));
+}
+
+QString nameOf(const char *user)
+{
+    return QStringLiteral("TRIM(CONCAT(%1.surname,' ',%1.name))").arg(QLatin1String(user));
+}
+
+/// newest: a table of the ids that are wanted.
+QString rowsSql(const QString &newest)
+{
+    return QStringLiteral(
+               "SELECT STRAIGHT_JOIN invoice.id,IF(%1,0,IF(COUNT(line.id_good)>0 AND COUNT(line.result)=0 AND "
+               "COUNT(line.count_accept)=0,3,IF(SUM(IFNULL(line.result=0,0))>0,2,1))) AS state,"
+               "sender.address,receiver.address,invoice.data_time_open,%2,invoice.data_time_close,%3,"
+               "COUNT(line.id_good),SUM(line.count_send),SUM(line.count_accept),"
+               "IF(COUNT(line.count_accept)=0,NULL,SUM(CAST(IFNULL(line.count_accept,0) AS SIGNED)-"
+               "CAST(IFNULL(line.count_send,0) AS SIGNED))),IF(COUNT(line.result)=0,NULL,"
+               "SUM(IFNULL(line.result=0,0))),invoice.msg_with,invoice.msg_to,invoice.id_shop_with,"
+               "sender.group_shop,invoice.id_shop_to,receiver.group_shop FROM (%4) newest JOIN invoice ON "
+               "invoice.id=newest.id LEFT JOIN shops AS sender ON sender.id=invoice.id_shop_with LEFT JOIN "
+               "shops AS receiver ON receiver.id=invoice.id_shop_to LEFT JOIN users AS sent ON "
+               "sent.id=invoice.id_user_with LEFT JOIN users AS closed ON closed.id=invoice.id_user_to LEFT "
+               "JOIN transactions_goods AS line ON line.id_invoice=invoice.id GROUP BY invoice.id ORDER BY "
+               "invoice.id DESC")
+        .arg(isOpen, nameOf("sent"), nameOf("closed"), newest);
+}
+
+struct StateLook
+{
+    InvoiceState state;
+    const char *sign;
+    const char *words;
+    QColor colour;
+};
+
+const StateLook &lookOf(InvoiceState state)
+{
+    static const StateLook looks[] = {
+        {InvoiceState::OnTheWay, "→", QT_TRANSLATE_NOOP("InvoiceList", "у дорозі"), {255, 224, 130}},
+        {InvoiceState::Accepted, "✓", QT_TRANSLATE_NOOP("InvoiceList", "прийнято"), {165, 214, 167}},
+        {InvoiceState::Different,
+         "≠",
+         QT_TRANSLATE_NOOP("InvoiceList", "прийнято з різницею"),
+         {255, 171, 145}},
+        {InvoiceState::Cancelled, "✗", QT_TRANSLATE_NOOP("InvoiceList", "скасовано"), {207, 216, 220}},
+    };
+    return looks[static_cast<int>(state)];
+}
+
+InvoiceState stateOf(std::string_view stored)
+{
+    const bool isKnown = stored.size() == 1 && stored[0] >= '0' && stored[0] <= '3';
+    return isKnown ? static_cast<InvoiceState>(stored[0] - '0') : InvoiceState::OnTheWay;
+}
+
+QString statePlain(std::string_view stored)
+{
+    return Texts::tr(lookOf(stateOf(stored)).words);
+}
+
+QString stateShown(std::string_view stored)
+{
+    return invoiceStateShown(stateOf(stored));
+}
+
+const CellFormat asState = {statePlain, stateShown, false};
+} // namespace
+
+QString invoiceStateShown(InvoiceState state)
+{
+    return QString::fromUtf8(lookOf(state).sign) + QLatin1Char(' ') + Texts::tr(lookOf(state).words);
+}
+
+QColor invoiceStateColour(InvoiceState state)
+{
+    return lookOf(state).colour;
+}
+
+/// The page is found by the numbers alone, and only its rows are joined and added up.
+QString invoicesSql(const InvoicesAsked &asked, qint64 behind, int rows)
+{
+    return rowsSql(QStringLiteral("SELECT invoice.id FROM invoice WHERE %1 ORDER BY invoice.id DESC LIMIT %2")
+                       .arg(conditions(asked, behind))
+                       .arg(rows));
+}
+
+QString invoiceSql(DbId invoice)
+{
+    return rowsSql(QStringLiteral("SELECT %1 AS id").arg(invoice));
+}
+
+QVector<Column> invoiceColumns()
+{
+    const int quantity = 9;
+    return {{Texts::tr("№"), 6, &asNumber},
+            {Texts::tr("Стан"), 18, &asState},
+            {Texts::tr("З магазину"), 18},
+            {Texts::tr("До магазину"), 18},
+            {Texts::tr("Відправлено"), 15, &asDateTime},
+            {Texts::tr("Хто відправив"), 12},
+            {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},
+            {Texts::tr("Хто прийняв / скасував"), 12},
+            {Texts::tr("Позицій"), 6, &asNumber},
+            {Texts::tr("Надіслано"), quantity, &asQuantity},
+            {Texts::tr("Прийнято"), quantity, &asQuantity},
+            {Texts::tr("Різниця"), quantity, &asQuantity},
+            {Texts::tr("Позицій з різницею"), 7, &asNumber},
+            {Texts::tr("Повідомлення відправника"), 16},
+            {Texts::tr("Повідомлення одержувача"), 16},
+            {QString(), 0, &asNumber, true},
+            {QString(), 0, &asNumber, true},
+            {QString(), 0, &asNumber, true},
+            {QString(), 0, &asNumber, true}};
+}
+
+QString invoiceLinesSql(DbId invoice)
+{
+    return QStringLiteral(
+               "SELECT line.id_good,(SELECT MIN(dk_shc.shtrihcod) FROM dk_shc WHERE "
+               "dk_shc.id_goods=line.id_good),goods.name,line.count_send,line.count_accept,"
+               "IF(line.count_accept IS NULL,NULL,CAST(line.count_accept AS "
+               "SIGNED)-CAST(IFNULL(line.count_send,0) AS SIGNED)),line.result FROM transactions_goods AS "
+               "line LEFT JOIN goods ON goods.id=line.id_good WHERE line.id_invoice=%1 ORDER BY "
+               "IFNULL(line.result=0,0) DESC,goods.name,line.id_good")
+        .arg(invoice);
+}
+
+QVector<Column> invoiceLineColumns()
+{
+    const int quantity = 10;
+    return {{Texts::tr("Код"), 7, &asNumber},
+            {Texts::tr("Штрихкод"), 14},
+            {Texts::tr("Назва"), 30},
+            {Texts::tr("Надіслано"), quantity, &asQuantity},
+            {Texts::tr("Прийнято"), quantity, &asQuantity},
+            {Texts::tr("Різниця"), quantity, &asQuantity},
+            {QString(), 0, &asNumber, true}};
+}

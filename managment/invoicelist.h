@@ -1,0 +1,68 @@
+#pragma once
+
+#include "columns.h"
+#include "invoice.h"
+
+/// Which rows of `invoice` are listed.
+struct InvoicesAsked
+{
+    /// Seen from the shops that are meant.
+    enum Direction { Both, Sent, Received };
+
+    /// Cash instead of goods.
+    bool isCash = false;
+    /// The shops that are meant, as a condition on `shops` with a blank before it.
+    QString shops;
+    Direction direction = Both;
+    std::optional<InvoiceState> state;
+    /// Sent from the first to the last second, as yyyyMMddhhmmss; empty for all times.
+    QString from;
+    QString to;
+    /// Of the invoice; empty for all.
+    QString number;
+
+    bool hasDays() const { return !from.isEmpty(); }
+};
+
+/// The columns of the list of invoices, in its order.
+enum class InvoiceColumn {
+    Number,
+    State,
+    From,
+    To,
+    SentAt,
+    SentBy,
+    ClosedAt,
+    ClosedBy,
+    Lines,
+    Sent,
+    Accepted,
+    Difference,
+    DifferentLines,
+    MessageFrom,
+    MessageTo,
+    /// Ids of the shops and of their groups; never shown.
+    ShopFrom,
+    GroupFrom,
+    ShopTo,
+    GroupTo,
+    Count
+};
+
+/// Newest first, so many rows behind the invoice of that number (0: from the newest on).
+QString invoicesSql(const InvoicesAsked &asked, qint64 behind, int rows);
+QVector<Column> invoiceColumns();
+/// The row of one invoice.
+QString invoiceSql(DbId invoice);
+
+/// The columns of the goods of an invoice.
+enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference, Result, Count };
+
+/// What differs comes first, then by name.
+QString invoiceLinesSql(DbId invoice);
+QVector<Column> invoiceLineColumns();
+
+/// A state with its sign, as lists and papers show it: "→ у дорозі".
+QString invoiceStateShown(InvoiceState state);
+/// What a state looks like in a list: black is readable on it.
+QColor invoiceStateColour(InvoiceState state);
