@@ -4,6 +4,8 @@
 #include "combos.h"
 #include "listpane.h"
 #include "permittedlists.h"
+#include "qacceptinvoice.h"
+#include "qcancelinvoice.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
@@ -13,6 +15,7 @@
 #include "typingpause.h"
 
 #include <QBrush>
+#include <QPointer>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -51,14 +54,16 @@ void QManInvoices::buildFilter()
     ui->place->open(db().connection()->connectionName(), receiver());
     ui->range->hideNumbers();
     ui->range->setEnabled(false);
-    showEntries(ui->cbDirection, {{tr("Усі"), InvoicesAsked::Both},
+    showEntries(ui->cbDirection, {{tr("Усі напрямки"), InvoicesAsked::Both},
                                   {tr("Відправлені звідси"), InvoicesAsked::Sent},
                                   {tr("Надіслані сюди"), InvoicesAsked::Received}});
-    ListEntries states = {{tr("Усі"), -1}};
+    ListEntries states = {{tr("Усі стани"), -1}};
     for (const InvoiceState state :
          {InvoiceState::OnTheWay, InvoiceState::Accepted, InvoiceState::Different, InvoiceState::Cancelled})
         states.append({invoiceStateShown(state), static_cast<int>(state)});
     showEntries(ui->cbState, states);
+    keepNarrow(ui->cbDirection, 10);
+    keepNarrow(ui->cbState, 12);
     list()->setButtons(nullptr, ui->pbStop);
     limitTo(ui->leSearch, "[0-9]{0,10}");
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
@@ -355,6 +360,41 @@ void QManInvoices::Edit(const QModelIndex &index)
     m_pane->lines()->enter();
 }
 
-void QManInvoices::acceptCurrent() {}
+void QManInvoices::acceptCurrent()
+{
+    const int row = view()->currentIndex().row();
+    if (row >= 0 && refusalsOf(row).accept.isEmpty())
+        runDialog(new QAcceptInvoice(db().connection(), user(), receiver(), invoiceOf(row).id, this));
+}
 
-void QManInvoices::cancelCurrent() {}
+void QManInvoices::cancelCurrent()
+{
+    const int row = view()->currentIndex().row();
+    if (row < 0 || !refusalsOf(row).cancel.isEmpty())
+        return;
+    const ShownInvoice invoice = invoiceOf(row);
+    const QString words = QStringList{invoice.from, invoice.to}.join(QStringLiteral(" → "));
+    runDialog(new QCancelInvoice(db().connection()->connectionName(), receiver(), invoice.id, words,
+                                 user()->idUser().toUInt(), this));
+}
+
+/// The tab may go while the window is open, and the window with it.
+void QManInvoices::runDialog(InvoiceDialog *dialog)
+{
+    const QPointer<QManInvoices> open = this;
+    dialog->exec();
+    if (!open)
+        return;
+    const bool isListOld = dialog->isListOld();
+    if (dialog->isUnclear())
+        postMessage(receiver(),
+                    tr("Вікно закрито, а чи записано накладну, невідомо: зв'язок обірвався під час запису. "
+                       "Перевірте накладну у списку."),
+                    QMessEvent::Warning);
+    delete dialog;
+    // A question that closes together with the window leaves some window managers without an active one.
+    window()->activateWindow();
+    view()->setFocus();
+    if (isListOld)
+        reload();
+}

@@ -7,6 +7,7 @@
 namespace Ui {
 class QManInvoicesFilter;
 }
+class InvoiceDialog;
 class QSplitter;
 
 /// The page of the transfers between shops: the invoices of the shops that the user sees, newest first, a
@@ -65,6 +66,7 @@ private:
     QString cell(int row, InvoiceColumn column) const;
     void acceptCurrent();
     void cancelCurrent();
+    void runDialog(InvoiceDialog *dialog);
 
     std::unique_ptr<Ui::QManInvoicesFilter> ui;
     QSplitter *m_splitter;

@@ -207,7 +207,7 @@ void TstQManInvoices::placesAndDirections_data()
                                  << "Надіслані сюди"
                                  << "7 5 4 2 1";
     QTest::newRow("Kyiv") << "Київ"
-                          << "Усі"
+                          << "Усі напрямки"
                           << "7 5 3 2 1";
     QTest::newRow("from Kyiv") << "Київ"
                                << "Відправлені звідси"
@@ -242,7 +242,7 @@ void TstQManInvoices::statesDaysAndNumbers()
         choose("cbState", state);
         QCOMPARE(numbers(), found);
     }
-    choose("cbState", "Усі");
+    choose("cbState", "Усі стани");
     child<QCheckBox>(m_page.get(), "chDays")->setChecked(true);
     m_page->findChild<RangeSelector *>()->setDays(QDate(2026, 11, 2), QDate(2026, 11, 3));
     await();
