@@ -75,10 +75,9 @@ bool generateChain(const Db &db, const ChainPlan &plan, const std::function<void
     Chain chain;
     chain.plan = plan;
     return say(QStringLiteral("Shops, registers, users, cards")) && fillPlaces(db, &chain) &&
-           fillUsers(db, chain) && fillPermissionGroups(db, chain) && fillStaff(db) &&
-           fillDevices(db) && fillCards(db, &chain) &&
-           say(QStringLiteral("Goods, prices, stock")) && fillGoods(db, &chain) && fillStock(db, chain) &&
-           say(QStringLiteral("Receipts and shifts")) && fillShifts(db, chain, say) &&
+           fillUsers(db, chain) && fillPermissionGroups(db, chain) && fillStaff(db) && fillDevices(db) &&
+           fillCards(db, &chain) && say(QStringLiteral("Goods, prices, stock")) && fillGoods(db, &chain) &&
+           fillStock(db, chain) && say(QStringLiteral("Receipts and shifts")) && fillShifts(db, chain, say) &&
            fillOnline(db, chain) && announce(db) && setAdministratorPassword(db);
 }
 } // namespace demo

@@ -33,130 +33,275 @@
     </message>
 </context>
 <context>
+    <name>ActionAssignment</name>
+    <message>
+        <source>Невідомо, чи записано: сервер не відповів. Коли зв&apos;язок відновиться, перегляньте ще раз: буде видно, які товари вже мають цю акцію.</source>
+        <translation>It is not known whether this was written: the server did not answer. When the connection is back, preview once more: it shows which goods have this promotion already.</translation>
+    </message>
+    <message>
+        <source>Зупинено, у базу нічого не записано.</source>
+        <translation>Stopped, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>Не вдалося, у базу нічого не записано.</source>
+        <translation>This did not work, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>Акцію «%1» тим часом видалив хтось інший. Нічого не записано.</source>
+        <translation>Somebody else has deleted the promotion “%1” meanwhile. Nothing was written.</translation>
+    </message>
+    <message>
+        <source>Акцію «%1» тим часом змінив хтось інший. Нічого не записано: перегляньте ще раз.</source>
+        <translation>Somebody else has changed the promotion “%1” meanwhile. Nothing was written: preview it once more.</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>акцію знято</source>
+        <translation>promotion taken off</translation>
+    </message>
+    <message>
+        <source>призначено</source>
+        <translation>assigned</translation>
+    </message>
+    <message>
+        <source>пропущено: тим часом змінив хтось інший</source>
+        <translation>left out: changed by somebody else meanwhile</translation>
+    </message>
+    <message>
+        <source>Акцію знято: %1.</source>
+        <translation>Promotion taken off: %1.</translation>
+    </message>
+    <message>
+        <source>Акцію «%1» призначено: %2.</source>
+        <translation>Promotion “%1” assigned: %2.</translation>
+    </message>
+    <message>
+        <source>Пропущено, бо тим часом їх змінив хтось інший: %1.</source>
+        <translation>Left out because somebody else has changed them meanwhile: %1.</translation>
+    </message>
+</context>
+<context>
     <name>ActionEndEdit</name>
     <message>
         <source>Введіть дату.</source>
+        <translation>Enter a date.</translation>
+    </message>
+</context>
+<context>
+    <name>ActionPanel</name>
+    <message>
+        <source>Діють у той &amp;самий час:</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ті самі товари в інших магазинах: %1</source>
+        <translation>the same goods in other shops: %1</translation>
+    </message>
+    <message>
+        <source>жодна інша</source>
+        <translation>no other one</translation>
+    </message>
+</context>
+<context>
+    <name>ActionPlan</name>
+    <message>
+        <source>акцію буде знято</source>
+        <translation>promotion will be taken off</translation>
+    </message>
+    <message>
+        <source>буде призначено</source>
+        <translation>will be assigned</translation>
+    </message>
+    <message>
+        <source>акції й так немає</source>
+        <translation>has no promotion anyway</translation>
+    </message>
+    <message>
+        <source>уже має цю акцію</source>
+        <translation>has this promotion already</translation>
+    </message>
+    <message>
+        <source>пропущено: товар заблоковано</source>
+        <translation>left out: the item is blocked</translation>
+    </message>
+    <message>
+        <source>пропущено: службова група товарів</source>
+        <translation>left out: service group of goods</translation>
+    </message>
+    <message>
+        <source>пропущено: магазин не має цього товару</source>
+        <translation>left out: the shop does not have this item</translation>
+    </message>
+    <message>
+        <source>Перегляд зупинено.</source>
+        <translation>The preview was stopped.</translation>
+    </message>
+    <message>
+        <source>Цю акцію вже видалив хтось інший. Виберіть іншу.</source>
+        <translation>Somebody else has deleted this promotion already. Choose another one.</translation>
+    </message>
+    <message>
+        <source>Нічого не зміниться.</source>
+        <translation>Nothing will change.</translation>
+    </message>
+    <message>
+        <source>Зміниться: %1 (різних товарів: %2, магазинів: %3).</source>
+        <translation>Will change: %1 (different goods: %2, shops: %3).</translation>
+    </message>
+    <message>
+        <source>Без акції й так: %1.</source>
+        <translation>Without a promotion anyway: %1.</translation>
+    </message>
+    <message>
+        <source>Уже мають цю акцію: %1.</source>
+        <translation>Have this promotion already: %1.</translation>
+    </message>
+    <message>
+        <source>Заблоковані: %1.</source>
+        <translation>Blocked: %1.</translation>
+    </message>
+    <message>
+        <source>Службові групи: %1.</source>
+        <translation>Service groups: %1.</translation>
+    </message>
+    <message>
+        <source>Магазини не мають товару: %1.</source>
+        <translation>Shops do not have the item: %1.</translation>
+    </message>
+    <message>
+        <source>Невідомі штрихкоди: %1 (%2).</source>
+        <translation>Unknown barcodes: %1 (%2).</translation>
     </message>
 </context>
 <context>
     <name>ActionTimes</name>
     <message>
         <source>Тип акції нічого не змінює в ціні.</source>
-        <translation type="unfinished"></translation>
+        <translation>The type of the promotion changes nothing in the price.</translation>
     </message>
     <message>
         <source>Не вибрано жодного дня тижня.</source>
-        <translation type="unfinished"></translation>
+        <translation>No day of the week is chosen.</translation>
     </message>
     <message>
         <source>Є дата початку, а дати закінчення немає.</source>
-        <translation type="unfinished"></translation>
+        <translation>There is a first day but no last day.</translation>
     </message>
     <message>
         <source>Закінчується раніше, ніж починається.</source>
-        <translation type="unfinished"></translation>
+        <translation>It ends before it begins.</translation>
     </message>
     <message>
         <source>Щоденний час закінчується раніше, ніж починається.</source>
-        <translation type="unfinished"></translation>
+        <translation>The daily hours end before they begin.</translation>
     </message>
     <message>
         <source>діє зараз</source>
-        <translation type="unfinished"></translation>
+        <translation>in force now</translation>
     </message>
     <message>
         <source>діє в інші години</source>
-        <translation type="unfinished"></translation>
+        <translation>in force at other hours</translation>
     </message>
     <message>
         <source>діє в інші дні</source>
-        <translation type="unfinished"></translation>
+        <translation>in force on other days</translation>
     </message>
     <message>
         <source>заплановано</source>
-        <translation type="unfinished"></translation>
+        <translation>planned</translation>
     </message>
     <message>
         <source>завершена</source>
-        <translation type="unfinished"></translation>
+        <translation>ended</translation>
     </message>
     <message>
         <source>вимкнена</source>
-        <translation type="unfinished"></translation>
+        <translation>off</translation>
     </message>
     <message>
         <source>щодня</source>
-        <translation type="unfinished"></translation>
+        <translation>every day</translation>
     </message>
     <message>
         <source>цілодобово</source>
-        <translation type="unfinished"></translation>
+        <translation>all day</translation>
     </message>
     <message>
         <source>без дат</source>
-        <translation type="unfinished"></translation>
+        <translation>without dates</translation>
     </message>
     <message>
         <source>Пн</source>
-        <translation type="unfinished"></translation>
+        <translation>Mon</translation>
     </message>
     <message>
         <source>Вт</source>
-        <translation type="unfinished"></translation>
+        <translation>Tue</translation>
     </message>
     <message>
         <source>Ср</source>
-        <translation type="unfinished"></translation>
+        <translation>Wed</translation>
     </message>
     <message>
         <source>Чт</source>
-        <translation type="unfinished"></translation>
+        <translation>Thu</translation>
     </message>
     <message>
         <source>Пт</source>
-        <translation type="unfinished"></translation>
+        <translation>Fri</translation>
     </message>
     <message>
         <source>Сб</source>
-        <translation type="unfinished"></translation>
+        <translation>Sat</translation>
     </message>
     <message>
         <source>Нд</source>
-        <translation type="unfinished"></translation>
+        <translation>Sun</translation>
     </message>
 </context>
 <context>
     <name>ActionUsage</name>
     <message>
         <source>товарів: %1, магазинів: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>goods: %1, shops: %2</translation>
     </message>
     <message>
         <source>і ще магазинів: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>and more shops: %1</translation>
+    </message>
+    <message>
+        <source>%1 – товарів: %2</source>
+        <translation>%1 – goods: %2</translation>
     </message>
 </context>
 <context>
     <name>ActionValueEdit</name>
     <message>
         <source>Введіть ціле число від 0 до %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter a whole number from 0 to %1.</translation>
     </message>
 </context>
 <context>
     <name>ActionWeek</name>
     <message>
         <source>Тиждень акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Week of the promotion</translation>
     </message>
     <message>
         <source>Не діє ніколи: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Never in force: %1</translation>
     </message>
     <message>
         <source>Діє: %1, %2, %3</source>
-        <translation type="unfinished"></translation>
+        <translation>In force: %1, %2, %3</translation>
     </message>
 </context>
 <context>
@@ -180,6 +325,29 @@
     <message>
         <source>Кількість поза межами.</source>
         <translation>The quantity is out of range.</translation>
+    </message>
+</context>
+<context>
+    <name>BarcodeDialog</name>
+    <message>
+        <source>Список штрихкодів</source>
+        <translation>List of barcodes</translation>
+    </message>
+    <message>
+        <source>&amp;Вставте або відскануйте штрихкоди, кожен в окремому рядку. Рядок таблиці теж підходить: береться перше число з нього.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Взяти</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>О&amp;чистити</source>
+        <translation>&amp;Clear</translation>
+    </message>
+    <message>
+        <source>&amp;Відмінити</source>
+        <translation>&amp;Cancel</translation>
     </message>
 </context>
 <context>
@@ -637,6 +805,61 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>CountModel</name>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Надіслано</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>Пораховано</source>
+        <translation>Counted</translation>
+    </message>
+    <message>
+        <source>Різниця</source>
+        <translation>Difference</translation>
+    </message>
+    <message>
+        <source>Пораховане вже записується: змінити його не можна.</source>
+        <translation>What was counted is being saved already: it cannot be changed.</translation>
+    </message>
+    <message>
+        <source>«%1»: кількість — від 0 до %2.</source>
+        <translation>“%1”: a quantity is from 0 to %2.</translation>
+    </message>
+    <message>
+        <source>«%1»: кількість штучного товару — ціле число.</source>
+        <translation>“%1”: the quantity of piece goods is a whole number.</translation>
+    </message>
+    <message>
+        <source>Пораховано позицій: %1 з %2. Нестача: %3 (%4). Надлишок: %5 (%6).</source>
+        <translation>Lines counted: %1 of %2. Missing: %3 (%4). Surplus: %5 (%6).</translation>
+    </message>
+    <message>
+        <source>«%1»: надіслано %2, є %3</source>
+        <translation>“%1”: sent %2, there are %3</translation>
+    </message>
+    <message>
+        <source>… і ще %1</source>
+        <translation>… and %1 more</translation>
+    </message>
+    <message>
+        <source>не надсилали</source>
+        <translation>not sent</translation>
+    </message>
+</context>
+<context>
     <name>CsvText</name>
     <message>
         <source>Такого файла немає.</source>
@@ -728,7 +951,7 @@ Wait or contact support.</translation>
     <name>Devices</name>
     <message>
         <source>не вказано</source>
-        <translation type="unfinished"></translation>
+        <translation>not specified</translation>
     </message>
     <message>
         <source>Поки ви редагували, інша програма записала тут «%1». Натисніть Enter ще раз, щоб записати своє, або Esc, щоб залишити це.</source>
@@ -736,7 +959,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Типу «%1» немає. Виберіть один із цих: %2; без типу залиште поле порожнім.</source>
-        <translation type="unfinished"></translation>
+        <translation>There is no type “%1”. Choose one of these: %2; for no type leave the field empty.</translation>
     </message>
     <message>
         <source>Помилка оновлення запису.</source>
@@ -747,7 +970,7 @@ Wait or contact support.</translation>
     <name>DocumentWriter</name>
     <message>
         <source>Нема даних після запиту:</source>
-        <translation type="unfinished">No data after the query:</translation>
+        <translation>No data after the query:</translation>
     </message>
     <message>
         <source>Касу перенесено до іншого магазину («%1»). Виберіть магазин і касу ще раз.</source>
@@ -1120,6 +1343,14 @@ Wait or contact support.</translation>
         <source>Магазин ще не вибрано.</source>
         <translation>No shop is chosen yet.</translation>
     </message>
+    <message>
+        <source>Немає товарів, які можна прийняти.</source>
+        <translation>There are no goods that can be received.</translation>
+    </message>
+    <message>
+        <source>У магазині немає товарів для переміщення.</source>
+        <translation>The shop has no goods to move.</translation>
+    </message>
 </context>
 <context>
     <name>GoodsPriceTable</name>
@@ -1276,86 +1507,278 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>InvoiceDialog</name>
+    <message>
+        <source>Склад</source>
+        <translation>Store room</translation>
+    </message>
+    <message>
+        <source>Зал</source>
+        <translation>Shop floor</translation>
+    </message>
+</context>
+<context>
+    <name>InvoiceList</name>
+    <message>
+        <source>у дорозі</source>
+        <translation>on the way</translation>
+    </message>
+    <message>
+        <source>прийнято</source>
+        <translation>accepted</translation>
+    </message>
+    <message>
+        <source>прийнято з різницею</source>
+        <translation>accepted with differences</translation>
+    </message>
+    <message>
+        <source>скасовано</source>
+        <translation>cancelled</translation>
+    </message>
+    <message>
+        <source>№</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>Стан</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>З магазину</source>
+        <translation>From shop</translation>
+    </message>
+    <message>
+        <source>До магазину</source>
+        <translation>To shop</translation>
+    </message>
+    <message>
+        <source>Відправлено</source>
+        <translation>Sent at</translation>
+    </message>
+    <message>
+        <source>Хто відправив</source>
+        <translation>Sent by</translation>
+    </message>
+    <message>
+        <source>Прийнято / скасовано</source>
+        <translation>Accepted / cancelled</translation>
+    </message>
+    <message>
+        <source>Хто прийняв / скасував</source>
+        <translation>Accepted / cancelled by</translation>
+    </message>
+    <message>
+        <source>Позицій</source>
+        <translation>Lines</translation>
+    </message>
+    <message>
+        <source>Надіслано</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>Прийнято</source>
+        <translation>Accepted</translation>
+    </message>
+    <message>
+        <source>Різниця</source>
+        <translation>Difference</translation>
+    </message>
+    <message>
+        <source>Позицій з різницею</source>
+        <translation>Lines that differ</translation>
+    </message>
+    <message>
+        <source>Повідомлення відправника</source>
+        <translation>Message of the sender</translation>
+    </message>
+    <message>
+        <source>Повідомлення одержувача</source>
+        <translation>Message of the receiver</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>InvoicePane</name>
+    <message>
+        <source>Нова переда&amp;ча…</source>
+        <translation>&amp;New transfer…</translation>
+    </message>
+    <message>
+        <source>При&amp;йняти…</source>
+        <translation>&amp;Accept…</translation>
+    </message>
+    <message>
+        <source>Скас&amp;увати передачу…</source>
+        <translation>&amp;Cancel transfer…</translation>
+    </message>
+    <message>
+        <source>Д&amp;рук накладної…</source>
+        <translation>Print the &amp;document…</translation>
+    </message>
+    <message>
+        <source>Товари накладної</source>
+        <translation>Goods of the invoice</translation>
+    </message>
+    <message>
+        <source>Виберіть накладну у списку.</source>
+        <translation>Choose an invoice in the list.</translation>
+    </message>
+    <message>
+        <source>У накладній немає товарів.</source>
+        <translation>The invoice has no goods.</translation>
+    </message>
+    <message>
+        <source>Накладна на передачу товару № %1</source>
+        <translation>Goods transfer invoice No. %1</translation>
+    </message>
+    <message>
+        <source>Акт приймання товару № %1</source>
+        <translation>Goods acceptance note No. %1</translation>
+    </message>
+    <message>
+        <source>Скасована накладна № %1</source>
+        <translation>Cancelled invoice No. %1</translation>
+    </message>
+    <message>
+        <source>З магазину: %1</source>
+        <translation>From shop: %1</translation>
+    </message>
+    <message>
+        <source>До магазину: %1</source>
+        <translation>To shop: %1</translation>
+    </message>
+    <message>
+        <source>Відправлено: %1</source>
+        <translation>Sent: %1</translation>
+    </message>
+    <message>
+        <source>Повідомлення відправника: %1</source>
+        <translation>Message of the sender: %1</translation>
+    </message>
+    <message>
+        <source>Скасовано: %1</source>
+        <translation>Cancelled: %1</translation>
+    </message>
+    <message>
+        <source>Прийнято: %1</source>
+        <translation>Accepted: %1</translation>
+    </message>
+    <message>
+        <source>Повідомлення одержувача: %1</source>
+        <translation>Message of the receiver: %1</translation>
+    </message>
+    <message>
+        <source>Позицій: %1, надіслано: %2</source>
+        <translation>Lines: %1, sent: %2</translation>
+    </message>
+    <message>
+        <source>Прийнято: %1, різниця: %2, позицій з різницею: %3</source>
+        <translation>Accepted: %1, difference: %2, lines that differ: %3</translation>
+    </message>
+    <message>
+        <source>Відправив: ____________________   Прийняв: ____________________</source>
+        <translation>Sent by: ____________________   Accepted by: ____________________</translation>
+    </message>
+</context>
+<context>
+    <name>InvoiceReader</name>
+    <message>
+        <source>Накладної № %1 немає. Оновіть список.</source>
+        <translation>There is no invoice No. %1. Reload the list.</translation>
+    </message>
+</context>
+<context>
     <name>InvoiceWriter</name>
     <message>
         <source>Магазину № %1 вже немає. Виберіть інший.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop No. %1 is gone. Choose another one.</translation>
     </message>
     <message>
         <source>Магазин «%1» заблоковано: товар до нього і з нього не передають. Нічого не записано.</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop “%1” is blocked: no goods are handed over to it or from it. Nothing was saved.</translation>
     </message>
     <message>
         <source>«%1»: стільки в магазині не вміститься: залишок став би більшим за %2. Перевірте кількість.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: the shop cannot hold so much: the stock would be above %2. Check the quantity.</translation>
     </message>
     <message>
         <source>вже скасовано</source>
-        <translation type="unfinished"></translation>
+        <translation>is cancelled already</translation>
     </message>
     <message>
         <source>вже прийнято</source>
-        <translation type="unfinished"></translation>
+        <translation>is accepted already</translation>
     </message>
     <message>
         <source>користувач невідомий</source>
-        <translation type="unfinished"></translation>
+        <translation>user unknown</translation>
     </message>
     <message>
         <source>Накладну № %1 %2: %3, %4. Нічого не записано.</source>
-        <translation type="unfinished"></translation>
+        <translation>Invoice No. %1 %2: %3, %4. Nothing was saved.</translation>
     </message>
     <message>
         <source>Накладної на товар № %1 немає. Оновіть список.</source>
-        <translation type="unfinished"></translation>
+        <translation>There is no goods invoice No. %1. Reload the list.</translation>
     </message>
     <message>
         <source>«%1»: залишок став би меншим за −%2. Зменште кількість.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: the stock would be below −%2. Lower the quantity.</translation>
     </message>
     <message>
         <source>«%1» не пораховано: введіть кількість, 0 — коли товару немає.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1” is not counted: enter the quantity, 0 if there is none.</translation>
     </message>
     <message>
         <source>«%1»: кількість має бути від 0 до %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: the quantity has to be from 0 to %2.</translation>
     </message>
     <message>
         <source>Рядки накладної тим часом змінились. Відкрийте її ще раз.</source>
-        <translation type="unfinished"></translation>
+        <translation>The lines of the invoice have changed meanwhile. Open it again.</translation>
     </message>
     <message>
         <source>Виберіть магазин, до якого передається товар.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the shop to which the goods are handed over.</translation>
     </message>
     <message>
         <source>Товар не можна передати до того самого магазину. Виберіть інший.</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods cannot be handed over to the same shop. Choose another one.</translation>
     </message>
     <message>
         <source>У передачі немає товарів.</source>
-        <translation type="unfinished"></translation>
+        <translation>The transfer has no goods.</translation>
     </message>
     <message>
         <source>«%1»: введіть кількість, більшу за нуль.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: enter a quantity above zero.</translation>
     </message>
     <message>
         <source>«%1»: разом не може бути більше ніж %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: together there cannot be more than %2.</translation>
     </message>
     <message>
         <source>Нічого не записано. Повторіть.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nothing was saved. Try again.</translation>
     </message>
     <message>
         <source>Залишки зараз записує інша програма. Нічого не записано. Повторіть.</source>
-        <translation type="unfinished"></translation>
+        <translation>Another program is writing the stock now. Nothing was saved. Try again.</translation>
     </message>
     <message>
         <source>Зв&apos;язок обірвався під час запису, і невідомо, чи його збережено. Зачекайте, доки зв&apos;язок відновиться, і повторіть: програма спершу запитає сервер.</source>
-        <translation type="unfinished"></translation>
+        <translation>The connection broke while saving, and it is not known whether it was saved. Wait until the connection is back and try again: the program will first ask the server.</translation>
     </message>
     <message>
         <source>«%1»: є %2, передається %3</source>
@@ -1363,7 +1786,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>… і ще %1</source>
-        <translation type="unfinished"></translation>
+        <translation>… and %1 more</translation>
     </message>
     <message>
         <source>Товару менше, ніж передається; залишок стане від&apos;ємним:</source>
@@ -1865,19 +2288,23 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Користувачі</source>
-        <translation type="unfinished"></translation>
+        <translation>Users</translation>
     </message>
     <message>
         <source>Групи прав</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Передачі</source>
+        <translation>Transfers</translation>
+    </message>
+    <message>
+        <source>Управління акціями</source>
+        <translation>Promotion management</translation>
+    </message>
 </context>
 <context>
     <name>PageBar</name>
-    <message>
-        <source>Рядків на &amp;сторінці:</source>
-        <translation>Rows on a &amp;page:</translation>
-    </message>
     <message>
         <source>Всі записи</source>
         <translation>All records</translation>
@@ -1898,12 +2325,111 @@ Wait or contact support.</translation>
         <source>сторінка %1</source>
         <translation>page %1</translation>
     </message>
+    <message>
+        <source>Р&amp;ядків на сторінці:</source>
+        <translation>Ro&amp;ws on a page:</translation>
+    </message>
+</context>
+<context>
+    <name>PastedTable</name>
+    <message>
+        <source>немає кількості</source>
+        <translation>no quantity</translation>
+    </message>
+    <message>
+        <source>«%1» не є кількістю</source>
+        <translation>“%1” is no quantity</translation>
+    </message>
+    <message>
+        <source>кількість нуль</source>
+        <translation>quantity zero</translation>
+    </message>
+    <message>
+        <source>кількість менша за нуль</source>
+        <translation>quantity below zero</translation>
+    </message>
+    <message>
+        <source>кількість завелика</source>
+        <translation>quantity too large</translation>
+    </message>
+    <message>
+        <source>колонок більше ніж дві: потрібні штрихкод і кількість</source>
+        <translation>more than two columns: barcode and quantity are wanted</translation>
+    </message>
+    <message>
+        <source>товар заблоковано</source>
+        <translation>the item is blocked</translation>
+    </message>
+    <message>
+        <source>товар службової групи</source>
+        <translation>an item of a service group</translation>
+    </message>
+    <message>
+        <source>за правилами товару його не приймають</source>
+        <translation>by its rules the item is not received</translation>
+    </message>
+    <message>
+        <source>за правилами товару його не переміщують</source>
+        <translation>by its rules the item is not moved</translation>
+    </message>
+    <message>
+        <source>у магазині немає цього товару</source>
+        <translation>the shop does not have this item</translation>
+    </message>
+    <message>
+        <source>неоднозначний: без нулів на початку так само виглядає «%1»</source>
+        <translation>ambiguous: without leading zeros “%1” looks the same</translation>
+    </message>
+    <message>
+        <source>невідомий штрихкод</source>
+        <translation>unknown barcode</translation>
+    </message>
+    <message>
+        <source>штучний товар: кількість має бути цілою</source>
+        <translation>sold by the piece: the quantity must be whole</translation>
+    </message>
+    <message>
+        <source>разом із попередніми рядками кількість завелика</source>
+        <translation>too large together with the lines before</translation>
+    </message>
+    <message>
+        <source>ще раз, разом %1</source>
+        <translation>once more, %1 together</translation>
+    </message>
+    <message>
+        <source>додається %1</source>
+        <translation>%1 is added</translation>
+    </message>
+    <message>
+        <source>штрихкод %1</source>
+        <translation>barcode %1</translation>
+    </message>
+    <message>
+        <source>немає штрихкоду</source>
+        <translation>no barcode</translation>
+    </message>
+    <message>
+        <source>таблиця зіпсувала штрихкод: задайте стовпцю формат «Текст» і скопіюйте ще раз</source>
+        <translation>the spreadsheet has spoiled the barcode: set the column&apos;s format to “Text” and copy again</translation>
+    </message>
+    <message>
+        <source>у штрихкоді більше ніж %1 цифр</source>
+        <translation>the barcode has more than %1 digits</translation>
+    </message>
+    <message>
+        <source>У таблиці більше ніж %1 рядків. Вставте її частинами.</source>
+        <translation>The table has more than %1 lines. Paste it in parts.</translation>
+    </message>
+    <message>
+        <source>Сервер не відповів. Перевірте таблицю ще раз.</source>
+        <translation>The server did not answer. Check the table again.</translation>
+    </message>
 </context>
 <context>
     <name>Permissions</name>
     <message>
         <source>Вхід</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry</translation>
     </message>
     <message>
         <source>Вхід до бек-офісу</source>
@@ -1927,7 +2453,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Управління акціями</source>
-        <translation type="unfinished"></translation>
+        <translation>Promotion management</translation>
     </message>
     <message>
         <source>Таблиці</source>
@@ -2047,7 +2573,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Користувачі</source>
-        <translation type="unfinished"></translation>
+        <translation>Users</translation>
     </message>
     <message>
         <source>Групи прав</source>
@@ -2464,18 +2990,224 @@ Records that are here already will not change; the database “%1” is only rea
     </message>
 </context>
 <context>
+    <name>PriceOrder</name>
+    <message>
+        <source>№ %1</source>
+        <translation>No. %1</translation>
+    </message>
+    <message>
+        <source>Усі магазини, група %1</source>
+        <translation>All shops, group %1</translation>
+    </message>
+    <message>
+        <source>Група %1</source>
+        <translation>Group %1</translation>
+    </message>
+    <message>
+        <source>Магазин № %1, якого немає</source>
+        <translation>Shop No. %1, which is gone</translation>
+    </message>
+    <message>
+        <source>Магазин «%1»</source>
+        <translation>Shop “%1”</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>не для цього магазину: інший магазин</source>
+        <translation>not for this shop: another shop</translation>
+    </message>
+    <message>
+        <source>не для цього магазину: інша група</source>
+        <translation>not for this shop: another group</translation>
+    </message>
+    <message>
+        <source>інший пріоритет: діє лише 0</source>
+        <translation>another priority: only 0 counts</translation>
+    </message>
+    <message>
+        <source>інший пріоритет: діють 0 і %1</source>
+        <translation>another priority: 0 and %1 count</translation>
+    </message>
+    <message>
+        <source>поступається: пріоритет 0 сильніший за будь-який інший</source>
+        <translation>gives way: priority 0 is stronger than any other</translation>
+    </message>
+    <message>
+        <source>поступається: з кількох рядків магазину діє рядок групи з меншим номером</source>
+        <translation>gives way: of several rows of a shop the one of the group with the lowest number counts</translation>
+    </message>
+    <message>
+        <source>поступається: ціна магазину сильніша за ціну групи</source>
+        <translation>gives way: the price of the shop is stronger than that of a group</translation>
+    </message>
+    <message>
+        <source>поступається: ціна своєї групи сильніша за ціну всіх магазинів</source>
+        <translation>gives way: the price of its own group is stronger than that of all shops</translation>
+    </message>
+    <message>
+        <source>діє</source>
+        <translation>in force</translation>
+    </message>
+    <message>
+        <source>Ціна самого товару</source>
+        <translation>Price of the item itself</translation>
+    </message>
+    <message>
+        <source>поступається: є ціна для цього магазину</source>
+        <translation>gives way: there is a price for this shop</translation>
+    </message>
+    <message>
+        <source>діяла б, але її немає</source>
+        <translation>would be in force, but there is none</translation>
+    </message>
+    <message>
+        <source>діє: жодна з інших цін сюди не підходить</source>
+        <translation>in force: none of the other prices fits here</translation>
+    </message>
+    <message>
+        <source>діє: інших цін у товару немає</source>
+        <translation>in force: the item has no other prices</translation>
+    </message>
+</context>
+<context>
+    <name>QAcceptInvoice</name>
+    <message>
+        <source>&amp;Товар:</source>
+        <translation>&amp;Goods:</translation>
+    </message>
+    <message>
+        <source>Скануйте; або штрихкод, код чи назва і Enter</source>
+        <translation>Scan; or barcode, code or name and Enter</translation>
+    </message>
+    <message>
+        <source>Прийняти &amp;в:</source>
+        <translation>Accept &amp;into:</translation>
+    </message>
+    <message>
+        <source>Товари накладної</source>
+        <translation>Goods of the invoice</translation>
+    </message>
+    <message>
+        <source>Пові&amp;домлення відправнику:</source>
+        <translation>&amp;Message to the sender:</translation>
+    </message>
+    <message>
+        <source>&amp;Усе як надіслано…</source>
+        <translation>All as &amp;sent…</translation>
+    </message>
+    <message>
+        <source>При&amp;йняти F9</source>
+        <translation>&amp;Accept F9</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Приймання накладної № %1</source>
+        <translation>Acceptance of invoice No. %1</translation>
+    </message>
+    <message>
+        <source>З магазину: %1</source>
+        <translation>From shop: %1</translation>
+    </message>
+    <message>
+        <source>До магазину: %1</source>
+        <translation>To shop: %1</translation>
+    </message>
+    <message>
+        <source>Відправлено: %1</source>
+        <translation>Sent: %1</translation>
+    </message>
+    <message>
+        <source>Повідомлення відправника: %1</source>
+        <translation>Message of the sender: %1</translation>
+    </message>
+    <message>
+        <source>Код «%1» не враховано: накладна вже записується.</source>
+        <translation>Code “%1” was not counted: the invoice is being saved already.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не додано: сервер не відповів.</source>
+        <translation>Item “%1” was not added: the server did not answer.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» не знайдено.</source>
+        <translation>Item “%1” was not found.</translation>
+    </message>
+    <message>
+        <source>За «%1» знайдено кілька товарів: введіть штрихкод або код.</source>
+        <translation>Several items were found by “%1”: enter a barcode or a code.</translation>
+    </message>
+    <message>
+        <source>«%1» у накладній немає: додано як надлишок.</source>
+        <translation>“%1” is not in the invoice: added as a surplus.</translation>
+    </message>
+    <message>
+        <source>Не пораховано позицій: %1. Записати їх кількість як надіслану, не рахуючи?</source>
+        <translation>Lines not counted: %1. Record them as sent without counting?</translation>
+    </message>
+    <message>
+        <source>&amp;Записати як надіслано</source>
+        <translation>&amp;Record as sent</translation>
+    </message>
+    <message>
+        <source>&amp;Рахувати далі</source>
+        <translation>&amp;Go on counting</translation>
+    </message>
+    <message>
+        <source>Товар ще шукається. Прийміть накладну ще раз.</source>
+        <translation>An item is still being looked for. Accept the invoice again.</translation>
+    </message>
+    <message>
+        <source>Товар «%1» ще не пораховано. Натисніть Enter або очистіть поле.</source>
+        <translation>Item “%1” is not counted yet. Press Enter or clear the field.</translation>
+    </message>
+    <message>
+        <source>Не пораховано позицій: %1. Введіть кількість; 0 — коли товару немає.</source>
+        <translation>Lines not counted: %1. Enter the quantity; 0 if there is none.</translation>
+    </message>
+    <message>
+        <source>Прийняти з різницею? Потім змінити пораховане вже не можна.</source>
+        <translation>Accept with differences? What was counted cannot be changed afterwards.</translation>
+    </message>
+    <message>
+        <source>&amp;Прийняти з різницею</source>
+        <translation>&amp;Accept with differences</translation>
+    </message>
+    <message>
+        <source>Поки ви відповідали, щось іще скановано: перевірте і прийміть ще раз.</source>
+        <translation>While you were answering something else was scanned: check it and accept again.</translation>
+    </message>
+    <message>
+        <source>Невідомо, чи накладну прийнято: зв&apos;язок обірвався.</source>
+        <translation>It is not known whether the invoice was accepted: the connection broke.</translation>
+    </message>
+    <message>
+        <source>Пораховане ще не записано.</source>
+        <translation>What was counted is not saved yet.</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити без збереження</source>
+        <translation>&amp;Close without saving</translation>
+    </message>
+</context>
+<context>
     <name>QAddEdtActions</name>
     <message>
         <source>Код акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Promotion code</translation>
     </message>
     <message>
         <source>Назва акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Promotion name</translation>
     </message>
     <message>
         <source>Тип акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Promotion type</translation>
     </message>
     <message>
         <source>Знижка, %</source>
@@ -2483,27 +3215,27 @@ Records that are here already will not change; the database “%1” is only rea
     </message>
     <message>
         <source>Значення 1</source>
-        <translation type="unfinished"></translation>
+        <translation>Value 1</translation>
     </message>
     <message>
         <source>Значення 2</source>
-        <translation type="unfinished"></translation>
+        <translation>Value 2</translation>
     </message>
     <message>
         <source>Обмежити датами і годинами</source>
-        <translation type="unfinished"></translation>
+        <translation>Limit to dates and hours</translation>
     </message>
     <message>
         <source>Перший день</source>
-        <translation type="unfinished"></translation>
+        <translation>First day</translation>
     </message>
     <message>
         <source>Останній день</source>
-        <translation type="unfinished"></translation>
+        <translation>Last day</translation>
     </message>
     <message>
         <source>Дні тижня</source>
-        <translation type="unfinished"></translation>
+        <translation>Days of the week</translation>
     </message>
     <message>
         <source>&amp;Зберегти</source>
@@ -2515,71 +3247,71 @@ Records that are here already will not change; the database “%1” is only rea
     </message>
     <message>
         <source>щодня з</source>
-        <translation type="unfinished"></translation>
+        <translation>daily from</translation>
     </message>
     <message>
         <source>щодня до</source>
-        <translation type="unfinished"></translation>
+        <translation>daily to</translation>
     </message>
     <message>
         <source>Жодному товару не призначена.</source>
-        <translation type="unfinished"></translation>
+        <translation>No goods have it.</translation>
     </message>
     <message>
         <source>Призначена: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Assigned: %1.</translation>
     </message>
     <message>
         <source>Значення</source>
-        <translation type="unfinished"></translation>
+        <translation>Value</translation>
     </message>
     <message>
         <source>Стан: %1. %2, %3, %4.</source>
-        <translation type="unfinished"></translation>
+        <translation>State: %1. %2, %3, %4.</translation>
     </message>
     <message>
         <source>Не діятиме ніколи: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>It will never be in force: %1</translation>
     </message>
     <message>
         <source>Введіть назву акції.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter the name of the promotion.</translation>
     </message>
     <message>
         <source>Виберіть тип акції.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose the type of the promotion.</translation>
     </message>
     <message>
         <source>Акція закінчується раніше, ніж починається. Виправте дати.</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion ends before it begins. Correct the dates.</translation>
     </message>
     <message>
         <source>Години «з» пізніші за години «до». Каси порівнюють години в межах одного дня, тому акція через північ (наприклад, з 22:00 до 06:00) неможлива. Введіть проміжок до 23:59:59.</source>
-        <translation type="unfinished"></translation>
+        <translation>The hour “from” is later than the hour “to”. The registers compare hours within one day, so a promotion over midnight (say from 22:00 to 06:00) is not possible. Enter a span up to 23:59:59.</translation>
     </message>
     <message>
         <source>Назва акції повинна бути унікальною</source>
-        <translation type="unfinished"></translation>
+        <translation>The name of a promotion must be unique</translation>
     </message>
     <message>
         <source>Акція не діятиме ніколи: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion will never be in force: %1</translation>
     </message>
     <message>
         <source>Акція вже закінчилася і не діятиме.</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion has ended already and will not be in force.</translation>
     </message>
     <message>
         <source>Акцію призначено: %1. Ціни цих товарів зміняться одразу після збереження.</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion is assigned: %1. The prices of these goods change as soon as it is saved.</translation>
     </message>
     <message>
         <source>Зберегти</source>
-        <translation type="unfinished"></translation>
+        <translation>Save</translation>
     </message>
     <message>
         <source>Повернутись до редагування</source>
-        <translation type="unfinished"></translation>
+        <translation>Back to editing</translation>
     </message>
 </context>
 <context>
@@ -3211,59 +3943,59 @@ change of percentages</translation>
     <name>QAddEdtUsers</name>
     <message>
         <source>&amp;Логін:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Login:</translation>
     </message>
     <message>
         <source>&amp;Прізвище:</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;urname:</translation>
     </message>
     <message>
         <source>&amp;Ім&apos;я:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;First name:</translation>
     </message>
     <message>
         <source>По &amp;батькові:</source>
-        <translation type="unfinished"></translation>
+        <translation>Patrony&amp;mic:</translation>
     </message>
     <message>
         <source>&amp;Телефон:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Telephone:</translation>
     </message>
     <message>
         <source>0441234501</source>
-        <translation type="unfinished">0441234501</translation>
+        <translation>0441234501</translation>
     </message>
     <message>
         <source>Па&amp;роль:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Password:</translation>
     </message>
     <message>
         <source>Пароль &amp;ще раз:</source>
-        <translation type="unfinished"></translation>
+        <translation>Password a&amp;gain:</translation>
     </message>
     <message>
         <source>Гр&amp;упа прав:</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission g&amp;roup:</translation>
     </message>
     <message>
         <source>Група &amp;магазинів:</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop gr&amp;oup:</translation>
     </message>
     <message>
         <source>М&amp;агазин:</source>
-        <translation type="unfinished"></translation>
+        <translation>S&amp;hop:</translation>
     </message>
     <message>
         <source>&amp;Ключ картки:</source>
-        <translation type="unfinished"></translation>
+        <translation>Card &amp;key:</translation>
     </message>
     <message>
         <source>Запропо&amp;нувати</source>
-        <translation type="unfinished"></translation>
+        <translation>Sugg&amp;est</translation>
     </message>
     <message>
         <source>Наступний вільний ключ</source>
-        <translation type="unfinished"></translation>
+        <translation>The next free key</translation>
     </message>
     <message>
         <source>&amp;Зберегти</source>
@@ -3275,79 +4007,83 @@ change of percentages</translation>
     </message>
     <message>
         <source>приховано</source>
-        <translation type="unfinished"></translation>
+        <translation>hidden</translation>
     </message>
     <message>
         <source>без змін</source>
-        <translation type="unfinished"></translation>
+        <translation>unchanged</translation>
     </message>
     <message>
         <source>без магазину</source>
-        <translation type="unfinished"></translation>
+        <translation>no shop</translation>
     </message>
     <message>
         <source>Картка: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Card: %1</translation>
     </message>
     <message>
         <source>Логін не може бути порожнім!</source>
-        <translation type="unfinished"></translation>
+        <translation>The login must not be empty!</translation>
     </message>
     <message>
         <source>Впишіть прізвище та ім&apos;я: за ними людину впізнають у чеках і звітах.</source>
-        <translation type="unfinished"></translation>
+        <translation>Enter surname and first name: by them people are known in receipts and reports.</translation>
     </message>
     <message>
         <source>Виберіть групу прав: вона вирішує, що користувач може бачити і змінювати.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose a permission group: it decides what the user may see and change.</translation>
     </message>
     <message>
         <source>Виберіть групу магазинів.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose a shop group.</translation>
     </message>
     <message>
         <source>Телефон повинен складатися з десяти цифр, наприклад 0441234501, або бути порожнім.</source>
-        <translation type="unfinished"></translation>
+        <translation>The telephone must have ten digits, for example 0441234501, or be empty.</translation>
     </message>
     <message>
         <source>Паролі не співпадають! Впишіть той самий пароль двічі.</source>
-        <translation type="unfinished"></translation>
+        <translation>The passwords differ! Enter the same password twice.</translation>
     </message>
     <message>
         <source>Новому користувачу потрібен пароль: впишіть його двічі.</source>
-        <translation type="unfinished"></translation>
+        <translation>A new user needs a password: enter it twice.</translation>
     </message>
     <message>
         <source>Кнопка «Запропонувати» дає вільний ключ.</source>
-        <translation type="unfinished"></translation>
+        <translation>The button “Suggest” gives a free key.</translation>
     </message>
     <message>
         <source>Такий логін вже має інший користувач!</source>
-        <translation type="unfinished"></translation>
+        <translation>Another user has this login already!</translation>
     </message>
     <message>
         <source>Такий ключ вже має інший користувач! Кнопка «Запропонувати» дає вільний.</source>
-        <translation type="unfinished"></translation>
+        <translation>Another user has this key already! The button “Suggest” gives a free one.</translation>
     </message>
     <message>
         <source>новий</source>
-        <translation type="unfinished"></translation>
+        <translation>new</translation>
     </message>
     <message>
         <source>Забрати право в себе?</source>
-        <translation type="unfinished"></translation>
+        <translation>Take away your own right?</translation>
     </message>
     <message>
         <source>Це ваш власний запис. У групі прав «%1» користувачів не змінюють: після збереження ви вже не зможете повернути собі це право.</source>
-        <translation type="unfinished"></translation>
+        <translation>This is your own record. The permission group “%1” may not change users: once it is saved you cannot give yourself that right back.</translation>
     </message>
     <message>
         <source>Забрати право в себе</source>
-        <translation type="unfinished"></translation>
+        <translation>Take away my right</translation>
     </message>
     <message>
         <source>Продовжити редагування</source>
         <translation>Go on editing</translation>
+    </message>
+    <message>
+        <source>Ця група не дає входу: користувач не ввійде.</source>
+        <translation>This group gives no entry: the user will not get in.</translation>
     </message>
 </context>
 <context>
@@ -3507,6 +4243,39 @@ change of percentages</translation>
     <message>
         <source>діаграма</source>
         <translation>chart</translation>
+    </message>
+</context>
+<context>
+    <name>QCancelInvoice</name>
+    <message>
+        <source>Скасування передачі</source>
+        <translation>Cancelling a transfer</translation>
+    </message>
+    <message>
+        <source>При&amp;чина:</source>
+        <translation>&amp;Reason:</translation>
+    </message>
+    <message>
+        <source>&amp;Повернути в:</source>
+        <translation>&amp;Put back into:</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати передачу</source>
+        <translation>&amp;Cancel the transfer</translation>
+    </message>
+    <message>
+        <source>&amp;Залишити в дорозі</source>
+        <translation>&amp;Leave it on the way</translation>
+    </message>
+    <message>
+        <source>Накладна № %1 ще в дорозі: %2.
+Після скасування товар повертається на залишок відправника, і прийняти накладну вже не можна.</source>
+        <translation>Invoice No. %1 is still on the way: %2.
+Once cancelled, the goods are back in the sender&apos;s stock and the invoice cannot be accepted any more.</translation>
+    </message>
+    <message>
+        <source>Напишіть одержувачу, чому передачу скасовано.</source>
+        <translation>Write to the receiver why the transfer is cancelled.</translation>
     </message>
 </context>
 <context>
@@ -4283,10 +5052,400 @@ Restart the program!</translation>
     </message>
 </context>
 <context>
+    <name>QManAction</name>
+    <message>
+        <source>А&amp;кція:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Група товарів:</source>
+        <translation>&amp;Goods group:</translation>
+    </message>
+    <message>
+        <source>&amp;Мають акцію:</source>
+        <translation>Have the promotio&amp;n:</translation>
+    </message>
+    <message>
+        <source>Мага&amp;зини:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Назва або код товару</source>
+        <translation>Name or code of an item</translation>
+    </message>
+    <message>
+        <source>С&amp;писок штрихкодів…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Пріоритет &amp;ціни:</source>
+        <translation>&amp;Price priority:</translation>
+    </message>
+    <message>
+        <source>П&amp;ереглянути</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Стоп</source>
+        <translation>&amp;Stop</translation>
+    </message>
+    <message>
+        <source>При&amp;значити акцію</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>знижка %1 %</source>
+        <translation>discount %1 %</translation>
+    </message>
+    <message>
+        <source>%1; не діє ніколи: %2</source>
+        <translation>%1; never in force: %2</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Назва товару</source>
+        <translation>Name of the goods item</translation>
+    </message>
+    <message>
+        <source>Ціна без акції</source>
+        <translation>Price without promotion</translation>
+    </message>
+    <message>
+        <source>Має акцію</source>
+        <translation>Has the promotion</translation>
+    </message>
+    <message>
+        <source>Ціна зараз</source>
+        <translation>Price now</translation>
+    </message>
+    <message>
+        <source>Ціна з вибраною</source>
+        <translation>Price with the chosen one</translation>
+    </message>
+    <message>
+        <source>Що буде</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Виберіть акцію, товари й магазини та натисніть «Переглянути».</source>
+        <translation>Choose a promotion, goods and shops, and press “Preview”.</translation>
+    </message>
+    <message>
+        <source>Виберіть акцію</source>
+        <translation>Choose a promotion</translation>
+    </message>
+    <message>
+        <source>Будь-яку або жодної</source>
+        <translation>Any or none</translation>
+    </message>
+    <message>
+        <source>Усі групи товарів</source>
+        <translation>All goods groups</translation>
+    </message>
+    <message>
+        <source>Усі магазини</source>
+        <translation>All shops</translation>
+    </message>
+    <message>
+        <source>Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп».</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Акції буде знято з вибраних товарів.</source>
+        <translation>Promotions will be taken off the chosen goods.</translation>
+    </message>
+    <message>
+        <source>Цю акцію вже видалив хтось інший.</source>
+        <translation>Somebody else has deleted this promotion already.</translation>
+    </message>
+    <message>
+        <source>Лише зі списку: %1</source>
+        <translation>Only of the list: %1</translation>
+    </message>
+    <message>
+        <source>(рядків без штрихкоду: %1)</source>
+        <translation>(lines without a barcode: %1)</translation>
+    </message>
+    <message>
+        <source>Умови змінено: натисніть «Переглянути» ще раз.</source>
+        <translation>The conditions have changed: press “Preview” once more.</translation>
+    </message>
+    <message>
+        <source>Виберіть акцію. Щоб зняти акцію з товарів, виберіть «Без акції».</source>
+        <translation>Choose a promotion. To take promotions off goods, choose “Без акції”.</translation>
+    </message>
+    <message>
+        <source>Виберіть хоча б один магазин.</source>
+        <translation>Choose at least one shop.</translation>
+    </message>
+    <message>
+        <source>Перегляд акції %1</source>
+        <translation>Preview of the promotion %1</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Акція: %1</source>
+        <translation>Promotion: %1</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не знайдено.</source>
+        <translation>Nothing matches these conditions.</translation>
+    </message>
+    <message>
+        <source>У вас є право лише переглядати: призначати акції ви не можете.</source>
+        <translation>You may only look here: you cannot assign promotions.</translation>
+    </message>
+    <message>
+        <source>Спершу натисніть «Переглянути».</source>
+        <translation>Press “Preview” first.</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не зміниться.</source>
+        <translation>Under these conditions nothing will change.</translation>
+    </message>
+    <message>
+        <source>Товарів: %1, магазинів: %2, разом цін: %3.</source>
+        <translation>Goods: %1, shops: %2, prices in all: %3.</translation>
+    </message>
+    <message>
+        <source>Зняти акції з показаних товарів?
+%1
+Без знижки вони продаватимуться одразу.</source>
+        <translation>Take promotions off the goods shown?
+%1
+They will be sold without a discount at once.</translation>
+    </message>
+    <message>
+        <source>Призначити акцію «%1»?
+%2
+Акція не діє ніколи: %3</source>
+        <translation>Assign the promotion “%1”?
+%2
+It is never in force: %3</translation>
+    </message>
+    <message>
+        <source>Призначити акцію «%1»?
+%2
+Стан акції: %3. Акції, які ці товари мають зараз, буде замінено.</source>
+        <translation>Assign the promotion “%1”?
+%2
+Its state: %3. It takes the place of the promotions that these goods have now.</translation>
+    </message>
+    <message>
+        <source>Управління акціями</source>
+        <translation>Promotion management</translation>
+    </message>
+    <message>
+        <source>Зняти</source>
+        <translation>Take off</translation>
+    </message>
+    <message>
+        <source>Призначити</source>
+        <translation>Assign</translation>
+    </message>
+    <message>
+        <source>Призначення акції %1</source>
+        <translation>Assigning the promotion %1</translation>
+    </message>
+    <message>
+        <source>Перегляд зупинено.</source>
+        <translation>The preview was stopped.</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
+    </message>
+    <message>
+        <source>З&amp;няти акції</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QManInvoices</name>
+    <message>
+        <source>Усі напрямки</source>
+        <translation>All directions</translation>
+    </message>
+    <message>
+        <source>Відправлені звідси</source>
+        <translation>Sent from here</translation>
+    </message>
+    <message>
+        <source>Надіслані сюди</source>
+        <translation>Sent to here</translation>
+    </message>
+    <message>
+        <source>Усі стани</source>
+        <translation>All states</translation>
+    </message>
+    <message>
+        <source>Передач між магазинами ще не було.</source>
+        <translation>There were no transfers between shops yet.</translation>
+    </message>
+    <message>
+        <source>Цю накладну вже закрито.</source>
+        <translation>This invoice is closed already.</translation>
+    </message>
+    <message>
+        <source>Товар приймає магазин-одержувач, а його серед ваших немає.</source>
+        <translation>The receiving shop accepts the goods, and it is none of yours.</translation>
+    </message>
+    <message>
+        <source>Передачу скасовує магазин-відправник, а його серед ваших немає.</source>
+        <translation>The sending shop cancels a transfer, and it is none of yours.</translation>
+    </message>
+    <message>
+        <source>Вікно закрито, а чи записано накладну, невідомо: зв&apos;язок обірвався під час запису. Перевірте накладну у списку.</source>
+        <translation>The window is closed, and it is not known whether the invoice was saved: the connection broke while saving. Check the invoice in the list.</translation>
+    </message>
+</context>
+<context>
+    <name>QManInvoicesFilter</name>
+    <message>
+        <source>&amp;Накладна №:</source>
+        <translation>Inv&amp;oice No.:</translation>
+    </message>
+    <message>
+        <source>Номер</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>Напрямок</source>
+        <translation>Direction</translation>
+    </message>
+    <message>
+        <source>Стан</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>&amp;Лише за дні:</source>
+        <translation>On&amp;ly days:</translation>
+    </message>
+    <message>
+        <source>Зупинити</source>
+        <translation>Stop</translation>
+    </message>
+</context>
+<context>
     <name>QMessDlg</name>
     <message>
         <source>Ні</source>
         <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>QPasteTable</name>
+    <message>
+        <source>Вставити таблицю</source>
+        <translation>Paste a table</translation>
+    </message>
+    <message>
+        <source>&amp;Таблиця: штрихкод і кількість (колонки через табуляцію або «;»)</source>
+        <translation>&amp;Table: barcode and quantity (columns separated by tabs or “;”)</translation>
+    </message>
+    <message>
+        <source>Скопіюйте дві колонки в таблиці та вставте сюди: Ctrl+V</source>
+        <translation>Copy two columns of a spreadsheet and paste them here: Ctrl+V</translation>
+    </message>
+    <message>
+        <source>Рядки таблиці</source>
+        <translation>Lines of the table</translation>
+    </message>
+    <message>
+        <source>Зберегти від&amp;мови…</source>
+        <translation>Save the refuse&amp;d…</translation>
+    </message>
+    <message>
+        <source>Файл CSV: номер запису, запис, причина</source>
+        <translation>CSV file: number of the record, record, reason</translation>
+    </message>
+    <message>
+        <source>Рядки, які не додаються</source>
+        <translation>Lines that are not added</translation>
+    </message>
+    <message>
+        <source>&amp;Додати</source>
+        <translation>&amp;Add</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Зберегти файл</source>
+        <translation>Save file</translation>
+    </message>
+    <message>
+        <source>csv (*.csv)</source>
+        <translation>csv (*.csv)</translation>
+    </message>
+    <message>
+        <source>Рядок</source>
+        <translation>Line</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Кількість</source>
+        <translation>Quantity</translation>
+    </message>
+    <message>
+        <source>Товар</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>Що буде</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Рядок таблиці</source>
+        <translation>Line of the table</translation>
+    </message>
+    <message>
+        <source>Перевіряється…</source>
+        <translation>Checking…</translation>
+    </message>
+    <message>
+        <source>Рядки, які не додаються: %1</source>
+        <translation>Lines that are not added: %1</translation>
+    </message>
+    <message>
+        <source>Рядків: %1, додається: %2.</source>
+        <translation>Lines: %1, added: %2.</translation>
+    </message>
+    <message>
+        <source>Рядків, які не додаються: %1 з %2. Їх можна зберегти у файл.
+Додати решту?</source>
+        <translation>Lines that are not added: %1 of %2. They can be saved to a file.
+Add the rest?</translation>
+    </message>
+    <message>
+        <source>Додати решту</source>
+        <translation>Add the rest</translation>
+    </message>
+    <message>
+        <source>таблиця – відмови.csv</source>
+        <translation>table – refused.csv</translation>
     </message>
 </context>
 <context>
@@ -4749,6 +5908,18 @@ Restart the program!</translation>
         <source>Магазин зайнятий!</source>
         <translation>The shop is busy!</translation>
     </message>
+    <message>
+        <source>Код «%1» ще не в документі. Натисніть Enter, щоб додати товар, або очистіть поле.</source>
+        <translation>The code “%1” is not in the document yet. Press Enter to add the item, or clear the field.</translation>
+    </message>
+    <message>
+        <source>Магазин ще не вибрано.</source>
+        <translation>No shop is chosen yet.</translation>
+    </message>
+    <message>
+        <source>%1 № %2: позицій %3, кількість %4</source>
+        <translation>%1 No. %2: items %3, quantity %4</translation>
+    </message>
 </context>
 <context>
     <name>QSelUser</name>
@@ -4937,11 +6108,11 @@ Restart the program!</translation>
     <name>QTabActions</name>
     <message>
         <source>«Без акції» потрібна самим програмам: її мають товари, на які акції немає. Змінити або видалити її не можна.</source>
-        <translation type="unfinished"></translation>
+        <translation>“Без акції” belongs to the programs: goods without a promotion have it. It cannot be changed or deleted.</translation>
     </message>
     <message>
         <source>без знижки</source>
-        <translation type="unfinished"></translation>
+        <translation>no discount</translation>
     </message>
     <message>
         <source>Назва</source>
@@ -4949,7 +6120,7 @@ Restart the program!</translation>
     </message>
     <message>
         <source>Тип</source>
-        <translation type="unfinished"></translation>
+        <translation>Type</translation>
     </message>
     <message>
         <source>Знижка, %</source>
@@ -4957,35 +6128,35 @@ Restart the program!</translation>
     </message>
     <message>
         <source>Початок</source>
-        <translation type="unfinished"></translation>
+        <translation>First day</translation>
     </message>
     <message>
         <source>Закінчення</source>
-        <translation type="unfinished"></translation>
+        <translation>Last day</translation>
     </message>
     <message>
         <source>Щоденні години</source>
-        <translation type="unfinished"></translation>
+        <translation>Daily hours</translation>
     </message>
     <message>
         <source>Дні тижня</source>
-        <translation type="unfinished"></translation>
+        <translation>Days of the week</translation>
     </message>
     <message>
         <source>Стан</source>
-        <translation type="unfinished"></translation>
+        <translation>State</translation>
     </message>
     <message>
         <source>Товарів</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods</translation>
     </message>
     <message>
         <source>Магазинів</source>
-        <translation type="unfinished"></translation>
+        <translation>Shops</translation>
     </message>
     <message>
         <source>Назва або тип</source>
-        <translation type="unfinished"></translation>
+        <translation>Name or type</translation>
     </message>
     <message>
         <source>Попередження.</source>
@@ -4993,23 +6164,23 @@ Restart the program!</translation>
     </message>
     <message>
         <source>Виберіть у списку акцію, яку треба видалити.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose in the list the promotion that is to be deleted.</translation>
     </message>
     <message>
         <source>Видалення акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Deleting a promotion</translation>
     </message>
     <message>
         <source>Видалити акцію «%1»? Повернути її буде не можна.</source>
-        <translation type="unfinished"></translation>
+        <translation>Delete the promotion “%1”? It cannot be brought back.</translation>
     </message>
     <message>
         <source>Видалити</source>
-        <translation type="unfinished"></translation>
+        <translation>Delete</translation>
     </message>
     <message>
         <source>Акцію «%1» видалено.</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion “%1” was deleted.</translation>
     </message>
     <message>
         <source>Акцію «%1» видалити не можна: її призначено (%2).
@@ -5017,15 +6188,19 @@ Restart the program!</translation>
 %3
 
 Спершу зніміть її з товарів у вкладці &quot;Управління акціями&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>The promotion “%1” cannot be deleted: it is assigned (%2).
+
+%3
+
+Take it off the goods in “Promotion management” first.</translation>
     </message>
     <message>
         <source>Цю акцію вже видалив хтось інший.</source>
-        <translation type="unfinished"></translation>
+        <translation>Somebody else has deleted this promotion already.</translation>
     </message>
     <message>
         <source>Поки ви вирішували, акцію змінив хтось інший. Її не видалено: перегляньте її ще раз.</source>
-        <translation type="unfinished"></translation>
+        <translation>While you decided, somebody else has changed the promotion. It was not deleted: look at it once more.</translation>
     </message>
 </context>
 <context>
@@ -5257,6 +6432,10 @@ Restart the program!</translation>
         <source>Гр&amp;упувати по коду</source>
         <translation>Group by &amp;code</translation>
     </message>
+    <message>
+        <source>&amp;Чому така ціна</source>
+        <translation>&amp;Why this price</translation>
+    </message>
 </context>
 <context>
     <name>QTabGoodsShops</name>
@@ -5298,6 +6477,29 @@ Restart the program!</translation>
     <message>
         <source>Назва товару або магазину</source>
         <translation>Name of a goods item or a shop</translation>
+    </message>
+    <message>
+        <source>&amp;Чому така ціна</source>
+        <translation>&amp;Why this price</translation>
+    </message>
+</context>
+<context>
+    <name>QTabGroup_Shops</name>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>Показати &amp;нам</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Не &amp;зараз</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Нових груп магазинів (%1) ще ніхто не бачить. Показати їх вашій групі прав?</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -5638,11 +6840,11 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <name>QTabUsers</name>
     <message>
         <source>дозволено</source>
-        <translation type="unfinished"></translation>
+        <translation>allowed</translation>
     </message>
     <message>
         <source>закрито</source>
-        <translation type="unfinished"></translation>
+        <translation>closed</translation>
     </message>
     <message>
         <source>Код</source>
@@ -5650,11 +6852,11 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>Логін</source>
-        <translation type="unfinished"></translation>
+        <translation>Login</translation>
     </message>
     <message>
         <source>Прізвище</source>
-        <translation type="unfinished"></translation>
+        <translation>Surname</translation>
     </message>
     <message>
         <source>Ім&apos;я</source>
@@ -5662,15 +6864,15 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>По батькові</source>
-        <translation type="unfinished"></translation>
+        <translation>Patronymic</translation>
     </message>
     <message>
         <source>Група прав</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission group</translation>
     </message>
     <message>
         <source>Вхід</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry</translation>
     </message>
     <message>
         <source>Телефон</source>
@@ -5686,31 +6888,31 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>Ключ картки</source>
-        <translation type="unfinished"></translation>
+        <translation>Card key</translation>
     </message>
     <message>
         <source>Усі</source>
-        <translation type="unfinished"></translation>
+        <translation>All</translation>
     </message>
     <message>
         <source>Вхід дозволено</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry allowed</translation>
     </message>
     <message>
         <source>Вхід закрито</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry closed</translation>
     </message>
     <message>
         <source>&amp;Друкувати…</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Print…</translation>
     </message>
     <message>
         <source>Зберегти в &amp;PDF…</source>
-        <translation type="unfinished"></translation>
+        <translation>Save as P&amp;DF…</translation>
     </message>
     <message>
         <source>Група прав не дає входу до бекофісу.</source>
-        <translation type="unfinished"></translation>
+        <translation>The permission group gives no entry to the back office.</translation>
     </message>
     <message>
         <source>Попередження.</source>
@@ -5720,11 +6922,13 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
         <source>Без картки лишаються:
 %1
 Відкрийте запис і дайте новий ключ кнопкою «Запропонувати».</source>
-        <translation type="unfinished"></translation>
+        <translation>These remain without a card:
+%1
+Open the record and give a new key by the button “Suggest”.</translation>
     </message>
     <message>
         <source>Виберіть у списку, чиї картки потрібні.</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose in the list whose cards are needed.</translation>
     </message>
     <message>
         <source>Картка</source>
@@ -5732,18 +6936,18 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>Картки</source>
-        <translation type="unfinished"></translation>
+        <translation>Cards</translation>
     </message>
 </context>
 <context>
     <name>QTabUsersFilter</name>
     <message>
         <source>&amp;Група прав:</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission &amp;group:</translation>
     </message>
     <message>
         <source>&amp;Вхід:</source>
-        <translation type="unfinished"></translation>
+        <translation>E&amp;ntry:</translation>
     </message>
     <message>
         <source>По&amp;шук:</source>
@@ -5751,15 +6955,15 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>логін, ім&apos;я, телефон</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Картка</source>
-        <translation type="unfinished"></translation>
+        <translation>login, name, telephone</translation>
     </message>
     <message>
         <source>Картки вибраних користувачів</source>
-        <translation type="unfinished"></translation>
+        <translation>The cards of the selected users</translation>
+    </message>
+    <message>
+        <source>Ка&amp;ртка</source>
+        <translation>&amp;Card</translation>
     </message>
 </context>
 <context>
@@ -5908,6 +7112,101 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
 </context>
 <context>
+    <name>QWhyPrice</name>
+    <message>
+        <source>Чому така ціна</source>
+        <translation>Why this price</translation>
+    </message>
+    <message>
+        <source>Товар</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>&amp;Дата і час:</source>
+        <translation>&amp;Date and time:</translation>
+    </message>
+    <message>
+        <source>Пріоритет &amp;ціни:</source>
+        <translation>&amp;Price priority:</translation>
+    </message>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Акція</source>
+        <translation>Promotion</translation>
+    </message>
+    <message>
+        <source>Ціни товару за чергою</source>
+        <translation>Prices of the item in their order</translation>
+    </message>
+    <message>
+        <source>Примітки</source>
+        <translation>Notes</translation>
+    </message>
+    <message>
+        <source>&amp;Оновити</source>
+        <translation>&amp;Refresh</translation>
+    </message>
+    <message>
+        <source>F5</source>
+        <translation>F5</translation>
+    </message>
+    <message>
+        <source>&amp;Копіювати</source>
+        <translation>&amp;Copy</translation>
+    </message>
+    <message>
+        <source>Усе, що показано, як текст (Ctrl+C у таблиці)</source>
+        <translation>All that is shown, as text (Ctrl+C in the table)</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
+    </message>
+    <message>
+        <source>Звідки ціна</source>
+        <translation>Where the price comes from</translation>
+    </message>
+    <message>
+        <source>Пріоритет</source>
+        <translation>Priority</translation>
+    </message>
+    <message>
+        <source>Чому</source>
+        <translation>Why</translation>
+    </message>
+    <message>
+        <source>Магазини не прочитано: сервер не відповів. Натисніть «Оновити» (F5).</source>
+        <translation>The shops were not read: the server did not answer. Press “Refresh” (F5).</translation>
+    </message>
+    <message>
+        <source>Магазин № %1</source>
+        <translation>Shop No. %1</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Не прочитано: сервер не відповів. Натисніть «Оновити» (F5).</source>
+        <translation>Not read: the server did not answer. Press “Refresh” (F5).</translation>
+    </message>
+    <message>
+        <source>Товару № %1 вже немає.</source>
+        <translation>Item No. %1 is gone.</translation>
+    </message>
+    <message>
+        <source>%1 (код %2)</source>
+        <translation>%1 (code %2)</translation>
+    </message>
+</context>
+<context>
     <name>QZReport</name>
     <message>
         <source>&amp;ліміт</source>
@@ -6025,7 +7324,7 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <name>QuantityGrid</name>
     <message>
         <source>«%1» не є кількістю.</source>
-        <translation type="unfinished">“%1” is not a quantity.</translation>
+        <translation>“%1” is not a quantity.</translation>
     </message>
 </context>
 <context>
@@ -6279,7 +7578,7 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>без дати</source>
-        <translation type="unfinished"></translation>
+        <translation>no date</translation>
     </message>
 </context>
 <context>
@@ -6338,7 +7637,7 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     <name>RightsGuard</name>
     <message>
         <source>Після цього не лишилося б жодного користувача, який може увійти і має повний дозвіл на користувачів та групи прав: ніхто вже не зміг би дати доступ. Нічого не збережено. Спершу дайте ці права іншому користувачу.</source>
-        <translation type="unfinished"></translation>
+        <translation>After this nobody would be left who can log in and has full right to users and permission groups: nobody could give access any more. Nothing was saved. Give these rights to another user first.</translation>
     </message>
 </context>
 <context>
@@ -6473,16 +7772,6 @@ Clear it?</translation>
         <translation>Date of the receipt</translation>
     </message>
     <message>
-        <source>Сьогодні %1, а вибрано дату %2.
-Записати цією датою?</source>
-        <translation>Today is %1, the chosen date is %2.
-Write with that date?</translation>
-    </message>
-    <message>
-        <source>Записати %1</source>
-        <translation>Write %1</translation>
-    </message>
-    <message>
         <source>Товари змінились</source>
         <translation>The goods have changed</translation>
     </message>
@@ -6527,6 +7816,16 @@ Write with that date?</translation>
     <message>
         <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
         <translation>View only: selling needs full permission.</translation>
+    </message>
+    <message>
+        <source>Сьогодні %1, а вибрано дату %2.
+Записати цією датою?</source>
+        <translation>Today is %1, the chosen date is %2.
+Write with that date?</translation>
+    </message>
+    <message>
+        <source>Записати %1</source>
+        <translation>Write %1</translation>
     </message>
 </context>
 <context>
@@ -6674,6 +7973,18 @@ Create the tables?</translation>
     <message>
         <source>Нові налаштування бази почнуть діяти, коли закінчиться завдання «%1» і ви увійдете знову.</source>
         <translation>The new database settings take effect when “%1” is over and you have logged in again.</translation>
+    </message>
+    <message>
+        <source>У вас більше немає доступу до бекофісу: його забрали, поки ви працювали.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Вас перевели до групи прав &quot;%1&quot;. Меню і вкладки тепер за її правами.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ваші права змінено: меню і вкладки тепер за новими.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -7025,6 +8336,14 @@ before its last day!</translation>
         <source>Д</source>
         <translation>D</translation>
     </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
 </context>
 <context>
     <name>SlipPrint</name>
@@ -7050,6 +8369,302 @@ before its last day!</translation>
     <message>
         <source>Читається…</source>
         <translation>Reading…</translation>
+    </message>
+</context>
+<context>
+    <name>StockDesk</name>
+    <message>
+        <source>Продаж F6</source>
+        <translation>Sale F6</translation>
+    </message>
+    <message>
+        <source>Очистити документ?</source>
+        <translation>Clear the document?</translation>
+    </message>
+    <message>
+        <source>%1: у документі є товари (%2), його ще не записано.
+Очистити його?</source>
+        <translation>%1: there are goods in the document (%2), it is not written yet.
+Clear it?</translation>
+    </message>
+    <message>
+        <source>Очистити</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Документ</source>
+        <translation>Document</translation>
+    </message>
+    <message>
+        <source>Залишити його так? Тоді перевірте документ у звіті «Чеки».</source>
+        <translation>Leave it so? Then check the document in the report “Receipts”.</translation>
+    </message>
+    <message>
+        <source>Залишити</source>
+        <translation>Leave it</translation>
+    </message>
+</context>
+<context>
+    <name>StockDocument</name>
+    <message>
+        <source>Кількість не може бути нулем. Рядок прибирає Delete.</source>
+        <translation>The quantity cannot be zero. Delete removes the row.</translation>
+    </message>
+    <message>
+        <source>Кількість повинна бути більша за нуль.</source>
+        <translation>The quantity must be greater than zero.</translation>
+    </message>
+    <message>
+        <source>Кількість завелика: більше ніж %1 не вміщується.</source>
+        <translation>The quantity is too large: more than %1 does not fit.</translation>
+    </message>
+    <message>
+        <source>Кількість штучного товару — ціле число.</source>
+        <translation>The quantity of an item sold by the piece is a whole number.</translation>
+    </message>
+</context>
+<context>
+    <name>StockMode</name>
+    <message>
+        <source>При&amp;йом F7</source>
+        <translation>&amp;Receive F7</translation>
+    </message>
+    <message>
+        <source>Прийом</source>
+        <translation>Receipt of goods</translation>
+    </message>
+    <message>
+        <source>Прийняти на:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>Прийняти F9</source>
+        <translation>Receive F9</translation>
+    </message>
+    <message>
+        <source>Документ порожній. Скануйте товар, знайдіть його та натисніть Enter або вставте таблицю.</source>
+        <translation>The document is empty. Scan an item, find it and press Enter, or paste a table.</translation>
+    </message>
+    <message>
+        <source>Перемі&amp;щення F8</source>
+        <translation>&amp;Move F8</translation>
+    </message>
+    <message>
+        <source>Переміщення</source>
+        <translation>Movement</translation>
+    </message>
+    <message>
+        <source>Перемістити:</source>
+        <translation>Move:</translation>
+    </message>
+    <message>
+        <source>склад → зал</source>
+        <translation>store room → floor</translation>
+    </message>
+    <message>
+        <source>зал → склад</source>
+        <translation>floor → store room</translation>
+    </message>
+    <message>
+        <source>Перемістити F9</source>
+        <translation>Move F9</translation>
+    </message>
+</context>
+<context>
+    <name>StockModel</name>
+    <message>
+        <source>код</source>
+        <translation>code</translation>
+    </message>
+    <message>
+        <source>штрихкод</source>
+        <translation>barcode</translation>
+    </message>
+    <message>
+        <source>назва</source>
+        <translation>name</translation>
+    </message>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>кількість</source>
+        <translation>quantity</translation>
+    </message>
+    <message>
+        <source>зауваження</source>
+        <translation>remark</translation>
+    </message>
+    <message>
+        <source>введіть кількість</source>
+        <translation>enter the quantity</translation>
+    </message>
+    <message>
+        <source>%1 лише %2</source>
+        <translation>%1 only %2</translation>
+    </message>
+    <message>
+        <source>повернення або списання</source>
+        <translation>return or write-off</translation>
+    </message>
+</context>
+<context>
+    <name>StockPane</name>
+    <message>
+        <source>Ctrl+V</source>
+        <translation>Ctrl+V</translation>
+    </message>
+    <message>
+        <source>Вставити таб&amp;лицю…</source>
+        <translation>&amp;Paste table…</translation>
+    </message>
+    <message>
+        <source>Видалити р&amp;ядок</source>
+        <translation>Remove ro&amp;w</translation>
+    </message>
+    <message>
+        <source>О&amp;чистити документ</source>
+        <translation>&amp;Clear document</translation>
+    </message>
+    <message>
+        <source>+ − * кількість (менша за нуль: повернення або списання), Delete прибрати рядок, Ctrl+V таблиця, F9 записати, Esc очистити</source>
+        <translation>+ − * quantity (below zero: return or write-off), Delete removes the row, Ctrl+V table, F9 writes, Esc clears</translation>
+    </message>
+    <message>
+        <source>+ − * кількість, Delete прибрати рядок, Ctrl+V таблиця, F9 записати, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, Ctrl+V table, F9 writes, Esc clears</translation>
+    </message>
+    <message>
+        <source>Позицій: %1, кількість: %2</source>
+        <translation>Items: %1, quantity: %2</translation>
+    </message>
+</context>
+<context>
+    <name>StockPlace</name>
+    <message>
+        <source>зал</source>
+        <translation>floor</translation>
+    </message>
+    <message>
+        <source>склад</source>
+        <translation>stock</translation>
+    </message>
+    <message>
+        <source>у залі</source>
+        <translation>on the floor</translation>
+    </message>
+    <message>
+        <source>на складі</source>
+        <translation>in the store room</translation>
+    </message>
+</context>
+<context>
+    <name>StockWriter</name>
+    <message>
+        <source>«%1»: %2 %3, треба %4</source>
+        <translation>“%1”: %2 %3, wanted %4</translation>
+    </message>
+    <message>
+        <source>… і ще %1</source>
+        <translation>… and %1 more</translation>
+    </message>
+    <message>
+        <source>«%1»: залишок %2 не вмістить стільки. Перевірте кількість.</source>
+        <translation>“%1”: the stock %2 cannot hold that much. Check the quantity.</translation>
+    </message>
+    <message>
+        <source>Товару не вистачає:</source>
+        <translation>There is not enough:</translation>
+    </message>
+    <message>
+        <source>З даним магазином працює інший користувач.
+Зачекайте або зв&apos;яжіться з пітримкою.</source>
+        <translation>Another user is working with this shop.
+Wait or contact support.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 щойно закрила інша програма. Документ не записано. Запишіть його ще раз: він відкриє нову зміну.</source>
+        <translation>Another program has just closed shift No. %1. The document was not written. Write it again: it will open a new shift.</translation>
+    </message>
+    <message>
+        <source>Документ з таким номером щойно записала інша програма на цій касі. Документ не записано. Запишіть його ще раз.</source>
+        <translation>Another program has just written a document of that number on this register. The document was not written. Write it again.</translation>
+    </message>
+    <message>
+        <source>Залишки зараз записує інша програма. Документ не записано. Запишіть його ще раз.</source>
+        <translation>Another program is writing to the stock now. The document was not written. Write it again.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису документа № %1 і невідомо, чи його записано. Перед новим записом програма запитає сервер ще раз.</source>
+        <translation>The connection broke while document No. %1 was being written, and it is not known whether it was. Before the next writing the program will ask the server once more.</translation>
+    </message>
+    <message>
+        <source>Документ не записано. Запишіть його ще раз.</source>
+        <translation>The document was not written. Write it again.</translation>
+    </message>
+</context>
+<context>
+    <name>StockWriting</name>
+    <message>
+        <source>Магазини й каси ще читаються. Запишіть документ ще раз.</source>
+        <translation>Shops and registers are still being read. Write the document again.</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин і касу.</source>
+        <translation>Choose a shop and a cash register.</translation>
+    </message>
+    <message>
+        <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
+        <translation>The shop or the cash register is blocked: only closing the shift is possible here.</translation>
+    </message>
+    <message>
+        <source>У документі немає товарів.</source>
+        <translation>There are no goods in the document.</translation>
+    </message>
+    <message>
+        <source>Не всі кількості введено. Введіть кількість виділеного товару або видаліть рядок.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Дата документа</source>
+        <translation>Date of the document</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>Залишок стане меншим за нуль</source>
+        <translation>The stock will fall below zero</translation>
+    </message>
+    <message>
+        <source>Записати документ усе одно?</source>
+        <translation>Write the document all the same?</translation>
+    </message>
+    <message>
+        <source>Записати</source>
+        <translation>Write</translation>
+    </message>
+    <message>
+        <source>Магазин зайнятий!</source>
+        <translation>The shop is busy!</translation>
+    </message>
+    <message>
+        <source>Документ № %1: запитується сервер…</source>
+        <translation>Document No. %1: asking the server…</translation>
     </message>
 </context>
 <context>
@@ -7233,15 +8848,15 @@ The indexes can be removed in the same way.</translation>
     </message>
     <message>
         <source>Пароль не перевірено: сервер відповів помилкою.</source>
-        <translation type="unfinished"></translation>
+        <translation>The password was not checked: the server answered with an error.</translation>
     </message>
     <message>
         <source>Ключ не перевірено: сервер відповів помилкою.</source>
-        <translation type="unfinished"></translation>
+        <translation>The key was not checked: the server answered with an error.</translation>
     </message>
     <message>
         <source>Цей ключ використати не можна. Оберіть інший ключ.</source>
-        <translation type="unfinished"></translation>
+        <translation>This key cannot be used. Choose another key.</translation>
     </message>
     <message>
         <source>Помилка запиту</source>
@@ -7249,26 +8864,26 @@ The indexes can be removed in the same way.</translation>
     </message>
     <message>
         <source>Пароль</source>
-        <translation type="unfinished"></translation>
+        <translation>Password</translation>
     </message>
 </context>
 <context>
     <name>UserCard</name>
     <message>
         <source>Картки неможливі: префікс ідентифікації в налаштуваннях повинен складатися з трьох цифр.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cards are impossible: the identification prefix in the settings must have three digits.</translation>
     </message>
     <message>
         <source>Ключ повинен складатися з десяти цифр.</source>
-        <translation type="unfinished"></translation>
+        <translation>The key must have ten digits.</translation>
     </message>
     <message>
         <source>Картка з таким ключем не зчитається: остання цифра ключа має бути %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>A card of this key would not be read: the last digit of the key has to be %1.</translation>
     </message>
     <message>
         <source>Картка користувача</source>
-        <translation type="unfinished"></translation>
+        <translation>User card</translation>
     </message>
     <message>
         <source>Картка</source>
@@ -7661,12 +9276,114 @@ Cancel and leave?</translation>
         <source>Відкрити</source>
         <translation>Open</translation>
     </message>
+    <message>
+        <source>&amp;Передачі між магазинами</source>
+        <translation>&amp;Transfers between shops</translation>
+    </message>
 </context>
 <context>
     <name>WeekDaysEdit</name>
     <message>
         <source>записано: «%1»</source>
+        <translation>stored: “%1”</translation>
+    </message>
+</context>
+<context>
+    <name>WhyPrice</name>
+    <message>
+        <source>У цьому магазині товар не продається: його немає серед товарів магазину.</source>
+        <translation>The item is not sold in this shop: it is not among the goods of the shop.</translation>
+    </message>
+    <message>
+        <source>Товар заблоковано: продаж його не пропонує.</source>
+        <translation>The item is blocked: the sale does not offer it.</translation>
+    </message>
+    <message>
+        <source>Товар службової групи: продаж його не пропонує.</source>
+        <translation>The item is of a service group: the sale does not offer it.</translation>
+    </message>
+    <message>
+        <source>Товар з правилом «%1»: продаж його не пропонує.</source>
+        <translation>The item has the rule “%1”: the sale does not offer it.</translation>
+    </message>
+    <message>
+        <source>У чек товар узято за іншими умовами: ціна %1, знижка %2. Зміну буде названо перед оплатою.</source>
+        <translation>The receipt took the item on other terms: price %1, discount %2. The change will be told before the payment.</translation>
+    </message>
+    <message>
+        <source>діє</source>
+        <translation>in force</translation>
+    </message>
+    <message>
+        <source>не діє: її вид нічого не змінює в ціні</source>
         <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>не діє: ще не почалась</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>не діє: вже закінчилась</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>не діє: не ті години дня</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>не діє: не той день тижня</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Серед цін є такі, що мають період або день тижня: продаж на них не зважає.</source>
+        <translation>Some of the prices have a period or a day of the week: the sale does not look at those.</translation>
+    </message>
+    <message>
+        <source>Ціни немає: продати цей товар не можна.</source>
+        <translation>There is no price: this item cannot be sold.</translation>
+    </message>
+    <message>
+        <source>за штуку</source>
+        <translation>a piece</translation>
+    </message>
+    <message>
+        <source>за кілограм</source>
+        <translation>a kilogram</translation>
+    </message>
+    <message>
+        <source>Акції товару в цьому магазині не призначено.</source>
+        <translation>No promotion is assigned to the item in this shop.</translation>
+    </message>
+    <message>
+        <source>%1: %2. Її час: %3, %4, %5.</source>
+        <translation>%1: %2. Its time: %3, %4, %5.</translation>
+    </message>
+    <message>
+        <source>жодного дня тижня</source>
+        <translation>no day of the week</translation>
+    </message>
+    <message>
+        <source>%1 (код %2)</source>
+        <translation>%1 (code %2)</translation>
+    </message>
+    <message>
+        <source>%1, %2, пріоритет ціни %3</source>
+        <translation>%1, %2, price priority %3</translation>
+    </message>
+</context>
+<context>
+    <name>WhyPriceOffer</name>
+    <message>
+        <source>Чому така ціна</source>
+        <translation>Why this price</translation>
+    </message>
+    <message>
+        <source>Спершу виберіть товар у списку.</source>
+        <translation>Choose an item in the list first.</translation>
+    </message>
+    <message>
+        <source>Яка ціна товару діє в магазині й чому (%1)</source>
+        <translation>Which price of the item is in force in a shop, and why (%1)</translation>
     </message>
 </context>
 <context>
@@ -7715,11 +9432,11 @@ Cancel and leave?</translation>
     <name>qtabdevices</name>
     <message>
         <source>не вказано</source>
-        <translation type="unfinished"></translation>
+        <translation>not specified</translation>
     </message>
     <message>
         <source>Назва пристрою</source>
-        <translation type="unfinished"></translation>
+        <translation>Name of the device</translation>
     </message>
     <message>
         <source>Тип пристрою</source>
@@ -7731,7 +9448,7 @@ Cancel and leave?</translation>
     </message>
     <message>
         <source>назва або тип пристрою</source>
-        <translation type="unfinished"></translation>
+        <translation>name or type of the device</translation>
     </message>
 </context>
 <context>
