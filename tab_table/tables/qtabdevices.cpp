@@ -25,6 +25,11 @@ QString notSet()
     return qtabdevices::tr("не вказано");
 }
 
+bool takesBy(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab;
+}
+
 /// A line of which one of some texts is chosen: all of them stand below it in a list, what is typed narrows
 /// it.
 class ChoiceEdit : public QLineEdit
@@ -53,16 +58,25 @@ public:
         m_completer->complete();
     }
 
+    /// The current entry of the open list, else the first one that fits what was typed.
+    void takeOffered()
+    {
+        const QModelIndex current = m_completer->popup()->currentIndex();
+        if (m_completer->popup()->isVisible() && current.isValid())
+            setText(current.data().toString());
+        else if (isModified() && !text().trimmed().isEmpty() && m_completer->completionCount() > 0)
+            setText(m_completer->currentCompletion());
+    }
+
 protected:
     bool eventFilter(QObject *popup, QEvent *event) override
     {
         if (event->type() != QEvent::KeyPress)
             return QLineEdit::eventFilter(popup, event);
         const int key = static_cast<QKeyEvent *>(event)->key();
-        const bool takes = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab;
-        if (!takes && key != Qt::Key_Escape)
+        if (!takesBy(key) && key != Qt::Key_Escape)
             return false;
-        if (takes)
+        if (takesBy(key))
             takeOffered();
         m_completer->popup()->hide();
         // To whoever edits the cell: one key is enough.
@@ -71,16 +85,6 @@ protected:
     }
 
 private:
-    /// The current entry, else the first one that fits what is typed.
-    void takeOffered()
-    {
-        const QModelIndex current = m_completer->popup()->currentIndex();
-        if (current.isValid())
-            setText(current.data().toString());
-        else if (isModified() && !text().trimmed().isEmpty() && m_completer->completionCount() > 0)
-            setText(m_completer->currentCompletion());
-    }
-
     /// What was clicked on is chosen.
     void store()
     {
@@ -144,12 +148,17 @@ CellWriter QTabDevicesDelegate::writer() const
 
 bool QTabDevicesDelegate::eventFilter(QObject *editor, QEvent *event)
 {
-    auto *choice = dynamic_cast<ChoiceEdit *>(editor);
-    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event)->key() : 0;
-    if (choice == nullptr || isWriting() || (key != Qt::Key_Down && key != Qt::Key_F4))
-        return QTabDelegate::eventFilter(editor, event);
-    choice->offerAll();
-    return true;
+    auto *choice =
+        event->type() == QEvent::KeyPress && !isWriting() ? dynamic_cast<ChoiceEdit *>(editor) : nullptr;
+    const int key = choice != nullptr ? static_cast<QKeyEvent *>(event)->key() : 0;
+    if (key == Qt::Key_Down || key == Qt::Key_F4) {
+        choice->offerAll();
+        return true;
+    }
+    // Keys that were typed ahead come before the list is open.
+    if (choice != nullptr && takesBy(key))
+        choice->takeOffered();
+    return QTabDelegate::eventFilter(editor, event);
 }
 
 qtabdevices::qtabdevices(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,

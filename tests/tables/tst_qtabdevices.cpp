@@ -1,3 +1,4 @@
+#include "tcpproxy.h"
 #include "workplace.h"
 
 #include "qmessevent.h"
@@ -24,13 +25,14 @@ private slots:
     void chosenTypeIsStored_data();
     void chosenTypeIsStored();
     void newDeviceIsAskedForItsType();
+    void typedAheadOnASlowLine();
     void unknownTypeStaysInItsEditor();
     void changedMeanwhile();
     void takenNameIsTold();
     void viewerEditsNothing();
 
 private:
-    void open(int right = Permission::Full);
+    void open(int right = Permission::Full, QSqlDatabase *db = nullptr);
     QLineEdit *editor();
     QWidget *openCell(int row, DeviceColumn column);
     /// To the list of types while it is open, else to whatever has the focus.
@@ -60,12 +62,12 @@ void TstQTabDevices::cleanup()
     m_tab.reset();
 }
 
-void TstQTabDevices::open(int right)
+void TstQTabDevices::open(int right, QSqlDatabase *db)
 {
     m_tab.reset();
     m_place->logIn(Permission::Devices, right);
-    m_tab = std::make_unique<qtabdevices>(m_place->connection(), m_place->user(), &m_base->heard,
-                                          m_place->settings(), nullptr);
+    m_tab = std::make_unique<qtabdevices>(db != nullptr ? db : m_place->connection(), m_place->user(),
+                                          &m_base->heard, m_place->settings(), nullptr);
     m_tab->setPermission(Permission::Devices);
     m_tab->resize(700, 300);
     QVERIFY(showActive(m_tab.get()));
@@ -209,6 +211,29 @@ void TstQTabDevices::newDeviceIsAskedForItsType()
     QTRY_VERIFY(editor() != nullptr && editor()->objectName() == "editName");
     pressKeys({Qt::Key_Escape});
     QTRY_COMPARE(m_tab->model()->rowCount(), 5);
+}
+
+void TstQTabDevices::typedAheadOnASlowLine()
+{
+    TcpProxy proxy(testServer());
+    DatabaseAddress address = proxy.address();
+    address.name = m_base->address().name;
+    QSqlDatabase slow = addConnection("slow", address);
+    QVERIFY(slow.open());
+    open(Permission::Full, &slow);
+    proxy.setDelay(100);
+    m_tab->Add();
+    QTRY_VERIFY(editor() != nullptr && editor()->hasFocus());
+    typeText("Ваги");
+    pressKeys({Qt::Key_Return});
+    typeText("пк");
+    pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(stored().last(), QString("4|Ваги|1"));
+    QTRY_VERIFY(editor() == nullptr);
+    QCOMPARE(shown(3), QString("Ваги/ПК"));
+    QCOMPARE(m_base->heard.texts(), QStringList());
+    m_tab.reset();
+    slow = QSqlDatabase();
 }
 
 void TstQTabDevices::unknownTypeStaysInItsEditor()

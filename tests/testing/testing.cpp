@@ -461,3 +461,25 @@ QString textOfPdf(const QString &path)
     return QString::fromUtf8(reader.readAllStandardOutput())
         .remove(QRegularExpression(QStringLiteral("\\s")));
 }
+
+bool canReadBarcodes()
+{
+    return !QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty() &&
+           !QStandardPaths::findExecutable(QStringLiteral("zbarimg")).isEmpty();
+}
+
+QString barcodeOfPdf(const QString &path, int page)
+{
+    const QString number = QString::number(page);
+    const QString picture = path + number;
+    QProcess painter;
+    painter.start(QStringLiteral("pdftoppm"),
+                  {QStringLiteral("-r"), QStringLiteral("200"), QStringLiteral("-png"),
+                   QStringLiteral("-singlefile"), QStringLiteral("-f"), number, path, picture});
+    if (!painter.waitForFinished() || painter.exitCode() != 0)
+        qFatal("pdftoppm cannot paint %s", qPrintable(path));
+    QProcess reader;
+    reader.start(QStringLiteral("zbarimg"), {QStringLiteral("--quiet"), QStringLiteral("--raw"),
+                                             QStringLiteral("--nodbus"), picture + QStringLiteral(".png")});
+    return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()).trimmed() : QString();
+}

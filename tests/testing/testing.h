@@ -198,3 +198,7 @@ private:
 /// The text of a PDF file without any blanks, by pdftotext of poppler-utils, which may be missing.
 bool canReadPdf();
 QString textOfPdf(const QString &path);
+/// The barcode on a page of a PDF file, counted from 1, by zbarimg of zbar-tools and pdftoppm of
+/// poppler-utils, which may be missing; empty when none is read.
+bool canReadBarcodes();
+QString barcodeOfPdf(const QString &path, int page = 1);
