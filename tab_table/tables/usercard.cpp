@@ -23,7 +23,7 @@ constexpr double cardHeight = 54;
 constexpr double edge = 5;
 constexpr double moduleWidth = 0.5;
 constexpr double mmPerInch = 25.4;
-/// From its top, how high, and how high its letters at most.
+/// A part of the card: where it begins, and how high it is.
 struct Line
 {
     double top;
@@ -33,7 +33,7 @@ constexpr Line surnameLine = {5, 7};
 constexpr Line namesLine = {12.5, 5.5};
 constexpr Line barsLine = {21, 20};
 constexpr Line digitsLine = {42.5, 5.5};
-/// Of a line, the letters; the least that is left of them before a text is cut.
+/// The letters of a line; and what is left of them at least before a long text is cut.
 constexpr double lettersPart = 0.75;
 constexpr double leastPart = 0.5;
 constexpr int eanModules = 95;
