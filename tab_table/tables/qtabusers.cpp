@@ -19,6 +19,9 @@
 
 namespace {
 enum ColumnOf { Id, Login, Surname, Name, Surname2, Premission, Entry, Telephone, Group, Address, Key };
+/// As of everything that is refused; what is written on it stays readable.
+const QRgb shutOutColour = 0xffffcdcd;
+
 enum EntryFilter { Everybody, WithEntry, WithoutEntry };
 
 bool mayEnter(std::string_view permission)
@@ -155,15 +158,10 @@ void QTabUsers::rowsShown()
 void QTabUsers::rowShown(int row)
 {
     const bool isShutOut = !mayEnter(model()->storedBytes(row, Entry));
+    model()->setRowColour(row, isShutOut ? QColor(shutOutColour) : QColor());
     const QVariant words = isShutOut ? tr("Група прав не дає входу до бекофісу.") : QVariant();
-    for (const int column : {Login, Entry}) {
-        const QModelIndex cell = model()->index(row, column);
-        model()->setData(cell, isShutOut ? QBrush(Qt::red) : QVariant(), Qt::BackgroundRole);
-        // Readable on red, whatever the palette.
-        model()->setData(cell, isShutOut ? QBrush(Qt::black) : QVariant(), Qt::ForegroundRole);
-        model()->setData(cell, words, Qt::ToolTipRole);
-        model()->setData(cell, words, Qt::AccessibleDescriptionRole);
-    }
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleDescriptionRole})
+        model()->setData(model()->index(row, Entry), words, role);
 }
 
 QVector<int> QTabUsers::selectedRows() const
