@@ -214,6 +214,13 @@ bool QPremisGroup::mayDropChanges(const QString &keepCaption)
                              keepCaption);
 }
 
+/// What is changed from now on, while something is read, is not lost by the answer.
+void QPremisGroup::dropChanges()
+{
+    m_mine = m_id.isEmpty() ? GroupAccess() : accessOf(m_read);
+    showAccess();
+}
+
 QPremisGroup::Reading QPremisGroup::readPage(const Db &db, const QString &idWanted)
 {
     Reading read = {readGroupsOverview(db), {}, {}};
@@ -233,8 +240,7 @@ QPremisGroup::Reading QPremisGroup::readPage(const Db &db, const QString &idWant
 void QPremisGroup::reload(const QString &idWanted)
 {
     m_tasks.drop();
-    m_mine = m_id.isEmpty() ? GroupAccess() : accessOf(m_read);
-    showAccess();
+    dropChanges();
     m_note->begin(tr("Читається…"));
     m_tasks.read([idWanted](const Db &db) { return readPage(db, idWanted); },
                  [this](const Reading &read) {
@@ -302,6 +308,7 @@ void QPremisGroup::chooseGroup(const QTreeWidgetItem *item)
         return;
     }
     m_tasks.drop();
+    dropChanges();
     m_note->begin(tr("Читається…"));
     m_tasks.read([id](const Db &db) { return readRecord(db, permissionGroup(), id); },
                  [this, id](const std::optional<RecordFields> &fields) {

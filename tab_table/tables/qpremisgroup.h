@@ -76,6 +76,7 @@ private:
     void takeRights(const QList<int> &ids, int value);
     void showChanged();
     bool mayDropChanges(const QString &keepCaption);
+    void dropChanges();
     void askMember();
 
     RecordDraft draft() const;
