@@ -110,6 +110,20 @@ QLineEdit *GoodsPicker::searchField() const
     return ui->leSearch;
 }
 
+QNTableView *GoodsPicker::view() const
+{
+    return ui->list->view();
+}
+
+std::optional<GoodsItem> GoodsPicker::current() const
+{
+    const QRowModel *model = ui->list->model();
+    const QModelIndex chosen = view()->currentIndex();
+    if (!chosen.isValid() && model->rowCount() != 1)
+        return std::nullopt;
+    return goodsItem([=](int column) { return model->stored(qMax(chosen.row(), 0), column); });
+}
+
 QWidgetList GoodsPicker::fields() const
 {
     return {ui->sbLimit};

@@ -16,6 +16,7 @@ class DbTasks;
 class HeldActs;
 class QKeyEvent;
 class QLineEdit;
+class QNTableView;
 class SaleWork;
 
 /// Where goods are found: typed into a field by barcode, name or number, chosen in the list of a shop's
@@ -62,6 +63,9 @@ public:
     /// As if that had been typed into the search field.
     void typeInto(const QString &text);
     QLineEdit *searchField() const;
+    QNTableView *view() const;
+    /// The item of the list's current row, or the only one there is.
+    std::optional<GoodsItem> current() const;
     /// The other inputs.
     QWidgetList fields() const;
 

@@ -13,6 +13,7 @@
 #include "salekeys.h"
 #include "stockdesk.h"
 #include "stockpane.h"
+#include "salepricequestion.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -224,6 +225,7 @@ void QRegisterSale::connectKeys()
     onKey(Qt::Key_F9, &QRegisterSale::write);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
     onKey(QKeySequence::Find, &QRegisterSale::findGoods);
+    new SalePriceQuestion(m_work, m_acts, ui->goods, ui->receipt, [this] { return goodsScope(); });
 }
 
 /// What a sale needs comes first, what is seldom changed last; across the parts.

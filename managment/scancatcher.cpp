@@ -2,6 +2,7 @@
 
 #include "qmessdlg.h"
 #include "qqestion.h"
+#include "qwhyprice.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -12,7 +13,8 @@ namespace {
 bool isBox(const QObject *window)
 {
     return qobject_cast<const QQestion *>(window) != nullptr ||
-           qobject_cast<const QMessDlg *>(window) != nullptr;
+           qobject_cast<const QMessDlg *>(window) != nullptr ||
+           qobject_cast<const QWhyPrice *>(window) != nullptr;
 }
 
 /// What is typed into when the widget has the focus.

@@ -66,6 +66,8 @@ QWhyPrice *QWhyPrice::show(QSqlDatabase *db, const QLoadedUser *user, QObject *r
 {
     auto *window = new QWhyPrice(db, user, receiver, question, page);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // Some window managers are left without an active window.
+    connect(window, &QDialog::finished, page, [page] { page->window()->activateWindow(); });
     window->open();
     return window;
 }

@@ -41,8 +41,7 @@ void TstWhyPrice::initTestCase()
 {
     m_base = std::make_unique<FreshDatabase>();
     fillSaleShop(m_base.get());
-    // Goods without a rule are in no sale.
-    m_base->exec({"UPDATE goods SET id_rules_goods=1", "INSERT INTO group_shop(id,name) VALUES(3,'Село')"});
+    m_base->exec("INSERT INTO group_shop(id,name) VALUES(3,'Село')");
 }
 
 WhyPrice TstWhyPrice::asked(const PriceQuestion &question)
