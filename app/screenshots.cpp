@@ -22,6 +22,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryFile>
@@ -264,6 +265,12 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
         workFor(100);
     }
     save(m_window, name);
+    takeModal(name + QStringLiteral("_whyprice"), [sale] {
+        for (QShortcut *shortcut : sale->findChildren<QShortcut *>()) {
+            if (shortcut->key() == QKeySequence(Qt::Key_F1))
+                emit shortcut->activated();
+        }
+    });
     takeModal(name + QStringLiteral("_payment"),
               [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbSale"))->click(); });
 }
@@ -289,6 +296,9 @@ void Screenshots::takeImport(QWidget *import, const QString &name)
 void Screenshots::takeGoods(QWidget *goods, const QString &name)
 {
     takeList(goods, name);
+    goods->findChild<QTableView *>()->selectRow(1);
+    takeModal(name + QStringLiteral("_whyprice"),
+              [goods] { goods->findChild<QPushButton *>(QStringLiteral("pbWhyPrice"))->click(); });
     QTemporaryFile file(QDir::temp().filePath(QStringLiteral("XXXXXX.csv")));
     const QByteArray prices = priceList(*goods->findChild<QTableView *>()->model());
     m_failed = !file.open() || file.write(prices) != prices.size() || !file.flush() || m_failed;

@@ -17,7 +17,7 @@ enum Owner { Shop, Group, All, Nobody };
 
 struct RankedRow
 {
-    PriceRow row;
+    ListedPrice row;
     Owner owner;
     /// By priority 0, by the chosen one, or by neither.
     enum Turn { First, Second, Never } turn;
@@ -25,7 +25,7 @@ struct RankedRow
     bool fits() const { return owner != Nobody && turn != Never; }
 };
 
-Owner ownerOf(const PriceRow &row, const PricePlace &place)
+Owner ownerOf(const ListedPrice &row, const PricePlace &place)
 {
     if (row.idShop != 0)
         return row.idShop == place.idShop ? Shop : Nobody;
@@ -34,7 +34,7 @@ Owner ownerOf(const PriceRow &row, const PricePlace &place)
     return row.idGroup == groupOfAll ? All : Nobody;
 }
 
-RankedRow::Turn turnOf(const PriceRow &row, const PricePlace &place)
+RankedRow::Turn turnOf(const ListedPrice &row, const PricePlace &place)
 {
     if (row.priority == 0)
         return RankedRow::First;
@@ -51,7 +51,7 @@ bool isBefore(const RankedRow &one, const RankedRow &other)
            std::tie(other.turn, other.owner, other.row.idGroup);
 }
 
-QString groupWords(const PriceRow &row)
+QString groupWords(const ListedPrice &row)
 {
     const QString name =
         row.group.isEmpty() ? Texts::tr("№ %1").arg(row.idGroup) : QStringLiteral("«%1»").arg(row.group);
@@ -59,7 +59,7 @@ QString groupWords(const PriceRow &row)
                                      : Texts::tr("Група %1").arg(name);
 }
 
-QString sourceWords(const PriceRow &row, bool isTwice)
+QString sourceWords(const ListedPrice &row, bool isTwice)
 {
     if (row.idShop == 0)
         return groupWords(row);
@@ -121,15 +121,15 @@ JudgedPrice judgedOwn(std::optional<qint64> ownPrice, bool isList, bool isBeaten
 }
 } // namespace
 
-QVector<JudgedPrice> judgePrices(const QVector<PriceRow> &rows, std::optional<qint64> ownPrice,
+QVector<JudgedPrice> judgePrices(const QVector<ListedPrice> &rows, std::optional<qint64> ownPrice,
                                  const PricePlace &place)
 {
     QVector<RankedRow> ranked;
-    for (const PriceRow &row : rows)
+    for (const ListedPrice &row : rows)
         ranked.append({row, ownerOf(row, place), turnOf(row, place)});
     std::stable_sort(ranked.begin(), ranked.end(), isBefore);
-    const auto isTwice = [&rows](const PriceRow &one) {
-        return std::count_if(rows.begin(), rows.end(), [&one](const PriceRow &other) {
+    const auto isTwice = [&rows](const ListedPrice &one) {
+        return std::count_if(rows.begin(), rows.end(), [&one](const ListedPrice &other) {
                    return other.idShop == one.idShop && other.priority == one.priority;
                }) > 1;
     };

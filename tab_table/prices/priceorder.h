@@ -7,7 +7,7 @@
 #include <optional>
 
 /// A row of an item's price list. Money in kopecks.
-struct PriceRow
+struct ListedPrice
 {
     /// 0: the row is that of all shops of the group.
     DbId idShop = 0;
@@ -47,5 +47,5 @@ struct JudgedPrice
 
 /// All of them in the order in which they count, that of the item itself behind the rows that fit there, and
 /// at last those that do not. The first one is in force; it is the one that resolvedPriceSql() finds.
-QVector<JudgedPrice> judgePrices(const QVector<PriceRow> &rows, std::optional<qint64> ownPrice,
+QVector<JudgedPrice> judgePrices(const QVector<ListedPrice> &rows, std::optional<qint64> ownPrice,
                                  const PricePlace &place);

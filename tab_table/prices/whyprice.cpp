@@ -66,9 +66,9 @@ std::optional<qint64> amount(const QVariant &cell)
     return cell.isNull() ? std::nullopt : std::optional(cell.toLongLong());
 }
 
-PriceRow listedRow(const QSqlQuery &query)
+ListedPrice listedRow(const QSqlQuery &query)
 {
-    PriceRow row;
+    ListedPrice row;
     row.idShop = query.value(ListShop).toUInt();
     row.shop = toText(query.value(ListShopAddress));
     row.idGroup = query.value(ListGroup).toUInt();
@@ -168,7 +168,7 @@ std::optional<WhyPrice> readWhyPrice(const Db &db, const PriceQuestion &question
     WhyPrice why;
     std::optional<qint64> ownPrice;
     PricePlace place{question.idShop, 0, question.priority};
-    QVector<PriceRow> rows;
+    QVector<ListedPrice> rows;
     bool isLimited = false;
     while (query->next()) {
         if (!why.isKnown) {
