@@ -51,7 +51,7 @@ QWhyPrice::QWhyPrice(QSqlDatabase *db, const QLoadedUser *user, QObject *receive
     ui->dtMoment->setTimeSpec(Qt::UTC);
     ui->dtMoment->setDateTime(question.time);
     ui->sbPriority->setValue(question.priority);
-    keepNarrow(ui->cbShop, 40);
+    keepNarrow(ui->cbShop);
     connectInputs();
     fit();
     readShops();

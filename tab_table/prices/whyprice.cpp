@@ -13,6 +13,9 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(WhyPrice)
 };
 
+/// The promotion that stands for none.
+const uint withoutAction = 1;
+
 /// The columns of the statement: first those of the item, then those of each of its prices.
 enum Field {
     Goods,
@@ -27,6 +30,7 @@ enum Field {
     ShopGroup,
     Price,
     ActType,
+    ActId,
     ActName,
     ActValue,
     ActTimes,
@@ -44,7 +48,7 @@ QString whyPriceSql(const PriceQuestion &question)
     return QStringLiteral(
                "SELECT goods.name,goods.price,goods.type,goods.block,goods.group_g,goods.id_rules_goods,"
                "rules_goods.name,goods_shop.id_goods,shops.address,shops.group_shop,%1 AS prc,%2 AS act,"
-               "action.name,action.val,%3,listed.id_shop,owner.address,listed.id_group,group_shop.name,"
+               "action.id,action.name,action.val,%3,listed.id_shop,owner.address,listed.id_group,group_shop.name,"
                "listed.priority,listed.price,"
                "IFNULL(listed.period_start_date+0,0)+IFNULL(listed.period_end_date+0,0)+"
                "IFNULL(TIME_TO_SEC(listed.period_start_time),0)+"
@@ -82,9 +86,9 @@ ListedPrice listedRow(const QSqlQuery &query)
 AssignedAction assignedAction(const QSqlQuery &query, const QDateTime &time)
 {
     AssignedAction action;
-    action.name = toText(query.value(ActName));
-    if (action.name.isEmpty())
+    if (query.value(ActId).toUInt() <= withoutAction)
         return action;
+    action.name = toText(query.value(ActName));
     action.value = query.value(ActValue).toLongLong();
     action.times = actionTimes(toText(query.value(ActTimes)));
     action.moment = actionMoment(action.times, time);
@@ -141,17 +145,17 @@ QString momentWords(const AssignedAction &action)
     case ActionMoment::InForce:
         return Texts::tr("діє");
     case ActionMoment::NoKind:
-        return Texts::tr("не діє: її вид нічого не змінює в ціні");
+        return Texts::tr("нічого не змінює в ціні, такий її вид");
     case ActionMoment::NotYet:
-        return Texts::tr("не діє: ще не почалась");
+        return Texts::tr("ще не почалась");
     case ActionMoment::Over:
-        return Texts::tr("не діє: вже закінчилась");
+        return Texts::tr("вже закінчилась");
     case ActionMoment::OtherHours:
-        return Texts::tr("не діє: не ті години дня");
+        return Texts::tr("не діє в ці години дня");
     case ActionMoment::OtherDays:
         break;
     }
-    return Texts::tr("не діє: не той день тижня");
+    return Texts::tr("не діє в цей день тижня");
 }
 
 QString cellText(const std::optional<qint64> &number, QString (*words)(qint64))
@@ -206,12 +210,14 @@ QString priceWords(const WhyPrice &why)
 QString actionWords(const WhyPrice &why)
 {
     const AssignedAction &action = why.action;
-    if (action.name.isEmpty() || action.times.kind == GoodsItem::withoutAction)
+    if (action.name.isEmpty())
         return Texts::tr("Акції товару в цьому магазині не призначено.");
     const QString days = weekDaysShown(action.times.weekDays);
+    const QString caption = action.times.kind == GoodsItem::withoutAction
+                                ? action.name
+                                : promotionCaption(action.times.kind, action.value, action.name);
     return Texts::tr("%1: %2. Її час: %3, %4, %5.")
-        .arg(promotionCaption(action.times.kind, action.value, action.name), momentWords(action),
-             actionPeriodShown(action.times), actionHoursShown(action.times),
+        .arg(caption, momentWords(action), actionPeriodShown(action.times), actionHoursShown(action.times),
              days.isEmpty() ? Texts::tr("жодного дня тижня") : days);
 }
 

@@ -20,6 +20,7 @@ struct PriceQuestion
 /// The promotion that is assigned to an item in a shop.
 struct AssignedAction
 {
+    /// Empty when none is.
     QString name;
     /// Of a percentage its hundredths of a per cent.
     qint64 value = 0;
