@@ -180,10 +180,9 @@ void Screenshots::takePage(const QString &name)
     {
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
-    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
-                  {"mz_cheks", &Screenshots::takeCheks},
-                  {"importcln", &Screenshots::takeImport},
-                  {"mt_goods", &Screenshots::takeGoods},
+    } others[] = {{"man_saleadmiss", &Screenshots::takeSale}, {"mz_cheks", &Screenshots::takeCheks},
+                  {"importcln", &Screenshots::takeImport},    {"mt_goods", &Screenshots::takeGoods},
+                  {"mt_action", &Screenshots::takeActions},   {"man_action", &Screenshots::takeAssignment},
                   {"mc_users", &Screenshots::takeUsers}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
@@ -313,6 +312,27 @@ void Screenshots::takeUsers(QWidget *users, const QString &name)
     users->findChild<QTableView *>()->selectRow(0);
     const auto *cards = users->findChild<QPushButton *>(QStringLiteral("pbCard"))->menu();
     takeModal(name + QStringLiteral("_card"), [cards] { cards->actions().first()->trigger(); });
+}
+
+/// One that is in force, and what its week looks like.
+void Screenshots::takeActions(QWidget *actions, const QString &name)
+{
+    actions->findChild<QTableView *>()->selectRow(3);
+    workFor(500);
+    save(m_window, name);
+    takeModal(name + QStringLiteral("_edit"), [this] { m_window->edit(); });
+    takeModal(name + QStringLiteral("_add"), [this] { m_window->add(); });
+    takeModal(name + QStringLiteral("_delete"), [this] { m_window->dell(); });
+}
+
+void Screenshots::takeAssignment(QWidget *assignment, const QString &name)
+{
+    assignment->findChild<QComboBox *>(QStringLiteral("cbAction"))->setCurrentIndex(2);
+    assignment->findChild<QPushButton *>(QStringLiteral("pbPreview"))->click();
+    waitForRows(assignment);
+    save(m_window, name);
+    takeModal(name + QStringLiteral("_barcodes"),
+              [assignment] { assignment->findChild<QPushButton *>(QStringLiteral("pbBarcodes"))->click(); });
 }
 
 void Screenshots::takeEditors(QWidget *page, const QString &name)

@@ -31,6 +31,8 @@ private:
     /// Pictures the goods, and the look at a price list.
     void takeGoods(QWidget *goods, const QString &name);
     void takeUsers(QWidget *users, const QString &name);
+    void takeActions(QWidget *actions, const QString &name);
+    void takeAssignment(QWidget *assignment, const QString &name);
     /// Pictures the receipt viewer with a document, and that document.
     void takeCheks(QWidget *viewer, const QString &name);
     /// Pictures a receipt with three goods, and its payment.

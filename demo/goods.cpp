@@ -11,6 +11,10 @@ namespace {
 /// The goods list of a sale leaves the groups 2 to 5 out.
 constexpr int firstGoodsGroup = 6;
 constexpr int discountType = 2;
+/// Promotions that begin after the last receipt.
+constexpr int futurePromotion = 6;
+constexpr int eveningPromotion = 7;
+constexpr int shopsWithEvenings = 3;
 const QString allWeek = QStringLiteral("Mon,Tue,Wed,Thu,Fri,Sat,Sun,");
 
 bool readTaxRates(const Db &db, Chain *chain)
@@ -38,7 +42,9 @@ QVector<Promotion> makePromotions(const QDate &until)
             {3, QStringLiteral("Середа пенсіонера -7 %"), 700, {}, {}, QStringLiteral("Wed,")},
             {4, QStringLiteral("Тижнева знижка -15 %"), 1500, at(-9, 8), at(7, 22), allWeek},
             {5, QStringLiteral("Минулий розпродаж -20 %"), 2000, at(-25, 8), at(-12, 22), allWeek},
-            {6, QStringLiteral("Майбутня акція -25 %"), 2500, at(5, 8), at(20, 22), allWeek}};
+            {6, QStringLiteral("Майбутня акція -25 %"), 2500, at(5, 8), at(20, 22), allWeek},
+            {eveningPromotion, QStringLiteral("Щаслива година -12.5 %"), 1250, at(1, 18), at(30, 21),
+             QStringLiteral("Mon,Tue,Wed,Thu,Fri,")}};
 }
 
 QString dateOrZero(const QDateTime &time)
@@ -213,6 +219,13 @@ bool fillGoods(const Db &db, Chain *chain)
            writeItems(db, chain) && writePrices(db, chain);
 }
 
+/// The first shops sell in the evenings what the others will in the future: neither has begun yet.
+static int promotionIn(const Shop &shop, const Item &item)
+{
+    return shop.id <= shopsWithEvenings && item.promotion == futurePromotion ? eveningPromotion
+                                                                             : item.promotion;
+}
+
 bool fillStock(const Db &db, const Chain &chain)
 {
     Dice dice(chain.plan.seed, 4);
@@ -226,7 +239,7 @@ bool fillStock(const Db &db, const Chain &chain)
             const Item &item = chain.itemOf(shop, k);
             const int grain = item.weighed ? 10 : 1000;
             rows.add(SqlRow().numbers({shop.id, item.id, dice.amount(5000, 90000, grain),
-                                       dice.amount(0, 200000, grain), item.promotion}));
+                                       dice.amount(0, 200000, grain), promotionIn(shop, item)}));
         }
     }
     return rows.finish();

@@ -56,8 +56,10 @@ QManAction::QManAction(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow,
     Q_UNUSED(set)
     ui->setupUi(this);
     buildList();
-    for (QComboBox *box : {ui->cbAction, ui->cbHas, ui->cbGroup})
-        keepNarrow(box, 18);
+    for (QComboBox *box : {ui->cbHas, ui->cbGroup})
+        keepNarrow(box, 12);
+    keepNarrow(ui->cbAction, 18);
+    keepNarrow(ui->cbShops, 12);
     showOffered({});
     connectInputs();
     fillBoxes();
