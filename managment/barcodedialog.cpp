@@ -11,14 +11,14 @@ BarcodeDialog::BarcodeDialog(const QString &text, QWidget *parent)
 {
     setWindowTitle(tr("Список штрихкодів"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    auto *label = new QLabel(tr("&Вставте або відскануйте штрихкоди, кожен в окремому рядку. Рядок таблиці "
+    auto *label = new QLabel(tr("Вставте або відскануйте &штрихкоди, кожен в окремому рядку. Рядок таблиці "
                                 "теж підходить: береться перше число з нього."),
                              this);
     label->setWordWrap(true);
     label->setBuddy(m_edit);
     m_edit->setObjectName(QStringLiteral("pteBarcodes"));
     m_edit->setTabChangesFocus(true);
-    auto *take = new QPushButton(tr("&Взяти"), this);
+    auto *take = new QPushButton(tr("В&зяти"), this);
     take->setObjectName(QStringLiteral("pbOk"));
     auto *clear = new QPushButton(tr("О&чистити"), this);
     clear->setObjectName(QStringLiteral("pbClear"));

@@ -181,7 +181,7 @@ bool QManAction::isLoading() const
 bool QManAction::mayClose()
 {
     return m_work != Work::Assigning ||
-           !refuse(tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп»."));
+           !refuse(tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Зупинити»."));
 }
 
 bool QManAction::refuse(const QString &why)
@@ -263,7 +263,7 @@ void QManAction::followChoice()
 QString QManAction::choiceRefusal() const
 {
     if (m_work == Work::Assigning)
-        return tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп».");
+        return tr("Акція ще призначається. Дочекайтесь кінця або натисніть «Зупинити».");
     const ActionChoice now = choice();
     if (now.action == 0)
         return tr("Виберіть акцію. Щоб зняти акцію з товарів, виберіть «Без акції».");
@@ -419,8 +419,8 @@ void QManAction::followWork()
                              m_user->mayEdit(Permission::ActionsManagement));
     ui->pbAssign->setToolTip(ui->pbAssign->isEnabled() ? QString() : assignRefusal());
     ui->pbAssign->setText(ui->cbAction->currentData().toUInt() == noAction ? tr("З&няти акції")
-                                                                           : tr("При&значити акцію"));
+                                                                           : tr("Призна&чити акцію"));
     ui->pbStop->setEnabled(m_work != Work::None);
-    ui->pbStop->setText(tr("&Стоп"));
+    ui->pbStop->setText(tr("З&упинити"));
     ui->panel->setVisible(m_work != Work::None);
 }

@@ -37,12 +37,14 @@ QString textOf(const RowStore &rows, int row, int column)
 ActionPanel::ActionPanel(const QString &connection, QObject *receiver, QWidget *parent)
     : QWidget(parent)
     , m_week(new ActionWeek(this))
-    , m_caption(new QLabel(tr("Діють у той &самий час:"), this))
+    , m_caption(new QLabel(tr("Діють &у той самий час:"), this))
     , m_others(new QListWidget(this))
     , m_queries(new QueryOwner(connection, this))
     , m_receiver(receiver)
 {
     m_others->setObjectName(QStringLiteral("lwOthers"));
+    m_others->setWordWrap(true);
+    m_others->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_others->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_caption->setBuddy(m_others);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);

@@ -1,6 +1,7 @@
 #include "qmanaction.h"
 
 #include "barcodedialog.h"
+#include "heartbeat.h"
 #include "listpane.h"
 #include "permissions.h"
 #include "qchekedcombobox.h"
@@ -47,6 +48,7 @@ private slots:
     void lostAnswerIsAskedFor();
     void stoppedWritesNothing();
     void comingBackKeepsTheChoice();
+    void tenThousandGoodsInTenShops();
     void viewersOnlyLook();
     void rightThatGoesDuringTheQuestion();
     void onlyTheUsersShops();
@@ -432,6 +434,39 @@ void TstQManAction::comingBackKeepsTheChoice()
     QVERIFY(child<QPushButton>(m_page.get(), "pbAssign")->isEnabled());
     QVERIFY(assign().contains("магазинів: 1, разом цін: 1"));
     QCOMPARE(stock(), QStringList({"1|11|2", "1|16|3", "2|10|2"}));
+}
+
+void TstQManAction::tenThousandGoodsInTenShops()
+{
+    const QString places = "WHERE id BETWEEN 100 AND 109";
+    m_base->exec(
+        {"INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT 100+seq,CONCAT('Велика ',seq),"
+         "2,1,0 FROM seq_0_to_9",
+         "INSERT INTO goods(id,name,price,type,group_g,tax,block) SELECT 1000+seq,CONCAT('Товар ',seq),seq+1,1,"
+         "1,1,0 FROM seq_0_to_9999",
+         "INSERT INTO goods_shop(id_shop,id_goods) SELECT shops.id,goods.id FROM shops,goods WHERE shops.id>=100 "
+         "AND goods.id>=1000"});
+    m_page->openedByMenu();
+    QTRY_VERIFY(!m_page->isLoading());
+    choose("cbAction", "Осіння");
+    child<QLineEdit>(m_page.get(), "leSearch")->setText("Товар");
+    Heartbeat heart;
+    preview();
+    const QString shown = counts();
+    const qint64 shownIn = m_page->list()->model()->rowCount();
+    assign();
+    const qint64 gap = heart.longestGap();
+    const QString written = counts();
+    const QString stored =
+        m_base->value("SELECT COUNT(*) FROM goods_shop WHERE id_action=2 AND id_goods>=1000");
+    m_base->exec({"DELETE FROM goods_shop WHERE id_goods>=1000", "DELETE FROM goods WHERE id>=1000",
+                  "DELETE FROM shops " + places});
+    QVERIFY2(shown.startsWith("Зміниться: 100 000 (різних товарів: 10 000, магазинів: 10)."),
+             qPrintable(shown));
+    QCOMPARE(shownIn, qint64(100000));
+    QCOMPARE(written, QString("Акцію «Осіння» призначено: 100 000."));
+    QCOMPARE(stored, QString("100000"));
+    QVERIFY2(gap <= 200, qPrintable(QString::number(gap)));
 }
 
 void TstQManAction::viewersOnlyLook()
