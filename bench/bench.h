@@ -48,6 +48,7 @@ QVector<Figure> measureClientImport(const Bench &bench);
 QVector<Figure> measureCards(const Bench &bench);
 QVector<Figure> measureExchange(const Bench &bench);
 QVector<Figure> measurePriceList(const Bench &bench);
+QVector<Figure> measureStockIn(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);
@@ -66,6 +67,9 @@ QString goodsStatement();
 QString cardsStatement();
 /// Creates the program's schema and fills goods and cards.
 bool fillDatabase(const Bench &bench);
+
+/// Shop 1 with registers 1 and 2, and the stock of a chain: every sale writes through all of it.
+bool fillSaleShops(const Bench &bench);
 
 /// Runs a statement of a benchmark's own, which must not fail.
 void exec(const Bench &bench, const QString &sql);

@@ -26,7 +26,7 @@ const Benchmark benchmarks[] = {
     {"csv", measureCsv},           {"xlsx", measureXlsx},           {"articles", measureArticles},
     {"reports", measureReports},   {"tuning", measureTuning},       {"import", measureClientImport},
     {"memory", measureMemory},     {"items", measureAgainstItems},  {"creation", measureCards},
-    {"exchange", measureExchange}, {"pricelist", measurePriceList},
+    {"exchange", measureExchange}, {"pricelist", measurePriceList}, {"stockin", measureStockIn},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

@@ -15,9 +15,11 @@ namespace {
 constexpr int stockShops = 12;
 constexpr int stockGoods = 2000;
 
-/// Shop 1 with registers 1 and 2, and the stock of a chain: every sale writes through all of it.
-bool fillShops(const Db &db)
+} // namespace
+
+bool fillSaleShops(const Bench &bench)
 {
+    const Db db = bench.db();
     return db.run(QStringLiteral("INSERT IGNORE INTO group_shop(id,name) VALUES(2,'Місто')")) &&
            db.run(QStringLiteral("INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,2)")) &&
            db.run(QStringLiteral("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) SELECT seq,"
@@ -32,6 +34,7 @@ bool fillShops(const Db &db)
            db.run(QStringLiteral("UPDATE goods SET group_g=1,block=0 WHERE id<4"));
 }
 
+namespace {
 /// The sale tab as people use it: three goods are scanned, then F9, the money and OK.
 class SaleWindow
 {
@@ -125,7 +128,7 @@ private:
 /// no key meanwhile.
 QVector<Figure> measureSale(const Bench &bench)
 {
-    if (!fillShops(bench.db()))
+    if (!fillSaleShops(bench))
         qFatal("The shops could not be filled");
     SaleWindow window(bench);
     window.sell();

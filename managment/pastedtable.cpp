@@ -185,7 +185,7 @@ Known knownOf(const QSqlQuery &row, GoodsSearch::Mode mode)
 /// The server holds letters of either case for the same.
 QString keyOf(const QString &barcode)
 {
-    return barcode.trimmed().toUpper();
+    return isAllDigits(barcode) ? barcode : barcode.trimmed().toUpper();
 }
 
 /// As it stands there, else with the zeros that were lost, as long as that is one item.
@@ -273,6 +273,9 @@ bool Pasted::isTable(const QString &text)
 
 QString Pasted::barcodeOf(const QString &cell, QString *refusal)
 {
+    // Thousands of them come at once, and most need no look.
+    if (isAllDigits(cell) && cell.size() <= longestBarcode)
+        return cell;
     static const QRegularExpression blanks(QStringLiteral("\\s"),
                                            QRegularExpression::UseUnicodePropertiesOption);
     static const QRegularExpression asText(QStringLiteral("^(?:=\"(.*)\"|'(.*))$"));

@@ -24,6 +24,8 @@ StockDesk::StockDesk(SaleWork *work, PlaceBar *place, ModeBar *bar, QStackedWidg
     connect(m_writing, &StockWriting::written, this,
             [this](StockPane *pane, const StockOrder &order, const StockWriter::Result &result) {
                 pane->clear();
+                for (StockPane *each : m_panes)
+                    each->follow(order);
                 emit written(pane, order, result);
             });
 }

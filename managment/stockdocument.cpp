@@ -70,6 +70,16 @@ void StockDocument::setCount(quint32 idGoods, StockPlace place, qint64 thousandt
     }
 }
 
+void StockDocument::follow(const StockQuantity &goods, const StockMove &move)
+{
+    for (StockRow &row : m_rows) {
+        if (row.idGoods == goods.idGoods) {
+            row.showroom += move.change(StockPlace::Showroom, goods.quantity);
+            row.syllable += move.change(StockPlace::Syllable, goods.quantity);
+        }
+    }
+}
+
 void StockDocument::clear()
 {
     m_rows.clear();

@@ -40,6 +40,18 @@ struct StockQuantity
     qint64 quantity = 0;
 };
 
+/// What happens to the goods of a document.
+struct StockMove
+{
+    /// As in ChekType: received, moved or handed over to another shop.
+    int type = 0;
+    /// Where received goods come to and moved goods go to; of goods handed over where they are taken from.
+    StockPlace place = StockPlace::Syllable;
+
+    /// What becomes of a quantity there.
+    qint64 change(StockPlace where, qint64 thousandths) const;
+};
+
 /// The goods of a document that is being filled, whatever is done with them.
 class StockDocument
 {
@@ -68,6 +80,9 @@ public:
     /// What there is of a goods item, as the server has it.
     void setCount(quint32 idGoods, StockPlace place, qint64 thousandths);
 
+    /// So much of it was moved by another document.
+    void follow(const StockQuantity &goods, const StockMove &move);
+
     /// How much of each goods item, in the order of the rows, each once.
     QVector<StockQuantity> quantities() const;
     /// The same of the row's goods item.
@@ -85,16 +100,4 @@ private:
     /// By goods item: how much, and the row of what is counted in pieces.
     QHash<quint32, qint64> m_sums;
     QHash<quint32, int> m_pieceRows;
-};
-
-/// What happens to the goods of a document.
-struct StockMove
-{
-    /// As in ChekType: received, moved or handed over to another shop.
-    int type = 0;
-    /// Where received goods come to and moved goods go to; of goods handed over where they are taken from.
-    StockPlace place = StockPlace::Syllable;
-
-    /// What becomes of a quantity there.
-    qint64 change(StockPlace where, qint64 thousandths) const;
 };

@@ -17,8 +17,8 @@ StockMode receiveMode()
     mode.key = Qt::Key_F7;
     mode.caption = Texts::tr("При&йом F7");
     mode.name = Texts::tr("Прийом");
-    mode.placeCaption = Texts::tr("Прийняти на:");
-    mode.places = {{StockPlace::Syllable, Texts::tr("склад")}, {StockPlace::Showroom, Texts::tr("зал")}};
+    mode.placeCaption = Texts::tr("Прийняти:");
+    mode.places = {{StockPlace::Syllable, Texts::tr("на склад")}, {StockPlace::Showroom, Texts::tr("у зал")}};
     mode.writeCaption = Texts::tr("Прийняти F9");
     mode.emptyText = Texts::tr("Документ порожній. Скануйте товар, знайдіть його та натисніть Enter або "
                                "вставте таблицю.");

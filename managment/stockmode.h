@@ -18,7 +18,7 @@ struct StockMode
     QString caption;
     /// Of its document: "Прийом", for what is told about it.
     QString name;
-    /// Before the box of places: "Куди:".
+    /// Before the box of places: "Прийняти:".
     QString placeCaption;
     struct Place
     {

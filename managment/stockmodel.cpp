@@ -92,6 +92,14 @@ void StockModel::takeCounts(const StockLacks &lacks)
     changed();
 }
 
+void StockModel::follow(const StockOrder &written)
+{
+    const QVector<StockQuantity> all = written.document.quantities();
+    for (const StockQuantity &goods : all)
+        m_document.follow(goods, written.move);
+    changed();
+}
+
 /// The remark of a row depends on the other rows of its goods item.
 void StockModel::changed()
 {

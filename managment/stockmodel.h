@@ -30,6 +30,7 @@ public:
     void clear();
     /// The counts as the server has them.
     void takeCounts(const StockLacks &lacks);
+    void follow(const StockOrder &written);
     /// What is to be looked at before the document is written; empty when nothing is.
     QString remark(int row) const;
 

@@ -132,13 +132,18 @@ void StockPane::takeCounts(const StockLacks &lacks)
     m_model->takeCounts(lacks);
 }
 
-bool StockPane::goToUntold()
+void StockPane::follow(const StockOrder &written)
+{
+    m_model->follow(written);
+}
+
+bool StockPane::askUntold()
 {
     const QVector<StockRow> &rows = document().rows();
     const auto untold =
         std::find_if(rows.begin(), rows.end(), [](const StockRow &row) { return row.quantity == 0; });
     if (untold != rows.end())
-        m_grid->goToRow(static_cast<int>(untold - rows.begin()));
+        m_grid->edit(static_cast<int>(untold - rows.begin()));
     return untold != rows.end();
 }
 

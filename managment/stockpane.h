@@ -39,8 +39,10 @@ public:
     void clear();
     /// The counts as the server has them.
     void takeCounts(const StockLacks &lacks);
-    /// The first row with a quantity that is not told yet becomes the current one; false when there is none.
-    bool goToUntold();
+    /// The same after another document has been written in this shop.
+    void follow(const StockOrder &written);
+    /// Opens the editor of the first row whose quantity is not told yet; false when there is none.
+    bool askUntold();
 
     /// Ends a quantity that is being typed. False, with the reason told, when it did not come into the
     /// document.

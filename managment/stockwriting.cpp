@@ -35,8 +35,8 @@ QString StockWriting::refusal(StockPane *pane) const
         return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
     if (pane->document().isEmpty())
         return tr("У документі немає товарів.");
-    if (pane->goToUntold())
-        return tr("Не всі кількості введено. Введіть кількість виділеного товару або видаліть рядок.");
+    if (pane->askUntold())
+        return tr("Не всі кількості введено. Введіть кількість цього товару або видаліть рядок.");
     for (const StockRow &row : pane->document().rows()) {
         const QString why = StockDocument::quantityRefusal(row, row.quantity, pane->mode().mayBeNegative);
         if (!why.isEmpty())
