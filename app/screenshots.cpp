@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -23,6 +24,7 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QShortcut>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryFile>
@@ -254,15 +256,7 @@ void Screenshots::takeSlip(const QString &html)
 
 void Screenshots::takeSale(QWidget *sale, const QString &name)
 {
-    auto *goods = sale->findChild<QTableView *>(QStringLiteral("viewGoods"));
-    workUntil([goods] { return goods->model()->rowCount() > 0; }, tabLimitMs);
-    for (int row = 0; row < 3; ++row) {
-        goods->setFocus();
-        goods->setCurrentIndex(goods->model()->index(row, 0));
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QCoreApplication::sendEvent(goods, &enter);
-        workFor(100);
-    }
+    pickGoods(sale);
     save(m_window, name);
     takeModal(name + QStringLiteral("_whyprice"), [sale] {
         for (QShortcut *shortcut : sale->findChildren<QShortcut *>()) {
@@ -272,6 +266,44 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
     });
     takeModal(name + QStringLiteral("_payment"),
               [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbSale"))->click(); });
+    takeStock(sale, name);
+}
+
+void Screenshots::pickGoods(QWidget *sale)
+{
+    auto *goods = sale->findChild<QTableView *>(QStringLiteral("viewGoods"));
+    workUntil([goods] { return goods->model()->rowCount() > 0; }, tabLimitMs);
+    for (int row = 0; row < 3; ++row) {
+        goods->setFocus();
+        goods->setCurrentIndex(goods->model()->index(row, 0));
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(goods, &enter);
+        workFor(100);
+    }
+}
+
+void Screenshots::takeStock(QWidget *sale, const QString &name)
+{
+    const struct
+    {
+        const char *button;
+        const char *suffix;
+    } modes[] = {{"pbMode1", "_receive"}, {"pbMode3", "_move"}};
+    for (const auto &mode : modes) {
+        sale->findChild<QPushButton *>(QLatin1String(mode.button))->click();
+        workFor(300);
+        pickGoods(sale);
+        save(m_window, name + QLatin1String(mode.suffix));
+    }
+    QString table = QStringLiteral("Штрихкод\tКількість\n4.82E+12\t6\n4820000000000\t1\n");
+    const QAbstractItemModel &goods = *sale->findChild<QTableView *>(QStringLiteral("viewGoods"))->model();
+    for (int row = 0; row < qMin(12, goods.rowCount()); ++row)
+        table += QStringLiteral("%1\t%2,5\n").arg(goods.index(row, 1).data().toString()).arg(2 * row);
+    QApplication::clipboard()->setText(table);
+    takeModal(name + QStringLiteral("_table"), [sale] {
+        auto *stack = sale->findChild<QStackedWidget *>(QStringLiteral("documents"));
+        stack->currentWidget()->findChild<QPushButton *>(QStringLiteral("pbPaste"))->click();
+    });
 }
 
 /// A trial of a file, with what is refused.

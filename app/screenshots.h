@@ -38,6 +38,9 @@ private:
     /// Pictures a receipt with three goods, and its payment.
     void takeImport(QWidget *import, const QString &name);
     void takeSale(QWidget *sale, const QString &name);
+    /// The same goods received and moved, and a table that is pasted.
+    void takeStock(QWidget *sale, const QString &name);
+    void pickGoods(QWidget *sale);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);
     /// Pictures a slip as it is printed: black on white, as narrow as the paper.

@@ -130,6 +130,11 @@ void StockPane::clear()
 void StockPane::takeCounts(const StockLacks &lacks)
 {
     m_model->takeCounts(lacks);
+    const QVector<StockRow> &rows = document().rows();
+    const auto lacking = std::find_if(
+        rows.begin(), rows.end(), [&](const StockRow &row) { return row.idGoods == lacks.first().idGoods; });
+    if (lacking != rows.end())
+        m_grid->goToRow(static_cast<int>(lacking - rows.begin()));
 }
 
 void StockPane::follow(const StockOrder &written)

@@ -37,7 +37,7 @@ public:
     void add(const GoodsItem &item);
     void add(const QVector<StockRow> &rows);
     void clear();
-    /// The counts as the server has them.
+    /// The counts as the server has them; the first of them becomes the current row. Not empty.
     void takeCounts(const StockLacks &lacks);
     /// The same after another document has been written in this shop.
     void follow(const StockOrder &written);

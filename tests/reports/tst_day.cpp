@@ -14,6 +14,7 @@
 #include "saleclock.h"
 #include "shiftcloser.h"
 #include "slipreader.h"
+#include "stockwriter.h"
 
 #include <QCheckBox>
 #include <QSignalSpy>
@@ -32,6 +33,8 @@ private:
     static void fillChain(FreshDatabase *base);
     static void sell(FreshDatabase *base, const QString &kass, const QString &time,
                      const QVector<ReceiptRow> &rows, qint64 discount, qint64 card);
+    /// Two and a half kilograms and six pieces.
+    static void moveGoods(FreshDatabase *base, int type, StockPlace place);
     static void close(FreshDatabase *base, const QString &kass);
     static QStringList loaded(ReportWindow *report, const QVector<int> &columns);
 };
@@ -82,6 +85,18 @@ void TstDay::sell(FreshDatabase *base, const QString &kass, const QString &time,
         qFatal("No sale: %s", qPrintable(base->heard.texts().join('|')));
 }
 
+void TstDay::moveGoods(FreshDatabase *base, int type, StockPlace place)
+{
+    StockOrder order;
+    order.place = {"1", "1", "1"};
+    order.move = {type, place};
+    order.document.add({StockRow(goods(11, 0, 0, 2), 2500), StockRow(goods(10, 0, 0, 1), 6000)});
+    SaleClock::setSource([] { return QDateTime(day, QTime(13, 0)); });
+    const auto result = StockWriter(base->db(), order.place).write(order);
+    if (result.outcome != StockWriter::Written)
+        qFatal("No document: %s", qPrintable(result.why));
+}
+
 void TstDay::close(FreshDatabase *base, const QString &kass)
 {
     const ShiftCloser closer(base->db(), {"1", kass, "1"});
@@ -127,6 +142,9 @@ void TstDay::reportsAgreeWithTheReceipts()
     fillChain(&base);
     sell(&base, "1", "000000", {goods(10, 2000, 6000, 1), goods(11, 250, 8000, 2)}, 600, 4000);
     sell(&base, "1", "120000", {goods(12, 3000, 1230, 6), goods(10, 1000, 5000, 1)}, 0, 0);
+    // Goods documents among them change no sum of any report.
+    moveGoods(&base, ChekType::GoodsReceipt, StockPlace::Syllable);
+    moveGoods(&base, ChekType::GoodsMovement, StockPlace::Showroom);
     sell(&base, "2", "235959", {goods(10, 1000, 6000, 1)}, 0, 6000);
     close(&base, "1");
     close(&base, "2");
@@ -162,7 +180,14 @@ void TstDay::reportsAgreeWithTheReceipts()
 
     QChekViewer cheks(base.connection(), &user, &base.heard, nullptr);
     cheks.findChild<RangeSelector *>()->setDays(day, day);
-    QCOMPARE(loaded(&cheks, {6}), (QStringList{"10", "10", "3", "3", "3"}));
+    QCOMPARE(loaded(&cheks, {6}), (QStringList{"10", "10", "3", "3", "3", "7", "8"}));
+    QCOMPARE(loaded(&cheks, {6, 3}).mid(5), (QStringList{"7|850.0", "8|850.0"}));
+    const auto received = readNewSlip(base.db(), {{0, 0, 1}, 3});
+    QVERIFY(received && received->html().contains("ПРИЙОМ</center><center>склад</center>"));
+    const auto moved = readNewSlip(base.db(), {{0, 0, 1}, 4});
+    QVERIFY2(moved && moved->html().contains("ПЕРЕМІЩЕННЯ</center><center>склад → зал</center>") &&
+                 moved->html().contains("8.500"),
+             qPrintable(moved ? moved->html() : QString()));
     QVERIFY2(cheks.totals().join('|').contains(
                  moneyShown(base.value("SELECT SUM(summa) FROM cheks WHERE id_type=3").toLongLong())),
              qPrintable(cheks.totals().join('|')));
@@ -210,7 +235,7 @@ void TstDay::registersAreLookedUp()
         QVERIFY2(plan.filter("|ALL|").isEmpty() && plan.filter("|index|").isEmpty(),
                  qPrintable(sql + plan.join('\n')));
     }
-    QCOMPARE(sent.filter("FROM cheks").size(), 13);
+    QCOMPARE(sent.filter("FROM cheks").size(), 14);
 }
 
 QTEST_MAIN(TstDay)
