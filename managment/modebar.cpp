@@ -45,3 +45,12 @@ void ModeBar::setCount(GoodsSearch::Mode mode, int rows)
     const QString caption = button->property(captionProperty).toString();
     button->setText(rows == 0 ? caption : QStringLiteral("%1 (%2)").arg(caption).arg(rows));
 }
+
+QWidgetList ModeBar::buttons() const
+{
+    QWidgetList all;
+    const auto buttons = m_buttons->buttons();
+    for (QAbstractButton *button : buttons)
+        all.append(button);
+    return all;
+}

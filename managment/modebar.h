@@ -22,6 +22,7 @@ public:
     using QWidget::show;
     /// Behind the caption stands how many rows wait in that mode; 0 for none.
     void setCount(GoodsSearch::Mode mode, int rows);
+    QWidgetList buttons() const;
 
 signals:
     void chosen(GoodsSearch::Mode mode);

@@ -231,11 +231,19 @@ void QRegisterSale::connectKeys()
 /// What a sale needs comes first, what is seldom changed last; across the parts.
 void QRegisterSale::orderTabs()
 {
+    const auto named = [this](std::initializer_list<const char *> names) {
+        QWidgetList widgets;
+        for (const char *name : names)
+            widgets.append(findChild<QWidget *>(QLatin1String(name)));
+        return widgets;
+    };
+    QWidgetList all = named({"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear"});
+    for (const StockPane *pane : m_stock->panes())
+        all += pane->tabOrder();
+    all += named({"cbShop", "cbKass", "dateEdit", "sbPriority"}) + ui->modes->buttons() +
+           named({"pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"});
     QWidget *last = ui->goods->searchField();
-    for (const char *name :
-         {"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear", "cbShop", "cbKass",
-          "dateEdit", "sbPriority", "pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"}) {
-        auto *next = findChild<QWidget *>(QLatin1String(name));
+    for (QWidget *next : qAsConst(all)) {
         setTabOrder(last, next);
         last = next;
     }

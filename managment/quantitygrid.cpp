@@ -99,8 +99,11 @@ void QuantityGrid::step(qint64 thousandths)
         return;
     m_whenThere([=] {
         const int row = currentRow();
-        if (row >= 0)
-            setQuantity(row, m_rows.quantity(row) + thousandths);
+        if (row < 0)
+            return;
+        // No step turns what comes into what goes.
+        const qint64 before = m_rows.quantity(row);
+        setQuantity(row, before > 0 ? qMax<qint64>(before + thousandths, 0) : before + thousandths);
     });
 }
 
