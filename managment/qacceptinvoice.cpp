@@ -76,12 +76,21 @@ void QAcceptInvoice::buildGrid(const QLoadedUser *user)
 
 void QAcceptInvoice::connectParts()
 {
-    connect(new ScanCatcher(this), &ScanCatcher::scanned, this, &QAcceptInvoice::scan);
     ui->leGoods->installEventFilter(this);
     connect(ui->pbRest, &QPushButton::clicked, this, &QAcceptInvoice::takeRest);
     connect(ui->pbOk, &QPushButton::clicked, this, &EditDialog::btok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &EditDialog::btcancel);
     connect(new QShortcut(Qt::Key_F9, this), &QShortcut::activated, this, &EditDialog::btok);
+}
+
+/// Behind what the base listens by: of an Enter on a button that would see a scan first, and end it.
+void QAcceptInvoice::showEvent(QShowEvent *event)
+{
+    InvoiceDialog::showEvent(event);
+    if (m_scanner != nullptr)
+        return;
+    m_scanner = new ScanCatcher(this);
+    connect(m_scanner, &ScanCatcher::scanned, this, &QAcceptInvoice::scan);
 }
 
 void QAcceptInvoice::show(const std::optional<ReadInvoice> &invoice)
@@ -132,7 +141,8 @@ void QAcceptInvoice::scan(const QString &code)
 
 void QAcceptInvoice::takeScans()
 {
-    if (QApplication::activeModalWidget() != this)
+    const QWidget *asking = QApplication::activeModalWidget();
+    if (asking != nullptr && asking != this)
         return;
     for (const QString &code : std::exchange(m_scans, {})) {
         m_grid->settle();
@@ -199,9 +209,10 @@ void QAcceptInvoice::showFound(const QString &text, Source source,
     count(row, line.barcode == text ? Scanned : source);
 }
 
-/// A piece that was scanned counts; of all else the quantity is asked.
+/// A piece that was scanned counts; of all else the quantity is asked. What was typed before counts first.
 void QAcceptInvoice::count(int row, Source source)
 {
+    m_grid->settle();
     ui->leGoods->clear();
     const InvoiceLine &line = m_model->lines().at(row);
     if (source == Scanned && line.isPiece) {

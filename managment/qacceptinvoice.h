@@ -13,6 +13,7 @@ class CountModel;
 class QKeyEvent;
 class QLoadedUser;
 class QuantityGrid;
+class ScanCatcher;
 
 /// The receiver counts what has come. A scanned piece counts one more wherever the focus is, of weighed goods
 /// the quantity is asked; what was not sent is added. All has to be counted before it is accepted; what
@@ -36,6 +37,7 @@ protected:
     QString refusal() const override;
     void save() override;
     void notWritten() override;
+    void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -64,6 +66,7 @@ private:
     CountModel *m_model;
     ListColumns m_columns;
     QuantityGrid *m_grid = nullptr;
+    ScanCatcher *m_scanner = nullptr;
     ReadInvoice m_invoice;
     DbId m_user;
     bool m_isChanged = false;
