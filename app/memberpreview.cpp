@@ -76,7 +76,8 @@ void MemberPreview::showMenus(const PageTable &pages, QMenuBar *menus)
                 new QTreeWidgetItem(top,
                                     {withoutKey(action->text()), commandsOf(pages, action->objectName())});
         }
-        if (top->childCount() == 0) {
+        // One without a title holds what a narrow window leaves out of its menu bar.
+        if (top->childCount() == 0 || menu->title().isEmpty()) {
             delete top;
             continue;
         }

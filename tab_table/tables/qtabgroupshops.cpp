@@ -55,7 +55,7 @@ void QTabGroup_Shops::buildOffer()
     auto *show = new QPushButton(tr("Показати &нам"), m_bar);
     show->setObjectName(QStringLiteral("pbShow"));
     connect(show, &QPushButton::clicked, this, &QTabGroup_Shops::showToOwnGroup);
-    auto *later = new QPushButton(tr("Не &зараз"), m_bar);
+    auto *later = new QPushButton(tr("Не за&раз"), m_bar);
     later->setObjectName(QStringLiteral("pbLater"));
     connect(later, &QPushButton::clicked, this, [this] {
         m_unseen.clear();

@@ -5,11 +5,14 @@
 #include "permissions.h"
 #include "qqestion.h"
 #include "qseluser.h"
+#include "recorddialog.h"
 #include "veltab.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
+#include <QTableView>
 #include <QTemporaryDir>
 
 /// Who works in the main window, and on which server, while answers are late or do not come.
@@ -24,8 +27,22 @@ private slots:
     void loginMayBeCalledOff();
     void whoLogsInLastCounts();
     void lostServerIsToldOnce();
+    void takenRightIsToldAtTheNextAct();
+    void editorFollowsTheRight();
+    void whoWasMovedFollows();
+    void whoIsLockedOutDoesNothingMore_data();
+    void whoIsLockedOutDoesNothingMore();
 
 private:
+    /// Chooses an action, and tells what the program says to it.
+    QString toldAt(const char *name)
+    {
+        return answerQuestion([this, name] {
+            action(name)->trigger();
+            waitOutTasks();
+        });
+    }
+    int pages() { return child<QTabWidget>(m_window.get(), "tabWidget")->count(); }
     QAction *action(const char *name) { return child<QAction>(m_window.get(), QLatin1String(name)); }
     QString shown(const char *label) { return child<QLabel>(m_window.get(), QLatin1String(label))->text(); }
     bool logInBy(const std::function<void(QSelUser *)> &hand);
@@ -150,6 +167,74 @@ void TstSession::lostServerIsToldOnce()
     }));
     waitOutTasks();
     QVERIFY(shown("labelUser").endsWith("Іван Бондар") && told.size() == 1);
+}
+
+/// Another operator changes rights while Olena is at work; nobody tells the change tracker.
+void TstSession::takenRightIsToldAtTheNextAct()
+{
+    m_base->execElsewhere("INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(2,13,1)");
+    QCOMPARE(toldAt("mt_shops"), QString());
+    QVERIFY2(action("mt_goods")->isVisible(), "what was given is there, too");
+    m_base->execElsewhere("UPDATE lst_permis SET permission=0 WHERE id_g_prem=2 AND id_prem=13");
+    QCOMPARE(toldAt("mt_goods"), QString("У вас немає доступу до вкладки \"Товари\"."));
+    QVERIFY(pages() == 1 && !action("mt_goods")->isVisible());
+    // Two values that change places are a change, too.
+    m_base->execElsewhere(
+        "UPDATE lst_permis SET permission=IF(id_prem=0,2,1) WHERE id_g_prem=2 AND id_prem<11");
+    QCOMPARE(toldAt("reload"), QString());
+    QVERIFY(action("add")->isVisible());
+}
+
+void TstSession::editorFollowsTheRight()
+{
+    m_base->exec(QStringList{"UPDATE lst_permis SET permission=1 WHERE id_g_prem=2 AND id_prem=10",
+                             "INSERT INTO lst_group VALUES(2,1)",
+                             "INSERT INTO shops(id,address,name,group_shop) VALUES(1,'Київ','М',1)"});
+    QCOMPARE(toldAt("mt_shops"), QString());
+    auto *list = child<QTabWidget>(m_window.get(), "tabWidget")->currentWidget()->findChild<QTableView *>();
+    QTRY_COMPARE(list->model()->rowCount(), 1);
+    m_base->execElsewhere("UPDATE lst_permis SET permission=2 WHERE id_g_prem=2 AND id_prem=10");
+    QVERIFY(withModal<RecordDialog>([list] { emit list->doubleClicked(list->model()->index(0, 1)); },
+                                    [](RecordDialog *editor) {
+                                        waitOutTasks();
+                                        QVERIFY(editor->isReadOnly());
+                                    }));
+    QVERIFY(!action("add")->isVisible());
+}
+
+void TstSession::whoWasMovedFollows()
+{
+    QCOMPARE(toldAt("mt_shops"), QString());
+    m_base->execElsewhere("UPDATE users SET id_g_prem=1 WHERE login='olena'");
+    QCOMPARE(toldAt("reload"),
+             QString("Вас перевели до групи прав \"developer\". Меню і вкладки тепер за її правами."));
+    QVERIFY(action("mt_goods")->isVisible() && action("add")->isVisible());
+    QCOMPARE(toldAt("reload"), QString());
+}
+
+void TstSession::whoIsLockedOutDoesNothingMore_data()
+{
+    QTest::addColumn<QString>("act");
+    QTest::newRow("right") << "DELETE FROM lst_permis WHERE id_g_prem=2 AND id_prem=0";
+    QTest::newRow("group") << "UPDATE users SET id_g_prem=3 WHERE login='olena'";
+    QTest::newRow("user") << "DELETE FROM users WHERE login='olena'";
+}
+
+void TstSession::whoIsLockedOutDoesNothingMore()
+{
+    QFETCH(QString, act);
+    m_base->exec(QStringList{"UPDATE lst_permis SET permission=1 WHERE id_g_prem=2 AND id_prem=10",
+                             "INSERT INTO group_premission(id,name) VALUES(3,'Звільнені')",
+                             "INSERT INTO lst_permis(id_g_prem,id_prem,permission) VALUES(3,10,1),(3,40,1)"});
+    QCOMPARE(toldAt("mt_shops"), QString());
+    QVERIFY(action("add")->isVisible());
+    m_base->execElsewhere(act);
+    QVERIFY(toldAt("reload").startsWith("У вас більше немає доступу до бекофісу"));
+    for (const char *name : {"add", "edit", "mt_shops", "changpass", "settings", "mt_tune"})
+        QVERIFY2(!action(name)->isVisible(), name);
+    QVERIFY(shown("labelConnection").startsWith("У вас більше немає доступу"));
+    // The tab stays, without its commands.
+    QCOMPARE(pages(), 1);
 }
 
 QTEST_MAIN(TstSession)

@@ -9,6 +9,7 @@
 #include "qntableview.h"
 #include "qrowmodel.h"
 #include "qtabdelegate.h"
+#include "qtabgroupshops.h"
 #include "qtabnames.h"
 #include "qupdatebd.h"
 #include "tcpproxy.h"
@@ -104,6 +105,7 @@ private slots:
     void closedWhileWriting();
     void silentWhileWriting();
     void lostAnswerIsNoRival();
+    void newShopGroupsAreOfferedToTheOwnGroup();
 
 private:
     void open(int right = Permission::Full);
@@ -1165,6 +1167,45 @@ void TstQTabNames::lostAnswerIsNoRival()
     QCOMPARE(names(), QStringList({"Бакалія", "Молочне", "Риба", "Хліб"}));
     QCOMPARE(shown(), QStringList({"Хліб", "Молочне", "Бакалія", "Риба"}));
     QCOMPARE(shown(0).last(), m_base->value("SELECT id FROM group_goods WHERE name='Риба'"));
+}
+
+/// They are added one after the other, and then shown to the permission group of who has added them.
+void TstQTabNames::newShopGroupsAreOfferedToTheOwnGroup()
+{
+    QLoadedUser user(nullptr, &m_base->heard);
+    QVERIFY(user.loadpermis(m_base->connection(), "admin", ""));
+    connect(&user, &QLoadedUser::actBegun, &user, [&] { user.reload(m_base->connection()); });
+    QTabGroup_Shops tab(m_base->connection(), &user, &m_base->heard, nullptr, nullptr);
+    tab.setPermission(Permission::GroupShops);
+    QVERIFY(showActive(&tab));
+    QTRY_VERIFY(!tab.isLoading());
+    const auto *bar = child<QFrame>(&tab, "offerBar");
+    QVERIFY(!bar->isVisible());
+    tab.Add();
+    for (const char *name : {"Південь", "Північ"}) {
+        typeText(name);
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+    }
+    QVERIFY(bar->isVisible());
+    const QString told = child<QLabel>(&tab, "labelUnseen")->text();
+    QVERIFY2(told.contains("(Південь, Північ)"), qPrintable(told));
+    QCOMPARE(
+        m_base->value("SELECT COUNT(*) FROM lst_group JOIN group_shop ON group_shop.id=id_group WHERE name "
+                      "LIKE 'Пів%'"),
+        QString("0"));
+    m_base->exec("UPDATE updat SET updat=0");
+    // Another operator has shown one of them meanwhile.
+    m_base->execElsewhere("INSERT INTO lst_group SELECT 1,id FROM group_shop WHERE name='Північ'");
+    pressKeys({Qt::Key_Escape});
+    QTest::mouseClick(child<QPushButton>(&tab, "pbShow"), Qt::LeftButton);
+    waitOutTasks();
+    QCOMPARE(
+        m_base->rows("SELECT id_g_prem,name FROM lst_group JOIN group_shop ON group_shop.id=id_group WHERE "
+                     "name LIKE 'Пів%' ORDER BY 2"),
+        (QStringList{"1|Південь", "1|Північ"}));
+    QCOMPARE(m_base->value("SELECT updat<>0 FROM updat WHERE name='lst_group'"), QString("1"));
+    QVERIFY2(!bar->isVisible(), "they are seen by now");
 }
 
 QTEST_MAIN(TstQTabNames)
