@@ -1,7 +1,7 @@
 #include "clientimport.h"
 
+#include "jobstatements.h"
 #include "money.h"
-#include "qmessevent.h"
 #include "qupdatebd.h"
 #include "servererror.h"
 
@@ -82,10 +82,7 @@ class Importer
 {
 public:
     Importer(JobContext *context, const ImportPlan &plan, ImportOutcome *outcome)
-        : m_context(context)
-        , m_plan(plan)
-        , m_outcome(outcome)
-        , m_connection(std::make_unique<JobConnection>(*context))
+        : m_context(context), m_plan(plan), m_outcome(outcome), m_statements(context)
     {
         outcome->refused = plan.refused;
         outcome->untouched = static_cast<int>(plan.cards.size());
@@ -93,7 +90,7 @@ public:
 
     JobResult run()
     {
-        if (!m_connection->isOpen())
+        if (!m_statements.isOpen())
             return {};
         const auto end = m_plan.cards.cend();
         for (auto next = m_plan.cards.cbegin(); next != end;) {
@@ -113,9 +110,7 @@ public:
 
 private:
     enum class End { Settled, Again, Lost, Refused, Stopped };
-    enum class Step { None, Write, Commit };
-
-    Db db() { return m_connection->db(); }
+    using Step = JobStatements::Step;
 
     void tellProgress()
     {
@@ -125,8 +120,8 @@ private:
     /// The levels of the cards that are there. Locked, none of them changes and none comes until COMMIT.
     bool readLevels(const Batch &batch, const char *lock, Levels *levels)
     {
-        auto query = send(QStringLiteral("SELECT id,id_procent FROM clients WHERE id IN (") + batch.codes() +
-                          QLatin1Char(')') + QLatin1String(lock));
+        auto query = m_statements.send(QStringLiteral("SELECT id,id_procent FROM clients WHERE id IN (") +
+                                       batch.codes() + QLatin1Char(')') + QLatin1String(lock));
         while (query && query->next())
             levels->insert(query->value(0).toUInt(),
                            qMax(query->value(1).toUInt(), levels->value(query->value(0).toUInt())));
@@ -137,7 +132,7 @@ private:
     End tryOut(const Batch &batch)
     {
         if (m_context->isCancelled() || !readLevels(batch, "", &m_tried)) {
-            report();
+            m_statements.report();
             return m_context->isCancelled() ? End::Stopped : End::Lost;
         }
         count(BatchWork(batch, &m_tried));
@@ -154,7 +149,7 @@ private:
             return End::Stopped;
         if (end == End::Settled || end == End::Lost)
             return end;
-        report();
+        m_statements.report();
         refuse(batch);
         return End::Settled;
     }
@@ -163,13 +158,9 @@ private:
     {
         if (m_context->isCancelled())
             return End::Stopped;
-        m_error.clear();
-        m_failedSql.clear();
         m_isSpoilt = false;
         BatchWork work;
-        const Step failedAt = send(batch, &work);
-        // The transaction is over; a lost connection may be replaced.
-        switch (failedAt) {
+        switch (m_statements.transact([&] { return writeCards(batch, &work); })) {
         case Step::Commit:
             return afterCommit(work);
         case Step::None:
@@ -178,18 +169,6 @@ private:
         default:
             return afterFailure();
         }
-    }
-
-    /// One transaction; the step that failed, with the number of its error.
-    Step send(const Batch &batch, BatchWork *work)
-    {
-        Transaction transaction(db());
-        const bool isWritten = transaction && writeCards(batch, work);
-        const bool isCommitted = isWritten && transaction.commit();
-        m_errorNumber = isCommitted ? 0 : db().lastErrorNumber();
-        if (isCommitted)
-            return Step::None;
-        return isWritten ? Step::Commit : Step::Write;
     }
 
     bool writeCards(const Batch &batch, BatchWork *work)
@@ -201,24 +180,24 @@ private:
         if (!insert(batch, *work))
             return false;
         for (const ImportedCard &card : qAsConst(work->raised)) {
-            if (!send(QStringLiteral("UPDATE clients SET id_procent=%1 WHERE id=%2")
-                          .arg(card.level)
-                          .arg(card.code)))
+            if (!m_statements.send(QStringLiteral("UPDATE clients SET id_procent=%1 WHERE id=%2")
+                                       .arg(card.level)
+                                       .arg(card.code)))
                 return false;
         }
         return !work->changes() ||
-               QUpdateBD().update(clientsTable, *db().connection(), m_context->receiver());
+               QUpdateBD().update(clientsTable, *m_statements.db().connection(), m_context->receiver());
     }
 
     /// Also when the server drops a row without an error: its level or the group has just been deleted.
     bool insert(const Batch &batch, const BatchWork &work)
     {
         const QString sql = insertStatement(batch, m_plan.group);
-        const auto query = send(sql);
+        const auto query = m_statements.send(sql);
         if (!query || query->numRowsAffected() == work.added.size())
             return query.has_value();
-        m_error = Texts::tr("Сервер не взяв усіх карток: рівень знижки або групу щойно вилучено.");
-        m_failedSql = sql;
+        m_statements.fail(sql,
+                          Texts::tr("Сервер не взяв усіх карток: рівень знижки або групу щойно вилучено."));
         m_isSpoilt = true;
         return false;
     }
@@ -227,21 +206,21 @@ private:
     {
         if (m_context->isCancelled())
             return End::Stopped;
-        if (isConnectionLost(m_errorNumber))
-            return connectAnew() ? End::Again : End::Lost;
-        const bool isSpoilt =
-            m_isSpoilt || m_errorNumber == ServerError::Deadlock || m_errorNumber == ServerError::LockWait;
-        return isSpoilt ? End::Again : End::Refused;
+        const int error = m_statements.errorNumber();
+        if (isConnectionLost(error))
+            return m_statements.connectAnew() ? End::Again : End::Lost;
+        return m_isSpoilt || isOthersLock(error) ? End::Again : End::Refused;
     }
 
     /// When the answer was lost the server is asked, so that nothing is counted twice or not at all.
     End afterCommit(const BatchWork &work)
     {
-        if (isCommitRefused(m_errorNumber))
+        if (isCommitRefused(m_statements.errorNumber()))
             return End::Again;
-        if (!isConnectionLost(m_errorNumber) && !m_context->isCancelled())
+        if (!isConnectionLost(m_statements.errorNumber()) && !m_context->isCancelled())
             return End::Refused;
-        const auto isThere = m_context->isCancelled() || !connectAnew() ? std::nullopt : isWritten(work);
+        const auto isThere =
+            m_context->isCancelled() || !m_statements.connectAnew() ? std::nullopt : isWritten(work);
         if (!isThere) {
             m_outcome->unclear = work.added.size() + work.raised.size();
             return m_context->isCancelled() ? End::Stopped : End::Lost;
@@ -259,19 +238,11 @@ private:
             return true;
         const bool isAdded = !work.added.isEmpty();
         const ImportedCard &card = isAdded ? work.added.first() : work.raised.first();
-        auto query = send(QStringLiteral("SELECT id_procent FROM clients WHERE id=%1").arg(card.code));
+        auto query =
+            m_statements.send(QStringLiteral("SELECT id_procent FROM clients WHERE id=%1").arg(card.code));
         if (!query)
             return std::nullopt;
         return query->next() && (isAdded || query->value(0).toUInt() >= card.level);
-    }
-
-    bool connectAnew()
-    {
-        auto connection = m_context->connectAgain();
-        if (!connection)
-            return false;
-        m_connection = std::move(connection);
-        return true;
     }
 
     void count(const BatchWork &work)
@@ -283,42 +254,19 @@ private:
 
     void refuse(const Batch &batch)
     {
-        const QString why = m_error.simplified().replace(QLatin1Char(';'), QLatin1Char(','));
+        const QString why = m_statements.error().simplified().replace(QLatin1Char(';'), QLatin1Char(','));
         const QString reason =
             why.isEmpty() ? Texts::tr("не записано") : Texts::tr("не записано: %1").arg(why);
         for (auto card = batch.begin; card != batch.end; ++card)
             m_outcome->refused.append({card->record, QString::number(card->code), reason});
     }
 
-    std::optional<QSqlQuery> send(const QString &sql)
-    {
-        QString error;
-        auto query = db().attempt(sql, &error);
-        if (!query) {
-            m_error = error;
-            m_failedSql = sql;
-        }
-        return query;
-    }
-
-    /// What else can fail has reported itself.
-    void report() const
-    {
-        if (m_failedSql.isEmpty())
-            return;
-        postMessage(m_context->receiver(), Texts::tr("Помилка запиту:") + QLatin1Char('\n') + m_error +
-                                               QLatin1Char('\n') + m_failedSql.left(500));
-    }
-
     JobContext *m_context;
     const ImportPlan &m_plan;
     ImportOutcome *m_outcome;
-    std::unique_ptr<JobConnection> m_connection;
+    JobStatements m_statements;
     /// Of a trial.
     Levels m_tried;
-    QString m_error;
-    QString m_failedSql;
-    int m_errorNumber = 0;
     /// By what another program has just done: it may work the next time.
     bool m_isSpoilt = false;
 };

@@ -28,11 +28,6 @@ bool isRefusedValue(int error)
            std::count(std::begin(wrongValue), std::end(wrongValue), error) != 0;
 }
 
-bool isOthersLock(int error)
-{
-    return error == ServerError::LockWait || error == ServerError::Deadlock;
-}
-
 QString marksOf(const KeptReading &reading)
 {
     return QStringLiteral("cashdrive ") + reading.id + QLatin1Char(' ');

@@ -28,15 +28,10 @@ protected:
     template<typename Writer>
     typename Writer::Outcome failureOf() const
     {
-        switch (m_db.lastErrorNumber()) {
-        case ServerError::DuplicateKey:
+        const int error = m_db.lastErrorNumber();
+        if (error == ServerError::DuplicateKey)
             return Writer::Collided;
-        case ServerError::LockWait:
-        case ServerError::Deadlock:
-            return Writer::Locked;
-        default:
-            return Writer::Failed;
-        }
+        return isOthersLock(error) ? Writer::Locked : Writer::Failed;
     }
     /// The same of a COMMIT.
     template<typename Writer>

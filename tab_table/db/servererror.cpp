@@ -36,10 +36,14 @@ bool isConnectionLost(int error)
     return std::find(std::begin(lossErrors), std::end(lossErrors), error) != std::end(lossErrors);
 }
 
+bool isOthersLock(int error)
+{
+    return error == ServerError::LockWait || error == ServerError::Deadlock;
+}
+
 bool isCommitRefused(int error)
 {
-    return error == ServerError::LockWait || error == ServerError::Deadlock ||
-           error == ServerError::NodeNotReady;
+    return isOthersLock(error) || error == ServerError::NodeNotReady;
 }
 
 QString serverWords(int error)

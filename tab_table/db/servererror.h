@@ -29,6 +29,9 @@ enum {
 /// ending it. A transaction of it is rolled back by the server.
 bool isConnectionLost(int error);
 
+/// True when another program's transaction was in the way: the same may succeed when it is tried again.
+bool isOthersLock(int error);
+
 /// True when a COMMIT that failed so has certainly written nothing. After any other failure of a COMMIT the
 /// server has to be asked.
 bool isCommitRefused(int error);

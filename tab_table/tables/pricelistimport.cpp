@@ -1,7 +1,7 @@
 #include "pricelistimport.h"
 
+#include "jobstatements.h"
 #include "money.h"
-#include "qmessevent.h"
 #include "qupdatebd.h"
 #include "servererror.h"
 
@@ -63,17 +63,14 @@ class Importer
 {
 public:
     Importer(JobContext *context, const PriceListPlan &plan, PriceListOutcome *outcome)
-        : m_context(context)
-        , m_plan(plan)
-        , m_outcome(outcome)
-        , m_connection(std::make_unique<JobConnection>(*context))
+        : m_context(context), m_plan(plan), m_outcome(outcome), m_statements(context)
     {
         outcome->refused = plan.refused;
     }
 
     JobResult run()
     {
-        if (!m_connection->isOpen())
+        if (!m_statements.isOpen())
             return {};
         End end = End::Again;
         for (int tries = 0; end == End::Again && tries < mostTries; ++tries)
@@ -91,40 +88,24 @@ public:
         case End::Stopped:
             return {JobResult::Cancelled, Texts::tr("Імпорт зупинено, у базу нічого не записано."), {}};
         default:
-            report();
+            m_statements.report();
             return {JobResult::Failed, Texts::tr("Імпорт не вдався, у базу нічого не записано."), {}};
         }
     }
 
 private:
     enum class End { Written, Again, Failed, Stopped, Unclear };
-    enum class Step { None, Write, Commit };
-
-    Db db() { return m_connection->db(); }
+    using Step = JobStatements::Step;
 
     End writeOnce()
     {
-        m_error.clear();
-        m_failedSql.clear();
         m_draft = Draft();
         m_draft.outcome.refused = m_plan.refused;
-        const Step failedAt = send();
-        // The transaction is over; a lost connection may be replaced.
+        const Step failedAt =
+            m_statements.transact([this] { return compare() && write() && !m_context->isCancelled(); });
         if (failedAt == Step::None)
             return End::Written;
         return failedAt == Step::Commit ? afterCommit() : afterFailure();
-    }
-
-    /// One transaction; the step that failed, with the number of its error.
-    Step send()
-    {
-        Transaction transaction(db());
-        const bool isWritten = transaction && compare() && write() && !m_context->isCancelled();
-        const bool isCommitted = isWritten && transaction.commit();
-        m_errorNumber = isCommitted ? 0 : db().lastErrorNumber();
-        if (isCommitted)
-            return Step::None;
-        return isWritten ? Step::Commit : Step::Write;
     }
 
     /// Holds the plan against the goods as they are now. They are locked, and so are the places of new
@@ -154,10 +135,10 @@ private:
 
     bool readNow(const QStringList &codes, QHash<QString, KnownGoods> *now)
     {
-        auto goods =
-            send(QStringLiteral("SELECT dk_shc.shtrihcod,id,price FROM dk_shc JOIN goods ON id=id_goods "
-                                "WHERE dk_shc.shtrihcod IN (") +
-                 codes.join(QLatin1Char(',')) + QStringLiteral(") FOR UPDATE"));
+        auto goods = m_statements.send(
+            QStringLiteral("SELECT dk_shc.shtrihcod,id,price FROM dk_shc JOIN goods ON id=id_goods "
+                           "WHERE dk_shc.shtrihcod IN (") +
+            codes.join(QLatin1Char(',')) + QStringLiteral(") FOR UPDATE"));
         while (goods && goods->next())
             now->insert(goods->value(0).toString(), {goods->value(1).toUInt(), goods->value(2).toLongLong()});
         return goods.has_value();
@@ -196,37 +177,37 @@ private:
         m_context->stage(Texts::tr("Записується…"));
         m_context->progress(0, m_draft.added.size());
         for (const QString &sql : priceStatements(m_draft.prices)) {
-            if (m_context->isCancelled() || !send(sql))
+            if (m_context->isCancelled() || !m_statements.send(sql))
                 return false;
         }
         int done = 0;
         for (const NewGoods *goods : qAsConst(m_draft.added)) {
             if (++done % toldBetween == 0)
                 m_context->progress(done, m_draft.added.size());
-            if (m_context->isCancelled() || !send(insertGoods(*goods)) || !send(insertBarcode(*goods)))
+            if (m_context->isCancelled() || !m_statements.send(insertGoods(*goods)) ||
+                !m_statements.send(insertBarcode(*goods)))
                 return false;
         }
-        return QUpdateBD().update({QStringLiteral("goods"), QStringLiteral("dk_shc")}, *db().connection(),
-                                  m_context->receiver());
+        return QUpdateBD().update({QStringLiteral("goods"), QStringLiteral("dk_shc")},
+                                  *m_statements.db().connection(), m_context->receiver());
     }
 
     End afterFailure()
     {
         if (m_context->isCancelled())
             return End::Stopped;
-        if (isConnectionLost(m_errorNumber))
-            return connectAnew() ? End::Again : End::Failed;
-        return m_errorNumber == ServerError::Deadlock || m_errorNumber == ServerError::LockWait ? End::Again
-                                                                                                : End::Failed;
+        if (isConnectionLost(m_statements.errorNumber()))
+            return m_statements.connectAnew() ? End::Again : End::Failed;
+        return isOthersLock(m_statements.errorNumber()) ? End::Again : End::Failed;
     }
 
     /// Whether it is there the server is asked, so that nothing is told that is not so.
     End afterCommit()
     {
-        if (isCommitRefused(m_errorNumber))
+        if (isCommitRefused(m_statements.errorNumber()))
             return End::Again;
-        const bool isLost = isConnectionLost(m_errorNumber);
-        const auto isThere = !isLost || connectAnew() ? isWritten() : std::nullopt;
+        const bool isLost = isConnectionLost(m_statements.errorNumber());
+        const auto isThere = !isLost || m_statements.connectAnew() ? isWritten() : std::nullopt;
         if (!isThere)
             return End::Unclear;
         if (*isThere)
@@ -240,51 +221,21 @@ private:
         if (m_draft.isEmpty())
             return true;
         const bool isAdded = !m_draft.added.isEmpty();
-        auto query = isAdded ? send(QStringLiteral("SELECT id_goods FROM dk_shc WHERE shtrihcod=") +
-                                    lit(m_draft.added.first()->barcode))
-                             : send(QStringLiteral("SELECT price FROM goods WHERE id=") +
-                                    QString::number(m_draft.prices.firstKey()));
+        auto query = isAdded
+                         ? m_statements.send(QStringLiteral("SELECT id_goods FROM dk_shc WHERE shtrihcod=") +
+                                             lit(m_draft.added.first()->barcode))
+                         : m_statements.send(QStringLiteral("SELECT price FROM goods WHERE id=") +
+                                             QString::number(m_draft.prices.firstKey()));
         if (!query)
             return std::nullopt;
         return query->next() && (isAdded || query->value(0).toLongLong() == m_draft.prices.first());
     }
 
-    bool connectAnew()
-    {
-        auto connection = m_context->connectAgain();
-        if (!connection)
-            return false;
-        m_connection = std::move(connection);
-        return true;
-    }
-
-    std::optional<QSqlQuery> send(const QString &sql)
-    {
-        QString error;
-        auto query = db().attempt(sql, &error);
-        if (!query) {
-            m_error = error;
-            m_failedSql = sql;
-        }
-        return query;
-    }
-
-    /// What else can fail has reported itself.
-    void report() const
-    {
-        if (!m_failedSql.isEmpty())
-            postMessage(m_context->receiver(), Texts::tr("Помилка запиту:") + QLatin1Char('\n') + m_error +
-                                                   QLatin1Char('\n') + m_failedSql.left(500));
-    }
-
     JobContext *m_context;
     const PriceListPlan &m_plan;
     PriceListOutcome *m_outcome;
-    std::unique_ptr<JobConnection> m_connection;
+    JobStatements m_statements;
     Draft m_draft;
-    QString m_error;
-    QString m_failedSql;
-    int m_errorNumber = 0;
 };
 
 QString countLine(const QString &caption, int count)
