@@ -11,9 +11,9 @@
 #include "receiptmodel.h"
 #include "saleclock.h"
 #include "salekeys.h"
+#include "salepricequestion.h"
 #include "stockdesk.h"
 #include "stockpane.h"
-#include "salepricequestion.h"
 
 #include <QApplication>
 #include <QClipboard>

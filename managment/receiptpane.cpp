@@ -22,8 +22,8 @@ ReceiptPane::ReceiptPane(QWidget *parent)
                                [this](int row, qint64 quantity) { return setQuantity(row, quantity); },
                                [this](int row) { m_model->remove(row); }, [this] { return settle(); }});
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
-    ui->lbKeys->setText(
-        tr("+ − * кількість, Delete прибрати рядок, F1 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити"));
+    ui->lbKeys->setText(tr(
+        "+ − * кількість, Delete прибрати рядок, F1 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити"));
     connectGrid();
     connectFields();
     showSums();

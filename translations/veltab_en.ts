@@ -5,15 +5,15 @@
     <name>AccessRows</name>
     <message>
         <source>повний</source>
-        <translation type="unfinished"></translation>
+        <translation>full</translation>
     </message>
     <message>
         <source>перегляд</source>
-        <translation type="unfinished"></translation>
+        <translation>view</translation>
     </message>
     <message>
         <source>так</source>
-        <translation type="unfinished"></translation>
+        <translation>yes</translation>
     </message>
     <message>
         <source>(немає)</source>
@@ -21,15 +21,15 @@
     </message>
     <message>
         <source>Право</source>
-        <translation type="unfinished"></translation>
+        <translation>Right</translation>
     </message>
     <message>
         <source>Група магазинів: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop group: %1</translation>
     </message>
     <message>
         <source>Передача в магазин: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sending to the shop: %1</translation>
     </message>
 </context>
 <context>
@@ -97,8 +97,8 @@
 <context>
     <name>ActionPanel</name>
     <message>
-        <source>Діють у той &amp;самий час:</source>
-        <translation type="unfinished"></translation>
+        <source>Діють &amp;у той самий час:</source>
+        <translation>In &amp;force at the same time:</translation>
     </message>
     <message>
         <source>ті самі товари в інших магазинах: %1</source>
@@ -274,12 +274,12 @@
         <translation>goods: %1, shops: %2</translation>
     </message>
     <message>
-        <source>і ще магазинів: %1</source>
-        <translation>and more shops: %1</translation>
-    </message>
-    <message>
         <source>%1 – товарів: %2</source>
         <translation>%1 – goods: %2</translation>
+    </message>
+    <message>
+        <source>і ще магазинів: %1</source>
+        <translation>and more shops: %1</translation>
     </message>
 </context>
 <context>
@@ -334,12 +334,12 @@
         <translation>List of barcodes</translation>
     </message>
     <message>
-        <source>&amp;Вставте або відскануйте штрихкоди, кожен в окремому рядку. Рядок таблиці теж підходить: береться перше число з нього.</source>
-        <translation type="unfinished"></translation>
+        <source>Вставте або відскануйте &amp;штрихкоди, кожен в окремому рядку. Рядок таблиці теж підходить: береться перше число з нього.</source>
+        <translation>Paste or scan &amp;barcodes, one a line. A line of a table will do, too: its first number is taken.</translation>
     </message>
     <message>
-        <source>&amp;Взяти</source>
-        <translation type="unfinished"></translation>
+        <source>В&amp;зяти</source>
+        <translation>&amp;Take</translation>
     </message>
     <message>
         <source>О&amp;чистити</source>
@@ -716,10 +716,6 @@ Wait or contact support.</translation>
     <message>
         <source>не записано: %1</source>
         <translation>not written: %1</translation>
-    </message>
-    <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
     </message>
     <message>
         <source>В таблиці вже є не нульові суми!</source>
@@ -1421,15 +1417,15 @@ Wait or contact support.</translation>
     <name>GroupAccess</name>
     <message>
         <source>Група магазинів: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Shop group: %1</translation>
     </message>
     <message>
         <source>так</source>
-        <translation type="unfinished"></translation>
+        <translation>yes</translation>
     </message>
     <message>
         <source>Передача в магазин: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Sending to the shop: %1</translation>
     </message>
     <message>
         <source>Назва</source>
@@ -1440,19 +1436,19 @@ Wait or contact support.</translation>
     <name>GroupsCompare</name>
     <message>
         <source>П&amp;ерша група:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;First group:</translation>
     </message>
     <message>
         <source>&amp;Друга група:</source>
-        <translation type="unfinished"></translation>
+        <translation>Seco&amp;nd group:</translation>
     </message>
     <message>
         <source>Порівняння груп прав</source>
-        <translation type="unfinished"></translation>
+        <translation>Comparison of permission groups</translation>
     </message>
     <message>
         <source>Групи не відрізняються.</source>
-        <translation type="unfinished"></translation>
+        <translation>The groups do not differ.</translation>
     </message>
     <message>
         <source>&amp;Закрити</source>
@@ -1460,7 +1456,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>%1 і %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 and %2</translation>
     </message>
 </context>
 <context>
@@ -1612,7 +1608,7 @@ Wait or contact support.</translation>
     <name>InvoicePane</name>
     <message>
         <source>Нова переда&amp;ча…</source>
-        <translation>&amp;New transfer…</translation>
+        <translation>New trans&amp;fer…</translation>
     </message>
     <message>
         <source>При&amp;йняти…</source>
@@ -1782,7 +1778,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>«%1»: є %2, передається %3</source>
-        <translation type="unfinished"></translation>
+        <translation>“%1”: %2 there, %3 to be transferred</translation>
     </message>
     <message>
         <source>… і ще %1</source>
@@ -1790,7 +1786,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Товару менше, ніж передається; залишок стане від&apos;ємним:</source>
-        <translation type="unfinished"></translation>
+        <translation>There is less than is to be transferred; the count will fall below zero:</translation>
     </message>
 </context>
 <context>
@@ -1859,6 +1855,13 @@ Wait or contact support.</translation>
     <message>
         <source>%1 – скасовано</source>
         <translation>%1 – cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>JobStatements</name>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
     </message>
 </context>
 <context>
@@ -2032,15 +2035,15 @@ Wait or contact support.</translation>
     <name>MemberPreview</name>
     <message>
         <source>Показати як: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Show as: %1</translation>
     </message>
     <message>
         <source>Меню і команди, які бачить користувач групи &quot;%1&quot;. Груп магазинів: %2, магазинів для передачі: %3. Експорт списків: %4.</source>
-        <translation type="unfinished"></translation>
+        <translation>Menus and commands that a user of the group “%1” sees. Shop groups: %2, shops to send to: %3. Export of lists: %4.</translation>
     </message>
     <message>
         <source>так</source>
-        <translation type="unfinished"></translation>
+        <translation>yes</translation>
     </message>
     <message>
         <source>ні</source>
@@ -2048,11 +2051,11 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Користувач групи &quot;%1&quot; не увійде: &quot;У вас немає доступу до бекофісу.&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>A user of the group “%1” will not get in: “You have no access to the back office.”</translation>
     </message>
     <message>
         <source>Меню</source>
-        <translation type="unfinished"></translation>
+        <translation>Menu</translation>
     </message>
     <message>
         <source>Команди</source>
@@ -2287,20 +2290,20 @@ Wait or contact support.</translation>
         <translation>On-line statistics</translation>
     </message>
     <message>
-        <source>Користувачі</source>
-        <translation>Users</translation>
-    </message>
-    <message>
-        <source>Групи прав</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Передачі</source>
         <translation>Transfers</translation>
     </message>
     <message>
         <source>Управління акціями</source>
-        <translation>Promotion management</translation>
+        <translation>Promotions management</translation>
+    </message>
+    <message>
+        <source>Користувачі</source>
+        <translation>Users</translation>
+    </message>
+    <message>
+        <source>Групи прав</source>
+        <translation>Permission groups</translation>
     </message>
 </context>
 <context>
@@ -2433,31 +2436,31 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Вхід до бек-офісу</source>
-        <translation type="unfinished"></translation>
+        <translation>Entry to the back office</translation>
     </message>
     <message>
         <source>Управління</source>
-        <translation type="unfinished"></translation>
+        <translation>Management</translation>
     </message>
     <message>
         <source>Продаж, прийом, переміщення</source>
-        <translation type="unfinished"></translation>
+        <translation>Sale, receiving, moving</translation>
     </message>
     <message>
         <source>Управління товарами</source>
-        <translation type="unfinished"></translation>
+        <translation>Goods management</translation>
     </message>
     <message>
         <source>Фінанси</source>
-        <translation type="unfinished"></translation>
+        <translation>Finance</translation>
     </message>
     <message>
         <source>Управління акціями</source>
-        <translation>Promotion management</translation>
+        <translation>Promotions management</translation>
     </message>
     <message>
         <source>Таблиці</source>
-        <translation type="unfinished"></translation>
+        <translation>Tables</translation>
     </message>
     <message>
         <source>Магазини</source>
@@ -2485,7 +2488,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Товари магазинів</source>
-        <translation>Goods in shops</translation>
+        <translation>Goods of shops</translation>
     </message>
     <message>
         <source>Клієнти</source>
@@ -2505,7 +2508,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Типи транзакцій</source>
-        <translation>Transaction types</translation>
+        <translation>Kinds of transactions</translation>
     </message>
     <message>
         <source>Зміни</source>
@@ -2525,7 +2528,7 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Звіти</source>
-        <translation type="unfinished"></translation>
+        <translation>Reports</translation>
     </message>
     <message>
         <source>Чеки</source>
@@ -2533,23 +2536,23 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Z-звіти</source>
-        <translation type="unfinished"></translation>
+        <translation>Z-reports</translation>
     </message>
     <message>
         <source>Артикульний звіт</source>
-        <translation type="unfinished"></translation>
+        <translation>Article report</translation>
     </message>
     <message>
         <source>Статистика онлайн</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistics on line</translation>
     </message>
     <message>
         <source>Обмін</source>
-        <translation type="unfinished"></translation>
+        <translation>Exchange</translation>
     </message>
     <message>
         <source>Автодозвін</source>
-        <translation>Auto-dial</translation>
+        <translation>Auto dial</translation>
     </message>
     <message>
         <source>Імпорт клієнтів</source>
@@ -2561,15 +2564,15 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Експорт та імпорт</source>
-        <translation type="unfinished"></translation>
+        <translation>Export and import</translation>
     </message>
     <message>
         <source>Експорт списків</source>
-        <translation type="unfinished"></translation>
+        <translation>Export of lists</translation>
     </message>
     <message>
         <source>Імпорт списків</source>
-        <translation type="unfinished"></translation>
+        <translation>Import of lists</translation>
     </message>
     <message>
         <source>Користувачі</source>
@@ -2577,15 +2580,15 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Групи прав</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission groups</translation>
     </message>
     <message>
         <source>Сервіс</source>
-        <translation type="unfinished"></translation>
+        <translation>Service</translation>
     </message>
     <message>
         <source>Налаштування, таблиці бази, прискорення звітів</source>
-        <translation type="unfinished"></translation>
+        <translation>Settings, tables of the database, quick reports</translation>
     </message>
     <message>
         <source>Імпорт з попередньої версії</source>
@@ -2593,19 +2596,19 @@ Wait or contact support.</translation>
     </message>
     <message>
         <source>Інші програми: право №%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Other programs: right No. %1</translation>
     </message>
     <message>
         <source>Заборона</source>
-        <translation type="unfinished"></translation>
+        <translation>Denied</translation>
     </message>
     <message>
         <source>Повний дозвіл</source>
-        <translation type="unfinished"></translation>
+        <translation>Full</translation>
     </message>
     <message>
         <source>Тільки перегляд</source>
-        <translation type="unfinished"></translation>
+        <translation>View only</translation>
     </message>
 </context>
 <context>
@@ -2919,10 +2922,6 @@ Records that are here already will not change; the database “%1” is only rea
     <message>
         <source>цей штрихкод щойно вилучено з бази</source>
         <translation>this barcode has just been removed from the database</translation>
-    </message>
-    <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
     </message>
     <message>
         <source>Товарів оновлено:</source>
@@ -4014,6 +4013,10 @@ change of percentages</translation>
         <translation>unchanged</translation>
     </message>
     <message>
+        <source>Ця група не дає входу: користувач не ввійде.</source>
+        <translation>This group gives no entry: the user will not get in.</translation>
+    </message>
+    <message>
         <source>без магазину</source>
         <translation>no shop</translation>
     </message>
@@ -4080,10 +4083,6 @@ change of percentages</translation>
     <message>
         <source>Продовжити редагування</source>
         <translation>Go on editing</translation>
-    </message>
-    <message>
-        <source>Ця група не дає входу: користувач не ввійде.</source>
-        <translation>This group gives no entry: the user will not get in.</translation>
     </message>
 </context>
 <context>
@@ -5054,20 +5053,20 @@ Restart the program!</translation>
 <context>
     <name>QManAction</name>
     <message>
-        <source>А&amp;кція:</source>
-        <translation type="unfinished"></translation>
+        <source>Акці&amp;я:</source>
+        <translation>&amp;Chosen promotion:</translation>
     </message>
     <message>
         <source>&amp;Група товарів:</source>
-        <translation>&amp;Goods group:</translation>
+        <translation>Goo&amp;ds group:</translation>
     </message>
     <message>
         <source>&amp;Мають акцію:</source>
         <translation>Have the promotio&amp;n:</translation>
     </message>
     <message>
-        <source>Мага&amp;зини:</source>
-        <translation type="unfinished"></translation>
+        <source>Магаз&amp;ини:</source>
+        <translation>&amp;Shops:</translation>
     </message>
     <message>
         <source>По&amp;шук:</source>
@@ -5078,24 +5077,24 @@ Restart the program!</translation>
         <translation>Name or code of an item</translation>
     </message>
     <message>
-        <source>С&amp;писок штрихкодів…</source>
-        <translation type="unfinished"></translation>
+        <source>Список шт&amp;рихкодів…</source>
+        <translation>&amp;List of barcodes…</translation>
     </message>
     <message>
         <source>Пріоритет &amp;ціни:</source>
-        <translation>&amp;Price priority:</translation>
+        <translation>Price pri&amp;ority:</translation>
     </message>
     <message>
-        <source>П&amp;ереглянути</source>
-        <translation type="unfinished"></translation>
+        <source>Перег&amp;лянути</source>
+        <translation>Previe&amp;w</translation>
     </message>
     <message>
-        <source>&amp;Стоп</source>
-        <translation>&amp;Stop</translation>
+        <source>З&amp;упинити</source>
+        <translation>Stop quer&amp;y</translation>
     </message>
     <message>
-        <source>При&amp;значити акцію</source>
-        <translation type="unfinished"></translation>
+        <source>Призна&amp;чити акцію</source>
+        <translation>Assi&amp;gn the promotion</translation>
     </message>
     <message>
         <source>знижка %1 %</source>
@@ -5158,8 +5157,8 @@ Restart the program!</translation>
         <translation>All shops</translation>
     </message>
     <message>
-        <source>Акція ще призначається. Дочекайтесь кінця або натисніть «Стоп».</source>
-        <translation type="unfinished"></translation>
+        <source>Акція ще призначається. Дочекайтесь кінця або натисніть «Зупинити».</source>
+        <translation>The promotion is still being assigned. Wait for the end or press “Stop query”.</translation>
     </message>
     <message>
         <source>Попередження.</source>
@@ -5251,7 +5250,7 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
     </message>
     <message>
         <source>Управління акціями</source>
-        <translation>Promotion management</translation>
+        <translation>Promotions management</translation>
     </message>
     <message>
         <source>Зняти</source>
@@ -5275,7 +5274,7 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
     </message>
     <message>
         <source>З&amp;няти акції</source>
-        <translation type="unfinished"></translation>
+        <translation>Ta&amp;ke promotions off</translation>
     </message>
 </context>
 <context>
@@ -5321,7 +5320,7 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
     <name>QManInvoicesFilter</name>
     <message>
         <source>&amp;Накладна №:</source>
-        <translation>Inv&amp;oice No.:</translation>
+        <translation>Invoice &amp;No.:</translation>
     </message>
     <message>
         <source>Номер</source>
@@ -5651,7 +5650,7 @@ Add the rest?</translation>
     <name>QPremisGroup</name>
     <message>
         <source>Г&amp;рупи прав:</source>
-        <translation type="unfinished"></translation>
+        <translation>Permission &amp;groups:</translation>
     </message>
     <message>
         <source>Група</source>
@@ -5659,39 +5658,39 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Користувачів</source>
-        <translation type="unfinished"></translation>
+        <translation>Users</translation>
     </message>
     <message>
         <source>Додати &amp;групу</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;dd group</translation>
     </message>
     <message>
         <source>Копі&amp;ювати групу</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Copy group</translation>
     </message>
     <message>
         <source>Порі&amp;вняти з іншою…</source>
-        <translation type="unfinished"></translation>
+        <translation>Compare &amp;with another…</translation>
     </message>
     <message>
         <source>&amp;Назва групи:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Name of the group:</translation>
     </message>
     <message>
         <source>Показати &amp;як…</source>
-        <translation type="unfinished"></translation>
+        <translation>Sh&amp;ow as…</translation>
     </message>
     <message>
         <source>Які меню і команди побачить користувач цієї групи</source>
-        <translation type="unfinished"></translation>
+        <translation>Which menus and commands a user of this group will see</translation>
     </message>
     <message>
         <source>Що дозволено групі</source>
-        <translation type="unfinished"></translation>
+        <translation>What the group may do</translation>
     </message>
     <message>
         <source>Права</source>
-        <translation type="unfinished"></translation>
+        <translation>Rights</translation>
     </message>
     <message>
         <source>По&amp;шук:</source>
@@ -5699,15 +5698,15 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Право або меню</source>
-        <translation type="unfinished"></translation>
+        <translation>Right or menu</translation>
     </message>
     <message>
         <source>Права групи</source>
-        <translation type="unfinished"></translation>
+        <translation>Rights of the group</translation>
     </message>
     <message>
         <source>Клавіші: 0 – заборона, 1 – повний дозвіл, 2 – тільки перегляд, пробіл – наступне; на назві меню – для всього меню.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keys: 0 – denied, 1 – full, 2 – view only, Space – the next one; on the name of a menu – for the whole menu.</translation>
     </message>
     <message>
         <source>Групи магазинів</source>
@@ -5715,15 +5714,15 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Група бачить магазини, каси, чеки і звіти ц&amp;их груп магазинів:</source>
-        <translation type="unfinished"></translation>
+        <translation>The group sees the shops, registers, receipts and reports o&amp;f these shop groups:</translation>
     </message>
     <message>
         <source>Передача в магазини</source>
-        <translation type="unfinished"></translation>
+        <translation>Sending to shops</translation>
     </message>
     <message>
         <source>Група може передавати товари і гроші в &amp;ці магазини:</source>
-        <translation type="unfinished"></translation>
+        <translation>The group may send goods and mone&amp;y to these shops:</translation>
     </message>
     <message>
         <source>Усі групи</source>
@@ -5731,15 +5730,15 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Скасувати з&amp;міни</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Back to what is saved</translation>
     </message>
     <message>
         <source>З&amp;берегти</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Save</translation>
     </message>
     <message>
         <source>Ctrl+S</source>
-        <translation type="unfinished"></translation>
+        <translation>Ctrl+S</translation>
     </message>
     <message>
         <source>Продовжити редагування</source>
@@ -5747,7 +5746,7 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Видалення заборонене!!!</source>
-        <translation>Deletion is forbidden!!!</translation>
+        <translation>Deleting is forbidden!!!</translation>
     </message>
     <message>
         <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
@@ -5755,7 +5754,7 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Нова група</source>
-        <translation type="unfinished"></translation>
+        <translation>New group</translation>
     </message>
     <message>
         <source>Зміни не збережено.</source>
@@ -5763,11 +5762,11 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Зміни в групі прав &quot;%1&quot; не збережено.</source>
-        <translation type="unfinished"></translation>
+        <translation>The changes in the permission group “%1” are not saved.</translation>
     </message>
     <message>
         <source>Не зберігати</source>
-        <translation type="unfinished"></translation>
+        <translation>Do not save</translation>
     </message>
     <message>
         <source>Читається…</source>
@@ -5775,27 +5774,27 @@ Add the rest?</translation>
     </message>
     <message>
         <source>%1 (ваша)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (yours)</translation>
     </message>
     <message>
         <source>Тільки перегляд.</source>
-        <translation type="unfinished"></translation>
+        <translation>View only.</translation>
     </message>
     <message>
         <source>Нова група: ще не збережена.</source>
-        <translation type="unfinished"></translation>
+        <translation>New group: not saved yet.</translation>
     </message>
     <message>
         <source>Змінено, ще не збережено.</source>
-        <translation type="unfinished"></translation>
+        <translation>Changed, not saved yet.</translation>
     </message>
     <message>
         <source>%1 - копія</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 - copy</translation>
     </message>
     <message>
         <source>Група прав з такою назвою вже є.</source>
-        <translation type="unfinished"></translation>
+        <translation>There is a permission group of that name already.</translation>
     </message>
     <message>
         <source>Назва не може бути пустою</source>
@@ -5803,17 +5802,19 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Забрати у себе?</source>
-        <translation type="unfinished"></translation>
+        <translation>Take it from yourself?</translation>
     </message>
     <message>
         <source>Це ваша власна група. Ви забираєте у себе:
 %1
 Повернути це зможе лише хтось інший.</source>
-        <translation type="unfinished"></translation>
+        <translation>This is your own group. You take from yourself:
+%1
+Only somebody else will be able to give it back.</translation>
     </message>
     <message>
         <source>Забрати</source>
-        <translation type="unfinished"></translation>
+        <translation>Take away</translation>
     </message>
     <message>
         <source>Записується…</source>
@@ -5821,7 +5822,7 @@ Add the rest?</translation>
     </message>
     <message>
         <source>Зв&apos;язок обірвався під час запису, і невідомо, чи зміни збережено. Зачекайте, доки зв&apos;язок відновиться, і збережіть ще раз: програма спершу запитає сервер.</source>
-        <translation type="unfinished"></translation>
+        <translation>The connection broke while writing, and it is not known whether the changes were saved. Wait until the connection is back and save once more: the program asks the server first.</translation>
     </message>
     <message>
         <source>Попередження.</source>
@@ -6127,6 +6128,10 @@ Add the rest?</translation>
         <translation>Discount, %</translation>
     </message>
     <message>
+        <source>Стан</source>
+        <translation>State</translation>
+    </message>
+    <message>
         <source>Початок</source>
         <translation>First day</translation>
     </message>
@@ -6141,10 +6146,6 @@ Add the rest?</translation>
     <message>
         <source>Дні тижня</source>
         <translation>Days of the week</translation>
-    </message>
-    <message>
-        <source>Стан</source>
-        <translation>State</translation>
     </message>
     <message>
         <source>Товарів</source>
@@ -6491,15 +6492,15 @@ Take it off the goods in “Promotion management” first.</translation>
     </message>
     <message>
         <source>Показати &amp;нам</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Show them to us</translation>
     </message>
     <message>
-        <source>Не &amp;зараз</source>
-        <translation type="unfinished"></translation>
+        <source>Не за&amp;раз</source>
+        <translation>Not n&amp;ow</translation>
     </message>
     <message>
         <source>Нових груп магазинів (%1) ще ніхто не бачить. Показати їх вашій групі прав?</source>
-        <translation type="unfinished"></translation>
+        <translation>Nobody sees the new shop groups (%1) yet. Show them to your permission group?</translation>
     </message>
 </context>
 <context>
@@ -6860,7 +6861,7 @@ Shifts opened from now on will be reckoned by the new rate. Shifts that are open
     </message>
     <message>
         <source>Ім&apos;я</source>
-        <translation>Name</translation>
+        <translation>First name</translation>
     </message>
     <message>
         <source>По батькові</source>
@@ -6958,12 +6959,12 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <translation>login, name, telephone</translation>
     </message>
     <message>
-        <source>Картки вибраних користувачів</source>
-        <translation>The cards of the selected users</translation>
-    </message>
-    <message>
         <source>Ка&amp;ртка</source>
         <translation>&amp;Card</translation>
+    </message>
+    <message>
+        <source>Картки вибраних користувачів</source>
+        <translation>The cards of the selected users</translation>
     </message>
 </context>
 <context>
@@ -7518,10 +7519,6 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <translation>The receipt is empty. Scan a goods item, or find it and press Enter.</translation>
     </message>
     <message>
-        <source>+ − * кількість, Delete прибрати рядок, F9 оплата, F12 закрити зміну, Esc очистити</source>
-        <translation>+ − * quantity, Delete removes the row, F9 payment, F12 closes the shift, Esc clears</translation>
-    </message>
-    <message>
         <source>Попередження!</source>
         <translation>Warning!</translation>
     </message>
@@ -7540,6 +7537,10 @@ Open the record and give a new key by the button “Suggest”.</translation>
     <message>
         <source>Кількість повинна бути більша за нуль.</source>
         <translation>The quantity must be greater than zero.</translation>
+    </message>
+    <message>
+        <source>+ − * кількість, Delete прибрати рядок, F1 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, F1 why this price, F9 payment, F12 closes the shift, Esc clears</translation>
     </message>
 </context>
 <context>
@@ -7637,22 +7638,22 @@ Open the record and give a new key by the button “Suggest”.</translation>
     <name>RightsGuard</name>
     <message>
         <source>Після цього не лишилося б жодного користувача, який може увійти і має повний дозвіл на користувачів та групи прав: ніхто вже не зміг би дати доступ. Нічого не збережено. Спершу дайте ці права іншому користувачу.</source>
-        <translation>After this nobody would be left who can log in and has full right to users and permission groups: nobody could give access any more. Nothing was saved. Give these rights to another user first.</translation>
+        <translation>After this no user would be left who can log in and has full right to users and permission groups: nobody could give access any more. Nothing was saved. Give these rights to another user first.</translation>
     </message>
 </context>
 <context>
     <name>RightsTree</name>
     <message>
         <source>Право</source>
-        <translation type="unfinished"></translation>
+        <translation>Right</translation>
     </message>
     <message>
         <source>Інші програми (не змінюються тут)</source>
-        <translation type="unfinished"></translation>
+        <translation>Other programs (not changed here)</translation>
     </message>
     <message>
         <source>Право №%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Right No. %1</translation>
     </message>
 </context>
 <context>
@@ -7809,6 +7810,13 @@ Clear it?</translation>
     <message>
         <source>%1 (лише закриття зміни)</source>
         <translation>%1 (shift closing only)</translation>
+    </message>
+</context>
+<context>
+    <name>SalePriceQuestion</name>
+    <message>
+        <source>Виберіть товар у списку або рядок чека, щоб побачити, чому така ціна.</source>
+        <translation>Choose an item in the list or a row of the receipt to see why it has this price.</translation>
     </message>
 </context>
 <context>
@@ -7976,15 +7984,15 @@ Create the tables?</translation>
     </message>
     <message>
         <source>У вас більше немає доступу до бекофісу: його забрали, поки ви працювали.</source>
-        <translation type="unfinished"></translation>
+        <translation>You have no access to the back office any more: it was taken away while you worked.</translation>
     </message>
     <message>
         <source>Вас перевели до групи прав &quot;%1&quot;. Меню і вкладки тепер за її правами.</source>
-        <translation type="unfinished"></translation>
+        <translation>You have been moved to the permission group “%1”. Menus and tabs now follow its rights.</translation>
     </message>
     <message>
         <source>Ваші права змінено: меню і вкладки тепер за новими.</source>
-        <translation type="unfinished"></translation>
+        <translation>Your rights were changed: menus and tabs now follow the new ones.</translation>
     </message>
 </context>
 <context>
@@ -8427,23 +8435,23 @@ Clear it?</translation>
     <name>StockMode</name>
     <message>
         <source>При&amp;йом F7</source>
-        <translation>&amp;Receive F7</translation>
+        <translation>Receive F7</translation>
     </message>
     <message>
         <source>Прийом</source>
         <translation>Receipt of goods</translation>
     </message>
     <message>
-        <source>Прийняти на:</source>
-        <translation type="unfinished"></translation>
+        <source>Прийняти:</source>
+        <translation>Receive:</translation>
     </message>
     <message>
-        <source>склад</source>
-        <translation>stock</translation>
+        <source>на склад</source>
+        <translation>into the store room</translation>
     </message>
     <message>
-        <source>зал</source>
-        <translation>floor</translation>
+        <source>у зал</source>
+        <translation>onto the floor</translation>
     </message>
     <message>
         <source>Прийняти F9</source>
@@ -8455,7 +8463,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>Перемі&amp;щення F8</source>
-        <translation>&amp;Move F8</translation>
+        <translation>Move F8</translation>
     </message>
     <message>
         <source>Переміщення</source>
@@ -8529,7 +8537,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>Вставити таб&amp;лицю…</source>
-        <translation>&amp;Paste table…</translation>
+        <translation>P&amp;aste table…</translation>
     </message>
     <message>
         <source>Видалити р&amp;ядок</source>
@@ -8537,7 +8545,7 @@ Clear it?</translation>
     </message>
     <message>
         <source>О&amp;чистити документ</source>
-        <translation>&amp;Clear document</translation>
+        <translation>Clear &amp;document</translation>
     </message>
     <message>
         <source>+ − * кількість (менша за нуль: повернення або списання), Delete прибрати рядок, Ctrl+V таблиця, F9 записати, Esc очистити</source>
@@ -8635,8 +8643,8 @@ Wait or contact support.</translation>
         <translation>There are no goods in the document.</translation>
     </message>
     <message>
-        <source>Не всі кількості введено. Введіть кількість виділеного товару або видаліть рядок.</source>
-        <translation type="unfinished"></translation>
+        <source>Не всі кількості введено. Введіть кількість цього товару або видаліть рядок.</source>
+        <translation>Not all quantities are entered. Enter that of this item, or delete the row.</translation>
     </message>
     <message>
         <source>Дата документа</source>
@@ -9315,24 +9323,24 @@ Cancel and leave?</translation>
         <translation>in force</translation>
     </message>
     <message>
-        <source>не діє: її вид нічого не змінює в ціні</source>
-        <translation type="unfinished"></translation>
+        <source>нічого не змінює в ціні, такий її вид</source>
+        <translation>changes nothing in the price, being of such a kind</translation>
     </message>
     <message>
-        <source>не діє: ще не почалась</source>
-        <translation type="unfinished"></translation>
+        <source>ще не почалась</source>
+        <translation>has not begun yet</translation>
     </message>
     <message>
-        <source>не діє: вже закінчилась</source>
-        <translation type="unfinished"></translation>
+        <source>вже закінчилась</source>
+        <translation>has ended</translation>
     </message>
     <message>
-        <source>не діє: не ті години дня</source>
-        <translation type="unfinished"></translation>
+        <source>не діє в ці години дня</source>
+        <translation>not in force in these hours of the day</translation>
     </message>
     <message>
-        <source>не діє: не той день тижня</source>
-        <translation type="unfinished"></translation>
+        <source>не діє в цей день тижня</source>
+        <translation>not in force on this day of the week</translation>
     </message>
     <message>
         <source>Серед цін є такі, що мають період або день тижня: продаж на них не зважає.</source>

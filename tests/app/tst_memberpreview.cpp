@@ -121,13 +121,16 @@ void TstMemberPreview::rightsAreCalledAsTheMenusAre()
             for (const PageEntry &entry : pages.table()) {
                 if (one->objectName() != entry.action)
                     continue;
+                // Transfers are let in by the right to sales, which is called as those are.
+                if (one->objectName() == "man_invoices")
+                    continue;
                 menus.append(plain(menu->title()) + ": " + plain(one->text()));
                 called.append(permissionCaption(entry.permission));
             }
         }
     }
     QCOMPARE(called, menus);
-    QCOMPARE(static_cast<size_t>(menus.size()), pages.table().size());
+    QCOMPARE(static_cast<size_t>(menus.size()) + 1, pages.table().size());
 }
 
 void TstMemberPreview::memberSeesWhatThePreviewShows()
@@ -147,7 +150,7 @@ void TstMemberPreview::memberSeesWhatThePreviewShows()
                                              }
                                          }
                                      }));
-    QVERIFY2(commands.startsWith("Повний дозвіл|Тільки перегляд|Тільки перегляд|"), qPrintable(commands));
+    QVERIFY2(commands.startsWith("Повний дозвіл|Повний дозвіл|Тільки перегляд|Тільки перегляд|"), qPrintable(commands));
     logIn("olena");
     QVERIFY2(shown == shownMenus(), qPrintable(shown.join(", ") + "; " + shownMenus().join(", ")));
     QVERIFY(shown.contains("Таблиці: Магазини") && !shown.contains("Таблиці: Товари"));
