@@ -71,7 +71,10 @@ private slots:
     void recordCommandsFollowTheTab();
     void listsAreReadAgain();
     void exportFollowsTheRight();
-    void importFollowsTheRightAndTheTab();
+    void listIsWrittenInEveryForm();
+    void exportIsToldAtTheCommand();
+    void importFollowsTheRight();
+    void importReadsAsItsActionSays();
     void pagesHaveKeysOfTheirOwn();
     void serviceMenuIsRevealed();
     void launchCommandsAnswerTheMenu();
@@ -91,6 +94,10 @@ private:
     void addUser(const QString &login, const QString &permissions);
     /// What a first sale needs: the window then names no next step.
     void addShopAndGoods();
+    void openShopsToExport(const QString &login, const QString &path);
+    void pressExport(Qt::Key letter);
+    /// A price list of that text.
+    QString writtenFile(const QByteArray &text) const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FreshDatabase> m_base;
@@ -775,39 +782,52 @@ void TstVeltab::listsAreReadAgain()
     QVERIFY(!action("reload")->isVisible());
 }
 
+/// Ctrl+Shift and a letter, to whatever has the keyboard: a line of text takes some of them for itself.
+void TstVeltab::pressExport(Qt::Key letter)
+{
+    QWidget *focus = QApplication::focusWidget();
+    QTest::keyClick(focus == nullptr ? m_window.get() : focus, letter,
+                    Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+/// Whoever exports writes into that file.
+void TstVeltab::openShopsToExport(const QString &login, const QString &path)
+{
+    startLoggedIn(login);
+    m_window->setFileChooser([path](const QString &) { return path; });
+    QVERIFY(!action("export_to_csv")->isVisible());
+    action("mt_shops")->trigger();
+    // Only the active window hears its shortcuts.
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
 void TstVeltab::exportFollowsTheRight()
 {
     const QString path = m_folder->filePath("список.csv");
-    // To whatever has the keyboard: a line of text takes some of the combinations for itself.
-    const auto pressShortcut = [&] {
-        QWidget *focus = QApplication::focusWidget();
-        QTest::keyClick(focus == nullptr ? m_window.get() : focus, Qt::Key_E,
-                        Qt::ControlModifier | Qt::ShiftModifier);
-    };
-    const auto prepare = [&](const QString &login) {
-        startLoggedIn(login);
-        m_window->setFileChooser([path](const QString &) { return path; });
-        QVERIFY(!action("export_to_csv")->isVisible());
-        action("mt_shops")->trigger();
-        // Only the active window hears its shortcuts.
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    };
     addUser("reader", "0=1 10=2");
-    prepare("reader");
-    pressShortcut();
+    openShopsToExport("reader", path);
+    pressExport(Qt::Key_E);
     m_window->export_to_csv();
     QVERIFY(!action("export_to_csv")->isVisible() && !QFile::exists(path));
     m_window.reset();
 
     addUser("exporter", "0=1 10=2 220=2");
+    openShopsToExport("exporter", path);
+    QVERIFY(action("export_to_csv_cp1251")->isVisible() && !action("import_csv_UTF8")->isVisible());
+}
+
+/// UTF-8, the encoding of other programs, a workbook; what cannot be written is told.
+void TstVeltab::listIsWrittenInEveryForm()
+{
+    const QString path = m_folder->filePath("список.csv");
+    addUser("exporter", "0=1 10=2 220=2");
     m_base->exec(QStringList{"INSERT INTO group_shop(id,name) VALUES(2,'Г')",
                              "INSERT INTO lst_group SELECT id,2 FROM group_premission",
                              "INSERT INTO shops(address,name,group_shop,block) VALUES('А','Їжак ₴',2,0)"});
-    prepare("exporter");
-    QVERIFY(action("export_to_csv_cp1251")->isVisible() && !action("import_csv_UTF8")->isVisible());
+    openShopsToExport("exporter", path);
     QTRY_VERIFY(!m_window->tableBase()->tab("mt_shops")->isLoading());
-    pressShortcut();
+    pressExport(Qt::Key_E);
     waitOutJobs();
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -825,20 +845,22 @@ void TstVeltab::exportFollowsTheRight()
         return book;
     });
     QCOMPARE(child<QMenu>(m_window.get(), "menu_export")->actions().constFirst(), action("export_to_xlsx"));
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    pressExport(Qt::Key_X);
     waitOutJobs();
     QCOMPARE(suggested, QString("Магазини.xlsx"));
     QVERIFY(isWholeXmlArchive(book));
     m_window->setFileChooser([](const QString &) { return QString("/немає/такого"); });
     const QString why = answerQuestion([&] {
-        pressShortcut();
+        pressExport(Qt::Key_E);
         waitOutJobs();
         QTest::qWait(50);
     });
     QVERIFY2(why.contains("/немає/такого") && why.contains("No such file"), qPrintable(why));
-    m_window.reset();
+}
 
-    // What a page cannot do is told at the command, before any file is asked for.
+/// What a page cannot do, before any file is asked for; and what becomes of barcodes in a CSV file.
+void TstVeltab::exportIsToldAtTheCommand()
+{
     addUser("reports", "0=1 70=1 71=1 220=1");
     startLoggedIn("reports");
     action("mz_cheks")->trigger();
@@ -846,7 +868,6 @@ void TstVeltab::exportFollowsTheRight()
     QVERIFY(action("export_to_csv")->toolTip().contains("Список у PDF"));
     action("mz_zzvit")->trigger();
     QVERIFY(action("export_to_csv_cp1251")->isEnabled());
-    // Who chooses CSV hears what becomes of its barcodes.
     const auto hintOf = [this](const char *command, const QString &ending) {
         QString hint = "no dialog";
         withModal<QFileDialog>([&] { action(command)->trigger(); },
@@ -863,17 +884,21 @@ void TstVeltab::exportFollowsTheRight()
     QCOMPARE(hintOf("export_to_xlsx", "xlsx"), QString());
 }
 
-void TstVeltab::importFollowsTheRightAndTheTab()
+QString TstVeltab::writtenFile(const QByteArray &text) const
 {
-    const QString path = m_folder->filePath("prices.csv");
-    QFile file(path);
-    // It leaves open how it is written: the action tells.
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("Cheese\n") > 0);
-    file.close();
+    QFile file(m_folder->filePath("prices.csv"));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(text) != text.size())
+        qFatal("%s", qPrintable(file.errorString()));
+    return file.fileName();
+}
+
+/// Only where prices are edited, and as long as it lasts.
+void TstVeltab::importFollowsTheRight()
+{
     int asked = 0;
     const auto choose = [&] {
         ++asked;
-        return path;
+        return writtenFile("Cheese\n");
     };
     for (const char *rights : {"0=1 13=2 221=1", "0=1 13=1"}) {
         addUser(rights, rights);
@@ -886,34 +911,12 @@ void TstVeltab::importFollowsTheRightAndTheTab()
         m_window.reset();
     }
     QCOMPARE(asked, 0);
-
     addUser("importer", "0=1 10=1 13=1 221=2");
     startLoggedIn("importer");
     m_window->setImportChooser(choose);
     QVERIFY(!child<QMenu>(m_window.get(), "menu_import")->menuAction()->isVisible());
     action("mt_goods")->trigger();
     QVERIFY(child<QMenu>(m_window.get(), "menu_import")->menuAction()->isVisible());
-    const struct
-    {
-        const char *action;
-        QByteArray record;
-        QString encoding;
-        QChar separator;
-    } imports[] = {{"import_csv_UTF8", "Cheese 96385074 1", "UTF-8", ';'},
-                   {"import_csv_cp1251", "\xd1\xe8\xf0\t96385074\t1", "Windows-1251", '\t'},
-                   {"import_csv_utf8_tab", "Cheese 96385074 1", "UTF-8", '\t'}};
-    for (const auto &import : imports) {
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(import.record) > 0);
-        file.close();
-        QVERIFY(withModal<QImportPrices>(
-            [&] { action(import.action)->trigger(); },
-            [&](QImportPrices *dialog) {
-                waitOutJobs();
-                QCOMPARE(child<QComboBox>(dialog, "cbEncoding")->currentText(), import.encoding);
-                QCOMPARE(child<QComboBox>(dialog, "cbSeparator")->currentData(), QVariant(import.separator));
-            }));
-    }
-    QCOMPARE(asked, 3);
     // The right goes while the dialog is open: so does the dialog.
     QVERIFY(withModal<QImportPrices>([&] { action("import_csv_UTF8")->trigger(); },
                                      [&](QImportPrices *dialog) {
@@ -924,10 +927,38 @@ void TstVeltab::importFollowsTheRightAndTheTab()
                                          waitOutTasks();
                                          QVERIFY(!open || !open->isVisible());
                                      }));
+    QCOMPARE(asked, 1);
     QVERIFY(!action("import_csv_UTF8")->isVisible());
     m_base->exec("UPDATE lst_permis SET permission=1 WHERE id_prem=221");
     action("mt_shops")->trigger();
     QVERIFY(!action("import_csv_UTF8")->isVisible());
+}
+
+/// Of files that leave open how they are written.
+void TstVeltab::importReadsAsItsActionSays()
+{
+    addUser("importer", "0=1 10=1 13=1 221=2");
+    startLoggedIn("importer");
+    action("mt_goods")->trigger();
+    const struct
+    {
+        const char *action;
+        QByteArray record;
+        QString encoding;
+        QChar separator;
+    } imports[] = {{"import_csv_UTF8", "Cheese 96385074 1", "UTF-8", ';'},
+                   {"import_csv_cp1251", "\xd1\xe8\xf0\t96385074\t1", "Windows-1251", '\t'},
+                   {"import_csv_utf8_tab", "Cheese 96385074 1", "UTF-8", '\t'}};
+    for (const auto &import : imports) {
+        m_window->setImportChooser([&] { return writtenFile(import.record); });
+        QVERIFY(withModal<QImportPrices>(
+            [&] { action(import.action)->trigger(); },
+            [&](QImportPrices *dialog) {
+                waitOutJobs();
+                QCOMPARE(child<QComboBox>(dialog, "cbEncoding")->currentText(), import.encoding);
+                QCOMPARE(child<QComboBox>(dialog, "cbSeparator")->currentData(), QVariant(import.separator));
+            }));
+    }
 }
 
 void TstVeltab::pagesHaveKeysOfTheirOwn()

@@ -24,7 +24,8 @@ class TstXlsxExport : public QObject
 private slots:
     void initTestCase();
     void cleanup();
-    void sheetIsWhatTheViewShows();
+    void cellsAreWhatTheViewShows();
+    void sheetIsSetUpForReading();
     void numbersAreExact();
     void textsStayTexts();
     void emptyListHasItsCaptions();
@@ -33,6 +34,8 @@ private slots:
     void tooManyRowsAreToldBefore();
 
 private:
+    void writeMovedColumns(const QString &path);
+
     QTemporaryDir m_temporary;
 };
 
@@ -181,7 +184,8 @@ void TstXlsxExport::cleanup()
     QTRY_COMPARE(QDir(m_temporary.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
-void TstXlsxExport::sheetIsWhatTheViewShows()
+/// A list whose columns are hidden, moved and sorted, written with a heading and totals.
+void TstXlsxExport::writeMovedColumns(const QString &path)
 {
     QRowModel model;
     QTableView view;
@@ -203,13 +207,18 @@ void TstXlsxExport::sheetIsWhatTheViewShows()
     view.sortByColumn(0, Qt::DescendingOrder);
     model.sort(0, Qt::DescendingOrder);
     view.setColumnWidth(1, 20 * view.fontMetrics().horizontalAdvance('0'));
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("а.xlsx");
     QCOMPARE(write({{"Товари: усі/різні", "=магазин", "Складено"},
                     ListSnapshot(model, &view, ListSnapshot::AsShown),
                     {"Рядків: 2"}},
                    path),
              QString());
+}
+
+void TstXlsxExport::cellsAreWhatTheViewShows()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("а.xlsx");
+    writeMovedColumns(path);
     // The days of a spreadsheet: 2026-03-01 is the 46082nd.
     const QString money = " [#,##0.00;[Red]-#,##0.00]";
     const QMap<QString, QString> expected{{"A1", "'Товари: усі/різні'"},
@@ -245,6 +254,14 @@ void TstXlsxExport::sheetIsWhatTheViewShows()
         QVERIFY2(found.value(cell.key()) == cell.value(),
                  qPrintable(cell.key() + ": " + found.value(cell.key()) + " not " + cell.value()));
     QCOMPARE(found.keys(), expected.keys());
+}
+
+/// Named, filtered, its captions frozen, its columns as wide as in the view.
+void TstXlsxExport::sheetIsSetUpForReading()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("а.xlsx");
+    writeMovedColumns(path);
     const QString sheet = part(path, "xl/worksheets/sheet1.xml");
     QVERIFY2(sheet.contains("<autoFilter ref=\"A5:H7\"/>"), qPrintable(sheet));
     QVERIFY(sheet.contains("ySplit=\"5\" topLeftCell=\"A6\"") && sheet.contains("state=\"frozen\""));
