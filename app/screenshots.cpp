@@ -8,6 +8,7 @@
 #include "qtablebase.h"
 #include "rangeselector.h"
 #include "veltab.h"
+#include "whypriceoffer.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
@@ -260,7 +261,7 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
     save(m_window, name);
     takeModal(name + QStringLiteral("_whyprice"), [sale] {
         for (QShortcut *shortcut : sale->findChildren<QShortcut *>()) {
-            if (shortcut->key() == QKeySequence(Qt::Key_F1))
+            if (shortcut->key() == QKeySequence(whyPriceKey))
                 emit shortcut->activated();
         }
     });

@@ -23,7 +23,7 @@ ReceiptPane::ReceiptPane(QWidget *parent)
                                [this](int row) { m_model->remove(row); }, [this] { return settle(); }});
     ui->viewChek->setEmptyText(tr("Чек порожній. Скануйте товар або знайдіть його та натисніть Enter."));
     ui->lbKeys->setText(tr(
-        "+ − * кількість, Delete прибрати рядок, F1 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити"));
+        "+ − * кількість, Delete прибрати рядок, F3 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити"));
     connectGrid();
     connectFields();
     showSums();

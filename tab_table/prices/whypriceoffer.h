@@ -8,7 +8,7 @@ class QNTableView;
 class QWidget;
 
 /// The key that asks why an item costs what it costs.
-constexpr Qt::Key whyPriceKey = Qt::Key_F1;
+constexpr Qt::Key whyPriceKey = Qt::Key_F3;
 
 /// Offers that question in the menu of a right click on a row.
 void addWhyPriceMenu(QNTableView *list, const std::function<void(int row)> &ask);

@@ -114,8 +114,8 @@ void TstQWhyPrice::askedOfTheGoodsTab()
 {
     auto tab = openTab<QTabGoods>(Permission::Goods);
     child<QLineEdit>(tab.get(), "leSearch")->setFocus();
-    QCOMPARE(answerQuestion([] { pressKeys({Qt::Key_F1}); }), QString("Спершу виберіть товар у списку."));
-    pressKeys({Qt::Key_Down, Qt::Key_F1});
+    QCOMPARE(answerQuestion([] { pressKeys({Qt::Key_F3}); }), QString("Спершу виберіть товар у списку."));
+    pressKeys({Qt::Key_Down, Qt::Key_F3});
     QCOMPARE(text("lbGoods"), QString("Молоко (код 7)"));
     QCOMPARE(firstPrice(), QString("Ціна самого товару 42.50"));
     auto *shop = child<QComboBox>(window(), "cbShop");
@@ -206,7 +206,7 @@ void TstQWhyPrice::lostServerIsAskedAgain()
     };
     refuse("rules_goods");
     child<QLineEdit>(tab.get(), "leSearch")->setFocus();
-    pressKeys({Qt::Key_Down, Qt::Key_F1});
+    pressKeys({Qt::Key_Down, Qt::Key_F3});
     QVERIFY2(text("lbState").contains("Натисніть «Оновити» (F5)"), qPrintable(text("lbState")));
     QVERIFY(!child<QPushButton>(window(), "pbCopy")->isEnabled());
     Db::setStatementRefusal({});
@@ -216,7 +216,7 @@ void TstQWhyPrice::lostServerIsAskedAgain()
     leave(tab.get());
 
     refuse("FROM shops LEFT JOIN group_shop");
-    pressKeys({Qt::Key_F1});
+    pressKeys({Qt::Key_F3});
     QVERIFY2(text("lbState").contains("Магазини не прочитано"), qPrintable(text("lbState")));
     Db::setStatementRefusal({});
     QTest::mouseClick(child<QPushButton>(window(), "pbRead"), Qt::LeftButton);

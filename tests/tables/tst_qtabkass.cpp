@@ -39,7 +39,6 @@ private slots:
     void wrongGatewayIsTold();
     void wrongAddressIsColouredOnLeaving();
     void noGroupNoEditor();
-    void viewerMayOnlyLook();
 
 private:
     void openTab(int right = Permission::Full);
@@ -476,22 +475,6 @@ void TstQTabKass::noGroupNoEditor()
              QString("Не має доступних груп!\nСпершу додайте групу магазинів і дозвольте її у правах "
                      "користувача."));
     QCOMPARE(m_base->value("SELECT COUNT(*) FROM kassa"), QString("4"));
-}
-
-void TstQTabKass::viewerMayOnlyLook()
-{
-    openTab(2);
-    m_tab->Add();
-    QVERIFY(edit(20, [](QAddEdtKass *editor) {
-        QVERIFY(child<QLineEdit>(editor, "leIp")->isReadOnly());
-        QVERIFY(!child<QPushButton>(editor, "pbOk")->isEnabled());
-        QTest::keyClick(editor, Qt::Key_Escape);
-        QVERIFY(!editor->isVisible());
-    }));
-    QVERIFY(!m_base->heard.has("відмінено користувачем"));
-    openTab();
-    QVERIFY(edit(20, [](QAddEdtKass *editor) { editor->reject(); }));
-    QVERIFY(m_base->heard.has("Зміни не внесені, відмінено користувачем!"));
 }
 
 QTEST_MAIN(TstQTabKass)
