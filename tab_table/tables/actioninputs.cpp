@@ -100,10 +100,17 @@ void ActionEndEdit::setReadDated(bool isDated)
     setDated(isDated);
 }
 
+QDate ActionEndEdit::day() const
+{
+    return QDate::fromString(m_day->stored(), Qt::ISODate);
+}
+
 void ActionEndEdit::propose(const QDate &day)
 {
-    if (m_day->stored().isNull())
-        m_day->setStored(day.toString(Qt::ISODate));
+    if (this->day().isValid() && this->day() != m_proposed)
+        return;
+    m_proposed = day;
+    m_day->setStored(day.toString(Qt::ISODate));
 }
 
 void ActionEndEdit::setStored(const QString &stored)

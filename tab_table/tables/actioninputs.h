@@ -51,7 +51,9 @@ public:
     void setDated(bool isDated);
     /// The same for the record as it was read.
     void setReadDated(bool isDated);
-    /// Proposes a day where none is entered yet.
+    /// Invalid when there is none.
+    QDate day() const;
+    /// Proposes a day where none is entered yet, or where the one before was proposed, too.
     void propose(const QDate &day);
     void setStored(const QString &stored) override;
     QString stored() const override;
@@ -69,6 +71,7 @@ private:
     QLabel *m_daily;
     QTimeEdit *m_time;
     QTime m_newTime;
+    QDate m_proposed;
     bool m_isDated = false;
     bool m_isReadDated = false;
     QString m_read;

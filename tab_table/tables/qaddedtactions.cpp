@@ -71,6 +71,7 @@ void QAddEdtActions::connectFields()
     connect(ui->pbCancel, &QPushButton::clicked, this, &QAddEdtActions::btcancel);
     connect(ui->cbType, qOverload<int>(&QComboBox::currentIndexChanged), this, &QAddEdtActions::followType);
     connect(ui->chDated, &QCheckBox::toggled, this, &QAddEdtActions::followDates);
+    connect(ui->start, &ActionEndEdit::changed, this, &QAddEdtActions::proposeEnd);
     for (const ActionEndEdit *end : {ui->start, ui->end})
         connect(end, &ActionEndEdit::changed, this, &QAddEdtActions::follow);
     connect(ui->weekDays, &WeekDaysEdit::changed, this, &QAddEdtActions::follow);
@@ -132,8 +133,15 @@ void QAddEdtActions::followDates()
     ui->end->setDated(isDated);
     if (isDated) {
         ui->start->propose(QDate::currentDate());
-        ui->end->propose(QDate::currentDate().addDays(daysProposed));
+        proposeEnd();
     }
+}
+
+/// As long as nobody has chosen one.
+void QAddEdtActions::proposeEnd()
+{
+    if (ui->chDated->isChecked() && ui->start->day().isValid())
+        ui->end->propose(ui->start->day().addDays(daysProposed));
 }
 
 ActionTimes QAddEdtActions::times() const

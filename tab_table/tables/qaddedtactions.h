@@ -37,6 +37,7 @@ private:
     void connectFields();
     void followType();
     void followDates();
+    void proposeEnd();
     void follow();
     QString valueRefusal() const;
     QString timesRefusal() const;

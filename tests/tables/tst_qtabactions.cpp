@@ -180,6 +180,7 @@ void TstQTabActions::addedIsStored()
         // An hour that the summer time leaves out.
         child<QDateEdit>(start, "deDay")->setDate(QDate(2027, 3, 28));
         child<QTimeEdit>(start, "teHour")->setTime(QTime(3, 30));
+        QCOMPARE(child<QDateEdit>(end, "deDay")->date(), QDate(2027, 4, 3));
         child<QDateEdit>(end, "deDay")->setDate(QDate(2027, 4, 4));
         child<QTimeEdit>(end, "teHour")->setTime(QTime(21, 59, 59));
         for (const char *day : {"chDay1", "chDay3"})
