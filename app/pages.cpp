@@ -75,6 +75,10 @@ QWidget *Pages::makeSale()
 {
     auto *sale = new QRegisterSale(m_db, m_user, m_window, m_setting, nullptr);
     connect(sale, &QRegisterSale::slipWanted, m_reports, &QReports::showSlip);
+    connect(sale, &QRegisterSale::invoiceWanted, this, [this](uint invoice, bool print) {
+        if (auto *page = qobject_cast<QManInvoices *>(open(QStringLiteral("man_invoices"))))
+            page->showInvoice(invoice, print);
+    });
     connect(sale, &QRegisterSale::closeWanted, this, [=] { closePage(m_tabs, m_tabs->indexOf(sale)); });
     return sale;
 }
@@ -89,7 +93,10 @@ QWidget *Pages::makePermissionGroups()
 QWidget *Pages::makeInvoices()
 {
     auto *invoices = new QManInvoices(m_db, m_user, m_window, m_setting, nullptr);
-    connect(invoices, &QManInvoices::sendWanted, this, [this] { open(QStringLiteral("man_saleadmiss")); });
+    connect(invoices, &QManInvoices::sendWanted, this, [this] {
+        if (auto *sale = qobject_cast<QRegisterSale *>(open(QStringLiteral("man_saleadmiss"))))
+            sale->transfermode();
+    });
     return invoices;
 }
 

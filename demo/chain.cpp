@@ -32,7 +32,8 @@ bool announce(const Db &db)
 {
     return QUpdateBD().update(QStringList{"group_shop", "group_goods", "slujb_op", "shops", "kassa", "users",
                                           "goods", "dk_shc", "prices", "action", "goods_shop", "procent",
-                                          "clients", "group_premission", "comands", "devices"},
+                                          "clients", "group_premission", "comands", "devices", "invoice",
+                                          "transactions_goods"},
                               *db.connection(), db.receiver());
 }
 } // namespace
@@ -78,6 +79,6 @@ bool generateChain(const Db &db, const ChainPlan &plan, const std::function<void
            fillUsers(db, chain) && fillPermissionGroups(db, chain) && fillStaff(db) && fillDevices(db) &&
            fillCards(db, &chain) && say(QStringLiteral("Goods, prices, stock")) && fillGoods(db, &chain) &&
            fillStock(db, chain) && say(QStringLiteral("Receipts and shifts")) && fillShifts(db, chain, say) &&
-           fillOnline(db, chain) && announce(db) && setAdministratorPassword(db);
+           fillOnline(db, chain) && fillInvoices(db, chain) && announce(db) && setAdministratorPassword(db);
 }
 } // namespace demo

@@ -232,14 +232,16 @@ bool fillStock(const Db &db, const Chain &chain)
     BulkInsert rows(db,
                     QStringLiteral("goods_shop(id_shop,id_goods,count_showroom,count_syllable,id_action)"));
     for (const Shop &shop : chain.shops) {
-        if (!shop.sells())
+        const bool isStoreHouse = shop.dayCycle == 0;
+        if (!shop.sells() && !isStoreHouse)
             continue;
         const int assortment = qMin(chain.plan.assortment, chain.items.size());
         for (int k = 0; k < assortment; ++k) {
             const Item &item = chain.itemOf(shop, k);
             const int grain = item.weighed ? 10 : 1000;
-            rows.add(SqlRow().numbers({shop.id, item.id, dice.amount(5000, 90000, grain),
-                                       dice.amount(0, 200000, grain), promotionIn(shop, item)}));
+            const qint64 onTheFloor = isStoreHouse ? 0 : dice.amount(5000, 90000, grain);
+            rows.add(SqlRow().numbers(
+                {shop.id, item.id, onTheFloor, dice.amount(0, 200000, grain), promotionIn(shop, item)}));
         }
     }
     return rows.finish();

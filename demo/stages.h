@@ -19,6 +19,8 @@ bool fillGoods(const Db &db, Chain *chain);
 bool fillStock(const Db &db, const Chain &chain);
 bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const QString &)> &progress);
 bool fillOnline(const Db &db, const Chain &chain);
+/// Goods between the shops: what came, what is on the way, what differed.
+bool fillInvoices(const Db &db, const Chain &chain);
 /// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
 /// one.
 bool setAdministratorPassword(const Db &db);

@@ -27,6 +27,8 @@ QString noGoodsWords(GoodsSearch::Mode mode)
         return GoodsPicker::tr("Немає товарів, які можна прийняти.");
     case GoodsSearch::Move:
         return GoodsPicker::tr("У магазині немає товарів для переміщення.");
+    case GoodsSearch::Transfer:
+        return GoodsPicker::tr("У магазині-відправнику немає товарів.");
     default:
         return GoodsPicker::tr("У магазині немає товарів для продажу.");
     }

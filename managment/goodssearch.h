@@ -14,7 +14,7 @@ class QSqlQuery;
 /// What the list of goods that can be put into a receipt is searched by.
 struct GoodsSearch
 {
-    enum Mode { Receive = 1, Sale = 2, Move = 3 };
+    enum Mode { Receive = 1, Sale = 2, Move = 3, Transfer = 4 };
     /// ExactBarcode is what a scanner reads; the unique index finds it.
     enum By { Barcode, Name, ExactBarcode, Goods };
 

@@ -54,8 +54,6 @@ struct InvoiceDraft
     QVector<InvoiceLine> lines;
     /// The count below zero, by item, that the operator has agreed to.
     QHash<DbId, qint64> agreed;
-    /// The writing before, if nobody knows what became of it.
-    std::optional<InvoiceMark> unclear;
 };
 
 /// What the receiver has counted.
@@ -68,6 +66,7 @@ struct AcceptDraft
     QString message;
     /// All lines of the invoice, each counted, and what came beside them.
     QVector<InvoiceLine> lines;
+    /// The writing before, if nobody knows what became of it.
     std::optional<InvoiceMark> unclear;
 };
 
@@ -105,8 +104,8 @@ struct InvoiceResult
         Short,
         /// Nothing was written: another program is writing to the stock, and went on doing so.
         Locked,
-        /// The connection broke while it was confirmed, and the server cannot be asked: the next try, with
-        /// the mark as `unclear`, asks before it writes.
+        /// The connection broke while it was confirmed, and the server cannot be asked. Before another try
+        /// isInvoiceSent() tells; accepting and cancelling, with the mark as `unclear`, ask by themselves.
         Unclear
     };
 

@@ -55,7 +55,15 @@ QString placeCondition(const InvoicesAsked &asked)
     return QStringLiteral("(%1 OR %2)").arg(sent, received);
 }
 
-QString conditions(const InvoicesAsked &asked, qint64 behind)
+/// In the order of the list.
+QString behindCondition(const InvoiceKey &key)
+{
+    const QString below = QStringLiteral("invoice.id<%1").arg(key.id);
+    return key.isOnTheWay ? QStringLiteral("(NOT %1 OR %2)").arg(isOpen, below)
+                          : QStringLiteral("NOT %1 AND %2").arg(isOpen, below);
+}
+
+QString conditions(const InvoicesAsked &asked, const InvoiceKey &behind)
 {
     QStringList all = {QStringLiteral("IFNULL(invoice.is_cash_goods,0)=%1").arg(asked.isCash ? 1 : 0),
                        placeCondition(asked)};
@@ -66,8 +74,8 @@ QString conditions(const InvoicesAsked &asked, qint64 behind)
                        .arg(asked.from, asked.to));
     if (!asked.number.isEmpty())
         all.append(QStringLiteral("invoice.id=%1").arg(asked.number.toULongLong()));
-    if (behind != 0)
-        all.append(QStringLiteral("invoice.id<%1").arg(behind));
+    if (behind.id != 0)
+        all.append(behindCondition(behind));
     return all.join(QStringLiteral(" AND "));
 }
 
@@ -92,7 +100,7 @@ QString rowsSql(const QString &newest)
                "shops AS receiver ON receiver.id=invoice.id_shop_to LEFT JOIN users AS sent ON "
                "sent.id=invoice.id_user_with LEFT JOIN users AS closed ON closed.id=invoice.id_user_to LEFT "
                "JOIN transactions_goods AS line ON line.id_invoice=invoice.id GROUP BY invoice.id ORDER BY "
-               "invoice.id DESC")
+               "%1 DESC,invoice.id DESC")
         .arg(isOpen, nameOf("sent"), nameOf("closed"), newest);
 }
 
@@ -148,10 +156,11 @@ QColor invoiceStateColour(InvoiceState state)
 }
 
 /// The page is found by the numbers alone, and only its rows are joined and added up.
-QString invoicesSql(const InvoicesAsked &asked, qint64 behind, int rows)
+QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows)
 {
-    return rowsSql(QStringLiteral("SELECT invoice.id FROM invoice WHERE %1 ORDER BY invoice.id DESC LIMIT %2")
-                       .arg(conditions(asked, behind))
+    return rowsSql(QStringLiteral("SELECT invoice.id FROM invoice WHERE %1 ORDER BY %2 DESC,invoice.id DESC "
+                                  "LIMIT %3")
+                       .arg(conditions(asked, behind), isOpen)
                        .arg(rows));
 }
 

@@ -49,8 +49,15 @@ enum class InvoiceColumn {
     Count
 };
 
-/// Newest first, so many rows behind the invoice of that number (0: from the newest on).
-QString invoicesSql(const InvoicesAsked &asked, qint64 behind, int rows);
+/// Where a page of the list begins: behind that invoice; 0 for the first page.
+struct InvoiceKey
+{
+    bool isOnTheWay = true;
+    qint64 id = 0;
+};
+
+/// What is on the way first, then the newest, so many rows.
+QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows);
 QVector<Column> invoiceColumns();
 /// The row of one invoice.
 QString invoiceSql(DbId invoice);

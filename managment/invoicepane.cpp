@@ -28,6 +28,10 @@ InvoicePane::InvoicePane(QSqlDatabase *db, const QLoadedUser *user, QObject *rec
     ui->lines->setColumns(invoiceLineColumns(), QStringLiteral("InvoicePane"));
     ui->lines->setTotals([this] { return totals(); });
     ui->lines->sumUsually(column(InvoiceLineColumn::Sent));
+    // The paper has a button of its own, and its keys are those of the list above.
+    ui->lines->footer()->findChild<QPushButton *>(QStringLiteral("pbPrintList"))->hide();
+    for (QPushButton *button : ui->lines->footer()->findChildren<QPushButton *>())
+        button->setShortcut({});
     connect(ui->lines, &ListPane::rowsShown, this, &InvoicePane::linesShown);
     connectButtons();
     showInvoice({}, {});

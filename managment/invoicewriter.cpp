@@ -23,8 +23,6 @@ struct Texts
 constexpr int answerMs = 3000;
 /// So many rows go into one statement.
 constexpr int batchRows = 500;
-/// A question names so many items.
-constexpr int mostNamed = 20;
 
 bool refuse(InvoiceResult *result, const QString &why)
 {
@@ -428,8 +426,13 @@ InvoiceResult sendInvoice(const Db &db, const InvoiceDraft &draft)
         return result;
     }
     return inTransaction(
-        db, {draft.user, sentBy, sentAt}, draft.unclear,
+        db, {draft.user, sentBy, sentAt}, std::nullopt,
         [&](const Db &tried, InvoiceResult *written) { return writeSending(tried, draft, written); });
+}
+
+std::optional<bool> isInvoiceSent(const Db &db, const InvoiceMark &mark)
+{
+    return stands(db, mark, sentBy, sentAt);
 }
 
 InvoiceResult acceptInvoice(const Db &db, const AcceptDraft &draft)
@@ -464,18 +467,6 @@ QString explanation(const InvoiceResult &result)
         break;
     }
     return QString();
-}
-
-QString shortageWords(const QVector<Shortage> &shortages)
-{
-    QStringList words;
-    for (const Shortage &item : shortages.mid(0, mostNamed))
-        words.append(Texts::tr("«%1»: є %2, передається %3")
-                         .arg(item.name, quantityShown(item.stock), quantityShown(item.quantity)));
-    if (shortages.size() > mostNamed)
-        words.append(Texts::tr("… і ще %1").arg(shortages.size() - mostNamed));
-    return Texts::tr("Товару менше, ніж передається; залишок стане від'ємним:") + QLatin1Char('\n') +
-           words.join(QLatin1Char('\n'));
 }
 
 QHash<DbId, qint64> agreedCounts(const QVector<Shortage> &shortages)

@@ -9,6 +9,8 @@
 
 /// The goods leave the sender's stock and are on the way.
 InvoiceResult sendInvoice(const Db &db, const InvoiceDraft &draft);
+/// Whether that sending stands in the database; nothing when the server did not tell.
+std::optional<bool> isInvoiceSent(const Db &db, const InvoiceMark &mark);
 /// What was counted comes to the receiver's stock, and the invoice is closed. Of two who accept it the later
 /// one is told who was quicker.
 InvoiceResult acceptInvoice(const Db &db, const AcceptDraft &draft);
@@ -21,7 +23,5 @@ QString sendRefusal(const InvoiceDraft &draft);
 QVector<InvoiceLine> mergedLines(const QVector<InvoiceLine> &lines);
 /// What an outcome means for the user, and what to do; empty for Written and Short.
 QString explanation(const InvoiceResult &result);
-/// The question about counts below zero, a line for each item, twenty at most.
-QString shortageWords(const QVector<Shortage> &shortages);
-/// What is agreed to when that question was answered with yes.
+/// What is agreed to when the user was asked about them and said yes.
 QHash<DbId, qint64> agreedCounts(const QVector<Shortage> &shortages);

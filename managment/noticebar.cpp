@@ -23,6 +23,9 @@ void NoticeBar::tell(const QString &text, const std::optional<Slip> &slip)
     ui->lbNotice->setText(words.join(QLatin1Char('\n')));
     setVisible(!words.isEmpty());
     m_slip = slip;
+    const bool isInvoice = slip && slip->kass.isEmpty();
+    ui->pbShowSlip->setText(isInvoice ? tr("Показати накладну") : tr("Показати чек"));
+    ui->pbPrintSlip->setText(isInvoice ? tr("Др&укувати накладну") : tr("Др&укувати чек"));
     for (QPushButton *button : {ui->pbShowSlip, ui->pbPrintSlip})
         button->setVisible(m_slip.has_value());
 }

@@ -16,7 +16,8 @@ class NoticeBar : public QFrame
     Q_OBJECT
 
 public:
-    /// A receipt whose slip can be looked at: its register's id and its number there.
+    /// A receipt whose slip can be looked at: its register's id and its number there. Without a register: the
+    /// number of an invoice.
     struct Slip
     {
         QString kass;

@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <utility>
 
 QManInvoices::QManInvoices(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setting *set,
                            QWidget *parent)
@@ -101,6 +102,13 @@ void QManInvoices::buildPane()
     connect(m_pane, &InvoicePane::sendPressed, this, &QManInvoices::Add);
     connect(m_pane, &InvoicePane::acceptPressed, this, &QManInvoices::acceptCurrent);
     connect(m_pane, &InvoicePane::cancelPressed, this, &QManInvoices::cancelCurrent);
+    connect(
+        m_pane->lines(), &ListPane::loaded, this,
+        [this] {
+            if (m_printed != 0 && m_pane->invoice().id == std::exchange(m_printed, 0))
+                m_pane->print();
+        },
+        Qt::QueuedConnection);
 }
 
 void QManInvoices::followRights()
@@ -201,7 +209,9 @@ void QManInvoices::showPage()
     const int size = ui->pages->pageSize();
     m_pageRows = size == 0 ? mostRows : qMin(size, mostRows);
     list()->expectLongLoads(size == 0 || m_asked.hasDays() || m_asked.state.has_value());
-    query = invoicesSql(m_asked, ui->pages->start().toLongLong(), m_pageRows + 1);
+    const QVariantList start = ui->pages->start().toList();
+    const InvoiceKey behind = {start.value(0).toBool(), start.value(1).toLongLong()};
+    query = invoicesSql(m_asked, behind, m_pageRows + 1);
     const bool isNarrowed = m_askedHeading.size() > 1 || ui->place->narrowest() != PlaceSelector::Everywhere;
     if (user()->groups().isEmpty() && user()->idShop().isEmpty())
         list()->setEmptyText(noGroupsHint());
@@ -216,10 +226,14 @@ RowStore QManInvoices::takePage(RowStore &&found)
     m_hasNext = found.rowCount() > m_pageRows;
     if (m_hasNext)
         found.removeLast();
-    m_last = 0;
+    m_last = {};
     if (found.rowCount() > 0) {
-        const std::string_view number = found.cell(found.rowCount() - 1, 0);
-        m_last = QByteArray(number.data(), static_cast<int>(number.size())).toLongLong();
+        const auto last = [&](InvoiceColumn column) {
+            const std::string_view cell = found.cell(found.rowCount() - 1, static_cast<int>(column));
+            return QByteArray(cell.data(), static_cast<int>(cell.size())).toLongLong();
+        };
+        m_last = {last(InvoiceColumn::State) == static_cast<int>(InvoiceState::OnTheWay),
+                  last(InvoiceColumn::Number)};
     }
     return std::move(found);
 }
@@ -259,13 +273,14 @@ void QManInvoices::nextPage()
 {
     if (list()->isLoading() || !m_hasNext)
         return;
-    ui->pages->goOn(m_last, model()->rowCount());
+    ui->pages->goOn(QVariantList{m_last.isOnTheWay, m_last.id}, model()->rowCount());
     showPage();
 }
 
-void QManInvoices::showInvoice(DbId invoice)
+void QManInvoices::showInvoice(DbId invoice, bool print)
 {
     m_wanted = invoice;
+    m_printed = print ? invoice : 0;
     const QSignalBlocker holdField(ui->leSearch);
     const QSignalBlocker holdState(ui->cbState);
     const QSignalBlocker holdDirection(ui->cbDirection);

@@ -10,8 +10,9 @@ class QManInvoicesFilter;
 class InvoiceDialog;
 class QSplitter;
 
-/// The page of the transfers between shops: the invoices of the shops that the user sees, newest first, a
-/// page at a time, and below them the one that is chosen, to be accepted, cancelled and printed.
+/// The page of the transfers between shops: the invoices of the shops that the user sees, those on the
+/// way first, then the newest, a page at a time, and below them the one that is chosen, to be accepted,
+/// cancelled and printed.
 class QManInvoices : public QTab
 {
     Q_OBJECT
@@ -22,8 +23,8 @@ public:
 
     bool isLoading() const override;
     Commands commands() const override;
-    /// Shows all invoices, with that one as the current one if it is among the newest.
-    void showInvoice(DbId invoice);
+    /// Shows all invoices, with that one as the current one if it is among the newest. print: and its paper.
+    void showInvoice(DbId invoice, bool print = false);
 
     /// So many rows are shown when all are asked for.
     static constexpr int mostRows = 200000;
@@ -81,7 +82,9 @@ private:
     int m_pageRows = 0;
     /// Of the rows in the list.
     bool m_hasNext = false;
-    qint64 m_last = 0;
+    InvoiceKey m_last;
     /// To be the current one when the rows have come.
     DbId m_wanted = 0;
+    /// To be printed when its goods have come.
+    DbId m_printed = 0;
 };

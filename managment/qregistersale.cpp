@@ -97,6 +97,11 @@ void QRegisterSale::movingmode()
     chooseMode(GoodsSearch::Move);
 }
 
+void QRegisterSale::transfermode()
+{
+    chooseMode(GoodsSearch::Transfer);
+}
+
 /// What does not come into its document stays begun there.
 void QRegisterSale::chooseMode(GoodsSearch::Mode mode)
 {
@@ -124,7 +129,12 @@ void QRegisterSale::connectPlace()
     connect(ui->place, &PlaceBar::kassChanged, ui->goods, &GoodsPicker::takeScans);
     connect(ui->place, &PlaceBar::left, ui->goods, &GoodsPicker::focusSearch);
     connect(m_work->user(), &QLoadedUser::rightsChanged, this, &QRegisterSale::showRights);
-    connect(ui->notice, &NoticeBar::slipWanted, this, &QRegisterSale::slipWanted);
+    connect(ui->notice, &NoticeBar::slipWanted, this, [this](const QString &kass, int number, bool print) {
+        if (kass.isEmpty())
+            emit invoiceWanted(static_cast<uint>(number), print);
+        else
+            emit slipWanted(kass, number, print);
+    });
     connect(ui->splitter, &QSplitter::splitterMoved, ui->goods, &GoodsPicker::focusSearch);
 }
 
@@ -177,6 +187,10 @@ void QRegisterSale::connectPayment()
 void QRegisterSale::connectStock()
 {
     connect(ui->modes, &ModeBar::chosen, this, &QRegisterSale::chooseMode);
+    connect(m_stock, &StockDesk::ownShopChanged, this, [this] {
+        if (m_mode == GoodsSearch::Transfer)
+            ui->goods->refresh();
+    });
     connect(m_stock, &StockDesk::written, this,
             [this](const StockPane *pane, const StockOrder &order, const StockWriter::Result &result) {
                 afterStock(*pane, order, result);
@@ -222,6 +236,7 @@ void QRegisterSale::connectKeys()
     onKey(Qt::Key_F6, &QRegisterSale::salemode);
     onKey(Qt::Key_F7, &QRegisterSale::admissionmode);
     onKey(Qt::Key_F8, &QRegisterSale::movingmode);
+    onKey(Qt::Key_F11, &QRegisterSale::transfermode);
     onKey(Qt::Key_F9, &QRegisterSale::write);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
     onKey(QKeySequence::Find, &QRegisterSale::findGoods);
@@ -271,7 +286,8 @@ GoodsSearch QRegisterSale::goodsScope() const
 {
     ui->place->followToday();
     GoodsSearch scope;
-    scope.idShop = ui->place->place().shop.toUInt();
+    const DbId ownShop = m_stock->ownShop();
+    scope.idShop = ownShop != 0 ? ownShop : ui->place->place().shop.toUInt();
     scope.mode = m_mode;
     scope.priority = ui->place->priority();
     scope.time = SaleClock::at(ui->place->chosenDate());
@@ -491,14 +507,15 @@ void QRegisterSale::afterStock(const StockPane &pane, const StockOrder &order,
                              .arg(result.chek.number)
                              .arg(order.document.rows().size())
                              .arg(quantityShown(order.document.total()));
-    if (pane.mode().hasSlip)
+    if (pane.mode().hasSlip) {
         tellWritten(told, result.chek.place.kass, result.chek.number);
-    else
-        notify(told);
-    QStringList tables = {QStringLiteral("cheks"), QStringLiteral("goods_shop")};
-    if (result.opensShift)
-        tables.append(QStringLiteral("z_zvit"));
-    tellTracker(tables + pane.mode().alsoTables);
+        QStringList tables = {QStringLiteral("cheks"), QStringLiteral("goods_shop")};
+        if (result.opensShift)
+            tables.append(QStringLiteral("z_zvit"));
+        tellTracker(tables + pane.mode().alsoTables);
+    } else {
+        ui->notice->tell(told, NoticeBar::Slip{QString(), result.chek.number});
+    }
     ui->goods->takeScans();
 }
 

@@ -58,6 +58,8 @@ public slots:
     void admissionmode();
     void salemode();
     void movingmode();
+    /// Hands goods over to another shop.
+    void transfermode();
     /// Checks the receipt, takes the payment and writes it.
     void sale();
     /// Writes the document of goods in front, or sells where that is the receipt.
@@ -77,6 +79,8 @@ public slots:
 signals:
     /// Somebody wants to see, or to print, the slip of a receipt of that register (its id).
     void slipWanted(const QString &kass, int chek, bool print);
+    /// The same of the paper of an invoice.
+    void invoiceWanted(uint invoice, bool print);
     /// Somebody wanted to close the tab when it could not be told whether it may be; now it can.
     void closeWanted();
 

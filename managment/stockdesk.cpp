@@ -4,6 +4,7 @@
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "stockpane.h"
+#include "transferfields.h"
 
 #include <QStackedWidget>
 
@@ -14,11 +15,14 @@ StockDesk::StockDesk(SaleWork *work, PlaceBar *place, ModeBar *bar, QStackedWidg
     , m_bar(bar)
     , m_stack(stack)
     , m_writing(new StockWriting(work, place))
+    , m_transfer(new TransferFields(work))
     , m_whenThere(whenThere)
 {
     bar->addMode(GoodsSearch::Sale, tr("Продаж F6"));
-    for (const StockMode &mode : {receiveMode(), moveMode()})
+    for (const StockMode &mode : {receiveMode(), moveMode(), m_transfer->mode()})
         addMode(mode);
+    m_transfer->addTo(m_panes.last());
+    connect(m_transfer, &TransferFields::fromChanged, this, &StockDesk::ownShopChanged);
     connect(m_writing, &StockWriting::lacking, this,
             [](StockPane *pane, const StockLacks &lacks) { pane->takeCounts(lacks); });
     connect(m_writing, &StockWriting::written, this,
@@ -45,6 +49,11 @@ void StockDesk::addMode(const StockMode &mode)
 StockPane *StockDesk::pane() const
 {
     return qobject_cast<StockPane *>(m_stack->currentWidget());
+}
+
+DbId StockDesk::ownShop() const
+{
+    return pane() != nullptr && pane()->mode().mode == GoodsSearch::Transfer ? m_transfer->from() : 0;
 }
 
 void StockDesk::show(GoodsSearch::Mode mode)
@@ -147,6 +156,6 @@ void StockDesk::setMayChange(bool mayChange, bool mayWrite, const QString &why)
 {
     for (StockPane *each : m_panes) {
         each->setMayChange(mayChange, why);
-        each->setMayWrite(mayWrite);
+        each->setMayWrite(each->mode().needsRegister ? mayWrite : mayChange);
     }
 }

@@ -9,6 +9,7 @@
 
 class ModeBar;
 class QStackedWidget;
+class TransferFields;
 
 /// The modes of the sale tab beside the sale: each has a document of its own, which stays while another mode
 /// is looked at.
@@ -24,6 +25,8 @@ public:
     const QVector<StockPane *> &panes() const { return m_panes; }
     /// What the mode in front fills; null for the sale.
     StockPane *pane() const;
+    /// The shop whose goods the mode in front means where that is not the place's; else 0.
+    DbId ownShop() const;
     /// Brings a mode to the front.
     void show(GoodsSearch::Mode mode);
 
@@ -48,6 +51,8 @@ public:
     void setMayChange(bool mayChange, bool mayWrite, const QString &why);
 
 signals:
+    /// ownShop() is another one.
+    void ownShopChanged();
     void written(StockPane *pane, const StockOrder &order, const StockWriter::Result &result);
 
 private:
@@ -59,6 +64,7 @@ private:
     ModeBar *m_bar;
     QStackedWidget *m_stack;
     StockWriting *m_writing;
+    TransferFields *m_transfer;
     QuantityGrid::WhenThere m_whenThere;
     QVector<StockPane *> m_panes;
 };

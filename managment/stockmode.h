@@ -49,6 +49,8 @@ struct StockMode
             isWritten;
     };
     std::function<Writing()> writing;
+    /// A register of the shop writes it, into its shift; else no register has to be chosen.
+    bool needsRegister = true;
     /// What was written can be looked at as a slip.
     bool hasSlip = true;
     /// What is written to besides `cheks` and `goods_shop`, for the change tracker.

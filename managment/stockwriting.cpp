@@ -27,11 +27,12 @@ StockWriting::StockWriting(SaleWork *work, PlaceBar *place)
 /// Why this document cannot be written here, as far as nobody has to be asked; empty when it can.
 QString StockWriting::refusal(StockPane *pane) const
 {
-    if (m_place->isReading())
+    const bool needsRegister = pane->mode().needsRegister;
+    if (needsRegister && m_place->isReading())
         return tr("Магазини й каси ще читаються. Запишіть документ ще раз.");
-    if (!m_place->isChosen())
+    if (needsRegister && !m_place->isChosen())
         return tr("Виберіть магазин і касу.");
-    if (m_place->isClosingOnly())
+    if (needsRegister && m_place->isClosingOnly())
         return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
     if (pane->document().isEmpty())
         return tr("У документі немає товарів.");
@@ -56,7 +57,8 @@ void StockWriting::write(StockPane *pane)
     order.place = m_place->place();
     order.move = pane->move();
     order.document = pane->document();
-    order.date = m_place->chosenDate();
+    if (pane->mode().needsRegister)
+        order.date = m_place->chosenDate();
     if (m_work->agreeDate(tr("Дата документа"), order.date))
         send(pane, order, pane->mode().writing ? pane->mode().writing() : usualWriting());
 }

@@ -596,6 +596,7 @@ void TstQRegisterSale::accessKeys_data()
     QTest::newRow("receive") << 1;
     QTest::newRow("sale") << 2;
     QTest::newRow("move") << 3;
+    QTest::newRow("transfer") << 4;
 }
 
 /// Each letter opens one thing, and none that the menu bar opens.
@@ -604,7 +605,8 @@ void TstQRegisterSale::accessKeys()
     QFETCH(int, mode);
     (m_tab.get()->*(mode == 1   ? &QRegisterSale::admissionmode
                     : mode == 2 ? &QRegisterSale::salemode
-                                : &QRegisterSale::movingmode))();
+                    : mode == 3 ? &QRegisterSale::movingmode
+                                : &QRegisterSale::transfermode))();
     const auto *documents = in<QStackedWidget>(m_tab.get(), "documents");
     QString taken = text("атзопеікдс");
     const auto children = m_tab->findChildren<QWidget *>();
