@@ -183,10 +183,10 @@ void Screenshots::takePage(const QString &name)
     {
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
-    } others[] = {{"man_saleadmiss", &Screenshots::takeSale}, {"mz_cheks", &Screenshots::takeCheks},
-                  {"importcln", &Screenshots::takeImport},    {"mt_goods", &Screenshots::takeGoods},
-                  {"mt_action", &Screenshots::takeActions},   {"man_action", &Screenshots::takeAssignment},
-                  {"mc_users", &Screenshots::takeUsers}};
+    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},   {"man_invoices", &Screenshots::takeInvoices},
+                  {"importcln", &Screenshots::takeImport},      {"mz_cheks", &Screenshots::takeCheks},
+                  {"mt_goods", &Screenshots::takeGoods},        {"mt_action", &Screenshots::takeActions},
+                  {"man_action", &Screenshots::takeAssignment}, {"mc_users", &Screenshots::takeUsers}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -270,6 +270,26 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
     takeStock(sale, name);
 }
 
+/// One on the way with its goods, the windows in which it is closed, and one that came with differences.
+void Screenshots::takeInvoices(QWidget *invoices, const QString &name)
+{
+    auto *list = invoices->findChild<QTableView *>();
+    const auto button = [invoices](const char *which) {
+        return invoices->findChild<QPushButton *>(QLatin1String(which));
+    };
+    list->selectRow(0);
+    waitForRows(invoices);
+    save(m_window, name);
+    takeModal(name + QStringLiteral("_accept"), [=] { button("pbAccept")->click(); });
+    takeModal(name + QStringLiteral("_cancel"), [=] { button("pbCancelInvoice")->click(); });
+    auto *states = invoices->findChild<QComboBox *>(QStringLiteral("cbState"));
+    states->setCurrentIndex(3);
+    waitForRows(invoices);
+    list->selectRow(0);
+    waitForRows(invoices);
+    save(m_window, name + QStringLiteral("_different"));
+}
+
 void Screenshots::pickGoods(QWidget *sale)
 {
     auto *goods = sale->findChild<QTableView *>(QStringLiteral("viewGoods"));
@@ -289,7 +309,7 @@ void Screenshots::takeStock(QWidget *sale, const QString &name)
     {
         const char *button;
         const char *suffix;
-    } modes[] = {{"pbMode1", "_receive"}, {"pbMode3", "_move"}};
+    } modes[] = {{"pbMode4", "_transfer"}, {"pbMode1", "_receive"}, {"pbMode3", "_move"}};
     for (const auto &mode : modes) {
         sale->findChild<QPushButton *>(QLatin1String(mode.button))->click();
         workFor(300);

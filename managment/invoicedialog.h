@@ -21,7 +21,6 @@ public:
     /// The list beside it shows something that is not true any more.
     bool isListOld() const;
     bool isUnclear() const { return m_result.outcome == InvoiceResult::Unclear; }
-    const InvoiceResult &result() const { return m_result; }
 
 protected:
     /// unclear: the writing before, if nobody knows what became of it.

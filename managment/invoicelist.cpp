@@ -164,11 +164,6 @@ QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int ro
                        .arg(rows));
 }
 
-QString invoiceSql(DbId invoice)
-{
-    return rowsSql(QStringLiteral("SELECT %1 AS id").arg(invoice));
-}
-
 QVector<Column> invoiceColumns()
 {
     const int quantity = 9;

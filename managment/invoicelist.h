@@ -59,8 +59,6 @@ struct InvoiceKey
 /// What is on the way first, then the newest, so many rows.
 QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows);
 QVector<Column> invoiceColumns();
-/// The row of one invoice.
-QString invoiceSql(DbId invoice);
 
 /// The columns of the goods of an invoice.
 enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference, Result, Count };

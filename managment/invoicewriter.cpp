@@ -115,6 +115,23 @@ InvoiceResult inTransaction(const Db &db, const Writing &writing, const std::opt
     return result;
 }
 
+/// The lines with each item once, in the order in which they came.
+QVector<InvoiceLine> mergedLines(const QVector<InvoiceLine> &lines)
+{
+    QVector<InvoiceLine> merged;
+    QHash<DbId, int> places;
+    for (const InvoiceLine &line : lines) {
+        const auto place = places.constFind(line.goods);
+        if (place == places.constEnd()) {
+            places.insert(line.goods, merged.size());
+            merged.append(line);
+        } else {
+            merged[*place].sent += line.sent;
+        }
+    }
+    return merged;
+}
+
 /// Two shops are read in one order by all; a blocked one neither sends nor gets goods.
 bool mayTrade(const Db &db, const QVector<DbId> &shops, InvoiceResult *result)
 {
@@ -381,22 +398,6 @@ bool writeCancelling(const Db &db, const CancelDraft &draft, InvoiceResult *resu
            putIntoStock(db, invoice.from, draft.place, changesOf(*lines, 1, sentOf), result);
 }
 } // namespace
-
-QVector<InvoiceLine> mergedLines(const QVector<InvoiceLine> &lines)
-{
-    QVector<InvoiceLine> merged;
-    QHash<DbId, int> places;
-    for (const InvoiceLine &line : lines) {
-        const auto place = places.constFind(line.goods);
-        if (place == places.constEnd()) {
-            places.insert(line.goods, merged.size());
-            merged.append(line);
-        } else {
-            merged[*place].sent += line.sent;
-        }
-    }
-    return merged;
-}
 
 QString sendRefusal(const InvoiceDraft &draft)
 {

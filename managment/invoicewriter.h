@@ -19,8 +19,6 @@ InvoiceResult cancelInvoice(const Db &db, const CancelDraft &draft);
 
 /// Why the draft cannot be sent as it stands, in the user's words; empty when it can. Asks no server.
 QString sendRefusal(const InvoiceDraft &draft);
-/// The lines with each item once, in the order in which they came.
-QVector<InvoiceLine> mergedLines(const QVector<InvoiceLine> &lines);
 /// What an outcome means for the user, and what to do; empty for Written and Short.
 QString explanation(const InvoiceResult &result);
 /// What is agreed to when the user was asked about them and said yes.

@@ -73,7 +73,7 @@ void QManInvoices::buildFilter()
 void QManInvoices::connectFilter()
 {
     connect(ui->place, &PlaceSelector::groupChanged, this, &QManInvoices::refillShops);
-    connect(ui->place, &PlaceSelector::chosen, this, &QManInvoices::searchAgain);
+    connect(ui->place, &PlaceSelector::chosen, this, &QManInvoices::followPlace);
     for (QComboBox *box : {ui->cbDirection, ui->cbState})
         connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &QManInvoices::searchAgain);
     connect(ui->chDays, &QCheckBox::toggled, ui->range, &QWidget::setEnabled);
@@ -138,6 +138,13 @@ void QManInvoices::refillShops()
 {
     ui->place->refillShops(QStringLiteral("SELECT address,id FROM shops WHERE") + shopsCondition() +
                            QStringLiteral(" ORDER BY address,id"));
+}
+
+/// Also when the boxes have been filled for the first time, which changes nothing.
+void QManInvoices::followPlace()
+{
+    if (asked().shops != m_asked.shops)
+        searchAgain();
 }
 
 InvoicesAsked QManInvoices::asked() const

@@ -55,6 +55,7 @@ private:
     void connectFilter();
     void buildPane();
     void refillShops();
+    void followPlace();
     QString shopsCondition() const;
     InvoicesAsked asked() const;
     QStringList askedWords() const;

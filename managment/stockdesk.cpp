@@ -1,6 +1,7 @@
 #include "stockdesk.h"
 
 #include "modebar.h"
+#include "placebar.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "stockpane.h"
@@ -23,6 +24,8 @@ StockDesk::StockDesk(SaleWork *work, PlaceBar *place, ModeBar *bar, QStackedWidg
         addMode(mode);
     m_transfer->addTo(m_panes.last());
     connect(m_transfer, &TransferFields::fromChanged, this, &StockDesk::ownShopChanged);
+    connect(place, &PlaceBar::kassChanged, m_transfer,
+            [this, place] { m_transfer->follow(place->place().shop.toUInt()); });
     connect(m_writing, &StockWriting::lacking, this,
             [](StockPane *pane, const StockLacks &lacks) { pane->takeCounts(lacks); });
     connect(m_writing, &StockWriting::written, this,

@@ -20,6 +20,7 @@ QComboBox *newBox(const char *name, const QString &accessibleName)
     box->setObjectName(QLatin1String(name));
     box->setAccessibleName(accessibleName);
     keepNarrow(box, 10);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return box;
 }
 
@@ -123,6 +124,13 @@ void TransferFields::addTo(StockPane *pane)
         m_from->setToolTip(isEmpty ? m_from->currentText()
                                    : tr("Щоб передати з іншого магазину, спершу очистіть документ."));
     });
+}
+
+void TransferFields::follow(DbId shop)
+{
+    const int item = m_from->findData(shop);
+    if (m_from->isEnabled() && item >= 0)
+        m_from->setCurrentIndex(item);
 }
 
 DbId TransferFields::from() const

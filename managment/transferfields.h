@@ -24,6 +24,8 @@ public:
     StockMode mode() const;
     /// Puts the boxes into the pane of that mode; the sender stays as long as the pane holds its goods.
     void addTo(StockPane *pane);
+    /// Another shop is worked in: its goods are sent, unless others are put together already.
+    void follow(DbId shop);
     /// The shop whose goods are sent; 0 while it is not known.
     DbId from() const;
 
