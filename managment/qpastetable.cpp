@@ -46,10 +46,11 @@ QPasteTable::QPasteTable(SaleWork *work, const StockMode &mode, const QString &s
     };
     buildLists();
     connect(ui->teTable, &QPlainTextEdit::textChanged, this, [this] {
+        m_isCurrent = false;
         ui->pbAdd->setEnabled(false);
         m_pause.begin();
     });
-    connect(&m_pause, &TypingPause::ended, this, &QPasteTable::check);
+    connect(&m_pause, &TypingPause::ended, this, [this] { check(ui->teTable->toPlainText()); });
     connect(ui->pbAdd, &QPushButton::clicked, this, &QPasteTable::accept);
     connect(ui->pbCancel, &QPushButton::clicked, this, &QPasteTable::reject);
     connect(ui->pbSaveRefused, &QPushButton::clicked, this, &QPasteTable::saveRefused);
@@ -84,21 +85,23 @@ void QPasteTable::buildLists()
 
 void QPasteTable::setText(const QString &text)
 {
+    // A long text takes the field as long as the server its answer.
+    check(text);
+    const QSignalBlocker hold(ui->teTable);
     ui->teTable->setPlainText(text);
-    m_pause.end();
 }
 
 /// The newest text counts.
-void QPasteTable::check()
+void QPasteTable::check(const QString &text)
 {
     m_tasks->drop();
-    const QString text = ui->teTable->toPlainText();
+    m_pause.drop();
+    m_isCurrent = true;
     m_note->begin(tr("Перевіряється…"));
     m_tasks->read([text, shop = m_shop, mode = m_mode, caller = m_work->caller()](
                       const Db &db) { return checkPastedTable(db, caller, text, shop, mode); },
-                  [this, text](const PastedTable &table) {
+                  [this](const PastedTable &table) {
                       m_note->end();
-                      m_checked = text;
                       show(table);
                   });
 }
@@ -115,7 +118,7 @@ void QPasteTable::show(const PastedTable &table)
     showRefused(ui->listRefused, table.refused);
     ui->labelRefused->setText(tr("Рядки, які не додаються: %1").arg(wholeShown(table.refused.size())));
     ui->refusedPart->setVisible(!table.refused.isEmpty());
-    ui->pbAdd->setEnabled(table.error.isEmpty() && !table.rows.isEmpty());
+    ui->pbAdd->setEnabled(m_isCurrent && table.error.isEmpty() && !table.rows.isEmpty());
     ui->labelResult->setText(table.error.isEmpty() && !table.lines.isEmpty()
                                  ? tr("Рядків: %1, додається: %2.")
                                        .arg(wholeShown(table.lines.size()), wholeShown(table.rows.size()))
@@ -125,7 +128,7 @@ void QPasteTable::show(const PastedTable &table)
 /// What was shown, and only when it is still the text.
 void QPasteTable::accept()
 {
-    if (m_tasks->isWaiting() || m_checked != ui->teTable->toPlainText() || m_table.rows.isEmpty())
+    if (m_tasks->isWaiting() || !m_isCurrent || m_table.rows.isEmpty())
         return;
     if (m_table.refused.isEmpty() ||
         QMessDlg::confirm(this, windowTitle(),

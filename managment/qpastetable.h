@@ -41,7 +41,7 @@ public slots:
 
 private:
     void buildLists();
-    void check();
+    void check(const QString &text);
     void show(const PastedTable &table);
     using QDialog::show;
     void saveRefused();
@@ -54,7 +54,7 @@ private:
     WaitNote *m_note;
     TypingPause m_pause;
     PastedTable m_table;
-    /// The text that was checked last.
-    QString m_checked;
+    /// What stands in the field is what was checked, or is being checked.
+    bool m_isCurrent = false;
     FileChooser m_fileToWrite;
 };
