@@ -183,10 +183,15 @@ void Screenshots::takePage(const QString &name)
     {
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
-    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},   {"man_invoices", &Screenshots::takeInvoices},
-                  {"importcln", &Screenshots::takeImport},      {"mz_cheks", &Screenshots::takeCheks},
-                  {"mt_goods", &Screenshots::takeGoods},        {"mt_action", &Screenshots::takeActions},
-                  {"man_action", &Screenshots::takeAssignment}, {"mc_users", &Screenshots::takeUsers}};
+    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
+                  {"man_invoices", &Screenshots::takeInvoices},
+                  {"importcln", &Screenshots::takeImport},
+                  {"mz_cheks", &Screenshots::takeCheks},
+                  {"mt_goods", &Screenshots::takeGoods},
+                  {"mt_action", &Screenshots::takeActions},
+                  {"man_action", &Screenshots::takeAssignment},
+                  {"mc_users", &Screenshots::takeUsers},
+                  {"premis_group", &Screenshots::takePermissionGroups}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -386,6 +391,21 @@ void Screenshots::takeAssignment(QWidget *assignment, const QString &name)
     save(m_window, name);
     takeModal(name + QStringLiteral("_barcodes"),
               [assignment] { assignment->findChild<QPushButton *>(QStringLiteral("pbBarcodes"))->click(); });
+}
+
+void Screenshots::takePermissionGroups(QWidget *page, const QString &name)
+{
+    workUntil([] { return DbTasks::isIdle(); }, tabLimitMs);
+    save(m_window, name);
+    auto *parts = page->findChild<QTabWidget *>(QStringLiteral("parts"));
+    for (int part = 1; part < parts->count(); ++part) {
+        parts->setCurrentIndex(part);
+        workFor(100);
+        save(m_window, name + QString::number(part));
+    }
+    for (const char *button : {"pbCompare", "pbShowAs"})
+        takeModal(name + QLatin1Char('_') + QLatin1String(button),
+                  [page, button] { page->findChild<QPushButton *>(QLatin1String(button))->click(); });
 }
 
 void Screenshots::takeEditors(QWidget *page, const QString &name)

@@ -29,6 +29,7 @@ private:
     void load(QWidget *report, const QString &name);
     void takeEditors(QWidget *page, const QString &name);
     /// Pictures the goods, and the look at a price list.
+    void takePermissionGroups(QWidget *page, const QString &name);
     void takeGoods(QWidget *goods, const QString &name);
     void takeUsers(QWidget *users, const QString &name);
     void takeActions(QWidget *actions, const QString &name);

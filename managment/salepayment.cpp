@@ -3,6 +3,7 @@
 #include "dbtasks.h"
 #include "money.h"
 #include "placebar.h"
+#include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qpayment.h"
 #include "receiptmodel.h"
@@ -31,6 +32,8 @@ void SalePayment::sell()
     m_work->tell(why);
     if (!why.isEmpty() || m_receipt->receipt().total() == 0 || !m_work->mayEdit())
         return;
+    // Answered before the check: whoever may not sell any more is told then.
+    m_work->user()->beginAct();
     m_place->followToday();
     const SaleOrder order = {m_place->place(), m_receipt->receipt(), m_place->chosenDate(), m_scope()};
     m_work->begin(SaleWork::Checking, tr("Перевіряється…"));

@@ -1,10 +1,9 @@
 #include "qpremisgroup.h"
 #include "ui_qpremisgroup.h"
 
+#include "accessedits.h"
 #include "accessrows.h"
-#include "changesdialog.h"
 #include "groupscompare.h"
-#include "permissionareas.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qqestion.h"
@@ -18,59 +17,6 @@
 namespace {
 enum GroupColumn { GroupName, Members };
 constexpr int idRole = Qt::UserRole;
-constexpr int viewOnly = 2;
-
-/// 0, 1 or 2: what a stored value means.
-int kindOf(const QString &stored)
-{
-    const qlonglong value = stored.toLongLong();
-    return value == Permission::Denied || value == Permission::Full ? static_cast<int>(value) : viewOnly;
-}
-
-/// What is to be stored for a chosen value: as it was, where that means the same.
-QString storedFor(int value, const QString &before)
-{
-    return kindOf(before) == value ? before : QString::number(value);
-}
-
-/// The rights whose loss nobody gives back to himself.
-QStringList lostForGood(const GroupAccess &before, const GroupAccess &now)
-{
-    QStringList lost;
-    if (before.right(Permission::BackOffice) != Permission::Denied &&
-        now.right(Permission::BackOffice) == Permission::Denied)
-        lost.append(permissionCaption(Permission::BackOffice));
-    for (const int id : {Permission::Users, Permission::PermissionGroups}) {
-        if (before.right(id) == Permission::Full && now.right(id) != Permission::Full)
-            lost.append(permissionCaption(id));
-    }
-    return lost;
-}
-
-RecordFields withField(RecordFields fields, const QString &key, const std::optional<RecordField> &value)
-{
-    for (int i = 0; i < fields.size(); ++i) {
-        if (fields.at(i).key == key) {
-            fields.removeAt(i);
-            break;
-        }
-    }
-    if (value)
-        fields.append(*value);
-    return fields;
-}
-
-UserRights rightsOf(const GroupAccess &access)
-{
-    UserRights rights;
-    for (auto right = access.rights.begin(); right != access.rights.end(); ++right) {
-        if (right.key() < Permission::Count)
-            rights.permissions[static_cast<size_t>(right.key())] = static_cast<qint16>(kindOf(right.value()));
-    }
-    rights.groups = access.shopGroups.keys();
-    rights.shopsTransmit = access.shops.keys();
-    return rights;
-}
 } // namespace
 
 QPremisGroup::QPremisGroup(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *parent)
@@ -81,7 +27,7 @@ QPremisGroup::QPremisGroup(QSqlDatabase *db, QLoadedUser *user, QObject *receive
     , m_receiver(receiver)
     , m_typing(new TypingPause(this))
     , m_tasks(db->connectionName(), receiver, nullptr)
-    , m_matrixTasks(db->connectionName(), receiver, nullptr)
+    , m_listTasks(db->connectionName(), receiver, nullptr)
 {
     ui->setupUi(this);
     m_note = new WaitNote(ui->labelState, this);
@@ -175,7 +121,7 @@ void QPremisGroup::run(Command command)
 
 bool QPremisGroup::isLoading() const
 {
-    return m_tasks.isWaiting() || m_matrixTasks.isWaiting();
+    return m_tasks.isWaiting() || m_listTasks.isWaiting();
 }
 
 ListPane *QPremisGroup::list() const
@@ -274,14 +220,14 @@ void QPremisGroup::showOverview(const GroupsOverview &overview)
 
 void QPremisGroup::readMatrix()
 {
-    m_matrixTasks.drop();
-    m_matrixTasks.read([](const Db &db) { return readAllAccess(db); },
-                       [this](const std::optional<QMap<QString, GroupAccess>> &access) {
-                           if (!access)
-                               return ui->matrix->clearAfterFailure();
-                           ui->matrix->setColumns(matrixColumns(m_overview), QStringLiteral("premis_group"));
-                           ui->matrix->showRows(matrixRows(m_overview, *access));
-                       });
+    m_listTasks.drop();
+    m_listTasks.read([](const Db &db) { return readAllAccess(db); },
+                     [this](const std::optional<QMap<QString, GroupAccess>> &access) {
+                         if (!access)
+                             return ui->matrix->clearAfterFailure();
+                         ui->matrix->setColumns(matrixColumns(m_overview), QStringLiteral("premis_group"));
+                         ui->matrix->showRows(matrixRows(m_overview, *access));
+                     });
 }
 
 /// The list of the groups shows which one stands beside it: none for a new one.
@@ -405,6 +351,8 @@ void QPremisGroup::add()
 {
     if (m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування")))
         return;
+    // A group that is still being read is not wanted any more.
+    m_tasks.drop();
     take(QString(), {});
     markGroup(QString());
     ui->leName->setFocus();
@@ -414,13 +362,10 @@ void QPremisGroup::copy()
 {
     if (m_id.isEmpty() || m_tasks.isWriting() || !mayDropChanges(tr("Продовжити редагування")))
         return;
-    GroupAccess copied = accessOf(m_read);
-    copied.name = tr("%1 - копія").arg(copied.name).left(ui->leName->maxLength()).trimmed();
-    // A right of another program that is denied and one without a row are the same; only one is written.
-    for (auto right = copied.rights.begin(); right != copied.rights.end();)
-        right = right.value() == QLatin1String("0") ? copied.rights.erase(right) : std::next(right);
+    const GroupAccess source = accessOf(m_read);
+    m_tasks.drop();
     take(QString(), {});
-    m_mine = accessOf(fieldsOf(copied));
+    m_mine = copyOf(source, tr("%1 - копія").arg(source.name).left(ui->leName->maxLength()).trimmed());
     m_begun = fieldsOf(m_mine);
     markGroup(QString());
     showAccess();
@@ -447,145 +392,7 @@ void QPremisGroup::compare()
 
 void QPremisGroup::askMember()
 {
-    emit memberWanted(m_mine.name.isEmpty() ? tr("Нова група") : m_mine.name, rightsOf(m_mine));
-}
-
-RecordDraft QPremisGroup::draft() const
-{
-    RecordDraft draft;
-    draft.id = m_id;
-    draft.read = m_read;
-    draft.fields = fieldsOf(m_mine);
-    draft.uniqueValues = {{"name",
-                           QStringLiteral("SELECT id FROM group_premission WHERE name=:name"),
-                           {{QStringLiteral(":name"), m_mine.name}},
-                           tr("Група прав з такою назвою вже є.")}};
-    return draft;
-}
-
-QString QPremisGroup::refusal() const
-{
-    return m_mine.name.isEmpty() ? tr("Назва не може бути пустою") : QString();
-}
-
-/// Whoever takes the rights to give rights from his own group cannot give them back to himself.
-bool QPremisGroup::mayTakeOwnRights()
-{
-    const QStringList lost =
-        m_id == m_user->idGroupPremission() ? lostForGood(accessOf(m_read), m_mine) : QStringList();
-    return lost.isEmpty() ||
-           QMessDlg::confirm(
-               window(), tr("Забрати у себе?"),
-               tr("Це ваша власна група. Ви забираєте у себе:\n%1\nПовернути це зможе лише хтось "
-                  "інший.")
-                   .arg(lost.join(QLatin1Char('\n'))),
-               tr("Забрати"), tr("Не зберігати"));
-}
-
-void QPremisGroup::save()
-{
-    if (m_tasks.isWaiting() || !mayEdit() || !(isNew() || isChanged()))
-        return;
-    if (m_isUnclear)
-        return askWhetherArrived();
-    const QString why = refusal();
-    if (!why.isEmpty()) {
-        warn(why);
-        ui->leName->setFocus();
-    } else if (mayTakeOwnRights()) {
-        send();
-    }
-}
-
-void QPremisGroup::send()
-{
-    m_sent = draft();
-    m_note->begin(tr("Записується…"));
-    m_tasks.write([draft = m_sent](const Db &db) { return saveRecord(db, permissionGroup(), draft); },
-                  [this](const RecordSaved &saved) {
-                      m_note->end();
-                      takeSaved(saved);
-                  });
-}
-
-void QPremisGroup::takeSaved(const RecordSaved &saved)
-{
-    m_sentId = saved.id;
-    showChanged();
-    switch (saved.outcome) {
-    case RecordSaved::Written:
-        return takeWritten();
-    case RecordSaved::Refused:
-        return warn(saved.why);
-    case RecordSaved::Unclear:
-        return tellUnclear();
-    case RecordSaved::Changed:
-        if (settleChanges(saved.theirs))
-            save();
-        return;
-    case RecordSaved::Failed:
-        return;
-    }
-}
-
-/// What was changed here while it was written stays, not saved.
-void QPremisGroup::takeWritten()
-{
-    m_id = m_sentId;
-    m_read = m_sent.fields;
-    m_isUnclear = false;
-    showChanged();
-    m_user->beginAct();
-    m_tasks.read([](const Db &db) { return readGroupsOverview(db); },
-                 [this](const std::optional<GroupsOverview> &overview) {
-                     if (!overview)
-                         return;
-                     m_overview = *overview;
-                     showOverview(m_overview);
-                     readMatrix();
-                 });
-}
-
-void QPremisGroup::tellUnclear()
-{
-    m_isUnclear = true;
-    warn(tr("Зв'язок обірвався під час запису, і невідомо, чи зміни збережено. Зачекайте, доки зв'язок "
-            "відновиться, і збережіть ще раз: програма спершу запитає сервер."));
-}
-
-void QPremisGroup::askWhetherArrived()
-{
-    m_note->begin(tr("Записується…"));
-    m_tasks.write([draft = m_sent,
-                   id = m_sentId](const Db &db) { return hasArrived(db, permissionGroup(), draft, id); },
-                  [this](const std::optional<bool> &arrived) {
-                      m_note->end();
-                      m_isUnclear = !arrived;
-                      if (!arrived)
-                          return tellUnclear();
-                      if (*arrived)
-                          takeWritten();
-                      else
-                          save();
-                  });
-}
-
-/// As in every editor: only what both have changed has to be decided. False when all is to stay as it is.
-bool QPremisGroup::settleChanges(const RecordFields &theirs)
-{
-    const auto changes = changesByOthers(m_sent.read, m_sent.fields, theirs);
-    const auto answer = changes.isEmpty() ? ChangesDialog::KeepMine : ChangesDialog::ask(this, changes);
-    if (answer == ChangesDialog::BackToEditor)
-        return false;
-    RecordFields mine = fieldsOf(m_mine);
-    for (const RecordChange &change : changes) {
-        if (!change.isConflict || answer == ChangesDialog::TakeTheirs)
-            mine = withField(mine, change.any().key, change.theirs);
-    }
-    m_mine = accessOf(mine);
-    m_read = theirs;
-    showAccess();
-    return true;
+    emit memberWanted(m_mine.name.isEmpty() ? tr("Нова група") : m_mine.name, memberRights(m_mine));
 }
 
 void QPremisGroup::warn(const QString &why)

@@ -79,6 +79,7 @@ private:
     void dropChanges();
     void askMember();
 
+    // premisgroupsaving.cpp
     RecordDraft draft() const;
     QString refusal() const;
     bool mayTakeOwnRights();
@@ -110,5 +111,6 @@ private:
     bool m_isUnclear = false;
     bool m_isShowing = false;
     DbTasks m_tasks;
-    DbTasks m_matrixTasks;
+    /// Of the list of the groups and of all groups side by side.
+    DbTasks m_listTasks;
 };

@@ -36,6 +36,7 @@ private slots:
     void oneOfTwoOperatorsIsRefused();
     void ownRightsAreNotTakenByAccident();
     void unsavedIsAskedAbout();
+    void hurriedHandsLoseNothing();
     void copyTakesEverything();
     void takenNameIsRefused();
     void viewerChangesNothing();
@@ -379,6 +380,35 @@ void TstQPremisGroup::unsavedIsAskedAbout()
     answerConfirm([&] { mayClose = m_page->mayClose(); }, true);
     QVERIFY(mayClose);
     QCOMPARE(rights(2, "10"), QString("10|1"));
+}
+
+void TstQPremisGroup::hurriedHandsLoseNothing()
+{
+    // Changed once more before the save has answered: that is not saved yet.
+    setRight("Магазини", 0);
+    auto *tree = child<RightsTree>(m_page.get(), "rights");
+    child<QPushButton>(m_page.get(), "pbSave")->click();
+    emit tree->chosen({Permission::Kassa}, Permission::Full);
+    bool mayClose = true;
+    mayClose = m_page->mayClose();
+    QVERIFY2(!mayClose && stateWords().startsWith("Записується…"), qPrintable(stateWords()));
+    waitOutTasks();
+    QCOMPARE(rights(2, "10,11"), QString("10|0 11|2"));
+    QVERIFY(m_page->isChanged());
+    QCOMPARE(save(), QString());
+    QCOMPARE(rights(2, "10,11"), QString("10|0 11|1"));
+    // A new group while another one is still being read.
+    auto *groups = child<QTreeWidget>(m_page.get(), "groups");
+    groups->setCurrentItem(groups->findItems("Аудит", Qt::MatchExactly).first());
+    child<QPushButton>(m_page.get(), "pbAdd")->click();
+    typeText("Нічні");
+    waitOutTasks();
+    QCOMPARE(child<QLineEdit>(m_page.get(), "leName")->text(), QString("Нічні"));
+    QCOMPARE(save(), QString());
+    QCOMPARE(
+        m_place->base.value("SELECT COUNT(*) FROM lst_permis JOIN group_premission g ON g.id=id_g_prem WHERE "
+                            "name='Нічні'"),
+        QString("0"));
 }
 
 void TstQPremisGroup::copyTakesEverything()
