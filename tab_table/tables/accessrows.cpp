@@ -16,6 +16,8 @@ struct Texts
 
 constexpr int captionDigits = 40;
 constexpr int groupDigits = 13;
+/// In a window of its own.
+constexpr int differenceDigits = 36;
 constexpr int valueDigits = 20;
 
 void append(RowStore *rows, const QStringList &texts)
@@ -82,7 +84,7 @@ RowStore matrixRows(const GroupsOverview &overview, const QMap<QString, GroupAcc
 
 QVector<Column> differenceColumns(const QString &one, const QString &other)
 {
-    return {{Texts::tr("Право"), captionDigits}, {one, valueDigits}, {other, valueDigits}};
+    return {{Texts::tr("Право"), differenceDigits}, {one, valueDigits}, {other, valueDigits}};
 }
 
 RowStore differenceRows(const RecordFields &one, const RecordFields &other)

@@ -28,6 +28,7 @@ GroupsCompare::GroupsCompare(QSqlDatabase *db, QLoadedUser *user, QObject *recei
     m_other->setCurrentIndex(m_one->currentIndex() == 0 ? 1 : 0);
     for (QComboBox *box : {m_one, m_other})
         connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, &GroupsCompare::compare);
+    m_other->setFocus();
     compare();
 }
 
@@ -57,6 +58,7 @@ void GroupsCompare::buildRows()
     auto *buttons = new QDialogButtonBox(this);
     auto *close = buttons->addButton(tr("&Закрити"), QDialogButtonBox::RejectRole);
     close->setObjectName(QStringLiteral("pbClose"));
+    close->setDefault(true);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     rows->addWidget(buttons, 2, 0, 1, 4);
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 28);
