@@ -4,27 +4,24 @@
 #include "cheksql.h"
 #include "db.h"
 
+#include <QStringBuilder>
+
 namespace {
 QString number(qint64 value)
 {
     return QString::number(value);
 }
 
+/// Thousands of them are made at once: each in one piece.
 QString goodsRow(const QString &prefix, const StockRow &row, const StockMove &move, int position)
 {
     const QString goods = number(row.idGoods);
-    return QStringList{prefix,
-                       number(move.type),
-                       number(position),
-                       goods,
-                       QStringLiteral("(SELECT name FROM goods WHERE id=") + goods + QLatin1Char(')'),
-                       number(row.quantity),
-                       QStringLiteral("0,0"),
-                       number(row.tax),
-                       number(static_cast<int>(move.place)),
-                       row.barcode.isEmpty() ? QStringLiteral("NULL") : barcodeInSql(row.barcode),
-                       number(row.type)}
-               .join(QLatin1Char(',')) +
+    const QLatin1Char comma(',');
+    const QString barcode = row.barcode.isEmpty() ? QStringLiteral("NULL") : barcodeInSql(row.barcode);
+    return prefix % comma % number(move.type) % comma % number(position) % comma % goods %
+           QLatin1String(",(SELECT name FROM goods WHERE id=") % goods % QLatin1String("),") %
+           number(row.quantity) % QLatin1String(",0,0,") % number(row.tax) % comma %
+           number(static_cast<int>(move.place)) % comma % barcode % comma % number(row.type) %
            QLatin1Char(')');
 }
 

@@ -14,41 +14,50 @@ constexpr int toldLacks = 4;
 constexpr StockPlace places[] = {StockPlace::Showroom, StockPlace::Syllable};
 
 /// What comes to a place or leaves it, each goods item once.
-QVector<StockChange> changesIn(StockPlace place, const StockOrder &order)
+struct PlaceChanges
 {
+    StockPlace place;
     QVector<StockChange> changes;
-    const QVector<StockQuantity> all = order.document.quantities();
-    for (const StockQuantity &goods : all) {
-        const qint64 change = order.move.change(place, goods.quantity);
-        if (change != 0)
-            changes.append({goods.idGoods, goods.name, change});
-    }
-    return changes;
-}
+};
 
-/// The places where something changes.
-QVector<StockPlace> placesOf(const StockMove &move)
+/// Of the places where something changes.
+QVector<PlaceChanges> changesOf(const StockOrder &order)
 {
-    QVector<StockPlace> changed;
+    QVector<PlaceChanges> all;
+    const QVector<StockQuantity> quantities = order.document.quantities();
     for (const StockPlace place : places) {
-        if (move.change(place, 1) != 0)
-            changed.append(place);
+        if (order.move.change(place, 1) == 0)
+            continue;
+        PlaceChanges there = {place, {}};
+        for (const StockQuantity &goods : quantities)
+            there.changes.append({goods.idGoods, goods.name, order.move.change(place, goods.quantity)});
+        all.append(there);
     }
-    return changed;
+    return all;
 }
 
 /// Neither there nor agreed to.
-StockLacks lacksOf(const StockOrder &order, StockPlace place, const ShopStock::Counts &counts)
+StockLacks lacksOf(const PlaceChanges &there, const StockOrder &order, const ShopStock::Counts &counts)
 {
     StockLacks lacks;
-    const QVector<StockChange> changes = changesIn(place, order);
-    for (const StockChange &change : changes) {
-        const qint64 count = counts.value(change.goods).at(place);
+    for (const StockChange &change : there.changes) {
+        const qint64 count = counts.value(change.goods).at(there.place);
         const qint64 rest = count + change.quantity;
         if (change.quantity < 0 && rest < qMin<qint64>(0, order.agreed.value(change.goods)))
-            lacks.append({change.goods, change.name, place, count, -change.quantity});
+            lacks.append({change.goods, change.name, there.place, count, -change.quantity});
     }
     return lacks;
+}
+
+/// The first item of which there would be more than the database holds, in the user's words; empty for none.
+QString overflowWords(const QVector<PlaceChanges> &all, const ShopStock::Counts &counts)
+{
+    for (const PlaceChanges &there : all) {
+        if (const StockChange *change = ShopStock::overflowing(counts, there.place, there.changes))
+            return StockWriter::tr("«%1»: залишок %2 не вмістить стільки. Перевірте кількість.")
+                .arg(change->name, inPlace(there.place));
+    }
+    return QString();
 }
 } // namespace
 
@@ -105,31 +114,26 @@ bool StockWriter::writeRows(const StockOrder &order, Result *result) const
     return std::all_of(statements.begin(), statements.end(), [this](const QString &sql) { return run(sql); });
 }
 
-/// Last, because it locks the stock of these goods until COMMIT.
+/// Last, because it locks the stock of these goods until COMMIT. What is there now counts, whatever was
+/// shown.
 bool StockWriter::changeStock(const StockOrder &order, Result *result) const
 {
-    const QVector<StockPlace> changed = placesOf(order.move);
-    const auto counts = ShopStock::lock(m_db, m_place.shop.toUInt(), changesIn(changed.first(), order));
-    return counts && checkStock(order, *counts, result) &&
-           std::all_of(changed.begin(), changed.end(), [&](StockPlace place) {
-               return ShopStock::add(m_db, m_place.shop.toUInt(), place, changesIn(place, order));
-           });
-}
-
-/// What is there now, whatever was shown.
-bool StockWriter::checkStock(const StockOrder &order, const ShopStock::Counts &counts, Result *result) const
-{
-    const QVector<StockPlace> changed = placesOf(order.move);
-    for (const StockPlace place : changed) {
-        const QVector<StockChange> changes = changesIn(place, order);
-        if (const StockChange *change = ShopStock::overflowing(counts, place, changes))
-            return refuse(result, Refused,
-                          tr("«%1»: залишок %2 не вмістить стільки. Перевірте кількість.")
-                              .arg(change->name, inPlace(place)));
-        result->lacks += lacksOf(order, place, counts);
-    }
-    return result->lacks.isEmpty() ||
-           refuse(result, Refused, tr("Товару не вистачає:") + QLatin1Char('\n') + lackWords(result->lacks));
+    const DbId shop = m_place.shop.toUInt();
+    const QVector<PlaceChanges> all = changesOf(order);
+    const auto counts = ShopStock::lock(m_db, shop, all.first().changes);
+    if (!counts)
+        return false;
+    const QString overflow = overflowWords(all, *counts);
+    if (!overflow.isEmpty())
+        return refuse(result, Refused, overflow);
+    for (const PlaceChanges &there : all)
+        result->lacks += lacksOf(there, order, *counts);
+    if (!result->lacks.isEmpty())
+        return refuse(result, Refused,
+                      tr("Товару не вистачає:") + QLatin1Char('\n') + lackWords(result->lacks));
+    return std::all_of(all.begin(), all.end(), [&](const PlaceChanges &there) {
+        return ShopStock::add(m_db, shop, there.place, there.changes);
+    });
 }
 
 std::optional<bool> StockWriter::isWritten(const StockOrder &order, const WrittenChek &chek) const

@@ -65,5 +65,4 @@ private:
     Result writeOnce(const StockOrder &order) const;
     bool writeRows(const StockOrder &order, Result *result) const;
     bool changeStock(const StockOrder &order, Result *result) const;
-    bool checkStock(const StockOrder &order, const ShopStock::Counts &counts, Result *result) const;
 };
