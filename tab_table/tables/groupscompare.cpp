@@ -76,13 +76,13 @@ void GroupsCompare::compare()
     };
     m_tasks.read(read, [this](const Two &two) {
         if (two)
-            show(two->first, two->second);
+            showDifferences(two->first, two->second);
         else
             m_list->clearAfterFailure();
     });
 }
 
-void GroupsCompare::show(const RecordFields &one, const RecordFields &other)
+void GroupsCompare::showDifferences(const RecordFields &one, const RecordFields &other)
 {
     m_list->setColumns(differenceColumns(m_one->currentText(), m_other->currentText()),
                        QStringLiteral("premis_compare"));

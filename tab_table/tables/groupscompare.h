@@ -25,7 +25,7 @@ private:
     QComboBox *addBox(const QString &name, const QString &caption, const QVector<PermissionGroup> &groups);
     void buildRows();
     void compare();
-    void show(const RecordFields &one, const RecordFields &other);
+    void showDifferences(const RecordFields &one, const RecordFields &other);
 
     QComboBox *m_one;
     QComboBox *m_other;

@@ -65,7 +65,7 @@ void QPremisGroup::connectWidgets()
             [this] { takeChecked(ui->shopGroups, &m_mine.shopGroups); });
     connect(ui->shops, &QListWidget::itemChanged, this, [this] { takeChecked(ui->shops, &m_mine.shops); });
     m_typing->follow(ui->leSearch);
-    connect(m_typing, &TypingPause::ended, this, [this] { ui->rights->find(ui->leSearch->text()); });
+    connect(m_typing, &TypingPause::ended, this, [this] { ui->rights->searchFor(ui->leSearch->text()); });
     connect(m_user, &QLoadedUser::rightsChanged, this, &QPremisGroup::followRights);
     const auto *saving =
         new QShortcut(QKeySequence::Save, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
@@ -282,7 +282,7 @@ void QPremisGroup::showAccess()
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     if (ui->leName->text().trimmed() != m_mine.name)
         ui->leName->setText(m_mine.name);
-    ui->rights->show(m_mine.rights);
+    ui->rights->showRights(m_mine.rights);
     fillList(ui->shopGroups, m_overview.shopGroups, m_mine.shopGroups);
     fillList(ui->shops, m_overview.shops, m_mine.shops);
     showChanged();
@@ -320,7 +320,7 @@ void QPremisGroup::takeRights(const QList<int> &ids, int value)
     const GroupAccess before = accessOf(m_read);
     for (const int id : ids)
         m_mine.rights[id] = storedFor(value, before.rights.value(id));
-    ui->rights->show(m_mine.rights);
+    ui->rights->showRights(m_mine.rights);
     showChanged();
 }
 

@@ -95,7 +95,7 @@ private:
     QSqlDatabase *m_db;
     QLoadedUser *m_user;
     QObject *m_receiver;
-    WaitNote *m_note;
+    WaitNote *m_note = nullptr;
     TypingPause *m_typing;
     GroupsOverview m_overview;
     /// Empty for a group that is not saved yet.

@@ -70,7 +70,7 @@ void RightsTree::build()
     setCurrentItem(topLevelItem(0)->child(0));
 }
 
-void RightsTree::show(const QMap<int, QString> &rights)
+void RightsTree::showRights(const QMap<int, QString> &rights)
 {
     m_rights = rights;
     for (auto line = m_lines.begin(); line != m_lines.end(); ++line)
@@ -78,7 +78,7 @@ void RightsTree::show(const QMap<int, QString> &rights)
     buildOthers(rights);
     for (int i = 0; i < topLevelItemCount(); ++i)
         showCount(topLevelItem(i));
-    find(m_words);
+    searchFor(m_words);
 }
 
 void RightsTree::buildOthers(const QMap<int, QString> &rights)
@@ -133,7 +133,7 @@ void RightsTree::mark(const QList<int> &changed)
     }
 }
 
-void RightsTree::find(const QString &words)
+void RightsTree::searchFor(const QString &words)
 {
     m_words = words;
     const QStringList wanted = words.split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -17,13 +17,13 @@ public:
     explicit RightsTree(QWidget *parent);
 
     /// Values by the ids of the rights, as the database holds them. What is open, current and found stays.
-    void show(const QMap<int, QString> &rights);
+    void showRights(const QMap<int, QString> &rights);
     /// Which rights were changed: they stand in bold.
     void mark(const QList<int> &changed);
     /// Looks like before, but takes no value.
     void setReadOnly(bool isReadOnly) { m_isReadOnly = isReadOnly; }
     /// Only the rights in which every word is found; all without a word.
-    void find(const QString &words);
+    void searchFor(const QString &words);
 
 signals:
     /// Somebody has chosen 0 (denied), 1 (full) or 2 (view only) for these rights.
