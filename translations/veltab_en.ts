@@ -1347,6 +1347,10 @@ Wait or contact support.</translation>
         <source>У магазині немає товарів для переміщення.</source>
         <translation>The shop has no goods to move.</translation>
     </message>
+    <message>
+        <source>У магазині-відправнику немає товарів.</source>
+        <translation>The sending shop has no goods.</translation>
+    </message>
 </context>
 <context>
     <name>GoodsPriceTable</name>
@@ -1776,18 +1780,6 @@ Wait or contact support.</translation>
         <source>Зв&apos;язок обірвався під час запису, і невідомо, чи його збережено. Зачекайте, доки зв&apos;язок відновиться, і повторіть: програма спершу запитає сервер.</source>
         <translation>The connection broke while saving, and it is not known whether it was saved. Wait until the connection is back and try again: the program will first ask the server.</translation>
     </message>
-    <message>
-        <source>«%1»: є %2, передається %3</source>
-        <translation>“%1”: %2 there, %3 to be transferred</translation>
-    </message>
-    <message>
-        <source>… і ще %1</source>
-        <translation>… and %1 more</translation>
-    </message>
-    <message>
-        <source>Товару менше, ніж передається; залишок стане від&apos;ємним:</source>
-        <translation>There is less than is to be transferred; the count will fall below zero:</translation>
-    </message>
 </context>
 <context>
     <name>Job</name>
@@ -2098,6 +2090,14 @@ Wait or contact support.</translation>
     <message>
         <source>Др&amp;укувати чек</source>
         <translation>P&amp;rint receipt</translation>
+    </message>
+    <message>
+        <source>Показати накладну</source>
+        <translation>Show invoice</translation>
+    </message>
+    <message>
+        <source>Др&amp;укувати накладну</source>
+        <translation>P&amp;rint invoice</translation>
     </message>
 </context>
 <context>
@@ -5054,7 +5054,7 @@ Restart the program!</translation>
     <name>QManAction</name>
     <message>
         <source>Акці&amp;я:</source>
-        <translation>&amp;Chosen promotion:</translation>
+        <translation>Promoti&amp;on:</translation>
     </message>
     <message>
         <source>&amp;Група товарів:</source>
@@ -5079,10 +5079,6 @@ Restart the program!</translation>
     <message>
         <source>Список шт&amp;рихкодів…</source>
         <translation>&amp;List of barcodes…</translation>
-    </message>
-    <message>
-        <source>Пріоритет &amp;ціни:</source>
-        <translation>Price pri&amp;ority:</translation>
     </message>
     <message>
         <source>Перег&amp;лянути</source>
@@ -5275,6 +5271,10 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
     <message>
         <source>З&amp;няти акції</source>
         <translation>Ta&amp;ke promotions off</translation>
+    </message>
+    <message>
+        <source>&amp;Ціна з пріоритетом:</source>
+        <translation>Pri&amp;ce with priority:</translation>
     </message>
 </context>
 <context>
@@ -7539,8 +7539,8 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <translation>The quantity must be greater than zero.</translation>
     </message>
     <message>
-        <source>+ − * кількість, Delete прибрати рядок, F1 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити</source>
-        <translation>+ − * quantity, Delete removes the row, F1 why this price, F9 payment, F12 closes the shift, Esc clears</translation>
+        <source>+ − * кількість, Delete прибрати рядок, F3 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити</source>
+        <translation>+ − * quantity, Delete removes the row, F3 why this price, F9 payment, F12 closes the shift, Esc clears</translation>
     </message>
 </context>
 <context>
@@ -8728,6 +8728,85 @@ Wait or contact support.</translation>
     <message>
         <source>Файл транзакцій пошкоджено, його не розібрано: %1</source>
         <translation>The file of transactions is damaged and was not counted: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TransferFields</name>
+    <message>
+        <source>Товару не вистачає:</source>
+        <translation>There is not enough:</translation>
+    </message>
+    <message>
+        <source>З магазину</source>
+        <translation>From shop</translation>
+    </message>
+    <message>
+        <source>До магазину</source>
+        <translation>To shop</translation>
+    </message>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>До:</source>
+        <translation>To:</translation>
+    </message>
+    <message>
+        <source>З:</source>
+        <translation>From:</translation>
+    </message>
+    <message>
+        <source>Щоб передати з іншого магазину, спершу очистіть документ.</source>
+        <translation>To hand over from another shop, clear the document first.</translation>
+    </message>
+    <message>
+        <source>— виберіть —</source>
+        <translation>— choose —</translation>
+    </message>
+    <message>
+        <source>Магазини ще читаються. Запишіть передачу ще раз.</source>
+        <translation>The shops are still being read. Save the transfer again.</translation>
+    </message>
+    <message>
+        <source>Немає магазинів, до яких ви можете передавати товар. Їх призначають у групах прав.</source>
+        <translation>There are no shops to which you may hand over goods. They are assigned in the permission groups.</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, з якого передається товар.</source>
+        <translation>Choose the shop from which the goods are handed over.</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, до якого передається товар.</source>
+        <translation>Choose the shop to which the goods are handed over.</translation>
+    </message>
+    <message>
+        <source>Передача F11</source>
+        <translation>Transfer F11</translation>
+    </message>
+    <message>
+        <source>Передача</source>
+        <translation>Transfer</translation>
+    </message>
+    <message>
+        <source>Взяти:</source>
+        <translation>Take:</translation>
+    </message>
+    <message>
+        <source>зі складу</source>
+        <translation>from the store room</translation>
+    </message>
+    <message>
+        <source>із залу</source>
+        <translation>from the floor</translation>
+    </message>
+    <message>
+        <source>Передати F9</source>
+        <translation>Hand over F9</translation>
+    </message>
+    <message>
+        <source>Документ порожній. Виберіть магазини, скануйте товар, знайдіть його та натисніть Enter або вставте таблицю.</source>
+        <translation>The document is empty. Choose the shops, scan an item, find it and press Enter, or paste a table.</translation>
     </message>
 </context>
 <context>

@@ -150,7 +150,8 @@ void TstMemberPreview::memberSeesWhatThePreviewShows()
                                              }
                                          }
                                      }));
-    QVERIFY2(commands.startsWith("Повний дозвіл|Повний дозвіл|Тільки перегляд|Тільки перегляд|"), qPrintable(commands));
+    QVERIFY2(commands.startsWith("Повний дозвіл|Повний дозвіл|Тільки перегляд|Тільки перегляд|"),
+             qPrintable(commands));
     logIn("olena");
     QVERIFY2(shown == shownMenus(), qPrintable(shown.join(", ") + "; " + shownMenus().join(", ")));
     QVERIFY(shown.contains("Таблиці: Магазини") && !shown.contains("Таблиці: Товари"));
