@@ -168,9 +168,9 @@ QVector<Column> invoiceColumns()
 {
     const int quantity = 9;
     return {{Texts::tr("№"), 6, &asNumber},
-            {Texts::tr("Стан"), 18, &asState},
-            {Texts::tr("З магазину"), 18},
-            {Texts::tr("До магазину"), 18},
+            {Texts::tr("Стан"), 22, &asState},
+            {Texts::tr("З магазину"), 20},
+            {Texts::tr("До магазину"), 20},
             {Texts::tr("Відправлено"), 15, &asDateTime},
             {Texts::tr("Хто відправив"), 12},
             {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},

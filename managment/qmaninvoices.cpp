@@ -9,6 +9,7 @@
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
+#include "qqestion.h"
 #include "qrowmodel.h"
 #include "salework.h"
 #include "typedinput.h"
@@ -64,7 +65,7 @@ void QManInvoices::buildFilter()
         states.append({invoiceStateShown(state), static_cast<int>(state)});
     showEntries(ui->cbState, states);
     keepNarrow(ui->cbDirection, 10);
-    keepNarrow(ui->cbState, 12);
+    keepNarrow(ui->cbState, 18);
     list()->setButtons(nullptr, ui->pbStop);
     limitTo(ui->leSearch, "[0-9]{0,10}");
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
@@ -382,17 +383,25 @@ void QManInvoices::Edit(const QModelIndex &index)
     m_pane->lines()->enter();
 }
 
+/// The buttons follow the row a moment later.
+bool QManInvoices::isRefused(const QString &why)
+{
+    if (!why.isEmpty())
+        QQestion::question(window(), tr("Попередження."), why, true);
+    return !why.isEmpty();
+}
+
 void QManInvoices::acceptCurrent()
 {
     const int row = view()->currentIndex().row();
-    if (row >= 0 && refusalsOf(row).accept.isEmpty())
+    if (row >= 0 && !isRefused(refusalsOf(row).accept))
         runDialog(new QAcceptInvoice(db().connection(), user(), receiver(), invoiceOf(row).id, this));
 }
 
 void QManInvoices::cancelCurrent()
 {
     const int row = view()->currentIndex().row();
-    if (row < 0 || !refusalsOf(row).cancel.isEmpty())
+    if (row < 0 || isRefused(refusalsOf(row).cancel))
         return;
     const ShownInvoice invoice = invoiceOf(row);
     const QString words = QStringList{invoice.from, invoice.to}.join(QStringLiteral(" → "));

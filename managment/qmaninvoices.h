@@ -66,6 +66,7 @@ private:
     InvoiceRefusals refusalsOf(int row) const;
     QString closingRefusal(int row, InvoiceColumn shop, InvoiceColumn group, const QString &notOwn) const;
     QString cell(int row, InvoiceColumn column) const;
+    bool isRefused(const QString &why);
     void acceptCurrent();
     void cancelCurrent();
     void runDialog(InvoiceDialog *dialog);

@@ -20,7 +20,9 @@ QComboBox *newBox(const char *name, const QString &accessibleName)
     box->setObjectName(QLatin1String(name));
     box->setAccessibleName(accessibleName);
     keepNarrow(box, 10);
-    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy wide(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    wide.setHorizontalStretch(2);
+    box->setSizePolicy(wide);
     return box;
 }
 
@@ -101,6 +103,9 @@ TransferFields::TransferFields(SaleWork *work)
     , m_message(new QLineEdit)
 {
     m_message->setObjectName(QStringLiteral("leTransferMessage"));
+    QSizePolicy wide(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    wide.setHorizontalStretch(1);
+    m_message->setSizePolicy(wide);
     m_message->setMaxLength(longestMessage);
     m_message->setPlaceholderText(tr("Повідомлення"));
     m_message->setAccessibleName(tr("Повідомлення"));
