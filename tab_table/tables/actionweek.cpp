@@ -60,7 +60,9 @@ QSize ActionWeek::minimumSizeHint() const
 /// day: 0 for the line of the hours.
 QRectF ActionWeek::cell(int day, double hour, double hours) const
 {
-    const int left = fontMetrics().horizontalAdvance(QStringLiteral("Ср  "));
+    int left = 0;
+    for (int i = 1; i <= daysOfWeek; ++i)
+        left = qMax(left, fontMetrics().horizontalAdvance(weekDayShown(i) + QLatin1Char(' ')));
     const double line = (height() - 2) / double(daysOfWeek + 1);
     const double wide = (width() - left - 2) / double(hoursOfDay);
     return {left + hour * wide, day * line, hours * wide, line};
