@@ -87,8 +87,8 @@ void QWhyPrice::setUpTable()
 void QWhyPrice::connectInputs()
 {
     connect(ui->cbShop, QOverload<int>::of(&QComboBox::activated), this, &QWhyPrice::shopChosen);
-    connect(ui->dtMoment, &QDateTimeEdit::dateTimeChanged, this, &QWhyPrice::read);
-    connect(ui->sbPriority, QOverload<int>::of(&QSpinBox::valueChanged), this, &QWhyPrice::read);
+    connect(ui->dtMoment, &QDateTimeEdit::dateTimeChanged, this, &QWhyPrice::askOtherwise);
+    connect(ui->sbPriority, QOverload<int>::of(&QSpinBox::valueChanged), this, &QWhyPrice::askOtherwise);
     connect(ui->pbRead, &QPushButton::clicked, this, &QWhyPrice::readAgain);
     connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &QWhyPrice::readAgain);
     connect(ui->pbCopy, &QPushButton::clicked, this, &QWhyPrice::copy);
@@ -146,6 +146,13 @@ void QWhyPrice::shopChosen()
     m_question.idShop = ui->cbShop->currentData().toUInt();
     if (m_isShopAsked)
         rememberState(m_idUser, QLatin1String(shopKey), m_question.idShop);
+    askOtherwise();
+}
+
+/// What stands in a receipt is to be compared with nothing but its own shop, time and priority.
+void QWhyPrice::askOtherwise()
+{
+    m_question.taken.reset();
     read();
 }
 

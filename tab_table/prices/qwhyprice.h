@@ -42,6 +42,7 @@ private:
     void showShops(const ListEntries &offered);
     DbId shopToBegin() const;
     void shopChosen();
+    void askOtherwise();
     void read();
     void readAgain();
     void showAnswer(const std::optional<WhyPrice> &answer);

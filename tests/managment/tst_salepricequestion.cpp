@@ -168,6 +168,8 @@ void TstSalePriceQuestion::byTheMenus()
         menu->close();
         // The receipt keeps what it was told, until it is paid.
         QCOMPARE(child<QLabel>(window(), "lbNotes")->text().contains("ціна 50.00"), each.list == m_chek);
+        child<QSpinBox>(window(), "sbPriority")->setValue(2);
+        QVERIFY(!child<QLabel>(window(), "lbNotes")->text().contains("ціна 50.00"));
         QCOMPARE(answer(), QString(each.answer));
     }
     m_base->exec("UPDATE goods SET price=5000 WHERE id=10");
