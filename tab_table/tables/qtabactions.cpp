@@ -16,6 +16,8 @@
 namespace {
 const QLatin1String withoutAction("1");
 const int noKind = 1;
+/// At least so many lines are left to the list, its filter and its footer.
+const int linesOfList = 12;
 
 enum ActionColumn { Id, Name, Type, Value, Times, Start, End, Hours, Days, Goods, Shops };
 
@@ -86,7 +88,7 @@ QTabActions::QTabActions(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
                 {tr("Назва"), 25},
                 {tr("Тип"), 8},
                 {tr("Знижка, %"), 5, &asRate},
-                {tr("Стан"), 13, &asState},
+                {tr("Стан"), 15, &asState},
                 {tr("Початок"), 8, &asDate},
                 {tr("Закінчення"), 8, &asDate},
                 {tr("Щоденні години"), 9, &asHours},
@@ -195,6 +197,12 @@ void QTabActions::rowShown(int row)
 {
     if (row == view()->currentIndex().row())
         followRow();
+}
+
+void QTabActions::resizeEvent(QResizeEvent *event)
+{
+    QTab::resizeEvent(event);
+    m_panel->setVisible(height() >= m_panel->sizeHint().height() + fontMetrics().height() * linesOfList);
 }
 
 void QTabActions::followRow()

@@ -26,6 +26,8 @@ protected:
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
     void rowsShown() override;
     void rowShown(int row) override;
+    /// In a low window the list needs the room.
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     bool isOfPrograms(int row) const;

@@ -161,6 +161,10 @@ void TstQTabActions::otherActionsAtTheSameTime()
         others->item(0)->text(),
         QString("Ранки, щодня, 08:00–11:59, 01.01.2020 – 31.12.2099; ті самі товари в інших магазинах: 1"));
     QCOMPARE(others->item(1)->text(), QString("Дивна, Пн Нд, цілодобово, без дат"));
+    m_tab->resize(600, 250);
+    QTRY_VERIFY2(!week->isVisible(), "the list needs the room");
+    m_tab->resize(800, 600);
+    QTRY_VERIFY(week->isVisible());
     goTo(4);
     QCOMPARE(others->count(), 0);
     QCOMPARE(week->accessibleDescription(), QString("Не діє ніколи: Не вибрано жодного дня тижня."));
