@@ -5315,6 +5315,10 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
         <source>Вікно закрито, а чи записано накладну, невідомо: зв&apos;язок обірвався під час запису. Перевірте накладну у списку.</source>
         <translation>The window is closed, and it is not known whether the invoice was saved: the connection broke while saving. Check the invoice in the list.</translation>
     </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
 </context>
 <context>
     <name>QManInvoicesFilter</name>
@@ -5827,6 +5831,10 @@ Only somebody else will be able to give it back.</translation>
     <message>
         <source>Попередження.</source>
         <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Групу прав &quot;%1&quot; збережено.</source>
+        <translation>The permission group “%1” was saved.</translation>
     </message>
 </context>
 <context>
@@ -7119,10 +7127,6 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <translation>Why this price</translation>
     </message>
     <message>
-        <source>Товар</source>
-        <translation>Item</translation>
-    </message>
-    <message>
         <source>&amp;Магазин:</source>
         <translation>&amp;Shop:</translation>
     </message>
@@ -7139,16 +7143,8 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <translation>Price</translation>
     </message>
     <message>
-        <source>Акція</source>
-        <translation>Promotion</translation>
-    </message>
-    <message>
         <source>Ціни товару за чергою</source>
         <translation>Prices of the item in their order</translation>
-    </message>
-    <message>
-        <source>Примітки</source>
-        <translation>Notes</translation>
     </message>
     <message>
         <source>&amp;Оновити</source>

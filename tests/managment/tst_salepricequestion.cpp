@@ -183,7 +183,8 @@ void TstSalePriceQuestion::asTheTabSells()
     m_base->exec(
         {"INSERT INTO prices(id_goods,id_shop,id_group,priority,price) VALUES(10,1,2,1,100),(10,0,2,7,200)",
          "INSERT INTO action(id,name,id_type_action,val,datetime_start,datetime_end,week_day) VALUES(2,"
-         "'Сьогодні',2,5000," + today + "000000," + today + "235959,'Mon,Tue,Wed,Thu,Fri,Sat,Sun,')",
+         "'Сьогодні',2,5000," +
+             today + "000000," + today + "235959,'Mon,Tue,Wed,Thu,Fri,Sat,Sun,')",
          "UPDATE goods_shop SET id_action=2"});
     child<QSpinBox>(m_tab.get(), "sbPriority")->setValue(7);
     waitOutTasks();
