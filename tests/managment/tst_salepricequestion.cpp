@@ -40,6 +40,7 @@ private:
     std::unique_ptr<FreshDatabase> m_base;
     std::unique_ptr<QLoadedUser> m_user;
     std::unique_ptr<QRegisterSale> m_tab;
+    std::unique_ptr<ClockAt> m_clock;
     QLineEdit *m_search = nullptr;
     QNTableView *m_goods = nullptr;
     QNTableView *m_chek = nullptr;
@@ -56,6 +57,7 @@ void TstSalePriceQuestion::initTestCase()
 void TstSalePriceQuestion::init()
 {
     resetSaleShop(m_base.get());
+    m_clock = std::make_unique<ClockAt>(QDateTime(QDate(2026, 11, 21), QTime(12, 0)));
     QVERIFY(m_user->loadpermis(m_base->connection(), QStringLiteral("admin"), QString()));
     m_tab =
         std::make_unique<QRegisterSale>(m_base->connection(), m_user.get(), &m_base->heard, nullptr, nullptr);
@@ -72,6 +74,7 @@ void TstSalePriceQuestion::cleanup()
 {
     m_tab.reset();
     waitOutTasks();
+    m_clock.reset();
 }
 
 void TstSalePriceQuestion::cleanupTestCase()
@@ -178,13 +181,10 @@ void TstSalePriceQuestion::byTheMenus()
 /// By the date and the priority that the tab sells by.
 void TstSalePriceQuestion::asTheTabSells()
 {
-    // The day of this workplace; the server's may be another one.
-    const QString today = QDate::currentDate().toString("yyyyMMdd");
     m_base->exec(
         {"INSERT INTO prices(id_goods,id_shop,id_group,priority,price) VALUES(10,1,2,1,100),(10,0,2,7,200)",
-         "INSERT INTO action(id,name,id_type_action,val,datetime_start,datetime_end,week_day) VALUES(2,"
-         "'Сьогодні',2,5000," +
-             today + "000000," + today + "235959,'Mon,Tue,Wed,Thu,Fri,Sat,Sun,')",
+         "INSERT INTO action(id,name,id_type_action,val,datetime_start,datetime_end,week_day) "
+         "VALUES(2,'Сьогодні',2,5000,20261121000000,20261121235959,'Mon,Tue,Wed,Thu,Fri,Sat,Sun,')",
          "UPDATE goods_shop SET id_action=2"});
     child<QSpinBox>(m_tab.get(), "sbPriority")->setValue(7);
     waitOutTasks();
@@ -196,7 +196,7 @@ void TstSalePriceQuestion::asTheTabSells()
     QCOMPARE(answer(), QString("Хліб житній (код 10) 2.00 − 1.00 = 1.00 за штуку"));
     m_tab->findChild<QPushButton *>("pbRemove")->click();
     QTRY_COMPARE(m_chek->model()->rowCount(), 0);
-    child<QDateEdit>(m_tab.get(), "dateEdit")->setDate(QDate::currentDate().addDays(-1));
+    child<QDateEdit>(m_tab.get(), "dateEdit")->setDate(QDate(2026, 11, 20));
     waitOutTasks();
     QTRY_COMPARE(m_goods->model()->rowCount(), 5);
     m_search->setFocus();
