@@ -12,7 +12,7 @@ InvoiceDialog::InvoiceDialog(const QString &connection, QObject *receiver, QWidg
 
 bool InvoiceDialog::isListOld() const
 {
-    return wasWritten() || isUnclear() || m_result.outcome == InvoiceResult::Closed;
+    return m_isListOld || wasWritten() || isUnclear() || m_result.outcome == InvoiceResult::Closed;
 }
 
 void InvoiceDialog::offerPlaces(QComboBox *box)

@@ -23,6 +23,8 @@ public:
     bool isUnclear() const { return m_result.outcome == InvoiceResult::Unclear; }
 
 protected:
+    /// What the list shows of the invoice is not true any more.
+    void noteListOld() { m_isListOld = true; }
     /// unclear: the writing before, if nobody knows what became of it.
     using Work = std::function<InvoiceResult(const Db &db, const std::optional<InvoiceMark> &unclear)>;
     /// Writes it; accept() follows. While it is unclear the work of before is done again, whatever was
@@ -43,4 +45,5 @@ private:
     DbTasks m_tasks;
     Work m_work;
     InvoiceResult m_result;
+    bool m_isListOld = false;
 };

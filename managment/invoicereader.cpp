@@ -19,18 +19,22 @@ constexpr int mostFound = 3;
 
 bool readHead(const Db &db, ReadInvoice *invoice)
 {
-    auto query =
-        db.run(QStringLiteral(
-                   "SELECT sender.address,receiver.address,invoice.data_time_open,"
-                   "TRIM(CONCAT(users.surname,' ',users.name)),invoice.msg_with FROM invoice LEFT JOIN "
-                   "shops AS sender ON sender.id=invoice.id_shop_with LEFT JOIN shops AS receiver ON "
-                   "receiver.id=invoice.id_shop_to LEFT JOIN users ON users.id=invoice.id_user_with WHERE "
-                   "invoice.id=%1 AND IFNULL(invoice.is_cash_goods,0)=0")
-                   .arg(invoice->id));
+    auto query = db.run(
+        QStringLiteral(
+            "SELECT sender.address,receiver.address,invoice.data_time_open,"
+            "TRIM(CONCAT(users.surname,' ',users.name)),invoice.msg_with,IFNULL(invoice.data_time_close=0,1) FROM invoice LEFT JOIN "
+            "shops AS sender ON sender.id=invoice.id_shop_with LEFT JOIN shops AS receiver ON "
+            "receiver.id=invoice.id_shop_to LEFT JOIN users ON users.id=invoice.id_user_with WHERE "
+            "invoice.id=%1 AND IFNULL(invoice.is_cash_goods,0)=0")
+            .arg(invoice->id));
     if (!query)
         return false;
     if (!query->next()) {
         postMessage(db.receiver(), Texts::tr("Накладної № %1 немає. Оновіть список.").arg(invoice->id));
+        return false;
+    }
+    if (query->value(5).toInt() == 0) {
+        postMessage(db.receiver(), Texts::tr("Накладну № %1 тим часом уже закрито.").arg(invoice->id));
         return false;
     }
     invoice->from = toText(query->value(0));

@@ -18,7 +18,8 @@ struct ReadInvoice
     QHash<QString, DbId> barcodes;
 };
 
-/// Nothing after a reported failure, and, told as well, when there is no such invoice of goods.
+/// Nothing after a reported failure, and, told as well, when there is no such invoice of goods, or
+/// it is closed by now.
 std::optional<ReadInvoice> readInvoice(const Db &db, DbId invoice);
 /// Items that are meant by a text: the one of that barcode, else the one of that number, else those whose
 /// names hold all its words. Three at most, as lines that were not sent; nothing after a reported failure.

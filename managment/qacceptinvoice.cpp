@@ -96,8 +96,10 @@ void QAcceptInvoice::showEvent(QShowEvent *event)
 void QAcceptInvoice::show(const std::optional<ReadInvoice> &invoice)
 {
     endReading();
-    if (!invoice)
+    if (!invoice) {
+        noteListOld();
         return QDialog::reject(); // NOLINT(bugprone-parent-virtual-call)
+    }
     m_invoice = *invoice;
     QStringList words = {tr("З магазину: %1").arg(invoice->from), tr("До магазину: %1").arg(invoice->to),
                          tr("Відправлено: %1").arg(invoice->sent)};

@@ -2,6 +2,8 @@
 
 #include "invoicewriter.h"
 #include "listpane.h"
+#include "qacceptinvoice.h"
+#include "qcancelinvoice.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
@@ -42,6 +44,9 @@ private slots:
     void homeShopIsSeen();
     void pagesLoseNoInvoice();
     void rightsDecideWhatMayBeDone();
+    void acceptedFromTheList();
+    void closedByOthersMeanwhile();
+    void cancelledFromTheList();
     void nothingYet();
     void failedLoadIsTold();
 
@@ -317,6 +322,65 @@ void TstQManInvoices::rightsDecideWhatMayBeDone()
     QVERIFY(!m_page->commands().contains(Command::Add));
     QVERIFY(m_page->isOffered(Command::Export));
     m_place->logIn(Permission::Sales);
+}
+
+void TstQManInvoices::acceptedFromTheList()
+{
+    m_base->exec("UPDATE shops SET block=0 WHERE id=12");
+    open();
+    m_page->view()->setCurrentIndex(model()->index(1, 0));
+    m_page->view()->setFocus();
+    const bool isOpened =
+        withModal<QAcceptInvoice>([] { pressKeys({Qt::Key_Return}); },
+                                  [](QAcceptInvoice *dialog) {
+                                      waitOutTasks();
+                                      auto *rest = child<QPushButton>(dialog, "pbRest");
+                                      answerConfirm([=] { QTest::mouseClick(rest, Qt::LeftButton); }, true);
+                                      QTest::mouseClick(child<QPushButton>(dialog, "pbOk"), Qt::LeftButton);
+                                      waitOutTasks();
+                                  });
+    await();
+    QVERIFY(isOpened);
+    // It goes down to those that are closed, and stays the one that is shown.
+    QCOMPARE(numbers(), QString("7 3 5 4 2 1"));
+    const int row = m_page->view()->currentIndex().row();
+    QCOMPARE(column(model(), row, InvoiceColumn::Number), QString("4"));
+    QCOMPARE(column(model(), row, InvoiceColumn::State), QString("✓ прийнято"));
+    QCOMPARE(m_base->rows("SELECT id_shop,id_goods,count_showroom,count_syllable FROM goods_shop"),
+             QStringList("12|8|0|100"));
+}
+
+/// Nobody counts in vain what the list shows as on the way still.
+void TstQManInvoices::closedByOthersMeanwhile()
+{
+    open();
+    m_base->exec("UPDATE invoice SET data_time_close=20261104090000,id_user_to=1 WHERE id=4");
+    m_page->view()->setCurrentIndex(model()->index(1, 0));
+    m_page->view()->setFocus();
+    withModal<QAcceptInvoice>([] { pressKeys({Qt::Key_Return}); }, [](QAcceptInvoice *) { waitOutTasks(); });
+    await();
+    QVERIFY(m_base->heard.has("Накладну № 4 тим часом уже закрито"));
+    QCOMPARE(numbers(), QString("7 3 5 4 2 1"));
+}
+
+void TstQManInvoices::cancelledFromTheList()
+{
+    open();
+    m_page->view()->setCurrentIndex(model()->index(2, 0));
+    await();
+    auto *button = child<QPushButton>(m_page.get(), "pbCancelInvoice");
+    withModal<QCancelInvoice>([=] { QTest::mouseClick(button, Qt::LeftButton); },
+                              [](QCancelInvoice *dialog) {
+                                  child<QLineEdit>(dialog, "leMessage")->setText("Помилка");
+                                  QTest::mouseClick(child<QPushButton>(dialog, "pbOk"), Qt::LeftButton);
+                                  waitOutTasks();
+                              });
+    await();
+    QCOMPARE(numbers(), QString("7 4 5 3 2 1"));
+    QCOMPARE(column(model(), 3, InvoiceColumn::State), QString("✗ скасовано"));
+    QCOMPARE(m_base->rows("SELECT id_shop,id_goods,count_showroom,count_syllable FROM goods_shop"),
+             QStringList("11|7|0|1000"));
+    QVERIFY(!isOffered("pbCancelInvoice"));
 }
 
 void TstQManInvoices::nothingYet()
