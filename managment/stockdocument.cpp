@@ -2,6 +2,7 @@
 
 #include "cheks.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -20,10 +21,20 @@ QString inPlace(StockPlace place)
                                          : QCoreApplication::translate("StockPlace", "на складі");
 }
 
+int StockDocument::rowOf(const GoodsItem &item) const
+{
+    if (item.isPiece())
+        return m_pieceRows.value(item.idGoods, -1);
+    const auto waits = [&](const StockRow &row) { return row.idGoods == item.idGoods && row.quantity == 0; };
+    const auto row = std::find_if(m_rows.begin(), m_rows.end(), waits);
+    return row == m_rows.end() ? -1 : static_cast<int>(row - m_rows.begin());
+}
+
 int StockDocument::add(const GoodsItem &item)
 {
     const int row = rowOf(item);
-    put(StockRow(item, item.isPiece() ? one : 0));
+    if (row < 0 || item.isPiece())
+        put(StockRow(item, item.isPiece() ? one : 0));
     return row < 0 ? m_rows.size() - 1 : row;
 }
 
@@ -36,7 +47,7 @@ void StockDocument::add(const QVector<StockRow> &rows)
 void StockDocument::put(const StockRow &row)
 {
     m_sums[row.idGoods] += row.quantity;
-    const int known = rowOf(row);
+    const int known = row.isPiece() ? m_pieceRows.value(row.idGoods, -1) : -1;
     if (known >= 0) {
         m_rows[known].quantity += row.quantity;
         return;

@@ -64,11 +64,9 @@ public:
     const QVector<StockRow> &rows() const { return m_rows; }
     bool isEmpty() const { return m_rows.isEmpty(); }
 
-    /// The row that takes more of that item; -1 for none.
-    int rowOf(const GoodsItem &item) const
-    {
-        return item.isPiece() ? m_pieceRows.value(item.idGoods, -1) : -1;
-    }
+    /// The row that takes more of that item: that of its pieces, or one that waits for its kilograms; -1 for
+    /// none.
+    int rowOf(const GoodsItem &item) const;
     /// One piece more, in the row that the goods item has; what is weighed gets a row of its own, whose
     /// quantity is not told yet. Returns the row.
     int add(const GoodsItem &item);
