@@ -35,8 +35,16 @@ void ModeBar::addMode(GoodsSearch::Mode mode, const QString &caption)
 void ModeBar::show(GoodsSearch::Mode mode)
 {
     m_mode = mode;
-    if (QAbstractButton *button = m_buttons->button(mode))
-        button->setChecked(true);
+    const auto all = m_buttons->buttons();
+    for (QAbstractButton *button : all) {
+        const bool isChosen = m_buttons->id(button) == mode;
+        // A pressed button alone is hardly to be told in dark colours.
+        QFont font = button->font();
+        font.setBold(isChosen);
+        button->setFont(font);
+        if (isChosen)
+            button->setChecked(true);
+    }
 }
 
 void ModeBar::setCount(GoodsSearch::Mode mode, int rows)
