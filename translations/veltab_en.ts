@@ -1697,6 +1697,10 @@ Wait or contact support.</translation>
         <source>Накладної № %1 немає. Оновіть список.</source>
         <translation>There is no invoice No. %1. Reload the list.</translation>
     </message>
+    <message>
+        <source>Накладну № %1 тим часом уже закрито.</source>
+        <translation>Invoice No. %1 has been closed meanwhile.</translation>
+    </message>
 </context>
 <context>
     <name>InvoiceWriter</name>
