@@ -59,7 +59,8 @@ void StockWriting::write(StockPane *pane)
     order.document = pane->document();
     if (pane->mode().needsRegister)
         order.date = m_place->chosenDate();
-    if (m_work->agreeDate(tr("Дата документа"), order.date))
+    // The right may go while the question is open.
+    if (m_work->agreeDate(tr("Дата документа"), order.date) && m_work->mayEdit())
         send(pane, order, pane->mode().writing ? pane->mode().writing() : usualWriting());
 }
 
@@ -85,6 +86,8 @@ void StockWriting::ended(StockPane *pane, const StockOrder &order, const StockMo
     if (!result.lacks.isEmpty()) {
         emit lacking(pane, result.lacks);
         if (agreeLacks(*pane, result.lacks)) {
+            if (!m_work->mayEdit())
+                return;
             StockOrder again = order;
             for (const StockLack &lack : result.lacks)
                 again.agreed.insert(lack.idGoods, lack.count - lack.wanted);

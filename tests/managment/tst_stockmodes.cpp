@@ -57,6 +57,8 @@ private slots:
     void busyShift();
     void unclearDocumentIsNotDoubled();
     void viewOnlyUser();
+    void rightThatGoesDuringTheQuestion_data();
+    void rightThatGoesDuringTheQuestion();
     void twoOperators();
 
 private:
@@ -445,6 +447,40 @@ void TstStockModes::viewOnlyUser()
     QCOMPARE(cell(0, Quantity), text("1"));
     QVERIFY(notice().contains(text("Лише перегляд")));
     QCOMPARE(cheks(), QString());
+    pane()->clear();
+}
+
+void TstStockModes::rightThatGoesDuringTheQuestion_data()
+{
+    QTest::addColumn<QString>("quantity");
+    QTest::addColumn<int>("daysBack");
+    QTest::newRow("below zero") << text("-7") << 0;
+    QTest::newRow("another date") << text("7") << 1;
+}
+
+void TstStockModes::rightThatGoesDuringTheQuestion()
+{
+    QFETCH(QString, quantity);
+    QFETCH(int, daysBack);
+    key(Qt::Key_F7);
+    scanned("4820000000109");
+    key(Qt::Key_Asterisk);
+    typeText(quantity);
+    key(Qt::Key_Return);
+    auto *date = in<QDateEdit>(m_tab.get(), "dateEdit");
+    date->setDate(date->date().addDays(-daysBack));
+    QVERIFY(withModal<QMessDlg>([this] { key(Qt::Key_F9); },
+                                [this](QMessDlg *question) {
+                                    m_base->exec(
+                                        text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
+                                    m_user->loadpermis(m_base->connection(), text("admin"), QString());
+                                    waitOutGuard();
+                                    in<QPushButton>(question, "pb0")->click();
+                                }));
+    waitOutTasks();
+    QCOMPARE(cheks(), QString());
+    QCOMPARE(stock(10), text("10000|5000"));
+    QVERIFY2(notice().contains(text("Лише перегляд")), qPrintable(notice()));
     pane()->clear();
 }
 
