@@ -28,6 +28,8 @@ StockPlace InvoiceDialog::chosenPlace(const QComboBox *box)
 
 void InvoiceDialog::write(const Work &work)
 {
+    if (!m_mayWrite)
+        return warn(tr("Нічого не записано: у вас тепер є право лише переглядати."));
     std::optional<InvoiceMark> unclear;
     if (isUnclear())
         unclear = m_result.mark;

@@ -21,6 +21,8 @@ public:
     /// The list beside it shows something that is not true any more.
     bool isListOld() const;
     bool isUnclear() const { return m_result.outcome == InvoiceResult::Unclear; }
+    /// The user's rights have changed meanwhile; without the right a writing is refused in words.
+    void setMayWrite(bool mayWrite) { m_mayWrite = mayWrite; }
 
 protected:
     /// What the list shows of the invoice is not true any more.
@@ -46,4 +48,5 @@ private:
     Work m_work;
     InvoiceResult m_result;
     bool m_isListOld = false;
+    bool m_mayWrite = true;
 };

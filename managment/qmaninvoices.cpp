@@ -413,6 +413,7 @@ void QManInvoices::cancelCurrent()
 void QManInvoices::runDialog(InvoiceDialog *dialog)
 {
     const QPointer<QManInvoices> open = this;
+    connect(user(), &QLoadedUser::rightsChanged, dialog, [this, dialog] { dialog->setMayWrite(mayEdit()); });
     dialog->exec();
     if (!open)
         return;

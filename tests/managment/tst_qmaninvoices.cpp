@@ -47,6 +47,7 @@ private slots:
     void acceptedFromTheList();
     void closedByOthersMeanwhile();
     void cancelledFromTheList();
+    void rightThatGoesWhileItIsClosed();
     void nothingYet();
     void failedLoadIsTold();
 
@@ -381,6 +382,31 @@ void TstQManInvoices::cancelledFromTheList()
     QCOMPARE(m_base->rows("SELECT id_shop,id_goods,count_showroom,count_syllable FROM goods_shop"),
              QStringList("11|7|0|1000"));
     QVERIFY(!isOffered("pbCancelInvoice"));
+}
+
+/// Counting takes hours.
+void TstQManInvoices::rightThatGoesWhileItIsClosed()
+{
+    open();
+    m_page->view()->setCurrentIndex(model()->index(2, 0));
+    await();
+    QString told;
+    QVERIFY(withModal<QCancelInvoice>(
+        [this] { child<QPushButton>(m_page.get(), "pbCancelInvoice")->click(); },
+        [&](QCancelInvoice *dialog) {
+            m_base->exec(
+                QString("UPDATE lst_permis SET permission=2 WHERE id_prem=%1").arg(Permission::Sales));
+            m_place->user()->loadpermis(m_place->connection(), "admin", QString());
+            child<QLineEdit>(dialog, "leMessage")->setText("Помилка");
+            told = answerQuestion([dialog] { child<QPushButton>(dialog, "pbOk")->click(); });
+            waitOutTasks();
+            if (dialog->isVisible())
+                answerConfirm([dialog] { dialog->reject(); }, true);
+        }));
+    QVERIFY2(told.contains("лише переглядати"), qPrintable(told));
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM invoice WHERE id=3 AND data_time_close=0"), QString("1"));
+    await();
+    m_place->logIn(Permission::Sales);
 }
 
 void TstQManInvoices::nothingYet()
