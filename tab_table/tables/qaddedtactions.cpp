@@ -265,7 +265,9 @@ QString QAddEdtActions::doubts() const
 void QAddEdtActions::save()
 {
     const QString why = firstRefusal().isEmpty() && !isUnclear() ? doubts() : QString();
+    // The right may go while the question is open.
     if (why.isEmpty() ||
-        QMessDlg::confirm(this, windowTitle(), why, tr("Зберегти"), tr("Повернутись до редагування")))
+        (QMessDlg::confirm(this, windowTitle(), why, tr("Зберегти"), tr("Повернутись до редагування")) &&
+         !isReadOnly()))
         RecordDialog::save();
 }

@@ -152,10 +152,16 @@ void QTabActions::askAboutRemoval(const QString &id, const ActionUse &use)
     if (!use.usage.isEmpty())
         return tellRemoval(name, {ActionRemoved::InUse, use.usage});
     const QPointer<QTabActions> open = this;
-    if (QMessDlg::confirm(window(), tr("Видалення акції"),
-                          tr("Видалити акцію «%1»? Повернути її буде не можна.").arg(name), tr("Видалити")) &&
-        open)
+    if (!QMessDlg::confirm(window(), tr("Видалення акції"),
+                           tr("Видалити акцію «%1»? Повернути її буде не можна.").arg(name),
+                           tr("Видалити")) ||
+        !open)
+        return;
+    // The right may go while the question is open.
+    if (mayEdit())
         remove(id, use.identity);
+    else
+        tell(tr("Акцію не видалено: у вас тепер є право лише переглядати."));
 }
 
 void QTabActions::remove(const QString &id, const QStringList &asked)

@@ -4,6 +4,7 @@
 #include "actionweek.h"
 #include "changesdialog.h"
 #include "listpane.h"
+#include "qloadeduser.h"
 #include "qaddedtactions.h"
 #include "qmessdlg.h"
 #include "qntableview.h"
@@ -52,6 +53,7 @@ private slots:
     void twoRemove_data();
     void twoRemove();
     void viewersDeleteNothing();
+    void rightThatGoesDuringTheQuestion();
 
 private:
     bool add(const std::function<void(QAddEdtActions *)> &drive);
@@ -447,6 +449,28 @@ void TstQTabActions::viewersDeleteNothing()
         QVERIFY(!child<QCheckBox>(editor, "chDay1")->isEnabled());
         QVERIFY(child<QTimeEdit>(child<QWidget>(editor, "start"), "teHour")->isReadOnly());
     }));
+}
+
+void TstQTabActions::rightThatGoesDuringTheQuestion()
+{
+    goTo(2);
+    const auto agreeWithoutRight = [this](QMessDlg *question) {
+        m_base->exec(QString("UPDATE lst_permis SET permission=2 WHERE id_prem=%1").arg(Permission::Actions));
+        m_place->user()->loadpermis(m_place->connection(), "admin", QString());
+        waitOutGuard();
+        child<QPushButton>(question, "pb0")->click();
+    };
+    const QString why = answerQuestion([&] {
+        withModal<QMessDlg>(
+            [this] {
+                m_tab->run(Command::Delete);
+                waitOutTasks();
+            },
+            agreeWithoutRight);
+        waitOutTasks();
+    });
+    QVERIFY2(why.contains("лише переглядати"), qPrintable(why));
+    QVERIFY(!row(2).isEmpty());
 }
 
 QTEST_MAIN(TstQTabActions)
