@@ -410,9 +410,9 @@ void QRegisterSale::pasteTable()
         StockPane *pane = m_stock->pane();
         if (pane == nullptr || !m_stock->mayChange([this] { pasteTable(); }))
             return;
-        if (!ui->place->hasShop() || ui->place->isReading())
+        if (m_stock->ownShop() == 0 && (!ui->place->hasShop() || ui->place->isReading()))
             return notify(tr("Магазин ще не вибрано."));
-        QPasteTable form(m_work, pane->mode(), ui->place->place().shop, this);
+        QPasteTable form(m_work, pane->mode(), QString::number(goodsScope().idShop), this);
         const QString copied = QApplication::clipboard()->text();
         form.setText(Pasted::isTable(copied) ? copied : QString());
         if (form.exec() == QDialog::Accepted)

@@ -29,10 +29,16 @@ StockDesk::StockDesk(SaleWork *work, PlaceBar *place, ModeBar *bar, QStackedWidg
     connect(m_writing, &StockWriting::lacking, this,
             [](StockPane *pane, const StockLacks &lacks) { pane->takeCounts(lacks); });
     connect(m_writing, &StockWriting::written, this,
-            [this](StockPane *pane, const StockOrder &order, const StockWriter::Result &result) {
+            [this, place](StockPane *pane, const StockOrder &order, const StockWriter::Result &result) {
+                const auto shopOf = [&](const StockPane *each) {
+                    return each->mode().mode == GoodsSearch::Transfer ? m_transfer->from()
+                                                                      : place->place().shop.toUInt();
+                };
                 pane->clear();
-                for (StockPane *each : m_panes)
-                    each->follow(order);
+                for (StockPane *each : m_panes) {
+                    if (shopOf(each) == shopOf(pane))
+                        each->follow(order);
+                }
                 emit written(pane, order, result);
             });
 }

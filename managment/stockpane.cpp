@@ -6,6 +6,7 @@
 #include "stockmodel.h"
 
 #include <QLabel>
+#include <QLineEdit>
 
 StockPane::StockPane(const StockMode &mode, const QLoadedUser *user, QWidget *parent)
     : QWidget(parent)
@@ -125,6 +126,10 @@ void StockPane::clear()
 {
     m_grid->forget();
     m_model->clear();
+    for (QWidget *field : qAsConst(m_ownFields)) {
+        if (auto *typed = qobject_cast<QLineEdit *>(field))
+            typed->clear();
+    }
 }
 
 void StockPane::takeCounts(const StockLacks &lacks)

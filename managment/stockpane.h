@@ -36,6 +36,7 @@ public:
     /// One piece more; of what is weighed the editor opens for its kilograms.
     void add(const GoodsItem &item);
     void add(const QVector<StockRow> &rows);
+    /// Also what was typed beside the goods; what was chosen stays.
     void clear();
     /// The counts as the server has them; the first of them becomes the current row. Not empty.
     void takeCounts(const StockLacks &lacks);

@@ -1,16 +1,22 @@
 #include "goodspicker.h"
+#include "listpane.h"
 #include "noticebar.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
+#include "qpastetable.h"
 #include "qregistersale.h"
+#include "qrowmodel.h"
 #include "saleshop.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSqlQuery>
+#include <QStackedWidget>
 #include <utility>
 
 /// Goods are put together in the sale tab and sent to another shop. The user may transmit to shops 2, 4 (the
@@ -31,6 +37,8 @@ private slots:
     void belowZeroIsAsked();
     void lostAnswerIsNotSentTwice();
     void senderStaysWithItsGoods();
+    void countsOfAnotherShopStay();
+    void pastedTableIsOfTheSender();
     void nobodyToSendTo();
 
 private:
@@ -158,6 +166,7 @@ void TstTransferFields::scannedGoodsAreSent()
     QCOMPARE(wanted.size(), 1);
     QCOMPARE(wanted.first(), QVariantList({number.toUInt(), true}));
     // The next one begins with nothing of it but its shops.
+    QCOMPARE(child<QLineEdit>(m_tab.get(), "leTransferMessage")->text(), QString());
     pressKeys({Qt::Key_F9});
     QVERIFY2(notice().contains("немає товарів"), qPrintable(notice()));
 }
@@ -245,6 +254,54 @@ void TstTransferFields::senderStaysWithItsGoods()
     QVERIFY(!box("cbTransferFrom")->isEnabled());
     answerConfirm([] { pressKeys({Qt::Key_Escape}); }, true);
     QVERIFY(box("cbTransferFrom")->isEnabled());
+}
+
+/// What is received in one shop does not see what another one has sent.
+void TstTransferFields::countsOfAnotherShopStay()
+{
+    m_base.exec("INSERT INTO goods_shop(id_shop,id_goods,count_syllable) VALUES(4,10,9000)");
+    box("cbShop")->setCurrentText("вул. Перша, 1");
+    waitOutTasks();
+    pressKeys({Qt::Key_F7});
+    scanAndWait(bread);
+    const auto *received =
+        child<QNTableView>(child<QStackedWidget>(m_tab.get(), "documents")->currentWidget(), "viewStock");
+    const auto inStoreRoom = [received] { return received->model()->index(0, 4).data().toString(); };
+    QCOMPARE(inStoreRoom(), QString("4.000"));
+    for (const auto &[from, left] : {std::pair("Склад", "4.000"), {"вул. Перша, 1", "3.000"}}) {
+        pressKeys({Qt::Key_F11});
+        box("cbTransferFrom")->setCurrentText(from);
+        chooseTo("вул. Друга, 2");
+        scanAndWait(bread);
+        pressKeys({Qt::Key_F9});
+        waitOutTasks();
+        QCOMPARE(inStoreRoom(), QString(left));
+    }
+    QCOMPARE(sent().size(), 2);
+}
+
+/// Not of the shop in which is sold.
+void TstTransferFields::pastedTableIsOfTheSender()
+{
+    m_base.exec("INSERT INTO goods_shop(id_shop,id_goods,count_syllable) VALUES(4,10,9000)");
+    box("cbShop")->setCurrentText("вул. Перша, 1");
+    waitOutTasks();
+    box("cbTransferFrom")->setCurrentText("Склад");
+    QApplication::clipboard()->setText(QString("%1\t2\n%2\t1").arg(bread, cheese));
+    QStringList words;
+    QVERIFY(withModal<QPasteTable>([] { pressKeys({Qt::CTRL + Qt::Key_V}); },
+                                   [&](QPasteTable *form) {
+                                       waitOutTasks();
+                                       const auto *lines = child<ListPane>(form, "listLines")->model();
+                                       for (int row = 0; row < lines->rowCount(); ++row)
+                                           words.append(lines->index(row, 4).data().toString());
+                                       answerConfirm([form] { form->accept(); }, true);
+                                   }));
+    QCOMPARE(words, QStringList({"додається 2.000", "у магазині немає цього товару"}));
+    const auto *grid =
+        child<QNTableView>(child<QStackedWidget>(m_tab.get(), "documents")->currentWidget(), "viewStock");
+    QCOMPARE(grid->model()->index(0, 4).data().toString(), QString("9.000"));
+    QApplication::clipboard()->clear();
 }
 
 void TstTransferFields::nobodyToSendTo()
