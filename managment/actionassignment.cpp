@@ -198,15 +198,18 @@ private:
         return isLost || m_context->isCancelled() ? End::Again : End::Failed;
     }
 
-    /// All of it is there or nothing: one item tells. Nothing when the server does not say.
+    /// All of it is there or nothing: one item tells. The lock waits for a transaction that the server has
+    /// not ended yet. Nothing when the server does not say.
     std::optional<bool> isWritten()
     {
         if (m_written.isEmpty())
             return true;
         const PlannedChange &first = m_plan.changes.at(m_written.first());
-        auto row = send(QStringLiteral("SELECT id_action FROM goods_shop WHERE id_shop=%1 AND id_goods=%2")
-                            .arg(first.shop)
-                            .arg(first.goods));
+        auto row =
+            send(QStringLiteral("SELECT id_action FROM goods_shop WHERE id_shop=%1 AND id_goods=%2 LOCK IN "
+                                "SHARE MODE")
+                     .arg(first.shop)
+                     .arg(first.goods));
         return row && row->next() ? std::optional(row->value(0).toUInt() == m_plan.choice.action)
                                   : std::nullopt;
     }

@@ -260,6 +260,15 @@ void QManAction::followChoice()
     followWork();
 }
 
+/// A list that is none would mean all goods.
+QString QManAction::barcodesRefusal() const
+{
+    return m_barcodes.isEmpty() && !m_barcodeText.trimmed().isEmpty()
+               ? tr("У списку штрихкодів немає жодного штрихкоду. Виправте список або очистіть його, якщо "
+                    "потрібні всі товари.")
+               : QString();
+}
+
 QString QManAction::choiceRefusal() const
 {
     if (m_work == Work::Assigning)
@@ -269,7 +278,7 @@ QString QManAction::choiceRefusal() const
         return tr("Виберіть акцію. Щоб зняти акцію з товарів, виберіть «Без акції».");
     if (now.shops.isEmpty())
         return ui->cbShops->count() > 1 ? tr("Виберіть хоча б один магазин.") : noGroupsHint();
-    return QString();
+    return barcodesRefusal();
 }
 
 void QManAction::preview()
@@ -310,6 +319,8 @@ QString QManAction::assignRefusal() const
 {
     if (!m_user->mayEdit(Permission::ActionsManagement))
         return tr("У вас є право лише переглядати: призначати акції ви не можете.");
+    if (const QString why = barcodesRefusal(); !why.isEmpty())
+        return why;
     if (m_plan == nullptr)
         return tr("Спершу натисніть «Переглянути».");
     return m_plan->isEmpty() ? tr("За цими умовами нічого не зміниться.") : QString();

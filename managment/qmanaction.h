@@ -66,6 +66,7 @@ private:
     void takeBarcodes(const QString &text);
     void followChoice();
     ActionChoice choice() const;
+    QString barcodesRefusal() const;
     QString choiceRefusal() const;
     QString assignRefusal() const;
     bool refuse(const QString &why);

@@ -38,6 +38,7 @@ private slots:
     void whatIsShownIsWrittenAndSold();
     void takenOffWhereverItIs();
     void listOfBarcodes();
+    void garbageIsNoList();
     void otherConditionsAreAnotherPreview();
     void changedByOthersIsKeptOut();
     void anotherPromotionByNow_data();
@@ -46,6 +47,7 @@ private slots:
     void spoiltOnceIsTriedAgain();
     void failedOneWritesNothing();
     void lostAnswerIsAskedFor();
+    void lostAnswerOfOpenTransaction();
     void stoppedWritesNothing();
     void comingBackKeepsTheChoice();
     void tenThousandGoodsInTenShops();
@@ -279,6 +281,28 @@ void TstQManAction::listOfBarcodes()
                           "Офіс|14|Картопля|7.00||7.00|5.91|пропущено: магазин не має цього товару"}));
 }
 
+/// Nor does it mean all goods.
+void TstQManAction::garbageIsNoList()
+{
+    choose("cbAction", "Осіння");
+    chooseShop("вул. Перша, 1");
+    preview();
+    QVERIFY(child<QPushButton>(m_page.get(), "pbAssign")->isEnabled());
+    const auto paste = [this](const QString &text) {
+        return withModal<BarcodeDialog>([this] { press("pbBarcodes"); },
+                                        [&](BarcodeDialog *dialog) {
+                                            child<QPlainTextEdit>(dialog, "pteBarcodes")->setPlainText(text);
+                                            child<QPushButton>(dialog, "pbOk")->click();
+                                        });
+    };
+    QVERIFY(paste("Прайс.xlsx\n4.82E+12\n"));
+    QVERIFY(!child<QPushButton>(m_page.get(), "pbAssign")->isEnabled());
+    QVERIFY(answerQuestion([this] { press("pbPreview"); }).contains("жодного штрихкоду"));
+    QVERIFY(paste(QString()));
+    preview();
+    QVERIFY(child<QPushButton>(m_page.get(), "pbAssign")->isEnabled());
+}
+
 void TstQManAction::otherConditionsAreAnotherPreview()
 {
     QVERIFY(answerQuestion([this] { press("pbPreview"); }).startsWith("Виберіть акцію."));
@@ -391,6 +415,34 @@ void TstQManAction::lostAnswerIsAskedFor()
     QCOMPARE(counts(), QString("Акцію «Осіння» призначено: 6."));
     QCOMPARE(commits.load(), 1);
     QCOMPARE(stock().size(), 8);
+    waitOutLoss(*m_base->connection());
+    m_base->heard.forget();
+}
+
+/// The server has not ended what the lost connection has written: neither yes nor no.
+void TstQManAction::lostAnswerOfOpenTransaction()
+{
+    choose("cbAction", "Осіння");
+    chooseShop("вул. Перша, 1");
+    preview();
+    std::unique_ptr<WorkerConnection> open;
+    const auto holdTheSame = [&] {
+        open = std::make_unique<WorkerConnection>(m_base->connection()->connectionName(), &m_base->heard);
+        QSqlQuery query(*open->database());
+        QVERIFY(query.exec("START TRANSACTION") &&
+                query.exec("UPDATE goods_shop SET id_action=2 WHERE id_shop=1"));
+    };
+    std::atomic<bool> isLost{false};
+    Db::setStatementHook([&](const QString &sql) {
+        if (sql != "COMMIT" || isLost.exchange(true))
+            return;
+        m_base->killConnection();
+        QMetaObject::invokeMethod(m_page.get(), holdTheSame, Qt::BlockingQueuedConnection);
+    });
+    assign();
+    Db::setStatementHook(nullptr);
+    open.reset();
+    QVERIFY2(counts().contains("Невідомо, чи записано"), qPrintable(counts()));
     waitOutLoss(*m_base->connection());
     m_base->heard.forget();
 }
