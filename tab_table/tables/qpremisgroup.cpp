@@ -107,7 +107,7 @@ Commands QPremisGroup::commands() const
 void QPremisGroup::run(Command command)
 {
     if (command == Command::Reload) {
-        if (mayDropChanges(tr("Продовжити редагування")))
+        if (!m_tasks.isWriting() && mayDropChanges(tr("Продовжити редагування")))
             reload(m_id);
     } else if (command == Command::Add && mayEdit()) {
         add();
@@ -293,7 +293,14 @@ void QPremisGroup::fillList(QListWidget *list, const QVector<QStringList> &all,
 {
     const int row = list->currentRow();
     list->clear();
-    for (const QStringList &one : all) {
+    // What others have added since all were read is chosen, too.
+    QMap<QString, QString> unlisted = chosen;
+    for (const QStringList &one : all)
+        unlisted.remove(one.at(0));
+    QVector<QStringList> shown = all;
+    for (auto one = unlisted.begin(); one != unlisted.end(); ++one)
+        shown.append({one.key(), one.value()});
+    for (const QStringList &one : qAsConst(shown)) {
         auto *item = new QListWidgetItem(one.at(1), list);
         item->setData(idRole, one.at(0));
         item->setCheckState(chosen.contains(one.at(0)) ? Qt::Checked : Qt::Unchecked);

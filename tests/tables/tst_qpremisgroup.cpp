@@ -30,6 +30,7 @@ private slots:
     void scannerSetsNothing();
     void wholeMenuAtOnceAndFound();
     void othersChangesAreMerged();
+    void shopGroupsAddedByOthersStay();
     void bothHaveChangedTheSame();
     void lostAnswerIsAskedFor();
     void lastOneInChargeStays();
@@ -246,6 +247,23 @@ void TstQPremisGroup::othersChangesAreMerged()
     QVERIFY(!m_page->isChanged());
 }
 
+/// The page has listed them before.
+void TstQPremisGroup::shopGroupsAddedByOthersStay()
+{
+    m_place->base.exec({"INSERT INTO group_shop(id,name) VALUES(9,'Південь')",
+                        "INSERT INTO shops(id,address,name,group_shop) VALUES(9,'А9','М9',9)",
+                        "INSERT INTO lst_group VALUES(2,9)", "INSERT INTO lst_shops_transmit VALUES(2,9)"});
+    choose("Аудит");
+    choose("Касири");
+    check("shopGroups", "Схід", true);
+    check("shops", "А6", true);
+    QCOMPARE(save(), QString());
+    QCOMPARE(m_place->base.rows("SELECT id_group FROM lst_group WHERE id_g_prem=2 ORDER BY 1"),
+             (QStringList{"2", "3", "9"}));
+    QCOMPARE(m_place->base.rows("SELECT id_shop FROM lst_shops_transmit WHERE id_g_prem=2 ORDER BY 1"),
+             (QStringList{"5", "6", "9"}));
+}
+
 void TstQPremisGroup::bothHaveChangedTheSame()
 {
     setRight("Магазини", 0);
@@ -389,6 +407,7 @@ void TstQPremisGroup::hurriedHandsLoseNothing()
     auto *tree = child<RightsTree>(m_page.get(), "rights");
     child<QPushButton>(m_page.get(), "pbSave")->click();
     emit tree->chosen({Permission::Kassa}, Permission::Full);
+    m_page->run(Command::Reload);
     bool mayClose = true;
     mayClose = m_page->mayClose();
     QVERIFY2(!mayClose && stateWords().startsWith("Записується…"), qPrintable(stateWords()));
