@@ -23,3 +23,11 @@ std::optional<bool> losesLastInCharge(const Db &db, const QString &idUser, const
 
 /// Why that is refused, for the user.
 QString lastInChargeWords();
+
+/// Whether the members of a permission group get in and have full right to something, as the database has it
+/// by now. Nothing after a reported failure; so is the next.
+std::optional<bool> groupMayEdit(const Db &db, const QString &idGroup, int right);
+/// The same of the group that a user belongs to by now.
+std::optional<bool> userMayEdit(const Db &db, const QString &idUser, int right);
+/// To whoever has lost the right while at work.
+QString rightGoneWords();

@@ -1,6 +1,7 @@
 #include "groupaccess.h"
 
 #include "permissionareas.h"
+#include "permissions.h"
 #include "rightsguard.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,7 @@ const QLatin1String groupKey("lst_group ");
 const QLatin1String shopKey("lst_shops_transmit ");
 
 /// How far a save has come.
-enum Step { Writing, NobodyInCharge };
+enum Step { Writing, RightGone, NobodyInCharge };
 
 RecordField rightField(int id, const QString &stored)
 {
@@ -131,6 +132,12 @@ bool writeAccess(const Db &db, const RecordDraft &draft, const QString &id, int 
     *step = Writing;
     const GroupAccess before = accessOf(draft.read);
     const GroupAccess now = accessOf(draft.fields);
+    // Before the rights of the own group are written.
+    const auto mayEdit = userMayEdit(db, draft.beside.toString(), Permission::PermissionGroups);
+    if (mayEdit && !*mayEdit)
+        *step = RightGone;
+    if (!mayEdit || !*mayEdit)
+        return false;
     const auto inCharge = usersInCharge(db);
     if (!inCharge || !writeRights(db, before, now, id) ||
         !writeList(db, QStringLiteral("lst_group"), QStringLiteral("id_group"), before.shopGroups.keys(),
@@ -148,6 +155,8 @@ QString failureWords(const Db &db, const RecordDraft &draft, int step)
 {
     Q_UNUSED(db)
     Q_UNUSED(draft)
+    if (step == RightGone)
+        return rightGoneWords();
     return step == NobodyInCharge ? lastInChargeWords() : QString();
 }
 

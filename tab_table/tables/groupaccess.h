@@ -29,7 +29,9 @@ GroupAccess accessOf(const RecordFields &fields);
 /// A right that this program does not know.
 bool isOfOtherPrograms(const RecordField &field);
 
-/// For readRecord() and saveRecord(). A save leaves somebody in charge (rightsguard.h).
+/// For readRecord() and saveRecord(). A save leaves somebody in charge (rightsguard.h). A draft carries
+/// beside its values the id of the user who saves: it is refused when that one may not change groups any
+/// more.
 const RecordStatements &permissionGroup();
 
 struct PermissionGroup

@@ -16,6 +16,7 @@ RecordDraft QPremisGroup::draft() const
     draft.id = m_id;
     draft.read = m_read;
     draft.fields = fieldsOf(m_mine);
+    draft.beside = m_user->idUser();
     draft.uniqueValues = {{"name",
                            QStringLiteral("SELECT id FROM group_premission WHERE name=:name"),
                            {{QStringLiteral(":name"), m_mine.name}},
@@ -59,6 +60,8 @@ void QPremisGroup::save()
 
 void QPremisGroup::send()
 {
+    // The answer comes before that of the save.
+    m_user->beginAct();
     m_sent = draft();
     m_note->begin(tr("Записується…"));
     m_tasks.write([draft = m_sent](const Db &db) { return saveRecord(db, permissionGroup(), draft); },

@@ -273,7 +273,7 @@ RecordDraft QAddEdtUsers::draft() const
 {
     RecordDraft draft = RecordDialog::draft();
     const QString typed = ui->lePass->text();
-    draft.beside = typed;
+    draft.beside = QStringList({typed, m_user->idUser()});
     if (!typed.isEmpty())
         draft.fields.append(passwordField(passwordHash(typed), tr("новий")));
     else if (const auto before = passwordOf(draft.read))

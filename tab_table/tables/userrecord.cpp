@@ -1,5 +1,6 @@
 #include "userrecord.h"
 
+#include "permissions.h"
 #include "qloadeduser.h"
 #include "rightsguard.h"
 #include "secretquery.h"
@@ -14,6 +15,7 @@ struct Texts
 };
 
 const QLatin1String passwordKey("pass");
+const char *const groupKey = "id_g_prem";
 
 QString takenPasswordWords()
 {
@@ -41,9 +43,23 @@ std::optional<bool> isStoredPassword(const Db &db, const RecordDraft &draft, con
     return count ? std::optional(*count != QLatin1String("0")) : std::nullopt;
 }
 
+/// Beside the values of a draft.
+struct Beside
+{
+    QString password;
+    /// Who saves.
+    QString idUser;
+};
+
+Beside besideOf(const RecordDraft &draft)
+{
+    const QStringList texts = draft.beside.toStringList();
+    return {texts.value(0), texts.value(1)};
+}
+
 QString passwordRefusal(const Db &db, const RecordDraft &draft)
 {
-    const QString typed = draft.beside.toString();
+    const QString typed = besideOf(draft).password;
     if (typed.isEmpty())
         return QString();
     // Other programs store it in clear, too.
@@ -80,7 +96,7 @@ std::optional<RecordFields> read(const Db &db, const QString &id)
 }
 
 /// Where the writing has failed.
-enum Step { Password, Rights, NobodyInCharge, All };
+enum Step { Password, Rights, NobodyInCharge, RightGone, TooStrong, All };
 
 bool writePassword(const Db &db, const RecordDraft &draft, const QString &id)
 {
@@ -93,19 +109,53 @@ bool writePassword(const Db &db, const RecordDraft &draft, const QString &id)
         .has_value();
 }
 
+/// A right of the one who saves; the own row is written already.
+std::optional<bool> saverMayEdit(const Db &db, const RecordDraft &draft, int right)
+{
+    const QString idUser = besideOf(draft).idUser;
+    return !draft.isNew() && draft.id == idUser ? groupMayEdit(db, valueOf(draft.read, groupKey), right)
+                                                : userMayEdit(db, idUser, right);
+}
+
+/// Whether a user who may give rights comes to be, or what makes one out changes.
+std::optional<bool> touchesGiverOfRights(const Db &db, const RecordDraft &draft)
+{
+    const QString before = valueOf(draft.read, groupKey);
+    const QString now = valueOf(draft.fields, groupKey);
+    bool isTouched = before != now || !besideOf(draft).password.isEmpty();
+    for (const char *column : {"login", "key_prem"})
+        isTouched = isTouched || valueOf(draft.read, column) != valueOf(draft.fields, column);
+    const auto was = groupMayEdit(db, before, Permission::PermissionGroups);
+    const auto is = was ? groupMayEdit(db, now, Permission::PermissionGroups) : std::nullopt;
+    return is ? std::optional(isTouched && (*was || *is)) : std::nullopt;
+}
+
+/// Whoever may change users but no rights would come to all rights by the login of somebody who may, or by
+/// his group. Nothing after a reported failure.
+std::optional<Step> rightsStep(const Db &db, const RecordDraft &draft, const QString &id)
+{
+    const auto losesLast = draft.isNew() ? std::optional(false)
+                                         : losesLastInCharge(db, id, valueOf(draft.read, groupKey),
+                                                             valueOf(draft.fields, groupKey));
+    const auto mayEdit = losesLast ? saverMayEdit(db, draft, Permission::Users) : std::nullopt;
+    const auto mayGive = mayEdit ? saverMayEdit(db, draft, Permission::PermissionGroups) : std::nullopt;
+    const auto touches = mayGive ? touchesGiverOfRights(db, draft) : std::nullopt;
+    if (!touches)
+        return std::nullopt;
+    if (*losesLast)
+        return NobodyInCharge;
+    if (!*mayEdit)
+        return RightGone;
+    return *touches && !*mayGive ? TooStrong : All;
+}
+
 bool write(const Db &db, const RecordDraft &draft, const QString &id, int *step)
 {
     *step = Password;
     if (!writePassword(db, draft, id))
         return false;
-    *step = Rights;
-    const auto losesLast = draft.isNew() ? std::optional(false)
-                                         : losesLastInCharge(db, id, valueOf(draft.read, "id_g_prem"),
-                                                             valueOf(draft.fields, "id_g_prem"));
-    if (!losesLast)
-        return false;
-    *step = *losesLast ? NobodyInCharge : All;
-    return !*losesLast;
+    *step = rightsStep(db, draft, id).value_or(Rights);
+    return *step == All;
 }
 
 QString failureWords(const Db &db, const RecordDraft &draft, int step)
@@ -113,6 +163,12 @@ QString failureWords(const Db &db, const RecordDraft &draft, int step)
     Q_UNUSED(draft)
     if (step == Password && db.lastErrorNumber() == ServerError::DuplicateKey)
         return takenPasswordWords();
+    if (step == RightGone)
+        return rightGoneWords();
+    if (step == TooStrong)
+        return Texts::tr(
+            "Ця людина може або зможе змінювати права, а у вас повного дозволу на групи прав немає. Її "
+            "логін, пароль, ключ і групу прав змінює лише той, хто його має. Нічого не збережено.");
     return step == NobodyInCharge ? lastInChargeWords() : QString();
 }
 

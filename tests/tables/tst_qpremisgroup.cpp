@@ -36,6 +36,7 @@ private slots:
     void lastOneInChargeStays();
     void oneOfTwoOperatorsIsRefused();
     void ownRightsAreNotTakenByAccident();
+    void rightTakenMeanwhile();
     void unsavedIsAskedAbout();
     void hurriedHandsLoseNothing();
     void copyTakesEverything();
@@ -378,7 +379,19 @@ void TstQPremisGroup::ownRightsAreNotTakenByAccident()
     setRight("Магазини", 2);
     QCOMPARE(save(), QString());
     QCOMPARE(rights(1, "10"), QString("10|2"));
-    QCOMPARE(begun.count(), 1);
+    // Before the save, whose rights may have gone, and behind it.
+    QCOMPARE(begun.count(), 2);
+}
+
+/// After the page was opened; nobody has told it.
+void TstQPremisGroup::rightTakenMeanwhile()
+{
+    setRight("Магазини", 0);
+    m_place->base.exec("UPDATE lst_permis SET permission=2 WHERE id_g_prem=1 AND id_prem=26");
+    const QString told = save();
+    QVERIFY2(told.startsWith("Поки ви працювали, у вас забрали право"), qPrintable(told));
+    QCOMPARE(rights(2, "10"), QString("10|1"));
+    QVERIFY(m_page->isChanged());
 }
 
 void TstQPremisGroup::unsavedIsAskedAbout()

@@ -59,6 +59,8 @@ private slots:
     void lostAnswerAboutAPassword();
     void ownRightIsGivenAwayOnPurpose();
     void lastOneInChargeStays();
+    void rightsAreGivenByTheirGivers();
+    void rightTakenMeanwhile();
     void printedCardLetsIn();
     void usersWithoutACardAreTold();
 
@@ -82,7 +84,8 @@ void TstQTabUsers::init()
     m_base = &m_place->base;
     m_base->exec(
         {"DELETE FROM users WHERE id>1", "UPDATE users SET id_g_prem=1,pass='' WHERE id=1",
-         "DELETE FROM lst_permis WHERE id_g_prem>1", "DELETE FROM group_premission WHERE id>1",
+         "UPDATE lst_permis SET permission=1 WHERE id_g_prem=1", "DELETE FROM lst_permis WHERE id_g_prem>1",
+         "DELETE FROM group_premission WHERE id>1",
          "INSERT INTO group_premission(id,name) VALUES(2,'Продавці'),(3,'Звільнені'),(4,'Нова група')",
          "INSERT INTO lst_permis VALUES(2,0,2),(2,24,2),(2,101,1),(3,0,0),(3,24,1)",
          "INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,7,0),"
@@ -551,6 +554,56 @@ void TstQTabUsers::lastOneInChargeStays()
     }));
     QCOMPARE(stored(11, "id_g_prem"), QString("1"));
     QCOMPARE(m_base->heard.texts(), QStringList());
+}
+
+/// Somebody with full right to users only: neither the group nor the password of a giver of rights is his.
+void TstQTabUsers::rightsAreGivenByTheirGivers()
+{
+    m_base->exec({"UPDATE lst_permis SET permission=2 WHERE id_g_prem=1 AND id_prem=26",
+                  "UPDATE lst_permis SET permission=1 WHERE id_g_prem=3",
+                  "INSERT INTO lst_permis VALUES(3,26,1)"});
+    const auto isRefused = [](QAddEdtUsers *editor) {
+        const QString told = saveMeets(editor);
+        QVERIFY2(told.startsWith("Ця людина може або зможе змінювати права"), qPrintable(told));
+        QVERIFY(editor->isVisible());
+    };
+    QVERIFY(edit("admin", [&](QAddEdtUsers *editor) {
+        enter(editor, "cbPremission", "Звільнені");
+        isRefused(editor);
+    }));
+    QCOMPARE(stored(1, "id_g_prem"), QString("1"));
+    QVERIFY(add([&](QAddEdtUsers *editor) {
+        fillNew(editor, "ivan", "слово");
+        enter(editor, "cbPremission", "Звільнені");
+        isRefused(editor);
+        QCOMPARE(m_base->value("SELECT COUNT(*) FROM users"), QString("4"));
+        enter(editor, "cbPremission", "Продавці");
+        QCOMPARE(saveMeets(editor), QString());
+    }));
+    QVERIFY(edit("taras", [&](QAddEdtUsers *editor) {
+        typePassword(editor, "моє");
+        isRefused(editor);
+        typePassword(editor, "");
+        enter(editor, "leLogin", "тарас");
+        isRefused(editor);
+        enter(editor, "leLogin", "taras");
+        enter(editor, "leTelephone", "0501234567");
+        QCOMPARE(saveMeets(editor), QString());
+    }));
+    QCOMPARE(stored(11, "login,pass,telephone,id_g_prem"), QString("taras|clear|0501234567|3"));
+    QCOMPARE(m_base->heard.texts(QMessEvent::Critical), QStringList());
+}
+
+/// After the editor was opened; nobody has told it.
+void TstQTabUsers::rightTakenMeanwhile()
+{
+    QVERIFY(edit("olena", [this](QAddEdtUsers *editor) {
+        m_base->exec("UPDATE lst_permis SET permission=2 WHERE id_g_prem=1 AND id_prem=24");
+        enter(editor, "leSurname", "Інша");
+        const QString told = saveMeets(editor);
+        QVERIFY2(told.startsWith("Поки ви працювали, у вас забрали право"), qPrintable(told));
+    }));
+    QCOMPARE(stored(10, "surname"), QString("О'Ніл"));
 }
 
 void TstQTabUsers::printedCardLetsIn()
