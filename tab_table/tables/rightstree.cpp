@@ -202,6 +202,7 @@ bool RightsTree::takeDigit(const QKeyEvent &key)
     } else if (kind == ScanPace::Digit) {
         settleDigit();
         m_digit = key.text();
+        m_digitRights = selectedRights();
         m_hold.start();
     }
     return isOfCode || kind == ScanPace::Digit;
@@ -213,7 +214,7 @@ void RightsTree::settleDigit()
     const QString digit = m_digit;
     m_digit.clear();
     if (!digit.isEmpty() && digit <= QString::number(viewOnly))
-        choose(selectedRights(), digit.toInt());
+        choose(m_digitRights, digit.toInt());
 }
 
 void RightsTree::keyPressEvent(QKeyEvent *event)

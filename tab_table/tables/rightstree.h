@@ -52,5 +52,7 @@ private:
     ScanPace m_pace;
     /// A value that was typed; what follows soon makes a scanned code of it.
     QString m_digit;
+    /// What was selected then: a hand may be on another line already.
+    QList<int> m_digitRights;
     QTimer m_hold;
 };
