@@ -73,7 +73,7 @@ private:
                                                 : QString());
         row.raw(sqlDateTime(sent));
         row.raw(fate == Fate::OnTheWay ? QStringLiteral("0")
-                                       : sqlDateTime(sent.addSecs(m_dice.between(2, 30) * 3600)));
+                                       : sqlDateTime(sent.addSecs(qint64(3600) * m_dice.between(2, 30))));
         m_heads.add(row);
     }
 

@@ -42,8 +42,8 @@ QString stateCondition(InvoiceState state)
 QString placeCondition(const InvoicesAsked &asked)
 {
     const QString shops = QStringLiteral(" IN (SELECT shops.id FROM shops WHERE%1)").arg(asked.shops);
-    const QString sent = QStringLiteral("invoice.id_shop_with") + shops;
-    const QString received = QStringLiteral("invoice.id_shop_to") + shops;
+    QString sent = QStringLiteral("invoice.id_shop_with") + shops;
+    QString received = QStringLiteral("invoice.id_shop_to") + shops;
     switch (asked.direction) {
     case InvoicesAsked::Sent:
         return sent;

@@ -116,7 +116,7 @@ std::optional<QVector<InvoiceLine>> findInvoiceGoods(const Db &db, const QString
     else
         ways.append(likeWords(QStringLiteral("(goods.name LIKE %1 OR goods.name_short LIKE %1)"), wanted));
     for (const QString &way : qAsConst(ways)) {
-        const auto found = way.isEmpty() ? QVector<InvoiceLine>() : goodsWhere(db, way);
+        auto found = way.isEmpty() ? QVector<InvoiceLine>() : goodsWhere(db, way);
         if (!found || !found->isEmpty())
             return found;
     }

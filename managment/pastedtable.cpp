@@ -222,7 +222,7 @@ public:
             if (read.refusal.isEmpty())
                 read.refusal = refusal(*known, read.quantity);
         }
-        read.line.isTaken = read.refusal.isEmpty();
+        read.line.isTaken = known != nullptr && read.refusal.isEmpty();
         read.line.words = read.line.isTaken ? take(*known, read) : read.refusal;
         if (!read.line.isTaken)
             m_table->refused.append(

@@ -1516,6 +1516,10 @@ Wait or contact support.</translation>
         <source>Зал</source>
         <translation>Shop floor</translation>
     </message>
+    <message>
+        <source>Нічого не записано: у вас тепер є право лише переглядати.</source>
+        <translation>Nothing was written: by now you may only view.</translation>
+    </message>
 </context>
 <context>
     <name>InvoiceList</name>
@@ -5280,6 +5284,10 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
         <source>&amp;Ціна з пріоритетом:</source>
         <translation>Pri&amp;ce with priority:</translation>
     </message>
+    <message>
+        <source>У списку штрихкодів немає жодного штрихкоду. Виправте список або очистіть його, якщо потрібні всі товари.</source>
+        <translation>There is no barcode in the list of barcodes. Correct the list, or clear it if you want all goods.</translation>
+    </message>
 </context>
 <context>
     <name>QManInvoices</name>
@@ -6214,6 +6222,10 @@ Take it off the goods in “Promotion management” first.</translation>
     <message>
         <source>Поки ви вирішували, акцію змінив хтось інший. Її не видалено: перегляньте її ще раз.</source>
         <translation>While you decided, somebody else has changed the promotion. It was not deleted: look at it once more.</translation>
+    </message>
+    <message>
+        <source>Акцію не видалено: у вас тепер є право лише переглядати.</source>
+        <translation>The promotion was not deleted: by now you may only view.</translation>
     </message>
 </context>
 <context>
@@ -7640,6 +7652,10 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <source>Після цього не лишилося б жодного користувача, який може увійти і має повний дозвіл на користувачів та групи прав: ніхто вже не зміг би дати доступ. Нічого не збережено. Спершу дайте ці права іншому користувачу.</source>
         <translation>After this no user would be left who can log in and has full right to users and permission groups: nobody could give access any more. Nothing was saved. Give these rights to another user first.</translation>
     </message>
+    <message>
+        <source>Поки ви працювали, у вас забрали право це змінювати. Нічого не збережено.</source>
+        <translation>While you were working, your right to change this was taken away. Nothing has been saved.</translation>
+    </message>
 </context>
 <context>
     <name>RightsTree</name>
@@ -8952,6 +8968,10 @@ The indexes can be removed in the same way.</translation>
     <message>
         <source>Пароль</source>
         <translation>Password</translation>
+    </message>
+    <message>
+        <source>Ця людина може або зможе змінювати права, а у вас повного дозволу на групи прав немає. Її логін, пароль, ключ і групу прав змінює лише той, хто його має. Нічого не збережено.</source>
+        <translation>This person can change rights, or would be able to, and you do not have full permission for permission groups. Only someone who has it can change the login, password, key and permission group. Nothing has been saved.</translation>
     </message>
 </context>
 <context>

@@ -35,6 +35,7 @@ QPremisGroup::QPremisGroup(QSqlDatabase *db, QLoadedUser *user, QObject *receive
     ui->matrix->breakCaptions();
     ui->splitter->setStretchFactor(1, 1);
     ui->groupsSide->setMinimumWidth(fontMetrics().averageCharWidth() * 42);
+    ui->groups->setHeaderLabels({tr("Група"), tr("Користувачів")});
     ui->groups->header()->setStretchLastSection(false);
     ui->groups->header()->setSectionResizeMode(GroupName, QHeaderView::Stretch);
     ui->groups->header()->setSectionResizeMode(Members, QHeaderView::ResizeToContents);
