@@ -426,8 +426,7 @@ void QManAction::followWork()
          std::initializer_list<QWidget *>{ui->cbAction, ui->cbHas, ui->cbGroup, ui->cbShops, ui->leSearch,
                                           ui->sbPriority, ui->pbBarcodes, ui->pbPreview})
         input->setEnabled(!isAssigning);
-    ui->pbAssign->setEnabled(m_work == Work::None && m_plan != nullptr && !m_plan->isEmpty() &&
-                             m_user->mayEdit(Permission::ActionsManagement));
+    ui->pbAssign->setEnabled(m_work == Work::None && assignRefusal().isEmpty());
     ui->pbAssign->setToolTip(ui->pbAssign->isEnabled() ? QString() : assignRefusal());
     ui->pbAssign->setText(ui->cbAction->currentData().toUInt() == noAction ? tr("З&няти акції")
                                                                            : tr("Призна&чити акцію"));
