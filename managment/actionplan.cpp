@@ -311,11 +311,13 @@ QString actionIdentitySql(DbId action)
 QStringList barcodesIn(const QString &text, int *ignored)
 {
     static const QRegularExpression code(QStringLiteral("(?:^|[\\s;,\"])(\\d{1,13})(?=$|[\\s;,\"])"));
+    // Of "4,82E+12" no barcode "4" is left: the spreadsheet has lost its digits.
+    static const QRegularExpression lost(QStringLiteral("(?:^|[\\s;\"])\\d+[.,]\\d+[eEеЕ]\\+\\d+"));
     QStringList codes;
     *ignored = 0;
     for (const QString &line : text.split(QLatin1Char('\n'))) {
         const auto found = code.match(line);
-        if (found.hasMatch())
+        if (found.hasMatch() && !lost.match(line).hasMatch())
             codes.append(found.captured(1));
         else if (!line.trimmed().isEmpty())
             ++*ignored;

@@ -319,7 +319,7 @@ QString QManAction::assignRefusal() const
 {
     if (!m_user->mayEdit(Permission::ActionsManagement))
         return tr("У вас є право лише переглядати: призначати акції ви не можете.");
-    if (const QString why = barcodesRefusal(); !why.isEmpty())
+    if (QString why = barcodesRefusal(); !why.isEmpty())
         return why;
     if (m_plan == nullptr)
         return tr("Спершу натисніть «Переглянути».");

@@ -11,7 +11,7 @@
 ///
 /// | column            | holds                                                                          |
 /// |-------------------|--------------------------------------------------------------------------------|
-/// | id_type           | 7 received, 8 moved, 9 handed over                                             |
+/// | id_type           | 7 received, 8 moved                                                           |
 /// | id_good_cln_slujb | the goods item; name, strihcode, type and tax are its own, as in a sale        |
 /// | count             | thousandths; below zero for what goes back to the supplier or is written off   |
 /// | price, summa      | 0, as are sumdisc and bonus_plus: no report that adds up money counts goods     |

@@ -179,8 +179,8 @@ void TstQManAction::barcodesOfAPastedText_data()
                            << "4820000000109,48200014" << 1;
     QTest::newRow("name first") << "Хліб житній\t4820000000109\n"
                                 << "4820000000109" << 0;
-    QTest::newRow("too long, letters") << "14820000000109555\nabc\n12x\n"
-                                       << "" << 3;
+    QTest::newRow("too long, letters, a number of a spreadsheet") << "14820000000109555\nabc\n12x\n4,82E+12\n"
+                                                                  << "" << 4;
 }
 
 void TstQManAction::barcodesOfAPastedText()
