@@ -1,5 +1,6 @@
 #include "pages.h"
 
+#include "destination.h"
 #include "permissions.h"
 #include "qcashdrive.h"
 #include "qcomands.h"
@@ -106,6 +107,14 @@ QWidget *Pages::open(const QString &action)
     if (auto *page = dynamic_cast<Page *>(widget))
         page->openedByMenu();
     return widget;
+}
+
+void Pages::go(const Destination &destination)
+{
+    m_user->beginAct();
+    QWidget *widget = openPage(m_tabs, *m_user, pageEntry(m_table, destination.action));
+    if (auto *page = dynamic_cast<Page *>(widget))
+        page->goTo(destination);
 }
 
 bool Pages::isOpen(const QString &action) const

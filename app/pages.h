@@ -28,6 +28,8 @@ public:
 
     /// As the menu does; null, told to the user, for a page that he may not see.
     QWidget *open(const QString &action);
+    /// Opens the page and shows there what is wanted.
+    void go(const Destination &destination);
     bool isOpen(const QString &action) const;
     /// Closes a page that the user may not see any more; true when there was one.
     bool closeForbidden(const QString &action);

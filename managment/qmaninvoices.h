@@ -1,5 +1,6 @@
 #pragma once
 
+#include "destination.h"
 #include "invoicelist.h"
 #include "invoicepane.h"
 #include "qtab.h"
@@ -22,6 +23,8 @@ public:
     ~QManInvoices() override;
 
     bool isLoading() const override;
+    /// Shows the invoice.
+    void goTo(const Destination &destination) override { showInvoice(destination.id); }
     Commands commands() const override;
     /// Shows all invoices, with that one as the current one if it is among the newest. print: and its paper.
     void showInvoice(DbId invoice, bool print = false);
@@ -36,7 +39,7 @@ public slots:
     void Add() override;
     /// The invoice of that number; all for an empty text.
     void seerch(const QString &text);
-    void searchAgain();
+    void searchAgain() override;
     void previousPage();
     void nextPage();
 

@@ -4,7 +4,9 @@
 #include "cheklist.h"
 #include "cheks.h"
 #include "dbtasks.h"
+#include "destination.h"
 #include "money.h"
+#include "placenames.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
 #include "qntableview.h"
@@ -104,47 +106,25 @@ void QChekViewer::showid(bool byNumber)
     ui->range->setByNumber(byNumber);
 }
 
-/// The place of a line as the boxes have it.
-struct OriginNames
-{
-    uint group = 0;
-    QString shop;
-    QString kass;
-};
-
-namespace {
-OriginNames readNames(const Db &db, const Place &place)
-{
-    OriginNames names;
-    names.group = place.group;
-    const auto row =
-        db.firstRow(QStringLiteral("SELECT address,group_shop FROM shops WHERE id=%1").arg(place.shop));
-    if (row && !row->isEmpty()) {
-        names.shop = row->at(0);
-        names.group = row->at(1).toUInt();
-        names.kass =
-            db.firstText(QStringLiteral("SELECT advertising_str FROM kassa WHERE id=%1").arg(place.kass))
-                .value_or(QString());
-    }
-    return names;
-}
-} // namespace
-
 void QChekViewer::showOrigin(const ChekOrigin &origin)
 {
     m_origins->drop();
-    m_origins->read([place = Place(origin)](const Db &db) { return readNames(db, place); },
-                    [this, origin](const OriginNames &names) { showPlace(origin, names); });
+    m_origins->read([place = Place(origin)](const Db &db) { return readPlaceNames(db, place); },
+                    [this, origin](const PlaceNames &names) { showPlace(origin, names); });
     load();
     view()->setFocus();
 }
 
-void QChekViewer::showPlace(const ChekOrigin &origin, const OriginNames &names)
+void QChekViewer::showPlace(const ChekOrigin &origin, const PlaceNames &names)
 {
     m_isShowingOrigin = true;
     setOrigin(origin);
-    showid(true);
-    ui->range->setNumbers(QString::number(origin.zFrom.toUInt()), QString::number(origin.zTo.toUInt()));
+    const bool isByShift = !origin.zFrom.isEmpty() || !origin.firstDay.isValid();
+    showid(isByShift);
+    if (isByShift)
+        ui->range->setNumbers(QString::number(origin.zFrom.toUInt()), QString::number(origin.zTo.toUInt()));
+    else
+        ui->range->setDays(origin.firstDay, origin.lastDay);
     ui->place->showPlace(names.group, names.shop, names.kass);
 }
 

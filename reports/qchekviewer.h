@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chekquery.h"
+#include "destination.h"
 #include "reportwindow.h"
 #include "slipreader.h"
 #include "typingpause.h"
@@ -11,7 +12,7 @@ namespace Ui {
 class QChekViewer;
 }
 class QModelIndex;
-struct OriginNames;
+struct PlaceNames;
 
 /// The receipts, Z-reports and documents of goods of a place and a range, and one of them as a slip.
 class QChekViewer : public ReportWindow
@@ -25,6 +26,7 @@ public:
     /// Loads the receipts behind a line of another report; they are kept to until another place or range is
     /// chosen.
     void showOrigin(const ChekOrigin &origin);
+    void goTo(const Destination &destination) override { showOrigin(destination.origin); }
     /// Shows a receipt that a register has just written, whatever the list holds.
     void showReceipt(uint kass, uint chek);
     /// Sales minus returns of the listed receipts, in kopecks.
@@ -58,7 +60,7 @@ private:
     int rowOf(uint chek) const;
     void connectWidgets();
     void connectSlip();
-    void showPlace(const ChekOrigin &origin, const OriginNames &names);
+    void showPlace(const ChekOrigin &origin, const PlaceNames &names);
     void setOrigin(const std::optional<ChekOrigin> &origin);
     void forgetOrigin();
     void leaveOrigin();

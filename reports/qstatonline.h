@@ -1,6 +1,7 @@
 #pragma once
 
 #include "combos.h"
+#include "destination.h"
 #include "onlineintervals.h"
 #include "reportwindow.h"
 #include "typingpause.h"
@@ -24,6 +25,8 @@ public:
 
     /// Chooses a shop and shows it; says so when the user cannot see that shop.
     void showShop(unsigned int shop);
+    /// Shows the shop.
+    void goTo(const Destination &destination) override { showShop(destination.origin.shop); }
 
 public slots:
     /// The chosen shop and day anew, with the registers that it has now.

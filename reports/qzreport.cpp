@@ -2,8 +2,11 @@
 #include "ui_qzreport.h"
 
 #include "dbtasks.h"
+#include "destination.h"
 #include "money.h"
+#include "placenames.h"
 #include "qloadeduser.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 #include "reportformats.h"
 #include "shopgroups.h"
@@ -29,7 +32,10 @@ ChekOrigin originOf(DbId shop, DbId kass, const QString &number)
 } // namespace
 
 QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
-    : ReportWindow(db, user, mainWindow, parent), ui(std::make_unique<Ui::QZReport>()), m_origins(newTasks())
+    : ReportWindow(db, user, mainWindow, parent)
+    , ui(std::make_unique<Ui::QZReport>())
+    , m_origins(newTasks())
+    , m_places(newTasks())
 {
     ui->setupUi(this);
     limitTo(ui->leLimit, "[0-9]*");
@@ -99,6 +105,29 @@ void QZReport::ShopChanged()
 void QZReport::showid(bool byNumber)
 {
     ui->range->setByNumber(byNumber);
+}
+
+void QZReport::goTo(const Destination &destination)
+{
+    m_places->drop();
+    m_places->read(
+        [place = Place(destination.origin)](const Db &db) { return readPlaceNames(db, place); },
+        [this, origin = destination.origin](const PlaceNames &names) { showOrigin(origin, names); });
+}
+
+void QZReport::showOrigin(const ChekOrigin &origin, const PlaceNames &names)
+{
+    const bool isByNumber = !origin.zFrom.isEmpty();
+    showid(isByNumber);
+    if (isByNumber)
+        ui->range->setNumbers(origin.zFrom, origin.zTo);
+    else if (origin.firstDay.isValid())
+        ui->range->setDays(origin.firstDay, origin.lastDay);
+    ui->chSum->setChecked(false);
+    ui->leLimit->clear();
+    ui->place->showPlace(names.group, names.shop, names.kass);
+    load();
+    view()->setFocus();
 }
 
 void QZReport::load()

@@ -8,6 +8,7 @@
 namespace Ui {
 class QZReport;
 }
+struct PlaceNames;
 
 /// The closed shifts of a register, a shop, a group or all of them, one line a Z-report or all in one line of
 /// sums, with a picture of their turnover.
@@ -20,6 +21,8 @@ public:
     ~QZReport() override;
 
     QStringList totals() const override;
+    /// Loads the shifts of a place: those of the numbers, else those closed in the days.
+    void goTo(const Destination &destination) override;
 
 public slots:
     void GroupChanged();
@@ -36,6 +39,7 @@ protected:
 private:
     void buildList();
     void buildChart();
+    void showOrigin(const ChekOrigin &origin, const PlaceNames &names);
     bool isSummed() const;
     bool hasSeveralShops() const;
     void showChart();
@@ -43,4 +47,6 @@ private:
 
     std::unique_ptr<Ui::QZReport> ui;
     DbTasks *m_origins;
+    /// The place that another page leads to.
+    DbTasks *m_places;
 };

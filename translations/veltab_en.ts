@@ -2067,6 +2067,17 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>NarrowBar</name>
+    <message>
+        <source>Показати всі</source>
+        <translation>Show all</translation>
+    </message>
+    <message>
+        <source>Показано лише: %1</source>
+        <translation>Only shown: %1</translation>
+    </message>
+</context>
+<context>
     <name>NextStep</name>
     <message>
         <source>Щоб почати продаж, додайте магазин (Таблиці → Магазини, Ctrl+N), його касу (Таблиці → Обладнання) і товари з цінами (Таблиці → Товари).</source>

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+struct Destination;
 class ListPane;
 class QLoadedUser;
 class QTabWidget;
@@ -42,6 +43,8 @@ public:
     /// A menu has opened the page or brought it to the front: it shows everything, whatever another page had
     /// asked it for.
     virtual void openedByMenu() {}
+    /// Another page has led here: shows what that asked for, and nothing else.
+    virtual void goTo(const Destination &destination) { Q_UNUSED(destination) }
     /// The one list of the page; null when it has none, or several.
     virtual ListPane *list() const { return nullptr; }
 

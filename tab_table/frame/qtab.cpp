@@ -6,6 +6,7 @@
 #include "db.h"
 #include "ean13.h"
 #include "listpane.h"
+#include "narrowbar.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
@@ -24,6 +25,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -264,7 +266,68 @@ bool QTab::isLoading() const
 
 QString QTab::statement() const
 {
-    return (query.isEmpty() ? QStringLiteral("SELECT * FROM ") + table : query) + filter;
+    return (query.isEmpty() ? QStringLiteral("SELECT * FROM ") + table : query) + narrowed(filter);
+}
+
+QString QTab::narrowed(const QString &filter) const
+{
+    const QString where = QStringLiteral(" WHERE ");
+    if (narrowing().isEmpty())
+        return filter;
+    const QString condition = where + QLatin1Char('(') + narrowing() + QLatin1Char(')');
+    return filter.startsWith(where) ? condition + QStringLiteral(" AND ") + filter.mid(where.size())
+                                    : condition + filter;
+}
+
+void QTab::goTo(const Destination &destination)
+{
+    // What is being typed in the list is stored first.
+    if (m_delegate != nullptr && !m_delegate->settle([this, destination] { goTo(destination); }))
+        return;
+    clearFilter();
+    narrow(destination);
+    m_list->enter();
+}
+
+void QTab::showAll()
+{
+    if (!narrowing().isEmpty() && (m_delegate == nullptr || m_delegate->settle([this] { showAll(); })))
+        narrow({});
+}
+
+void QTab::narrow(const Destination &destination)
+{
+    m_narrowing = destination;
+    if (m_narrowBar == nullptr) {
+        m_narrowBar = new NarrowBar(this);
+        static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_narrowBar);
+        connect(m_narrowBar, &NarrowBar::showAllWanted, this, &QTab::showAll);
+    }
+    m_narrowBar->tell(destination.words);
+    searchAgain();
+}
+
+void QTab::clearFilter()
+{
+    if (m_filterBar == nullptr)
+        return;
+    // Those within its own bars say how the list comes, not what.
+    for (QLineEdit *field : m_filterBar->findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QSignalBlocker hold(field);
+        field->clear();
+    }
+    for (QComboBox *box : m_filterBar->findChildren<QComboBox *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QSignalBlocker hold(box);
+        box->setCurrentIndex(0);
+    }
+}
+
+/// A tab with a search field and nothing else in its filter has no filter when that is empty.
+void QTab::searchAgain()
+{
+    if (m_search != nullptr && m_search->text().isEmpty())
+        filter.clear();
+    search(filter);
 }
 
 void QTab::ShowData()
@@ -315,6 +378,8 @@ void QTab::loadAgain()
 void QTab::tellEmptyText()
 {
     m_conditions = m_filterWords.of(m_filterBar);
+    if (!narrowing().isEmpty())
+        m_conditions.prepend(m_narrowing.words);
     m_list->setEmptyText(m_conditions.isEmpty() ? tr("Немає записів")
                                                 : tr("За цими умовами нічого не знайдено."));
 }

@@ -2,6 +2,7 @@
 
 #include "columns.h"
 #include "dbtasks.h"
+#include "destination.h"
 #include "filterwords.h"
 #include "page.h"
 #include "rowstore.h"
@@ -19,6 +20,7 @@
 
 class Db;
 class ListPane;
+class NarrowBar;
 class QAbstractItemModel;
 class QComboBox;
 class QLineEdit;
@@ -73,6 +75,10 @@ public:
     void reload();
     /// What is being typed in the list is asked about, what is being written is waited for.
     bool mayClose() override;
+    /// Narrows the list to the condition, with nothing else in its filter; the first row becomes the current
+    /// one.
+    void goTo(const Destination &destination) override;
+    void openedByMenu() override { showAll(); }
     /// True while a search, or what the filter offers, is on its way.
     bool isLoading() const override;
 
@@ -113,6 +119,10 @@ public slots:
     virtual void Add();
     void delnewrecord();
     void NextEdit();
+    /// Not narrowed any more; the filter stays.
+    void showAll();
+    /// Reloads with what the filter says now.
+    virtual void searchAgain();
     /// Writes what a list holds, hidden columns left out, into a CSV file: UTF-8, or Windows-1251 with any
     /// code. False after a reported failure; what the file held before is still there then.
     static bool export_to_csv(QObject *receiver, QAbstractItemModel *model, QTableView *view,
@@ -155,6 +165,13 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     void search(const QString &filter);
+    /// Of another page's wish: a condition, or empty.
+    const QString &narrowing() const { return m_narrowing.condition; }
+    const QString &narrowingWords() const { return m_narrowing.words; }
+    /// A filter (" WHERE …", " GROUP BY …" or empty) that admits only what the list is narrowed to.
+    QString narrowed(const QString &filter) const;
+    /// Empties what stands in the filter, without a search.
+    virtual void clearFilter();
     /// Asks for the rows that were asked for last once more; what else the tab has read, too.
     virtual void loadAgain();
     /// The user's rights were read again: what the filter offers may be different.
@@ -205,6 +222,7 @@ private:
     void openCell(const QModelIndex &cell);
     void addName();
     void tellEmptyText();
+    void narrow(const Destination &destination);
     QString statement() const;
 
     setting *m_setting;
@@ -219,6 +237,8 @@ private:
     QPointer<RecordDialog> m_editor;
     QWidget *m_filterBar = nullptr;
     FilterWords m_filterWords;
+    Destination m_narrowing;
+    NarrowBar *m_narrowBar = nullptr;
     /// Of the rows that were asked for last.
     QStringList m_conditions;
     /// A record was to be added while the rows were still on their way.

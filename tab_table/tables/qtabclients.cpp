@@ -268,7 +268,7 @@ void QTabClients::rowShown(int row)
 
 void QTabClients::countCards()
 {
-    m_counter->ask({countSql() + m_condition});
+    m_counter->ask({countSql() + narrowed(m_condition)});
 }
 
 void QTabClients::takeCount(const std::shared_ptr<QueryAnswer> &answer)

@@ -54,7 +54,7 @@ private:
     void connectFilter();
     void showReceipts(bool show);
     void followCard();
-    void searchAgain();
+    void searchAgain() override;
     void showPage();
     QString personCondition() const;
     bool clientKey(int key);

@@ -33,7 +33,7 @@ protected:
 
 private:
     void buildFilter();
-    void searchAgain();
+    void searchAgain() override;
     void whyPrice(int row);
     QVector<int> rowsOf(const QString &id) const;
     QString grouping() const;

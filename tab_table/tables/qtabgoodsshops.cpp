@@ -48,8 +48,7 @@ void QTabGoodsShops::buildFilter()
     fillShops();
     keepNarrow(ui->cbShop);
     setSearchField(ui->leSearch, [this](const QString &text) { seerch(text); });
-    connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            [this] { seerch(ui->leSearch->text()); });
+    connect(ui->cbShop, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] { searchAgain(); });
     offerWhyPrice(this, view(), ui->pbWhyPrice, [this](int row) { whyPrice(row); });
 }
 
@@ -67,14 +66,14 @@ void QTabGoodsShops::fillShops()
     fillFilter(ui->cbShop, permittedShopsSql(*user(), QStringLiteral(" GROUP BY shops.id")),
                tr("Всі магазини"), [this](bool isKept) {
                    if (!isKept)
-                       seerch(ui->leSearch->text());
+                       searchAgain();
                });
 }
 
 void QTabGoodsShops::followRights()
 {
     fillShops();
-    seerch(ui->leSearch->text());
+    searchAgain();
 }
 
 QString QTabGoodsShops::condition(const QString &text) const
@@ -88,6 +87,11 @@ QString QTabGoodsShops::condition(const QString &text) const
         where += QStringLiteral(" AND goods_shop.id_shop=") + QString::number(shop);
     const QString words = likeWords(QStringLiteral("(goods.name LIKE %1 OR shops.address LIKE %1)"), text);
     return words.isEmpty() ? where : where + QStringLiteral(" AND ") + words;
+}
+
+void QTabGoodsShops::searchAgain()
+{
+    seerch(ui->leSearch->text());
 }
 
 void QTabGoodsShops::seerch(const QString &text)

@@ -19,6 +19,7 @@ public:
 public slots:
     /// Lists the stock of the chosen shop in whose goods or shop name the text stands.
     void seerch(const QString &text);
+    void searchAgain() override;
 
 protected:
     void followRights() override;

@@ -11,6 +11,7 @@
 #include "typedinput.h"
 #include "typingpause.h"
 
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 QString JournalAsked::placeCondition(const QString &table) const
@@ -118,6 +119,17 @@ bool QTabJournal::isLoading() const
     return QTab::isLoading() || ui->place->isReading() || m_daysPause->isRunning();
 }
 
+void QTabJournal::clearFilter()
+{
+    const QSignalBlocker holdField(ui->leSearch);
+    const QSignalBlocker holdDays(ui->chDays);
+    ui->leSearch->clear();
+    ui->chDays->setChecked(false);
+    ui->range->setEnabled(false);
+    if (ui->place->narrowest() != PlaceSelector::Everywhere)
+        ui->place->showPlace(0, QString(), QString());
+}
+
 void QTabJournal::run(Command command)
 {
     if (command != Command::Add && command != Command::Edit)
@@ -136,6 +148,8 @@ JournalAsked QTabJournal::asked() const
         asked.to = ui->range->to();
     }
     asked.number = ui->leSearch->text();
+    if (!narrowing().isEmpty())
+        asked.shops += QStringLiteral(" AND (%1)").arg(narrowing());
     return asked;
 }
 
@@ -152,6 +166,8 @@ void QTabJournal::seerch(const QString &text)
     m_asked = asked();
     m_asked.number = text;
     m_askedHeading = QStringList(ui->place->description());
+    if (!narrowing().isEmpty())
+        m_askedHeading.append(narrowingWords());
     if (m_asked.hasDays())
         m_askedHeading.append(ui->range->description());
     if (!text.isEmpty())
@@ -216,7 +232,7 @@ void QTabJournal::showNoRows()
 
 void QTabJournal::tellEmpty()
 {
-    const bool isNarrowed = m_asked.hasDays() || !m_asked.number.isEmpty() ||
+    const bool isNarrowed = !narrowing().isEmpty() || m_asked.hasDays() || !m_asked.number.isEmpty() ||
                             m_asked.place.group + m_asked.place.shop + m_asked.place.kass != 0;
     if (user()->groups().isEmpty())
         list()->setEmptyText(noGroupsHint());

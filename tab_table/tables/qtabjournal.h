@@ -44,7 +44,7 @@ public:
 public slots:
     /// What has that number, from the newest on; all for an empty text.
     void seerch(const QString &text);
-    void searchAgain();
+    void searchAgain() override;
     void previousPage();
     void nextPage();
 
@@ -72,6 +72,7 @@ protected:
     void showRows(const QString &sql);
     void showNoRows();
     void rowsShown() override;
+    void clearFilter() override;
     void followRights() override;
     /// The page from where it begins; the first one with all that is newer by now.
     void loadAgain() override;

@@ -75,8 +75,16 @@ uint QTabKass::chosenShop() const
     return ui->cbShop->currentData().toUInt();
 }
 
+void QTabKass::clearFilter()
+{
+    QTab::clearFilter();
+    showEntries(ui->cbShop, {{tr("Магазин"), 0}});
+    fillShops();
+}
+
 void QTabKass::LoadData(unsigned int id_shop)
 {
+    showAll();
     {
         const QSignalBlocker holdGroup(ui->cbGroup);
         const QSignalBlocker holdShop(ui->cbShop);

@@ -39,13 +39,14 @@ protected:
     QString launchAddress(int row) const override;
     QString launchRefusal(int row) const override;
     LineState lineState(int row) const override;
+    void clearFilter() override;
     void followRights() override;
     std::unique_ptr<RecordDialog> makeEditor(QString *id) override;
 
 private:
     void buildFilter();
     void fillShops();
-    void searchAgain();
+    void searchAgain() override;
     QString placeCondition() const;
 
     std::unique_ptr<Ui::QTabKassFilter> ui;

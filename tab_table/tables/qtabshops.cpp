@@ -86,7 +86,8 @@ QString QTabShops::condition(const QString &text) const
     const QString field = QStringLiteral("shops.group_shop");
     QString where = QStringLiteral(" WHERE ");
     if (chosenGroup() == 0)
-        where += GetStrLstGroupFromPermis(user(), field, false);
+        // Whoever leads here may mean a shop of the group that stands for all.
+        where += GetStrLstGroupFromPermis(user(), field, !narrowing().isEmpty());
     else
         where += field + QLatin1Char('=') + QString::number(chosenGroup());
     const int state = ui->cbState->currentIndex();

@@ -204,10 +204,17 @@ void QTabTax::loadAgain()
     ShowData(false);
 }
 
+/// The first load may still be waiting for its task.
+void QTabTax::searchAgain()
+{
+    m_tasks.drop();
+    QTab::searchAgain();
+}
+
 void QTabTax::ShowData(bool isWritten)
 {
     if (isWritten) {
-        m_tasks.read([sql = query + filter](const Db &db) { return readTaxes(db, sql); },
+        m_tasks.read([sql = query + narrowed(filter)](const Db &db) { return readTaxes(db, sql); },
                      [this](const std::optional<RowStore> &taxes) {
                          if (taxes)
                              refresh(*taxes);
@@ -217,7 +224,7 @@ void QTabTax::ShowData(bool isWritten)
     list()->expectLoad();
     m_tasks.read(&canCountTaxes, [this](bool canCount) {
         if (canCount)
-            list()->load(query + filter, {}, tr("Помилка запиту"));
+            list()->load(query + narrowed(filter), {}, tr("Помилка запиту"));
         else
             list()->clearAfterFailure();
     });

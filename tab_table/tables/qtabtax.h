@@ -49,6 +49,7 @@ public slots:
     /// Reads the groups again. isWritten: because one was written; the rows stay where they are then, and the
     /// one that is edited as it is.
     void ShowData(bool isWritten);
+    void searchAgain() override;
     void Add() override;
 
 protected:

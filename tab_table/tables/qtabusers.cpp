@@ -83,8 +83,7 @@ void QTabUsers::buildFilter()
     fillGroups();
     buildCardMenu();
     for (const QComboBox *box : {ui->cbPremission, ui->cbEntry})
-        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this,
-                [this] { seerch(ui->leSearch->text()); });
+        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this, [this] { searchAgain(); });
 }
 
 void QTabUsers::buildCardMenu()
@@ -100,7 +99,7 @@ void QTabUsers::fillGroups()
     fillFilter(ui->cbPremission, QStringLiteral("SELECT name,id FROM group_premission ORDER BY name"),
                tr("Усі"), [this](bool isKept) {
                    if (!isKept)
-                       seerch(ui->leSearch->text());
+                       searchAgain();
                });
 }
 
@@ -115,7 +114,7 @@ void QTabUsers::followRights()
 {
     showByRights();
     fillGroups();
-    seerch(ui->leSearch->text());
+    searchAgain();
 }
 
 /// A scanned card finds its user, where keys are shown.
@@ -125,6 +124,11 @@ QString QTabUsers::wordsCondition() const
     if (user()->mayEdit(Permission::Users))
         places.append(QStringLiteral("CONCAT(%1,users.key_prem)").arg(lit(settings()->prefIdentify())));
     return QLatin1Char('(') + places.join(QStringLiteral(" LIKE %1 OR ")) + QStringLiteral(" LIKE %1)");
+}
+
+void QTabUsers::searchAgain()
+{
+    seerch(ui->leSearch->text());
 }
 
 void QTabUsers::seerch(const QString &text)

@@ -24,6 +24,7 @@ public:
 public slots:
     /// Lists those in whom every word is found, narrowed by the filter.
     void seerch(const QString &text);
+    void searchAgain() override;
     /// Shows the cards of the selected users as they are printed.
     void printCards();
     void saveCards();
