@@ -72,6 +72,15 @@ void QNTableView::setMainColumn(int column, int leastWidth)
 }
 
 /// Only with the window: a border that somebody drags stays where it is put.
+/// An editor that goes while a dialog is in front would leave the focus to the widget behind the list.
+void QNTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const QWidget *focus = window()->focusWidget();
+    if (editor != nullptr && focus != nullptr && (focus == editor || editor->isAncestorOf(focus)))
+        setFocus();
+    QTableView::closeEditor(editor, hint);
+}
+
 void QNTableView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
