@@ -8,6 +8,7 @@
 namespace Ui {
 class QManInvoicesFilter;
 }
+class TypingPause;
 class InvoiceDialog;
 class QSplitter;
 

@@ -5,8 +5,8 @@
 #include "csvtext.h"
 #include "db.h"
 #include "ean13.h"
+#include "listfilter.h"
 #include "listpane.h"
-#include "narrowbar.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
@@ -16,7 +16,6 @@
 #include "qtabdelegate.h"
 #include "qupdatebd.h"
 #include "recorddialog.h"
-#include "typingpause.h"
 #include "waitnote.h"
 
 #include <QComboBox>
@@ -24,8 +23,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QShortcut>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -57,8 +54,8 @@ QTab::~QTab()
         m_editor->done(QDialog::Rejected);
     if (m_delegate != nullptr)
         m_delegate->blockSignals(true);
-    // The search field is left on the way out.
-    delete m_typing;
+    // Before the search field, which is left on the way out.
+    delete m_filter;
 }
 
 void QTab::buildList(QLayout *layout)
@@ -67,6 +64,8 @@ void QTab::buildList(QLayout *layout)
     m_list->open(m_db, m_user, m_receiver);
     layout->addWidget(m_list);
     setLayout(layout);
+    m_filter = new ListFilter(m_list, this);
+    connect(m_filter, &ListFilter::showAllWanted, this, &QTab::showAll);
     setFocusProxy(m_list);
     view()->installEventFilter(this);
     connect(view(), &QNTableView::doubleClicked, this, [this](const QModelIndex &index) { Edit(index); });
@@ -103,96 +102,35 @@ QRowModel *QTab::model() const
 
 void QTab::setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find)
 {
-    m_search = field;
-    m_typing = new TypingPause(this);
-    m_typing->follow(field);
-    connect(m_typing, &TypingPause::ended, this, [field, find] { find(field->text()); });
-    setFocusProxy(field);
-    leadIntoList();
-    field->installEventFilter(this);
-    auto *shortcut =
-        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, field, [field] {
-        field->setFocus(Qt::ShortcutFocusReason);
-        field->selectAll();
-    });
-}
-
-/// Tab would never get to a list that was made before the filter, as the tab itself sends the keyboard to the
-/// filter: who gets a parent is the last one that Tab leads to.
-void QTab::leadIntoList()
-{
-    auto *rows = static_cast<QVBoxLayout *>(layout());
-    const int place = rows->indexOf(m_list);
-    m_list->setParent(nullptr);
-    rows->insertWidget(place, m_list);
+    m_filter->setSearchField(field, find);
 }
 
 void QTab::addSearch(const QString &condition, const QString &what)
 {
-    QWidget *bar = addFilterBar();
-    auto *line = new QHBoxLayout(bar);
-    line->setContentsMargins(0, 0, 0, 0);
-    auto *label = new QLabel(tr("По&шук:"), bar);
-    auto *field = new QLineEdit(bar);
-    field->setObjectName(QStringLiteral("leSearch"));
-    field->setPlaceholderText(what);
-    field->setClearButtonEnabled(true);
-    label->setBuddy(field);
-    line->addWidget(label);
-    line->addWidget(field, 1);
-    setSearchField(field, [this, condition](const QString &text) { findWords(condition, text); });
+    QLineEdit *field = m_filter->addSearchBar(what);
+    setSearchField(field, [=](const QString &) { findWords(condition, field); });
 }
 
 /// The rows go: a name that is being typed in one of them is stored first.
-void QTab::findWords(const QString &condition, const QString &text)
+void QTab::findWords(const QString &condition, const QLineEdit *field)
 {
-    if (m_delegate != nullptr &&
-        !m_delegate->settle([this, condition] { findWords(condition, m_search->text()); }))
+    if (m_delegate != nullptr && !m_delegate->settle([=] { findWords(condition, field); }))
         return;
-    const QString words = likeWords(condition, text);
+    const QString words = likeWords(condition, field->text());
     search(words.isEmpty() ? words : QStringLiteral(" WHERE ") + words);
 }
 
 bool QTab::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::KeyPress)
+    if (watched != view() || event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
-    if (watched == view() && m_delegate != nullptr &&
-        m_delegate->keepsForRow(static_cast<const QKeyEvent &>(*event)))
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    if ((m_delegate != nullptr && m_delegate->keepsForRow(key)) || m_filter->takesScan(key))
         return true;
-    if (watched == view() && takesScan(static_cast<const QKeyEvent &>(*event)))
-        return true;
-    const int key = static_cast<QKeyEvent *>(event)->key();
-    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (watched == view() && isEnter)
-        Edit();
-    else if (watched == m_search && (isEnter || key == Qt::Key_Down))
-        enterList();
-    else if (watched == m_search && key == Qt::Key_Escape)
-        m_search->clear();
-    else
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter)
         return QWidget::eventFilter(watched, event);
+    Edit();
     return true;
-}
-
-/// The search has led into the list, and the next code comes there: it is searched for, too, instead of
-/// opening the record of the one before.
-bool QTab::takesScan(const QKeyEvent &key)
-{
-    m_pace.take(key);
-    if (m_search == nullptr || ScanPace::kindOf(key) != ScanPace::End || !m_pace.isCode())
-        return false;
-    m_search->setText(m_pace.code());
-    enterList();
-    return true;
-}
-
-/// What has been typed is searched first.
-void QTab::enterList()
-{
-    m_typing->end();
-    m_list->enter();
 }
 
 void QTab::connectDelegate()
@@ -261,7 +199,7 @@ void QTab::run(Command command)
 
 bool QTab::isLoading() const
 {
-    return m_list->isLoading() || m_tasks.isWaiting() || (m_typing != nullptr && m_typing->isRunning());
+    return m_list->isLoading() || m_tasks.isWaiting() || m_filter->isTyping();
 }
 
 QString QTab::statement() const
@@ -271,12 +209,17 @@ QString QTab::statement() const
 
 QString QTab::narrowed(const QString &filter) const
 {
-    const QString where = QStringLiteral(" WHERE ");
-    if (narrowing().isEmpty())
-        return filter;
-    const QString condition = where + QLatin1Char('(') + narrowing() + QLatin1Char(')');
-    return filter.startsWith(where) ? condition + QStringLiteral(" AND ") + filter.mid(where.size())
-                                    : condition + filter;
+    return m_filter->narrowed(filter);
+}
+
+const QString &QTab::narrowing() const
+{
+    return m_filter->narrowing().condition;
+}
+
+const QString &QTab::narrowingWords() const
+{
+    return m_filter->narrowing().words;
 }
 
 void QTab::goTo(const Destination &destination)
@@ -297,35 +240,19 @@ void QTab::showAll()
 
 void QTab::narrow(const Destination &destination)
 {
-    m_narrowing = destination;
-    if (m_narrowBar == nullptr) {
-        m_narrowBar = new NarrowBar(this);
-        static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_narrowBar);
-        connect(m_narrowBar, &NarrowBar::showAllWanted, this, &QTab::showAll);
-    }
-    m_narrowBar->tell(destination.words);
+    m_filter->narrow(destination);
     searchAgain();
 }
 
 void QTab::clearFilter()
 {
-    if (m_filterBar == nullptr)
-        return;
-    // Those within its own bars say how the list comes, not what.
-    for (QLineEdit *field : m_filterBar->findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
-        const QSignalBlocker hold(field);
-        field->clear();
-    }
-    for (QComboBox *box : m_filterBar->findChildren<QComboBox *>(QString(), Qt::FindDirectChildrenOnly)) {
-        const QSignalBlocker hold(box);
-        box->setCurrentIndex(0);
-    }
+    m_filter->clear();
 }
 
 /// A tab with a search field and nothing else in its filter has no filter when that is empty.
 void QTab::searchAgain()
 {
-    if (m_search != nullptr && m_search->text().isEmpty())
+    if (m_filter->isSearchEmpty())
         filter.clear();
     search(filter);
 }
@@ -350,8 +277,7 @@ void QTab::ShowData(int limit)
 void QTab::search(const QString &newFilter)
 {
     filter = newFilter;
-    if (m_typing != nullptr)
-        m_typing->drop();
+    m_filter->dropTyping();
     tellEmptyText();
     m_list->load(statement());
 }
@@ -364,8 +290,8 @@ void QTab::reload()
     }
     if (m_list->isLoading())
         return;
-    if (m_typing != nullptr && m_typing->isRunning())
-        return m_typing->end();
+    if (m_filter->isTyping())
+        return m_filter->endTyping();
     loadAgain();
     m_list->keepPlace();
 }
@@ -377,9 +303,7 @@ void QTab::loadAgain()
 
 void QTab::tellEmptyText()
 {
-    m_conditions = m_filterWords.of(m_filterBar);
-    if (!narrowing().isEmpty())
-        m_conditions.prepend(m_narrowing.words);
+    m_conditions = m_filter->words();
     m_list->setEmptyText(m_conditions.isEmpty() ? tr("Немає записів")
                                                 : tr("За цими умовами нічого не знайдено."));
 }
@@ -673,10 +597,7 @@ void QTab::setColumns(const QVector<Column> &columns)
 
 QWidget *QTab::addFilterBar()
 {
-    m_filterBar = new QWidget(this);
-    m_filterBar->setObjectName(QStringLiteral("filterBar"));
-    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_filterBar);
-    return m_filterBar;
+    return m_filter->addBar();
 }
 
 int QTab::CSEAN13(const QString &code, int len)

@@ -3,10 +3,8 @@
 #include "columns.h"
 #include "dbtasks.h"
 #include "destination.h"
-#include "filterwords.h"
 #include "page.h"
 #include "rowstore.h"
-#include "scanpace.h"
 
 #include <QHash>
 #include <QModelIndex>
@@ -19,8 +17,8 @@
 #include <optional>
 
 class Db;
+class ListFilter;
 class ListPane;
-class NarrowBar;
 class QAbstractItemModel;
 class QComboBox;
 class QLineEdit;
@@ -32,7 +30,6 @@ class QStandardItemModel;
 class QTabDelegate;
 class QTableView;
 class RecordDialog;
-class TypingPause;
 class WaitNote;
 class setting;
 struct CsvForm;
@@ -154,8 +151,7 @@ protected:
     void setColumns(const QVector<Column> &columns);
     /// A row of filter widgets above the grid.
     QWidget *addFilterBar();
-    /// The field that searches the list, and what searches for its text: it has the focus when the tab is
-    /// opened, Ctrl+F goes to it, Esc clears it, Enter and Down go on into the list.
+    /// The field that searches the list, and what searches for its text: ListFilter::setSearchField().
     void setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find);
     /// For tabs whose query has no WHERE: a field above the list that narrows it to the rows in which every
     /// word that is typed is found, wherever the condition looks for it ("tax.name LIKE %1", as for
@@ -166,8 +162,8 @@ protected:
     /// Reloads query + filter without blocking the window; what an older search finds is dropped.
     void search(const QString &filter);
     /// Of another page's wish: a condition, or empty.
-    const QString &narrowing() const { return m_narrowing.condition; }
-    const QString &narrowingWords() const { return m_narrowing.words; }
+    const QString &narrowing() const;
+    const QString &narrowingWords() const;
     /// A filter (" WHERE …", " GROUP BY …" or empty) that admits only what the list is narrowed to.
     QString narrowed(const QString &filter) const;
     /// Empties what stands in the filter, without a search.
@@ -210,10 +206,7 @@ protected:
 
 private:
     void buildList(QLayout *layout);
-    void leadIntoList();
-    void enterList();
-    void findWords(const QString &condition, const QString &text);
-    bool takesScan(const QKeyEvent &key);
+    void findWords(const QString &condition, const QLineEdit *field);
     void openEditor(const QString &id);
     void showRecord(const RowStore &records, const QModelIndex &index, bool isNew);
     void followUnclear();
@@ -229,16 +222,13 @@ private:
     QLoadedUser *m_user;
     QSqlDatabase *m_db;
     ListPane *m_list = nullptr;
+    ListFilter *m_filter = nullptr;
     QObject *m_receiver;
     QTabDelegate *m_delegate;
     DbTasks m_tasks;
     /// How often each box of the filter was filled: the newest counts.
     QHash<const QComboBox *, int> m_fillings;
     QPointer<RecordDialog> m_editor;
-    QWidget *m_filterBar = nullptr;
-    FilterWords m_filterWords;
-    Destination m_narrowing;
-    NarrowBar *m_narrowBar = nullptr;
     /// Of the rows that were asked for last.
     QStringList m_conditions;
     /// A record was to be added while the rows were still on their way.
@@ -246,8 +236,4 @@ private:
     /// The row that is being added.
     QPersistentModelIndex m_added;
     WaitNote *m_note = nullptr;
-    QLineEdit *m_search = nullptr;
-    TypingPause *m_typing = nullptr;
-    /// Of the keys in the list.
-    ScanPace m_pace;
 };

@@ -5,6 +5,7 @@
 namespace Ui {
 class QTabClientsFilter;
 }
+class TypingPause;
 class CardReceipts;
 class QSplitter;
 class QueryOwner;

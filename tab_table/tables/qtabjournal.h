@@ -6,6 +6,7 @@
 namespace Ui {
 class QTabJournalFilter;
 }
+class TypingPause;
 
 /// Which rows of a journal are wanted.
 struct JournalAsked
