@@ -1,0 +1,365 @@
+#include "qoverview.h"
+#include "ui_qoverview.h"
+
+#include "firststepsview.h"
+#include "money.h"
+#include "overviewmodel.h"
+#include "permissions.h"
+#include "qloadeduser.h"
+#include "qmessevent.h"
+#include "queryservice.h"
+#include "sqldate.h"
+
+#include <QHeaderView>
+#include <QLocale>
+#include <QSortFilterProxyModel>
+#include <QSqlDatabase>
+
+namespace {
+std::chrono::milliseconds refreshTime{60000};
+const int ticksEachRefresh = 20;
+
+/// Where the user is in the tree, to be found again after its rows were replaced.
+struct TreePlace
+{
+    DbId shop = 0;
+    DbId kass = 0;
+    int column = 0;
+};
+} // namespace
+
+QOverview::QOverview(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::QOverview>())
+    , m_user(user)
+    , m_receiver(receiver)
+    , m_model(new OverviewModel(this))
+    , m_sorted(new QSortFilterProxyModel(this))
+    , m_steps(new FirstStepsView(user, this))
+    , m_chainQuery(new QueryOwner(db->connectionName(), this))
+    , m_countQuery(new QueryOwner(db->connectionName(), this))
+{
+    ui->setupUi(this);
+    ui->stepsRows->addWidget(m_steps);
+    buildTree();
+    buildChart();
+    // A long one does not take the last connection from those who search.
+    m_countQuery->setLong(true);
+    connect(m_chainQuery, &QueryOwner::answered, this, &QOverview::takeChain);
+    connect(m_countQuery, &QueryOwner::answered, this, &QOverview::takeCounts);
+    connect(m_steps, &FirstStepsView::stepWanted, this, &QOverview::stepWanted);
+    connect(ui->attention, &AttentionList::wanted, this, &QOverview::wanted);
+    connect(user, &QLoadedUser::rightsChanged, this, &QOverview::followRights);
+    connect(&m_tick, &QTimer::timeout, this, &QOverview::refreshWhenDue);
+    m_tick.start(refreshTime / ticksEachRefresh);
+    followRights();
+}
+
+QOverview::~QOverview() = default;
+
+void QOverview::setRefreshTime(std::chrono::milliseconds time)
+{
+    refreshTime = time;
+}
+
+void QOverview::buildTree()
+{
+    m_sorted->setSourceModel(m_model);
+    m_sorted->setSortRole(OverviewModel::sortRole);
+    m_sorted->setSortLocaleAware(true);
+    ui->tree->setModel(m_sorted);
+    ui->tree->sortByColumn(OverviewModel::Name, Qt::AscendingOrder);
+    setFocusProxy(ui->tree);
+    const int letter = fontMetrics().averageCharWidth();
+    const int widths[OverviewModel::ColumnCount] = {34, 24, 28, 14, 14, 14, 8, 12, 13};
+    for (int column = 0; column < OverviewModel::ColumnCount; ++column)
+        ui->tree->setColumnWidth(column, widths[column] * letter);
+    ui->tree->header()->setStretchLastSection(false);
+    ui->splitterLists->setStretchFactor(0, 3);
+    ui->splitterLists->setStretchFactor(1, 1);
+    connect(ui->tree, &OverviewTree::opened, this, &QOverview::openCell);
+}
+
+void QOverview::buildChart()
+{
+    ui->chart->offerBars();
+    ui->splitter->setStretchFactor(0, 3);
+    ui->splitter->setStretchFactor(1, 1);
+    connect(ui->chart, &TurnoverChart::currentChanged, this, &QOverview::showDay);
+    connect(ui->chart, &TurnoverChart::barOpened, this, &QOverview::openDay);
+}
+
+Commands QOverview::commands() const
+{
+    return {{Command::Reload, QString()}};
+}
+
+void QOverview::run(Command command)
+{
+    if (command == Command::Reload)
+        refresh();
+}
+
+bool QOverview::isLoading() const
+{
+    return m_chainQuery->isWaiting() || m_countQuery->isWaiting();
+}
+
+/// Money for who may see the Z-reports, connections for who may see the on-line statistics.
+void QOverview::followRights()
+{
+    const bool maySeeSums = m_user->maySee(Permission::ZReports);
+    const bool maySeeLines = m_user->maySee(Permission::Online);
+    for (int column = OverviewModel::Shift; column < OverviewModel::ColumnCount; ++column)
+        ui->tree->setColumnHidden(column, !maySeeSums);
+    ui->tree->setColumnHidden(OverviewModel::Line, !maySeeLines);
+    ui->sideChart->setVisible(maySeeSums);
+    if (m_user->isLoaded())
+        refresh();
+}
+
+void QOverview::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // The steps of a new chain follow what was done in the other pages.
+    if (ui->stack->currentWidget() == ui->pageSteps && !isLoading())
+        refresh();
+    else
+        refreshWhenDue();
+}
+
+void QOverview::refreshWhenDue()
+{
+    const bool isSeen = isVisible() && !window()->isMinimized();
+    if (isSeen && !isLoading() && m_age.hasExpired(refreshTime.count()))
+        refresh();
+}
+
+void QOverview::refresh()
+{
+    m_age.start();
+    m_askedDay = QDate::currentDate();
+    m_countQuery->cancel();
+    ui->labelState->setText(tr("Читається…"));
+    m_chainQuery->ask({placesSql(*m_user), shiftsSql(*m_user, m_askedDay.addDays(1 - drawnDays))});
+}
+
+void QOverview::tellFailure(const QueryAnswer &answer)
+{
+    postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer.error, answer.kind);
+    ui->labelState->setText(tr("Не вдалося прочитати; показано те, що було раніше. F5 – прочитати знову."));
+}
+
+void QOverview::takeChain(const std::shared_ptr<QueryAnswer> &answer)
+{
+    if (!answer->error.isEmpty())
+        return tellFailure(*answer);
+    ChainState chain = chainState(answer->results.at(0), answer->results.at(1), m_askedDay);
+    // Until the receipts are read anew.
+    if (chain.isTuned)
+        addReceiptTimes(&chain, m_counted.times);
+    show(chain);
+    if (!chain.steps.areOpen())
+        m_countQuery->ask({countsSql(*m_user, chain)});
+    ui->labelState->setText(tr("Прочитано о %1, далі щохвилини; F5 – зараз.")
+                                .arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss"))));
+    emit shown();
+}
+
+void QOverview::takeCounts(const std::shared_ptr<QueryAnswer> &answer)
+{
+    if (!answer->error.isEmpty())
+        return tellFailure(*answer);
+    m_counted = countedOf(answer->results.at(0));
+    ChainState chain = m_model->chain();
+    addReceiptTimes(&chain, m_counted.times);
+    showTree(chain);
+    showAttention();
+}
+
+void QOverview::show(const ChainState &chain)
+{
+    m_steps->setSteps(chain.steps);
+    ui->stack->setCurrentWidget(chain.steps.areOpen() ? ui->pageSteps : ui->pageChain);
+    ui->labelTuning->setVisible(!chain.isTuned);
+    ui->tree->setColumnHidden(OverviewModel::LastReceipt,
+                              !chain.isTuned || !m_user->maySee(Permission::ZReports));
+    showTree(chain);
+    showSums();
+    showAttention();
+    showChart();
+}
+
+void QOverview::showTree(const ChainState &chain)
+{
+    const QModelIndex current = m_sorted->mapToSource(ui->tree->currentIndex());
+    TreePlace place;
+    if (const ShopState *shop = m_model->shopAt(current)) {
+        const RegisterState *reg = m_model->registerAt(current);
+        place = {shop->id, reg == nullptr ? 0 : reg->id, current.column()};
+    }
+    QSet<DbId> unfolded;
+    for (int row = 0; row < m_sorted->rowCount(); ++row) {
+        const QModelIndex shop = m_sorted->index(row, 0);
+        if (ui->tree->isExpanded(shop))
+            unfolded.insert(m_model->shopAt(m_sorted->mapToSource(shop))->id);
+    }
+    m_model->setChain(chain, databaseNow());
+    for (const DbId shop : unfolded)
+        ui->tree->setExpanded(m_sorted->mapFromSource(m_model->indexOf(shop, 0)), true);
+    if (ui->tree->currentIndex().isValid())
+        return;
+    QModelIndex wanted = m_model->indexOf(place.shop, place.kass);
+    if (!wanted.isValid())
+        wanted = m_model->indexOf(place.shop, 0);
+    const QModelIndex found = m_sorted->mapFromSource(wanted.siblingAtColumn(place.column));
+    ui->tree->setCurrentIndex(found.isValid() ? found : m_sorted->index(0, 0));
+}
+
+void QOverview::showSums()
+{
+    const ChainState &chain = m_model->chain();
+    const StateSums sums = sumsOf(chain);
+    QStringList words = {tr("Магазинів: %1").arg(chain.shops.size())};
+    if (m_user->maySee(Permission::Online))
+        words.append(tr("кас на зв'язку: %1 з %2").arg(sums.onLine).arg(sums.registers));
+    if (m_user->maySee(Permission::ZReports)) {
+        words.append(tr("відкритих змін: %1").arg(sums.shifts));
+        words.append(tr("у них: %1").arg(moneyShown(sums.turnover)));
+        words.append(tr("закрито сьогодні: %1").arg(moneyShown(sums.closedToday)));
+        words.append(tr("тиждень тому: %1").arg(moneyShown(sums.weekAgo)));
+    }
+    ui->labelSums->setText(words.join(QStringLiteral("  ·  ")));
+    ui->labelSums->setVisible(!chain.steps.areOpen());
+}
+
+void QOverview::showAttention()
+{
+    ui->attention->setEntries(attentionOf(*m_user, m_model->chain(), m_counted, databaseNow()));
+}
+
+void QOverview::showChart()
+{
+    QVector<TurnoverBar> bars;
+    for (const DayState &day : m_model->chain().days)
+        bars.append({day.day.toString(QStringLiteral("dd.MM.yyyy")),
+                     day.day.toString(QStringLiteral("dd.MM")), day.turnover});
+    ui->chart->setBars(bars);
+    showDay(ui->chart->currentBar());
+}
+
+/// What the keys have chosen is told in words, too.
+void QOverview::showDay(int bar)
+{
+    QString words = tr("Оборот за останні %1 днів").arg(drawnDays);
+    if (bar >= 0 && bar < m_model->chain().days.size()) {
+        const DayState &day = m_model->chain().days.at(bar);
+        words += QStringLiteral(": ") +
+                 tr("%1 – %2, змін: %3")
+                     .arg(QLocale().toString(day.day, QStringLiteral("ddd dd.MM")), moneyShown(day.turnover))
+                     .arg(day.shifts);
+        if (day.day == m_model->chain().today)
+            words += tr(" (разом з відкритими)");
+    }
+    ui->labelChart->setText(words);
+}
+
+/// The shifts that are open there: the receipts of a single one, else those shifts in the table.
+Destination QOverview::shiftsOf(const QModelIndex &cell) const
+{
+    const RegisterState *reg = m_model->registerAt(cell);
+    QVector<ShiftState> open;
+    for (const RegisterState &one : m_model->shopAt(cell)->registers) {
+        if (reg == nullptr || reg->id == one.id)
+            open += one.open;
+    }
+    Destination destination;
+    if (open.isEmpty())
+        return destination;
+    if (open.size() == 1 && m_user->maySee(Permission::Cheks)) {
+        destination.action = QStringLiteral("mz_cheks");
+        destination.origin.shop = open.constFirst().shop;
+        destination.origin.kass = open.constFirst().key.first;
+        destination.origin.zFrom = destination.origin.zTo = QString::number(open.constFirst().key.second);
+    } else if (m_user->maySee(Permission::ZZvit)) {
+        QVector<ShiftKey> keys;
+        for (const ShiftState &shift : qAsConst(open))
+            keys.append(shift.key);
+        destination.action = QStringLiteral("mt_z_zvits");
+        destination.condition = shiftsCondition(keys);
+        destination.words = tr("Відкриті зміни: %1").arg(m_model->shopAt(cell)->address);
+    }
+    return destination;
+}
+
+Destination QOverview::closedOn(const QModelIndex &cell, const QDate &day) const
+{
+    const RegisterState *reg = m_model->registerAt(cell);
+    Destination destination;
+    destination.action = QStringLiteral("mz_zzvit");
+    destination.origin.shop = m_model->shopAt(cell)->id;
+    destination.origin.kass = reg == nullptr ? 0 : reg->id;
+    destination.origin.firstDay = destination.origin.lastDay = day;
+    return destination;
+}
+
+Destination QOverview::destinationOf(const QModelIndex &cell) const
+{
+    const RegisterState *reg = m_model->registerAt(cell);
+    Destination destination;
+    switch (cell.column()) {
+    case OverviewModel::Name:
+        if (reg != nullptr && m_user->maySee(Permission::Kassa)) {
+            destination.action = QStringLiteral("mt_kass");
+            destination.condition = idsCondition(QStringLiteral("kassa.id"), {reg->id});
+            destination.words = reg->name;
+        }
+        return destination;
+    case OverviewModel::Line:
+        destination.action = QStringLiteral("mz_StatisticOnLine");
+        destination.origin.shop = m_model->shopAt(cell)->id;
+        return destination;
+    case OverviewModel::ClosedToday:
+        return closedOn(cell, m_model->chain().today);
+    case OverviewModel::WeekAgo:
+        return closedOn(cell, m_model->chain().today.addDays(-7));
+    default:
+        return shiftsOf(cell);
+    }
+}
+
+void QOverview::openCell(const QModelIndex &cell)
+{
+    const QModelIndex source = m_sorted->mapToSource(cell);
+    if (!source.isValid())
+        return;
+    const Destination destination = destinationOf(source);
+    const QModelIndex row = cell.siblingAtColumn(0);
+    if (!destination.action.isEmpty())
+        emit wanted(destination);
+    else if (cell.column() == OverviewModel::Name)
+        ui->tree->setExpanded(row, !ui->tree->isExpanded(row));
+}
+
+/// The table of shifts holds the open ones, too, which are counted among those of today.
+void QOverview::openDay(int bar)
+{
+    if (bar < 0 || bar >= m_model->chain().days.size())
+        return;
+    const QDate day = m_model->chain().days.at(bar).day;
+    const QString dayWords = day.toString(QStringLiteral("dd.MM.yyyy"));
+    Destination destination;
+    if (m_user->maySee(Permission::ZZvit)) {
+        destination.action = QStringLiteral("mt_z_zvits");
+        destination.condition =
+            QStringLiteral("(z_zvit.data_time>=%1 AND z_zvit.data_time<=%2%3)")
+                .arg(sqlDayStart(day), sqlDayEnd(day),
+                     day == m_model->chain().today ? QStringLiteral(" OR z_zvit.data_time=0") : QString());
+        destination.words = day == m_model->chain().today ? tr("Зміни за %1 і відкриті").arg(dayWords)
+                                                          : tr("Зміни за %1").arg(dayWords);
+    } else {
+        destination.action = QStringLiteral("mz_zzvit");
+        destination.origin.firstDay = destination.origin.lastDay = day;
+    }
+    emit wanted(destination);
+}
