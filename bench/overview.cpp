@@ -9,8 +9,9 @@ namespace {
 const int shops = 60;
 const int registers = 300;
 const int shiftsEach = 360;
+const int linesEach = 700;
 
-/// A year of shifts, every register's last one still open, and the connections of a month.
+/// A year of shifts, every register's last one still open, and the connections of half a year.
 void fillChain(const Bench &bench)
 {
     const QString today = QDate::currentDate().toString(QStringLiteral("yyyyMMdd"));
@@ -18,29 +19,47 @@ void fillChain(const Bench &bench)
                                "CONCAT('просп. Довгий, ',seq),1,0 FROM seq_1_to_%1")
                     .arg(shops));
     exec(bench,
-         QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 3000+seq,2001+seq%%1,"
+         QStringLiteral("INSERT INTO kassa(id,id_shop,advertising_str,block) SELECT 3000+seq,2001+seq MOD %1,"
                         "CONCAT('Каса ',seq),0 FROM seq_1_to_%2")
              .arg(shops)
              .arg(registers));
-    exec(bench,
-         QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,cash,Oborot_A,count_cheks,"
-                        "data_time) SELECT 1+seq DIV %1,2001+(1+seq%%1)%%2,3001+seq%%1,1,seq*7919%900000,"
-                        "seq*7919%900000,90+seq%50,IF(seq DIV %1=%3-1,0,ADDTIME(DATE_SUB(%4,INTERVAL "
-                        "%3-1-seq DIV %1 DAY),'21:00:00')) FROM seq_0_to_%5")
-             .arg(registers)
-             .arg(shops)
-             .arg(shiftsEach)
-             .arg(today)
-             .arg(registers * shiftsEach - 1));
-    exec(bench,
-         QStringLiteral("INSERT INTO onoffline(id_shop,id_kass,onoff,dt_start,dt_end) SELECT "
-                        "2001+(1+seq%%1)%%2,3001+seq%%1,1-seq DIV %1%2,DATE_SUB(%3,INTERVAL 90-seq DIV %1 "
-                        "HOUR),IF(seq DIV %1=89,NULL,DATE_SUB(%3,INTERVAL 89-seq DIV %1 HOUR)) FROM "
-                        "seq_0_to_%4")
-             .arg(registers)
-             .arg(shops)
-             .arg(today)
-             .arg(registers * 90 - 1));
+    const auto addShifts = [&](const QString &time, int from, int to) {
+        exec(bench,
+             QStringLiteral("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,cash,Oborot_A,count_cheks,"
+                            "data_time) SELECT 1+seq DIV %1,2001+(1+seq MOD %1) MOD %2,3001+seq MOD %1,1,"
+                            "seq*7919 MOD 900000,seq*7919 MOD 900000,90+seq MOD 50,%3 FROM seq_%4_to_%5")
+                 .arg(registers)
+                 .arg(shops)
+                 .arg(time)
+                 .arg(from)
+                 .arg(to));
+    };
+    const int firstOpen = registers * (shiftsEach - 1);
+    addShifts(QStringLiteral("ADDTIME(DATE_SUB(%1,INTERVAL %2-seq DIV %3 DAY),'21:00:00')")
+                  .arg(today)
+                  .arg(shiftsEach - 1)
+                  .arg(registers),
+              0, firstOpen - 1);
+    addShifts(QStringLiteral("0"), firstOpen, firstOpen + registers - 1);
+    const auto addLines = [&](const QString &end, int from, int to) {
+        exec(bench, QStringLiteral("INSERT INTO onoffline(id_shop,id_kass,onoff,dt_start,dt_end) SELECT "
+                                   "2001+(1+seq MOD %1) MOD %2,3001+seq MOD %1,seq DIV %1 MOD 2,"
+                                   "DATE_SUB(%3,INTERVAL %4-seq DIV %1 HOUR),%5 FROM seq_%6_to_%7")
+                        .arg(registers)
+                        .arg(shops)
+                        .arg(today)
+                        .arg(linesEach)
+                        .arg(end)
+                        .arg(from)
+                        .arg(to));
+    };
+    const int lastLine = registers * (linesEach - 1);
+    addLines(QStringLiteral("DATE_SUB(%1,INTERVAL %2-seq DIV %3 HOUR)")
+                 .arg(today)
+                 .arg(linesEach - 1)
+                 .arg(registers),
+             0, lastLine - 1);
+    addLines(QStringLiteral("NULL"), lastLine, lastLine + registers - 1);
 }
 
 /// The overview in a window.

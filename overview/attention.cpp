@@ -60,20 +60,21 @@ QVector<AttentionEntry> attentionOf(const QLoadedUser &user, const ChainState &c
     append(&entries, user, registerTable, Texts::tr("Каси без зв'язку понад годину"), silent.size(),
            idsCondition(QStringLiteral("kassa.id"), silent));
     appendDisagreeing(&entries, user, chain);
-    const auto appendCount = [&](const Way &way, Count count, const QString &words) {
+    const auto appendCount = [&](const Way &way, Concern count, const QString &words) {
         append(&entries, user, way, words, counted.counts.at(static_cast<int>(count)),
                countCondition(count, chain.today));
     };
-    appendCount(stockTable, Count::NegativeStock, Texts::tr("Від'ємні залишки"));
-    appendCount(actionTable, Count::EndingActions, Texts::tr("Акції, що закінчуються сьогодні"));
-    appendCount(goodsTable, Count::UnpricedGoods, Texts::tr("Товари без ціни"));
-    appendCount(cardTable, Count::BlockedLevels, Texts::tr("Картки на заблокованому рівні"));
+    appendCount(stockTable, Concern::NegativeStock, Texts::tr("Від'ємні залишки"));
+    appendCount(actionTable, Concern::EndingActions, Texts::tr("Акції, що закінчуються сьогодні"));
+    appendCount(goodsTable, Concern::UnpricedGoods, Texts::tr("Товари без ціни"));
+    appendCount(cardTable, Concern::BlockedLevels, Texts::tr("Картки на заблокованому рівні"));
     return entries;
 }
 
 AttentionList::AttentionList(QWidget *parent) : QListWidget(parent)
 {
     setWordWrap(true);
+    setResizeMode(Adjust);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) { open(row(item)); });
 }
@@ -97,7 +98,7 @@ void AttentionList::setEntries(const QVector<AttentionEntry> &entries)
         font.setBold(entry.count > 0);
         item(i)->setFont(font);
     }
-    setCurrentRow(qBound(0, current, count() - 1));
+    setCurrentRow(qMin(current, count() - 1));
 }
 
 void AttentionList::open(int row)

@@ -31,10 +31,10 @@ private:
     int m_row;
 };
 
-RegisterState readRegister(const Row &row)
+OverviewRegister readRegister(const Row &row)
 {
     using namespace PlaceColumn;
-    RegisterState reg;
+    OverviewRegister reg;
     reg.id = row.id(Kass);
     reg.name = row.text(KassName);
     if (reg.name.isEmpty())
@@ -43,7 +43,7 @@ RegisterState readRegister(const Row &row)
     // "2026-03-01 08:00:00 1": the interval that was begun last counts.
     const QString line = row.text(Line);
     if (!line.isEmpty()) {
-        reg.line = line.endsWith(QLatin1Char('1')) ? RegisterState::Line::On : RegisterState::Line::Off;
+        reg.line = line.endsWith(QLatin1Char('1')) ? OverviewRegister::Line::On : OverviewRegister::Line::Off;
         reg.lineSince = databaseTime(line);
     }
     return reg;
@@ -67,10 +67,10 @@ void readPlaces(ChainState *chain, const RowStore &places)
     }
 }
 
-ShiftState readShift(const Row &row)
+OverviewShift readShift(const Row &row)
 {
     using namespace ShiftColumn;
-    ShiftState shift;
+    OverviewShift shift;
     shift.key = {row.id(Kass), row.id(Number)};
     shift.shop = row.id(Shop);
     shift.user = row.text(User).trimmed();
@@ -94,7 +94,7 @@ public:
     {
         for (int shop = 0; shop < chain->shops.size(); ++shop) {
             m_shops.insert(chain->shops.at(shop).id, shop);
-            const QVector<RegisterState> &registers = chain->shops.at(shop).registers;
+            const QVector<OverviewRegister> &registers = chain->shops.at(shop).registers;
             for (int reg = 0; reg < registers.size(); ++reg)
                 m_places.insert(registers.at(reg).id, {shop, reg});
         }
@@ -102,14 +102,14 @@ public:
 
     /// The register of a shift; made in the shift's shop when no shop has it; null when that is not seen
     /// either.
-    RegisterState *of(const ShiftState &shift)
+    OverviewRegister *of(const OverviewShift &shift)
     {
         const DbId kass = shift.key.first;
         if (!m_places.contains(kass)) {
             const int shop = m_shops.value(shift.shop, -1);
             if (shop < 0)
                 return nullptr;
-            RegisterState reg;
+            OverviewRegister reg;
             reg.id = kass;
             reg.name = QStringLiteral("№ %1").arg(kass);
             reg.isBlocked = true;
@@ -132,19 +132,19 @@ void makeDays(ChainState *chain)
         chain->days.append({chain->today.addDays(-back), 0, 0});
 }
 
-void addToDay(ChainState *chain, const ShiftState &shift)
+void addToDay(ChainState *chain, const OverviewShift &shift)
 {
     const QDate day = shift.isOpen() ? chain->today : shift.closed.date();
     const qint64 index = chain->days.constFirst().day.daysTo(day);
     // A register whose clock is ahead closes in days to come.
     if (index < 0 || index >= chain->days.size())
         return;
-    DayState &state = chain->days[static_cast<int>(index)];
+    OverviewDay &state = chain->days[static_cast<int>(index)];
     state.turnover += shift.turnover();
     ++state.shifts;
 }
 
-void addShift(ChainState *chain, RegisterState *reg, const ShiftState &shift)
+void addShift(ChainState *chain, OverviewRegister *reg, const OverviewShift &shift)
 {
     addToDay(chain, shift);
     if (!shift.isOpen() && shift.disagrees())
@@ -159,21 +159,21 @@ void addShift(ChainState *chain, RegisterState *reg, const ShiftState &shift)
         reg->weekAgo += shift.turnover();
 }
 
-bool isIdle(const RegisterState &reg)
+bool isIdle(const OverviewRegister &reg)
 {
     return reg.isBlocked && reg.open.isEmpty() && reg.weekAgo == 0 && reg.closedToday == 0;
 }
 
 void leaveOutIdle(ChainState *chain)
 {
-    for (ShopState &shop : chain->shops) {
-        QVector<RegisterState> &all = shop.registers;
+    for (OverviewShop &shop : chain->shops) {
+        QVector<OverviewRegister> &all = shop.registers;
         all.erase(std::remove_if(all.begin(), all.end(), isIdle), all.end());
     }
-    QVector<ShopState> &shops = chain->shops;
-    const auto isClosed = [](const ShopState &shop) {
+    QVector<OverviewShop> &shops = chain->shops;
+    const auto isClosed = [](const OverviewShop &shop) {
         return shop.isBlocked &&
-               std::all_of(shop.registers.begin(), shop.registers.end(), [](const RegisterState &reg) {
+               std::all_of(shop.registers.begin(), shop.registers.end(), [](const OverviewRegister &reg) {
                    return reg.open.isEmpty() && reg.weekAgo == 0 && reg.closedToday == 0;
                });
     };
@@ -189,7 +189,7 @@ ChainState chainState(const RowStore &places, const RowStore &shifts, const QDat
     makeDays(&chain);
     Registers registers(&chain);
     for (int i = 0; i < shifts.rowCount(); ++i) {
-        const ShiftState shift = readShift(Row(shifts, i));
+        const OverviewShift shift = readShift(Row(shifts, i));
         addShift(&chain, registers.of(shift), shift);
     }
     leaveOutIdle(&chain);
@@ -198,10 +198,10 @@ ChainState chainState(const RowStore &places, const RowStore &shifts, const QDat
 
 void addReceiptTimes(ChainState *chain, const ReceiptTimes &times)
 {
-    for (ShopState &shop : chain->shops) {
-        for (RegisterState &reg : shop.registers) {
+    for (OverviewShop &shop : chain->shops) {
+        for (OverviewRegister &reg : shop.registers) {
             reg.lastReceipt = times.last.value(reg.id);
-            for (ShiftState &shift : reg.open)
+            for (OverviewShift &shift : reg.open)
                 shift.begun = times.begun.value(shift.key);
         }
     }
@@ -225,10 +225,10 @@ void StateSums::add(const StateSums &other)
         lastReceipt = other.lastReceipt;
 }
 
-StateSums sumsOf(const RegisterState &reg)
+StateSums sumsOf(const OverviewRegister &reg)
 {
     StateSums sums;
-    for (const ShiftState &shift : reg.open) {
+    for (const OverviewShift &shift : reg.open) {
         sums.turnover += shift.turnover();
         sums.receipts += shift.receipts;
     }
@@ -237,14 +237,14 @@ StateSums sumsOf(const RegisterState &reg)
     sums.weekAgo = reg.weekAgo;
     sums.lastReceipt = reg.lastReceipt;
     sums.registers = reg.isBlocked ? 0 : 1;
-    sums.onLine = !reg.isBlocked && reg.line == RegisterState::Line::On ? 1 : 0;
+    sums.onLine = !reg.isBlocked && reg.line == OverviewRegister::Line::On ? 1 : 0;
     return sums;
 }
 
-StateSums sumsOf(const ShopState &shop)
+StateSums sumsOf(const OverviewShop &shop)
 {
     StateSums sums;
-    for (const RegisterState &reg : shop.registers)
+    for (const OverviewRegister &reg : shop.registers)
         sums.add(sumsOf(reg));
     return sums;
 }
@@ -252,16 +252,16 @@ StateSums sumsOf(const ShopState &shop)
 StateSums sumsOf(const ChainState &chain)
 {
     StateSums sums;
-    for (const ShopState &shop : chain.shops)
+    for (const OverviewShop &shop : chain.shops)
         sums.add(sumsOf(shop));
     return sums;
 }
 
-QVector<ShiftState> openShifts(const ChainState &chain)
+QVector<OverviewShift> openShifts(const ChainState &chain)
 {
-    QVector<ShiftState> shifts;
-    for (const ShopState &shop : chain.shops) {
-        for (const RegisterState &reg : shop.registers)
+    QVector<OverviewShift> shifts;
+    for (const OverviewShop &shop : chain.shops) {
+        for (const OverviewRegister &reg : shop.registers)
             shifts += reg.open;
     }
     return shifts;
@@ -270,7 +270,7 @@ QVector<ShiftState> openShifts(const ChainState &chain)
 QVector<ShiftKey> oldShifts(const ChainState &chain, const QDateTime &now)
 {
     QVector<ShiftKey> keys;
-    for (const ShiftState &shift : openShifts(chain)) {
+    for (const OverviewShift &shift : openShifts(chain)) {
         const QDateTime since = shift.begun.isValid() ? shift.begun : shift.closedBefore;
         if (since.isValid() && since.secsTo(now) > daySeconds)
             keys.append(shift.key);
@@ -281,9 +281,9 @@ QVector<ShiftKey> oldShifts(const ChainState &chain, const QDateTime &now)
 QVector<DbId> silentRegisters(const ChainState &chain, const QDateTime &now)
 {
     QVector<DbId> ids;
-    for (const ShopState &shop : chain.shops) {
-        for (const RegisterState &reg : shop.registers) {
-            if (!shop.isBlocked && !reg.isBlocked && reg.line == RegisterState::Line::Off &&
+    for (const OverviewShop &shop : chain.shops) {
+        for (const OverviewRegister &reg : shop.registers) {
+            if (!shop.isBlocked && !reg.isBlocked && reg.line == OverviewRegister::Line::Off &&
                 reg.lineSince.secsTo(now) >= hourSeconds)
                 ids.append(reg.id);
         }

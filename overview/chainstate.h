@@ -16,7 +16,7 @@ class RowStore;
 using ShiftKey = QPair<DbId, quint32>;
 
 /// A row of z_zvit.
-struct ShiftState
+struct OverviewShift
 {
     ShiftKey key;
     DbId shop = 0;
@@ -45,7 +45,7 @@ struct ShiftState
     bool disagrees() const { return sold - discount != paid || returned - returnedDiscount != paidBack; }
 };
 
-struct RegisterState
+struct OverviewRegister
 {
     enum class Line { Unknown, On, Off };
 
@@ -55,7 +55,7 @@ struct RegisterState
     Line line = Line::Unknown;
     QDateTime lineSince;
     /// Usually one.
-    QVector<ShiftState> open;
+    QVector<OverviewShift> open;
     /// Of the shifts closed today, and of those closed a week ago.
     qint64 closedToday = 0;
     qint64 weekAgo = 0;
@@ -63,15 +63,15 @@ struct RegisterState
     QDateTime lastReceipt;
 };
 
-struct ShopState
+struct OverviewShop
 {
     DbId id = 0;
     QString address;
     bool isBlocked = false;
-    QVector<RegisterState> registers;
+    QVector<OverviewRegister> registers;
 };
 
-struct DayState
+struct OverviewDay
 {
     QDate day;
     /// The shifts closed on that day; on the last day those that are still open, too.
@@ -124,9 +124,9 @@ struct ChainState
     /// Both optional indexes of the receipts stand.
     bool isTuned = false;
     /// By address; registers by name.
-    QVector<ShopState> shops;
+    QVector<OverviewShop> shops;
     /// The newest comes last.
-    QVector<DayState> days;
+    QVector<OverviewDay> days;
     /// Closed in these days.
     QVector<ShiftKey> disagreeing;
 };
@@ -141,12 +141,12 @@ ChainState chainState(const RowStore &places, const RowStore &shifts, const QDat
 /// Puts in what is known of the receipts.
 void addReceiptTimes(ChainState *chain, const ReceiptTimes &times);
 
-StateSums sumsOf(const RegisterState &reg);
-StateSums sumsOf(const ShopState &shop);
+StateSums sumsOf(const OverviewRegister &reg);
+StateSums sumsOf(const OverviewShop &shop);
 StateSums sumsOf(const ChainState &chain);
 
 /// Every open shift; every register that is not blocked.
-QVector<ShiftState> openShifts(const ChainState &chain);
+QVector<OverviewShift> openShifts(const ChainState &chain);
 /// The open shifts begun more than a day before now. Where the receipts tell nothing, those whose shift
 /// before was closed more than a day before.
 QVector<ShiftKey> oldShifts(const ChainState &chain, const QDateTime &now);

@@ -22,12 +22,8 @@ const Caption captions[OverviewModel::ColumnCount] = {
     {QT_TRANSLATE_NOOP("OverviewModel", "Магазин, каса"), ""},
     {QT_TRANSLATE_NOOP("OverviewModel", "Зв'язок"),
      QT_TRANSLATE_NOOP("OverviewModel", "Чи каса на зв'язку і відколи")},
-    {QT_TRANSLATE_NOOP("OverviewModel", "Відкрита зміна"),
-     QT_TRANSLATE_NOOP("OverviewModel", "Відколи відкрита зміна і хто в ній продає")},
     {QT_TRANSLATE_NOOP("OverviewModel", "Оборот зміни"),
      QT_TRANSLATE_NOOP("OverviewModel", "Продано у відкритих змінах, за відрахуванням знижок")},
-    {QT_TRANSLATE_NOOP("OverviewModel", "Закрито сьогодні"),
-     QT_TRANSLATE_NOOP("OverviewModel", "Оборот змін, які сьогодні вже закрито")},
     {QT_TRANSLATE_NOOP("OverviewModel", "Тиждень тому"),
      QT_TRANSLATE_NOOP("OverviewModel",
                        "Оборот усіх змін, закритих того ж дня тижня тиждень тому, за весь день")},
@@ -37,7 +33,16 @@ const Caption captions[OverviewModel::ColumnCount] = {
      QT_TRANSLATE_NOOP("OverviewModel", "Оборот відкритих змін на один чек")},
     {QT_TRANSLATE_NOOP("OverviewModel", "Останній чек"),
      QT_TRANSLATE_NOOP("OverviewModel", "Коли востаннє продано або повернуто")},
+    {QT_TRANSLATE_NOOP("OverviewModel", "Відкрита зміна"),
+     QT_TRANSLATE_NOOP("OverviewModel", "Відколи відкрита зміна і хто в ній продає")},
+    {QT_TRANSLATE_NOOP("OverviewModel", "Закрито сьогодні"),
+     QT_TRANSLATE_NOOP("OverviewModel", "Оборот змін, які сьогодні вже закрито")},
 };
+
+bool isNumber(int column)
+{
+    return column != OverviewModel::Name && column != OverviewModel::Line && column != OverviewModel::Shift;
+}
 
 qint64 secondsOf(const QDateTime &time)
 {
@@ -57,9 +62,11 @@ QString momentShown(const QDateTime &time, const QDate &today)
 
 bool OverviewModel::hasSameRows(const ChainState &chain) const
 {
-    const auto sameRegister = [](const RegisterState &a, const RegisterState &b) { return a.id == b.id; };
+    const auto sameRegister = [](const OverviewRegister &a, const OverviewRegister &b) {
+        return a.id == b.id;
+    };
     return std::equal(m_chain.shops.begin(), m_chain.shops.end(), chain.shops.begin(), chain.shops.end(),
-                      [&](const ShopState &a, const ShopState &b) {
+                      [&](const OverviewShop &a, const OverviewShop &b) {
                           return a.id == b.id &&
                                  std::equal(a.registers.begin(), a.registers.end(), b.registers.begin(),
                                             b.registers.end(), sameRegister);
@@ -83,7 +90,7 @@ void OverviewModel::setChain(const ChainState &chain, const QDateTime &now)
     }
 }
 
-const ShopState *OverviewModel::shopAt(const QModelIndex &index) const
+const OverviewShop *OverviewModel::shopAt(const QModelIndex &index) const
 {
     if (!index.isValid())
         return nullptr;
@@ -91,7 +98,7 @@ const ShopState *OverviewModel::shopAt(const QModelIndex &index) const
                                                      : static_cast<int>(index.internalId()) - 1);
 }
 
-const RegisterState *OverviewModel::registerAt(const QModelIndex &index) const
+const OverviewRegister *OverviewModel::registerAt(const QModelIndex &index) const
 {
     return index.isValid() && index.internalId() != 0 ? &shopAt(index)->registers.at(index.row()) : nullptr;
 }
@@ -99,7 +106,7 @@ const RegisterState *OverviewModel::registerAt(const QModelIndex &index) const
 QModelIndex OverviewModel::indexOf(DbId shop, DbId kass) const
 {
     for (int i = 0; i < m_chain.shops.size(); ++i) {
-        const ShopState &state = m_chain.shops.at(i);
+        const OverviewShop &state = m_chain.shops.at(i);
         if (state.id != shop)
             continue;
         if (kass == 0)
@@ -142,13 +149,13 @@ int OverviewModel::columnCount(const QModelIndex &parent) const
 
 StateSums OverviewModel::sumsAt(const QModelIndex &index) const
 {
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     return reg == nullptr ? sumsOf(*shopAt(index)) : sumsOf(*reg);
 }
 
 QString OverviewModel::lineShown(const QModelIndex &index) const
 {
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     if (reg == nullptr) {
         const StateSums sums = sumsAt(index);
         if (sums.registers == 0)
@@ -158,22 +165,22 @@ QString OverviewModel::lineShown(const QModelIndex &index) const
     }
     if (reg->isBlocked)
         return tr("заблокована");
-    if (reg->line == RegisterState::Line::Unknown)
+    if (reg->line == OverviewRegister::Line::Unknown)
         return tr("невідомо");
     const QString since = momentShown(reg->lineSince, m_chain.today);
-    return reg->line == RegisterState::Line::On ? QStringLiteral("✓ ") + tr("на зв'язку з %1").arg(since)
-                                                : QStringLiteral("✗ ") + tr("без зв'язку з %1").arg(since);
+    return reg->line == OverviewRegister::Line::On ? QStringLiteral("✓ ") + tr("на зв'язку з %1").arg(since)
+                                                   : QStringLiteral("✗ ") + tr("без зв'язку з %1").arg(since);
 }
 
 QString OverviewModel::shiftShown(const QModelIndex &index) const
 {
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     if (reg == nullptr) {
         const int open = sumsAt(index).shifts;
         return open == 0 ? QString() : tr("відкритих: %1").arg(open);
     }
     QStringList shifts;
-    for (const ShiftState &shift : reg->open) {
+    for (const OverviewShift &shift : reg->open) {
         QString since = tr("відкрита");
         if (shift.begun.isValid())
             since = tr("з %1").arg(momentShown(shift.begun, m_chain.today));
@@ -188,7 +195,7 @@ QString OverviewModel::shown(const QModelIndex &index) const
 {
     const StateSums sums = sumsAt(index);
     const bool isOpen = sums.shifts > 0;
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     switch (index.column()) {
     case Name:
         return reg != nullptr ? reg->name : shopAt(index)->address;
@@ -214,12 +221,13 @@ QString OverviewModel::shown(const QModelIndex &index) const
 QVariant OverviewModel::sorted(const QModelIndex &index) const
 {
     const StateSums sums = sumsAt(index);
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     switch (index.column()) {
     case Line:
         // What is off line comes first, the longest silence before the others.
-        return reg == nullptr ? qint64(sums.onLine - sums.registers)
-                              : (reg->line == RegisterState::Line::On ? 1 : -1) * secondsOf(reg->lineSince);
+        return reg == nullptr
+                   ? qint64(sums.onLine - sums.registers)
+                   : (reg->line == OverviewRegister::Line::On ? 1 : -1) * secondsOf(reg->lineSince);
     case Turnover:
         return sums.turnover;
     case ClosedToday:
@@ -239,9 +247,9 @@ QVariant OverviewModel::sorted(const QModelIndex &index) const
 
 bool OverviewModel::isAlarming(const QModelIndex &index) const
 {
-    const RegisterState *reg = registerAt(index);
+    const OverviewRegister *reg = registerAt(index);
     return index.column() == Line && reg != nullptr && !reg->isBlocked &&
-           reg->line == RegisterState::Line::Off;
+           reg->line == OverviewRegister::Line::Off;
 }
 
 QString OverviewModel::tip(const QModelIndex &index) const
@@ -262,8 +270,10 @@ QVariant OverviewModel::data(const QModelIndex &index, int role) const
     case sortRole:
         return sorted(index);
     case Qt::TextAlignmentRole:
-        return index.column() >= Turnover ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
+        return isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::ToolTipRole:
+        return tip(index) + QLatin1Char('\n') +
+               tr("Enter або подвійне клацання показує, з чого це складається");
     case Qt::AccessibleTextRole:
         return tip(index);
     case Qt::BackgroundRole:
@@ -284,7 +294,7 @@ QVariant OverviewModel::headerData(int section, Qt::Orientation orientation, int
         return tr(captions[section].text);
     if (role == Qt::ToolTipRole)
         return tr(captions[section].tip);
-    if (role == Qt::TextAlignmentRole && section >= Turnover)
+    if (role == Qt::TextAlignmentRole && isNumber(section))
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     return QVariant();
 }

@@ -13,13 +13,13 @@ public:
     enum Column {
         Name,
         Line,
-        Shift,
         Turnover,
-        ClosedToday,
         WeekAgo,
         Receipts,
         Average,
         LastReceipt,
+        Shift,
+        ClosedToday,
         ColumnCount
     };
     /// What a column is sorted by.
@@ -32,9 +32,9 @@ public:
     const ChainState &chain() const { return m_chain; }
 
     /// The shop of a row, or of the register in it; null for no row.
-    const ShopState *shopAt(const QModelIndex &index) const;
+    const OverviewShop *shopAt(const QModelIndex &index) const;
     /// Null for a shop's row.
-    const RegisterState *registerAt(const QModelIndex &index) const;
+    const OverviewRegister *registerAt(const QModelIndex &index) const;
     /// The row of a shop or, with a register, of that; invalid when there is none.
     QModelIndex indexOf(DbId shop, DbId kass) const;
 

@@ -38,7 +38,7 @@ QString shiftBefore(const char *what)
         .arg(QLatin1String(what));
 }
 
-QString countSql(Count count, const QString &from, const QString &condition)
+QString countSql(Concern count, const QString &from, const QString &condition)
 {
     return QStringLiteral("SELECT %1,%2,0,COUNT(*) FROM %3 WHERE %4")
         .arg(Counting)
@@ -84,8 +84,8 @@ QString shiftBeginsSql(const QVector<ShiftKey> &shifts)
 QVector<DbId> registersOf(const ChainState &chain)
 {
     QVector<DbId> ids;
-    for (const ShopState &shop : chain.shops) {
-        for (const RegisterState &reg : shop.registers)
+    for (const OverviewShop &shop : chain.shops) {
+        for (const OverviewRegister &reg : shop.registers)
             ids.append(reg.id);
     }
     return ids;
@@ -127,22 +127,22 @@ QString shiftsSql(const QLoadedUser &user, const QDate &since)
            sqlDayStart(since) + QStringLiteral(") ORDER BY z_zvit.id_kass,z_zvit.id_zzvit");
 }
 
-QString countCondition(Count count, const QDate &today)
+QString countCondition(Concern count, const QDate &today)
 {
     switch (count) {
-    case Count::NegativeStock:
+    case Concern::NegativeStock:
         return QStringLiteral("(goods_shop.count_showroom<0 OR goods_shop.count_syllable<0)");
-    case Count::EndingActions:
+    case Concern::EndingActions:
         // Promotions without dates end at zero.
         return QStringLiteral("(action.datetime_end>=%1 AND action.datetime_end<=%2)")
             .arg(sqlDayStart(today), sqlDayEnd(today));
-    case Count::UnpricedGoods:
+    case Concern::UnpricedGoods:
         // What is sold: not blocked, in no service group.
         return QStringLiteral(
             "(IFNULL(goods.price,0)=0 AND IFNULL(goods.block,0)=0 AND (IFNULL(goods.group_g,0)<2 OR "
             "goods.group_g>5) AND NOT EXISTS(SELECT 1 FROM prices WHERE prices.id_goods=goods.id AND "
             "prices.price>0))");
-    case Count::BlockedLevels:
+    case Concern::BlockedLevels:
         return QStringLiteral("clients.id_procent IN (SELECT id FROM procent WHERE block=1)");
     }
     return QString();
@@ -150,16 +150,17 @@ QString countCondition(Count count, const QDate &today)
 
 QString countsSql(const QLoadedUser &user, const ChainState &chain)
 {
-    const auto conditionOf = [&chain](Count count) { return countCondition(count, chain.today); };
+    const auto conditionOf = [&chain](Concern count) { return countCondition(count, chain.today); };
     QStringList parts = {
-        countSql(Count::EndingActions, QStringLiteral("action"), conditionOf(Count::EndingActions)),
-        countSql(Count::UnpricedGoods, QStringLiteral("goods"), conditionOf(Count::UnpricedGoods)),
-        countSql(Count::BlockedLevels, QStringLiteral("clients"), conditionOf(Count::BlockedLevels)),
-        countSql(Count::NegativeStock, QStringLiteral("goods_shop JOIN shops ON shops.id=goods_shop.id_shop"),
-                 conditionOf(Count::NegativeStock) + QStringLiteral(" AND") + stockShops(user))};
+        countSql(Concern::EndingActions, QStringLiteral("action"), conditionOf(Concern::EndingActions)),
+        countSql(Concern::UnpricedGoods, QStringLiteral("goods"), conditionOf(Concern::UnpricedGoods)),
+        countSql(Concern::BlockedLevels, QStringLiteral("clients"), conditionOf(Concern::BlockedLevels)),
+        countSql(Concern::NegativeStock,
+                 QStringLiteral("goods_shop JOIN shops ON shops.id=goods_shop.id_shop"),
+                 conditionOf(Concern::NegativeStock) + QStringLiteral(" AND") + stockShops(user))};
     if (chain.isTuned) {
         QVector<ShiftKey> open;
-        for (const ShiftState &shift : openShifts(chain))
+        for (const OverviewShift &shift : openShifts(chain))
             open.append(shift.key);
         parts << lastReceiptsSql(registersOf(chain)) << shiftBeginsSql(open);
     }
@@ -176,7 +177,7 @@ Counted countedOf(const RowStore &rows)
         };
         const int kind = text(0).toInt();
         const DbId id = text(1).toUInt();
-        if (kind == Counting && id < countCount)
+        if (kind == Counting && id < concernCount)
             counted.counts[static_cast<int>(id)] = text(3).toLongLong();
         else if (kind == LastReceipt)
             counted.times.last.insert(id, databaseTime(text(3)));

@@ -50,18 +50,18 @@ QString placesSql(const QLoadedUser &user);
 QString shiftsSql(const QLoadedUser &user, const QDate &since);
 
 /// What is counted beside; each with its condition on the tables of the list that shows it.
-enum class Count { NegativeStock, EndingActions, UnpricedGoods, BlockedLevels };
-constexpr int countCount = 4;
-QString countCondition(Count count, const QDate &today);
-/// Rows of kind, register, Z number and value: all counts (kind 0, the register being the Count) and, where
+enum class Concern { NegativeStock, EndingActions, UnpricedGoods, BlockedLevels };
+constexpr int concernCount = 4;
+QString countCondition(Concern count, const QDate &today);
+/// Rows of kind, register, Z number and value: all counts (kind 0, the register being the Concern) and, where
 /// the receipts have their indexes, the last receipt of each register (1) and the begin of each open shift
 /// (2).
 QString countsSql(const QLoadedUser &user, const ChainState &chain);
 
 struct Counted
 {
-    /// By Count; -1 as long as it is not known.
-    QVector<qint64> counts = QVector<qint64>(countCount, -1);
+    /// By Concern; -1 as long as it is not known.
+    QVector<qint64> counts = QVector<qint64>(concernCount, -1);
     ReceiptTimes times;
 };
 Counted countedOf(const RowStore &rows);

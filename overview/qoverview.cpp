@@ -71,7 +71,7 @@ void QOverview::buildTree()
     ui->tree->sortByColumn(OverviewModel::Name, Qt::AscendingOrder);
     setFocusProxy(ui->tree);
     const int letter = fontMetrics().averageCharWidth();
-    const int widths[OverviewModel::ColumnCount] = {34, 24, 28, 14, 14, 14, 8, 12, 13};
+    const int widths[OverviewModel::ColumnCount] = {32, 24, 13, 13, 7, 12, 13, 28, 16};
     for (int column = 0; column < OverviewModel::ColumnCount; ++column)
         ui->tree->setColumnWidth(column, widths[column] * letter);
     ui->tree->header()->setStretchLastSection(false);
@@ -108,14 +108,19 @@ bool QOverview::isLoading() const
 /// Money for who may see the Z-reports, connections for who may see the on-line statistics.
 void QOverview::followRights()
 {
-    const bool maySeeSums = m_user->maySee(Permission::ZReports);
-    const bool maySeeLines = m_user->maySee(Permission::Online);
-    for (int column = OverviewModel::Shift; column < OverviewModel::ColumnCount; ++column)
-        ui->tree->setColumnHidden(column, !maySeeSums);
-    ui->tree->setColumnHidden(OverviewModel::Line, !maySeeLines);
-    ui->sideChart->setVisible(maySeeSums);
+    showColumns();
+    ui->sideChart->setVisible(m_user->maySee(Permission::ZReports));
     if (m_user->isLoaded())
         refresh();
+}
+
+void QOverview::showColumns()
+{
+    const bool maySeeSums = m_user->maySee(Permission::ZReports);
+    for (int column = OverviewModel::Turnover; column < OverviewModel::ColumnCount; ++column)
+        ui->tree->setColumnHidden(column, !maySeeSums);
+    ui->tree->setColumnHidden(OverviewModel::LastReceipt, !maySeeSums || !m_model->chain().isTuned);
+    ui->tree->setColumnHidden(OverviewModel::Line, !m_user->maySee(Permission::Online));
 }
 
 void QOverview::showEvent(QShowEvent *event)
@@ -182,9 +187,8 @@ void QOverview::show(const ChainState &chain)
     m_steps->setSteps(chain.steps);
     ui->stack->setCurrentWidget(chain.steps.areOpen() ? ui->pageSteps : ui->pageChain);
     ui->labelTuning->setVisible(!chain.isTuned);
-    ui->tree->setColumnHidden(OverviewModel::LastReceipt,
-                              !chain.isTuned || !m_user->maySee(Permission::ZReports));
     showTree(chain);
+    showColumns();
     showSums();
     showAttention();
     showChart();
@@ -194,8 +198,8 @@ void QOverview::showTree(const ChainState &chain)
 {
     const QModelIndex current = m_sorted->mapToSource(ui->tree->currentIndex());
     TreePlace place;
-    if (const ShopState *shop = m_model->shopAt(current)) {
-        const RegisterState *reg = m_model->registerAt(current);
+    if (const OverviewShop *shop = m_model->shopAt(current)) {
+        const OverviewRegister *reg = m_model->registerAt(current);
         place = {shop->id, reg == nullptr ? 0 : reg->id, current.column()};
     }
     QSet<DbId> unfolded;
@@ -241,7 +245,7 @@ void QOverview::showAttention()
 void QOverview::showChart()
 {
     QVector<TurnoverBar> bars;
-    for (const DayState &day : m_model->chain().days)
+    for (const OverviewDay &day : m_model->chain().days)
         bars.append({day.day.toString(QStringLiteral("dd.MM.yyyy")),
                      day.day.toString(QStringLiteral("dd.MM")), day.turnover});
     ui->chart->setBars(bars);
@@ -253,7 +257,7 @@ void QOverview::showDay(int bar)
 {
     QString words = tr("Оборот за останні %1 днів").arg(drawnDays);
     if (bar >= 0 && bar < m_model->chain().days.size()) {
-        const DayState &day = m_model->chain().days.at(bar);
+        const OverviewDay &day = m_model->chain().days.at(bar);
         words += QStringLiteral(": ") +
                  tr("%1 – %2, змін: %3")
                      .arg(QLocale().toString(day.day, QStringLiteral("ddd dd.MM")), moneyShown(day.turnover))
@@ -267,9 +271,9 @@ void QOverview::showDay(int bar)
 /// The shifts that are open there: the receipts of a single one, else those shifts in the table.
 Destination QOverview::shiftsOf(const QModelIndex &cell) const
 {
-    const RegisterState *reg = m_model->registerAt(cell);
-    QVector<ShiftState> open;
-    for (const RegisterState &one : m_model->shopAt(cell)->registers) {
+    const OverviewRegister *reg = m_model->registerAt(cell);
+    QVector<OverviewShift> open;
+    for (const OverviewRegister &one : m_model->shopAt(cell)->registers) {
         if (reg == nullptr || reg->id == one.id)
             open += one.open;
     }
@@ -283,7 +287,7 @@ Destination QOverview::shiftsOf(const QModelIndex &cell) const
         destination.origin.zFrom = destination.origin.zTo = QString::number(open.constFirst().key.second);
     } else if (m_user->maySee(Permission::ZZvit)) {
         QVector<ShiftKey> keys;
-        for (const ShiftState &shift : qAsConst(open))
+        for (const OverviewShift &shift : qAsConst(open))
             keys.append(shift.key);
         destination.action = QStringLiteral("mt_z_zvits");
         destination.condition = shiftsCondition(keys);
@@ -294,7 +298,7 @@ Destination QOverview::shiftsOf(const QModelIndex &cell) const
 
 Destination QOverview::closedOn(const QModelIndex &cell, const QDate &day) const
 {
-    const RegisterState *reg = m_model->registerAt(cell);
+    const OverviewRegister *reg = m_model->registerAt(cell);
     Destination destination;
     destination.action = QStringLiteral("mz_zzvit");
     destination.origin.shop = m_model->shopAt(cell)->id;
@@ -305,7 +309,7 @@ Destination QOverview::closedOn(const QModelIndex &cell, const QDate &day) const
 
 Destination QOverview::destinationOf(const QModelIndex &cell) const
 {
-    const RegisterState *reg = m_model->registerAt(cell);
+    const OverviewRegister *reg = m_model->registerAt(cell);
     Destination destination;
     switch (cell.column()) {
     case OverviewModel::Name:

@@ -61,6 +61,7 @@ private:
     void buildTree();
     void buildChart();
     void followRights();
+    void showColumns();
     void refreshWhenDue();
     void takeChain(const std::shared_ptr<QueryAnswer> &answer);
     void takeCounts(const std::shared_ptr<QueryAnswer> &answer);

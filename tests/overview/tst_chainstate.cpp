@@ -85,7 +85,9 @@ QStringList TstChainState::tree(const ChainState &chain)
     model.setChain(chain, m_now);
     const auto line = [&model](const QModelIndex &row) {
         QStringList cells;
-        for (int column = 0; column <= OverviewModel::Receipts; ++column)
+        using Model = OverviewModel;
+        for (const int column : {Model::Name, Model::Line, Model::Shift, Model::Turnover, Model::ClosedToday,
+                                 Model::WeekAgo, Model::Receipts})
             cells.append(row.siblingAtColumn(column).data().toString().replace(QChar::Nbsp, ' '));
         return cells.join('|');
     };
@@ -148,7 +150,7 @@ void TstChainState::weekAgoIsTheWholeDay()
     QCOMPARE(chain.days.constFirst().day, QDate(2026, 2, 25));
     QCOMPARE(chain.days.constFirst().turnover, qint64(500000));
     qint64 all = 0;
-    for (const DayState &day : chain.days)
+    for (const OverviewDay &day : chain.days)
         all += day.turnover;
     QCOMPARE(all, qint64(503211));
 }
@@ -310,10 +312,10 @@ void TstChainState::countsAreThoseOfTheLists()
         "INSERT INTO procent(id,name,block) VALUES(1,'Старт',0),(2,'Закритий',1),(3,'Без',NULL)",
         "INSERT INTO clients(id,id_procent,group_shop) VALUES(1,1,1),(2,2,1),(3,2,4),(4,3,1)"});
     const Counted counted = countedOf(read(countsSql(*m_place->user(), state())));
-    QCOMPARE(counted.counts.at(static_cast<int>(Count::NegativeStock)), qint64(3));
-    QCOMPARE(counted.counts.at(static_cast<int>(Count::EndingActions)), qint64(2));
-    QCOMPARE(counted.counts.at(static_cast<int>(Count::UnpricedGoods)), qint64(3));
-    QCOMPARE(counted.counts.at(static_cast<int>(Count::BlockedLevels)), qint64(2));
+    QCOMPARE(counted.counts.at(static_cast<int>(Concern::NegativeStock)), qint64(3));
+    QCOMPARE(counted.counts.at(static_cast<int>(Concern::EndingActions)), qint64(2));
+    QCOMPARE(counted.counts.at(static_cast<int>(Concern::UnpricedGoods)), qint64(3));
+    QCOMPARE(counted.counts.at(static_cast<int>(Concern::BlockedLevels)), qint64(2));
 }
 
 void TstChainState::attentionFollowsTheRights()

@@ -143,7 +143,7 @@ void TstQOverview::placeStaysWhenItIsReadAnew()
     QCOMPARE(current(), QString("Київ"));
     pressKeys({Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right});
     QCOMPARE(current(), QString("Каса 2"));
-    QCOMPARE(tree()->currentIndex().column(), int(OverviewModel::Shift));
+    QCOMPARE(tree()->currentIndex().column(), int(OverviewModel::Turnover));
     tree()->sortByColumn(OverviewModel::Turnover, Qt::DescendingOrder);
     m_place->base.exec("UPDATE z_zvit SET Oborot_A=900000 WHERE id_kass=12");
     refresh();
@@ -155,7 +155,7 @@ void TstQOverview::placeStaysWhenItIsReadAnew()
     refresh();
     QCOMPARE(tree()->model()->rowCount(), 3);
     QCOMPARE(current(), QString("Каса 2"));
-    QCOMPARE(tree()->currentIndex().column(), int(OverviewModel::Shift));
+    QCOMPARE(tree()->currentIndex().column(), int(OverviewModel::Turnover));
     QVERIFY(tree()->isExpanded(tree()->currentIndex().parent()));
     // The register goes: its shop is next.
     m_place->base.exec(QStringList{"DELETE FROM z_zvit WHERE id_kass=12", "DELETE FROM kassa WHERE id=12"});
@@ -294,7 +294,7 @@ void TstQOverview::rightsDecideWhatIsShown()
     QVERIFY(child<QLabel>(m_tabs.get(), "labelTuning")->isVisible());
     m_place->logIn(Permission::ZReports, Permission::Denied);
     open();
-    for (int column = OverviewModel::Shift; column < OverviewModel::ColumnCount; ++column)
+    for (int column = OverviewModel::Turnover; column < OverviewModel::ColumnCount; ++column)
         QVERIFY(tree()->isColumnHidden(column));
     QVERIFY(!tree()->isColumnHidden(OverviewModel::Line));
     QVERIFY(!child<TurnoverChart>(m_tabs.get(), "chart")->isVisible());
