@@ -444,8 +444,8 @@ void TstVeltab::overviewHoldsNobody()
 {
     m_startPage = "mz_overview";
     addShopAndGoods();
-    addUser("other", "0=1 71=1");
     startLoggedIn("admin");
+    addUser("other", "0=1 71=1");
     auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
     QVERIFY(withModal<QSelUser>([this] { action("login")->trigger(); },
                                 [](QSelUser *dialog) { dialog->reject(); }));
