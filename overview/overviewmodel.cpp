@@ -255,9 +255,10 @@ bool OverviewModel::isAlarming(const QModelIndex &index) const
 QString OverviewModel::tip(const QModelIndex &index) const
 {
     const QString text = shown(index);
-    return text.isEmpty()
-               ? QString()
-               : headerData(index.column(), Qt::Horizontal).toString() + QStringLiteral(": ") + text;
+    if (text.isEmpty())
+        return QString();
+    return headerData(index.column(), Qt::Horizontal).toString() + QStringLiteral(": ") + text +
+           QLatin1Char('\n') + tr("Enter або подвійне клацання показує, з чого це складається");
 }
 
 QVariant OverviewModel::data(const QModelIndex &index, int role) const
@@ -272,9 +273,6 @@ QVariant OverviewModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return isNumber(index.column()) ? QVariant(Qt::AlignRight | Qt::AlignVCenter) : QVariant();
     case Qt::ToolTipRole:
-        return tip(index) + QLatin1Char('\n') +
-               tr("Enter або подвійне клацання показує, з чого це складається");
-    case Qt::AccessibleTextRole:
         return tip(index);
     case Qt::BackgroundRole:
         return isAlarming(index) ? QVariant(QBrush(QColor(255, 0, 0))) : QVariant();

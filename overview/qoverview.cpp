@@ -1,6 +1,7 @@
 #include "qoverview.h"
 #include "ui_qoverview.h"
 
+#include "actiontimes.h"
 #include "firststepsview.h"
 #include "money.h"
 #include "overviewmodel.h"
@@ -9,15 +10,16 @@
 #include "qmessevent.h"
 #include "queryservice.h"
 #include "sqldate.h"
+#include "userstate.h"
 
 #include <QHeaderView>
-#include <QLocale>
 #include <QSortFilterProxyModel>
 #include <QSqlDatabase>
 
 namespace {
 std::chrono::milliseconds refreshTime{60000};
 const int ticksEachRefresh = 20;
+const QLatin1String columnsKey("overview/columns");
 
 /// Where the user is in the tree, to be found again after its rows were replaced.
 struct TreePlace
@@ -32,6 +34,7 @@ QOverview::QOverview(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWi
     : QWidget(parent)
     , ui(std::make_unique<Ui::QOverview>())
     , m_user(user)
+    , m_idUser(user->idUser())
     , m_receiver(receiver)
     , m_model(new OverviewModel(this))
     , m_sorted(new QSortFilterProxyModel(this))
@@ -55,7 +58,10 @@ QOverview::QOverview(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWi
     followRights();
 }
 
-QOverview::~QOverview() = default;
+QOverview::~QOverview()
+{
+    rememberState(m_idUser, columnsKey, ui->tree->header()->saveState());
+}
 
 void QOverview::setRefreshTime(std::chrono::milliseconds time)
 {
@@ -70,11 +76,16 @@ void QOverview::buildTree()
     ui->tree->setModel(m_sorted);
     ui->tree->sortByColumn(OverviewModel::Name, Qt::AscendingOrder);
     setFocusProxy(ui->tree);
+    QHeaderView *header = ui->tree->header();
     const int letter = fontMetrics().averageCharWidth();
+    const auto captionWidth = [this](int column) {
+        return fontMetrics().horizontalAdvance(m_model->headerData(column, Qt::Horizontal).toString());
+    };
     const int widths[OverviewModel::ColumnCount] = {32, 24, 13, 13, 7, 12, 13, 28, 16};
     for (int column = 0; column < OverviewModel::ColumnCount; ++column)
-        ui->tree->setColumnWidth(column, widths[column] * letter);
-    ui->tree->header()->setStretchLastSection(false);
+        header->resizeSection(column, qMax(widths[column] * letter, captionWidth(column) + 2 * letter));
+    header->restoreState(rememberedState(m_idUser, columnsKey).toByteArray());
+    header->setStretchLastSection(false);
     ui->splitterLists->setStretchFactor(0, 3);
     ui->splitterLists->setStretchFactor(1, 1);
     connect(ui->tree, &OverviewTree::opened, this, &QOverview::openCell);
@@ -260,7 +271,8 @@ void QOverview::showDay(int bar)
         const OverviewDay &day = m_model->chain().days.at(bar);
         words += QStringLiteral(": ") +
                  tr("%1 – %2, змін: %3")
-                     .arg(QLocale().toString(day.day, QStringLiteral("ddd dd.MM")), moneyShown(day.turnover))
+                     .arg(weekDayShown(day.day.dayOfWeek()) + day.day.toString(QStringLiteral(" dd.MM")),
+                          moneyShown(day.turnover))
                      .arg(day.shifts);
         if (day.day == m_model->chain().today)
             words += tr(" (разом з відкритими)");

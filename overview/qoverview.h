@@ -80,6 +80,8 @@ private:
 
     std::unique_ptr<Ui::QOverview> ui;
     QLoadedUser *m_user;
+    /// The one for whom the columns are remembered, who may have gone at the end.
+    QString m_idUser;
     QObject *m_receiver;
     OverviewModel *m_model;
     QSortFilterProxyModel *m_sorted;

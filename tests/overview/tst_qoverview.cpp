@@ -8,6 +8,7 @@
 #include "qloadeduser.h"
 #include "qoverview.h"
 #include "turnoverchart.h"
+#include "userstate.h"
 
 #include <QLabel>
 #include <QMouseEvent>
@@ -80,6 +81,7 @@ void TstQOverview::init()
         "(1,11,4,1,900,900,1,'" +
             QDate::currentDate().addDays(-7).toString("yyyy-MM-dd") + " 20:00:00')"});
     m_place->logIn(Permission::ZReports);
+    rememberState(m_place->user()->idUser(), "overview/columns", {});
     m_wanted.clear();
     open();
 }
@@ -157,6 +159,11 @@ void TstQOverview::placeStaysWhenItIsReadAnew()
     QCOMPARE(current(), QString("Каса 2"));
     QCOMPARE(tree()->currentIndex().column(), int(OverviewModel::Turnover));
     QVERIFY(tree()->isExpanded(tree()->currentIndex().parent()));
+    // Whoever opens it again finds the order that was chosen.
+    m_tabs.reset();
+    open();
+    QCOMPARE(tree()->model()->index(0, 0).data().toString(), QString("Луцьк"));
+    goTo(0, 0, OverviewModel::Name);
     // The register goes: its shop is next.
     m_place->base.exec(QStringList{"DELETE FROM z_zvit WHERE id_kass=12", "DELETE FROM kassa WHERE id=12"});
     refresh();
