@@ -18,7 +18,8 @@ FirstStepsView::FirstStepsView(const QLoadedUser *user, QWidget *parent)
     large.setBold(true);
     title->setFont(large);
     auto *grid = new QGridLayout;
-    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(0, 3);
+    grid->setColumnStretch(2, 2);
     for (const NextStep &step : nextSteps())
         m_lines.append(addLine(grid, step));
     m_refusal->setObjectName(QStringLiteral("labelStepsRefusal"));

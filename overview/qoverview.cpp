@@ -81,7 +81,7 @@ void QOverview::buildTree()
     const auto captionWidth = [this](int column) {
         return fontMetrics().horizontalAdvance(m_model->headerData(column, Qt::Horizontal).toString());
     };
-    const int widths[OverviewModel::ColumnCount] = {32, 24, 13, 13, 7, 12, 13, 28, 16};
+    const int widths[OverviewModel::ColumnCount] = {30, 28, 13, 13, 7, 12, 13, 28, 16};
     for (int column = 0; column < OverviewModel::ColumnCount; ++column)
         header->resizeSection(column, qMax(widths[column] * letter, captionWidth(column) + 2 * letter));
     header->restoreState(rememberedState(m_idUser, columnsKey).toByteArray());
