@@ -109,7 +109,7 @@ void AttentionList::open(int row)
 
 void AttentionList::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isEnterOfHand(&m_pace, *event))
         open(currentRow());
     else
         QListWidget::keyPressEvent(event);

@@ -2,6 +2,7 @@
 
 #include "destination.h"
 #include "overviewsql.h"
+#include "scanpace.h"
 
 #include <QListWidget>
 
@@ -38,4 +39,5 @@ private:
     void open(int row);
 
     QVector<AttentionEntry> m_entries;
+    ScanPace m_pace;
 };

@@ -41,7 +41,7 @@ QModelIndex OverviewTree::moveCursor(CursorAction action, Qt::KeyboardModifiers 
 
 void OverviewTree::keyPressEvent(QKeyEvent *event)
 {
-    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid())
+    if (isEnterOfHand(&m_pace, *event) && currentIndex().isValid())
         emit opened(currentIndex());
     else
         QTreeView::keyPressEvent(event);

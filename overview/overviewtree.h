@@ -1,5 +1,7 @@
 #pragma once
 
+#include "scanpace.h"
+
 #include <QTreeView>
 
 /// A tree whose cells are gone through with the arrow keys and opened by Enter or a double click.
@@ -19,4 +21,6 @@ protected:
 
 private:
     QModelIndex neighbour(const QModelIndex &cell, int step) const;
+
+    ScanPace m_pace;
 };

@@ -2,6 +2,7 @@
 #include "ui_qoverview.h"
 
 #include "actiontimes.h"
+#include "combos.h"
 #include "firststepsview.h"
 #include "money.h"
 #include "overviewmodel.h"
@@ -197,7 +198,7 @@ void QOverview::show(const ChainState &chain)
 {
     m_steps->setSteps(chain.steps);
     ui->stack->setCurrentWidget(chain.steps.areOpen() ? ui->pageSteps : ui->pageChain);
-    ui->labelTuning->setVisible(!chain.isTuned);
+    ui->labelTuning->setVisible(!chain.isTuned && m_user->maySee(Permission::ZReports));
     showTree(chain);
     showColumns();
     showSums();
@@ -244,6 +245,8 @@ void QOverview::showSums()
         words.append(tr("закрито сьогодні: %1").arg(moneyShown(sums.closedToday)));
         words.append(tr("тиждень тому: %1").arg(moneyShown(sums.weekAgo)));
     }
+    if (m_user->groups().isEmpty())
+        words = QStringList(noGroupsHint());
     ui->labelSums->setText(words.join(QStringLiteral("  ·  ")));
     ui->labelSums->setVisible(!chain.steps.areOpen());
 }

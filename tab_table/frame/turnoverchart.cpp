@@ -48,11 +48,22 @@ void TurnoverChart::setBars(const QVector<TurnoverBar> &bars)
     m_bars = bars;
     m_current = qMin(m_current, m_bars.size() - 1);
     findScale();
-    QStringList figures;
-    for (const TurnoverBar &bar : m_bars)
-        figures.append(bar.name + QStringLiteral(": ") + moneyText(bar.kopecks));
-    setAccessibleDescription(figures.join(QStringLiteral("; ")));
+    describe();
     update();
+}
+
+/// Whoever hears instead of seeing hears the one that was chosen first.
+void TurnoverChart::describe()
+{
+    const auto figure = [](const TurnoverBar &bar) {
+        return bar.name + QStringLiteral(": ") + moneyText(bar.kopecks);
+    };
+    QStringList figures;
+    if (m_current >= 0)
+        figures.append(figure(m_bars.at(m_current)));
+    for (const TurnoverBar &bar : qAsConst(m_bars))
+        figures.append(figure(bar));
+    setAccessibleDescription(figures.join(QStringLiteral("; ")));
 }
 
 void TurnoverChart::offerBars()
@@ -273,6 +284,7 @@ void TurnoverChart::mouseReleaseEvent(QMouseEvent *event)
 void TurnoverChart::setCurrent(int bar)
 {
     m_current = bar;
+    describe();
     update();
     emit currentChanged(bar);
 }
@@ -289,12 +301,13 @@ void TurnoverChart::keyPressEvent(QKeyEvent *event)
 {
     const int last = m_bars.size() - 1;
     const bool isKnown = m_isOffered && last >= 0;
+    const bool isEnter = isEnterOfHand(&m_pace, *event);
     const int key = event->key();
     if (isKnown && (key == Qt::Key_Left || key == Qt::Key_Right))
         setCurrent(qBound(0, m_current + (key == Qt::Key_Right ? 1 : -1), last));
     else if (isKnown && (key == Qt::Key_Home || key == Qt::Key_End))
         setCurrent(key == Qt::Key_Home ? 0 : last);
-    else if (isKnown && m_current >= 0 && (key == Qt::Key_Return || key == Qt::Key_Enter))
+    else if (isEnter && isKnown && m_current >= 0)
         emit barOpened(m_current);
     else
         QWidget::keyPressEvent(event);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scanpace.h"
 #include "turnoverbars.h"
 
 #include <QWidget>
@@ -46,6 +47,7 @@ private:
     int barAt(const QPoint &place) const;
     QString figureOf(int bar) const;
     void setCurrent(int bar);
+    void describe();
     void findScale();
     void drawScale(QPainter *painter) const;
     void drawBars(QPainter *painter) const;
@@ -61,6 +63,7 @@ private:
     QVector<TurnoverBar> m_bars;
     bool m_isOffered = false;
     int m_current = -1;
+    ScanPace m_pace;
     /// The scale: lines stand at the multiples of the step from the lowest to the highest.
     qint64 m_lowest = 0;
     qint64 m_highest = 0;

@@ -198,6 +198,11 @@ void TstQOverview::numbersLeadToTheirLists()
     QTest::mouseClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualRect(cell).center());
     QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, {}, tree()->visualRect(cell).center());
     QCOMPARE(m_wanted.size(), 1);
+    // A scanner that reads a card into it opens nothing.
+    goTo(1, 0, OverviewModel::Turnover);
+    m_wanted.clear();
+    scan("4820000000031");
+    QVERIFY(m_wanted.isEmpty());
     // Where nothing is open nothing opens.
     m_place->base.exec("DELETE FROM z_zvit WHERE id_kass=21");
     refresh();
