@@ -17,52 +17,81 @@ struct Texts
 /// The list that shows an entry, and who may open it.
 struct Way
 {
-    const char *action;
-    int permission;
+    const char *action = nullptr;
+    int permission = -1;
 };
 const Way shiftTable = {"mt_z_zvits", Permission::ZZvit};
 const Way zReports = {"mz_zzvit", Permission::ZReports};
+const Way statistics = {"mz_StatisticOnLine", Permission::Online};
 const Way registerTable = {"mt_kass", Permission::Kassa};
 const Way stockTable = {"mt_goods_shops", Permission::GoodsShops};
 const Way actionTable = {"mt_action", Permission::Actions};
 const Way goodsTable = {"mt_goods", Permission::Goods};
 const Way cardTable = {"mt_clients", Permission::Clients};
 
-void append(QVector<AttentionEntry> *entries, const QLoadedUser &user, const Way &way, const QString &words,
-            qint64 count, const QString &condition)
+/// Those of them that the user may open: the list first, else the report that tells about the same.
+void append(QVector<AttentionEntry> *entries, const QLoadedUser &user, const Way &list,
+            const AttentionEntry &entry, const Way &report = {}, const ChekOrigin &reported = {})
 {
-    if (user.maySee(way.permission))
-        entries->append({words, count, {QLatin1String(way.action), condition, words, {}, 0}});
+    const bool isList = user.maySee(list.permission);
+    if (!isList && (report.action == nullptr || !user.maySee(report.permission)))
+        return;
+    entries->append(entry);
+    Destination &there = entries->last().destination;
+    there.action = QLatin1String(isList ? list.action : report.action);
+    there.words = entry.words;
+    if (!isList)
+        there.origin = reported;
 }
 
-/// Who has no right to the table of shifts is led to the Z-reports of the days.
-void appendDisagreeing(QVector<AttentionEntry> *entries, const QLoadedUser &user, const ChainState &chain)
+AttentionEntry entryOf(const QString &words, qint64 count, const QString &condition)
 {
-    const QString words = Texts::tr("Закриті зміни, суми яких не сходяться (за %1 днів)").arg(drawnDays);
-    const bool isTable = user.maySee(shiftTable.permission);
-    append(entries, user, isTable ? shiftTable : zReports, words, chain.disagreeing.size(),
-           shiftsCondition(chain.disagreeing));
-    if (!isTable && !entries->isEmpty() && entries->constLast().words == words) {
-        entries->last().destination.origin.firstDay = chain.days.constFirst().day;
-        entries->last().destination.origin.lastDay = chain.today;
+    AttentionEntry entry = {words, count, {}};
+    entry.destination.condition = condition;
+    return entry;
+}
+
+void appendShifts(QVector<AttentionEntry> *entries, const QLoadedUser &user, const QString &words,
+                  const QVector<ShiftKey> &shifts, const QDate &first, const QDate &last)
+{
+    ChekOrigin days;
+    days.firstDay = first;
+    days.lastDay = last;
+    append(entries, user, shiftTable, entryOf(words, shifts.size(), shiftsCondition(shifts)), zReports, days);
+}
+
+void appendSilent(QVector<AttentionEntry> *entries, const QLoadedUser &user, const ChainState &chain,
+                  const QVector<DbId> &registers)
+{
+    // The statistics are of one shop.
+    ChekOrigin shop;
+    for (const OverviewShop &one : chain.shops) {
+        for (const OverviewRegister &reg : one.registers) {
+            if (shop.shop == 0 && registers.contains(reg.id))
+                shop.shop = one.id;
+        }
     }
+    append(entries, user, registerTable,
+           entryOf(Texts::tr("Каси без зв'язку понад годину"), registers.size(),
+                   idsCondition(QStringLiteral("kassa.id"), registers)),
+           statistics, shop);
 }
 } // namespace
 
 QVector<AttentionEntry> attentionOf(const QLoadedUser &user, const ChainState &chain, const Counted &counted,
                                     const QDateTime &now)
 {
-    const QVector<ShiftKey> old = oldShifts(chain, now);
-    const QVector<DbId> silent = silentRegisters(chain, now);
     QVector<AttentionEntry> entries;
-    append(&entries, user, shiftTable, Texts::tr("Зміни, відкриті понад добу"), old.size(),
-           shiftsCondition(old));
-    append(&entries, user, registerTable, Texts::tr("Каси без зв'язку понад годину"), silent.size(),
-           idsCondition(QStringLiteral("kassa.id"), silent));
-    appendDisagreeing(&entries, user, chain);
-    const auto appendCount = [&](const Way &way, Concern count, const QString &words) {
-        append(&entries, user, way, words, counted.counts.at(static_cast<int>(count)),
-               countCondition(count, chain.today));
+    appendShifts(&entries, user, Texts::tr("Зміни, відкриті понад добу"), oldShifts(chain, now), chain.today,
+                 chain.today);
+    appendSilent(&entries, user, chain, silentRegisters(chain, now));
+    appendShifts(&entries, user,
+                 Texts::tr("Закриті зміни, суми яких не сходяться (за %1 днів)").arg(drawnDays),
+                 chain.disagreeing, chain.today.addDays(1 - drawnDays), chain.today);
+    const auto appendCount = [&](const Way &way, Concern concern, const QString &words) {
+        append(&entries, user, way,
+               entryOf(words, counted.counts.at(static_cast<int>(concern)),
+                       countCondition(concern, chain.today)));
     };
     appendCount(stockTable, Concern::NegativeStock, Texts::tr("Від'ємні залишки"));
     appendCount(actionTable, Concern::EndingActions, Texts::tr("Акції, що закінчуються сьогодні"));

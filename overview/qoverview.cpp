@@ -307,6 +307,8 @@ Destination QOverview::shiftsOf(const QModelIndex &cell) const
         destination.action = QStringLiteral("mt_z_zvits");
         destination.condition = shiftsCondition(keys);
         destination.words = tr("Відкриті зміни: %1").arg(m_model->shopAt(cell)->address);
+    } else {
+        return closedOn(cell, m_model->chain().today);
     }
     return destination;
 }

@@ -329,12 +329,15 @@ void TstChainState::attentionFollowsTheRights()
     };
     QCOMPARE(actions(), (QStringList{"mt_z_zvits", "mt_kass", "mt_z_zvits", "mt_goods_shops", "mt_action",
                                      "mt_goods", "mt_clients"}));
-    // Without the table of shifts the Z-reports of the days are left; the open ones do not stand there.
-    m_place->logIn(Permission::Goods, Permission::Denied);
-    m_place->logIn(Permission::ZZvit, Permission::Denied);
-    QCOMPARE(actions(), (QStringList{"mt_kass", "mz_zzvit", "mt_goods_shops", "mt_action", "mt_clients"}));
-    m_place->logIn(Permission::Goods);
-    m_place->logIn(Permission::ZZvit);
+    // Without the tables of shifts and registers the reports about them are left.
+    for (const int table : {Permission::Goods, Permission::ZZvit, Permission::Kassa})
+        m_place->logIn(table, Permission::Denied);
+    QCOMPARE(actions(), (QStringList{"mz_zzvit", "mz_StatisticOnLine", "mz_zzvit", "mt_goods_shops",
+                                     "mt_action", "mt_clients"}));
+    m_place->logIn(Permission::Online, Permission::Denied);
+    QCOMPARE(actions().size(), 5);
+    for (const int right : {Permission::Goods, Permission::ZZvit, Permission::Kassa, Permission::Online})
+        m_place->logIn(right);
 }
 
 /// The bar of the window and the overview follow one rule.
