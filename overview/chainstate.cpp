@@ -7,7 +7,7 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 hourSeconds = 60 * 60;
+constexpr qint64 hourSeconds = 3600;
 constexpr qint64 daySeconds = 24 * hourSeconds;
 constexpr int weekDays = 7;
 

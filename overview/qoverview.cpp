@@ -3,9 +3,11 @@
 
 #include "actiontimes.h"
 #include "combos.h"
+#include "connectionstate.h"
 #include "firststepsview.h"
 #include "money.h"
 #include "overviewmodel.h"
+#include "overviewways.h"
 #include "permissions.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -16,10 +18,12 @@
 #include <QHeaderView>
 #include <QSortFilterProxyModel>
 #include <QSqlDatabase>
+#include <utility>
 
 namespace {
 std::chrono::milliseconds refreshTime{60000};
 const int ticksEachRefresh = 20;
+const int weekDays = 7;
 const QLatin1String columnsKey("overview/columns");
 
 /// Where the user is in the tree, to be found again after its rows were replaced.
@@ -53,8 +57,15 @@ QOverview::QOverview(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, QWi
     connect(m_countQuery, &QueryOwner::answered, this, &QOverview::takeCounts);
     connect(m_steps, &FirstStepsView::stepWanted, this, &QOverview::stepWanted);
     connect(ui->attention, &AttentionList::wanted, this, &QOverview::wanted);
+    connect(ui->labelSums, &QLabel::linkActivated, this,
+            [this](const QString &way) { emit wanted(m_sumWays.value(way.toInt())); });
     connect(user, &QLoadedUser::rightsChanged, this, &QOverview::followRights);
     connect(&m_tick, &QTimer::timeout, this, &QOverview::refreshWhenDue);
+    if (const ConnectionState *state = ConnectionState::of(*db))
+        connect(state, &ConnectionState::back, this, [this] {
+            m_age.invalidate();
+            refreshWhenDue();
+        });
     m_tick.start(refreshTime / ticksEachRefresh);
     followRights();
 }
@@ -108,8 +119,10 @@ Commands QOverview::commands() const
 
 void QOverview::run(Command command)
 {
-    if (command == Command::Reload)
-        refresh();
+    if (command != Command::Reload)
+        return;
+    m_isFailureTold = false;
+    refresh();
 }
 
 bool QOverview::isLoading() const
@@ -148,7 +161,7 @@ void QOverview::showEvent(QShowEvent *event)
 void QOverview::refreshWhenDue()
 {
     const bool isSeen = isVisible() && !window()->isMinimized();
-    if (isSeen && !isLoading() && m_age.hasExpired(refreshTime.count()))
+    if (isSeen && !isLoading() && (!m_age.isValid() || m_age.hasExpired(refreshTime.count())))
         refresh();
 }
 
@@ -163,7 +176,9 @@ void QOverview::refresh()
 
 void QOverview::tellFailure(const QueryAnswer &answer)
 {
-    postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer.error, answer.kind);
+    // What fails each minute is told once, and again to who asks.
+    if (!std::exchange(m_isFailureTold, true))
+        postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer.error, answer.kind);
     ui->labelState->setText(tr("Не вдалося прочитати; показано те, що було раніше. F5 – прочитати знову."));
 }
 
@@ -176,7 +191,9 @@ void QOverview::takeChain(const std::shared_ptr<QueryAnswer> &answer)
     if (chain.isTuned)
         addReceiptTimes(&chain, m_counted.times);
     show(chain);
-    if (!chain.steps.areOpen())
+    if (chain.steps.areOpen())
+        m_isFailureTold = false;
+    else
         m_countQuery->ask({countsSql(*m_user, chain)});
     ui->labelState->setText(tr("Прочитано о %1, далі щохвилини; F5 – зараз.")
                                 .arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss"))));
@@ -187,6 +204,7 @@ void QOverview::takeCounts(const std::shared_ptr<QueryAnswer> &answer)
 {
     if (!answer->error.isEmpty())
         return tellFailure(*answer);
+    m_isFailureTold = false;
     m_counted = countedOf(answer->results.at(0));
     ChainState chain = m_model->chain();
     addReceiptTimes(&chain, m_counted.times);
@@ -232,21 +250,35 @@ void QOverview::showTree(const ChainState &chain)
     ui->tree->setCurrentIndex(found.isValid() ? found : m_sorted->index(0, 0));
 }
 
+/// Each number leads somewhere, as those in the tree do.
 void QOverview::showSums()
 {
     const ChainState &chain = m_model->chain();
     const StateSums sums = sumsOf(chain);
-    QStringList words = {tr("Магазинів: %1").arg(chain.shops.size())};
+    m_sumWays.clear();
+    QStringList words;
+    const auto add = [&](const QString &text, const QString &number, const Destination &there) {
+        words.append(text.toHtmlEscaped().arg(
+            there.action.isEmpty()
+                ? number
+                : QStringLiteral("<a href=\"%1\">%2</a>").arg(QString::number(m_sumWays.size()), number)));
+        m_sumWays.append(there);
+    };
+    add(tr("Магазинів: %1"), wholeShown(chain.shops.size()), wayToShops(*m_user, chain));
     if (m_user->maySee(Permission::Online))
-        words.append(tr("кас на зв'язку: %1 з %2").arg(sums.onLine).arg(sums.registers));
+        add(tr("кас на зв'язку: %1"), tr("%1 з %2").arg(sums.onLine).arg(sums.registers),
+            wayToRegisters(*m_user, chain, {}));
     if (m_user->maySee(Permission::ZReports)) {
-        words.append(tr("відкритих змін: %1").arg(sums.shifts));
-        words.append(tr("у них: %1").arg(moneyShown(sums.turnover)));
-        words.append(tr("закрито сьогодні: %1").arg(moneyShown(sums.closedToday)));
-        words.append(tr("тиждень тому: %1").arg(moneyShown(sums.weekAgo)));
+        const Destination open = wayToOpenShifts(*m_user, chain, {});
+        add(tr("відкритих змін: %1"), wholeShown(sums.shifts), open);
+        add(tr("у них: %1"), moneyShown(sums.turnover), open);
+        add(tr("закрито сьогодні: %1"), moneyShown(sums.closedToday),
+            wayToClosedShifts(*m_user, {}, chain.today));
+        add(tr("тиждень тому: %1"), moneyShown(sums.weekAgo),
+            wayToClosedShifts(*m_user, {}, chain.today.addDays(-weekDays)));
     }
     if (m_user->groups().isEmpty())
-        words = QStringList(noGroupsHint());
+        words = QStringList(noGroupsHint().toHtmlEscaped());
     ui->labelSums->setText(words.join(QStringLiteral("  ·  ")));
     ui->labelSums->setVisible(!chain.steps.areOpen());
 }
@@ -283,69 +315,21 @@ void QOverview::showDay(int bar)
     ui->labelChart->setText(words);
 }
 
-/// The shifts that are open there: the receipts of a single one, else those shifts in the table.
-Destination QOverview::shiftsOf(const QModelIndex &cell) const
-{
-    const OverviewRegister *reg = m_model->registerAt(cell);
-    QVector<OverviewShift> open;
-    for (const OverviewRegister &one : m_model->shopAt(cell)->registers) {
-        if (reg == nullptr || reg->id == one.id)
-            open += one.open;
-    }
-    Destination destination;
-    if (open.isEmpty())
-        return destination;
-    if (open.size() == 1 && m_user->maySee(Permission::Cheks)) {
-        destination.action = QStringLiteral("mz_cheks");
-        destination.origin.shop = open.constFirst().shop;
-        destination.origin.kass = open.constFirst().key.first;
-        destination.origin.zFrom = destination.origin.zTo = QString::number(open.constFirst().key.second);
-    } else if (m_user->maySee(Permission::ZZvit)) {
-        QVector<ShiftKey> keys;
-        for (const OverviewShift &shift : qAsConst(open))
-            keys.append(shift.key);
-        destination.action = QStringLiteral("mt_z_zvits");
-        destination.condition = shiftsCondition(keys);
-        destination.words = tr("Відкриті зміни: %1").arg(m_model->shopAt(cell)->address);
-    } else {
-        return closedOn(cell, m_model->chain().today);
-    }
-    return destination;
-}
-
-Destination QOverview::closedOn(const QModelIndex &cell, const QDate &day) const
-{
-    const OverviewRegister *reg = m_model->registerAt(cell);
-    Destination destination;
-    destination.action = QStringLiteral("mz_zzvit");
-    destination.origin.shop = m_model->shopAt(cell)->id;
-    destination.origin.kass = reg == nullptr ? 0 : reg->id;
-    destination.origin.firstDay = destination.origin.lastDay = day;
-    return destination;
-}
-
 Destination QOverview::destinationOf(const QModelIndex &cell) const
 {
-    const OverviewRegister *reg = m_model->registerAt(cell);
-    Destination destination;
+    const ChainState &chain = m_model->chain();
+    const OverviewPlace place = {m_model->shopAt(cell), m_model->registerAt(cell)};
     switch (cell.column()) {
     case OverviewModel::Name:
-        if (reg != nullptr && m_user->maySee(Permission::Kassa)) {
-            destination.action = QStringLiteral("mt_kass");
-            destination.condition = idsCondition(QStringLiteral("kassa.id"), {reg->id});
-            destination.words = reg->name;
-        }
-        return destination;
+        return place.reg == nullptr ? Destination() : wayToRegisters(*m_user, chain, place);
     case OverviewModel::Line:
-        destination.action = QStringLiteral("mz_StatisticOnLine");
-        destination.origin.shop = m_model->shopAt(cell)->id;
-        return destination;
+        return wayToLines(*m_user, place);
     case OverviewModel::ClosedToday:
-        return closedOn(cell, m_model->chain().today);
+        return wayToClosedShifts(*m_user, place, chain.today);
     case OverviewModel::WeekAgo:
-        return closedOn(cell, m_model->chain().today.addDays(-7));
+        return wayToClosedShifts(*m_user, place, chain.today.addDays(-weekDays));
     default:
-        return shiftsOf(cell);
+        return wayToOpenShifts(*m_user, chain, place);
     }
 }
 
@@ -362,25 +346,8 @@ void QOverview::openCell(const QModelIndex &cell)
         ui->tree->setExpanded(row, !ui->tree->isExpanded(row));
 }
 
-/// The table of shifts holds the open ones, too, which are counted among those of today.
 void QOverview::openDay(int bar)
 {
-    if (bar < 0 || bar >= m_model->chain().days.size())
-        return;
-    const QDate day = m_model->chain().days.at(bar).day;
-    const QString dayWords = day.toString(QStringLiteral("dd.MM.yyyy"));
-    Destination destination;
-    if (m_user->maySee(Permission::ZZvit)) {
-        destination.action = QStringLiteral("mt_z_zvits");
-        destination.condition =
-            QStringLiteral("(z_zvit.data_time>=%1 AND z_zvit.data_time<=%2%3)")
-                .arg(sqlDayStart(day), sqlDayEnd(day),
-                     day == m_model->chain().today ? QStringLiteral(" OR z_zvit.data_time=0") : QString());
-        destination.words = day == m_model->chain().today ? tr("Зміни за %1 і відкриті").arg(dayWords)
-                                                          : tr("Зміни за %1").arg(dayWords);
-    } else {
-        destination.action = QStringLiteral("mz_zzvit");
-        destination.origin.firstDay = destination.origin.lastDay = day;
-    }
-    emit wanted(destination);
+    if (bar >= 0 && bar < m_model->chain().days.size())
+        emit wanted(wayToDay(*m_user, m_model->chain(), m_model->chain().days.at(bar).day));
 }

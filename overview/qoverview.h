@@ -74,8 +74,6 @@ private:
     void showSums();
     void openCell(const QModelIndex &cell);
     void openDay(int bar);
-    Destination shiftsOf(const QModelIndex &cell) const;
-    Destination closedOn(const QModelIndex &cell, const QDate &day) const;
     Destination destinationOf(const QModelIndex &cell) const;
 
     std::unique_ptr<Ui::QOverview> ui;
@@ -91,6 +89,9 @@ private:
     /// The day for which the answers on their way were asked.
     QDate m_askedDay;
     Counted m_counted;
+    /// Of the numbers above the tree.
+    QVector<Destination> m_sumWays;
     QTimer m_tick;
     QElapsedTimer m_age;
+    bool m_isFailureTold = false;
 };
