@@ -82,8 +82,7 @@ QVector<AttentionEntry> attentionOf(const QLoadedUser &user, const ChainState &c
                                     const QDateTime &now)
 {
     QVector<AttentionEntry> entries;
-    appendShifts(&entries, user, Texts::tr("Зміни, відкриті понад добу"), oldShifts(chain, now), chain.today,
-                 chain.today);
+    appendShifts(&entries, user, Texts::tr("Зміни, відкриті понад добу"), oldShifts(chain, now), {}, {});
     appendSilent(&entries, user, chain, silentRegisters(chain, now));
     appendShifts(&entries, user,
                  Texts::tr("Закриті зміни, суми яких не сходяться (за %1 днів)").arg(drawnDays),

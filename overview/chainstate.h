@@ -145,7 +145,6 @@ StateSums sumsOf(const OverviewRegister &reg);
 StateSums sumsOf(const OverviewShop &shop);
 StateSums sumsOf(const ChainState &chain);
 
-/// Every open shift; every register that is not blocked.
 QVector<OverviewShift> openShifts(const ChainState &chain);
 /// The open shifts begun more than a day before now. Where the receipts tell nothing, those whose shift
 /// before was closed more than a day before.

@@ -74,7 +74,7 @@ Destination wayToOpenShifts(const QLoadedUser &user, const ChainState &chain, co
     if (open.size() == 1 && user.maySee(Permission::Cheks))
         return receiptsOf(open.constFirst());
     if (!user.maySee(Permission::ZZvit))
-        return reportOf("mz_zzvit", place, chain.today);
+        return reportOf("mz_zzvit", place);
     QVector<ShiftKey> keys;
     for (const OverviewShift &shift : open)
         keys.append(shift.key);

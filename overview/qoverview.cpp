@@ -190,7 +190,7 @@ void QOverview::takeChain(const std::shared_ptr<QueryAnswer> &answer)
     // Until the receipts are read anew.
     if (chain.isTuned)
         addReceiptTimes(&chain, m_counted.times);
-    show(chain);
+    showChain(chain);
     if (chain.steps.areOpen())
         m_isFailureTold = false;
     else
@@ -212,7 +212,7 @@ void QOverview::takeCounts(const std::shared_ptr<QueryAnswer> &answer)
     showAttention();
 }
 
-void QOverview::show(const ChainState &chain)
+void QOverview::showChain(const ChainState &chain)
 {
     m_steps->setSteps(chain.steps);
     ui->stack->setCurrentWidget(chain.steps.areOpen() ? ui->pageSteps : ui->pageChain);

@@ -66,7 +66,7 @@ private:
     void takeChain(const std::shared_ptr<QueryAnswer> &answer);
     void takeCounts(const std::shared_ptr<QueryAnswer> &answer);
     void tellFailure(const QueryAnswer &answer);
-    void show(const ChainState &chain);
+    void showChain(const ChainState &chain);
     void showTree(const ChainState &chain);
     void showAttention();
     void showChart();
