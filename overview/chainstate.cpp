@@ -113,6 +113,7 @@ public:
             reg.id = kass;
             reg.name = QStringLiteral("№ %1").arg(kass);
             reg.isBlocked = true;
+            reg.line = OverviewRegister::Line::Elsewhere;
             m_places.insert(kass, {shop, m_chain->shops.at(shop).registers.size()});
             m_chain->shops[shop].registers.append(reg);
         }

@@ -47,7 +47,8 @@ struct OverviewShift
 
 struct OverviewRegister
 {
-    enum class Line { Unknown, On, Off };
+    /// Elsewhere: it stands in no shop that is seen, only a shift of it is of this one.
+    enum class Line { Unknown, On, Off, Elsewhere };
 
     DbId id = 0;
     QString name;

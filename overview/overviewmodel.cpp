@@ -163,6 +163,8 @@ QString OverviewModel::lineShown(const QModelIndex &index) const
         return (sums.onLine == sums.registers ? QStringLiteral("✓ ") : QStringLiteral("✗ ")) +
                tr("%1 з %2 на зв'язку").arg(sums.onLine).arg(sums.registers);
     }
+    if (reg->line == OverviewRegister::Line::Elsewhere)
+        return tr("каса іншого магазину");
     if (reg->isBlocked)
         return tr("заблокована");
     if (reg->line == OverviewRegister::Line::Unknown)

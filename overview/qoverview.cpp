@@ -122,6 +122,7 @@ void QOverview::run(Command command)
     if (command != Command::Reload)
         return;
     m_isFailureTold = false;
+    m_countQuery->cancel();
     refresh();
 }
 
@@ -135,6 +136,7 @@ void QOverview::followRights()
 {
     showColumns();
     ui->sideChart->setVisible(m_user->maySee(Permission::ZReports));
+    m_countQuery->cancel();
     if (m_user->isLoaded())
         refresh();
 }
@@ -161,7 +163,7 @@ void QOverview::showEvent(QShowEvent *event)
 void QOverview::refreshWhenDue()
 {
     const bool isSeen = isVisible() && !window()->isMinimized();
-    if (isSeen && !isLoading() && (!m_age.isValid() || m_age.hasExpired(refreshTime.count())))
+    if (isSeen && !m_chainQuery->isWaiting() && (!m_age.isValid() || m_age.hasExpired(refreshTime.count())))
         refresh();
 }
 
@@ -169,7 +171,6 @@ void QOverview::refresh()
 {
     m_age.start();
     m_askedDay = QDate::currentDate();
-    m_countQuery->cancel();
     ui->labelState->setText(tr("Читається…"));
     m_chainQuery->ask({placesSql(*m_user), shiftsSql(*m_user, m_askedDay.addDays(1 - drawnDays))});
 }
@@ -193,7 +194,8 @@ void QOverview::takeChain(const std::shared_ptr<QueryAnswer> &answer)
     showChain(chain);
     if (chain.steps.areOpen())
         m_isFailureTold = false;
-    else
+    // Behind a long report it waits its turn, however often the rest is read meanwhile.
+    else if (!m_countQuery->isWaiting())
         m_countQuery->ask({countsSql(*m_user, chain)});
     ui->labelState->setText(tr("Прочитано о %1, далі щохвилини; F5 – зараз.")
                                 .arg(QTime::currentTime().toString(QStringLiteral("hh:mm:ss"))));

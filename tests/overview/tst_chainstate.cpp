@@ -168,7 +168,7 @@ void TstChainState::oddShiftsFindTheirPlace()
     const QString user = m_place->base.value("SELECT CONCAT(surname,' ',name) FROM users WHERE id=1");
     QCOMPARE(tree(state()),
              (QStringList{"Київ|✗ 0 з 1 на зв'язку|відкритих: 1|7.00|||3", "  Каса 1|невідомо|||||",
-                          "  № 31|заблокована|відкрита, " + user + "|7.00|||3",
+                          "  № 31|каса іншого магазину|відкрита, " + user + "|7.00|||3",
                           "Луцьк|✗ 0 з 2 на зв'язку|відкритих: 2|3.00|||2",
                           "  Каса 1|невідомо|відкрита, " + user + "; відкрита|3.00|||2",
                           "  Каса 2|невідомо|||||"}));

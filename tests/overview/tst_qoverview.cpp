@@ -7,6 +7,7 @@
 #include "overviewtree.h"
 #include "qloadeduser.h"
 #include "qoverview.h"
+#include "queryservice.h"
 #include "turnoverchart.h"
 #include "userstate.h"
 
@@ -35,6 +36,7 @@ private slots:
     void daysAreOpenedByKeyAndMouse();
     void attentionLeadsToWhatThereIs();
     void readAnewOnlyWhileItIsSeen();
+    void slowCountsHoldNothingUp();
     void failureKeepsWhatWasShown();
     void rightsDecideWhatIsShown();
     void newChainShowsItsSteps();
@@ -305,6 +307,30 @@ void TstQOverview::readAnewOnlyWhileItIsSeen()
     QVERIFY(m_page->isLoading());
     QVERIFY(shown.wait(5000));
     QOverview::setRefreshTime(std::chrono::minutes(1));
+}
+
+/// Somebody's report lasts: what is counted comes behind it, the rest at once and each time.
+void TstQOverview::slowCountsHoldNothingUp()
+{
+    QueryOwner report(m_place->connection()->connectionName(), nullptr);
+    report.setLong(true);
+    report.ask({"SELECT SLEEP(30)"});
+    m_place->base.exec("INSERT INTO goods_shop(id_shop,id_goods,count_showroom) VALUES(2,1,-5)");
+    for (const int turnover : {300000, 400000}) {
+        m_place->base.exec("UPDATE z_zvit SET Oborot_A=" + QString::number(turnover) + " WHERE id_kass=21");
+        QSignalSpy shown(m_page, &QOverview::shown);
+        m_page->refresh();
+        QVERIFY(shown.wait(5000));
+        QCOMPARE(tree()->model()->index(0, OverviewModel::Turnover).data().toString(), moneyShown(turnover));
+    }
+    QVERIFY(m_page->isLoading());
+    const auto *list = child<AttentionList>(m_tabs.get(), "attention");
+    const auto stock = [list] {
+        return !list->findItems("! 2 – Від'ємні залишки", Qt::MatchExactly).isEmpty();
+    };
+    QVERIFY(!stock());
+    report.cancel();
+    QTRY_VERIFY(stock());
 }
 
 void TstQOverview::failureKeepsWhatWasShown()
