@@ -77,6 +77,7 @@ std::optional<int> runProgram(int argc, char *argv[], QStringList *arguments)
     applyTranslation(&translator);
     QThreadPool::globalInstance()->setMaxThreadCount(10);
     Veltab window(QCoreApplication::applicationDirPath());
+    window.setStartPage(QStringLiteral("mz_overview"));
     window.show();
     if (!limit.problem().isEmpty())
         postMessage(&window, limit.problem(), QMessEvent::Warning);

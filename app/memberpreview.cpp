@@ -92,7 +92,9 @@ QString MemberPreview::commandsOf(const PageTable &pages, const QString &action)
 {
     for (const PageEntry &entry : pages) {
         if (action == QLatin1String(entry.action))
-            return permissionValueText(m_member.permission(entry.permission));
+            return permissionValueText(m_member.permission(
+                m_member.maySee(entry.permission) || entry.otherPermission < 0 ? entry.permission
+                                                                               : entry.otherPermission));
     }
     return {};
 }

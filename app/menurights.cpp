@@ -11,7 +11,7 @@ QMap<QString, bool> shownActions(const PageTable &pages, const MenuState &state)
         (isAllowed && user.maySee(Permission::Service)) || (isNobody && state.isServiceShown);
     QMap<QString, bool> shown;
     for (const PageEntry &entry : pages)
-        shown.insert(QLatin1String(entry.action), isAllowed && entry.make && user.maySee(entry.permission));
+        shown.insert(QLatin1String(entry.action), isAllowed && entry.make && maySeePage(user, entry));
     shown.insert(QStringLiteral("changpass"), isAllowed);
     shown.insert(QStringLiteral("about"), isAllowed);
     shown.insert(QStringLiteral("mt_importBD"), isAllowed && user.maySee(Permission::PreviousImport));

@@ -8,6 +8,7 @@
 #include "qloadeduser.h"
 #include "qmanaction.h"
 #include "qmaninvoices.h"
+#include "qoverview.h"
 #include "qpremisgroup.h"
 #include "qregistersale.h"
 #include "qreports.h"
@@ -27,10 +28,11 @@ Pages::Pages(QTabWidget *tabs, QSqlDatabase *db, setting *set, QLoadedUser *user
     , m_reports(new QReports(tabs, db, set, user, window))
 {
     // In the order of the menus, which the pictures and the tests follow.
-    for (const PageTable &part : {management(), m_tables->pages(), m_reports->pages(), others()})
+    for (const PageTable &part : {management(), m_tables->pages(), overview(), m_reports->pages(), others()})
         m_table.insert(m_table.end(), part.begin(), part.end());
     connect(m_tables, &QTableBase::statOnLine, m_reports, qOverload<unsigned int>(&QReports::StatOnLine));
     connect(m_tables, &QTableBase::cheksWanted, m_reports, &QReports::showCheks);
+    connect(user, &QLoadedUser::rightsChanged, this, &Pages::closeForbiddenOverview);
 }
 
 Pages::~Pages()
@@ -56,6 +58,12 @@ PageTable Pages::management()
     };
 }
 
+PageTable Pages::overview()
+{
+    return {{"mz_overview", Permission::ZReports, QT_TRANSLATE_NOOP("Page", "Огляд"),
+             [this] { return makeOverview(); }, Permission::Online}};
+}
+
 PageTable Pages::others()
 {
     return {
@@ -70,6 +78,28 @@ PageTable Pages::others()
         {"premis_group", Permission::PermissionGroups, QT_TRANSLATE_NOOP("Page", "Групи прав"),
          [this] { return makePermissionGroups(); }},
     };
+}
+
+QWidget *Pages::makeOverview()
+{
+    auto *overview = new QOverview(m_db, m_user, m_window, nullptr);
+    connect(overview, &QOverview::wanted, this, &Pages::go);
+    connect(overview, &QOverview::stepWanted, this, &Pages::makeStep);
+    return overview;
+}
+
+void Pages::makeStep(const QString &action, bool isAdding)
+{
+    m_user->beginAct();
+    if (auto *page = dynamic_cast<Page *>(open(action)); page != nullptr && isAdding)
+        page->run(Command::Add);
+}
+
+void Pages::closeForbiddenOverview()
+{
+    // Nobody is loaded for a moment while another user logs in.
+    if (m_user->isLoaded())
+        closeForbidden(QStringLiteral("mz_overview"));
 }
 
 QWidget *Pages::makeSale()
@@ -126,8 +156,7 @@ bool Pages::closeForbidden(const QString &action)
 {
     const PageEntry &entry = pageEntry(m_table, action);
     QWidget *opened = openedPage(m_tabs, entry);
-    return opened != nullptr && !m_user->maySee(entry.permission) &&
-           closePage(m_tabs, m_tabs->indexOf(opened));
+    return opened != nullptr && !maySeePage(*m_user, entry) && closePage(m_tabs, m_tabs->indexOf(opened));
 }
 
 Page *Pages::current() const

@@ -45,6 +45,11 @@ signals:
 private:
     PageTable management();
     PageTable others();
+    PageTable overview();
+    QWidget *makeOverview();
+    /// A step to the first sale: the page, with a new record when that is meant.
+    void makeStep(const QString &action, bool isAdding);
+    void closeForbiddenOverview();
     QWidget *makeSale();
     QWidget *makePermissionGroups();
     QWidget *makeInvoices();

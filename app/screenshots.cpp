@@ -31,6 +31,7 @@
 #include <QTemporaryFile>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QTreeView>
 #include <algorithm>
 
 namespace {
@@ -185,6 +186,7 @@ void Screenshots::takePage(const QString &name)
         void (Screenshots::*take)(QWidget *page, const QString &name);
     } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
                   {"man_invoices", &Screenshots::takeInvoices},
+                  {"mz_overview", &Screenshots::takeOverview},
                   {"importcln", &Screenshots::takeImport},
                   {"mz_cheks", &Screenshots::takeCheks},
                   {"mt_goods", &Screenshots::takeGoods},
@@ -232,6 +234,14 @@ void Screenshots::load(QWidget *report, const QString &name)
     takeModal(name + QStringLiteral("_refusal"),
               [report] { report->findChild<QPushButton *>(QStringLiteral("pbLoad"))->click(); });
     waitForRows(report);
+}
+
+void Screenshots::takeOverview(QWidget *overview, const QString &name)
+{
+    auto *tree = overview->findChild<QTreeView *>();
+    for (const int shop : {0, 6})
+        tree->expand(tree->model()->index(shop, 0));
+    save(m_window, name);
 }
 
 void Screenshots::takeCheks(QWidget *viewer, const QString &name)

@@ -28,8 +28,10 @@ private:
     void fillReport(QWidget *report, const QString &name);
     void load(QWidget *report, const QString &name);
     void takeEditors(QWidget *page, const QString &name);
-    /// Pictures the goods, and the look at a price list.
+    /// With the registers of some shops.
+    void takeOverview(QWidget *overview, const QString &name);
     void takePermissionGroups(QWidget *page, const QString &name);
+    /// Pictures the goods, and the look at a price list.
     void takeGoods(QWidget *goods, const QString &name);
     void takeUsers(QWidget *users, const QString &name);
     void takeActions(QWidget *actions, const QString &name);

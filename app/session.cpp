@@ -5,6 +5,7 @@
 #include "db.h"
 #include "login.h"
 #include "nextstep.h"
+#include "page.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qprocevent.h"
@@ -75,7 +76,7 @@ void Session::refuse(const QString &text)
 
 bool Session::hasPages() const
 {
-    return m_window.pages->count() > 0;
+    return hasPagesToKeep(m_window.pages);
 }
 
 /// True, with the reason shown, while something runs that needs the connection as it is.
@@ -115,6 +116,7 @@ void Session::connectDatabase()
         m_start->cancel();
     if (m_isReconnectWanted || isHeld())
         return;
+    closeShowingPages(m_window.pages);
     // Rights of one database mean nothing in another.
     logout();
     m_isConnected = false;
@@ -286,6 +288,7 @@ void Session::login()
     Login login(m_directory, m_setting->prefIdentify(), connectionName,
                 {m_window.widget, m_window.errors, [this] { return m_isLost ? m_words : QString(); }});
     if (const auto entrant = login.ask(m_isUnattended)) {
+        closeShowingPages(m_window.pages);
         welcome(*entrant);
     } else if (!m_user.isLoaded()) {
         // Whoever worked before goes on when nobody else came in.

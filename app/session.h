@@ -89,6 +89,7 @@ protected:
 
 private:
     bool hasNewAddress() const;
+    /// Beside those that only show what can be read again.
     bool hasPages() const;
     bool isHeld();
     void startOn(const QString &title, const Job::Work &work);

@@ -397,15 +397,17 @@ void Veltab::keyPressEvent(QKeyEvent *event)
         QMainWindow::keyPressEvent(event);
 }
 
+/// A page that only shows is closed without a question.
 bool Veltab::mayLeave()
 {
-    if (ui->tabWidget->count() > 0 &&
+    if (hasPagesToKeep(ui->tabWidget) &&
         QMessDlg::confirm(this, tr("Попередження."), tr("Перед виходом, закрийте всі вкладки!"),
                           tr("&Закрити всі вкладки"), tr("Зали&шитись")))
         closeAllTabs();
-    if (ui->tabWidget->count() > 0)
+    if (hasPagesToKeep(ui->tabWidget) || !mayLeaveJobs())
         return false;
-    return mayLeaveJobs();
+    closeShowingPages(ui->tabWidget);
+    return true;
 }
 
 bool Veltab::mayLeaveJobs()
@@ -441,6 +443,17 @@ void Veltab::welcome()
     EnableButton(true);
     if (user().maySee(Permission::BackOffice))
         emit ready();
+    // Behind what the login has left to be done, the menus above all.
+    QMetaObject::invokeMethod(this, &Veltab::openStartPage, Qt::QueuedConnection);
+}
+
+/// Whoever was quicker has opened another one already. The notice of an update is read first.
+void Veltab::openStartPage()
+{
+    const QAction *action =
+        m_startPage.isEmpty() || m_showsUpdateNotice ? nullptr : actionOf(qPrintable(m_startPage));
+    if (action != nullptr && action->isVisible() && ui->tabWidget->count() == 0)
+        m_pages->open(m_startPage);
 }
 
 void Veltab::EnableButton(bool enable)
@@ -582,6 +595,7 @@ bool Veltab::eventFilter(QObject *watched, QEvent *event)
         m_showsUpdateNotice = false;
         ui->tabWidget->removeEventFilter(this);
         ui->tabWidget->update();
+        openStartPage();
     } else if (event->type() == QEvent::Paint) {
         QPainter painter(ui->tabWidget);
         QFont large = font();

@@ -33,6 +33,8 @@ public:
     void setLoginUnattended(bool unattended) { m_session->setLoginUnattended(unattended); }
     /// True when connected and logged in.
     bool isReady() const { return m_session->isConnected() && user().isLoaded(); }
+    /// The action of the page that is opened for whoever has logged in; none at first.
+    void setStartPage(const QString &action) { m_startPage = action; }
     QTableBase *tableBase() const;
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
@@ -111,6 +113,7 @@ private:
 
     void handleMessage(const QMessEvent &message);
     void welcome();
+    void openStartPage();
     void showRights();
     void showMember(const QString &group, const UserRights &rights);
     void showSession();
@@ -137,5 +140,6 @@ private:
     std::function<QString()> m_chooseImport = [this] { return chooseImport(); };
     /// Where the last one lay.
     QString m_importFolder;
+    QString m_startPage;
     bool m_showsUpdateNotice = false;
 };

@@ -66,11 +66,12 @@ void logPlace(BulkInsert *rows, const Chain &chain, const Shop &shop, int reg, b
     const QDate first = chain.plan.until.addDays(1 - chain.plan.days);
     if (reg == 0)
         log.change(true, QDateTime(first, QTime(6, 0)));
-    const int days = broken ? (chain.plan.days + 2) / 3 : chain.plan.days;
+    int days = broken ? (chain.plan.days + 2) / 3 : chain.plan.days;
+    // Off right now: it did not come back in the morning.
+    if (reg % 7 == 4 && days == chain.plan.days && days > 1)
+        --days;
     for (int day = 0; day < days; ++day)
         logDay(&log, first.addDays(day), reg > 0, day == chain.plan.days - 1, &dice);
-    if (reg % 7 == 4) // off right now
-        log.change(false, QDateTime(chain.plan.until, QTime(9, 30)));
     log.stayOpen();
 }
 } // namespace

@@ -21,6 +21,9 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
 bool fillOnline(const Db &db, const Chain &chain);
 /// Goods between the shops: what came, what is on the way, what differed.
 bool fillInvoices(const Db &db, const Chain &chain);
+/// What an overview tells to look after in a sound chain: a promotion that ends, goods without a price, cards on
+/// a blocked level.
+bool fillAttention(const Db &db, const Chain &chain);
 /// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
 /// one.
 bool setAdministratorPassword(const Db &db);

@@ -64,14 +64,6 @@ QVector<DaySpan> daySpans(const QVector<OnLineInterval> &intervals, const QDate 
     return spans;
 }
 
-QDateTime databaseTime(const QString &stored)
-{
-    // By parts: as a local time the hour that summer time skips would not exist.
-    const QDate date = QDate::fromString(stored.left(10), Qt::ISODate);
-    const QTime time = QTime::fromString(stored.mid(11, 8), Qt::ISODate);
-    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
-}
-
 QString clockText(int seconds)
 {
     return QStringLiteral("%1:%2")

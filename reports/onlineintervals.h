@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sqldate.h"
+
 #include <QDateTime>
 #include <QVector>
 
@@ -40,7 +42,5 @@ struct DaySpan
 /// What of the intervals lies in the day; an open one lasts until now. What would begin later is left out.
 QVector<DaySpan> daySpans(const QVector<OnLineInterval> &intervals, const QDate &day, const QDateTime &now);
 
-/// A time as the server writes it; invalid for none.
-QDateTime databaseTime(const QString &stored);
 /// "08:30" of the seconds of a day, "24:00" for its end.
 QString clockText(int seconds);

@@ -22,12 +22,6 @@ QString intervalsStatement(unsigned int shop, const QDate &day)
            QStringLiteral("))  OR ((onoffline.dt_end IS NULL OR onoffline.dt_end>=") + start +
            QStringLiteral(") AND id_shop=") + id + QStringLiteral(") ORDER BY onoffline.dt_start,id_kass");
 }
-
-/// This moment as the database would write it.
-QDateTime databaseNow()
-{
-    return QDateTime(QDate::currentDate(), QTime::currentTime(), Qt::UTC);
-}
 } // namespace
 
 QStatOnLine::QStatOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, setting *set,

@@ -26,3 +26,10 @@ bool ScanPace::take(const QKeyEvent &key)
         m_code += key.text();
     return isNext;
 }
+
+bool isEnterOfHand(ScanPace *pace, const QKeyEvent &key)
+{
+    pace->take(key);
+    const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    return isEnter && !pace->isCode();
+}

@@ -34,3 +34,6 @@ private:
     bool m_isEnded = false;
     QString m_code;
 };
+
+/// For who opens something by Enter: counts the key, and is true for an Enter that ends no scanned code.
+bool isEnterOfHand(ScanPace *pace, const QKeyEvent &key);

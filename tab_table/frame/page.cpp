@@ -62,6 +62,12 @@ void Page::exportXlsx(const QString &path) const
         list()->exportXlsx(path);
 }
 
+bool maySeePage(const QLoadedUser &user, const PageEntry &entry)
+{
+    return user.maySee(entry.permission) ||
+           (entry.otherPermission >= 0 && user.maySee(entry.otherPermission));
+}
+
 const PageEntry &pageEntry(const PageTable &table, const QString &action)
 {
     const auto found = std::find_if(table.begin(), table.end(), [&action](const PageEntry &entry) {
@@ -75,7 +81,7 @@ QWidget *openPage(QTabWidget *tabs, const QLoadedUser &user, const PageEntry &en
 {
     if (!entry.make)
         return nullptr;
-    if (!user.maySee(entry.permission)) {
+    if (!maySeePage(user, entry)) {
         QQestion::question(
             tabs->window(), QCoreApplication::translate("Page", "Попередження."),
             QCoreApplication::translate("Page", "У вас немає доступу до вкладки \"%1\".").arg(titleOf(entry)),
@@ -128,6 +134,24 @@ bool closePage(QTabWidget *tabs, int index)
     tabs->removeTab(tabs->indexOf(widget));
     delete widget;
     return true;
+}
+
+bool hasPagesToKeep(const QTabWidget *tabs)
+{
+    for (int index = 0; index < tabs->count(); ++index) {
+        const Page *page = pageAt(tabs, index);
+        if (page == nullptr || !page->isShowingOnly())
+            return true;
+    }
+    return false;
+}
+
+void closeShowingPages(QTabWidget *tabs)
+{
+    if (hasPagesToKeep(tabs))
+        return;
+    for (int index = tabs->count() - 1; index >= 0; --index)
+        closePage(tabs, index);
 }
 
 void focusPage(const QTabWidget *tabs)

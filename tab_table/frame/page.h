@@ -40,6 +40,8 @@ public:
     virtual bool isLoading() const { return false; }
     /// Asks about what would be lost; false when the page stays open.
     virtual bool mayClose() { return true; }
+    /// True for a page that only shows what can be read again: who leaves is not asked about it.
+    virtual bool isShowingOnly() const { return false; }
     /// A menu has opened the page or brought it to the front: it shows everything, whatever another page had
     /// asked it for.
     virtual void openedByMenu() {}
@@ -66,9 +68,13 @@ struct PageEntry
     /// Of its tab; translated in the context "Page".
     const char *title;
     std::function<QWidget *()> make;
+    /// Who has this right may see the page, too; -1 for none.
+    int otherPermission = -1;
 };
 using PageTable = std::vector<PageEntry>;
 
+/// By the rights that the user has now.
+bool maySeePage(const QLoadedUser &user, const PageEntry &entry);
 /// The line of that action; there must be one.
 const PageEntry &pageEntry(const PageTable &table, const QString &action);
 
@@ -83,5 +89,9 @@ Page *pageAt(const QTabWidget *tabs, int index);
 Page *pageAt(const QTabWidget *tabs, int index, const PageTable &table);
 /// Closes a page that does not hold on to what would be lost; true when it is gone.
 bool closePage(QTabWidget *tabs, int index);
+/// Whether some page stands in the tabs beside those that only show.
+bool hasPagesToKeep(const QTabWidget *tabs);
+/// Closes the pages that only show, when no others are open.
+void closeShowingPages(QTabWidget *tabs);
 /// The page in front gets the focus: where it was in it, at first in its first field.
 void focusPage(const QTabWidget *tabs);

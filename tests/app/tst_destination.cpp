@@ -1,11 +1,15 @@
 #include "workplace.h"
 
+#include "attention.h"
 #include "destination.h"
 #include "listpane.h"
+#include "money.h"
+#include "overviewmodel.h"
 #include "pages.h"
 #include "qchekviewer.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
+#include "qoverview.h"
 #include "qrowmodel.h"
 #include "qtab.h"
 #include "qzreport.h"
@@ -14,6 +18,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTreeView>
 
 /// Pages that other pages lead to, with a record or a few of them.
 class TstDestination : public QObject
@@ -31,6 +36,8 @@ private slots:
     void menuShowsEverythingAgain();
     void rightsStillCount();
     void reportsLoadTheirPlace();
+    void overviewCountsWhatItLeadsTo();
+    void overviewAddsUpWhatItLeadsTo();
 
 private:
     QTab *go(const Destination &destination);
@@ -193,6 +200,78 @@ void TstDestination::reportsLoadTheirPlace()
     shift.origin.zFrom = shift.origin.zTo = "4";
     m_pages->go(shift);
     QTRY_VERIFY(reports->model()->rowCount() == 1 && reports->model()->stored(0, 1) == "Львів");
+}
+
+/// Each number of what needs a hand is that of the records in the list behind it.
+void TstDestination::overviewCountsWhatItLeadsTo()
+{
+    const QString today = QDate::currentDate().toString("yyyy-MM-dd");
+    m_place.base.exec(QStringList{
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,Oborot_A,cash,data_time) VALUES"
+        "(50,1,1,1,100,99,'" +
+            today + " 00:00:01'),(50,2,2,1,100,100,'" + today +
+            " 00:00:01'),"
+            "(51,2,2,1,100,0,'" +
+            today + " 00:00:02'),(50,3,3,1,100,99,'" + today + " 00:00:01')",
+        "INSERT INTO onoffline(id_shop,id_kass,onoff,dt_start) VALUES(1,1,0,'2026-01-01 00:00:00'),"
+        "(2,2,1,'2026-01-01 00:00:00'),(3,3,0,'2026-01-01 00:00:00')",
+        "INSERT INTO action(id,name,id_type_action,datetime_start,datetime_end) VALUES(9,'Остання',2,"
+        "'2026-01-01 00:00:00','" +
+            today + " 23:59:59')",
+        "INSERT INTO procent(id,name,discount,sum,auto,block) VALUES(8,'Закрита',0,0,0,1)",
+        "INSERT INTO clients(id,id_procent,group_shop) VALUES(80,8,1),(81,8,4)"});
+    auto *overview = qobject_cast<QOverview *>(m_pages->open("mz_overview"));
+    QTRY_VERIFY(!overview->isLoading());
+    auto *attention = child<AttentionList>(overview, "attention");
+    QStringList counts;
+    for (int row = 0; row < attention->count(); ++row) {
+        const QString text = attention->item(row)->text();
+        m_tabs->setCurrentWidget(overview);
+        attention->setFocus();
+        attention->setCurrentRow(row);
+        pressKeys({Qt::Key_Return});
+        waitOutTasks();
+        auto *tab = qobject_cast<QTab *>(m_tabs->currentWidget());
+        counts.append(text.section(' ', 1, 1));
+        if (counts.last() == "0") {
+            QVERIFY2(tab == nullptr, qPrintable(text));
+            continue;
+        }
+        QVERIFY2(tab != nullptr, qPrintable(text));
+        QTRY_VERIFY(!tab->isLoading());
+        QStringList records = column(tab, 0);
+        // An item has a row for each of its barcodes.
+        if (tab->tableName() == "goods")
+            records.removeDuplicates();
+        QCOMPARE(QString::number(records.size()), counts.last());
+    }
+    // The shop of another group counts nowhere, but in the cards, which are of the whole chain.
+    QCOMPARE(counts, (QStringList{"1", "1", "2", "1", "1", "2", "2"}));
+}
+
+void TstDestination::overviewAddsUpWhatItLeadsTo()
+{
+    m_place.base.exec(
+        "INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,Oborot_A,summ_diskount,data_time) VALUES"
+        "(6,1,1,1,70000,50,0)");
+    auto *overview = qobject_cast<QOverview *>(m_pages->open("mz_overview"));
+    QTRY_VERIFY(!overview->isLoading());
+    auto *tree = child<QTreeView>(overview, "tree");
+    const QModelIndex cell = tree->model()->index(1, OverviewModel::Turnover);
+    QCOMPARE(cell.siblingAtColumn(0).data().toString(), QString("Львів"));
+    QCOMPARE(cell.data().toString(), moneyShown(70150));
+    tree->setFocus();
+    tree->setCurrentIndex(cell);
+    pressKeys({Qt::Key_Return});
+    waitOutTasks();
+    auto *shifts = qobject_cast<QTab *>(m_tabs->currentWidget());
+    QVERIFY(shifts != nullptr);
+    QTRY_VERIFY(!shifts->isLoading());
+    QCOMPARE(column(shifts, 3), (QStringList{"69950", "200"}));
+    // And back: to the same cell.
+    m_tabs->setCurrentWidget(overview);
+    QCOMPARE(tree->currentIndex(), cell);
+    m_place.base.exec("DELETE FROM z_zvit WHERE id_zzvit=6");
 }
 
 QTEST_MAIN(TstDestination)

@@ -3,6 +3,7 @@
 #include "money.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTextOption>
 #include <QToolTip>
@@ -45,12 +46,32 @@ TurnoverChart::TurnoverChart(QWidget *parent) : QWidget(parent)
 void TurnoverChart::setBars(const QVector<TurnoverBar> &bars)
 {
     m_bars = bars;
+    m_current = qMin(m_current, m_bars.size() - 1);
     findScale();
-    QStringList figures;
-    for (const TurnoverBar &bar : m_bars)
-        figures.append(bar.name + QStringLiteral(": ") + moneyText(bar.kopecks));
-    setAccessibleDescription(figures.join(QStringLiteral("; ")));
+    describe();
     update();
+}
+
+/// Whoever hears instead of seeing hears the one that was chosen first.
+void TurnoverChart::describe()
+{
+    const auto figure = [](const TurnoverBar &bar) {
+        return bar.name + QStringLiteral(": ") + moneyText(bar.kopecks);
+    };
+    QStringList figures;
+    if (m_current >= 0)
+        figures.append(figure(m_bars.at(m_current)));
+    for (const TurnoverBar &bar : qAsConst(m_bars))
+        figures.append(figure(bar));
+    setAccessibleDescription(figures.join(QStringLiteral("; ")));
+}
+
+void TurnoverChart::offerBars()
+{
+    m_isOffered = true;
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setCursor(Qt::PointingHandCursor);
 }
 
 void TurnoverChart::findScale()
@@ -119,6 +140,7 @@ void TurnoverChart::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     drawScale(&painter);
     drawBars(&painter);
+    drawCurrent(&painter);
     drawNames(&painter);
 }
 
@@ -160,6 +182,14 @@ void TurnoverChart::drawBars(QPainter *painter) const
             QRect(place.left(), top - fontMetrics().height(), place.width(), fontMetrics().height()),
             Qt::AlignCenter, sum);
     }
+}
+
+void TurnoverChart::drawCurrent(QPainter *painter) const
+{
+    if (m_current < 0 || !hasFocus())
+        return;
+    painter->setPen(QPen(palette().color(QPalette::Text), 1, Qt::DashLine));
+    painter->drawRect(slot(m_current).adjusted(0, 0, -1, -1));
 }
 
 int TurnoverChart::widestName() const
@@ -205,20 +235,80 @@ void TurnoverChart::drawNames(QPainter *painter) const
     }
 }
 
+int TurnoverChart::barAt(const QPoint &place) const
+{
+    for (int i = 0; i < m_bars.size(); ++i) {
+        const QRect room = slot(i);
+        if (place.x() >= room.left() && place.x() <= room.right())
+            return i;
+    }
+    return -1;
+}
+
+QString TurnoverChart::figureOf(int bar) const
+{
+    return m_bars.at(bar).name + QLatin1Char('\n') + moneyShown(m_bars.at(bar).kopecks);
+}
+
 bool TurnoverChart::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
-    for (int i = 0; i < m_bars.size(); ++i) {
-        const QRect place = slot(i);
-        if (help->pos().x() >= place.left() && help->pos().x() <= place.right()) {
-            QToolTip::showText(help->globalPos(),
-                               m_bars.at(i).name + QLatin1Char('\n') + moneyShown(m_bars.at(i).kopecks),
-                               this);
-            return true;
-        }
-    }
-    QToolTip::hideText();
+    const int bar = barAt(help->pos());
+    if (bar >= 0)
+        QToolTip::showText(help->globalPos(), figureOf(bar), this);
+    else
+        QToolTip::hideText();
     return true;
+}
+
+/// Without the delay of other tool tips: the eye goes from bar to bar.
+void TurnoverChart::mouseMoveEvent(QMouseEvent *event)
+{
+    const int bar = m_isOffered ? barAt(event->pos()) : -1;
+    if (bar >= 0)
+        QToolTip::showText(event->globalPos(), figureOf(bar), this, slot(bar));
+    QWidget::mouseMoveEvent(event);
+}
+
+void TurnoverChart::mouseReleaseEvent(QMouseEvent *event)
+{
+    const int bar = m_isOffered && event->button() == Qt::LeftButton ? barAt(event->pos()) : -1;
+    if (bar < 0)
+        return QWidget::mouseReleaseEvent(event);
+    setCurrent(bar);
+    emit barOpened(bar);
+}
+
+void TurnoverChart::setCurrent(int bar)
+{
+    m_current = bar;
+    describe();
+    update();
+    emit currentChanged(bar);
+}
+
+/// Whoever comes by the keyboard begins with the newest one.
+void TurnoverChart::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    if (m_isOffered && !m_bars.isEmpty())
+        setCurrent(m_current < 0 ? m_bars.size() - 1 : m_current);
+}
+
+void TurnoverChart::keyPressEvent(QKeyEvent *event)
+{
+    const int last = m_bars.size() - 1;
+    const bool isKnown = m_isOffered && last >= 0;
+    const bool isEnter = isEnterOfHand(&m_pace, *event);
+    const int key = event->key();
+    if (isKnown && (key == Qt::Key_Left || key == Qt::Key_Right))
+        setCurrent(qBound(0, m_current + (key == Qt::Key_Right ? 1 : -1), last));
+    else if (isKnown && (key == Qt::Key_Home || key == Qt::Key_End))
+        setCurrent(key == Qt::Key_Home ? 0 : last);
+    else if (isEnter && isKnown && m_current >= 0)
+        emit barOpened(m_current);
+    else
+        QWidget::keyPressEvent(event);
 }
