@@ -147,6 +147,24 @@ const QString shiftColumns = QStringLiteral(
     "viluchenia,data_time)");
 } // namespace
 
+/// A shop with an open shift is on the last day of its period.
+static bool endPeriod(const Db &db, const Chain &chain)
+{
+    const Shop *shop = nullptr;
+    for (const Register &reg : chain.registers) {
+        if (lastDayOf(reg) == LastDay::Open && !reg.blocked && reg.shop->dayCycle > 1)
+            shop = reg.shop;
+    }
+    return shop == nullptr ||
+           db.run(QStringLiteral(
+                      "UPDATE z_zvit JOIN (SELECT id_kass,MAX(id_zzvit) AS id_zzvit FROM z_zvit WHERE "
+                      "id_shop=%1 GROUP BY id_kass) newest USING(id_kass) SET "
+                      "day=%2-MOD(newest.id_zzvit-z_zvit.id_zzvit,%2)")
+                      .arg(shop->id)
+                      .arg(shop->dayCycle))
+               .has_value();
+}
+
 bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const QString &)> &progress)
 {
     BulkInsert receipts(db, ShiftJournal::columns);
@@ -161,6 +179,6 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
                          .arg(receipts.rows()));
         }
     }
-    return receipts.finish() && shifts.finish();
+    return receipts.finish() && shifts.finish() && endPeriod(db, chain);
 }
 } // namespace demo

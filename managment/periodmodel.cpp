@@ -9,14 +9,10 @@ PeriodModel::PeriodModel(QObject *parent)
 
 QVector<Column> PeriodModel::columns() const
 {
-    return {{tr("Код"), 6},
-            {tr("Штрихкод"), 13},
-            {tr("Назва"), 26},
-            {tr("За програмою"), 10},
-            {tr("Пораховано"), 10},
-            {tr("Різниця"), 10},
-            {tr("Продано за період"), 10},
-            {tr("На складі"), 10}};
+    return {{tr("Код"), 5},        {tr("Штрихкод"), 13, &asText, true},
+            {tr("Назва"), 24},     {tr("За програмою"), 9},
+            {tr("Пораховано"), 9}, {tr("Різниця"), 8},
+            {tr("Продано"), 8},    {tr("На складі"), 8}};
 }
 
 void PeriodModel::setGoods(const QVector<PeriodGoods> &goods)

@@ -27,16 +27,18 @@ struct Field
 };
 
 constexpr Field fields[] = {
-    {OpenShiftColumn::Shop, QT_TRANSLATE_NOOP("OpenShifts", "магазин"), 20},
-    {OpenShiftColumn::Register, QT_TRANSLATE_NOOP("OpenShifts", "каса"), 12},
-    {OpenShiftColumn::State, QT_TRANSLATE_NOOP("OpenShifts", "зміна"), 9},
+    {OpenShiftColumn::Shop, QT_TRANSLATE_NOOP("OpenShifts", "магазин"), 18},
+    {OpenShiftColumn::Register, QT_TRANSLATE_NOOP("OpenShifts", "каса"), 10},
+    {OpenShiftColumn::State, QT_TRANSLATE_NOOP("OpenShifts", "зміна"), 8},
     {OpenShiftColumn::Number, QT_TRANSLATE_NOOP("OpenShifts", "№"), count, &asNumber},
-    {OpenShiftColumn::Opened, QT_TRANSLATE_NOOP("OpenShifts", "відкрита з"), dateTime, &asDateTime,
-     QT_TRANSLATE_NOOP("OpenShifts", "Час першого чека зміни")},
-    {OpenShiftColumn::User, QT_TRANSLATE_NOOP("OpenShifts", "хто відкрив"), 14},
     {OpenShiftColumn::Turnover, QT_TRANSLATE_NOOP("OpenShifts", "продаж"), money, &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Оборот за вирахуванням знижок")},
     {OpenShiftColumn::Cheks, QT_TRANSLATE_NOOP("OpenShifts", "чеків"), count, &asNumber},
+    {OpenShiftColumn::Expected, QT_TRANSLATE_NOOP("OpenShifts", "має бути в касі"), money, &asSum,
+     QT_TRANSLATE_NOOP("OpenShifts", "Перенесено + готівкою − повернуто + внесено − видано")},
+    {OpenShiftColumn::Opened, QT_TRANSLATE_NOOP("OpenShifts", "відкрита з"), dateTime, &asDateTime,
+     QT_TRANSLATE_NOOP("OpenShifts", "Час першого чека зміни")},
+    {OpenShiftColumn::User, QT_TRANSLATE_NOOP("OpenShifts", "хто відкрив"), 14},
     {OpenShiftColumn::Latest, QT_TRANSLATE_NOOP("OpenShifts", "останній чек"), dateTime, &asDateTime},
     {OpenShiftColumn::Began, QT_TRANSLATE_NOOP("OpenShifts", "перенесено"), money, &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Готівка, яку попередня зміна за своїми сумами лишила в касі")},
@@ -46,8 +48,6 @@ constexpr Field fields[] = {
      QT_TRANSLATE_NOOP("OpenShifts", "Службові внесення за чеками зміни")},
     {OpenShiftColumn::Issued, QT_TRANSLATE_NOOP("OpenShifts", "видано"), money, &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Службові видачі за чеками зміни")},
-    {OpenShiftColumn::Expected, QT_TRANSLATE_NOOP("OpenShifts", "має бути в касі"), money, &asSum,
-     QT_TRANSLATE_NOOP("OpenShifts", "Перенесено + готівкою − повернуто + внесено − видано")},
     {OpenShiftColumn::ClosedNumber, QT_TRANSLATE_NOOP("OpenShifts", "попередня №"), count, &asNumber,
      QT_TRANSLATE_NOOP("OpenShifts", "Зміна перед відкритою; де жодна не відкрита – остання закрита")},
     {OpenShiftColumn::ClosedTime, QT_TRANSLATE_NOOP("OpenShifts", "закрита"), dateTime, &asDateTime},
@@ -83,12 +83,6 @@ int at(OpenShiftColumn column)
 OpenShifts::OpenShifts(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::OpenShifts>())
 {
     ui->setupUi(this);
-    connect(ui->pbRefresh, &QPushButton::clicked, this, &OpenShifts::loadWanted);
-    connect(ui->pbStopOpen, &QPushButton::clicked, this, [this] {
-        m_shifts->drop();
-        ui->listOpen->stop();
-        emit stopped();
-    });
 }
 
 OpenShifts::~OpenShifts() = default;
@@ -102,7 +96,6 @@ void OpenShifts::open(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow)
 {
     m_shifts = new DbTasks(db->connectionName(), mainWindow, this);
     list()->open(db, user, mainWindow);
-    list()->setButtons(ui->pbRefresh, ui->pbStopOpen);
     list()->setEmptyText(tr("Тут немає кас, які мають зміни."));
     list()->keepRowsAfterFailure();
     list()->setTotals([this] { return totals(); });
@@ -151,6 +144,12 @@ void OpenShifts::load(const OpenShiftsAsked &asked, const QString &placeWords)
                            tr("станом на %1").arg(now.toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")))};
                        list()->load(openShiftsSql(asked, *open, now));
                    });
+}
+
+void OpenShifts::stop()
+{
+    m_shifts->drop();
+    list()->stop();
 }
 
 void OpenShifts::clear()

@@ -29,6 +29,8 @@ public:
     void open(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow);
     /// placeWords: the place, for people.
     void load(const OpenShiftsAsked &asked, const QString &placeWords);
+    /// Ends a load on its way; the rows stay.
+    void stop();
     /// Forgets the rows, and a load on its way.
     void clear();
 
@@ -36,10 +38,7 @@ public:
     QStringList totals() const;
 
 signals:
-    void loadWanted();
     void cheksWanted(const ChekOrigin &origin);
-    /// A load on its way was called off.
-    void stopped();
 
 private:
     void setColumns();

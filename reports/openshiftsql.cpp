@@ -128,18 +128,18 @@ QStringList selected(const QDateTime &now)
             QStringLiteral("kassa.advertising_str"),
             stateOf(now),
             QStringLiteral("live.id_zzvit"),
+            ifOpen(turnover("live")),
+            QStringLiteral("live.count_cheks"),
+            ifOpen(QStringLiteral("%1+%2-%3+%4-%5").arg(began, cash, returned, brought, issued)),
             QStringLiteral("receipts.opened"),
             QStringLiteral("(SELECT TRIM(CONCAT(users.surname,' ',users.name)) FROM users WHERE "
                            "users.id=live.id_user)"),
-            ifOpen(turnover("live")),
-            QStringLiteral("live.count_cheks"),
             QStringLiteral("receipts.latest"),
             ifOpen(began),
             ifOpen(cash),
             ifOpen(returned),
             ifOpen(brought),
             ifOpen(issued),
-            ifOpen(QStringLiteral("%1+%2-%3+%4-%5").arg(began, cash, returned, brought, issued)),
             QStringLiteral("done.id_zzvit"),
             QStringLiteral("done.data_time"),
             ifClosed(turnover("done")),
@@ -180,5 +180,6 @@ QString openShiftsSql(const OpenShiftsAsked &asked, const QVector<OpenShift> &op
            receiptsOf(open) +
            QStringLiteral(") receipts ON receipts.id_kass=kassa.id WHERE kassa.newest IS NOT NULL AND "
                           "(kassa.block=0 OR live.id_zzvit IS NOT NULL)") +
-           placeCondition(asked) + QStringLiteral(" ORDER BY shops.address,kassa.advertising_str,kassa.id");
+           placeCondition(asked) +
+           QStringLiteral(" ORDER BY live.id_zzvit IS NULL,shops.address,kassa.advertising_str,kassa.id");
 }

@@ -35,10 +35,12 @@ enum class OpenShiftColumn {
     Register,
     State,
     Number,
-    Opened,
-    User,
     Turnover,
     Cheks,
+    /// What has to be in the drawer now: Began + Cash - Returned + BroughtIn - Issued.
+    Expected,
+    Opened,
+    User,
     Latest,
     /// What the drawer began with: see Left.
     Began,
@@ -46,8 +48,6 @@ enum class OpenShiftColumn {
     Returned,
     BroughtIn,
     Issued,
-    /// What has to be in the drawer now: Began + Cash - Returned + BroughtIn - Issued.
-    Expected,
     /// The shift before, or the last one where none is open.
     ClosedNumber,
     ClosedTime,
@@ -68,6 +68,6 @@ enum class OpenShiftColumn {
     Count
 };
 
-/// A row for each register that has had a shift and is not blocked, or has one open.
-/// now: shifts that began more than a day before it are told.
+/// Those with an open shift first. A row for each register that has had a shift and is not blocked, or has
+/// one open. now: shifts that began more than a day before it are told.
 QString openShiftsSql(const OpenShiftsAsked &asked, const QVector<OpenShift> &open, const QDateTime &now);

@@ -94,9 +94,9 @@ void QZReport::buildOpen()
     ui->openView->open(connection(), user(), mainWindow());
     statusBar()->addWidget(ui->openView->list()->footer(), 1);
     ui->openView->list()->footer()->hide();
-    connect(ui->rbOpen, &QRadioButton::toggled, this, &QZReport::showOpen);
-    connect(ui->openView, &OpenShifts::loadWanted, this, &QZReport::load);
-    connect(ui->openView, &OpenShifts::stopped, this, &QZReport::forgetLoad);
+    ui->openView->list()->setButtons(ui->pbLoad, ui->pbStop);
+    connect(ui->rbOpen, &QRadioButton::toggled, this, &QZReport::switchView);
+    connect(ui->pbStop, &QPushButton::clicked, ui->openView, &OpenShifts::stop);
     connect(ui->openView, &OpenShifts::cheksWanted, this, &QZReport::cheksWanted);
     connect(ui->openView->list(), &ListPane::loaded, this, &QZReport::loaded);
     connect(ui->openView->list(), &ListPane::failed, this, &QZReport::loaded);
@@ -119,9 +119,17 @@ ListPane *QZReport::list() const
 
 void QZReport::showOpen(bool isOpen)
 {
-    ui->rbOpen->setChecked(isOpen);
-    ui->rbClosed->setChecked(!isOpen);
+    (isOpen ? ui->rbOpen : ui->rbClosed)->setChecked(true);
+}
+
+/// A load on its way belongs to the list that was in front.
+void QZReport::switchView(bool isOpen)
+{
+    forgetLoad();
+    ui->listShifts->stop();
+    ui->openView->stop();
     ui->views->setCurrentWidget(isOpen ? static_cast<QWidget *>(ui->openView) : ui->closedView);
+    ui->range->setHidden(isOpen);
     ui->openView->list()->footer()->setVisible(isOpen);
     ui->listShifts->footer()->setVisible(!isOpen);
     if (isOpen)

@@ -45,6 +45,7 @@ private:
     void buildList();
     void buildChart();
     void buildOpen();
+    void switchView(bool isOpen);
     bool isOpenShown() const;
     void loadOpen();
     void loadClosed();

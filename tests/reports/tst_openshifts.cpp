@@ -136,7 +136,7 @@ void TstOpenShifts::showOpen()
 void TstOpenShifts::load()
 {
     QSignalSpy loaded(m_report, &ReportWindow::loaded);
-    child<QPushButton>(m_report, "pbRefresh")->click();
+    child<QPushButton>(m_report, "pbLoad")->click();
     QVERIFY(loaded.wait());
 }
 
@@ -172,17 +172,17 @@ void TstOpenShifts::cashThatHasToBeThere()
     QCOMPARE(
         shown({Field::State, Field::Number, Field::User, Field::Turnover, Field::Cheks}),
         QStringList({"К21: відкрита 10 Коваль Ірина 605.00 7", "К22: ⚠ понад добу 5 Системний Адмін -5.00 0",
-                     "К23: закрита - - - -", "К31: відкрита 1 Системний Адмін 10.00 1"}));
+                     "К31: відкрита 1 Системний Адмін 10.00 1", "К23: закрита - - - -"}));
     // 150 + 400 - 25 + 301 - 40; the 7.77 belong to the shift before.
     QCOMPARE(
         shown({Field::Began, Field::Cash, Field::Returned, Field::BroughtIn, Field::Issued, Field::Expected}),
         QStringList({"К21: 150.00 400.00 25.00 301.00 40.00 786.00", "К22: 0.00 0.00 0.00 0.00 7.00 -7.00",
-                     "К23: - - - - - -", "К31: 0.00 10.00 0.00 0.00 0.00 10.00"}));
+                     "К31: 0.00 10.00 0.00 0.00 0.00 10.00", "К23: - - - - - -"}));
     QCOMPARE(
         shown({Field::ClosedNumber, Field::ClosedTurnover, Field::ToTakeOut, Field::TakenOut, Field::Counted,
                Field::Difference, Field::Left}),
         QStringList({"К21: 9 800.00 850.00 700.00 - - 150.00", "К22: 4 300.00 400.00 400.50 400.50 0.50 0.00",
-                     "К23: 2 60.00 60.00 60.00 60.00 0.00 0.00", "К31: - - - - - - -"}));
+                     "К31: - - - - - - -", "К23: 2 60.00 60.00 60.00 60.00 0.00 0.00"}));
     const QStringList totals = child<QLabel>(m_report, "labelOpenTotals")->text().split("  ·  ");
     QCOMPARE(totals,
              QStringList({"Відкритих змін: 3, кас: 4", "продаж: 610.00", "має бути в касах: 789.00"}));
@@ -276,11 +276,11 @@ void TstOpenShifts::readOnlyAlongKeys()
 void TstOpenShifts::freshByKey()
 {
     m_base->exec("UPDATE z_zvit SET cash=cash+100000 WHERE id_kass=31");
-    QCOMPARE(shown({Field::Expected}).last(), QString("К31: 10.00"));
+    QCOMPARE(shown({Field::Expected}).at(2), QString("К31: 10.00"));
     list()->view()->setCurrentIndex(cell("К31", Field::Shop));
     m_report->run(Command::Reload);
-    QTRY_COMPARE(shown({Field::Expected}).last(), QString("К31: 1010.00"));
-    QCOMPARE(list()->view()->currentIndex().row(), 3);
+    QTRY_COMPARE(shown({Field::Expected}).at(2), QString("К31: 1010.00"));
+    QCOMPARE(list()->view()->currentIndex().row(), 2);
 }
 
 void TstOpenShifts::leadsToTheReceipts()
