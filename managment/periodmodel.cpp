@@ -10,7 +10,7 @@ PeriodModel::PeriodModel(QObject *parent)
 QVector<Column> PeriodModel::columns() const
 {
     return {{tr("Код"), 5},        {tr("Штрихкод"), 13, &asText, true},
-            {tr("Назва"), 24},     {tr("За програмою"), 9},
+            {tr("Назва"), 18},     {tr("За програмою"), 9},
             {tr("Пораховано"), 9}, {tr("Різниця"), 8},
             {tr("Продано"), 8},    {tr("На складі"), 8}};
 }

@@ -156,7 +156,6 @@ void OpenShifts::clear()
 {
     m_shifts->drop();
     list()->clear();
-    ui->labelOpenTotals->clear();
 }
 
 void OpenShifts::rowsShown()
@@ -165,7 +164,6 @@ void OpenShifts::rowsShown()
     list()->setDetails(m_heading.mid(1).join(QStringLiteral(", ")));
     for (int row = 0; row < list()->model()->rowCount(); ++row)
         explain(row);
-    ui->labelOpenTotals->setText(totals().join(QStringLiteral("  ·  ")));
 }
 
 /// What the database does not tell stays empty, and says so.

@@ -94,10 +94,13 @@ void QZReport::buildOpen()
     ui->openView->open(connection(), user(), mainWindow());
     statusBar()->addWidget(ui->openView->list()->footer(), 1);
     ui->openView->list()->footer()->hide();
+    ui->labelOpenTotals->hide();
     ui->openView->list()->setButtons(ui->pbLoad, ui->pbStop);
     connect(ui->rbOpen, &QRadioButton::toggled, this, &QZReport::switchView);
     connect(ui->pbStop, &QPushButton::clicked, ui->openView, &OpenShifts::stop);
     connect(ui->openView, &OpenShifts::cheksWanted, this, &QZReport::cheksWanted);
+    connect(ui->openView->list(), &ListPane::rowsShown, this,
+            [this] { ui->labelOpenTotals->setText(ui->openView->totals().join(QStringLiteral("  ·  "))); });
     connect(ui->openView->list(), &ListPane::loaded, this, &QZReport::loaded);
     connect(ui->openView->list(), &ListPane::failed, this, &QZReport::loaded);
     connect(user(), &QLoadedUser::rightsChanged, this, [this] {
@@ -130,6 +133,8 @@ void QZReport::switchView(bool isOpen)
     ui->openView->stop();
     ui->views->setCurrentWidget(isOpen ? static_cast<QWidget *>(ui->openView) : ui->closedView);
     ui->range->setHidden(isOpen);
+    ui->closedOptions->setHidden(isOpen);
+    ui->labelOpenTotals->setVisible(isOpen);
     ui->openView->list()->footer()->setVisible(isOpen);
     ui->listShifts->footer()->setVisible(!isOpen);
     if (isOpen)

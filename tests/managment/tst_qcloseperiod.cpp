@@ -185,6 +185,7 @@ bool TstQClosePeriod::closePeriod(const std::function<void(QClosePeriod *)> &wor
             person.stop();
             waitOutTasks();
             QVERIFY(showActive(dialog));
+            QTRY_COMPARE(QApplication::focusWidget(), child<QWidget>(dialog, "leGoods"));
             const QPointer<QClosePeriod> guard(dialog);
             work(dialog);
             waitOutTasks();
