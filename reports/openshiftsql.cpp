@@ -45,35 +45,47 @@ QString placeCondition(const OpenShiftsAsked &asked)
                : QStringLiteral(" AND") + inShopGroups(QStringLiteral("shops.group_shop"), asked.groups);
 }
 
-/// What the receipts of one shift tell: when the first and the last were written, the service cash.
+/// Behind a known number only the shift's own receipts are read.
 QString receiptsOf(const OpenShift &shift)
 {
-    const QString condition = QStringLiteral("id_shop=%1 AND id_kass=%2 AND id_chek>%3 AND id_zvit=%4")
-                                  .arg(shift.shop)
-                                  .arg(shift.kass)
-                                  .arg(shift.chekBefore, shift.number);
-    const auto time = [&](const char *order) {
-        return QStringLiteral("(SELECT data_time FROM cheks WHERE %1 ORDER BY id_chek%2 LIMIT 1)")
-            .arg(condition, QLatin1String(order));
-    };
-    // The key of the types leads to these few among all receipts.
-    const auto sum = [&](int type) {
-        return QStringLiteral("(SELECT SUM(summa) FROM cheks IGNORE INDEX(PRIMARY) WHERE id_type=%1 AND %2)")
-            .arg(QString::number(type), condition);
-    };
-    return QStringLiteral("SELECT %1 AS id_kass,%2 AS opened,%3 AS latest,%4 AS brought,%5 AS issued")
-        .arg(QString::number(shift.kass), time(""), time(" DESC"), sum(ChekType::CashIn),
-             sum(ChekType::CashOut));
+    return QStringLiteral("id_shop=%1 AND id_kass=%2 AND id_chek>%3 AND id_zvit=%4")
+        .arg(shift.shop)
+        .arg(shift.kass)
+        .arg(shift.chekBefore, shift.number);
 }
 
-QString receiptsOf(const QVector<OpenShift> &open)
+/// When the first receipt of each shift was written.
+QString openings(const QVector<OpenShift> &open)
 {
     QStringList shifts;
     for (const OpenShift &shift : open)
-        shifts.append(receiptsOf(shift));
-    return shifts.isEmpty() ? QStringLiteral("SELECT 0 AS id_kass,NULL AS opened,NULL AS latest,0 AS brought,"
-                                             "0 AS issued")
+        shifts.append(
+            QStringLiteral("(SELECT id_kass,data_time FROM cheks WHERE %1 ORDER BY id_chek LIMIT 1)")
+                .arg(receiptsOf(shift)));
+    return shifts.isEmpty() ? QStringLiteral("SELECT 0 AS id_kass,NULL AS data_time")
                             : shifts.join(QStringLiteral(" UNION ALL "));
+}
+
+/// The service cash of each shift: the key of the types leads to these few among all receipts.
+QString serviceCash(const QVector<OpenShift> &open)
+{
+    QStringList shifts = {QStringLiteral("FALSE")};
+    for (const OpenShift &shift : open)
+        shifts.append(receiptsOf(shift));
+    return QStringLiteral(
+               "SELECT id_kass,SUM(IF(id_type=%1,summa,0)) AS brought,SUM(IF(id_type=%2,summa,0)) AS "
+               "issued FROM cheks IGNORE INDEX(PRIMARY) WHERE id_type IN (%1,%2) AND (%3) GROUP BY "
+               "id_kass")
+        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut),
+             shifts.join(QStringLiteral(" OR ")));
+}
+
+QString latestReceipt()
+{
+    return QStringLiteral(
+        "(SELECT cheks.data_time FROM cheks WHERE cheks.id_shop=live.id_shop AND "
+        "cheks.id_kass=live.id_kass AND cheks.id_zvit=live.id_zzvit ORDER BY cheks.id_chek DESC "
+        "LIMIT 1)");
 }
 
 /// Other programs leave sums without a value.
@@ -105,7 +117,7 @@ QString ifClosed(const QString &value)
 QString stateOf(const QDateTime &now)
 {
     return QStringLiteral(
-               "CASE WHEN live.id_zzvit IS NULL THEN %1 WHEN receipts.opened<%2 THEN %3 ELSE %4 END")
+               "CASE WHEN live.id_zzvit IS NULL THEN %1 WHEN opened.data_time<%2 THEN %3 ELSE %4 END")
         .arg(lit(Texts::tr("закрита")), sqlDateTime(now.addDays(-1)), lit(Texts::tr("⚠ понад добу")),
              lit(Texts::tr("відкрита")));
 }
@@ -121,8 +133,8 @@ QStringList selected(const QDateTime &now)
     const QString began = QStringLiteral("IFNULL(%1,0)").arg(ifClosed(left));
     const QString cash = number(QStringLiteral("live.cash"));
     const QString returned = number(QStringLiteral("live.cash_ret"));
-    const QString brought = number(QStringLiteral("receipts.brought"));
-    const QString issued = number(QStringLiteral("receipts.issued"));
+    const QString brought = number(QStringLiteral("service.brought"));
+    const QString issued = number(QStringLiteral("service.issued"));
     const QString isAllOut = QStringLiteral("IF(%1<=%2,%3,NULL)").arg(toTakeOut, takenOut);
     return {QStringLiteral("shops.address"),
             QStringLiteral("kassa.advertising_str"),
@@ -131,10 +143,10 @@ QStringList selected(const QDateTime &now)
             ifOpen(turnover("live")),
             QStringLiteral("live.count_cheks"),
             ifOpen(QStringLiteral("%1+%2-%3+%4-%5").arg(began, cash, returned, brought, issued)),
-            QStringLiteral("receipts.opened"),
+            QStringLiteral("opened.data_time"),
             QStringLiteral("(SELECT TRIM(CONCAT(users.surname,' ',users.name)) FROM users WHERE "
                            "users.id=live.id_user)"),
-            QStringLiteral("receipts.latest"),
+            latestReceipt(),
             ifOpen(began),
             ifOpen(cash),
             ifOpen(returned),
@@ -177,8 +189,9 @@ QString openShiftsSql(const OpenShiftsAsked &asked, const QVector<OpenShift> &op
     return QStringLiteral("SELECT ") + selected(now).join(QLatin1Char(',')) + registersWithShifts() +
            QStringLiteral(" LEFT JOIN z_zvit AS done ON done.id_zzvit=IF(live.id_zzvit IS NULL,kassa.newest,"
                           "kassa.older) AND done.id_kass=kassa.id AND done.data_time<>0 LEFT JOIN (") +
-           receiptsOf(open) +
-           QStringLiteral(") receipts ON receipts.id_kass=kassa.id WHERE kassa.newest IS NOT NULL AND "
+           openings(open) + QStringLiteral(") opened ON opened.id_kass=kassa.id LEFT JOIN (") +
+           serviceCash(open) +
+           QStringLiteral(") service ON service.id_kass=kassa.id WHERE kassa.newest IS NOT NULL AND "
                           "(kassa.block=0 OR live.id_zzvit IS NOT NULL)") +
            placeCondition(asked) +
            QStringLiteral(" ORDER BY live.id_zzvit IS NULL,shops.address,kassa.advertising_str,kassa.id");
