@@ -147,13 +147,26 @@ bool CountDesk::findHere(const QString &text, Source source)
 int CountDesk::rowOfName(const QString &text) const
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return nextRow([&](const InvoiceLine &line) { return holdsWords(line.name, words); });
+}
+
+/// Behind the current row, and on from the first one.
+int CountDesk::nextRow(const std::function<bool(const InvoiceLine &)> &isWanted) const
+{
     const int rows = m_model->rowCount();
     for (int i = 1; i <= rows; ++i) {
         const int next = (qMax(m_grid->currentRow(), -1) + i) % rows;
-        if (holdsWords(m_model->lines().at(next).name, words))
+        if (isWanted(m_model->lines().at(next)))
             return next;
     }
     return -1;
+}
+
+void CountDesk::countNext()
+{
+    const int row = nextRow([](const InvoiceLine &line) { return !line.counted; });
+    if (row >= 0 && !m_isFrozen)
+        count(row, Typed);
 }
 
 void CountDesk::count(int row, Source source)
@@ -208,6 +221,8 @@ bool CountDesk::fieldKey(const QKeyEvent *key)
     if (isEnterKey(key) && !text.isEmpty() && !(m_isAsking && m_isAsking())) {
         tell(QString());
         find(text, Typed);
+    } else if (isEnterKey(key) && text.isEmpty()) {
+        countNext();
     } else if (key->key() == Qt::Key_Down) {
         m_parts.view->setFocus();
     }

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <functional>
 
 class EditDialog;
 class QKeyEvent;
@@ -90,6 +91,8 @@ private:
     void find(const QString &text, Source source);
     bool findHere(const QString &text, Source source);
     int rowOfName(const QString &text) const;
+    int nextRow(const std::function<bool(const InvoiceLine &)> &isWanted) const;
+    void countNext();
     bool setCounted(int row, const std::optional<qint64> &thousandths);
     void takeRest();
     bool fieldKey(const QKeyEvent *key);

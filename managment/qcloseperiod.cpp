@@ -84,7 +84,7 @@ QString QClosePeriod::headWords(const PeriodSheet &sheet) const
         words.append(tr("Востаннє тут рахували: %1").arg(sheet.lastCount));
     if (m_order.zNumber.isEmpty())
         words.append(tr("Зміна закрита: пораховане відкриє нову, першого дня наступного періоду."));
-    words.append(tr("Порахуйте вагові товари в залі, у кілограмах."));
+    words.append(tr("Порахуйте вагові товари в залі, у кілограмах. Enter — наступний непорахований товар."));
     return words.join(QLatin1Char('\n'));
 }
 

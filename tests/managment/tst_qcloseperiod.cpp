@@ -44,6 +44,7 @@ private slots:
     void shiftFollows();
     void cancelledCountWritesNothing();
     void nothingLeftUncounted();
+    void listIsCountedByEnterAlone();
     void soldMeanwhile();
     void lostAnswer();
     void otherHands();
@@ -346,6 +347,24 @@ void TstQClosePeriod::nothingLeftUncounted()
         QCOMPARE(m_base->rows(document), QStringList());
         answerConfirm([=] { dialog->close(); }, true);
     }));
+}
+
+void TstQClosePeriod::listIsCountedByEnterAlone()
+{
+    QVERIFY(closePeriod([this](QClosePeriod *dialog) {
+        for (const char *counted : {"9,5", "8"}) {
+            pressKeys({Qt::Key_Return});
+            typeText(counted);
+            pressKeys({Qt::Key_Return});
+        }
+        pressKeys({Qt::Key_Return});
+        QTRY_COMPARE(
+            shownRows(dialog),
+            QString("Картопля 10.000 9.500 −0.500 2.000 0.500; Сир ваговий 10.000 8.000 −2.000 1.250 0.500"));
+        QVERIFY(dialog->isVisible());
+        answerConfirm([=] { press(dialog, Qt::Key_F9); }, true);
+    }));
+    QCOMPARE(stock(), QString("10|10000|500 11|8000|500 14|9500|500"));
 }
 
 /// What another register sells while people count would be counted twice.
