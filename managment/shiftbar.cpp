@@ -255,12 +255,20 @@ bool ShiftBar::isPeriodClosed(const ClosingCheck &check) const
            m_closedPeriod == shiftKey(m_place->place(), check.shift);
 }
 
-/// Why it cannot be closed; empty when it can.
-QString ShiftBar::periodRefusal(const ClosingCheck &check) const
+/// Why it cannot be closed; empty when it can. What would refuse the document in the end is told before
+/// anything is counted.
+QString ShiftBar::periodRefusal(const ChekPlace &place, const ClosingCheck &check) const
 {
     const QString why = ShiftCloser::periodRefusal(*check.day);
-    return why.isEmpty() && check.figures ? ShiftCloser::dateRefusal(*check.figures, m_place->chosenDate())
-                                          : why;
+    if (!why.isEmpty())
+        return why;
+    if (m_place->isClosingOnly())
+        return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
+    if (!check.figures)
+        return QString();
+    if (check.figures->shop != place.shop)
+        return tr("Зміну цієї каси відкрито в іншому магазині: її період тут не закрити.");
+    return ShiftCloser::dateRefusal(*check.figures, m_place->chosenDate());
 }
 
 /// The day after the last one is the first of the next period, so the days need no writing.
@@ -268,7 +276,7 @@ bool ShiftBar::closePeriod(const ChekPlace &place, const ClosingCheck &check)
 {
     if (!check.day || !check.shift.z)
         return false;
-    const QString why = periodRefusal(check);
+    const QString why = periodRefusal(place, check);
     if (!why.isEmpty()) {
         m_work->warn(tr("Попередження."), why);
         return false;

@@ -58,7 +58,7 @@ private:
     void periodChecked(const ChekPlace &place, const ClosingCheck &check);
     bool isOpen(const ShiftState &state);
     bool takeOver(const ShiftState &state, const QString &question, const QString &act);
-    QString periodRefusal(const ClosingCheck &check) const;
+    QString periodRefusal(const ChekPlace &place, const ClosingCheck &check) const;
     bool isPeriodClosed(const ClosingCheck &check) const;
     enum class LastDay { Stop, GoOn, ReadAgain };
     bool countPeriod(const ChekPlace &place, const ClosingCheck &check);

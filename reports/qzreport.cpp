@@ -180,17 +180,18 @@ void QZReport::goTo(const Destination &destination)
 void QZReport::showOrigin(const ChekOrigin &origin, const PlaceNames &names)
 {
     const bool isByNumber = !origin.zFrom.isEmpty();
-    showOpen(false);
+    const bool isOfDays = origin.firstDay.isValid();
+    showOpen(!isByNumber && !isOfDays);
     showid(isByNumber);
     if (isByNumber)
         ui->range->setNumbers(origin.zFrom, origin.zTo);
-    else if (origin.firstDay.isValid())
+    else if (isOfDays)
         ui->range->setDays(origin.firstDay, origin.lastDay);
     ui->chSum->setChecked(false);
     ui->leLimit->clear();
     ui->place->showPlace(names.group, names.shop, names.kass);
     load();
-    view()->setFocus();
+    list()->view()->setFocus();
 }
 
 void QZReport::load()

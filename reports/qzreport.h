@@ -23,7 +23,7 @@ public:
     /// The list in front.
     ListPane *list() const override;
     QStringList totals() const override;
-    /// Loads the shifts of a place: those of the numbers, else those closed in the days.
+    /// Loads the shifts of a place: those of the numbers, else those closed in the days, else the open ones.
     void goTo(const Destination &destination) override;
 
 public slots:

@@ -52,6 +52,7 @@ private slots:
     void failureWritesNothing();
     void closedShift();
     void absentUser();
+    void blockedRegister();
 
 private:
     void openTab();
@@ -497,6 +498,22 @@ void TstQClosePeriod::absentUser()
     QVERIFY(isOpened);
     QCOMPARE(m_base->value("SELECT GROUP_CONCAT(DISTINCT id_user) FROM cheks WHERE id_type=7"), QString("1"));
     QCOMPARE(m_base->value("SELECT id_user FROM z_zvit WHERE id_kass=1 AND id_zzvit=4"), QString("2"));
+}
+
+/// Told before anybody counts what could not be written.
+void TstQClosePeriod::blockedRegister()
+{
+    m_base->exec("UPDATE kassa SET block=1 WHERE id=1");
+    openTab();
+    auto *registers = child<QComboBox>(m_tab.get(), "cbKass");
+    for (int i = 0; i < registers->count(); ++i) {
+        if (registers->itemText(i).contains("Каса 1"))
+            registers->setCurrentIndex(i);
+    }
+    waitOutTasks();
+    QVERIFY(!closePeriod([](QClosePeriod *) {}));
+    m_base->exec("UPDATE kassa SET block=0 WHERE id=1");
+    QVERIFY2(m_warned.value(0).contains("тут можна лише закрити зміну"), qPrintable(m_warned.join('|')));
 }
 
 QTEST_MAIN(TstQClosePeriod)

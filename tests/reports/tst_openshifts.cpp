@@ -1,5 +1,6 @@
 #include "openshifts.h"
 
+#include "destination.h"
 #include "listpane.h"
 #include "placeselector.h"
 #include "qloadeduser.h"
@@ -46,6 +47,7 @@ private slots:
     void readOnlyAlongKeys();
     void freshByKey();
     void leadsToTheReceipts();
+    void otherPagesLeadHere();
     void closedListStays();
     void exportedAsShown();
 
@@ -300,6 +302,22 @@ void TstOpenShifts::leadsToTheReceipts()
     open("К21", Field::TakenOut);
     open("К23", Field::Shop);
     QCOMPARE(origins, QStringList({"2/21/10", "2/21/9", "2/23/2"}));
+}
+
+/// To the open shifts of a place, unless numbers or days are told.
+void TstOpenShifts::otherPagesLeadHere()
+{
+    Destination closed;
+    closed.origin.shop = 2;
+    closed.origin.firstDay = closed.origin.lastDay = QDate(2026, 11, 19);
+    m_report->goTo(closed);
+    QTRY_COMPARE(m_report->model()->rowCount(), 2);
+    QVERIFY(m_report->list() != list());
+    Destination open;
+    open.origin.shop = 3;
+    m_report->goTo(open);
+    QTRY_COMPARE(shown({Field::Number}), QStringList("К31: 1"));
+    QVERIFY(m_report->list() == list());
 }
 
 /// Its rows and its heading are those of before.
