@@ -259,7 +259,7 @@ bool ShiftBar::isPeriodClosed(const ClosingCheck &check) const
 /// anything is counted.
 QString ShiftBar::periodRefusal(const ChekPlace &place, const ClosingCheck &check) const
 {
-    const QString why = ShiftCloser::periodRefusal(*check.day);
+    QString why = ShiftCloser::periodRefusal(*check.day);
     if (!why.isEmpty())
         return why;
     if (m_place->isClosingOnly())

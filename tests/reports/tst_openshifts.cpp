@@ -74,14 +74,15 @@ void TstOpenShifts::initTestCase()
 {
     qputenv("XDG_CONFIG_HOME", m_config.path().toUtf8());
     m_base = std::make_unique<FreshDatabase>();
+    const QString registers =
+        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(21,2,'К21',0),(22,2,'К22',0),"
+        "(23,2,'К23',0),(24,2,'К24',0),(31,3,'К31',0)";
+    const QString user = "INSERT INTO users(id,login,pass,key_prem,name,surname,id_g_prem) VALUES"
+                         "(2,'b','x','2000000002','Ірина','Коваль',1)";
     m_base->exec(
         {"INSERT INTO group_shop(id,name) VALUES(2,'Північ'),(3,'Південь')",
          "INSERT INTO shops(id,address,group_shop,block) VALUES(2,'вул. Нова, 2',2,0),(3,'вул. Стара, 3',3,0)",
-         "INSERT INTO users(id,login,pass,key_prem,name,surname,id_g_prem) "
-         "VALUES(2,'b','x','2000000002','Ірина','Коваль',1)",
-         "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(21,2,'К21',0),(22,2,'К22',0),(23,2,'К23',0),"
-         "(24,2,'К24',0),(31,3,'К31',0)",
-         "INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2),(1,3)"});
+         user, registers, "INSERT IGNORE INTO lst_group(id_g_prem,id_group) VALUES(1,1),(1,2),(1,3)"});
 }
 
 void TstOpenShifts::init()
