@@ -93,6 +93,7 @@ void QZReport::buildOpen()
 {
     ui->openView->open(connection(), user(), mainWindow());
     statusBar()->addWidget(ui->openView->list()->footer(), 1);
+    ui->openView->hide();
     ui->openView->list()->footer()->hide();
     ui->labelOpenTotals->hide();
     ui->openView->list()->setButtons(ui->pbLoad, ui->pbStop);
@@ -131,7 +132,8 @@ void QZReport::switchView(bool isOpen)
     forgetLoad();
     ui->listShifts->stop();
     ui->openView->stop();
-    ui->views->setCurrentWidget(isOpen ? static_cast<QWidget *>(ui->openView) : ui->closedView);
+    ui->closedView->setHidden(isOpen);
+    ui->openView->setVisible(isOpen);
     ui->range->setHidden(isOpen);
     ui->closedOptions->setHidden(isOpen);
     ui->labelOpenTotals->setVisible(isOpen);
