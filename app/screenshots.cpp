@@ -19,11 +19,13 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -33,6 +35,7 @@
 #include <QTimer>
 #include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 namespace {
 const int startLimitMs = 60000;
@@ -184,16 +187,13 @@ void Screenshots::takePage(const QString &name)
     {
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
-    } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
-                  {"man_invoices", &Screenshots::takeInvoices},
-                  {"mz_overview", &Screenshots::takeOverview},
-                  {"importcln", &Screenshots::takeImport},
-                  {"mz_cheks", &Screenshots::takeCheks},
-                  {"mt_goods", &Screenshots::takeGoods},
-                  {"mt_action", &Screenshots::takeActions},
-                  {"man_action", &Screenshots::takeAssignment},
-                  {"mc_users", &Screenshots::takeUsers},
-                  {"premis_group", &Screenshots::takePermissionGroups}};
+    } others[] = {
+        {"man_saleadmiss", &Screenshots::takeSale},  {"man_invoices", &Screenshots::takeInvoices},
+        {"mz_overview", &Screenshots::takeOverview}, {"importcln", &Screenshots::takeImport},
+        {"mz_cheks", &Screenshots::takeCheks},       {"mt_goods", &Screenshots::takeGoods},
+        {"mt_action", &Screenshots::takeActions},    {"man_action", &Screenshots::takeAssignment},
+        {"mc_users", &Screenshots::takeUsers},       {"premis_group", &Screenshots::takePermissionGroups},
+        {"mz_zzvit", &Screenshots::takeZReports}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -254,6 +254,16 @@ void Screenshots::takeCheks(QWidget *viewer, const QString &name)
     save(m_window, name);
 }
 
+/// The closed shifts, and what goes on in the open ones.
+void Screenshots::takeZReports(QWidget *report, const QString &name)
+{
+    takeList(report, name);
+    report->findChild<QComboBox *>(QStringLiteral("cbGroup"))->setCurrentIndex(0);
+    report->findChild<QRadioButton *>(QStringLiteral("rbOpen"))->click();
+    waitForRows(report);
+    save(m_window, name + QStringLiteral("_open"));
+}
+
 void Screenshots::takeSlip(const QString &html)
 {
     QTextDocument document;
@@ -272,6 +282,7 @@ void Screenshots::takeSlip(const QString &html)
 
 void Screenshots::takeSale(QWidget *sale, const QString &name)
 {
+    takePeriod(sale, name);
     pickGoods(sale);
     save(m_window, name);
     takeModal(name + QStringLiteral("_whyprice"), [sale] {
@@ -283,6 +294,22 @@ void Screenshots::takeSale(QWidget *sale, const QString &name)
     takeModal(name + QStringLiteral("_payment"),
               [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbSale"))->click(); });
     takeStock(sale, name);
+}
+
+/// The goods of a shop that is on the last day of its period.
+void Screenshots::takePeriod(QWidget *sale, const QString &name)
+{
+    auto *shops = sale->findChild<QComboBox *>(QStringLiteral("cbShop"));
+    auto *shift = sale->findChild<QLabel *>(QStringLiteral("lbShift"));
+    const int before = shops->currentIndex();
+    for (int shop = 0; shop < shops->count() && !shift->text().endsWith(QLatin1String(" 7.")); ++shop) {
+        shops->setCurrentIndex(shop);
+        workFor(300);
+    }
+    takeModal(name + QStringLiteral("_period"),
+              [sale] { sale->findChild<QPushButton *>(QStringLiteral("pbPeriod"))->click(); });
+    shops->setCurrentIndex(before);
+    workFor(300);
 }
 
 /// One on the way with its goods, the windows in which it is closed, and one that came with differences.
@@ -433,10 +460,11 @@ void Screenshots::takeModal(const QString &name, const std::function<void()> &ac
     QTimer look;
     connect(&look, &QTimer::timeout, this, [&] {
         auto *modal = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (modal == nullptr || isTaken || !DbTasks::isIdle() || !RunningJobs::all().jobs().isEmpty())
+        if (modal == nullptr || !DbTasks::isIdle() || !RunningJobs::all().jobs().isEmpty())
             return;
-        isTaken = true;
-        save(modal, name);
+        // What comes behind it tells that nothing was done.
+        if (!std::exchange(isTaken, true))
+            save(modal, name);
         modal->reject();
     });
     look.start(300);

@@ -43,11 +43,13 @@ private:
     void takeSale(QWidget *sale, const QString &name);
     /// The same goods received and moved, and a table that is pasted.
     void takeInvoices(QWidget *invoices, const QString &name);
+    void takePeriod(QWidget *sale, const QString &name);
     void takeStock(QWidget *sale, const QString &name);
     void pickGoods(QWidget *sale);
     /// Pictures the modal window that act opens, and closes it.
     void takeModal(const QString &name, const std::function<void()> &act);
     /// Pictures a slip as it is printed: black on white, as narrow as the paper.
+    void takeZReports(QWidget *report, const QString &name);
     void takeSlip(const QString &html);
     QString fileFor(const QString &name);
     void save(QWidget *widget, const QString &name);

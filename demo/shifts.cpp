@@ -22,6 +22,12 @@ LastDay lastDayOf(const Register &reg)
     return ways[reg.id % 5];
 }
 
+/// What is left in the drawer for the next shift, to give change.
+qint64 keptCash(const Register &reg)
+{
+    return reg.id % 15 == 8 ? 30000 : 0;
+}
+
 QVector<ReceiptLine> delivery(const Chain &chain, const Shop &shop, Dice *dice)
 {
     QVector<ReceiptLine> lines;
@@ -70,7 +76,8 @@ private:
         writeSales(&journal, opening, closing, isLast);
         const bool isOpen = isLast && lastDayOf(m_register) == LastDay::Open;
         if (!isOpen) {
-            journal.takeCash(journal.totals().cashInDrawer(), closing.addSecs(120));
+            journal.takeCash(qMax<qint64>(journal.totals().cashInDrawer() - keptCash(m_register), 0),
+                             closing.addSecs(120));
             journal.close(closing.addSecs(300));
         }
         addShiftRow(journal.totals(), isOpen ? QStringLiteral("0") : sqlDateTime(closing.addSecs(300)));
@@ -147,6 +154,24 @@ const QString shiftColumns = QStringLiteral(
     "viluchenia,data_time)");
 } // namespace
 
+/// A shop with an open shift is on the last day of its period.
+static bool endPeriod(const Db &db, const Chain &chain)
+{
+    const Shop *shop = nullptr;
+    for (const Register &reg : chain.registers) {
+        if (lastDayOf(reg) == LastDay::Open && !reg.blocked && reg.shop->dayCycle > 1)
+            shop = reg.shop;
+    }
+    return shop == nullptr ||
+           db.run(QStringLiteral(
+                      "UPDATE z_zvit JOIN (SELECT id_kass,MAX(id_zzvit) AS id_zzvit FROM z_zvit WHERE "
+                      "id_shop=%1 GROUP BY id_kass) newest USING(id_kass) SET "
+                      "day=%2-MOD(newest.id_zzvit-z_zvit.id_zzvit,%2)")
+                      .arg(shop->id)
+                      .arg(shop->dayCycle))
+               .has_value();
+}
+
 bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const QString &)> &progress)
 {
     BulkInsert receipts(db, ShiftJournal::columns);
@@ -161,6 +186,6 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
                          .arg(receipts.rows()));
         }
     }
-    return receipts.finish() && shifts.finish();
+    return receipts.finish() && shifts.finish() && endPeriod(db, chain);
 }
 } // namespace demo

@@ -11,27 +11,20 @@ constexpr qint64 one = 1000;
 /// A question names so many items.
 constexpr int mostNamed = 20;
 
-/// Whole pieces without decimals, kilograms with three.
-QString quantityOf(const InvoiceLine &line, qint64 quantity)
-{
-    return line.isPiece && quantity % one == 0 ? wholeShown(quantity / one) : quantityShown(quantity);
-}
-
-QString withSign(const InvoiceLine &line)
-{
-    const qint64 difference = *line.counted - line.sent;
-    if (difference == 0)
-        return QStringLiteral("✓");
-    return (difference < 0 ? QStringLiteral("−") : QStringLiteral("+")) + quantityOf(line, qAbs(difference));
-}
-
 bool isUncounted(const InvoiceLine &line)
 {
     return !line.counted;
 }
 } // namespace
 
-QVector<Column> CountModel::columns()
+CountModel::CountModel(QObject *parent)
+    : CountModel({tr("«%1»: надіслано %2, є %3"), tr("не надсилали")}, parent)
+{
+}
+
+CountModel::CountModel(const Words &words, QObject *parent) : QAbstractTableModel(parent), m_words(words) {}
+
+QVector<Column> CountModel::columns() const
 {
     return {{tr("Код"), 6},        {tr("Штрихкод"), 13},   {tr("Назва"), 26},
             {tr("Надіслано"), 10}, {tr("Пораховано"), 10}, {tr("Різниця"), 10}};
@@ -71,18 +64,26 @@ QString CountModel::setCounted(int row, const std::optional<qint64> &thousandths
     if (thousandths && line.isPiece && *thousandths % one != 0)
         return tr("«%1»: кількість штучного товару — ціле число.").arg(line.name);
     m_lines[row].counted = thousandths;
-    emit dataChanged(index(row, 0), index(row, Count - 1));
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
     emit countsChanged();
     return QString();
+}
+
+void CountModel::setExpected(int row, qint64 thousandths)
+{
+    m_lines[row].sent = thousandths;
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    emit countsChanged();
 }
 
 void CountModel::takeRestAsSent()
 {
     for (InvoiceLine &line : m_lines) {
-        if (isUncounted(line))
+        // Nobody finds less than nothing.
+        if (isUncounted(line) && line.sent >= 0)
             line.counted = line.sent;
     }
-    emit dataChanged(index(0, 0), index(rowCount() - 1, Count - 1));
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     emit countsChanged();
 }
 
@@ -124,8 +125,8 @@ QStringList CountModel::differences() const
     int differing = 0;
     for (const InvoiceLine &line : m_lines) {
         if (line.differs() && ++differing <= mostNamed)
-            words.append(tr("«%1»: надіслано %2, є %3")
-                             .arg(line.name, quantityOf(line, line.sent), quantityOf(line, *line.counted)));
+            words.append(m_words.difference.arg(line.name, quantityOf(line, line.sent),
+                                                quantityOf(line, *line.counted)));
     }
     if (differing > mostNamed)
         words.append(tr("… і ще %1").arg(differing - mostNamed));
@@ -139,11 +140,32 @@ int CountModel::rowCount(const QModelIndex &parent) const
 
 int CountModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : Count;
+    return parent.isValid() ? 0 : Count + m_words.furtherColumns;
 }
 
-QString CountModel::text(const InvoiceLine &line, int column) const
+QString CountModel::quantityOf(const InvoiceLine &line, qint64 quantity)
 {
+    return line.isPiece && quantity % one == 0 ? wholeShown(quantity / one) : quantityShown(quantity);
+}
+
+QString CountModel::withSign(const InvoiceLine &line) const
+{
+    const qint64 difference = *line.counted - line.sent;
+    if (difference == 0)
+        return QStringLiteral("✓");
+    return (difference < 0 ? QStringLiteral("−") : QStringLiteral("+")) + quantityOf(line, qAbs(difference));
+}
+
+QString CountModel::furtherText(int row, int column) const
+{
+    Q_UNUSED(row)
+    Q_UNUSED(column)
+    return QString();
+}
+
+QString CountModel::text(int row, int column) const
+{
+    const InvoiceLine &line = m_lines.at(row);
     switch (column) {
     case Goods:
         return QString::number(line.goods);
@@ -152,11 +174,14 @@ QString CountModel::text(const InvoiceLine &line, int column) const
     case Name:
         return line.name;
     case Sent:
-        return line.sent == 0 ? tr("не надсилали") : quantityOf(line, line.sent);
+        return line.sent == 0 && !m_words.unexpected.isEmpty() ? m_words.unexpected
+                                                               : quantityOf(line, line.sent);
     case Counted:
         return line.counted ? quantityOf(line, *line.counted) : QString();
-    default:
+    case Difference:
         return line.counted ? withSign(line) : QString();
+    default:
+        return furtherText(row, column);
     }
 }
 
@@ -165,11 +190,11 @@ QVariant CountModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return QVariant();
     const InvoiceLine &line = m_lines.at(index.row());
-    const bool isMarked = line.differs() && index.column() >= Sent;
+    const bool isMarked = line.differs() && index.column() >= Sent && index.column() < Count;
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-        return text(line, index.column());
+        return text(index.row(), index.column());
     case Qt::ToolTipRole:
         return index.column() == Name ? QVariant(line.name) : QVariant();
     case Qt::BackgroundRole:
@@ -189,7 +214,7 @@ bool CountModel::setData(const QModelIndex &index, const QVariant &value, int ro
 {
     if (role != Qt::EditRole || index.column() != Counted)
         return false;
-    if (value.toString() != text(m_lines.at(index.row()), Counted))
+    if (value.toString() != text(index.row(), Counted))
         emit countTyped(index.row(), value.toString());
     return true;
 }

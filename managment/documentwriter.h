@@ -56,12 +56,18 @@ public:
     /// Opens a shift after the last closed one and returns its number; empty after a failure, and when there
     /// are no more numbers.
     QString createZ() const;
-    bool isOwn(const OpenZ &z) const { return z.number.isEmpty() || z.user == m_place.user; }
+    bool isOwn(const OpenZ &z) const
+    {
+        return z.number.isEmpty() || z.user == m_place.user || z.user == m_takenOver;
+    }
     /// Why nothing can be written at the register now: blocked, moved to another shop, its shift open
     /// elsewhere. Empty when it can, nothing after a failure.
     std::optional<QString> placeRefusal() const;
 
 protected:
+    /// The shift of that user counts as one's own: somebody has agreed to act in his place.
+    void takeOver(const QString &user) { m_takenOver = user; }
+
     // The steps of a writing transaction. False: *result tells why nothing is to be written.
 
     bool takeNumber(Result *result) const;
@@ -77,4 +83,6 @@ private:
     bool openShift(Result *result) const;
     std::optional<QString> placeRefusal(const char *lock) const;
     static QString noMoreNumbers();
+
+    QString m_takenOver;
 };

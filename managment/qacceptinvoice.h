@@ -1,5 +1,6 @@
 #pragma once
 
+#include "countdesk.h"
 #include "invoicedialog.h"
 #include "invoicereader.h"
 #include "listcolumns.h"
@@ -9,11 +10,7 @@
 namespace Ui {
 class QAcceptInvoice;
 }
-class CountModel;
-class QKeyEvent;
 class QLoadedUser;
-class QuantityGrid;
-class ScanCatcher;
 
 /// The receiver counts what has come. A scanned piece counts one more wherever the focus is, of weighed goods
 /// the quantity is asked; what was not sent is added. All has to be counted before it is accepted; what
@@ -38,38 +35,19 @@ protected:
     void save() override;
     void notWritten() override;
     void showEvent(QShowEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Scanned codes count; what is typed by hand shows its row.
-    enum Source { Scanned, Typed };
-
-    void buildGrid(const QLoadedUser *user);
     void connectParts();
     void show(const std::optional<ReadInvoice> &invoice);
-    void showSums();
-    void tell(const QString &text);
-    void scan(const QString &code);
-    void takeScans();
-    void find(const QString &text, Source source);
-    bool findHere(const QString &text, Source source);
-    void lookUp(const QString &text, Source source);
-    void showFound(const QString &text, Source source, const std::optional<QVector<InvoiceLine>> &found);
-    void count(int row, Source source);
-    bool setCounted(int row, const std::optional<qint64> &thousandths);
-    void takeRest();
-    void focusField();
+    void lookUp(const QString &text, CountDesk::Source source);
+    void showFound(const QString &text, CountDesk::Source source,
+                   const std::optional<QVector<InvoiceLine>> &found);
     AcceptDraft draft() const;
-    bool agreesToDifferences();
 
     std::unique_ptr<Ui::QAcceptInvoice> ui;
     CountModel *m_model;
     ListColumns m_columns;
-    QuantityGrid *m_grid = nullptr;
-    ScanCatcher *m_scanner = nullptr;
+    CountDesk *m_desk;
     ReadInvoice m_invoice;
     DbId m_user;
-    bool m_isChanged = false;
-    /// Scanned while a question was open.
-    QStringList m_scans;
 };

@@ -221,7 +221,11 @@ void QRegisterSale::connectClosing()
                    ? QString()
                    : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
     });
-    connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellTracker);
+    connect(ui->shift, &ShiftBar::written, this, [this](const QStringList &tables) {
+        if (tables.contains(QLatin1String("goods_shop")))
+            ui->goods->refresh();
+        tellTracker(tables);
+    });
 }
 
 /// The shortcut of a button would press it a tenth of a second later, after the keys that follow.

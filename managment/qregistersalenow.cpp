@@ -52,5 +52,5 @@ bool QRegisterSale::ClosePeriod()
 {
     const ChekPlace place = ui->place->place();
     return ui->shift->closePeriod(
-        checkClosing(Db(m_work->db(), m_work->receiver()), m_work->caller(), place));
+        place, checkClosing(Db(m_work->db(), m_work->receiver()), m_work->caller(), place));
 }

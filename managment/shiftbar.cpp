@@ -3,6 +3,7 @@
 
 #include "dbtasks.h"
 #include "placebar.h"
+#include "qcloseperiod.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
@@ -11,6 +12,11 @@
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
+
+QString shiftKey(const ChekPlace &place, const ShiftState &state)
+{
+    return place.kass + QLatin1Char('/') + state.z->number;
+}
 } // namespace
 
 ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ShiftBar>())
@@ -109,6 +115,7 @@ void ShiftBar::check(void (ShiftBar::*then)(const ChekPlace &place, const Closin
 void ShiftBar::closeShift()
 {
     guarded([this] {
+        m_takenOver.clear();
         const QString why = closingRefusal();
         if (why.isEmpty())
             return check(&ShiftBar::shiftChecked);
@@ -130,8 +137,13 @@ void ShiftBar::shiftChecked(const ChekPlace &place, const ClosingCheck &check)
 {
     m_looks->drop();
     show(check.shift);
-    if (isOpen(check.shift) && offerPeriod(check) && check.figures)
-        count(place, *check.figures);
+    if (isOpen(check.shift)) {
+        const LastDay lastDay = offerPeriod(place, check);
+        if (lastDay == LastDay::ReadAgain)
+            return this->check(&ShiftBar::shiftChecked);
+        if (lastDay == LastDay::GoOn && check.figures)
+            count(place, *check.figures);
+    }
     emit m_work->left();
 }
 
@@ -141,34 +153,40 @@ bool ShiftBar::isOpen(const ShiftState &state)
     if (!state.z)
         return false;
     if (!state.z->number.isEmpty())
-        return state.isOwn || takeOver(state);
+        return state.isOwn || m_takenOver == shiftKey(m_place->place(), state) ||
+               takeOver(state,
+                        tr("Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?")
+                            .arg(state.z->number, state.owner),
+                        tr("Закрити її"));
     m_work->tell(tr("На цій касі немає відкритої зміни: закривати нічого."));
     return false;
 }
 
 /// Whoever opened the shift may have left without closing it.
-bool ShiftBar::takeOver(const ShiftState &state)
+bool ShiftBar::takeOver(const ShiftState &state, const QString &question, const QString &act)
 {
     const QString warning = ChekWriter::explanation({ChekWriter::Busy, {}});
-    const QString question = tr("Зміну № %1 відкрив інший користувач: %2. Закрити її замість нього?")
-                                 .arg(state.z->number, state.owner);
-    return m_work->confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question,
-                           tr("Закрити її"));
+    if (!m_work->confirm(tr("Магазин зайнятий!"), warning + QStringLiteral("\n\n") + question, act))
+        return false;
+    m_takenOver = shiftKey(m_place->place(), state);
+    return true;
 }
 
-/// On the last day of the period. False when the shift is not to be closed.
-bool ShiftBar::offerPeriod(const ClosingCheck &check)
+/// On the last day of the period.
+ShiftBar::LastDay ShiftBar::offerPeriod(const ChekPlace &place, const ClosingCheck &check)
 {
     if (!check.day)
-        return false;
-    if (!check.day->isLast() || m_closedPeriod == shiftKey(check.shift.z->number))
-        return true;
+        return LastDay::Stop;
+    if (!check.day->isLast() || isPeriodClosed(check))
+        return LastDay::GoOn;
     const int answer = QMessDlg::quest(this, tr("закрити?"),
                                        tr("Ви збираєтесь закрити зміну\nв останні день періоду.\nЗакрити "
                                           "період перед закриттям зміни?"),
                                        tr("Відмінити закриття"), tr("Закрити тільки зміну"),
                                        tr("Закрити період та зміну"), QString());
-    return answer == CloseShift || (answer == ClosePeriodAndShift && closePeriod(check));
+    if (answer == CloseShift)
+        return LastDay::GoOn;
+    return answer == ClosePeriodAndShift && closePeriod(place, check) ? LastDay::ReadAgain : LastDay::Stop;
 }
 
 /// What the operator is shown is what is compared and closed.
@@ -214,6 +232,7 @@ void ShiftBar::closed(const QString &zNumber, ShiftCloser::Outcome outcome)
 void ShiftBar::closePeriodAlone()
 {
     guarded([this] {
+        m_takenOver.clear();
         if (!m_place->isReading() && m_place->isChosen())
             return check(&ShiftBar::periodChecked);
         m_work->tell(tr("Виберіть магазин і касу."));
@@ -223,29 +242,76 @@ void ShiftBar::closePeriodAlone()
 
 void ShiftBar::periodChecked(const ChekPlace &place, const ClosingCheck &check)
 {
-    Q_UNUSED(place)
-    if (closePeriod(check))
-        m_work->tell(tr("Період закрито. Наступна зміна почне новий."));
+    if (closePeriod(place, check))
+        refresh();
     else
         m_work->warn(tr("Попередження?"), tr("Період не закрито!"));
     emit m_work->left();
 }
 
+bool ShiftBar::isPeriodClosed(const ClosingCheck &check) const
+{
+    return (check.figures && check.figures->periodChek != 0) ||
+           m_closedPeriod == shiftKey(m_place->place(), check.shift);
+}
+
+/// Why it cannot be closed; empty when it can. What would refuse the document in the end is told before
+/// anything is counted.
+QString ShiftBar::periodRefusal(const ChekPlace &place, const ClosingCheck &check) const
+{
+    QString why = ShiftCloser::periodRefusal(*check.day);
+    if (!why.isEmpty())
+        return why;
+    if (m_place->isClosingOnly())
+        return tr("Магазин або касу заблоковано: тут можна лише закрити зміну.");
+    if (!check.figures)
+        return QString();
+    if (check.figures->shop != place.shop)
+        return tr("Зміну цієї каси відкрито в іншому магазині: її період тут не закрити.");
+    return ShiftCloser::dateRefusal(*check.figures, m_place->chosenDate());
+}
+
 /// The day after the last one is the first of the next period, so the days need no writing.
-bool ShiftBar::closePeriod(const ClosingCheck &check)
+bool ShiftBar::closePeriod(const ChekPlace &place, const ClosingCheck &check)
 {
     if (!check.day || !check.shift.z)
         return false;
-    const QString why = ShiftCloser::periodRefusal(*check.day);
+    const QString why = periodRefusal(place, check);
     if (!why.isEmpty()) {
         m_work->warn(tr("Попередження."), why);
         return false;
     }
-    m_closedPeriod = shiftKey(check.shift.z->number);
-    return true;
+    if (isPeriodClosed(check)) {
+        m_work->tell(tr("Період уже закрито. Наступна зміна почне новий."));
+        return true;
+    }
+    const bool isTaken =
+        check.shift.isOwn || m_takenOver == shiftKey(place, check.shift) ||
+        takeOver(check.shift,
+                 tr("Зміну № %1 відкрив інший користувач: %2. Закрити її період замість нього?")
+                     .arg(check.shift.z->number, check.shift.owner),
+                 tr("Закрити період"));
+    return isTaken && countPeriod(place, check);
 }
 
-QString ShiftBar::shiftKey(const QString &zNumber) const
+/// What is counted is a document of the register.
+bool ShiftBar::countPeriod(const ChekPlace &place, const ClosingCheck &check)
 {
-    return m_place->place().kass + QLatin1Char('/') + zNumber;
+    PeriodOrder order;
+    order.place = place;
+    order.date = m_place->chosenDate();
+    order.zNumber = check.shift.z->number;
+    if (!check.shift.isOwn)
+        order.takenOver = check.shift.z->user;
+    QClosePeriod form(m_work, order, *check.day, this);
+    if (form.exec() != QDialog::Accepted)
+        return false;
+    if (!order.zNumber.isEmpty())
+        m_closedPeriod = shiftKey(place, check.shift);
+    const int document = form.document().number;
+    m_work->tell(document == 0 ? tr("Період закрито. Наступна зміна почне новий.")
+                               : tr("Період закрито, пораховане записано: документ № %1.").arg(document));
+    if (document != 0)
+        emit written({QStringLiteral("cheks"), QStringLiteral("goods_shop"), QStringLiteral("z_zvit")});
+    return true;
 }

@@ -39,8 +39,9 @@ public:
     void closeShift();
     /// The button of the period: tells when it could not be closed.
     void closePeriodAlone();
-    /// False, with the reason shown, when the period cannot be closed.
-    bool closePeriod(const ClosingCheck &check);
+    /// Has the goods counted that belong to the period's end. False, with the reason shown, when the period
+    /// cannot be closed or was not.
+    bool closePeriod(const ChekPlace &place, const ClosingCheck &check);
 
 signals:
     /// These tables were written to.
@@ -56,12 +57,15 @@ private:
     void shiftChecked(const ChekPlace &place, const ClosingCheck &check);
     void periodChecked(const ChekPlace &place, const ClosingCheck &check);
     bool isOpen(const ShiftState &state);
-    bool takeOver(const ShiftState &state);
-    bool offerPeriod(const ClosingCheck &check);
+    bool takeOver(const ShiftState &state, const QString &question, const QString &act);
+    QString periodRefusal(const ChekPlace &place, const ClosingCheck &check) const;
+    bool isPeriodClosed(const ClosingCheck &check) const;
+    enum class LastDay { Stop, GoOn, ReadAgain };
+    bool countPeriod(const ChekPlace &place, const ClosingCheck &check);
+    LastDay offerPeriod(const ChekPlace &place, const ClosingCheck &check);
     void count(const ChekPlace &place, const ShiftFigures &figures);
     void close(const ChekPlace &place, const ShiftFigures &figures, const ShiftCount &count);
     void closed(const QString &zNumber, ShiftCloser::Outcome outcome);
-    QString shiftKey(const QString &zNumber) const;
 
     std::unique_ptr<Ui::ShiftBar> ui;
     SaleWork *m_work = nullptr;
@@ -71,6 +75,9 @@ private:
     WaitNote *m_reading;
     std::function<void(const Act &close)> m_guard;
     std::function<QString()> m_refusal;
-    /// The shift during which the period was closed: its closing does not ask for that again.
+    /// The shift during which the period was closed without anything to count: its closing does not ask for
+    /// that again.
     QString m_closedPeriod;
+    /// The shift of another user that was agreed to be closed.
+    QString m_takenOver;
 };

@@ -22,11 +22,13 @@ QString otherFigures(const QString &kass, const QString &zNumber)
     return QStringLiteral(
                "SELECT z_zvit.id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
                "count_chek_canc,SUM(IF(cheks.id_type=%1,summa,0)),SUM(IF(cheks.id_type=%2,summa,0)),"
-               "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s') FROM z_zvit LEFT JOIN cheks ON "
+               "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s'),"
+               "MAX(IF(cheks.id_type=%5 AND cheks.dis_bon_bez2=%6,cheks.id_chek,0)) FROM z_zvit LEFT JOIN cheks ON "
                "cheks.id_shop=z_zvit.id_shop AND cheks.id_kass=z_zvit.id_kass AND "
                "cheks.id_zvit=z_zvit.id_zzvit WHERE z_zvit.id_kass=%3 AND z_zvit.id_zzvit=%4 "
                "GROUP BY z_zvit.id_zzvit,z_zvit.id_kass")
-        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut), kass, zNumber);
+        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut), kass, zNumber,
+             QString::number(ChekType::GoodsReceipt), QString::number(countedPlace));
 }
 
 ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStringList &other)
@@ -43,6 +45,7 @@ ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStrin
     figures.vnesenia = other.at(6).toLongLong();
     figures.issued = other.at(7).toLongLong();
     figures.latest = other.at(8);
+    figures.periodChek = other.at(9).toInt();
     return figures;
 }
 } // namespace

@@ -23,6 +23,8 @@ struct ShiftFigures
     int countChekCanc = 0;
     /// yyyyMMddhhmmss of the latest receipt; empty without one.
     QString latest;
+    /// The document with which the trading period was closed during the shift; 0 for none.
+    int periodChek = 0;
 
     /// What lies in the drawer: sold for and brought in, without what was paid back and issued.
     qint64 expectedCash() const { return cash - cashRet + vnesenia - issued; }

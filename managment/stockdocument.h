@@ -47,6 +47,8 @@ struct StockMove
     int type = 0;
     /// Where received goods come to and moved goods go to; of goods handed over where they are taken from.
     StockPlace place = StockPlace::Syllable;
+    /// Received are the differences to what the shop floor had by the program: it was counted.
+    bool isCount = false;
 
     /// What becomes of a quantity there.
     qint64 change(StockPlace where, qint64 thousandths) const;

@@ -21,8 +21,8 @@ QString goodsRow(const QString &prefix, const StockRow &row, const StockMove &mo
     return prefix % comma % number(move.type) % comma % number(position) % comma % goods %
            QLatin1String(",(SELECT name FROM goods WHERE id=") % goods % QLatin1String("),") %
            number(row.quantity) % QLatin1String(",0,0,") % number(row.tax) % comma %
-           number(static_cast<int>(move.place)) % comma % barcode % comma % number(row.type) %
-           QLatin1Char(')');
+           number(move.isCount ? countedPlace : static_cast<int>(move.place)) % comma % barcode % comma %
+           number(row.type) % QLatin1Char(')');
 }
 
 /// Statements of some tuples each: begin, the tuples, end.

@@ -17,6 +17,8 @@
 /// | price, summa      | 0, as are sumdisc and bonus_plus: no report that adds up money counts goods     |
 /// | id_type_action    | 1, no promotion                                                                |
 /// | dis_bon_bez2      | the place of StockMove: 1 the shop floor, 2 the store room; 0 is not told       |
+/// |                   | 3 the shop floor, counted when a period was closed: count is what it had more   |
+/// |                   | than the program knew, below zero what it had less, 0 when they agreed          |
 ///
 /// Nothing of it stands in `z_zvit`: the turnover and the number of receipts are those of sales.
 namespace StockSql {

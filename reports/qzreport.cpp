@@ -4,6 +4,7 @@
 #include "dbtasks.h"
 #include "destination.h"
 #include "money.h"
+#include "openshifts.h"
 #include "placenames.h"
 #include "qloadeduser.h"
 #include "qntableview.h"
@@ -13,6 +14,8 @@
 #include "typedinput.h"
 #include "userstate.h"
 #include "zstatements.h"
+
+#include <QStatusBar>
 
 namespace {
 enum ListColumn { Number, Shop, Register, Turnover, Cash, NonCash, Discount = 7, Returns = 10, Tax, Time };
@@ -41,6 +44,7 @@ QZReport::QZReport(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWi
     limitTo(ui->leLimit, "[0-9]*");
     buildList();
     buildChart();
+    buildOpen();
     connect(ui->place, &PlaceSelector::groupChanged, this, &QZReport::GroupChanged);
     connect(ui->place, &PlaceSelector::shopChanged, this, &QZReport::ShopChanged);
     connect(ui->pbLoad, &QPushButton::clicked, this, &QZReport::load);
@@ -53,7 +57,7 @@ QZReport::~QZReport() = default;
 void QZReport::buildList()
 {
     takeList(ui->listShifts, ui->pbLoad, ui->pbStop);
-    list()->breakCaptions();
+    ui->listShifts->breakCaptions();
     const int money = 10;
     const int count = 5;
     setColumns({{tr("Z-звіт"), count, &asNumber},
@@ -83,6 +87,66 @@ void QZReport::buildChart()
     });
     connect(ui->cbChart, qOverload<int>(&QComboBox::activated), this, &QZReport::drawChart);
     showChart();
+}
+
+void QZReport::buildOpen()
+{
+    ui->openView->open(connection(), user(), mainWindow());
+    statusBar()->addWidget(ui->openView->list()->footer(), 1);
+    ui->openView->hide();
+    ui->openView->list()->footer()->hide();
+    ui->labelOpenTotals->hide();
+    ui->openView->list()->setButtons(ui->pbLoad, ui->pbStop);
+    connect(ui->rbOpen, &QRadioButton::toggled, this, &QZReport::switchView);
+    connect(ui->pbStop, &QPushButton::clicked, ui->openView, &OpenShifts::stop);
+    connect(ui->openView, &OpenShifts::cheksWanted, this, &QZReport::cheksWanted);
+    connect(ui->openView->list(), &ListPane::rowsShown, this,
+            [this] { ui->labelOpenTotals->setText(ui->openView->totals().join(QStringLiteral("  ·  "))); });
+    connect(ui->openView->list(), &ListPane::loaded, this, &QZReport::loaded);
+    connect(ui->openView->list(), &ListPane::failed, this, &QZReport::loaded);
+    connect(user(), &QLoadedUser::rightsChanged, this, [this] {
+        ui->openView->clear();
+        if (isOpenShown() && user()->isLoaded())
+            load();
+    });
+}
+
+bool QZReport::isOpenShown() const
+{
+    return ui->rbOpen->isChecked();
+}
+
+ListPane *QZReport::list() const
+{
+    return isOpenShown() ? ui->openView->list() : ui->listShifts;
+}
+
+void QZReport::showOpen(bool isOpen)
+{
+    (isOpen ? ui->rbOpen : ui->rbClosed)->setChecked(true);
+}
+
+/// A load on its way belongs to the list that was in front.
+void QZReport::switchView(bool isOpen)
+{
+    forgetLoad();
+    ui->listShifts->stop();
+    ui->openView->stop();
+    ui->closedView->setHidden(isOpen);
+    ui->openView->setVisible(isOpen);
+    ui->range->setHidden(isOpen);
+    ui->closedOptions->setHidden(isOpen);
+    ui->labelOpenTotals->setVisible(isOpen);
+    ui->openView->list()->footer()->setVisible(isOpen);
+    ui->listShifts->footer()->setVisible(!isOpen);
+    if (isOpen)
+        load();
+}
+
+void QZReport::placeChosen()
+{
+    if (isOpenShown())
+        load();
 }
 
 void QZReport::GroupChanged()
@@ -118,19 +182,43 @@ void QZReport::goTo(const Destination &destination)
 void QZReport::showOrigin(const ChekOrigin &origin, const PlaceNames &names)
 {
     const bool isByNumber = !origin.zFrom.isEmpty();
+    const bool isOfDays = origin.firstDay.isValid();
+    showOpen(!isByNumber && !isOfDays);
     showid(isByNumber);
     if (isByNumber)
         ui->range->setNumbers(origin.zFrom, origin.zTo);
-    else if (origin.firstDay.isValid())
+    else if (isOfDays)
         ui->range->setDays(origin.firstDay, origin.lastDay);
     ui->chSum->setChecked(false);
     ui->leLimit->clear();
     ui->place->showPlace(names.group, names.shop, names.kass);
     load();
-    view()->setFocus();
+    list()->view()->setFocus();
 }
 
 void QZReport::load()
+{
+    if (isOpenShown())
+        loadOpen();
+    else
+        loadClosed();
+}
+
+void QZReport::loadOpen()
+{
+    if (loadsLater())
+        return;
+    const auto loadFor = [this, place = ui->place->place(),
+                          words = ui->place->description()](const QStringList &groups) {
+        ui->openView->load({place, groups}, words);
+    };
+    if (ui->place->narrowest() == PlaceSelector::Everywhere)
+        askSeenGroups(loadFor);
+    else
+        loadFor({});
+}
+
+void QZReport::loadClosed()
 {
     if (loadsLater() || refuse(ui->range->refusal()))
         return;

@@ -86,7 +86,7 @@ bool ReportWindow::loadsLater()
 {
     m_loadsLater = isChoosing();
     if (m_loadsLater)
-        m_list->expectLoad();
+        list()->expectLoad();
     return m_loadsLater;
 }
 
@@ -102,13 +102,13 @@ void ReportWindow::forgetLoad()
 {
     m_loadsLater = false;
     m_seen->drop();
-    m_list->stop();
+    list()->stop();
 }
 
 void ReportWindow::askSeenGroups(const std::function<void(const QStringList &)> &then)
 {
     m_seen->drop();
-    m_list->expectLoad();
+    list()->expectLoad();
     const QStringList groups = shopGroupsSeen(*m_user);
     m_seen->read([groups](const Db &db) { return isEveryShopGroup(db, groups); },
                  [groups, then](bool isEvery) { then(isEvery ? QStringList() : groups); });
@@ -124,10 +124,10 @@ Commands ReportWindow::commands() const
 /// The same rows once more stay where they were seen.
 void ReportWindow::run(Command command)
 {
-    if (command != Command::Reload || m_list->isLoading())
+    if (command != Command::Reload || list()->isLoading())
         return;
     load();
-    m_list->keepPlace();
+    list()->keepPlace();
 }
 
 void ReportWindow::loadList(const QString &sql, const QStringList &heading, const QString &numberSql)

@@ -26,10 +26,11 @@ public:
     ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent);
     ~ReportWindow() override;
 
+    /// That of takeList(), unless the report shows another one instead.
     ListPane *list() const override { return m_list; }
     QNTableView *view() const { return m_list->view(); }
     QRowModel *model() const { return m_list->model(); }
-    bool isLoading() const override { return m_list->isLoading(); }
+    bool isLoading() const override { return list()->isLoading(); }
     /// Whether something that a load needs is still being read, the places above all.
     virtual bool isChoosing() const;
 

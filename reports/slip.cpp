@@ -132,10 +132,16 @@ QString line(const SlipRow &row, const SlipSums &sums)
     }
 }
 
+/// The place of a document of goods: that of its first row.
+int stockPlace(const Slip &slip)
+{
+    return slip.rows.isEmpty() ? 0 : slip.rows.first().stockPlace;
+}
+
 /// Where the goods came to, and from where moved ones; empty when it is not known.
 QString stockPlaces(const Slip &slip)
 {
-    const int place = slip.rows.isEmpty() ? 0 : slip.rows.first().stockPlace;
+    const int place = stockPlace(slip);
     if (place != 1 && place != 2)
         return QString();
     const QString names[] = {Texts::tr("зал"), Texts::tr("склад")};
@@ -227,7 +233,9 @@ QString title(const Slip &slip)
     case ChekType::ZReport:
         return centred(Texts::tr("Звіт №") + slip.number);
     case ChekType::GoodsReceipt:
-        return centred(Texts::tr("ПРИЙОМ")) + stockPlaces(slip);
+        return stockPlace(slip) == countedPlace
+                   ? centred(Texts::tr("ПЕРЕРАХУНОК")) + centred(Texts::tr("зал, різниця з програмою"))
+                   : centred(Texts::tr("ПРИЙОМ")) + stockPlaces(slip);
     case ChekType::GoodsMovement:
         return centred(Texts::tr("ПЕРЕМІЩЕННЯ")) + stockPlaces(slip);
     case ChekType::Return:

@@ -27,6 +27,9 @@ inline bool isGoodsDocument(int type)
 }
 } // namespace ChekType
 
+/// In dis_bon_bez2 of received goods: the shop floor, counted when a trading period was closed.
+constexpr int countedPlace = 3;
+
 /// The condition of a register's receipts: "id_kass=3 AND id_shop IN (SELECT id FROM shops)". table: what
 /// stands before the columns, "cheks." where others have them too.
 ///

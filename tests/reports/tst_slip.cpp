@@ -129,6 +129,10 @@ void TstSlip::documentsOfOtherKinds()
              QString("ПЕРЕМІЩЕННЯ|11 Сир|4820000000109|2.500|Позицій: 1|2.500"));
     const SlipRow piece{0, "10", "Хліб", "", 3000, 0, 0, 0, true};
     QCOMPARE(page(ChekType::GoodsReceipt, piece), QString("ПРИЙОМ|10 Хліб|3|Позицій: 1|3.000"));
+    SlipRow counted{0, "11", "Сир", "", -250, 0, 0, 0, false};
+    counted.stockPlace = 3;
+    QCOMPARE(page(ChekType::GoodsReceipt, counted),
+             QString("ПЕРЕРАХУНОК|зал, різниця з програмою|11 Сир|-0.250|Позицій: 1|-0.250"));
     // Half a piece is not hidden, a row of an unknown kind is named.
     const SlipRow half{ChekType::Return, "10", "Хліб", "", 500, 5000, 2500, 0, true};
     slip.sums.goods = 2500;
