@@ -50,6 +50,7 @@ QVector<Figure> measureExchange(const Bench &bench);
 QVector<Figure> measurePriceList(const Bench &bench);
 QVector<Figure> measureStockIn(const Bench &bench);
 QVector<Figure> measureRights(const Bench &bench);
+QVector<Figure> measureIntegrity(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);
@@ -62,6 +63,7 @@ QVector<Figure> measureLargePdf(const Bench &bench);
 QVector<Figure> measureLargeCombo(const Bench &bench);
 QVector<Figure> measureLargeJournals(const Bench &bench);
 QVector<Figure> measureSlowServer(const Bench &bench);
+QVector<Figure> measureLargeIntegrity(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

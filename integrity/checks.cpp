@@ -1,6 +1,7 @@
 #include "checks.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <iterator>
 
 namespace integrity {
@@ -207,11 +208,12 @@ const QVector<Check> &integrityChecks()
 
 int checkNumber(const QString &key)
 {
-    const QVector<Check> &checks = integrityChecks();
-    for (int i = 0; i < checks.size(); ++i) {
-        if (key == QLatin1String(checks.at(i).key))
-            return i;
-    }
-    qFatal("No check %s", qPrintable(key));
+    static const QHash<QString, int> numbers = [] {
+        QHash<QString, int> all;
+        for (const Check &check : integrityChecks())
+            all.insert(QLatin1String(check.key), all.size());
+        return all;
+    }();
+    return numbers.value(key, -1);
 }
 } // namespace integrity

@@ -44,7 +44,7 @@ struct Check
 
 /// All of them, in the order in which they are told.
 const QVector<Check> &integrityChecks();
-/// The check of that key; there must be one.
+/// The number of the check of that key; -1 for none.
 int checkNumber(const QString &key);
 
 /// A register and what it has written: its receipts stand under every shop where it has been.

@@ -127,12 +127,11 @@ void FindingsSoFar::begin(int check)
     m_states[check].kind = CheckState::Running;
 }
 
-void FindingsSoFar::add(const Finding &finding, bool isListed)
+void FindingsSoFar::add(const Finding &finding)
 {
     const std::lock_guard<std::mutex> lock(m_guard);
     ++m_states[finding.check].found;
-    if (isListed)
-        m_findings.append(finding);
+    m_findings.append(finding);
 }
 
 void FindingsSoFar::addUnlisted(int check, qint64 count)

@@ -43,8 +43,8 @@ public:
     FindingsSoFar();
 
     void begin(int check);
-    /// isListed: false for those beyond the most that are listed of a kind.
-    void add(const Finding &finding, bool isListed);
+    void add(const Finding &finding);
+    /// Beyond the most that are listed of a kind.
     void addUnlisted(int check, qint64 count);
     void end(int check);
     void fail(int check, const QString &error);

@@ -18,8 +18,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(Integrity)
 };
 
-using Rows = QVector<FoundRow>;
-
 FoundRow rowOf(const QSqlQuery &query)
 {
     FoundRow row;
@@ -59,12 +57,12 @@ private:
 
     /// The rows of a statement; nothing when it failed, which is told of those checks.
     std::optional<QVector<QStringList>> cells(const QString &sql, const QVector<int> &checks);
-    std::optional<Rows> rows(const QString &sql, const QVector<int> &checks);
     std::optional<QSqlQuery> send(const QString &sql, const QVector<int> &checks);
     bool goesOn() const { return !m_isLost && !m_context->isCancelled(); }
     bool test(int check);
     void count(int check, const QString &sql);
     void tell(int check, const FoundRow &row);
+    void tell(int check, const QSqlQuery &query);
     void tellFaults(const QString &sql, CheckScope scope);
     QVector<int> running(CheckScope scope) const;
     void forAll(CheckScope scope, void (FindingsSoFar::*step)(int)) const;
@@ -104,17 +102,6 @@ std::optional<QSqlQuery> IntegrityRun::send(const QString &sql, const QVector<in
     return std::nullopt;
 }
 
-std::optional<Rows> IntegrityRun::rows(const QString &sql, const QVector<int> &checks)
-{
-    auto query = send(sql, checks);
-    if (!query)
-        return std::nullopt;
-    Rows found;
-    while (query->next())
-        found.append(rowOf(*query));
-    return found;
-}
-
 std::optional<QVector<QStringList>> IntegrityRun::cells(const QString &sql, const QVector<int> &checks)
 {
     auto query = send(sql, checks);
@@ -128,7 +115,16 @@ std::optional<QVector<QStringList>> IntegrityRun::cells(const QString &sql, cons
 
 void IntegrityRun::tell(int check, const FoundRow &row)
 {
-    m_found->add(findingOf(check, row, m_places), m_found->found(check) < m_asked.mostListed);
+    m_found->add(findingOf(check, row, m_places));
+}
+
+/// Of a kind that has been found often enough only the number counts.
+void IntegrityRun::tell(int check, const QSqlQuery &query)
+{
+    if (m_found->found(check) < m_asked.mostListed)
+        tell(check, rowOf(query));
+    else
+        m_found->addUnlisted(check, 1);
 }
 
 /// The names only: without them the places are told by their numbers.
@@ -177,12 +173,12 @@ bool IntegrityRun::test(int check)
 {
     const QString sql = QLatin1String(integrityChecks().at(check).sql);
     m_found->begin(check);
-    const auto found = rows(sql + QStringLiteral(" LIMIT %1").arg(m_asked.mostListed + 1), {check});
-    if (!found)
+    auto query = send(sql + QStringLiteral(" LIMIT %1").arg(m_asked.mostListed + 1), {check});
+    if (!query)
         return false;
-    for (int i = 0; i < qMin(found->size(), m_asked.mostListed); ++i)
-        tell(check, found->at(i));
-    if (found->size() > m_asked.mostListed)
+    while (query->next())
+        tell(check, *query);
+    if (m_found->found(check) > m_asked.mostListed)
         count(check, sql);
     m_found->end(check);
     return true;
@@ -192,7 +188,7 @@ void IntegrityRun::count(int check, const QString &sql)
 {
     const auto all = cells(QStringLiteral("SELECT COUNT(*) FROM (%1) found").arg(sql), {check});
     if (all && !all->isEmpty())
-        m_found->addUnlisted(check, qMax(all->first().first().toLongLong() - m_asked.mostListed, qint64(1)));
+        m_found->addUnlisted(check, all->first().first().toLongLong() - m_found->found(check));
 }
 
 bool IntegrityRun::readRegisters()
@@ -258,8 +254,9 @@ void IntegrityRun::testStatements(const CheckedRegister &reg, CheckScope scope)
         const QString sql = QString::fromLatin1(integrityChecks().at(check).sql)
                                 .replace(QLatin1String("{kass}"), reg.kass)
                                 .replace(QLatin1String("{shops}"), reg.shops.join(u','));
-        for (const FoundRow &row : rows(sql, {check}).value_or(Rows()))
-            tell(check, row);
+        auto query = send(sql, {check});
+        while (query && query->next())
+            tell(check, *query);
     }
 }
 
@@ -268,9 +265,11 @@ void IntegrityRun::tellFaults(const QString &sql, CheckScope scope)
     const QVector<int> checks = running(scope);
     if (checks.isEmpty() || !goesOn())
         return;
-    for (const FoundRow &row : rows(sql, checks).value_or(Rows())) {
-        for (const QString &key : row.value(QStringLiteral("faults")).split(u','))
-            tell(checkNumber(key), row);
+    auto query = send(sql, checks);
+    const int faults = query ? query->record().indexOf(QStringLiteral("faults")) : -1;
+    while (query && query->next()) {
+        for (const QString &key : query->value(faults).toString().split(u','))
+            tell(checkNumber(key), *query);
     }
 }
 

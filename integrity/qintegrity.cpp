@@ -15,6 +15,8 @@
 #include <QHeaderView>
 #include <QShortcut>
 #include <QSqlDatabase>
+#include <QStyle>
+#include <algorithm>
 
 using namespace integrity;
 
@@ -28,7 +30,7 @@ QString checkName(int check)
     return QCoreApplication::translate("Integrity", integrityChecks().at(check).name);
 }
 
-QString stateText(const CheckState &state, int mostListed, bool isOver)
+QString stateText(const CheckState &state, bool isOver)
 {
     switch (state.kind) {
     case CheckState::Waiting:
@@ -43,11 +45,18 @@ QString stateText(const CheckState &state, int mostListed, bool isOver)
     case CheckState::Done:
         break;
     }
-    if (state.found == 0)
-        return QIntegrity::tr("гаразд");
-    return state.found > mostListed ? QIntegrity::tr("помилок: %1 (показано %2)")
-                                          .arg(wholeShown(state.found), wholeShown(mostListed))
-                                    : QIntegrity::tr("помилок: %1").arg(wholeShown(state.found));
+    return state.found == 0 ? QIntegrity::tr("гаразд")
+                            : QIntegrity::tr("помилок: %1").arg(wholeShown(state.found));
+}
+void appendRow(RowStore *rows, int number, const Finding &one)
+{
+    const QByteArray cells[] = {QByteArray::number(number), checkName(one.check).toUtf8(),
+                                one.shop.toUtf8(),          one.kass.toUtf8(),
+                                one.words.toUtf8(),         one.advice.toUtf8()};
+    std::vector<std::string_view> texts;
+    for (const QByteArray &cell : cells)
+        texts.emplace_back(cell.constData(), static_cast<size_t>(cell.size()));
+    rows->append(texts);
 }
 } // namespace
 
@@ -83,9 +92,14 @@ void QIntegrity::buildChecks()
     for (int check = 0; check < integrityChecks().size(); ++check)
         add(checkName(check), check);
     ui->checks->setCurrentItem(ui->checks->topLevelItem(0));
-    ui->checks->header()->setSectionResizeMode(CheckName, QHeaderView::ResizeToContents);
-    ui->splitter->setStretchFactor(0, 2);
-    ui->splitter->setStretchFactor(1, 5);
+    ui->checks->resizeColumnToContents(CheckName);
+    // Room for a state; no more is needed however wide the window is.
+    const int state =
+        ui->checks->fontMetrics().horizontalAdvance(tr("помилок: %1").arg(QStringLiteral("000 000")));
+    ui->checks->setMinimumWidth(ui->checks->columnWidth(CheckName) + state +
+                                2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    ui->splitter->setStretchFactor(0, 0);
+    ui->splitter->setStretchFactor(1, 1);
 }
 
 void QIntegrity::buildList()
@@ -99,6 +113,7 @@ void QIntegrity::buildList()
                           {tr("Що зробити"), 45}},
                          QLatin1String(staticMetaObject.className()));
     ui->list->setTotals([this] { return totals(); });
+    ui->list->view()->setMainColumn(Words);
     // The list stays where it is when a finding is chosen.
     ui->labelWords->setMinimumHeight(3 * fontMetrics().lineSpacing());
     setFocusProxy(ui->pbStart);
@@ -206,7 +221,7 @@ void QIntegrity::showStates()
     m_states = m_found ? m_found->states() : QVector<CheckState>(integrityChecks().size());
     for (int check = 0; check < m_states.size(); ++check) {
         QTreeWidgetItem *item = ui->checks->topLevelItem(check + 1);
-        const QString text = stateText(m_states.at(check), m_mostListed, m_job == nullptr);
+        const QString text = stateText(m_states.at(check), m_job == nullptr);
         QFont font = ui->checks->font();
         font.setBold(m_states.at(check).found > 0 || m_states.at(check).kind == CheckState::Unread);
         item->setText(CheckStateText, text);
@@ -225,26 +240,41 @@ void QIntegrity::showFindings()
 {
     if (m_found)
         m_findings += m_found->after(m_findings.size());
-    const QString current =
-        ui->list->model()->index(ui->list->view()->currentIndex().row(), Number).data().toString();
+    const Finding *current = finding(ui->list->view()->currentIndex());
+    const QString number = QString::number(current == nullptr ? -1 : current - m_findings.constData());
     RowStore rows;
-    for (int i = 0; i < m_findings.size(); ++i) {
-        const Finding &one = m_findings.at(i);
-        if (chosenCheck() >= 0 && chosenCheck() != one.check)
-            continue;
-        const QByteArray cells[] = {QByteArray::number(i), checkName(one.check).toUtf8(),
-                                    one.shop.toUtf8(),     one.kass.toUtf8(),
-                                    one.words.toUtf8(),    one.advice.toUtf8()};
-        std::vector<std::string_view> texts;
-        for (const QByteArray &cell : cells)
-            texts.emplace_back(cell.constData(), static_cast<size_t>(cell.size()));
-        rows.append(texts);
-    }
+    for (const int listed : listedFindings())
+        appendRow(&rows, listed, m_findings.at(listed));
     ui->list->setEmptyText(emptyText());
+    ui->list->setDetails(unlistedText());
     ui->list->showRows(std::move(rows));
-    if (!current.isEmpty())
-        ui->list->view()->setCurrentIndex(ui->list->indexOf(current));
+    if (current != nullptr)
+        ui->list->view()->setCurrentIndex(ui->list->indexOf(number));
     showWords();
+}
+
+/// Those of the chosen check, in the order of the checks.
+QVector<int> QIntegrity::listedFindings() const
+{
+    QVector<int> listed;
+    for (int i = 0; i < m_findings.size(); ++i) {
+        if (chosenCheck() < 0 || chosenCheck() == m_findings.at(i).check)
+            listed.append(i);
+    }
+    std::stable_sort(listed.begin(), listed.end(), [this](int one, int other) {
+        return m_findings.at(one).check < m_findings.at(other).check;
+    });
+    return listed;
+}
+
+QString QIntegrity::unlistedText() const
+{
+    qint64 unlisted = 0;
+    for (int check = 0; check < m_states.size(); ++check) {
+        if (chosenCheck() < 0 || chosenCheck() == check)
+            unlisted += qMax(m_states.at(check).found - m_mostListed, qint64(0));
+    }
+    return unlisted == 0 ? QString() : tr("не показано ще: %1").arg(wholeShown(unlisted));
 }
 
 QString QIntegrity::emptyText() const

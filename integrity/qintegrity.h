@@ -57,7 +57,10 @@ private:
     void showFindings();
     void showWords();
     void showButtons();
+    QVector<int> listedFindings() const;
     QString emptyText() const;
+    /// How many were found beyond those that are listed.
+    QString unlistedText() const;
     QString timesText() const;
     /// Of all checks: -1.
     int chosenCheck() const;
