@@ -44,7 +44,7 @@ void fillReceipts(const Bench &bench)
                         "(MOD(line,4)=3),1,IF(MOD(line,4)=3,3,1),1+MOD(line,2000),'Молоко пшеничне',"
                         "IF(MOD(line,4)=3,0,1000),IF(MOD(line,4)=3,12750,4250),IF(MOD(line,4)=3,12750,4250),"
                         "IF(MOD(line,4)=3,0,1+MOD(line,4)),0,'2026-01-01'+INTERVAL line*900 SECOND FROM "
-                        "(SELECT seq DIV %3 AS kass,MOD(seq,%3) AS line FROM seq_0_to_%4) lines")
+                        "(SELECT seq DIV %3 AS kass,MOD(seq,%3) AS line FROM seq_0_to_%4) t")
              .arg(shops)
              .arg(linesPerShift)
              .arg(bench.cards / registers(bench) / linesPerShift * linesPerShift)
