@@ -6,35 +6,44 @@
 
 namespace integrity {
 namespace {
-#define TEXT(text) QT_TRANSLATE_NOOP("Integrity", text)
-
 /// As the writer of receipts adds them to the shift; nothing counts as 0.
 const ShiftSum sums[] = {
-    {TEXT("оборот А"), "Oborot_A", "SUM(IF(id_type=1 AND tax=1,summa,0))", false, false},
-    {TEXT("оборот Б"), "Oborot_B", "SUM(IF(id_type=1 AND tax=2,summa,0))", false, false},
-    {TEXT("оборот В"), "Oborot_V", "SUM(IF(id_type=1 AND tax=3,summa,0))", false, false},
-    {TEXT("оборот Г"), "Oborot_G", "SUM(IF(id_type=1 AND tax=4,summa,0))", false, false},
-    {TEXT("оборот Д"), "Oborot_D", "SUM(IF(id_type=1 AND tax=5,summa,0))", false, false},
-    {TEXT("знижка"), "summ_diskount", "SUM(IF(id_type=2,summa,0))", false, false},
-    {TEXT("готівка"), "cash", "SUM(IF(id_type=3,price,0))", false, false},
-    {TEXT("картка"), "beznal_1", "SUM(IF(id_type=3,tax,0))", false, false},
-    {TEXT("сертифікат"), "beznal_2", "SUM(IF(id_type=3,dis_bon_bez2,0))", false, false},
-    {TEXT("інша оплата"), "beznal_3", "SUM(IF(id_type=3,count,0))", false, false},
-    {TEXT("повернення А"), "Oborot_A_ret", "SUM(IF(id_type=6 AND tax=1,summa,0))", false, false},
-    {TEXT("повернення Б"), "Oborot_B_ret", "SUM(IF(id_type=6 AND tax=2,summa,0))", false, false},
-    {TEXT("повернення В"), "Oborot_V_ret", "SUM(IF(id_type=6 AND tax=3,summa,0))", false, false},
-    {TEXT("повернення Г"), "Oborot_G_ret", "SUM(IF(id_type=6 AND tax=4,summa,0))", false, false},
-    {TEXT("повернення Д"), "Oborot_D_ret", "SUM(IF(id_type=6 AND tax=5,summa,0))", false, false},
-    {TEXT("повернено грошей"),
+    {QT_TRANSLATE_NOOP("Integrity", "оборот А"), "Oborot_A", "SUM(IF(id_type=1 AND tax=1,summa,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "оборот Б"), "Oborot_B", "SUM(IF(id_type=1 AND tax=2,summa,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "оборот В"), "Oborot_V", "SUM(IF(id_type=1 AND tax=3,summa,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "оборот Г"), "Oborot_G", "SUM(IF(id_type=1 AND tax=4,summa,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "оборот Д"), "Oborot_D", "SUM(IF(id_type=1 AND tax=5,summa,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "знижка"), "summ_diskount", "SUM(IF(id_type=2,summa,0))", false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "готівка"), "cash", "SUM(IF(id_type=3,price,0))", false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "картка"), "beznal_1", "SUM(IF(id_type=3,tax,0))", false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "сертифікат"), "beznal_2", "SUM(IF(id_type=3,dis_bon_bez2,0))", false,
+     false},
+    {QT_TRANSLATE_NOOP("Integrity", "інша оплата"), "beznal_3", "SUM(IF(id_type=3,count,0))", false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернення А"), "Oborot_A_ret", "SUM(IF(id_type=6 AND tax=1,summa,0))",
+     false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернення Б"), "Oborot_B_ret", "SUM(IF(id_type=6 AND tax=2,summa,0))",
+     false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернення В"), "Oborot_V_ret", "SUM(IF(id_type=6 AND tax=3,summa,0))",
+     false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернення Г"), "Oborot_G_ret", "SUM(IF(id_type=6 AND tax=4,summa,0))",
+     false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернення Д"), "Oborot_D_ret", "SUM(IF(id_type=6 AND tax=5,summa,0))",
+     false, false},
+    {QT_TRANSLATE_NOOP("Integrity", "повернено грошей"),
      "IFNULL(cash_ret,0)+IFNULL(beznal_1_ret,0)+IFNULL(beznal_2_ret,0)+IFNULL(beznal_3_ret,0)+"
      "IFNULL(summ_diskount_ret,0)",
      "SUM(IF(id_type=6,summa,0))", false, false},
-    {TEXT("чеків повернення"), "count_cheks_ret", "COUNT(DISTINCT IF(id_type=6,id_chek,NULL))", true, false},
-    {TEXT("чеків"), "count_cheks", "SUM(id_type=3)", true, true},
-    {TEXT("чеків зі знижкою"), "count_chek_diskount", "COUNT(DISTINCT IF(id_type=2,id_chek,NULL))", true,
-     true},
+    {QT_TRANSLATE_NOOP("Integrity", "чеків повернення"), "count_cheks_ret",
+     "COUNT(DISTINCT IF(id_type=6,id_chek,NULL))", true, false},
+    {QT_TRANSLATE_NOOP("Integrity", "чеків"), "count_cheks", "SUM(id_type=3)", true, true},
+    {QT_TRANSLATE_NOOP("Integrity", "чеків зі знижкою"), "count_chek_diskount",
+     "COUNT(DISTINCT IF(id_type=2,id_chek,NULL))", true, true},
 };
-#undef TEXT
 constexpr int sumCount = static_cast<int>(std::size(sums));
 
 QString joined(const QString &separator, const std::function<QString(int sum)> &part)

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 
 /// The page on which the database is checked, driven as a hurried administrator does.
@@ -28,6 +29,7 @@ private slots:
     void stoppedKeepsWhatWasFound();
     void closedWhileItRuns();
     void unreadAndUnlistedArePrinted();
+    void printedWithWholeSentences();
     void whoseRightIsGoneDoesNotStart();
 
 private:
@@ -213,6 +215,24 @@ void TstQIntegrity::unreadAndUnlistedArePrinted()
     QVERIFY2(totals.last().startsWith("Картки без рівня знижки: не перевірено. "), qPrintable(totals.last()));
     child<QTreeWidget>(m_page.get(), "checks")->setCurrentItem(item("card_level"));
     QVERIFY(m_page->list()->view()->emptyText().startsWith("Цієї перевірки не виконано: "));
+}
+
+void TstQIntegrity::printedWithWholeSentences()
+{
+    if (!canReadPdf())
+        QSKIP("pdftotext is missing");
+    plant();
+    check();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("check.pdf");
+    m_page->list()->setFileChooser([&](const QString &) { return path; });
+    m_page->list()->savePdf();
+    waitOutJobs();
+    const QString text = textOfPdf(path);
+    for (const char *part :
+         {"Перевіркаданих", "Знайденопомилок:3.", "Львів,Ринок1", "Товар2«Хліб»:узалі0.000,наскладі-2.000.",
+          "Запишітьприйом,переміщеннячипередачу,якихбракує,абоперерахуйтетовар."})
+        QVERIFY2(text.contains(part), part);
 }
 
 void TstQIntegrity::whoseRightIsGoneDoesNotStart()
