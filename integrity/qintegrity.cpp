@@ -93,11 +93,12 @@ void QIntegrity::buildChecks()
         add(checkName(check), check);
     ui->checks->setCurrentItem(ui->checks->topLevelItem(0));
     ui->checks->resizeColumnToContents(CheckName);
-    // Room for a state; no more is needed however wide the window is.
+    // Room for a state; no more is needed however wide the window is, and no more than two fifths of it.
     const int state =
         ui->checks->fontMetrics().horizontalAdvance(tr("помилок: %1").arg(QStringLiteral("000 000")));
-    ui->checks->setMinimumWidth(ui->checks->columnWidth(CheckName) + state +
-                                2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    const int wanted =
+        ui->checks->columnWidth(CheckName) + state + 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    ui->splitter->setSizes({wanted, 3 * wanted / 2});
     ui->splitter->setStretchFactor(0, 0);
     ui->splitter->setStretchFactor(1, 1);
 }
@@ -106,9 +107,9 @@ void QIntegrity::buildList()
 {
     ui->list->open(m_db, m_user, m_mainWindow);
     ui->list->setColumns({{tr("№"), 5, &asNumber, true},
-                          {tr("Перевірка"), 18},
-                          {tr("Магазин"), 14},
-                          {tr("Каса"), 10},
+                          {tr("Перевірка"), 16},
+                          {tr("Магазин"), 12},
+                          {tr("Каса"), 8},
                           {tr("Що не так"), 45},
                           {tr("Що зробити"), 45}},
                          QLatin1String(staticMetaObject.className()));
