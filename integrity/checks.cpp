@@ -12,6 +12,7 @@ constexpr CheckLead shift = {"mt_z_zvits", "z_zvit.id_kass={kass} AND z_zvit.id_
 constexpr CheckLead shifts = {"mt_z_zvits", "z_zvit.id_kass={kass}"};
 constexpr CheckLead goods = {"mt_goods", "goods.id IN ({goods})"};
 constexpr CheckLead stock = {"mt_goods_shops", "goods_shop.id_shop={shop} AND goods_shop.id_goods={goods}"};
+constexpr CheckLead anyTable = {"{page}", "{tableName}.{columnName}={id}"};
 constexpr CheckLead card = {"mt_clients", "clients.id={card}"};
 constexpr CheckLead user = {"mc_users", "users.id={user}"};
 
@@ -262,6 +263,17 @@ const Check table[] = {
      "shops.id=users.id_shop WHERE shops.id IS NULL AND users.id_shop<>0",
      QT_TRANSLATE_NOOP("Integrity", "Користувач «{login}» працює в магазині № {shop}, якого немає."),
      QT_TRANSLATE_NOOP("Integrity", "Відкрийте користувача і виберіть йому магазин."), user},
+    {"reference", QT_TRANSLATE_NOOP("Integrity", "Інші посилання в нікуди"), Scope::References,
+     // Those with a check of their own.
+     "goods_shop.id_shop goods_shop.id_goods goods_shop.id_action prices.id_goods prices.id_group clients.id_procent "
+     "clients.group_shop users.id_g_prem z_zvit.id_kass",
+     QT_TRANSLATE_NOOP("Integrity",
+                       "У таблиці «{tableName}» є записи, де {columnName}={id}, а в таблиці «{target}» "
+                       "такого запису немає."),
+     QT_TRANSLATE_NOOP("Integrity",
+                       "Відновіть запис з копії бази або попросіть адміністратора бази виправити те, що на "
+                       "нього вказує."),
+     anyTable},
 };
 } // namespace
 

@@ -7,16 +7,18 @@
 namespace integrity {
 /// What is looked for, and where.
 enum class CheckScope {
-    Schema,   ///< the definitions of the tables: no statement, see schemashape.h
-    Database, ///< one statement
-    Shift,    ///< a condition on the sums of a shift (shiftFaultsSql())
-    Receipt,  ///< a condition on the sums of a receipt (receiptFaultsSql())
-    Register, ///< a statement for each register
-    Moved     ///< a statement for each register that has stood in several shops
+    Schema,     ///< the definitions of the tables: no statement, see schemashape.h
+    Database,   ///< one statement
+    References, ///< danglingSql() without what stands there, parted by blanks
+    Shift,      ///< a condition on the sums of a shift (shiftFaultsSql())
+    Receipt,    ///< a condition on the sums of a receipt (receiptFaultsSql())
+    Register,   ///< a statement for each register
+    Moved       ///< a statement for each register that has stood in several shops
 };
 
 /// Where a finding leads: the page of an action, and what its list is to show there. Without a condition it
-/// is the receipts of the finding's register, shift and number.
+/// is the receipts of the finding's register, shift and number. {page} is the page that lists the table
+/// {tableName}, if there is one.
 struct CheckLead
 {
     const char *action;

@@ -5,6 +5,7 @@
 #include "sqldate.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QRegularExpression>
 #include <limits>
 
@@ -55,12 +56,28 @@ QString zReceiptWords(const FoundRow &row)
              moneyShown(whole(row.value(QStringLiteral("net")))));
 }
 
+/// The action of the page that lists a table; empty for none.
+QString pageOf(const QString &table)
+{
+    static const QHash<QString, QString> pages = {{QStringLiteral("shops"), QStringLiteral("mt_shops")},
+                                                  {QStringLiteral("kassa"), QStringLiteral("mt_kass")},
+                                                  {QStringLiteral("devices"), QStringLiteral("mt_devices")},
+                                                  {QStringLiteral("goods"), QStringLiteral("mt_goods")},
+                                                  {QStringLiteral("clients"), QStringLiteral("mt_clients")},
+                                                  {QStringLiteral("action"), QStringLiteral("mt_action")},
+                                                  {QStringLiteral("z_zvit"), QStringLiteral("mt_z_zvits")},
+                                                  {QStringLiteral("users"), QStringLiteral("mc_users")}};
+    return pages.value(table);
+}
+
 QString valueText(const QString &name, const QString &format, const FoundRow &row)
 {
     if (name == u"sums")
         return differingSums(row);
     if (name == u"zReceipt")
         return zReceiptWords(row);
+    if (name == u"page")
+        return pageOf(row.value(QStringLiteral("tableName")));
     const QString stored = row.value(name);
     if (format == u"money")
         return moneyShown(whole(stored));
@@ -114,8 +131,8 @@ Finding findingOf(int check, const FoundRow &row, const KnownPlaces &places)
     finding.kass = placeName(places.registers, row.value(QStringLiteral("kass")));
     finding.words = filled(Texts::tr(kind.words), row);
     finding.advice = filled(Texts::tr(kind.advice), row);
-    finding.destination = {QLatin1String(kind.lead.action), filled(QLatin1String(kind.lead.condition), row),
-                           finding.words, originOf(row), 0};
+    finding.destination = {filled(QLatin1String(kind.lead.action), row),
+                           filled(QLatin1String(kind.lead.condition), row), finding.words, originOf(row), 0};
     return finding;
 }
 

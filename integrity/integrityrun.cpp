@@ -86,6 +86,12 @@ QVector<int> checksOf(CheckScope scope)
     return numbers;
 }
 
+QString statementOf(const Check &check)
+{
+    const QString sql = QLatin1String(check.sql);
+    return check.scope == CheckScope::References ? danglingSql(wantedShapes(), sql.split(u' ')) : sql;
+}
+
 /// Of what each register has written.
 const CheckScope registerScopes[] = {CheckScope::Shift, CheckScope::Receipt, CheckScope::Register,
                                      CheckScope::Moved};
@@ -160,7 +166,7 @@ bool IntegrityRun::testSchema()
 
 bool IntegrityRun::testTables()
 {
-    const QVector<int> checks = checksOf(CheckScope::Database);
+    const QVector<int> checks = checksOf(CheckScope::Database) + checksOf(CheckScope::References);
     for (int i = 0; i < checks.size() && goesOn(); ++i) {
         m_context->stage(Texts::tr(integrityChecks().at(checks.at(i)).name));
         test(checks.at(i));
@@ -171,7 +177,7 @@ bool IntegrityRun::testTables()
 /// One more row than is listed shows that there are more: then they are counted.
 bool IntegrityRun::test(int check)
 {
-    const QString sql = QLatin1String(integrityChecks().at(check).sql);
+    const QString sql = statementOf(integrityChecks().at(check));
     m_found->begin(check);
     auto query = send(sql + QStringLiteral(" LIMIT %1").arg(m_asked.mostListed + 1), {check});
     if (!query)

@@ -395,4 +395,24 @@ QVector<SchemaDifference> schemaDifferences(const Shapes &wanted, const Shapes &
     }
     return comparison.differences();
 }
+
+/// Each value once: along the key that a reference has that is quick, however many records there are.
+QString danglingSql(const Shapes &wanted, const QStringList &without)
+{
+    QStringList parts;
+    for (const TableShape &table : wanted) {
+        for (const ReferenceShape &reference : table.references) {
+            if (without.contains(table.name + u'.' + reference.column))
+                continue;
+            const QString target = reference.target.section(u'(', 0, 0);
+            const QString column = reference.target.section(u'(', 1).chopped(1);
+            parts.append(
+                QStringLiteral("SELECT '%1' AS tableName,'%2' AS columnName,'%3' AS target,used.id FROM "
+                               "(SELECT DISTINCT %2 AS id FROM %1) used LEFT JOIN %3 ON %3.%4=used.id "
+                               "WHERE used.id IS NOT NULL AND %3.%4 IS NULL")
+                    .arg(table.name, reference.column, target, column));
+        }
+    }
+    return QStringLiteral("SELECT * FROM (%1) dangling").arg(parts.join(QStringLiteral(" UNION ALL ")));
+}
 } // namespace integrity

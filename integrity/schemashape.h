@@ -75,4 +75,8 @@ struct SchemaDifference
 /// Tables of other programs, further columns that may stay empty and further keys that refuse nothing are no
 /// difference.
 QVector<SchemaDifference> schemaDifferences(const Shapes &wanted, const Shapes &found);
+
+/// Finds the values of columns that refer to records which are not there: table, column, id and the table
+/// that lacks it. without: those that are not looked at, as "prices.id_group".
+QString danglingSql(const Shapes &wanted, const QStringList &without);
 } // namespace integrity
