@@ -72,6 +72,7 @@ private:
     IntegrityAsked m_asked;
     FindingsSoFar *m_found;
     KnownPlaces m_places;
+    Shapes m_shapes;
     QVector<CheckedRegister> m_registers;
     bool m_isLost = false;
 };
@@ -84,12 +85,6 @@ QVector<int> checksOf(CheckScope scope)
             numbers.append(i);
     }
     return numbers;
-}
-
-QString statementOf(const Check &check)
-{
-    const QString sql = QLatin1String(check.sql);
-    return check.scope == CheckScope::References ? danglingSql(wantedShapes(), sql.split(u' ')) : sql;
 }
 
 /// Of what each register has written.
@@ -157,7 +152,8 @@ bool IntegrityRun::testSchema()
             return goesOn();
         schema.append(*found);
     }
-    for (const SchemaDifference &difference : schemaDifferences(wantedShapes(), shapesFrom(schema)))
+    m_shapes = shapesFrom(schema);
+    for (const SchemaDifference &difference : schemaDifferences(wantedShapes(), m_shapes))
         tell(checkNumber(QLatin1String(difference.check)),
              {{QStringLiteral("words"), difference.words}, {QStringLiteral("table"), difference.table}});
     forAll(CheckScope::Schema, &FindingsSoFar::end);
@@ -177,7 +173,9 @@ bool IntegrityRun::testTables()
 /// One more row than is listed shows that there are more: then they are counted.
 bool IntegrityRun::test(int check)
 {
-    const QString sql = statementOf(integrityChecks().at(check));
+    QString sql = QLatin1String(integrityChecks().at(check).sql);
+    if (integrityChecks().at(check).scope == CheckScope::References)
+        sql = danglingSql(wantedShapes(), m_shapes, sql.split(u' '));
     m_found->begin(check);
     auto query = send(sql + QStringLiteral(" LIMIT %1").arg(m_asked.mostListed + 1), {check});
     if (!query)

@@ -39,7 +39,7 @@ QString stateText(const CheckState &state, bool isOver)
         if (isOver)
             return QIntegrity::tr("зупинено");
         return state.found == 0 ? QIntegrity::tr("перевіряється…")
-                                : QIntegrity::tr("перевіряється… %1").arg(wholeShown(state.found));
+                                : QIntegrity::tr("помилок: %1…").arg(wholeShown(state.found));
     case CheckState::Unread:
         return QIntegrity::tr("не прочитано");
     case CheckState::Done:
@@ -173,6 +173,7 @@ void QIntegrity::start()
     };
     follow(new Job(tr("Перевірка даних"), m_db->connectionName(), work, m_mainWindow));
     ui->labelResult->setText(timesText());
+    ui->list->setHeading({tr("Перевірка даних"), m_db->databaseName(), timesText()});
     showStates();
     showFindings();
     showButtons();

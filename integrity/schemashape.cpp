@@ -397,15 +397,17 @@ QVector<SchemaDifference> schemaDifferences(const Shapes &wanted, const Shapes &
 }
 
 /// Each value once: along the key that a reference has that is quick, however many records there are.
-QString danglingSql(const Shapes &wanted, const QStringList &without)
+QString danglingSql(const Shapes &wanted, const Shapes &found, const QStringList &without)
 {
     QStringList parts;
     for (const TableShape &table : wanted) {
         for (const ReferenceShape &reference : table.references) {
-            if (without.contains(table.name + u'.' + reference.column))
-                continue;
             const QString target = reference.target.section(u'(', 0, 0);
             const QString column = reference.target.section(u'(', 1).chopped(1);
+            if (without.contains(table.name + u'.' + reference.column) ||
+                found.value(table.name).column(reference.column) == nullptr ||
+                found.value(target).column(column) == nullptr)
+                continue;
             parts.append(
                 QStringLiteral("SELECT '%1' AS tableName,'%2' AS columnName,'%3' AS target,used.id FROM "
                                "(SELECT DISTINCT %2 AS id FROM %1) used LEFT JOIN %3 ON %3.%4=used.id "

@@ -77,6 +77,7 @@ struct SchemaDifference
 QVector<SchemaDifference> schemaDifferences(const Shapes &wanted, const Shapes &found);
 
 /// Finds the values of columns that refer to records which are not there: table, column, id and the table
-/// that lacks it. without: those that are not looked at, as "prices.id_group".
-QString danglingSql(const Shapes &wanted, const QStringList &without);
+/// that lacks it. without: those that are not looked at, as "prices.id_group"; neither are tables and columns
+/// that were not found.
+QString danglingSql(const Shapes &wanted, const Shapes &found, const QStringList &without);
 } // namespace integrity

@@ -215,7 +215,7 @@ QVector<Fault> otherFaults()
         {{"UPDATE cheks SET id_user=70 WHERE id_kass=38 AND id_chek=1"},
          without("reference", "",
                  "У таблиці «cheks» є записи, де id_user=70, а в таблиці «users» такого запису немає.")},
-        {{"DROP TABLE comands"}, without("schema_table", "", "Таблиці «comands» немає.")},
+        {{"DROP TABLE cd_cheks"}, without("schema_table", "", "Таблиці «cd_cheks» немає.")},
     };
 }
 
