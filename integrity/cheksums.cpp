@@ -101,8 +101,9 @@ QString storedSql(const QString &kass)
 /// What its receipts make.
 QString reckonedSql(const CheckedRegister &reg)
 {
-    return QStringLiteral("SELECT id_zvit,0,NULL,0,0,COUNT(*),MIN(id_shop),MAX(id_shop),MIN(id_chek),"
-                          "MIN(data_time),SUM(id_type=10),SUM(IF(id_type=10,summa,0)),") +
+    return QStringLiteral(
+               "SELECT id_zvit,0,NULL,0,0,COUNT(*),MIN(id_shop),MAX(id_shop),MIN(id_chek),"
+               "MIN(IF(data_time=0,NULL,data_time)),SUM(id_type=10),SUM(IF(id_type=10,summa,0)),") +
            joined(QStringLiteral(","),
                   [](int sum) { return QStringLiteral("0,") + QLatin1String(sums[sum].reckoned); }) +
            QStringLiteral(" FROM cheks WHERE id_kass=%1 AND id_shop IN (%2) GROUP BY id_zvit")
