@@ -387,7 +387,14 @@ void TstIntegrityRun::whatTheProgramWritesIsSound()
     draft.to = 2;
     draft.place = StockPlace::Showroom;
     draft.lines = {{10, QStringLiteral("Хліб"), true, 2000}};
-    QCOMPARE(sendInvoice(base.db(), draft).outcome, InvoiceResult::Written);
+    const InvoiceResult sent = sendInvoice(base.db(), draft);
+    QCOMPARE(sent.outcome, InvoiceResult::Written);
+    AcceptDraft came;
+    came.invoice = sent.mark.invoice;
+    came.user = 2;
+    came.place = StockPlace::Syllable;
+    came.lines = {{10, QStringLiteral("Хліб"), true, 2000, 1500}};
+    QCOMPARE(acceptInvoice(base.db(), came).outcome, InvoiceResult::Written);
     const ShiftCloser closer(base.db(), place);
     const auto figures = closer.figures(QStringLiteral("1"));
     QVERIFY(figures);
