@@ -125,23 +125,16 @@ const Check table[] = {
                        "Номери каси не мають повторюватись: звірте обидва чеки з контрольною стрічкою."),
      receipts},
     {"chek_gap", QT_TRANSLATE_NOOP("Integrity", "Пропущені номери чеків"), Scope::Register,
-     "SELECT MIN(here.id_shop) AS shop,{kass} AS kass,here.id_chek AS chek,MIN(here.id_zvit) AS zvit,"
-     "(SELECT MIN(later.id_chek) FROM cheks later WHERE later.id_kass={kass} AND later.id_shop IN ({shops}) AND "
-     "later.id_chek>here.id_chek) AS nextChek FROM (SELECT MIN(id_chek) AS low,MAX(id_chek) AS high,"
-     "COUNT(DISTINCT id_chek) AS count FROM cheks WHERE id_kass={kass} AND id_shop IN ({shops})) found "
-     "STRAIGHT_JOIN cheks here ON here.id_kass={kass} AND here.id_shop IN ({shops}) WHERE "
-     "found.high-found.low+1<>found.count AND here.id_chek<found.high AND NOT EXISTS (SELECT 1 FROM cheks beside "
-     "WHERE beside.id_kass={kass} AND beside.id_shop IN ({shops}) AND beside.id_chek=here.id_chek+1) "
-     "GROUP BY here.id_chek",
+     "SELECT shop,{kass} AS kass,chek,zvit,nextChek FROM (SELECT shop,chek,zvit,LEAD(chek) OVER (ORDER BY chek) AS "
+     "nextChek FROM (SELECT MIN(id_shop) AS shop,id_chek AS chek,MIN(id_zvit) AS zvit FROM cheks WHERE id_kass={kass} "
+     "AND id_shop IN ({shops}) GROUP BY id_chek) written) numbers WHERE nextChek>chek+1",
      QT_TRANSLATE_NOOP("Integrity", "Після чека № {chek} відразу йде № {nextChek}."),
      QT_TRANSLATE_NOOP("Integrity",
                        "Між ними чеки видалено або не передано: звірте з контрольною стрічкою каси."),
      receipts},
     {"z_gap", QT_TRANSLATE_NOOP("Integrity", "Пропущені номери змін"), Scope::Database,
-     "SELECT here.id_shop AS shop,here.id_kass AS kass,here.id_zzvit AS zvit,(SELECT MIN(later.id_zzvit) FROM "
-     "z_zvit later WHERE later.id_kass=here.id_kass AND later.id_zzvit>here.id_zzvit) AS nextZvit FROM z_zvit here "
-     "LEFT JOIN z_zvit beside ON beside.id_zzvit=here.id_zzvit+1 AND beside.id_kass=here.id_kass WHERE "
-     "beside.id_zzvit IS NULL HAVING nextZvit IS NOT NULL",
+     "SELECT shop,kass,zvit,nextZvit FROM (SELECT id_shop AS shop,id_kass AS kass,id_zzvit AS zvit,LEAD(id_zzvit) OVER "
+     "(PARTITION BY id_kass ORDER BY id_zzvit) AS nextZvit FROM z_zvit) numbers WHERE nextZvit>zvit+1",
      QT_TRANSLATE_NOOP("Integrity", "Після зміни № {zvit} відразу йде № {nextZvit}."),
      QT_TRANSLATE_NOOP("Integrity", "Між ними зміни видалено або не передано: звірте із Z-звітами каси."),
      shifts},
