@@ -5,6 +5,7 @@
 #include "qcashdrive.h"
 #include "qcomands.h"
 #include "qimportclient.h"
+#include "qintegrity.h"
 #include "qloadeduser.h"
 #include "qmanaction.h"
 #include "qmaninvoices.h"
@@ -77,6 +78,8 @@ PageTable Pages::others()
          [this] { return new QTabUsers(m_db, m_user, m_window, m_setting, nullptr); }},
         {"premis_group", Permission::PermissionGroups, QT_TRANSLATE_NOOP("Page", "Групи прав"),
          [this] { return makePermissionGroups(); }},
+        {"mt_check", Permission::Service, QT_TRANSLATE_NOOP("Page", "Перевірка даних"),
+         [this] { return makeIntegrity(); }},
     };
 }
 
@@ -119,6 +122,13 @@ QWidget *Pages::makePermissionGroups()
     auto *groups = new QPremisGroup(m_db, m_user, m_window, nullptr);
     connect(groups, &QPremisGroup::memberWanted, this, &Pages::memberWanted);
     return groups;
+}
+
+QWidget *Pages::makeIntegrity()
+{
+    auto *page = new QIntegrity(m_db, m_user, m_window, nullptr);
+    connect(page, &QIntegrity::wanted, this, &Pages::go);
+    return page;
 }
 
 QWidget *Pages::makeInvoices()

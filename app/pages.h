@@ -53,6 +53,7 @@ private:
     QWidget *makeSale();
     QWidget *makePermissionGroups();
     QWidget *makeInvoices();
+    QWidget *makeIntegrity();
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;

@@ -193,7 +193,7 @@ void Screenshots::takePage(const QString &name)
         {"mz_cheks", &Screenshots::takeCheks},       {"mt_goods", &Screenshots::takeGoods},
         {"mt_action", &Screenshots::takeActions},    {"man_action", &Screenshots::takeAssignment},
         {"mc_users", &Screenshots::takeUsers},       {"premis_group", &Screenshots::takePermissionGroups},
-        {"mz_zzvit", &Screenshots::takeZReports}};
+        {"mz_zzvit", &Screenshots::takeZReports},    {"mt_check", &Screenshots::takeCheck}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -398,6 +398,13 @@ void Screenshots::takeGoods(QWidget *goods, const QString &name)
     m_failed = !file.open() || file.write(prices) != prices.size() || !file.flush() || m_failed;
     m_window->setImportChooser([&file] { return file.fileName(); });
     takeModal(name + QStringLiteral("_import"), [this] { m_window->import_csv(); });
+}
+
+void Screenshots::takeCheck(QWidget *check, const QString &name)
+{
+    check->findChild<QPushButton *>(QStringLiteral("pbStart"))->click();
+    waitForRows(check);
+    save(m_window, name);
 }
 
 /// With the card of the current one.

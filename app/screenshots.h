@@ -34,6 +34,8 @@ private:
     /// Pictures the goods, and the look at a price list.
     void takeGoods(QWidget *goods, const QString &name);
     void takeUsers(QWidget *users, const QString &name);
+    /// Pictures the checks of the data when they have come to their end.
+    void takeCheck(QWidget *check, const QString &name);
     void takeActions(QWidget *actions, const QString &name);
     void takeAssignment(QWidget *assignment, const QString &name);
     /// Pictures the receipt viewer with a document, and that document.

@@ -51,6 +51,7 @@ QVector<Figure> measurePriceList(const Bench &bench);
 QVector<Figure> measureStockIn(const Bench &bench);
 QVector<Figure> measureRights(const Bench &bench);
 QVector<Figure> measureOverview(const Bench &bench);
+QVector<Figure> measureIntegrity(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);
@@ -63,6 +64,7 @@ QVector<Figure> measureLargePdf(const Bench &bench);
 QVector<Figure> measureLargeCombo(const Bench &bench);
 QVector<Figure> measureLargeJournals(const Bench &bench);
 QVector<Figure> measureSlowServer(const Bench &bench);
+QVector<Figure> measureLargeIntegrity(const Bench &bench);
 
 /// The list statements of goods (9 columns) and cards (14 columns).
 QString goodsStatement();

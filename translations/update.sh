@@ -6,4 +6,4 @@ source=${2:-$(cd "$(dirname "$0")/.." && pwd)}
 file=${3:-$source/translations/veltab_en.ts}
 cd "$source"
 "$lupdate" -silent -no-obsolete -locations none -source-language uk -target-language en \
-  app setting tab_table managment reports overview cashdrive -ts "$file"
+  app setting tab_table managment reports overview cashdrive integrity -ts "$file"

@@ -63,7 +63,7 @@ QVector<Area> areas()
          {{Users, QT_TRANSLATE_NOOP("Permissions", "Користувачі")},
           {PermissionGroups, QT_TRANSLATE_NOOP("Permissions", "Групи прав")}}},
         {QT_TRANSLATE_NOOP("Permissions", "Сервіс"),
-         {{Service, QT_TRANSLATE_NOOP("Permissions", "Налаштування, таблиці бази, прискорення звітів")},
+         {{Service, QT_TRANSLATE_NOOP("Permissions", "Налаштування, таблиці бази, прискорення і перевірка")},
           {PreviousImport, QT_TRANSLATE_NOOP("Permissions", "Імпорт з попередньої версії")}}},
     };
 }
