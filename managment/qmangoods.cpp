@@ -295,9 +295,11 @@ void QManGoods::takeBarcodes(const PastedBarcodes &barcodes)
     followChoice();
 }
 
-/// Scanned one after the other, goods come to the list.
+/// Scanned one after the other, goods come to the list, also from within a number.
 void QManGoods::takeScan(const QString &code)
 {
+    for (NumberField *number : {m_percent, m_amount})
+        number->forgetScan();
     if (m_work == Work::Writing)
         return;
     PastedBarcodes barcodes = m_barcodes;
