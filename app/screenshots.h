@@ -33,6 +33,7 @@ private:
     void takeGoods(QWidget *goods, const QString &name);
     void takeUsers(QWidget *users, const QString &name);
     void takeActions(QWidget *actions, const QString &name);
+    void takeBulkChanges(QWidget *page, const QString &name);
     void takeAssignment(QWidget *assignment, const QString &name);
     /// Pictures the receipt viewer with a document, and that document.
     void takeCheks(QWidget *viewer, const QString &name);

@@ -230,7 +230,7 @@ QString verdictWords(BulkVerdict verdict)
     case BulkVerdict::Change:
         return Texts::tr("буде змінено");
     case BulkVerdict::Create:
-        return Texts::tr("буде створено: досі діє ціна з іншого рядка");
+        return Texts::tr("буде створено");
     case BulkVerdict::Contrary:
         return Texts::tr("буде змінено; заокруглення веде в інший бік");
     case BulkVerdict::Same:
@@ -366,7 +366,16 @@ private:
             words.append(Texts::tr("є в передачах у дорозі"));
         }
         append({QString::number(item.id), item.name, item.groupName, cellText(item.base), item.beside,
-                m_choice.value < 0 ? QString() : m_choice.valueName, words.join(QStringLiteral("; "))});
+                thenWords(), words.join(QStringLiteral("; "))});
+    }
+
+    QString thenWords() const
+    {
+        if (m_choice.value < 0)
+            return QString();
+        if (m_choice.field != BulkField::Block)
+            return m_choice.valueName;
+        return m_choice.value == 0 ? Texts::tr("Ні") : Texts::tr("Так");
     }
 
     void count(const Item &item, BulkVerdict verdict, const BulkChange &change)
@@ -458,16 +467,17 @@ QStringList bulkSummary(const BulkPlan &plan)
     {
         BulkVerdict verdict;
         QString words;
-    } others[] = {{BulkVerdict::Create, Texts::tr("З них буде створено: %1.")},
-                  {BulkVerdict::Contrary, Texts::tr("З них заокруглення веде в інший бік: %1.")},
-                  {BulkVerdict::Same, Texts::tr("Без змін: %1.")},
-                  {BulkVerdict::NoPrice, Texts::tr("Немає ціни: %1.")},
-                  {BulkVerdict::NoRow, Texts::tr("Група не має своєї ціни: %1.")},
-                  {BulkVerdict::Blocked, Texts::tr("Заблоковані: %1.")},
-                  {BulkVerdict::TooLow, Texts::tr("Нічого не лишилося б: %1.")},
-                  {BulkVerdict::TooHigh, Texts::tr("Завелика ціна: %1.")},
-                  {BulkVerdict::RuleTaken, Texts::tr("Правило вже має інший товар групи: %1.")},
-                  {BulkVerdict::RuleTwice, Texts::tr("Правило отримали б кілька товарів групи: %1.")}};
+    } others[] = {
+        {BulkVerdict::Create, Texts::tr("З них буде створено (досі там діє ціна з іншого рядка): %1.")},
+        {BulkVerdict::Contrary, Texts::tr("З них заокруглення веде в інший бік: %1.")},
+        {BulkVerdict::Same, Texts::tr("Без змін: %1.")},
+        {BulkVerdict::NoPrice, Texts::tr("Немає ціни: %1.")},
+        {BulkVerdict::NoRow, Texts::tr("Група не має своєї ціни: %1.")},
+        {BulkVerdict::Blocked, Texts::tr("Заблоковані: %1.")},
+        {BulkVerdict::TooLow, Texts::tr("Нічого не лишилося б: %1.")},
+        {BulkVerdict::TooHigh, Texts::tr("Завелика ціна: %1.")},
+        {BulkVerdict::RuleTaken, Texts::tr("Правило вже має інший товар групи: %1.")},
+        {BulkVerdict::RuleTwice, Texts::tr("Правило отримали б кілька товарів групи: %1.")}};
     for (const auto &other : others) {
         if (const int count = plan.counts.value(other.verdict); count > 0)
             sentences.append(other.words.arg(wholeShown(count)));

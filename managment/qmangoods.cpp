@@ -67,16 +67,16 @@ void QManGoods::buildLists()
         list->breakCaptions();
         list->setEmptyText(tr("Виберіть товари й те, що змінити, та натисніть «Переглянути»."));
     }
-    ui->prices->setColumns({{tr("Код"), 6, &asNumber},
-                            {tr("Назва товару"), 26},
-                            {tr("Група"), 12},
-                            {tr("Базова ціна"), 9, &asMoney},
-                            {tr("Яка ціна"), 14},
-                            {tr("Ціна зараз"), 9, &asMoney},
-                            {tr("Нова ціна"), 9, &asMoney},
-                            {tr("Різниця"), 8, &asSum},
-                            {tr("Інших цін"), 6, &asNumber},
-                            {tr("Що буде"), 24}},
+    ui->prices->setColumns({{tr("Код"), 5, &asNumber},
+                            {tr("Назва товару"), 22},
+                            {tr("Група"), 9},
+                            {tr("Базова ціна"), 8, &asMoney},
+                            {tr("Яка ціна"), 9},
+                            {tr("Ціна зараз"), 8, &asMoney},
+                            {tr("Нова ціна"), 8, &asMoney},
+                            {tr("Різниця"), 7, &asSum},
+                            {tr("Інших цін"), 5, &asNumber},
+                            {tr("Що буде"), 16}},
                            name);
     ui->fields->setColumns({{tr("Код"), 6, &asNumber},
                             {tr("Назва товару"), 26},
@@ -102,7 +102,7 @@ void QManGoods::fillFixedBoxes()
     for (const int ending : endings)
         ui->cbEnding->addItem(endingWords(ending), ending);
     ui->cbPlace->addItems({tr("Базова ціна товару"), tr("Ціни груп магазинів")});
-    ui->cbMissing->addItems({tr("пропустити"), tr("створити з тієї, що там діє")});
+    ui->cbMissing->addItems({tr("пропустити"), tr("створити з чинної")});
     ui->cbBlocked->addItems({tr("Усі"), tr("Ні"), tr("Так")});
     for (QLineEdit *number : {ui->lePercent, ui->leAmount}) {
         number->setText(QStringLiteral("0.00"));
@@ -113,7 +113,9 @@ void QManGoods::fillFixedBoxes()
             .arg(moneyText(leastBulkPrice)));
     for (QComboBox *box : {ui->cbGroup, ui->cbTax, ui->cbValue})
         keepNarrow(box, 12);
-    keepNarrow(ui->cbGroups, 12);
+    keepNarrow(ui->cbGroups, 10);
+    ui->cbMissing->setToolTip(tr("У групи магазинів може не бути своєї ціни з цим пріоритетом. Її можна "
+                                 "створити: від ціни, за якою магазини групи продають зараз."));
 }
 
 void QManGoods::connectInputs()

@@ -323,7 +323,7 @@ void TstQManGoods::missingGroupPricesAreMadeOfTheOneInForce()
     choose("cbDirection", "знизити на");
     type("lePercent", "10");
     chooseGroups({"Місто"});
-    choose("cbMissing", "створити з тієї, що там діє");
+    choose("cbMissing", "створити з чинної");
     preview();
     const QStringList made = lines().filter("буде створено");
     QCOMPARE(made.size(), 5);
@@ -417,7 +417,7 @@ void TstQManGoods::fieldsAreWrittenAndTakenBack_data()
     QTest::newRow("block") << "Блокування"
                            << "дозволити продаж"
                            << "block"
-                           << "Так|дозволити продаж|буде змінено"
+                           << "Так|Ні|буде змінено"
                            << "0,0,0,0,0,0,0,0";
     QTest::newRow("rule") << "Правило"
                           << "Без правил"
@@ -500,8 +500,8 @@ void TstQManGoods::blockingTellsWhatIsStillThere()
     choose("cbWhat", "Блокування");
     choose("cbValue", "заблокувати");
     preview();
-    QVERIFY(lines().at(0).endsWith("Ні|заблокувати|буде змінено; є в залишках"));
-    QVERIFY(lines().at(2).endsWith("Ні|заблокувати|буде змінено; є в передачах у дорозі"));
+    QVERIFY(lines().at(0).endsWith("Ні|Так|буде змінено; є в залишках"));
+    QVERIFY(lines().at(2).endsWith("Ні|Так|буде змінено; є в передачах у дорозі"));
     const QString asked = write();
     m_base->exec({"DELETE FROM transactions_goods", "DELETE FROM invoice"});
     QVERIFY2(asked.contains("в залишках магазинів: 6") && asked.contains("у дорозі між магазинами: 1"),
