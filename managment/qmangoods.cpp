@@ -108,11 +108,9 @@ void QManGoods::fillFixedBoxes()
         number->setText(QStringLiteral("0.00"));
         number->setMaximumWidth(fontMetrics().averageCharWidth() * 12);
     }
-    ui->labelRounding->setText(
-        tr("До найближчої такої ціни, а посередині — вгору; нижчою за %1 ціна не стане.")
-            .arg(moneyText(leastBulkPrice)));
-    for (QComboBox *box : {ui->cbGroup, ui->cbTax, ui->cbValue})
-        keepNarrow(box, 12);
+    for (QComboBox *box : {ui->cbGroup, ui->cbTax})
+        keepNarrow(box, 9);
+    keepNarrow(ui->cbValue, 16);
     keepNarrow(ui->cbGroups, 10);
     ui->cbMissing->setToolTip(tr("У групи магазинів може не бути своєї ціни з цим пріоритетом. Її можна "
                                  "створити: від ціни, за якою магазини групи продають зараз."));
@@ -222,6 +220,11 @@ void QManGoods::followWhat()
     ui->lePercent->setVisible(isPrice && isPercent());
     ui->leAmount->setVisible(isPrice && !isPercent());
     ui->labelUnit->setText(isPercent() ? QStringLiteral("%") : tr("грн"));
+    ui->labelRounding->setText(
+        isPrice
+            ? tr("Заокруглюється до найближчої такої ціни, а посередині — вгору; нижчою за %1 ціна не стане.")
+                  .arg(moneyText(leastBulkPrice))
+            : QString());
     ui->label_cbValue->setVisible(!isPrice);
     ui->cbValue->setVisible(!isPrice);
     ui->lists->setCurrentWidget(isPrice ? ui->prices : ui->fields);

@@ -57,6 +57,7 @@ private slots:
     void viewersOnlyLook();
     void closingAsksWhileItCanBeTakenBack();
     void tenThousandGoods();
+    void everyChangeFitsASmallScreen();
 
 private:
     void choose(const char *box, const QString &text)
@@ -794,6 +795,23 @@ void TstQManGoods::tenThousandGoods()
     QCOMPARE(wrong, QString("0"));
     QCOMPARE(left, QString("0"));
     QVERIFY2(gap <= 200, qPrintable(QString::number(gap)));
+}
+
+/// With letters of 12 points, and what a main window has around it.
+void TstQManGoods::everyChangeFitsASmallScreen()
+{
+    QFont large = m_page->font();
+    large.setPointSize(12);
+    m_page->setFont(large);
+    choose("cbPlace", "Ціни груп магазинів");
+    auto *what = child<QComboBox>(m_page.get(), "cbWhat");
+    for (int row = 0; row < what->count(); ++row) {
+        what->setCurrentIndex(row);
+        QTest::qWait(20);
+        const QSize least = m_page->minimumSizeHint();
+        QVERIFY2(least.width() <= 1000 && least.height() <= 500,
+                 qPrintable(QString("%1: %2x%3").arg(row).arg(least.width()).arg(least.height())));
+    }
 }
 
 QTEST_MAIN(TstQManGoods)
