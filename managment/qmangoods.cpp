@@ -68,7 +68,7 @@ void QManGoods::buildLists()
         list->setEmptyText(tr("Виберіть товари й те, що змінити, та натисніть «Переглянути»."));
     }
     ui->prices->setColumns({{tr("Код"), 5, &asNumber},
-                            {tr("Назва товару"), 22},
+                            {tr("Назва товару"), 20},
                             {tr("Група"), 9},
                             {tr("Базова ціна"), 8, &asMoney},
                             {tr("Яка ціна"), 9},
@@ -76,7 +76,7 @@ void QManGoods::buildLists()
                             {tr("Нова ціна"), 8, &asMoney},
                             {tr("Різниця"), 7, &asSum},
                             {tr("Інших цін"), 5, &asNumber},
-                            {tr("Що буде"), 16}},
+                            {tr("Що буде"), 21}},
                            name);
     ui->fields->setColumns({{tr("Код"), 6, &asNumber},
                             {tr("Назва товару"), 26},
@@ -131,6 +131,7 @@ void QManGoods::connectInputs()
         connect(line, &QLineEdit::textChanged, this, &QManGoods::followChoice);
         connect(line, &QLineEdit::returnPressed, this, &QManGoods::preview);
     }
+    connect(ui->checkChanges, &QCheckBox::toggled, this, &QManGoods::showRows);
     connect(m_scans, &ScanCatcher::scanned, this, &QManGoods::takeScan);
     connect(ui->pbReset, &QPushButton::clicked, this, &QManGoods::resetFilter);
     connect(ui->pbBarcodes, &QPushButton::clicked, this, &QManGoods::askForBarcodes);
@@ -422,6 +423,7 @@ void QManGoods::preview()
 void QManGoods::showPlan(const std::shared_ptr<BulkPlan> &plan, const JobResult &result)
 {
     if (result.outcome != JobResult::Done) {
+        m_shown = nullptr;
         list()->clear();
         ui->labelCounts->setText(result.words);
         return;
@@ -429,9 +431,29 @@ void QManGoods::showPlan(const std::shared_ptr<BulkPlan> &plan, const JobResult 
     m_plan = plan;
     list()->setHeading({list()->heading().value(0), bulkWords(plan->choice)});
     list()->setEmptyText(tr("За цими умовами нічого не знайдено."));
-    list()->showRows(RowStore(plan->rows));
+    m_shown = std::shared_ptr<const RowStore>(plan, &plan->rows);
+    m_shownPlan = plan;
+    showRows();
     ui->labelCounts->setText(bulkSummary(*plan).join(QLatin1Char(' ')));
     followWork();
+}
+
+/// All of them, or those that are, or were, to be changed.
+void QManGoods::showRows()
+{
+    if (m_shown == nullptr)
+        return;
+    ListPane *shown = m_shownPlan->choice.isPrice() ? ui->prices : ui->fields;
+    if (!ui->checkChanges->isChecked())
+        return shown->showRows(RowStore(*m_shown));
+    RowStore changes;
+    for (const BulkChange &change : m_shownPlan->changes) {
+        std::vector<std::string_view> cells;
+        for (int column = 0; column <= m_shownPlan->verdictColumn(); ++column)
+            cells.push_back(m_shown->cell(change.row, column));
+        changes.append(cells);
+    }
+    shown->showRows(std::move(changes));
 }
 
 QString QManGoods::writeRefusal() const
@@ -538,7 +560,9 @@ void QManGoods::showOutcome(const std::shared_ptr<BulkOutcome> &outcome, const J
         m_plan = nullptr;
     ui->labelCounts->setText(result.words);
     if (outcome->isWritten) {
-        list()->showRows(RowStore(*outcome->done.rows));
+        m_shown = outcome->done.rows;
+        m_shownPlan = outcome->done.plan;
+        showRows();
         postMessage(m_mainWindow, result.words, QMessEvent::Information);
     }
     followWork();

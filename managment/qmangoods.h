@@ -87,6 +87,7 @@ private:
     QString undoRefusal() const;
     bool refuse(const QString &why);
     QString question() const;
+    void showRows();
     void showPlan(const std::shared_ptr<BulkPlan> &plan, const JobResult &result);
     void showWritten(const std::shared_ptr<BulkOutcome> &outcome, const JobResult &result);
     void showUndone(const std::shared_ptr<BulkOutcome> &outcome, const JobResult &result);
@@ -110,6 +111,9 @@ private:
     PastedBarcodes m_barcodes;
     /// Null when nothing that is shown may be written.
     std::shared_ptr<const BulkPlan> m_plan;
+    /// The rows of the list, and whose they are.
+    std::shared_ptr<const RowStore> m_shown;
+    std::shared_ptr<const BulkPlan> m_shownPlan;
     /// The last change; null when there is none to be taken back.
     std::shared_ptr<const BulkDone> m_done;
     QPointer<Job> m_job;

@@ -13,6 +13,7 @@
 #include "scanpace.h"
 #include "servererror.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -306,8 +307,11 @@ void TstQManGoods::groupPricesKeepWhatElseTheyHold()
     QCOMPARE(lines(4).filter("буде"), QStringList({"default|29.00|19.05|-9.95|0|буде змінено",
                                                    "Місто|49.95|40.00|-9.95|1|буде змінено"}));
     QCOMPARE(lines(4).filter("група не має своєї ціни").size(), 12);
+    child<QCheckBox>(m_page.get(), "checkChanges")->click();
+    QCOMPARE(lines().size(), 2);
     QVERIFY(write().contains("−9.95 грн, до копійки; default, Місто"));
     QCOMPARE(listed(), QStringList({"10|0|2|0|4000", "10|1|2|0|4800", "13|0|1|0|1905", "14|0|2|3|650"}));
+    QVERIFY(lines().size() == 2 && lines().at(1).endsWith("|записано"));
     QCOMPARE(m_base->rows("SELECT week_day,info FROM prices WHERE id_goods=10 AND id_shop=0"),
              QStringList("5|акт 7"));
     QCOMPARE(m_base->rows("SELECT id_goods FROM prices WHERE data_update>20250101000000 ORDER BY 1"),
