@@ -27,7 +27,7 @@ const Benchmark benchmarks[] = {
     {"reports", measureReports},   {"tuning", measureTuning},       {"import", measureClientImport},
     {"memory", measureMemory},     {"items", measureAgainstItems},  {"creation", measureCards},
     {"exchange", measureExchange}, {"pricelist", measurePriceList}, {"stockin", measureStockIn},
-    {"rights", measureRights},
+    {"rights", measureRights},     {"bulk", measureBulk},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

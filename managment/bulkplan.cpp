@@ -238,7 +238,7 @@ QString verdictWords(BulkVerdict verdict)
     case BulkVerdict::NoPrice:
         return Texts::tr("пропущено: немає ціни");
     case BulkVerdict::NoRow:
-        return Texts::tr("пропущено: група не має своєї ціни");
+        return Texts::tr("пропущено: немає ціни групи");
     case BulkVerdict::Blocked:
         return Texts::tr("пропущено: товар заблоковано");
     case BulkVerdict::TooLow:

@@ -306,7 +306,7 @@ void TstQManGoods::groupPricesKeepWhatElseTheyHold()
     preview();
     QCOMPARE(lines(4).filter("буде"), QStringList({"default|29.00|19.05|-9.95|0|буде змінено",
                                                    "Місто|49.95|40.00|-9.95|1|буде змінено"}));
-    QCOMPARE(lines(4).filter("група не має своєї ціни").size(), 12);
+    QCOMPARE(lines(4).filter("немає ціни групи").size(), 12);
     child<QCheckBox>(m_page.get(), "checkChanges")->click();
     QCOMPARE(lines().size(), 2);
     QVERIFY(write().contains("−9.95 грн, до копійки; default, Місто"));
