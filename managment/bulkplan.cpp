@@ -15,6 +15,8 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(BulkPlan)
 };
 
+const int toldPlaces = 5;
+
 /// What a field is called, where it stands, and which table has the names of its values.
 const struct
 {
@@ -492,8 +494,10 @@ QString bulkWords(const BulkChoice &choice)
     if (!choice.isPrice())
         return QStringLiteral("%1: %2").arg(bulkFieldWords(choice.field), choice.valueName);
     QStringList places;
-    for (const BulkPlace &place : choice.places)
+    for (const BulkPlace &place : choice.places.mid(0, toldPlaces))
         places.append(place.second);
+    if (choice.places.size() > toldPlaces)
+        places.append(QStringLiteral("… (%1)").arg(choice.places.size()));
     QString where = places.join(QStringLiteral(", "));
     if (choice.priority != 0 && choice.places.value(0).first != 0)
         where += Texts::tr(" (пріоритет %1)").arg(choice.priority);

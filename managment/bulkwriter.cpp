@@ -139,7 +139,7 @@ private:
             auto seen = m_statements.send(
                 QStringLiteral("SELECT 1 FROM users JOIN lst_group ON lst_group.id_g_prem=users.id_g_prem "
                                "WHERE users.id=%1 AND lst_group.id_group=%2 LOCK IN SHARE MODE")
-                    .arg(m_idUser)
+                    .arg(lit(m_idUser))
                     .arg(place));
             if (!seen)
                 return false;

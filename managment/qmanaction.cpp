@@ -12,6 +12,7 @@
 #include "qntableview.h"
 #include "qqestion.h"
 
+#include <QSignalBlocker>
 #include <QSqlDatabase>
 #include <algorithm>
 #include <utility>
@@ -147,6 +148,8 @@ void QManAction::showOffered(const Offered &offered)
 
 void QManAction::showShops(const ListEntries &shops)
 {
+    // Half of them would be another choice.
+    const QSignalBlocker hold(ui->cbShops);
     const QVariantList before = ui->cbShops->listData(Qt::UserRole);
     const bool isAll = ui->cbShops->count() <= 1 || ui->cbShops->isAllSelect();
     showEntries(ui->cbShops, ListEntries{{tr("Усі магазини"), 0}} + shops);

@@ -1,19 +1,14 @@
 #pragma once
 
 #include "bulkwriter.h"
-#include "combos.h"
-#include "dbtasks.h"
 #include "page.h"
-#include "pastedbarcodes.h"
 
 #include <QPointer>
 #include <QWidget>
 #include <memory>
 
-class NumberField;
 class QLoadedUser;
 class QSqlDatabase;
-class ScanCatcher;
 class setting;
 
 namespace Ui {
@@ -51,37 +46,11 @@ public slots:
     void stop();
 
 private:
-    /// What the boxes offer behind their first items.
-    struct Offered
-    {
-        ListEntries groups;
-        ListEntries taxes;
-        ListEntries rules;
-        ListEntries shopGroups;
-    };
     enum class Work { None, Planning, Writing };
     using Then = std::function<void(const JobResult &)>;
 
     void buildLists();
-    void fillFixedBoxes();
-    void connectInputs();
-    /// Reads what the boxes offer; what is chosen in them stays.
-    void fillBoxes();
-    void showOffered(const Offered &offered);
-    void showShopGroups(const ListEntries &groups);
-    void showValues();
-    void followWhat();
     void followChoice();
-    void resetFilter();
-    void askForBarcodes();
-    void takeBarcodes(const PastedBarcodes &barcodes);
-    void takeScan(const QString &code);
-    BulkField field() const;
-    bool isPercent() const;
-    NumberField *byField() const;
-    GoodsFilter filter() const;
-    QVector<BulkPlace> places() const;
-    BulkChoice choice() const;
     QString choiceRefusal() const;
     QString writeRefusal() const;
     QString undoRefusal() const;
@@ -101,14 +70,6 @@ private:
     QSqlDatabase *m_db;
     QLoadedUser *m_user;
     QObject *m_mainWindow;
-    DbTasks m_boxes;
-    NumberField *m_percent = nullptr;
-    NumberField *m_amount = nullptr;
-    ScanCatcher *m_scans = nullptr;
-    Offered m_offered;
-    /// It was asked for before the boxes were filled.
-    bool m_previewsWhenFilled = false;
-    PastedBarcodes m_barcodes;
     /// Null when nothing that is shown may be written.
     std::shared_ptr<const BulkPlan> m_plan;
     /// The rows of the list, and whose they are.

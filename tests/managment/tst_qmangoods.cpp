@@ -309,6 +309,10 @@ void TstQManGoods::groupPricesKeepWhatElseTheyHold()
     QCOMPARE(lines(4).filter("немає ціни групи").size(), 12);
     child<QCheckBox>(m_page.get(), "checkChanges")->click();
     QCOMPARE(lines().size(), 2);
+    // Coming back by the menu reads the boxes again: the choice of two groups stays what it is.
+    m_page->openedByMenu();
+    QTRY_VERIFY(!m_page->isLoading());
+    QVERIFY(button("pbWrite")->isEnabled());
     QVERIFY(write().contains("−9.95 грн, до копійки; default, Місто"));
     QCOMPARE(listed(), QStringList({"10|0|2|0|4000", "10|1|2|0|4800", "13|0|1|0|1905", "14|0|2|3|650"}));
     QVERIFY(lines().size() == 2 && lines().at(1).endsWith("|записано"));
