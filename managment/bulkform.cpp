@@ -2,6 +2,7 @@
 #include "ui_bulkform.h"
 
 #include "barcodedialog.h"
+#include "bulkitems.h"
 #include "money.h"
 #include "numberfield.h"
 #include "permittedlists.h"

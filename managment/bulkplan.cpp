@@ -1,9 +1,8 @@
 #include "bulkplan.h"
 
-#include "goodsrules.h"
+#include "bulkitems.h"
 #include "money.h"
 #include "pastedbarcodes.h"
-#include "pricesql.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -17,170 +16,6 @@ struct Texts
 
 const int toldPlaces = 5;
 
-/// What a field is called, where it stands, and which table has the names of its values.
-const struct
-{
-    BulkField field;
-    const char *words;
-    const char *column;
-    const char *names;
-} fields[] = {{BulkField::Price, QT_TRANSLATE_NOOP("BulkPlan", "Ціна"), "price", ""},
-              {BulkField::Group, QT_TRANSLATE_NOOP("BulkPlan", "Група товарів"), "group_g", "group_goods"},
-              {BulkField::Tax, QT_TRANSLATE_NOOP("BulkPlan", "Податкова група"), "tax", "tax"},
-              {BulkField::Block, QT_TRANSLATE_NOOP("BulkPlan", "Блокування"), "block", "yesno"},
-              {BulkField::Rule, QT_TRANSLATE_NOOP("BulkPlan", "Правило"), "id_rules_goods", "rules_goods"}};
-
-const auto &lineOf(BulkField field)
-{
-    return fields[static_cast<int>(field)];
-}
-
-/// The columns of both statements.
-enum ReadColumn {
-    ReadId,
-    ReadName,
-    ReadBlock,
-    ReadGroup,
-    ReadRule,
-    ReadGroupName,
-    ReadBase,
-    ReadCurrent,
-    /// Of a price: the one in force where there is none. Of all else: the name of the value.
-    ReadBeside,
-    /// Of a price: how many others the item has. Of a block: whether it is in stock.
-    ReadCount,
-    /// Of a block: whether it is on the way between shops.
-    ReadOnTheWay
-};
-
-struct Item
-{
-    DbId id = 0;
-    QString name;
-    /// As the sale asks: block=0.
-    bool isBlocked = false;
-    DbId group = 0;
-    DbId rule = 0;
-    QString groupName;
-    std::optional<qint64> base;
-    std::optional<qint64> current;
-    QString beside;
-    qint64 count = 0;
-    bool isOnTheWay = false;
-};
-
-std::optional<qint64> number(const QVariant &value)
-{
-    return value.isNull() ? std::nullopt : std::optional(value.toLongLong());
-}
-
-Item itemOf(const QSqlQuery &row)
-{
-    Item item;
-    item.id = row.value(ReadId).toUInt();
-    item.name = toText(row.value(ReadName));
-    item.isBlocked = toText(row.value(ReadBlock)) != QLatin1String("0");
-    item.group = row.value(ReadGroup).toUInt();
-    item.rule = row.value(ReadRule).toUInt();
-    item.groupName = toText(row.value(ReadGroupName));
-    item.base = number(row.value(ReadBase));
-    item.current = number(row.value(ReadCurrent));
-    item.beside = toText(row.value(ReadBeside));
-    item.count = row.value(ReadCount).toLongLong();
-    item.isOnTheWay = row.value(ReadOnTheWay).toBool();
-    return item;
-}
-
-/// Beside others a short number is a weight or a size, which some place of nearly every barcode holds.
-QString wordsCondition(const QString &words)
-{
-    const int shortestPartOfBarcode = 6;
-    QString all;
-    const QStringList each = wordsOf(words);
-    for (const QString &word : each) {
-        const QString barcode =
-            word.size() >= shortestPartOfBarcode
-                ? QStringLiteral(" OR EXISTS(SELECT 1 FROM dk_shc WHERE dk_shc.id_goods=goods.id AND "
-                                 "dk_shc.shtrihcod LIKE %1)")
-                : QString();
-        all +=
-            QStringLiteral(" AND ") +
-            likeWords(QStringLiteral("(goods.name LIKE %1 OR goods.name_short LIKE %1 OR goods.id LIKE %1") +
-                          barcode + QLatin1Char(')'),
-                      word);
-    }
-    return all;
-}
-
-QString goodsCondition(const GoodsFilter &filter, const QVector<DbId> &goods)
-{
-    QString condition = QStringLiteral("1");
-    if (!filter.barcodes.isEmpty())
-        condition = QStringLiteral("goods.id IN (%1)").arg(idList(goods));
-    if (filter.group != 0)
-        condition += QStringLiteral(" AND goods.group_g=%1").arg(filter.group);
-    if (filter.tax != 0)
-        condition += QStringLiteral(" AND goods.tax=%1").arg(filter.tax);
-    if (filter.blocked != GoodsFilter::Any)
-        condition += filter.blocked == GoodsFilter::Sold ? QStringLiteral(" AND goods.block=0")
-                                                         : QStringLiteral(" AND NOT goods.block<=>0");
-    return condition + wordsCondition(filter.words);
-}
-
-struct Parts
-{
-    QString current;
-    QString beside = QStringLiteral("NULL");
-    QString count = QStringLiteral("NULL");
-    QString onTheWay = QStringLiteral("NULL");
-    QString join;
-};
-
-Parts priceParts(const BulkChoice &choice, DbId place)
-{
-    const QString all = QStringLiteral("(SELECT COUNT(*) FROM prices o WHERE o.id_goods=goods.id)");
-    if (place == 0)
-        return {QStringLiteral("goods.price"), QStringLiteral("NULL"), all, QStringLiteral("NULL"), {}};
-    return {QStringLiteral("listed.price"),
-            choice.createsMissing ? QStringLiteral("IF(listed.price IS NULL,%1,NULL)")
-                                        .arg(resolvedGroupPriceSql(place, choice.priority))
-                                  : QStringLiteral("NULL"),
-            all + QStringLiteral("-(listed.price IS NOT NULL)"), QStringLiteral("NULL"),
-            QStringLiteral(" LEFT JOIN prices listed ON listed.id_goods=goods.id AND listed.id_shop=0 AND "
-                           "listed.id_group=%1 AND listed.priority=%2")
-                .arg(place)
-                .arg(choice.priority)};
-}
-
-Parts fieldParts(const BulkChoice &choice)
-{
-    const auto &line = lineOf(choice.field);
-    Parts parts;
-    parts.current = QStringLiteral("goods.") + QLatin1String(line.column);
-    parts.beside = QStringLiteral("named.name");
-    parts.join =
-        QStringLiteral(" LEFT JOIN %1 named ON named.id=%2").arg(QLatin1String(line.names), parts.current);
-    if (choice.field != BulkField::Block)
-        return parts;
-    parts.count = QStringLiteral("EXISTS(SELECT 1 FROM goods_shop WHERE goods_shop.id_goods=goods.id AND "
-                                 "(count_showroom<>0 OR count_syllable<>0))");
-    parts.onTheWay =
-        QStringLiteral("EXISTS(SELECT 1 FROM transactions_goods JOIN invoice ON invoice.id=id_invoice WHERE "
-                       "id_good=goods.id AND IFNULL(invoice.data_time_close=0,1))");
-    return parts;
-}
-
-QString readSql(const BulkChoice &choice, DbId place, const QVector<DbId> &goods)
-{
-    const Parts parts = choice.isPrice() ? priceParts(choice, place) : fieldParts(choice);
-    return QStringLiteral("SELECT goods.id,goods.name,goods.block,goods.group_g,goods.id_rules_goods,"
-                          "group_goods.name,goods.price,") +
-           QStringList{parts.current, parts.beside, parts.count, parts.onTheWay}.join(QLatin1Char(',')) +
-           QStringLiteral(" FROM goods LEFT JOIN group_goods ON group_goods.id=goods.group_g") + parts.join +
-           QStringLiteral(" WHERE ") + goodsCondition(choice.goods, goods) +
-           QStringLiteral(" ORDER BY goods.id");
-}
-
 /// What becomes of a price, and what it is reckoned from.
 struct Priced
 {
@@ -189,7 +24,7 @@ struct Priced
     std::optional<qint64> to;
 };
 
-Priced priced(const Item &item, const BulkChoice &choice)
+Priced priced(const BulkItem &item, const BulkChoice &choice)
 {
     const bool isThere = item.current.has_value();
     const bool isGroups = choice.places.value(0).first != 0;
@@ -214,16 +49,6 @@ Priced priced(const Item &item, const BulkChoice &choice)
                                             : BulkVerdict::Change;
     }
     return price;
-}
-
-/// Where an item would stand with a rule that only one of its group may have; 0, 0 for none.
-QPair<DbId, DbId> wantedRule(const Item &item, const BulkChoice &choice)
-{
-    const auto value = static_cast<DbId>(choice.value);
-    const DbId group = choice.field == BulkField::Group ? value : item.group;
-    const DbId rule = choice.field == BulkField::Rule ? value : item.rule;
-    const bool isMoved = choice.field == BulkField::Group || choice.field == BulkField::Rule;
-    return isMoved && group != 0 && isExclusiveRule(rule) ? qMakePair(group, rule) : QPair<DbId, DbId>(0, 0);
 }
 
 QString verdictWords(BulkVerdict verdict)
@@ -304,18 +129,18 @@ private:
 
     bool readPlace(const BulkPlace &place)
     {
-        auto rows = m_context->db().run(readSql(m_choice, place.first, m_goods));
-        QVector<Item> items;
+        auto rows = m_context->db().run(bulkItemsSql(m_choice, place.first, m_goods));
+        QVector<BulkItem> items;
         while (rows && rows->next()) {
             if (m_context->isCancelled())
                 return false;
-            items.append(itemOf(*rows));
+            items.append(bulkItem(*rows));
         }
-        for (const Item &item : qAsConst(items)) {
+        for (const BulkItem &item : qAsConst(items)) {
             if (item.current != std::optional(m_choice.value))
-                ++m_wanted[wantedRule(item, m_choice)];
+                ++m_wanted[placeOf(item)];
         }
-        for (const Item &item : qAsConst(items)) {
+        for (const BulkItem &item : qAsConst(items)) {
             if (m_choice.isPrice())
                 takePrice(item, place);
             else
@@ -324,7 +149,7 @@ private:
         return rows.has_value();
     }
 
-    void takePrice(const Item &item, const BulkPlace &place)
+    void takePrice(const BulkItem &item, const BulkPlace &place)
     {
         const Priced price = priced(item, m_choice);
         count(item, price.verdict,
@@ -340,11 +165,16 @@ private:
                 verdictWords(price.verdict)});
     }
 
-    BulkVerdict fieldVerdict(const Item &item) const
+    RulePlace placeOf(const BulkItem &item) const
+    {
+        return rulePlace(m_choice.field, static_cast<DbId>(m_choice.value), item.group, item.rule);
+    }
+
+    BulkVerdict fieldVerdict(const BulkItem &item) const
     {
         if (m_choice.value < 0 || item.current == std::optional(m_choice.value))
             return BulkVerdict::Same;
-        const QPair<DbId, DbId> wanted = wantedRule(item, m_choice);
+        const RulePlace wanted = placeOf(item);
         if (wanted.first == 0)
             return BulkVerdict::Change;
         if (m_holders.contains(wanted))
@@ -352,7 +182,7 @@ private:
         return m_wanted.value(wanted) > 1 ? BulkVerdict::RuleTwice : BulkVerdict::Change;
     }
 
-    void takeField(const Item &item)
+    void takeField(const BulkItem &item)
     {
         const BulkVerdict verdict = fieldVerdict(item);
         count(item, verdict, {item.id, 0, item.current, m_choice.value, m_plan->rows.rowCount()});
@@ -380,7 +210,7 @@ private:
         return m_choice.value == 0 ? Texts::tr("Ні") : Texts::tr("Так");
     }
 
-    void count(const Item &item, BulkVerdict verdict, const BulkChange &change)
+    void count(const BulkItem &item, BulkVerdict verdict, const BulkChange &change)
     {
         ++m_plan->counts[verdict];
         if (!isWritten(verdict))
@@ -403,7 +233,7 @@ private:
     QVector<DbId> m_goods;
     RuleHolders m_holders;
     /// How many items would get a rule that only one of the group may have.
-    QMap<QPair<DbId, DbId>, int> m_wanted;
+    QMap<RulePlace, int> m_wanted;
     QSet<DbId> m_changed;
 };
 
@@ -416,16 +246,6 @@ QString changeWords(const BulkPlan &plan)
                                  : Texts::tr("Зміниться товарів: %1.").arg(wholeShown(plan.changes.size()));
 }
 } // namespace
-
-QString bulkColumn(BulkField field)
-{
-    return QLatin1String(lineOf(field).column);
-}
-
-QString bulkFieldWords(BulkField field)
-{
-    return Texts::tr(lineOf(field).words);
-}
 
 bool GoodsFilter::operator==(const GoodsFilter &other) const
 {
@@ -502,17 +322,4 @@ QString bulkWords(const BulkChoice &choice)
     if (choice.priority != 0 && choice.places.value(0).first != 0)
         where += Texts::tr(" (пріоритет %1)").arg(choice.priority);
     return QStringLiteral("%1: %2; %3").arg(bulkFieldWords(choice.field), stepWords(choice.step), where);
-}
-
-QString ruleHoldersSql()
-{
-    return QStringLiteral("SELECT group_g,id_rules_goods,id FROM goods WHERE id_rules_goods BETWEEN 2 AND 4");
-}
-
-RuleHolders ruleHoldersOf(QSqlQuery *rows)
-{
-    RuleHolders holders;
-    while (rows->next())
-        holders.insert({rows->value(0).toUInt(), rows->value(1).toUInt()}, rows->value(2).toUInt());
-    return holders;
 }

@@ -14,11 +14,6 @@
 /// What of the goods.
 enum class BulkField { Price, Group, Tax, Block, Rule, Count };
 
-/// The column of goods that holds it.
-QString bulkColumn(BulkField field);
-/// "Група товарів"
-QString bulkFieldWords(BulkField field);
-
 /// Which goods. 0 and empty stand for all.
 struct GoodsFilter
 {
@@ -116,10 +111,3 @@ JobResult planBulk(JobContext &context, const BulkChoice &choice, BulkPlan *plan
 QStringList bulkSummary(const BulkPlan &plan);
 /// What is done, for a question: "+5.00 %, до .99; базова ціна товару".
 QString bulkWords(const BulkChoice &choice);
-
-/// Which goods hold a rule that only one item of a goods group may have: the item by group and rule.
-using RuleHolders = QMap<QPair<DbId, DbId>, DbId>;
-/// For the statement that reads group, rule and item of all of them.
-QString ruleHoldersSql();
-/// Its rows.
-RuleHolders ruleHoldersOf(QSqlQuery *rows);

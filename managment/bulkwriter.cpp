@@ -1,6 +1,6 @@
 #include "bulkwriter.h"
 
-#include "goodsrules.h"
+#include "bulkitems.h"
 #include "jobstatements.h"
 #include "money.h"
 #include "permissions.h"
@@ -33,11 +33,6 @@ struct Now
     /// Of a price to be created: what is in force there.
     std::optional<qint64> basis;
 };
-
-std::optional<qint64> number(const QVariant &value)
-{
-    return value.isNull() ? std::nullopt : std::optional(value.toLongLong());
-}
 
 QString literal(const std::optional<qint64> &value)
 {
@@ -202,7 +197,7 @@ private:
             (place == 0 ? lock : QStringLiteral(" LOCK IN SHARE MODE")));
         while (rows && rows->next())
             now.insert(rows->value(0).toUInt(),
-                       {place == 0 ? number(rows->value(1)) : std::nullopt,
+                       {place == 0 ? wholeOf(rows->value(1)) : std::nullopt,
                         toText(rows->value(2)) != QLatin1String("0"), rows->value(3).toUInt(),
                         rows->value(4).toUInt(), std::nullopt});
         if (!rows || (place != 0 && !(readListed(part, lock, &now) && readBasis(part, &now))))
@@ -215,7 +210,7 @@ private:
         auto rows = m_statements.send(QStringLiteral("SELECT id_goods,price FROM prices WHERE ") +
                                       listedCondition(part) + lock);
         while (rows && rows->next())
-            (*now)[rows->value(0).toUInt()].value = number(rows->value(1));
+            (*now)[rows->value(0).toUInt()].value = wholeOf(rows->value(1));
         return rows.has_value();
     }
 
@@ -232,7 +227,7 @@ private:
             QStringLiteral("SELECT goods.id,%1 FROM goods WHERE goods.id IN (%2)")
                 .arg(resolvedGroupPriceSql(created.first().place, m_choice.priority), idsOf(created)));
         while (rows && rows->next())
-            (*now)[rows->value(0).toUInt()].basis = number(rows->value(1));
+            (*now)[rows->value(0).toUInt()].basis = wholeOf(rows->value(1));
         return rows.has_value();
     }
 
@@ -244,14 +239,10 @@ private:
             .arg(m_choice.priority);
     }
 
-    /// Where an item would stand with a rule that only one of its group may have; 0, 0 for none.
-    QPair<DbId, DbId> wantedRule(const BulkChange &change) const
+    RulePlace placeOf(const BulkChange &change) const
     {
         const Now now = m_now.value({change.place, change.goods});
-        const auto to = static_cast<DbId>(change.to.value_or(0));
-        const DbId group = m_choice.field == BulkField::Group ? to : now.group;
-        const DbId rule = m_choice.field == BulkField::Rule ? to : now.rule;
-        return group != 0 && isExclusiveRule(rule) ? qMakePair(group, rule) : QPair<DbId, DbId>(0, 0);
+        return rulePlace(m_choice.field, static_cast<DbId>(change.to.value_or(0)), now.group, now.rule);
     }
 
     /// Others may have given such a rule to an item, or one of these another group, meanwhile.
@@ -263,12 +254,12 @@ private:
         if (!rows)
             return false;
         const RuleHolders holders = ruleHoldersOf(&*rows);
-        QMap<QPair<DbId, DbId>, int> wanted;
+        QMap<RulePlace, int> wanted;
         for (const BulkChange &change : qAsConst(m_written))
-            ++wanted[wantedRule(change)];
+            ++wanted[placeOf(change)];
         QVector<BulkChange> free;
         for (const BulkChange &change : qAsConst(m_written)) {
-            const QPair<DbId, DbId> rule = wantedRule(change);
+            const RulePlace rule = placeOf(change);
             const bool isFree =
                 rule.first == 0 || (!holders.contains(rule) && (m_isBack || wanted.value(rule) == 1));
             (isFree ? free : m_others).append(change);
