@@ -109,6 +109,7 @@ private:
     {
         m_written.clear();
         m_others.clear();
+        m_now.clear();
         return isAllowed() && compare() && compareRules() && isUndisturbed() && writeAll() && stamp() &&
                !m_context->isCancelled();
     }
@@ -273,6 +274,7 @@ private:
     {
         if (!m_isBack || m_others.isEmpty())
             return true;
+        showRows({}, Texts::tr("не повернуто: змінив хтось інший"));
         QStringList told;
         for (const BulkChange &change : m_others.mid(0, toldItems))
             told.append(otherWords(change));
@@ -375,10 +377,16 @@ private:
     {
         m_outcome->isWritten = true;
         m_outcome->changedByOthers = m_others.size();
+        showRows(m_written, Texts::tr("пропущено: тим часом змінив хтось інший"));
+    }
+
+    /// The list with what became of those that are written, and of those that others have changed.
+    void showRows(const QVector<BulkChange> &written, const QString &others)
+    {
         const auto rows = std::make_shared<RowStore>(*m_wanted.rows);
-        mark(rows.get(), m_written, m_isBack ? Texts::tr("повернуто, як було") : Texts::tr("записано"));
-        mark(rows.get(), m_others, Texts::tr("пропущено: тим часом змінив хтось інший"));
-        m_outcome->done = {m_wanted.plan, m_written, rows};
+        mark(rows.get(), written, m_isBack ? Texts::tr("повернуто, як було") : Texts::tr("записано"));
+        mark(rows.get(), m_others, others);
+        m_outcome->done = {m_wanted.plan, written, rows};
     }
 
     void mark(RowStore *rows, const QVector<BulkChange> &changes, const QString &words) const

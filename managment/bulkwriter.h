@@ -18,6 +18,7 @@ struct BulkDone
 struct BulkOutcome
 {
     bool isWritten = false;
+    /// Its rows are null when the list stays what it is.
     BulkDone done;
     /// Changed by others since they were shown, or written: left as they are.
     int changedByOthers = 0;

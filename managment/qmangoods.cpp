@@ -9,6 +9,9 @@
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qqestion.h"
+#include "qrowmodel.h"
+#include "qwhyprice.h"
+#include "whypriceoffer.h"
 
 #include <QSqlDatabase>
 
@@ -30,6 +33,7 @@ QManGoods::QManGoods(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, s
     connect(ui->pbUndo, &QPushButton::clicked, this, &QManGoods::undo);
     connect(ui->pbWrite, &QPushButton::clicked, this, &QManGoods::write);
     connect(m_user, &QLoadedUser::rightsChanged, this, &QManGoods::followWork);
+    offerWhyPrice(this, ui->prices->view(), ui->pbWhyPrice, [this](int row) { whyPrice(row); });
     ui->form->open(m_db, m_user, m_mainWindow);
     followChoice();
 }
@@ -124,6 +128,7 @@ bool QManGoods::refuse(const QString &why)
 void QManGoods::followChoice()
 {
     ui->lists->setCurrentWidget(ui->form->isPrice() ? ui->prices : ui->fields);
+    ui->pbWhyPrice->setVisible(ui->form->isPrice());
     if (m_plan != nullptr && choiceRefusal().isEmpty() && ui->form->choice() == m_plan->choice)
         return followWork();
     if (m_plan != nullptr)
@@ -191,6 +196,15 @@ void QManGoods::showRows()
         changes.append(cells);
     }
     shown->showRows(std::move(changes));
+}
+
+void QManGoods::whyPrice(int row)
+{
+    PriceQuestion question;
+    const int code = static_cast<int>(BulkPriceColumn::Code);
+    question.idGoods = ui->prices->model()->stored(row, code).toUInt();
+    question.time = QDateTime::currentDateTime();
+    QWhyPrice::show(m_db, m_user, m_mainWindow, question, this);
 }
 
 QString QManGoods::writeRefusal() const
@@ -282,11 +296,11 @@ void QManGoods::undo()
 
 void QManGoods::showUndone(const std::shared_ptr<BulkOutcome> &outcome, const JobResult &result)
 {
-    if (outcome->isWritten) {
-        // What is shown is that of the change.
+    // What is shown is that of the change.
+    if (outcome->done.rows != nullptr)
         ui->lists->setCurrentWidget(m_done->plan->choice.isPrice() ? ui->prices : ui->fields);
+    if (outcome->isWritten)
         m_done = nullptr;
-    }
     showOutcome(outcome, result);
 }
 
@@ -296,12 +310,13 @@ void QManGoods::showOutcome(const std::shared_ptr<BulkOutcome> &outcome, const J
     if (outcome->isWritten || result.outcome == JobResult::Failed)
         m_plan = nullptr;
     ui->labelCounts->setText(result.words);
-    if (outcome->isWritten) {
+    if (outcome->done.rows != nullptr) {
         m_shown = outcome->done.rows;
         m_shownPlan = outcome->done.plan;
         showRows();
-        postMessage(m_mainWindow, result.words, QMessEvent::Information);
     }
+    if (outcome->isWritten)
+        postMessage(m_mainWindow, result.words, QMessEvent::Information);
     followWork();
     ui->form->enterSearch();
 }

@@ -57,6 +57,7 @@ private:
     bool refuse(const QString &why);
     QString question() const;
     void showRows();
+    void whyPrice(int row);
     void showPlan(const std::shared_ptr<BulkPlan> &plan, const JobResult &result);
     void showWritten(const std::shared_ptr<BulkOutcome> &outcome, const JobResult &result);
     void showUndone(const std::shared_ptr<BulkOutcome> &outcome, const JobResult &result);

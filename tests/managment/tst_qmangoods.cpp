@@ -9,6 +9,7 @@
 #include "qmessdlg.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "qwhyprice.h"
 #include "saleshop.h"
 #include "scanpace.h"
 #include "servererror.h"
@@ -75,6 +76,13 @@ private:
         typeText(text);
     }
     void chooseGroups(const QStringList &names);
+    static QStringList texts(const QWidget *window)
+    {
+        QStringList all;
+        for (const auto *label : window->findChildren<QLabel *>())
+            all.append(label->text());
+        return all;
+    }
     QPushButton *button(const char *name) { return child<QPushButton>(m_page.get(), name); }
     void preview();
     /// Presses the button, answers its question and waits for the end; the text of the question.
@@ -162,8 +170,7 @@ QString TstQManGoods::answered(const char *name, const QString &answer,
     QString asked;
     withModal<QMessDlg>([&] { button(name)->click(); },
                         [&](QMessDlg *question) {
-                            for (const auto *label : question->findChildren<QLabel *>())
-                                asked += label->text();
+                            asked = texts(question).join(QString());
                             if (meanwhile)
                                 meanwhile();
                             waitOutGuard();
@@ -205,6 +212,13 @@ void TstQManGoods::previewTellsOldAndNewAndWhatIsRefused()
                                    "17|Пляшка|Тара|1.00|базова|1.00|1.05|0.05|0|буде змінено"}));
     QCOMPARE(counts(), QString("Зміниться цін: 6 (різних товарів: 6). Сума цін: 180.30 → 189.32 (різниця "
                                "9.02). Немає ціни: 1. Заблоковані: 1."));
+    // Bread has two other prices: which one counts where is a key away.
+    m_page->list()->view()->selectRow(0);
+    m_page->list()->view()->setFocus();
+    pressKeys({Qt::Key_F3});
+    auto *why = child<QWhyPrice>(m_page.get(), QString());
+    QTRY_VERIFY(!texts(why).filter("Хліб житній").isEmpty());
+    why->close();
 }
 
 void TstQManGoods::filterFinds_data()
@@ -557,6 +571,7 @@ void TstQManGoods::takingBackRefusesWhatOthersChanged()
     QVERIFY2(two.contains("(2): ") && two.contains("№10 «Хліб житній», Місто (тепер без ціни)"),
              qPrintable(two));
     QCOMPARE(listed(), QStringList({"10|1|2|0|4800", "13|0|1|0|3200", "14|0|2|3|650"}));
+    QVERIFY(lines().filter("не повернуто: змінив хтось інший").size() == 2);
     // Once it is as it was written it can be taken back.
     QVERIFY(button("pbUndo")->isEnabled());
     takeBack("INSERT INTO prices(id_goods,id_shop,id_group,priority,price) VALUES(10,0,2,0,5495) ");
