@@ -173,9 +173,8 @@ void BulkForm::showInputs()
 {
     const bool isOfPrice = isPrice();
     const bool isOfGroups = isOfPrice && ui->cbPlace->currentIndex() == groupPrices;
-    for (QWidget *input :
-         std::initializer_list<QWidget *>{ui->cbDirection, ui->labelUnit, ui->label_cbEnding, ui->cbEnding,
-                                          ui->labelRounding, ui->label_cbPlace, ui->cbPlace})
+    for (QWidget *input : std::initializer_list<QWidget *>{ui->cbDirection, ui->labelUnit, ui->label_cbEnding,
+                                                           ui->cbEnding, ui->label_cbPlace, ui->cbPlace})
         input->setVisible(isOfPrice);
     for (QWidget *input :
          std::initializer_list<QWidget *>{ui->label_cbGroups, ui->cbGroups, ui->label_sbPriority,
@@ -186,9 +185,8 @@ void BulkForm::showInputs()
     ui->labelUnit->setText(isPercent() ? QStringLiteral("%") : tr("грн"));
     ui->labelRounding->setText(
         isOfPrice
-            ? tr("Заокруглюється до найближчої такої ціни, а посередині — вгору; нижчою за %1 ціна не стане.")
-                  .arg(moneyText(leastBulkPrice))
-            : QString());
+            ? tr("До найближчої такої ціни, посередині — вгору; не нижче %1.").arg(moneyText(leastBulkPrice))
+            : tr("Нове значення отримають усі знайдені товари, крім пропущених."));
     ui->label_cbValue->setVisible(!isOfPrice);
     ui->cbValue->setVisible(!isOfPrice);
 }

@@ -53,22 +53,22 @@ void QManGoods::buildLists()
         list->setEmptyText(tr("Виберіть товари й те, що змінити, та натисніть «Переглянути»."));
     }
     ui->prices->setColumns({{tr("Код"), 5, &asNumber},
-                            {tr("Назва товару"), 20},
-                            {tr("Група"), 9},
+                            {tr("Назва товару"), 19},
+                            {tr("Група"), 8},
                             {tr("Базова ціна"), 8, &asMoney},
-                            {tr("Яка ціна"), 9},
+                            {tr("Яка ціна"), 8},
                             {tr("Ціна зараз"), 8, &asMoney},
                             {tr("Нова ціна"), 8, &asMoney},
                             {tr("Різниця"), 7, &asSum},
                             {tr("Інших цін"), 5, &asNumber},
-                            {tr("Що буде"), 21}},
+                            {tr("Що буде"), 20}},
                            name);
     ui->fields->setColumns({{tr("Код"), 6, &asNumber},
                             {tr("Назва товару"), 26},
                             {tr("Група"), 12},
                             {tr("Базова ціна"), 9, &asMoney},
-                            {tr("Зараз"), 16},
-                            {tr("Буде"), 16},
+                            {tr("Зараз"), 13},
+                            {tr("Буде"), 13},
                             {tr("Що буде"), 28}},
                            name + QStringLiteral("/fields"));
     for (ListPane *list : {ui->prices, ui->fields}) {
