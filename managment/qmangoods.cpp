@@ -13,7 +13,9 @@
 #include "qwhyprice.h"
 #include "whypriceoffer.h"
 
+#include <QSet>
 #include <QSqlDatabase>
+#include <algorithm>
 
 namespace {
 const DbId firstServiceGroup = 2;
@@ -225,6 +227,20 @@ QString QManGoods::undoRefusal() const
     return m_done == nullptr ? tr("Скасувати нічого: тут ще нічого не записано.") : QString();
 }
 
+/// How many of the prices the last change has changed already: pressed twice, a step is taken twice.
+int QManGoods::changedAlready() const
+{
+    if (m_done == nullptr || !m_plan->choice.isPrice() || !m_done->plan->choice.isPrice())
+        return 0;
+    QSet<QPair<DbId, DbId>> before;
+    for (const BulkChange &change : m_done->changes)
+        before.insert({change.place, change.goods});
+    const auto isAgain = [&before](const BulkChange &change) {
+        return before.contains({change.place, change.goods});
+    };
+    return static_cast<int>(std::count_if(m_plan->changes.begin(), m_plan->changes.end(), isAgain));
+}
+
 QString QManGoods::question() const
 {
     QStringList lines = {tr("Записати зміни?"), bulkWords(m_plan->choice)};
@@ -235,6 +251,9 @@ QString QManGoods::question() const
     if (m_plan->onTheWay > 0)
         lines.append(tr("З них у дорозі між магазинами: %1. Прийняти їх можна буде.")
                          .arg(wholeShown(m_plan->onTheWay)));
+    if (const int again = changedAlready(); again > 0)
+        lines.append(tr("Увага: %1 з них уже змінено останньою зміною, вони зміняться ще раз.")
+                         .arg(wholeShown(again)));
     const qint64 value = m_plan->choice.value;
     if (m_plan->choice.field == BulkField::Group && value >= firstServiceGroup && value <= lastServiceGroup)
         lines.append(tr("Це службова група: її товари не продаються."));

@@ -55,6 +55,7 @@ private:
     QString writeRefusal() const;
     QString undoRefusal() const;
     bool refuse(const QString &why);
+    int changedAlready() const;
     QString question() const;
     void showRows();
     void whyPrice(int row);

@@ -295,8 +295,13 @@ void TstQManGoods::writtenAsShownSoldAndTakenBack()
     QCOMPARE(m_base->rows("SELECT name FROM updat WHERE updat>20250101000000"), QStringList("goods"));
     QCOMPARE(goodsRow(m_base.get(), 14).price, qint64(790));
     QVERIFY(lines().at(0).endsWith("|записано"));
-    // The next write is of another preview.
+    // The next write is of another preview, and a step that would be taken twice is told.
     QVERIFY(!button("pbWrite")->isEnabled());
+    type("leSearch", "");
+    preview();
+    QVERIFY2(
+        answerConfirm([this] { button("pbWrite")->click(); }, false).contains("Увага: 4 з них уже змінено"),
+        "the two that were left out before are changed for the first time");
     m_base->exec("UPDATE goods SET data_update=20200101000000");
     QVERIFY(undo().contains("Змінено було: 4."));
     QCOMPARE(goodsPrices(), before);
