@@ -297,11 +297,10 @@ void TstQManGoods::writtenAsShownSoldAndTakenBack()
     QVERIFY(lines().at(0).endsWith("|записано"));
     // The next write is of another preview, and a step that would be taken twice is told.
     QVERIFY(!button("pbWrite")->isEnabled());
-    type("leSearch", "");
+    child<QLineEdit>(m_page.get(), "leSearch")->clear();
     preview();
-    QVERIFY2(
-        answerConfirm([this] { button("pbWrite")->click(); }, false).contains("Увага: 4 з них уже змінено"),
-        "the two that were left out before are changed for the first time");
+    const QString again = answerConfirm([this] { button("pbWrite")->click(); }, false);
+    QVERIFY2(again.contains("Увага: 3 з них уже змінено"), "0.90 stays, two others are new");
     m_base->exec("UPDATE goods SET data_update=20200101000000");
     QVERIFY(undo().contains("Змінено було: 4."));
     QCOMPARE(goodsPrices(), before);
