@@ -8,6 +8,7 @@
 #include "qintegrity.h"
 #include "qloadeduser.h"
 #include "qmanaction.h"
+#include "qmangoods.h"
 #include "qmaninvoices.h"
 #include "qoverview.h"
 #include "qpremisgroup.h"
@@ -52,7 +53,8 @@ PageTable Pages::management()
          [this] { return makeSale(); }},
         {"man_invoices", Permission::Sales, QT_TRANSLATE_NOOP("Page", "Передачі"),
          [this] { return makeInvoices(); }},
-        {"man_goods", Permission::GoodsManagement, "", {}},
+        {"man_goods", Permission::GoodsManagement, QT_TRANSLATE_NOOP("Page", "Управління товарами"),
+         [this] { return new QManGoods(m_db, m_user, m_window, m_setting, nullptr); }},
         {"man_finance", Permission::Finance, "", {}},
         {"man_action", Permission::ActionsManagement, QT_TRANSLATE_NOOP("Page", "Управління акціями"),
          [this] { return new QManAction(m_db, m_user, m_window, m_setting, nullptr); }},

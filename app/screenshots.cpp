@@ -193,7 +193,8 @@ void Screenshots::takePage(const QString &name)
         {"mz_cheks", &Screenshots::takeCheks},       {"mt_goods", &Screenshots::takeGoods},
         {"mt_action", &Screenshots::takeActions},    {"man_action", &Screenshots::takeAssignment},
         {"mc_users", &Screenshots::takeUsers},       {"premis_group", &Screenshots::takePermissionGroups},
-        {"mz_zzvit", &Screenshots::takeZReports},    {"mt_check", &Screenshots::takeCheck}};
+        {"mz_zzvit", &Screenshots::takeZReports},    {"mt_check", &Screenshots::takeCheck},
+        {"man_goods", &Screenshots::takeBulkChanges}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -435,6 +436,30 @@ void Screenshots::takeAssignment(QWidget *assignment, const QString &name)
     save(m_window, name);
     takeModal(name + QStringLiteral("_barcodes"),
               [assignment] { assignment->findChild<QPushButton *>(QStringLiteral("pbBarcodes"))->click(); });
+}
+
+/// A step of the base price, of the prices of all shop groups, and another group.
+void Screenshots::takeBulkChanges(QWidget *page, const QString &name)
+{
+    const auto box = [page](const char *which) { return page->findChild<QComboBox *>(QLatin1String(which)); };
+    const auto preview = [page] {
+        page->findChild<QPushButton *>(QStringLiteral("pbPreview"))->click();
+        waitForRows(page);
+    };
+    page->findChild<QLineEdit *>(QStringLiteral("lePercent"))->setText(QStringLiteral("7.50"));
+    box("cbEnding")->setCurrentIndex(4);
+    preview();
+    save(m_window, name);
+    box("cbPlace")->setCurrentIndex(1);
+    box("cbGroups")->setItemData(0, Qt::Checked, Qt::CheckStateRole);
+    preview();
+    save(m_window, name + QStringLiteral("_groups"));
+    takeModal(name + QStringLiteral("_question"),
+              [page] { page->findChild<QPushButton *>(QStringLiteral("pbWrite"))->click(); });
+    box("cbWhat")->setCurrentIndex(2);
+    box("cbValue")->setCurrentIndex(2);
+    preview();
+    save(m_window, name + QStringLiteral("_group"));
 }
 
 void Screenshots::takePermissionGroups(QWidget *page, const QString &name)

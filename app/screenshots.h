@@ -37,6 +37,7 @@ private:
     /// Pictures the checks of the data when they have come to their end.
     void takeCheck(QWidget *check, const QString &name);
     void takeActions(QWidget *actions, const QString &name);
+    void takeBulkChanges(QWidget *page, const QString &name);
     void takeAssignment(QWidget *assignment, const QString &name);
     /// Pictures the receipt viewer with a document, and that document.
     void takeCheks(QWidget *viewer, const QString &name);

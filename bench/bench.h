@@ -52,6 +52,7 @@ QVector<Figure> measureStockIn(const Bench &bench);
 QVector<Figure> measureRights(const Bench &bench);
 QVector<Figure> measureOverview(const Bench &bench);
 QVector<Figure> measureIntegrity(const Bench &bench);
+QVector<Figure> measureBulk(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

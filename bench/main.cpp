@@ -28,6 +28,7 @@ const Benchmark benchmarks[] = {
     {"memory", measureMemory},     {"items", measureAgainstItems},  {"creation", measureCards},
     {"exchange", measureExchange}, {"pricelist", measurePriceList}, {"stockin", measureStockIn},
     {"rights", measureRights},     {"overview", measureOverview},   {"integrity", measureIntegrity},
+    {"bulk", measureBulk},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.

@@ -1,9 +1,8 @@
 #include "actionassignment.h"
 
+#include "jobstatements.h"
 #include "money.h"
-#include "qmessevent.h"
 #include "qupdatebd.h"
-#include "servererror.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -14,8 +13,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(ActionAssignment)
 };
 
-/// What another program spoils is tried so often.
-const int mostTries = 3;
 const int rowsAtOnce = 1000;
 const DbId noAction = 1;
 
@@ -24,85 +21,47 @@ class Assigner
 {
 public:
     Assigner(JobContext *context, const ActionPlan &plan, ActionAssigned *assigned)
-        : m_context(context)
-        , m_plan(plan)
-        , m_assigned(assigned)
-        , m_connection(std::make_unique<JobConnection>(*context))
+        : m_context(context), m_plan(plan), m_assigned(assigned), m_statements(context)
     {
     }
 
     JobResult run()
     {
-        if (!m_connection->isOpen())
+        if (!m_statements.isOpen())
             return {};
-        End end = End::Again;
-        for (int tries = 0; end == End::Again && tries < mostTries; ++tries)
-            end = m_context->isCancelled() ? End::Stopped : writeOnce();
-        switch (end) {
-        case End::Written:
+        switch (m_statements.writeWhole({[this] { return write(); }, [this] { return isWritten(); },
+                                         [this] { return !m_why.isEmpty(); }})) {
+        case JobStatements::End::Written:
             tell();
             return {JobResult::Done, summary(), {}};
-        case End::Unclear:
+        case JobStatements::End::Unclear:
             return {JobResult::Failed,
                     Texts::tr(
                         "Невідомо, чи записано: сервер не відповів. Коли зв'язок відновиться, перегляньте ще "
                         "раз: буде видно, які товари вже мають цю акцію."),
                     {}};
-        case End::Stopped:
+        case JobStatements::End::Stopped:
             return {JobResult::Cancelled, Texts::tr("Зупинено, у базу нічого не записано."), {}};
-        case End::Refused:
+        case JobStatements::End::Refused:
             return {JobResult::Failed, m_why, {}};
         default:
-            report();
             return {JobResult::Failed, Texts::tr("Не вдалося, у базу нічого не записано."), {}};
         }
     }
 
 private:
-    enum class End { Written, Again, Failed, Stopped, Unclear, Refused };
-    enum class Step { None, Refusal, Write, Commit };
-
-    Db db() { return m_connection->db(); }
-
-    End writeOnce()
+    bool write()
     {
-        m_error.clear();
-        m_failedSql.clear();
         m_others.clear();
         m_written.clear();
-        const Step failedAt = write();
-        // The transaction is over; a lost connection may be replaced.
-        switch (failedAt) {
-        case Step::None:
-            return End::Written;
-        case Step::Refusal:
-            return End::Refused;
-        case Step::Commit:
-            return afterCommit();
-        case Step::Write:
-            break;
-        }
-        return afterFailure();
-    }
-
-    Step write()
-    {
-        Transaction t(db());
-        const bool isSame = t && compareAction();
-        if (isSame && !m_why.isEmpty())
-            return Step::Refusal;
-        const bool isWritten = isSame && writeShops() && stamp() && !m_context->isCancelled();
-        const bool isCommitted = isWritten && t.commit();
-        m_errorNumber = isCommitted ? 0 : db().lastErrorNumber();
-        if (isCommitted)
-            return Step::None;
-        return isWritten ? Step::Commit : Step::Write;
+        return compareAction() && m_why.isEmpty() && writeShops() && stamp() && !m_context->isCancelled();
     }
 
     /// A shared lock: what others write with this promotion goes on, what changes or deletes it waits.
     bool compareAction()
     {
-        auto now = send(actionIdentitySql(m_plan.choice.action) + QStringLiteral(" LOCK IN SHARE MODE"));
+        auto now = m_statements.send(actionIdentitySql(m_plan.choice.action) +
+                                     QStringLiteral(" LOCK IN SHARE MODE"));
         if (!now)
             return false;
         if (!now->next())
@@ -139,11 +98,11 @@ private:
         QStringList asked;
         for (int i = begin; i < end; ++i)
             asked.append(QString::number(m_plan.changes.at(i).goods));
-        auto rows =
-            send(QStringLiteral("SELECT id_goods,id_action FROM goods_shop WHERE id_shop=%1 AND id_goods IN "
-                                "(%2) ORDER BY id_goods FOR UPDATE")
-                     .arg(shop)
-                     .arg(asked.join(QLatin1Char(','))));
+        auto rows = m_statements.send(
+            QStringLiteral("SELECT id_goods,id_action FROM goods_shop WHERE id_shop=%1 AND id_goods IN "
+                           "(%2) ORDER BY id_goods FOR UPDATE")
+                .arg(shop)
+                .arg(asked.join(QLatin1Char(','))));
         QHash<DbId, DbId> now;
         while (rows && rows->next())
             now.insert(rows->value(0).toUInt(), rows->value(1).toUInt());
@@ -160,10 +119,11 @@ private:
                 m_written.append(i);
         }
         return ids.isEmpty() ||
-               send(QStringLiteral("UPDATE goods_shop SET id_action=%1 WHERE id_shop=%2 AND id_goods IN (%3)")
-                        .arg(m_plan.choice.action)
-                        .arg(shop)
-                        .arg(ids.join(QLatin1Char(','))));
+               m_statements.send(
+                   QStringLiteral("UPDATE goods_shop SET id_action=%1 WHERE id_shop=%2 AND id_goods IN (%3)")
+                       .arg(m_plan.choice.action)
+                       .arg(shop)
+                       .arg(ids.join(QLatin1Char(','))));
     }
 
     /// The list of promotions tells how many goods have each.
@@ -171,31 +131,7 @@ private:
     {
         return m_written.isEmpty() ||
                QUpdateBD().update({QStringLiteral("goods_shop"), QStringLiteral("action")},
-                                  *db().connection(), m_context->receiver());
-    }
-
-    End afterFailure()
-    {
-        if (m_context->isCancelled())
-            return End::Stopped;
-        if (isConnectionLost(m_errorNumber))
-            return connectAnew() ? End::Again : End::Failed;
-        return m_errorNumber == ServerError::Deadlock || m_errorNumber == ServerError::LockWait ? End::Again
-                                                                                                : End::Failed;
-    }
-
-    /// Whether it is there the server is asked, so that nothing is told that is not so.
-    End afterCommit()
-    {
-        if (isCommitRefused(m_errorNumber))
-            return End::Again;
-        const bool isLost = isConnectionLost(m_errorNumber);
-        const auto isThere = !isLost || connectAnew() ? isWritten() : std::nullopt;
-        if (!isThere)
-            return End::Unclear;
-        if (*isThere)
-            return End::Written;
-        return isLost || m_context->isCancelled() ? End::Again : End::Failed;
+                                  *m_statements.db().connection(), m_context->receiver());
     }
 
     /// All of it is there or nothing: one item tells. The lock waits for a transaction that the server has
@@ -205,40 +141,13 @@ private:
         if (m_written.isEmpty())
             return true;
         const PlannedChange &first = m_plan.changes.at(m_written.first());
-        auto row =
-            send(QStringLiteral("SELECT id_action FROM goods_shop WHERE id_shop=%1 AND id_goods=%2 LOCK IN "
-                                "SHARE MODE")
-                     .arg(first.shop)
-                     .arg(first.goods));
+        auto row = m_statements.send(
+            QStringLiteral("SELECT id_action FROM goods_shop WHERE id_shop=%1 AND id_goods=%2 LOCK IN "
+                           "SHARE MODE")
+                .arg(first.shop)
+                .arg(first.goods));
         return row && row->next() ? std::optional(row->value(0).toUInt() == m_plan.choice.action)
                                   : std::nullopt;
-    }
-
-    bool connectAnew()
-    {
-        auto connection = m_context->connectAgain();
-        if (!connection)
-            return false;
-        m_connection = std::move(connection);
-        return true;
-    }
-
-    std::optional<QSqlQuery> send(const QString &sql)
-    {
-        QString error;
-        auto query = db().attempt(sql, &error);
-        if (!query) {
-            m_error = error;
-            m_failedSql = sql;
-        }
-        return query;
-    }
-
-    void report() const
-    {
-        if (!m_failedSql.isEmpty())
-            postMessage(m_context->receiver(), Texts::tr("Помилка запиту:") + QLatin1Char('\n') + m_error +
-                                                   QLatin1Char('\n') + m_failedSql.left(500));
     }
 
     void tell()
@@ -273,14 +182,11 @@ private:
     JobContext *m_context;
     const ActionPlan &m_plan;
     ActionAssigned *m_assigned;
-    std::unique_ptr<JobConnection> m_connection;
+    JobStatements m_statements;
     /// The changes that were written, and the rows of those that others had changed.
     QVector<int> m_written;
     QVector<int> m_others;
     QString m_why;
-    QString m_error;
-    QString m_failedSql;
-    int m_errorNumber = 0;
 };
 } // namespace
 

@@ -1,11 +1,11 @@
 #include "actionplan.h"
 
 #include "money.h"
+#include "pastedbarcodes.h"
 #include "pricesql.h"
 #include "receipt.h"
 
 #include <QCoreApplication>
-#include <QRegularExpression>
 #include <QSet>
 
 namespace {
@@ -17,8 +17,6 @@ struct Texts
 const DbId noAction = 1;
 const int firstServiceGroup = 2;
 const int lastServiceGroup = 5;
-const int codesAtOnce = 1000;
-const int listedBarcodes = 5;
 
 /// The columns of the statement of a shop.
 enum ReadColumn {
@@ -65,19 +63,11 @@ ReadItem itemOf(const QSqlQuery &row)
     return item;
 }
 
-QString numbers(const QVector<DbId> &ids)
-{
-    QStringList texts = {QStringLiteral("0")};
-    for (const DbId id : ids)
-        texts.append(QString::number(id));
-    return texts.join(QLatin1Char(','));
-}
-
 QString goodsCondition(const ActionChoice &choice, const QVector<DbId> &goods)
 {
     QStringList conditions;
     if (!choice.barcodes.isEmpty())
-        conditions.append(QStringLiteral("goods.id IN (%1)").arg(numbers(goods)));
+        conditions.append(QStringLiteral("goods.id IN (%1)").arg(idList(goods)));
     if (choice.goodsGroup != 0)
         conditions.append(QStringLiteral("goods.group_g=%1").arg(choice.goodsGroup));
     if (choice.has != 0)
@@ -144,7 +134,8 @@ public:
     {
         const ActionChoice &choice = m_plan->choice;
         QVector<DbId> goods;
-        if (!readAction() || !findBarcodes(&goods))
+        if (!readAction() ||
+            !findBarcodes(m_context->db(), choice.barcodes, &goods, &m_plan->unknownBarcodes))
             return end();
         for (int i = 0; i < choice.shops.size(); ++i) {
             m_context->stage(choice.shops.at(i).second);
@@ -185,31 +176,6 @@ private:
         m_value = row->at(1).toLongLong();
         m_plan->times = actionTimes(row->at(2));
         m_plan->identity = row->at(3);
-        return true;
-    }
-
-    bool findBarcodes(QVector<DbId> *goods)
-    {
-        const QStringList &codes = m_plan->choice.barcodes;
-        QSet<QString> found;
-        for (int begin = 0; begin < codes.size(); begin += codesAtOnce) {
-            QStringList literals;
-            for (const QString &code : codes.mid(begin, codesAtOnce))
-                literals.append(lit(code));
-            auto rows = m_context->db().run(
-                QStringLiteral("SELECT shtrihcod,id_goods FROM dk_shc WHERE shtrihcod IN (%1)")
-                    .arg(literals.join(QLatin1Char(','))));
-            while (rows && rows->next()) {
-                found.insert(toText(rows->value(0)));
-                goods->append(rows->value(1).toUInt());
-            }
-            if (!rows)
-                return false;
-        }
-        for (const QString &code : codes) {
-            if (!found.contains(code))
-                m_plan->unknownBarcodes.append(code);
-        }
         return true;
     }
 
@@ -290,14 +256,8 @@ QString planSummary(const ActionPlan &plan)
         if (const int count = plan.counts.value(other.verdict); count > 0)
             parts.append(other.words.arg(wholeShown(count)));
     }
-    if (!plan.unknownBarcodes.isEmpty()) {
-        const QString listed =
-            QStringList(plan.unknownBarcodes.mid(0, listedBarcodes)).join(QStringLiteral(", "));
-        parts.append(
-            Texts::tr("Невідомі штрихкоди: %1 (%2).")
-                .arg(wholeShown(plan.unknownBarcodes.size()),
-                     plan.unknownBarcodes.size() > listedBarcodes ? listed + QStringLiteral("…") : listed));
-    }
+    if (!plan.unknownBarcodes.isEmpty())
+        parts.append(unknownBarcodesWords(plan.unknownBarcodes));
     return parts.join(QLatin1Char(' '));
 }
 
@@ -306,24 +266,6 @@ QString actionIdentitySql(DbId action)
     return QStringLiteral("SELECT CONCAT_WS(CHAR(9),name,id_type_action,val,val_1,val_2,datetime_start,"
                           "datetime_end,week_day) FROM action WHERE id=%1")
         .arg(action);
-}
-
-QStringList barcodesIn(const QString &text, int *ignored)
-{
-    static const QRegularExpression code(QStringLiteral("(?:^|[\\s;,\"])(\\d{1,13})(?=$|[\\s;,\"])"));
-    // Of "4,82E+12" no barcode "4" is left: the spreadsheet has lost its digits.
-    static const QRegularExpression lost(QStringLiteral("(?:^|[\\s;\"])\\d+[.,]\\d+[eEеЕ]\\+\\d+"));
-    QStringList codes;
-    *ignored = 0;
-    for (const QString &line : text.split(QLatin1Char('\n'))) {
-        const auto found = code.match(line);
-        if (found.hasMatch() && !lost.match(line).hasMatch())
-            codes.append(found.captured(1));
-        else if (!line.trimmed().isEmpty())
-            ++*ignored;
-    }
-    codes.removeDuplicates();
-    return codes;
 }
 
 qint64 priceWith(qint64 price, int kind, qint64 value)

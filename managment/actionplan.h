@@ -81,8 +81,5 @@ QString planSummary(const ActionPlan &plan);
 
 /// The promotion as one cell, to tell whether it is still the one that was shown.
 QString actionIdentitySql(DbId action);
-/// The barcodes of a pasted text: of each line the first thing that is a number of up to 13 digits, each
-/// once. ignored: how many lines have none.
-QStringList barcodesIn(const QString &text, int *ignored);
 /// What one piece or kilogram costs while a promotion is in force, in kopecks: as the sale reckons it.
 qint64 priceWith(qint64 price, int kind, qint64 value);

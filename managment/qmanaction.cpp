@@ -12,6 +12,7 @@
 #include "qntableview.h"
 #include "qqestion.h"
 
+#include <QSignalBlocker>
 #include <QSqlDatabase>
 #include <algorithm>
 #include <utility>
@@ -147,6 +148,8 @@ void QManAction::showOffered(const Offered &offered)
 
 void QManAction::showShops(const ListEntries &shops)
 {
+    // Half of them would be another choice.
+    const QSignalBlocker hold(ui->cbShops);
     const QVariantList before = ui->cbShops->listData(Qt::UserRole);
     const bool isAll = ui->cbShops->count() <= 1 || ui->cbShops->isAllSelect();
     showEntries(ui->cbShops, ListEntries{{tr("Усі магазини"), 0}} + shops);
@@ -212,21 +215,15 @@ void QManAction::readAction()
 void QManAction::askForBarcodes()
 {
     const QPointer<QManAction> open = this;
-    const auto text = BarcodeDialog::ask(window(), m_barcodeText);
+    const auto text = BarcodeDialog::ask(window(), m_barcodes.text());
     if (open && text)
         takeBarcodes(*text);
 }
 
 void QManAction::takeBarcodes(const QString &text)
 {
-    int ignored = 0;
-    m_barcodeText = text;
-    m_barcodes = barcodesIn(text, &ignored);
-    QString words =
-        m_barcodes.isEmpty() ? QString() : tr("Лише зі списку: %1").arg(wholeShown(m_barcodes.size()));
-    if (ignored > 0)
-        words += QLatin1Char(' ') + tr("(рядків без штрихкоду: %1)").arg(wholeShown(ignored));
-    ui->labelBarcodes->setText(words.trimmed());
+    m_barcodes.setText(text);
+    ui->labelBarcodes->setText(m_barcodes.words());
     followChoice();
 }
 
@@ -237,7 +234,7 @@ ActionChoice QManAction::choice() const
     choice.goodsGroup = ui->cbGroup->currentData().toUInt();
     choice.has = ui->cbHas->currentData().toUInt();
     choice.words = ui->leSearch->text();
-    choice.barcodes = m_barcodes;
+    choice.barcodes = m_barcodes.codes();
     choice.priority = ui->sbPriority->value();
     for (int row = 1; row < ui->cbShops->count(); ++row) {
         if (ui->cbShops->itemData(row, Qt::CheckStateRole).toInt() == Qt::Checked)
@@ -260,15 +257,6 @@ void QManAction::followChoice()
     followWork();
 }
 
-/// A list that is none would mean all goods.
-QString QManAction::barcodesRefusal() const
-{
-    return m_barcodes.isEmpty() && !m_barcodeText.trimmed().isEmpty()
-               ? tr("У списку штрихкодів немає жодного штрихкоду. Виправте список або очистіть його, якщо "
-                    "потрібні всі товари.")
-               : QString();
-}
-
 QString QManAction::choiceRefusal() const
 {
     if (m_work == Work::Assigning)
@@ -278,7 +266,7 @@ QString QManAction::choiceRefusal() const
         return tr("Виберіть акцію. Щоб зняти акцію з товарів, виберіть «Без акції».");
     if (now.shops.isEmpty())
         return ui->cbShops->count() > 1 ? tr("Виберіть хоча б один магазин.") : noGroupsHint();
-    return barcodesRefusal();
+    return m_barcodes.refusal();
 }
 
 void QManAction::preview()
@@ -319,7 +307,7 @@ QString QManAction::assignRefusal() const
 {
     if (!m_user->mayEdit(Permission::ActionsManagement))
         return tr("У вас є право лише переглядати: призначати акції ви не можете.");
-    if (QString why = barcodesRefusal(); !why.isEmpty())
+    if (QString why = m_barcodes.refusal(); !why.isEmpty())
         return why;
     if (m_plan == nullptr)
         return tr("Спершу натисніть «Переглянути».");

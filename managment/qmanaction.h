@@ -4,6 +4,7 @@
 #include "combos.h"
 #include "dbtasks.h"
 #include "page.h"
+#include "pastedbarcodes.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -66,7 +67,6 @@ private:
     void takeBarcodes(const QString &text);
     void followChoice();
     ActionChoice choice() const;
-    QString barcodesRefusal() const;
     QString choiceRefusal() const;
     QString assignRefusal() const;
     bool refuse(const QString &why);
@@ -86,8 +86,7 @@ private:
     DbTasks m_boxes;
     /// It was asked for before the boxes were filled.
     bool m_previewsWhenFilled = false;
-    QStringList m_barcodes;
-    QString m_barcodeText;
+    PastedBarcodes m_barcodes;
     std::shared_ptr<const ActionPlan> m_plan;
     QPointer<Job> m_job;
     Work m_work = Work::None;

@@ -29,7 +29,7 @@ enum Id {
     ZReports = 71,           ///< report: Z-reports
     Articles = 72,           ///< report: goods sold
     Online = 73,             ///< report: statistics on line
-    GoodsManagement = 100,   ///< goods received and moved
+    GoodsManagement = 100,   ///< many goods changed at once
     Sales = 101,             ///< sale of goods
     Finance = 102,           ///< cash moved between shops
     ActionsManagement = 103, ///< promotions management

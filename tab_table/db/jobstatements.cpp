@@ -2,6 +2,7 @@
 
 #include "job.h"
 #include "qmessevent.h"
+#include "servererror.h"
 
 #include <QCoreApplication>
 
@@ -10,6 +11,9 @@ struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(JobStatements)
 };
+
+/// What another program spoils is tried so often.
+const int mostTries = 3;
 } // namespace
 
 JobStatements::JobStatements(JobContext *context)
@@ -54,6 +58,46 @@ JobStatements::Step JobStatements::transact(const std::function<bool()> &work)
     if (isCommitted)
         return Step::None;
     return isWritten ? Step::Commit : Step::Write;
+}
+
+JobStatements::End JobStatements::writeWhole(const WholeWrite &work)
+{
+    std::optional<End> end;
+    for (int tries = 0; !end && tries < mostTries; ++tries) {
+        if (m_context->isCancelled())
+            return End::Stopped;
+        const Step failedAt = transact(work.write);
+        if (failedAt == Step::None)
+            return End::Written;
+        end = failedAt == Step::Commit ? afterCommit(work) : afterWrite(work);
+    }
+    if (!end || *end == End::Failed)
+        report();
+    return end.value_or(End::Failed);
+}
+
+std::optional<JobStatements::End> JobStatements::afterWrite(const WholeWrite &work)
+{
+    if (m_context->isCancelled())
+        return End::Stopped;
+    if (work.isRefused && work.isRefused())
+        return End::Refused;
+    const bool isAgain = isConnectionLost(m_errorNumber) ? connectAnew() : isOthersLock(m_errorNumber);
+    return isAgain ? std::nullopt : std::optional(End::Failed);
+}
+
+/// Whether it is there the server is asked, so that nothing is told that is not so.
+std::optional<JobStatements::End> JobStatements::afterCommit(const WholeWrite &work)
+{
+    if (isCommitRefused(m_errorNumber))
+        return std::nullopt;
+    const bool isLost = isConnectionLost(m_errorNumber);
+    const auto isThere = !isLost || connectAnew() ? work.isWritten() : std::nullopt;
+    if (!isThere)
+        return End::Unclear;
+    if (*isThere)
+        return End::Written;
+    return isLost || m_context->isCancelled() ? std::nullopt : std::optional(End::Failed);
 }
 
 bool JobStatements::connectAnew()

@@ -1,5 +1,7 @@
 #include "combos.h"
 
+#include "qchekedcombobox.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
@@ -50,14 +52,16 @@ public:
         if (box == nullptr)
             return QObject::eventFilter(watched, event);
         const QEvent::Type type = event->type();
-        if (type == QEvent::Paint) {
+        // What is checked in a list it paints and tells itself.
+        const bool paintsItself = qobject_cast<QChekedComboBox *>(box) != nullptr;
+        if (type == QEvent::Paint && !paintsItself) {
             paintCut(box);
             return true;
         }
         if (type == QEvent::MouseButtonPress || type == QEvent::KeyPress || type == QEvent::FocusIn)
             box->view()->setMinimumWidth(
                 qMin(needed(box), box->screen()->availableGeometry().width() * 2 / 3));
-        else if (type == QEvent::ToolTip)
+        else if (type == QEvent::ToolTip && !paintsItself)
             box->setToolTip(box->currentText());
         return QObject::eventFilter(watched, event);
     }

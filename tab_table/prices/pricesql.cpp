@@ -12,25 +12,39 @@ QString listPrice(const QString &whose, const QString &priority)
                           "prices.priority=%2 ORDER BY prices.id_group LIMIT 1)")
         .arg(whose, priority);
 }
-} // namespace
 
-QString resolvedPriceSql(DbId idShop, int priority)
+QString groupOwns(const QString &group)
 {
-    const QString shop = QString::number(idShop);
-    const QStringList whose = {
-        QStringLiteral("prices.id_shop=") + shop,
-        QStringLiteral("prices.id_shop=0 AND prices.id_group=(SELECT shops.group_shop FROM shops WHERE "
-                       "shops.id=%1)")
-            .arg(shop),
-        QStringLiteral("prices.id_shop=0 AND prices.id_group=1")};
+    return QStringLiteral("prices.id_shop=0 AND prices.id_group=") + group;
+}
+
+/// The first price of those owners, the strongest first: each with priority 0, then each with the given one.
+QString firstPrice(const QStringList &owners, int priority)
+{
     QStringList steps;
     for (const QString &rank : {QStringLiteral("0"), QString::number(priority)}) {
-        for (const QString &owner : whose)
+        for (const QString &owner : owners)
             steps.append(listPrice(owner, rank));
     }
     return QStringLiteral("IF((SELECT COUNT(*) FROM prices WHERE prices.id_goods=goods.id)=0,goods.price,"
                           "COALESCE(%1,goods.price))")
         .arg(steps.join(QLatin1Char(',')));
+}
+} // namespace
+
+QString resolvedPriceSql(DbId idShop, int priority)
+{
+    const QString shop = QString::number(idShop);
+    return firstPrice(
+        {QStringLiteral("prices.id_shop=") + shop,
+         groupOwns(QStringLiteral("(SELECT shops.group_shop FROM shops WHERE shops.id=%1)").arg(shop)),
+         groupOwns(QStringLiteral("1"))},
+        priority);
+}
+
+QString resolvedGroupPriceSql(DbId idGroup, int priority)
+{
+    return firstPrice({groupOwns(QString::number(idGroup)), groupOwns(QStringLiteral("1"))}, priority);
 }
 
 QString actionInForceSql(const QDateTime &time)

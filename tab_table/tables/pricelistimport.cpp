@@ -3,7 +3,6 @@
 #include "jobstatements.h"
 #include "money.h"
 #include "qupdatebd.h"
-#include "servererror.h"
 
 #include <QCoreApplication>
 #include <algorithm>
@@ -15,8 +14,6 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(PriceList)
 };
 
-/// What another program spoils is tried so often.
-const int mostTries = 3;
 const int comparedAtOnce = 1000;
 /// Half a megabyte of statement: every server takes that.
 const int pricesAtOnce = 10000;
@@ -72,40 +69,31 @@ public:
     {
         if (!m_statements.isOpen())
             return {};
-        End end = End::Again;
-        for (int tries = 0; end == End::Again && tries < mostTries; ++tries)
-            end = m_context->isCancelled() ? End::Stopped : writeOnce();
+        const auto end =
+            m_statements.writeWhole({[this] { return writeOnce(); }, [this] { return isWritten(); }});
         switch (end) {
-        case End::Written:
+        case JobStatements::End::Written:
             *m_outcome = m_draft.outcome;
             m_outcome->isWritten = true;
             return {JobResult::Done, priceListSummary(m_plan, *m_outcome), {}};
-        case End::Unclear:
+        case JobStatements::End::Unclear:
             return {JobResult::Failed,
                     Texts::tr("Невідомо, чи записано імпорт: сервер не відповів. Коли зв'язок відновиться, "
                               "імпортуйте файл ще раз: записане вдруге не зміниться."),
                     {}};
-        case End::Stopped:
+        case JobStatements::End::Stopped:
             return {JobResult::Cancelled, Texts::tr("Імпорт зупинено, у базу нічого не записано."), {}};
         default:
-            m_statements.report();
             return {JobResult::Failed, Texts::tr("Імпорт не вдався, у базу нічого не записано."), {}};
         }
     }
 
 private:
-    enum class End { Written, Again, Failed, Stopped, Unclear };
-    using Step = JobStatements::Step;
-
-    End writeOnce()
+    bool writeOnce()
     {
         m_draft = Draft();
         m_draft.outcome.refused = m_plan.refused;
-        const Step failedAt =
-            m_statements.transact([this] { return compare() && write() && !m_context->isCancelled(); });
-        if (failedAt == Step::None)
-            return End::Written;
-        return failedAt == Step::Commit ? afterCommit() : afterFailure();
+        return compare() && write() && !m_context->isCancelled();
     }
 
     /// Holds the plan against the goods as they are now. They are locked, and so are the places of new
@@ -190,29 +178,6 @@ private:
         }
         return QUpdateBD().update({QStringLiteral("goods"), QStringLiteral("dk_shc")},
                                   *m_statements.db().connection(), m_context->receiver());
-    }
-
-    End afterFailure()
-    {
-        if (m_context->isCancelled())
-            return End::Stopped;
-        if (isConnectionLost(m_statements.errorNumber()))
-            return m_statements.connectAnew() ? End::Again : End::Failed;
-        return isOthersLock(m_statements.errorNumber()) ? End::Again : End::Failed;
-    }
-
-    /// Whether it is there the server is asked, so that nothing is told that is not so.
-    End afterCommit()
-    {
-        if (isCommitRefused(m_statements.errorNumber()))
-            return End::Again;
-        const bool isLost = isConnectionLost(m_statements.errorNumber());
-        const auto isThere = !isLost || m_statements.connectAnew() ? isWritten() : std::nullopt;
-        if (!isThere)
-            return End::Unclear;
-        if (*isThere)
-            return End::Written;
-        return isLost || m_context->isCancelled() ? End::Again : End::Failed;
     }
 
     /// All of it is there or nothing: one item tells. Nothing when the server does not say.

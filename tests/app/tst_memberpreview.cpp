@@ -131,7 +131,7 @@ void TstMemberPreview::rightsAreCalledAsTheMenusAre()
         }
     }
     QCOMPARE(called, menus);
-    QCOMPARE(static_cast<size_t>(menus.size()) + 2, pages.table().size());
+    QCOMPARE(static_cast<size_t>(menus.size()) + 3, pages.table().size());
 }
 
 void TstMemberPreview::memberSeesWhatThePreviewShows()

@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "combos.h"
 #include "qchekedcombobox.h"
 #include "qloadeduser.h"
 #include "qmessevent.h"
@@ -535,6 +536,11 @@ void TstFrame::comboIsCheckedByMouseAndKeys()
     QTRY_VERIFY(!box.view()->isVisible());
     QCOMPARE(box.listTexts(), QStringList{"Молоко"});
     QCOMPARE(box.displayText(), QString("Молоко"));
+    // Kept narrow it still paints what is checked, not its first item.
+    keepNarrow(&box, 20);
+    const QImage milk = box.grab().toImage();
+    box.setChekedItem(2, Qt::Unchecked);
+    QVERIFY(box.grab().toImage() != milk);
 }
 
 QTEST_MAIN(TstFrame)

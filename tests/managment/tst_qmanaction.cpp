@@ -3,6 +3,7 @@
 #include "barcodedialog.h"
 #include "heartbeat.h"
 #include "listpane.h"
+#include "pastedbarcodes.h"
 #include "permissions.h"
 #include "qchekedcombobox.h"
 #include "qloadeduser.h"
