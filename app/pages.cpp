@@ -7,6 +7,7 @@
 #include "qimportclient.h"
 #include "qloadeduser.h"
 #include "qmanaction.h"
+#include "qmanfinance.h"
 #include "qmaninvoices.h"
 #include "qpremisgroup.h"
 #include "qregistersale.h"
@@ -50,7 +51,8 @@ PageTable Pages::management()
         {"man_invoices", Permission::Sales, QT_TRANSLATE_NOOP("Page", "Передачі"),
          [this] { return makeInvoices(); }},
         {"man_goods", Permission::GoodsManagement, "", {}},
-        {"man_finance", Permission::Finance, "", {}},
+        {"man_finance", Permission::Finance, QT_TRANSLATE_NOOP("Page", "Фінанси"),
+         [this] { return makeFinance(); }},
         {"man_action", Permission::ActionsManagement, QT_TRANSLATE_NOOP("Page", "Управління акціями"),
          [this] { return new QManAction(m_db, m_user, m_window, m_setting, nullptr); }},
     };
@@ -99,6 +101,14 @@ QWidget *Pages::makeInvoices()
             sale->transfermode();
     });
     return invoices;
+}
+
+QWidget *Pages::makeFinance()
+{
+    auto *finance = new QManFinance(m_db, m_user, m_window, m_setting, nullptr);
+    connect(finance, &QManFinance::cheksWanted, m_reports, &QReports::showCheks);
+    connect(finance, &QManFinance::slipWanted, m_reports, &QReports::showSlip);
+    return finance;
 }
 
 QWidget *Pages::open(const QString &action)

@@ -48,6 +48,7 @@ private:
     QWidget *makeSale();
     QWidget *makePermissionGroups();
     QWidget *makeInvoices();
+    QWidget *makeFinance();
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;

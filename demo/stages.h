@@ -21,6 +21,10 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
 bool fillOnline(const Db &db, const Chain &chain);
 /// Goods between the shops: what came, what is on the way, what differed.
 bool fillInvoices(const Db &db, const Chain &chain);
+/// Service operations beside the seeded ones, and cash between the shops.
+bool fillCash(const Db &db, const Chain &chain);
+constexpr int householdOperation = 3;
+extern const QString householdName;
 /// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
 /// one.
 bool setAdministratorPassword(const Db &db);

@@ -9,8 +9,7 @@ struct InvoicesAsked
     /// Seen from the shops that are meant.
     enum Direction { Both, Sent, Received };
 
-    /// Cash instead of goods.
-    bool isCash = false;
+    InvoiceKind kind = InvoiceKind::Goods;
     /// The shops that are meant, as a condition on `shops` with a blank before it.
     QString shops;
     Direction direction = Both;
@@ -24,7 +23,7 @@ struct InvoicesAsked
     bool hasDays() const { return !from.isEmpty(); }
 };
 
-/// The columns of the list of invoices, in its order.
+/// The columns of the list of invoices, in its order; of cash those of lines are never shown.
 enum class InvoiceColumn {
     Number,
     State,
@@ -58,7 +57,7 @@ struct InvoiceKey
 
 /// What is on the way first, then the newest, so many rows.
 QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows);
-QVector<Column> invoiceColumns();
+QVector<Column> invoiceColumns(InvoiceKind kind);
 
 /// The columns of the goods of an invoice.
 enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference, Result, Count };
@@ -66,6 +65,12 @@ enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference,
 /// What differs comes first, then by name.
 QString invoiceLinesSql(DbId invoice);
 QVector<Column> invoiceLineColumns();
+
+/// The columns of the sums of an invoice of cash: what was sent, accepted, and the difference.
+enum class CashLineColumn { What, Sum, Count };
+
+QString cashLinesSql(DbId invoice);
+QVector<Column> cashLineColumns();
 
 /// A state with its sign, as lists and papers show it: "→ у дорозі".
 QString invoiceStateShown(InvoiceState state);

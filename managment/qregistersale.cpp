@@ -222,6 +222,7 @@ void QRegisterSale::connectClosing()
                    : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
     });
     connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellTracker);
+    connect(ui->shift, &ShiftBar::cashMoved, this, &QRegisterSale::tellWritten);
 }
 
 /// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
@@ -239,6 +240,7 @@ void QRegisterSale::connectKeys()
     onKey(Qt::Key_F11, &QRegisterSale::transfermode);
     onKey(Qt::Key_F9, &QRegisterSale::write);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
+    onKey(Qt::SHIFT + Qt::Key_F9, &QRegisterSale::moveCash);
     onKey(QKeySequence::Find, &QRegisterSale::findGoods);
     new SalePriceQuestion(m_work, m_acts, ui->goods, ui->receipt, [this] { return goodsScope(); });
 }
@@ -256,7 +258,7 @@ void QRegisterSale::orderTabs()
     for (const StockPane *pane : m_stock->panes())
         all += pane->tabOrder();
     all += named({"cbShop", "cbKass", "dateEdit", "sbPriority"}) + ui->modes->buttons() +
-           named({"pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"});
+           named({"pbServiceCash", "pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"});
     QWidget *last = ui->goods->searchField();
     for (QWidget *next : qAsConst(all)) {
         setTabOrder(last, next);
@@ -474,6 +476,11 @@ void QRegisterSale::write()
 void QRegisterSale::CloseZ_zvit()
 {
     ui->shift->closeShift();
+}
+
+void QRegisterSale::moveCash()
+{
+    m_guard->whenSettled([this](bool) { ui->shift->moveCash(); });
 }
 
 void QRegisterSale::pbClosePeriod()

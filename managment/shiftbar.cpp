@@ -2,12 +2,16 @@
 #include "ui_shiftbar.h"
 
 #include "dbtasks.h"
+#include "permissions.h"
 #include "placebar.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
+#include "qservicecash.h"
 #include "waitnote.h"
+
+#include <QPointer>
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
@@ -17,6 +21,7 @@ ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::S
 {
     ui->setupUi(this);
     m_reading = new WaitNote(ui->lbShift, this);
+    connect(ui->pbServiceCash, &QPushButton::clicked, this, &ShiftBar::moveCash);
     connect(ui->pbCloseZ, &QPushButton::clicked, this, &ShiftBar::closeShift);
     connect(ui->pbPeriod, &QPushButton::clicked, this, &ShiftBar::closePeriodAlone);
 }
@@ -35,12 +40,14 @@ void ShiftBar::setUp(SaleWork *work, PlaceBar *place)
 
 void ShiftBar::setMayClose(bool mayClose, const QString &why)
 {
-    for (QPushButton *button : {ui->pbCloseZ, ui->pbPeriod}) {
+    for (QPushButton *button : {ui->pbServiceCash, ui->pbCloseZ, ui->pbPeriod}) {
         button->setEnabled(mayClose);
         button->setToolTip(mayClose ? QString() : why);
     }
-    if (mayClose)
-        ui->pbCloseZ->setToolTip(QStringLiteral("F12"));
+    if (!mayClose)
+        return;
+    ui->pbCloseZ->setToolTip(QStringLiteral("F12"));
+    ui->pbServiceCash->setToolTip(tr("Службове внесення та вилучення, Shift+F9"));
 }
 
 QString ShiftBar::whyNoPlace() const
@@ -91,6 +98,45 @@ void ShiftBar::guarded(const Act &close)
         m_guard(close);
     else
         close();
+}
+
+QString ShiftBar::cashRefusal() const
+{
+    if (m_place->isReading())
+        return tr("Магазини й каси ще читаються. Повторіть.");
+    if (!m_place->isChosen())
+        return tr("Виберіть магазин і касу.");
+    return m_place->isClosingOnly() ? tr("Магазин або касу заблоковано: тут можна лише закрити зміну.")
+                                    : QString();
+}
+
+/// The receipt that is being filled stays as it is. The window knows how the writing goes; the tab may go
+/// while it is open.
+void ShiftBar::moveCash()
+{
+    if (!m_work->isFree() || !m_work->mayEdit())
+        return;
+    const QString why = cashRefusal();
+    m_work->tell(why);
+    if (!why.isEmpty())
+        return emit m_work->left();
+    m_work->user()->beginAct();
+    const QPointer<ShiftBar> open = this;
+    const SaleWork::Questions questions(m_work);
+    m_place->followToday();
+    const QServiceCash::Where where = {m_place->place(), m_place->chosenDate(), Permission::Sales};
+    if (!m_work->agreeDate(tr("Дата чека"), where.date))
+        return;
+    auto *form =
+        new QServiceCash(m_work->db()->connectionName(), m_work->user(), m_work->receiver(), where, this);
+    form->exec();
+    if (!open)
+        return;
+    if (form->wasWritten())
+        emit cashMoved(form->writtenWords(), form->order().place.kass, form->result().chek.number);
+    delete form;
+    refresh();
+    emit m_work->left();
 }
 
 /// Asks the server about the chosen place, then goes on.
