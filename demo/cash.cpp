@@ -85,7 +85,7 @@ SqlRow transfer(int number, const Shop &from, const Shop &to, qint64 sum, const 
     return row;
 }
 
-/// The shops bring what they have to the office, each every third day.
+/// In the morning the shops send what they have to the office, each every third day.
 bool fillTransfers(const Db &db, const Chain &chain)
 {
     BulkInsert rows(db,
@@ -100,7 +100,7 @@ bool fillTransfers(const Db &db, const Chain &chain)
             if (!shop.sells() || shop.id == office.id || (shop.id + day.toJulianDay()) % 3 != 0)
                 continue;
             const qint64 sum = dice.amount(200000, 1500000, 10000);
-            const QDateTime sent(day, QTime(18, dice.between(0, 59), 41));
+            const QDateTime sent(day, QTime(7, dice.between(0, 59), 41));
             rows.add(transfer(number, shop, office, sum, sent, fateOf(number, daysAgo)));
             ++number;
         }
@@ -112,16 +112,7 @@ bool fillTransfers(const Db &db, const Chain &chain)
 bool fillCash(const Db &db, const Chain &chain)
 {
     BulkInsert operations(db, QStringLiteral("slujb_op(id,name,plus_minus)"));
-    const struct
-    {
-        int id;
-        QString name;
-        int isIn;
-    } all[] = {{householdOperation, householdName, 0},
-               {4, QStringLiteral("Інкасація"), 0},
-               {5, QStringLiteral("Розмінна монета"), 1}};
-    for (const auto &one : all)
-        operations.add(SqlRow().number(one.id).text(one.name).number(one.isIn));
+    operations.add(SqlRow().number(householdOperation).text(householdName).number(0));
     return operations.finish() && fillTransfers(db, chain);
 }
 } // namespace demo

@@ -21,9 +21,9 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
 bool fillOnline(const Db &db, const Chain &chain);
 /// Goods between the shops: what came, what is on the way, what differed.
 bool fillInvoices(const Db &db, const Chain &chain);
-/// Service operations beside the seeded ones, and cash between the shops.
+/// A service operation for what the shops buy, and cash between the shops.
 bool fillCash(const Db &db, const Chain &chain);
-constexpr int householdOperation = 3;
+constexpr int householdOperation = 6;
 extern const QString householdName;
 /// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
 /// one.

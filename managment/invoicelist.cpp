@@ -4,6 +4,8 @@
 
 #include <QColor>
 #include <QCoreApplication>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 struct Texts
@@ -124,14 +126,25 @@ QString endOf(const char *shop, const char *kass)
         .arg(QLatin1String(shop), QLatin1String(kass));
 }
 
+constexpr InvoiceColumn cashOrder[] = {
+    InvoiceColumn::Number,     InvoiceColumn::State,     InvoiceColumn::From,
+    InvoiceColumn::To,         InvoiceColumn::Sent,      InvoiceColumn::Accepted,
+    InvoiceColumn::Difference, InvoiceColumn::SentAt,    InvoiceColumn::SentBy,
+    InvoiceColumn::ClosedAt,   InvoiceColumn::ClosedBy,  InvoiceColumn::MessageFrom,
+    InvoiceColumn::MessageTo,  InvoiceColumn::Lines,     InvoiceColumn::DifferentLines,
+    InvoiceColumn::ShopFrom,   InvoiceColumn::GroupFrom, InvoiceColumn::ShopTo,
+    InvoiceColumn::GroupTo};
+static_assert(std::size(cashOrder) == static_cast<size_t>(InvoiceColumn::Count), "each column once");
+
+/// In the order of cashOrder.
 QString cashRowsSql(const QString &newest)
 {
     return QStringLiteral(
                "SELECT STRAIGHT_JOIN invoice.id,IF(%1,0,IF(invoice.cash_accept IS NULL,3,"
-               "IF(invoice.cash_accept<=>invoice.cash_send,1,2))) AS state,%5,%6,invoice.data_time_open,%2,"
-               "invoice.data_time_close,%3,NULL,invoice.cash_send,invoice.cash_accept,"
-               "CAST(invoice.cash_accept AS SIGNED)-CAST(IFNULL(invoice.cash_send,0) AS SIGNED),NULL,"
-               "invoice.msg_with,invoice.msg_to,invoice.id_shop_with,sender.group_shop,invoice.id_shop_to,"
+               "IF(invoice.cash_accept<=>invoice.cash_send,1,2))) AS state,%5,%6,invoice.cash_send,"
+               "invoice.cash_accept,CAST(invoice.cash_accept AS SIGNED)-CAST(IFNULL(invoice.cash_send,0) AS "
+               "SIGNED),invoice.data_time_open,%2,invoice.data_time_close,%3,invoice.msg_with,invoice.msg_to,"
+               "NULL,NULL,invoice.id_shop_with,sender.group_shop,invoice.id_shop_to,"
                "receiver.group_shop FROM (%4) newest JOIN invoice ON invoice.id=newest.id LEFT JOIN shops AS "
                "sender ON sender.id=invoice.id_shop_with LEFT JOIN shops AS receiver ON "
                "receiver.id=invoice.id_shop_to LEFT JOIN kassa AS taken ON taken.id=invoice.id_kass_with LEFT "
@@ -211,30 +224,44 @@ QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int ro
     return asked.kind == InvoiceKind::Cash ? cashRowsSql(newest) : rowsSql(newest);
 }
 
+int columnAt(InvoiceKind kind, InvoiceColumn column)
+{
+    if (kind == InvoiceKind::Goods)
+        return static_cast<int>(column);
+    return static_cast<int>(std::find(std::begin(cashOrder), std::end(cashOrder), column) -
+                            std::begin(cashOrder));
+}
+
 QVector<Column> invoiceColumns(InvoiceKind kind)
 {
     const bool isCash = kind == InvoiceKind::Cash;
     const CellFormat *amount = isCash ? &asSum : &asQuantity;
     const int quantity = isCash ? 11 : 9;
-    return {{Texts::tr("№"), 6, &asNumber},
-            {Texts::tr("Стан"), 22, &asState},
-            {Texts::tr("З магазину"), 20},
-            {Texts::tr("До магазину"), 20},
-            {Texts::tr("Відправлено"), 15, &asDateTime},
-            {Texts::tr("Хто відправив"), 12},
-            {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},
-            {Texts::tr("Хто прийняв / скасував"), 12},
-            {Texts::tr("Позицій"), 6, &asNumber, isCash},
-            {Texts::tr("Надіслано"), quantity, amount},
-            {Texts::tr("Прийнято"), quantity, amount},
-            {Texts::tr("Різниця"), quantity, isCash ? &asSignedSum : &asQuantity},
-            {Texts::tr("Позицій з різницею"), 7, &asNumber, isCash},
-            {Texts::tr("Повідомлення відправника"), 16},
-            {Texts::tr("Повідомлення одержувача"), 16},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true}};
+    const QVector<Column> goods = {{Texts::tr("№"), 6, &asNumber},
+                                   {Texts::tr("Стан"), 22, &asState},
+                                   {Texts::tr("З магазину"), 20},
+                                   {Texts::tr("До магазину"), 20},
+                                   {Texts::tr("Відправлено"), 15, &asDateTime},
+                                   {Texts::tr("Хто відправив"), 12},
+                                   {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},
+                                   {Texts::tr("Хто прийняв / скасував"), 12},
+                                   {Texts::tr("Позицій"), 6, &asNumber, isCash},
+                                   {Texts::tr("Надіслано"), quantity, amount},
+                                   {Texts::tr("Прийнято"), quantity, amount},
+                                   {Texts::tr("Різниця"), quantity, isCash ? &asSignedSum : &asQuantity},
+                                   {Texts::tr("Позицій з різницею"), 7, &asNumber, isCash},
+                                   {Texts::tr("Повідомлення відправника"), 16},
+                                   {Texts::tr("Повідомлення одержувача"), 16},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true}};
+    if (!isCash)
+        return goods;
+    QVector<Column> cash;
+    for (const InvoiceColumn column : cashOrder)
+        cash.append(goods.at(static_cast<int>(column)));
+    return cash;
 }
 
 QString invoiceLinesSql(DbId invoice)

@@ -23,7 +23,7 @@ struct InvoicesAsked
     bool hasDays() const { return !from.isEmpty(); }
 };
 
-/// The columns of the list of invoices, in its order; of cash those of lines are never shown.
+/// The columns of the list of invoices, in the order of the goods.
 enum class InvoiceColumn {
     Number,
     State,
@@ -47,6 +47,9 @@ enum class InvoiceColumn {
     GroupTo,
     Count
 };
+
+/// The place of a column in the list: of cash the amounts come first, and those of lines are never shown.
+int columnAt(InvoiceKind kind, InvoiceColumn column);
 
 /// Where a page of the list begins: behind that invoice; 0 for the first page.
 struct InvoiceKey

@@ -55,7 +55,7 @@ InvoicesTab::InvoicesTab(InvoiceKind kind, QSqlDatabase *db, QLoadedUser *user, 
     table = QStringLiteral("invoice");
     isExportedToViewers = true;
     list()->breakCaptions();
-    list()->sumUsually(static_cast<int>(InvoiceColumn::Sent));
+    list()->sumUsually(columnAt(kind, InvoiceColumn::Sent));
     list()->setArranging([this](RowStore &&found) { return takePage(std::move(found)); });
     buildFilter();
     connectFilter();
@@ -292,7 +292,7 @@ void InvoicesTab::rowsShown()
 
 void InvoicesTab::colour(int row, InvoiceColumn column, InvoiceState state)
 {
-    const QModelIndex cell = model()->index(row, static_cast<int>(column));
+    const QModelIndex cell = model()->index(row, columnAt(m_kind, column));
     model()->setData(cell, QBrush(invoiceStateColour(state)), Qt::BackgroundRole);
     // Black is readable on all of them, whatever the palette.
     model()->setData(cell, QBrush(Qt::black), Qt::ForegroundRole);
@@ -335,7 +335,7 @@ void InvoicesTab::showInvoice(DbId invoice, bool print)
 
 QString InvoicesTab::cell(int row, InvoiceColumn column) const
 {
-    return model()->stored(row, static_cast<int>(column));
+    return model()->stored(row, columnAt(m_kind, column));
 }
 
 ShownInvoice InvoicesTab::invoiceOf(int row) const
@@ -343,7 +343,7 @@ ShownInvoice InvoicesTab::invoiceOf(int row) const
     if (row < 0)
         return {};
     const auto shown = [&](InvoiceColumn column) {
-        return model()->index(row, static_cast<int>(column)).data().toString();
+        return model()->index(row, columnAt(m_kind, column)).data().toString();
     };
     const auto both = [&](InvoiceColumn time, InvoiceColumn who) {
         return QStringList{shown(time), shown(who)}.join(QStringLiteral(", "));

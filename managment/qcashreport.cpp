@@ -45,6 +45,7 @@ QCashReport::QCashReport(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     list()->expectLongLoads();
     setColumns(cashSumColumns());
     list()->setArranging([this](RowStore &&found) { return takeMoves(std::move(found)); });
+    list()->sumUsually(column(CashSum::Sent));
     list()->setTotals([this] { return totals(); });
     buildFilter();
     connectFilter();
@@ -112,6 +113,7 @@ void QCashReport::buildMoves()
     m_moves->open(db().connection(), user(), receiver());
     m_moves->breakCaptions();
     m_moves->setColumns(cashMoveColumns(), QStringLiteral("QCashReport_moves"));
+    m_moves->sumUsually(column(CashMove::Sent));
     m_moves->setEmptyText(tr("Виберіть рядок у списку вище."));
     // The keys are those of the list above.
     for (QPushButton *button : m_moves->footer()->findChildren<QPushButton *>())
@@ -219,17 +221,16 @@ RowStore QCashReport::takeMoves(RowStore &&found)
 /// The same moves, added up otherwise.
 void QCashReport::regroup()
 {
-    if (list()->isLoading())
-        return;
-    m_grouping = grouping();
-    list()->showRows(cashSums(m_found, m_grouping));
+    if (!list()->isLoading())
+        list()->showRows(RowStore(m_found));
 }
 
 void QCashReport::rowsShown()
 {
     list()->setHeading(list()->heading().mid(0, 1) + m_askedHeading +
                        QStringList(ui->cbGrouping->currentText()));
-    list()->setDetails(totals().join(QStringLiteral(" · ")));
+    ui->labelTotals->setText(totals().join(QStringLiteral(" · ")));
+    ui->labelTotals->setVisible(!ui->labelTotals->text().isEmpty());
     if (model()->rowCount() > 0 && !view()->currentIndex().isValid())
         view()->setCurrentIndex(model()->index(0, column(CashSum::Name)));
     followRow();
