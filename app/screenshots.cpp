@@ -185,6 +185,7 @@ void Screenshots::takePage(const QString &name)
         void (Screenshots::*take)(QWidget *page, const QString &name);
     } others[] = {{"man_saleadmiss", &Screenshots::takeSale},
                   {"man_invoices", &Screenshots::takeInvoices},
+                  {"man_finance", &Screenshots::takeFinance},
                   {"importcln", &Screenshots::takeImport},
                   {"mz_cheks", &Screenshots::takeCheks},
                   {"mt_goods", &Screenshots::takeGoods},
@@ -293,6 +294,22 @@ void Screenshots::takeInvoices(QWidget *invoices, const QString &name)
     list->selectRow(0);
     waitForRows(invoices);
     save(m_window, name + QStringLiteral("_different"));
+}
+
+/// Its transfers as those of the goods, then how all cash moved, and the windows that move it.
+void Screenshots::takeFinance(QWidget *finance, const QString &name)
+{
+    auto *parts = finance->findChild<QTabWidget *>(QStringLiteral("parts"));
+    takeInvoices(parts->widget(0), name);
+    takeModal(name + QStringLiteral("_send"), [parts] {
+        parts->widget(0)->findChild<QPushButton *>(QStringLiteral("pbSend"))->click();
+    });
+    parts->setCurrentIndex(1);
+    waitForRows(finance);
+    save(m_window, name + QStringLiteral("_report"));
+    takeModal(name + QStringLiteral("_service"), [parts] {
+        parts->widget(1)->findChild<QPushButton *>(QStringLiteral("pbService"))->click();
+    });
 }
 
 void Screenshots::pickGoods(QWidget *sale)

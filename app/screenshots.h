@@ -41,6 +41,7 @@ private:
     void takeSale(QWidget *sale, const QString &name);
     /// The same goods received and moved, and a table that is pasted.
     void takeInvoices(QWidget *invoices, const QString &name);
+    void takeFinance(QWidget *finance, const QString &name);
     void takeStock(QWidget *sale, const QString &name);
     void pickGoods(QWidget *sale);
     /// Pictures the modal window that act opens, and closes it.

@@ -292,6 +292,7 @@ void TstQManFinance::sentByKeys()
         [this] { m_page->run(Command::Add); },
         [](QSendCash *window) {
             waitOutTasks();
+            activate(window);
             QCOMPARE(child<QComboBox>(window, "cbFrom")->currentText(), QString("Львів"));
             auto *to = child<QComboBox>(window, "cbTo");
             // Nobody sends to himself.
@@ -299,6 +300,7 @@ void TstQManFinance::sentByKeys()
             QVERIFY(answerQuestion([=] { pressWrite(window); }).contains("Виберіть магазин"));
             to->setCurrentIndex(to->findText("Чужий"));
             QVERIFY(answerQuestion([=] { pressWrite(window); }).contains("більшу за нуль"));
+            activate(window);
             child<MoneySpinBox>(window, "dsbSum")->setFocus(Qt::TabFocusReason);
             typeText("1 234,5");
             pressKeys({Qt::Key_Tab});
@@ -324,6 +326,7 @@ void TstQManFinance::acceptedWithADifference()
         [] { pressKeys({Qt::Key_Return}); },
         [](QCloseCash *window) {
             waitOutTasks();
+            activate(window);
             const auto *difference = child<QLabel>(window, "labelDifference");
             // Nothing is counted before somebody has.
             QCOMPARE(difference->text(), QString("-8.00, не вистачає"));
@@ -357,6 +360,7 @@ void TstQManFinance::cancelledBySender()
         },
         [](QCloseCash *window) {
             waitOutTasks();
+            activate(window);
             QVERIFY(!child<QWidget>(window, "dsbCounted")->isVisible());
             QVERIFY(answerQuestion([=] { pressWrite(window); }).contains("чому передачу скасовано"));
             activate(window);
@@ -378,6 +382,7 @@ void TstQManFinance::closedByOthersMeanwhile()
     withModal<QCloseCash>([] { pressKeys({Qt::Key_Return}); },
                           [](QCloseCash *window) {
                               waitOutTasks();
+                              activate(window);
                               child<MoneySpinBox>(window, "dsbCounted")->setFocus(Qt::TabFocusReason);
                               typeText("8");
                               QVERIFY(answerQuestion([=] {
@@ -397,6 +402,7 @@ void TstQManFinance::unclearSending()
     withModal<QSendCash>([this] { m_page->run(Command::Add); },
                          [this](QSendCash *window) {
                              waitOutTasks();
+                             activate(window);
                              auto *to = child<QComboBox>(window, "cbTo");
                              to->setCurrentIndex(to->findText("Чужий"));
                              child<MoneySpinBox>(window, "dsbSum")->setFocus(Qt::TabFocusReason);
@@ -555,6 +561,7 @@ void TstQManFinance::serviceCashFromTheReport()
         [this] { QTest::mouseClick(child<QPushButton>(m_page->report(), "pbService"), Qt::LeftButton); },
         [](QServiceCash *window) {
             waitOutTasks();
+            activate(window);
             auto *shop = child<QComboBox>(window, "cbShop");
             QCOMPARE(shop->findText("Чужий"), -1);
             shop->setCurrentIndex(shop->findText("Львів"));
