@@ -230,7 +230,6 @@ void QCashReport::rowsShown()
     list()->setHeading(list()->heading().mid(0, 1) + m_askedHeading +
                        QStringList(ui->cbGrouping->currentText()));
     ui->labelTotals->setText(totals().join(QStringLiteral(" · ")));
-    ui->labelTotals->setVisible(!ui->labelTotals->text().isEmpty());
     if (model()->rowCount() > 0 && !view()->currentIndex().isValid())
         view()->setCurrentIndex(model()->index(0, column(CashSum::Name)));
     followRow();

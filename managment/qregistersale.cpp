@@ -222,6 +222,7 @@ void QRegisterSale::connectClosing()
                    : tr("У чеку є товари. Оплатіть або очистіть його перед закриттям зміни.");
     });
     connect(ui->shift, &ShiftBar::written, this, &QRegisterSale::tellTracker);
+    connect(ui->receipt, &ReceiptPane::cashPressed, this, &QRegisterSale::moveCash);
     connect(ui->shift, &ShiftBar::cashMoved, this, &QRegisterSale::tellWritten);
 }
 
@@ -254,11 +255,12 @@ void QRegisterSale::orderTabs()
             widgets.append(findChild<QWidget *>(QLatin1String(name)));
         return widgets;
     };
-    QWidgetList all = named({"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear"});
+    QWidgetList all =
+        named({"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear", "pbServiceCash"});
     for (const StockPane *pane : m_stock->panes())
         all += pane->tabOrder();
     all += named({"cbShop", "cbKass", "dateEdit", "sbPriority"}) + ui->modes->buttons() +
-           named({"pbServiceCash", "pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"});
+           named({"pbCloseZ", "pbPeriod", "rbBarcode", "rbName", "sbLimit"});
     QWidget *last = ui->goods->searchField();
     for (QWidget *next : qAsConst(all)) {
         setTabOrder(last, next);

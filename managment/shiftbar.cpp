@@ -21,7 +21,6 @@ ShiftBar::ShiftBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::S
 {
     ui->setupUi(this);
     m_reading = new WaitNote(ui->lbShift, this);
-    connect(ui->pbServiceCash, &QPushButton::clicked, this, &ShiftBar::moveCash);
     connect(ui->pbCloseZ, &QPushButton::clicked, this, &ShiftBar::closeShift);
     connect(ui->pbPeriod, &QPushButton::clicked, this, &ShiftBar::closePeriodAlone);
 }
@@ -40,14 +39,12 @@ void ShiftBar::setUp(SaleWork *work, PlaceBar *place)
 
 void ShiftBar::setMayClose(bool mayClose, const QString &why)
 {
-    for (QPushButton *button : {ui->pbServiceCash, ui->pbCloseZ, ui->pbPeriod}) {
+    for (QPushButton *button : {ui->pbCloseZ, ui->pbPeriod}) {
         button->setEnabled(mayClose);
         button->setToolTip(mayClose ? QString() : why);
     }
-    if (!mayClose)
-        return;
-    ui->pbCloseZ->setToolTip(QStringLiteral("F12"));
-    ui->pbServiceCash->setToolTip(tr("Службове внесення та вилучення, Shift+F9"));
+    if (mayClose)
+        ui->pbCloseZ->setToolTip(QStringLiteral("F12"));
 }
 
 QString ShiftBar::whyNoPlace() const
