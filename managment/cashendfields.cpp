@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <algorithm>
+#include <utility>
 
 CashEndFields::CashEndFields(const Boxes &boxes, const Offer &offer, const QString &connection,
                              QObject *receiver, QObject *parent)
@@ -33,7 +34,11 @@ void CashEndFields::setShop(DbId shop)
                 shop == 0 ? QVector<SalePlaces::Offered>() : SalePlaces::registers(db, {shop, {}, false});
             return Rows{registers, readCashOperations(db)};
         },
-        [this](const Rows &rows) { show(rows); });
+        [this](const Rows &rows) {
+            show(rows);
+            if (!std::exchange(m_isOpen, true))
+                emit opened();
+        });
 }
 
 void CashEndFields::show(const Rows &rows)

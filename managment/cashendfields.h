@@ -50,6 +50,8 @@ public:
 
 signals:
     void changed();
+    /// For the first time the boxes hold what a shop has.
+    void opened();
 
 private:
     struct Rows
@@ -66,6 +68,7 @@ private:
     Offer m_offer;
     DbTasks *m_tasks;
     DbTasks *m_looks;
+    bool m_isOpen = false;
     DbId m_shop = 0;
     /// 0 for all.
     DbId m_only = 0;

@@ -20,6 +20,12 @@ QCloseCash::QCloseCash(Act act, const QString &connection, const QLoadedUser *us
     ui->setupUi(this);
     m_end = new CashEndFields({ui->cbKass, ui->cbOperation, ui->labelDrawer},
                               {tr("у сейф, без каси"), true, user->idUser()}, connection, receiver, this);
+    beginReading();
+    connect(m_end, &CashEndFields::opened, this, [this] {
+        endReading();
+        firstField()->setFocus();
+        takeKeys();
+    });
     m_end->setShop(act == Accepting ? invoice.shopTo : invoice.shopFrom);
     showAct();
     showDifference();
@@ -41,7 +47,6 @@ void QCloseCash::showAct()
         words.append(tr("Повідомлення відправника: %1").arg(m_invoice.messageFrom));
     if (m_act == Accepting) {
         setWindowTitle(tr("Приймання готівки за накладною № %1").arg(m_invoice.id));
-        ui->dsbCounted->setFocus();
     } else {
         setWindowTitle(tr("Скасування накладної № %1").arg(m_invoice.id));
         words.append(
@@ -53,9 +58,13 @@ void QCloseCash::showAct()
         ui->label_leMessage->setText(tr("При&чина:"));
         ui->pbOk->setText(tr("&Скасувати передачу"));
         ui->pbCancel->setDefault(true);
-        ui->leMessage->setFocus();
     }
     ui->labelWords->setText(words.join(QLatin1Char('\n')));
+}
+
+QWidget *QCloseCash::firstField() const
+{
+    return m_act == Accepting ? static_cast<QWidget *>(ui->dsbCounted) : ui->leMessage;
 }
 
 qint64 QCloseCash::difference() const
@@ -131,13 +140,12 @@ InvoiceDialog::Work QCloseCash::work() const
 void QCloseCash::save()
 {
     const QString why = isUnclear() ? QString() : firstRefusal();
-    QWidget *first = m_act == Accepting ? static_cast<QWidget *>(ui->dsbCounted) : ui->leMessage;
     if (!why.isEmpty()) {
         warn(why);
-        return first->setFocus();
+        return firstField()->setFocus();
     }
     if (!isUnclear() && !agreesToDifference())
-        return first->setFocus();
+        return firstField()->setFocus();
     write(work());
 }
 

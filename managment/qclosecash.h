@@ -35,6 +35,7 @@ private:
     void showDifference();
     bool agreesToDifference();
     qint64 difference() const;
+    QWidget *firstField() const;
     Work work() const;
 
     std::unique_ptr<Ui::QCloseCash> ui;

@@ -22,6 +22,11 @@ QSendCash::QSendCash(const QString &connection, const QLoadedUser *user, QObject
     connect(ui->pbCancel, &QPushButton::clicked, this, &EditDialog::btcancel);
     connect(new QShortcut(Qt::Key_F9, this), &QShortcut::activated, this, &EditDialog::btok);
     beginReading();
+    connect(m_end, &CashEndFields::opened, this, [this] {
+        endReading();
+        (ui->cbFrom->count() > 1 ? ui->cbFrom : ui->cbTo)->setFocus();
+        takeKeys();
+    });
     tasks()->read(
         [own = TransferPlaces::ownSql(*user), targets = TransferPlaces::targetsSql(*user)](const Db &db) {
             return Offer{readEntries(db, own), readEntries(db, targets)};
@@ -34,7 +39,6 @@ QSendCash::~QSendCash() = default;
 /// At first the user's own shop.
 void QSendCash::show(const Offer &offer)
 {
-    endReading();
     m_targets = offer.to.value_or(ListEntries());
     {
         const QSignalBlocker hold(ui->cbFrom);
@@ -43,8 +47,6 @@ void QSendCash::show(const Offer &offer)
         ui->cbFrom->setCurrentIndex(qMax(own, 0));
     }
     showTargets();
-    (ui->cbFrom->count() > 1 ? static_cast<QWidget *>(ui->cbFrom) : ui->cbTo)->setFocus();
-    takeKeys();
 }
 
 /// Nobody sends to himself.

@@ -70,6 +70,11 @@ void QServiceCash::connectFields()
     connect(ui->cbShop, qOverload<int>(&QComboBox::currentIndexChanged), this,
             [this] { m_end->setShop(ui->cbShop->currentData().toUInt()); });
     connect(m_end, &CashEndFields::changed, this, &QServiceCash::showRest);
+    connect(m_end, &CashEndFields::opened, this, [this] {
+        endReading();
+        (m_where.place ? ui->cbOperation : ui->cbShop)->setFocus();
+        takeKeys();
+    });
     connect(ui->dsbSum, qOverload<double>(&QDoubleSpinBox::valueChanged), this, &QServiceCash::showRest);
     connect(ui->pbOk, &QPushButton::clicked, this, &EditDialog::btok);
     connect(ui->pbCancel, &QPushButton::clicked, this, &EditDialog::btcancel);
@@ -79,7 +84,6 @@ void QServiceCash::connectFields()
 /// At first the user's own shop; what is known already cannot be changed.
 void QServiceCash::show(const std::optional<ListEntries> &shops)
 {
-    endReading();
     const QSignalBlocker hold(ui->cbShop);
     showEntries(ui->cbShop, shops.value_or(ListEntries()));
     const int own = ui->cbShop->findData(m_user->idShop().toUInt());
@@ -88,8 +92,6 @@ void QServiceCash::show(const std::optional<ListEntries> &shops)
     m_end->setShop(ui->cbShop->currentData().toUInt());
     if (m_where.place)
         m_end->keepTo(m_where.place->kass.toUInt());
-    (m_where.place ? static_cast<QWidget *>(ui->cbOperation) : ui->cbShop)->setFocus();
-    takeKeys();
 }
 
 void QServiceCash::showRest()

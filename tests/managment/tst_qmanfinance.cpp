@@ -80,6 +80,7 @@ private slots:
     void acceptedWithADifference();
     void cancelledBySender();
     void closedByOthersMeanwhile();
+    void untouchedWindowsClose();
     void unclearSending();
     void movesAddUp_data();
     void movesAddUp();
@@ -392,6 +393,24 @@ void TstQManFinance::closedByOthersMeanwhile()
                           });
     await();
     QVERIFY(transfers().contains("4|✓ прийнято|Чужий|Львів|8.00|8.00|0.00"));
+}
+
+/// Whoever has typed nothing is asked nothing.
+void TstQManFinance::untouchedWindowsClose()
+{
+    open();
+    selectTransfer("4");
+    const auto leave = [](QDialog *window) {
+        waitOutTasks();
+        activate(window);
+        pressKeys({Qt::Key_Escape});
+        QVERIFY2(!window->isVisible(), window->metaObject()->className());
+    };
+    withModal<QCloseCash>([] { pressKeys({Qt::Key_Return}); }, leave);
+    withModal<QSendCash>([this] { m_page->run(Command::Add); }, leave);
+    showReport();
+    withModal<QServiceCash>([this] { m_page->run(Command::Add); }, leave);
+    QCOMPARE(m_base->value("SELECT COUNT(*) FROM invoice WHERE id>7"), QString("0"));
 }
 
 /// What nobody knows to be written stays as it was sent, and is asked for before it is written again.
