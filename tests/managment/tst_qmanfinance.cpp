@@ -33,15 +33,18 @@ QString shownText(const QRowModel *model, int row, int column)
     return model->index(row, column).data().toString().replace(QChar::Nbsp, ' ');
 }
 
-/// Behind a question no window manager does that here.
-void activate(QWidget *window)
+/// Behind a question no window manager does that here; a second reading may follow the first one.
+void activate(EditDialog *window)
 {
     window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window))
+    const auto hasKeys = [=] {
+        return !window->isBusy() && window->isAncestorOf(QApplication::focusWidget());
+    };
+    if (!QTest::qWaitForWindowActive(window) || !QTest::qWaitFor(hasKeys))
         qFatal("The window does not become active");
 }
 
-void pressWrite(QWidget *window)
+void pressWrite(EditDialog *window)
 {
     activate(window);
     pressKeys({Qt::Key_F9});
@@ -400,7 +403,7 @@ void TstQManFinance::untouchedWindowsClose()
 {
     open();
     selectTransfer("4");
-    const auto leave = [](QDialog *window) {
+    const auto leave = [](EditDialog *window) {
         waitOutTasks();
         activate(window);
         pressKeys({Qt::Key_Escape});
