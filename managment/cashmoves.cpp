@@ -49,6 +49,27 @@ QString serviceSql(const CashMovesAsked &asked)
              types.join(QLatin1Char(',')), within("cheks.data_time", asked));
 }
 
+/// What was entered at the closing of a shift beside what its receipts say: of both what the Z-report has.
+QString closingSql(const CashMovesAsked &asked)
+{
+    const QString in = QStringLiteral("(IFNULL(z.vnesenia,0)-IFNULL(moved.brought,0))");
+    const QString out = QStringLiteral("(IFNULL(z.viluchenia,0)-IFNULL(moved.taken,0))");
+    const bool wantsIn = asked.kind != CashMovesAsked::Out;
+    const bool wantsOut = asked.kind != CashMovesAsked::In;
+    const QString nothing = QStringLiteral("0");
+    return QStringLiteral(
+               "SELECT z.data_time AS moment,%1,CONCAT(%2,z.id_zzvit),shops.address,%3,%4,NULLIF(%5,0),"
+               "NULLIF(%6,0),NULL,NULL,NULL,NULL,NULL,NULL AS number,z.id_zzvit,z.id_shop,z.id_kass,"
+               "z.id_user,'closing' FROM z_zvit AS z JOIN shops ON shops.id=z.id_shop LEFT JOIN kassa ON "
+               "kassa.id=z.id_kass LEFT JOIN users ON users.id=z.id_user LEFT JOIN (SELECT id_shop,id_kass,"
+               "id_zvit,SUM(IF(id_type=4,summa,0)) AS brought,SUM(IF(id_type=5,summa,0)) AS taken FROM cheks "
+               "WHERE id_type IN (4,5) GROUP BY id_shop,id_kass,id_zvit) AS moved ON moved.id_shop=z.id_shop "
+               "AND moved.id_kass=z.id_kass AND moved.id_zvit=z.id_zzvit WHERE (%5<>0 OR %6<>0) AND ")
+               .arg(lit(Texts::tr("закриття зміни")), lit(Texts::tr("зміна № ")), kassName, personName,
+                    wantsIn ? in : nothing, wantsOut ? out : nothing) +
+           within("z.data_time", asked);
+}
+
 /// shop, user, kass, other: the ends of `invoice` that the move is about; amounts: its six sums.
 QString invoiceSql(const char *end, const char *otherEnd, const char *time, const QString &kind,
                    const QString &arrow, const QString &amounts, const QString &condition,
@@ -124,10 +145,10 @@ GroupOf groupOf(const RowStore &moves, int row, CashGrouping grouping)
                 text(CashMove::Shop) + QStringLiteral(", ") + (kass.isEmpty() ? Texts::tr("сейф") : kass)};
     }
     case CashGrouping::Operation: {
-        const bool isService = text(CashMove::ZNumber) != QLatin1String("0");
+        const QString key = text(CashMove::Operation);
+        const bool isService = key.contains(QLatin1Char('/'));
         const QString kind = text(CashMove::Kind);
-        return {text(CashMove::Operation),
-                isService ? kind + QStringLiteral(": ") + named(text(CashMove::What)) : kind};
+        return {key, isService ? kind + QStringLiteral(": ") + named(text(CashMove::What)) : kind};
     }
     case CashGrouping::Person:
         return {text(CashMove::UserId), named(text(CashMove::Person))};
@@ -178,7 +199,7 @@ QString cashMovesSql(const CashMovesAsked &asked)
                std::find(kinds.begin(), kinds.end(), asked.kind) != kinds.end();
     };
     if (wants({CashMovesAsked::In, CashMovesAsked::Out}))
-        parts.append(serviceSql(asked));
+        parts += {serviceSql(asked), closingSql(asked)};
     if (wants({CashMovesAsked::Sent, CashMovesAsked::OnTheWay, CashMovesAsked::Missing}))
         parts.append(sentSql(asked));
     if (wants({CashMovesAsked::Accepted}))

@@ -3,6 +3,7 @@
 
 #include "invoicelist.h"
 #include "money.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 
 #include <QPushButton>
@@ -30,10 +31,14 @@ InvoicePane::InvoicePane(InvoiceKind kind, QSqlDatabase *db, const QLoadedUser *
     ui->lines->setColumns(isCash ? cashLineColumns() : invoiceLineColumns(),
                           isCash ? QStringLiteral("InvoicePaneOfCash") : QStringLiteral("InvoicePane"));
     ui->lines->setTotals([this] { return totals(); });
-    if (isCash)
+    if (isCash) {
         ui->lines->setAccessibleName(tr("Готівка накладної"));
-    else
+        // Three sums: the room is for the list above.
+        ui->lines->view()->setMaximumHeight(fontMetrics().height() * 9);
+        ui->lines->view()->setMinimumHeight(fontMetrics().height() * 5);
+    } else {
         ui->lines->sumUsually(column(InvoiceLineColumn::Sent));
+    }
     // The paper has a button of its own, and its keys are those of the list above.
     ui->lines->footer()->findChild<QPushButton *>(QStringLiteral("pbPrintList"))->hide();
     for (QPushButton *button : ui->lines->footer()->findChildren<QPushButton *>())

@@ -124,7 +124,7 @@ void InvoicesTab::buildPane()
     m_splitter->addWidget(m_pane);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setStretchFactor(0, 3);
-    m_splitter->setStretchFactor(1, 2);
+    m_splitter->setStretchFactor(1, m_kind == InvoiceKind::Cash ? 0 : 2);
     connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, m_rowPause,
             &TypingPause::begin);
     connect(m_rowPause, &TypingPause::ended, this, &InvoicesTab::followRow);

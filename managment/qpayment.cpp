@@ -132,7 +132,7 @@ namespace {
 qint64 proposedOut(const ShiftFigures &figures)
 {
     const bool hasService = figures.vnesenia != 0 || figures.issued != 0;
-    return hasService ? figures.expectedCash() + figures.issued : figures.cash;
+    return hasService ? qMax<qint64>(figures.expectedCash(), 0) + figures.issued : figures.cash;
 }
 } // namespace
 

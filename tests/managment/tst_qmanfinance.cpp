@@ -88,6 +88,7 @@ private slots:
     void movesAddUp_data();
     void movesAddUp();
     void kindsAndPlaces();
+    void closingsAreMovesToo();
     void movesLeadOn();
     void serviceCashFromTheReport();
     void cashOfTheHomeShop();
@@ -533,6 +534,35 @@ void TstQManFinance::kindsAndPlaces()
     m_page->report()->findChild<RangeSelector *>()->setDays(QDate(2026, 12, 3), QDate(2026, 12, 2));
     await();
     QVERIFY(sums().isEmpty());
+}
+
+/// What the operator has entered beside the receipts; shift 9 has nothing else, the open one counts nothing
+/// yet.
+void TstQManFinance::closingsAreMovesToo()
+{
+    m_base->exec("INSERT INTO z_zvit(id_zzvit,id_shop,id_kass,id_user,vnesenia,viluchenia,data_time) VALUES"
+                 "(4,10,1,1,50000,150000,20261102220000),(9,10,2,1,0,3000,20261103220000),"
+                 "(5,11,3,1,100,NULL,20261104220000),(6,11,3,1,900,900,0),(3,14,3,1,1,1,20261102220000)");
+    // The one of 11 was brought in after that shift's closing, as odd as that is.
+    m_base->exec("UPDATE cheks SET id_zvit=6 WHERE id_shop=11");
+    open();
+    showReport();
+    choose("cbGrouping", "за операціями");
+    QVERIFY2(sums().contains("закриття зміни|2|1.00|500.00||||"), qPrintable(sums().join('\n')));
+    choose("cbKind", "Внесено в каси");
+    QVERIFY2(sums().contains("закриття зміни|1|1.00|||||"), qPrintable(sums().join('\n')));
+    choose("cbKind", "Вилучено з кас");
+    choose("cbGrouping", "за касами");
+    // All that the Z-report of the shift has.
+    QVERIFY2(sums().contains("Львів, Каса|2||1 500.00||||"), qPrintable(sums().join('\n')));
+    ChekOrigin wanted;
+    connect(m_page.get(), &QManFinance::cheksWanted, this,
+            [&](const ChekOrigin &origin) { wanted = origin; });
+    const QModelIndex line = m_page->report()->list()->indexOf("10/1");
+    m_page->report()->view()->setCurrentIndex(line);
+    QNTableView *moves = m_page->report()->moves()->view();
+    emit moves->doubleClicked(moves->model()->index(1, 0));
+    QCOMPARE(wanted.zFrom + '|' + wanted.zTo + '|' + QString::number(wanted.chek), QString("4|4|0"));
 }
 
 /// By keyboard: into the moves of the line, from a move to its receipt or its invoice.
