@@ -266,9 +266,9 @@ RowStore cashMovesOf(const RowStore &moves, CashGrouping grouping, const QString
     for (int row = 0; row < moves.rowCount(); ++row) {
         if (groupOf(moves, row, grouping).key != key)
             continue;
-        std::vector<std::string_view> cells;
-        for (int column = 0; column < static_cast<int>(CashMove::Count); ++column)
-            cells.push_back(moves.cell(row, column));
+        std::vector<std::string_view> cells(static_cast<size_t>(CashMove::Count));
+        for (size_t column = 0; column < cells.size(); ++column)
+            cells[column] = moves.cell(row, static_cast<int>(column));
         rows.append(cells);
     }
     return rows;

@@ -35,7 +35,7 @@ InvoicePane::InvoicePane(InvoiceKind kind, QSqlDatabase *db, const QLoadedUser *
         ui->lines->setAccessibleName(tr("Готівка накладної"));
         // Three sums: the room is for the list above.
         ui->lines->view()->setMaximumHeight(fontMetrics().height() * 9);
-        ui->lines->view()->setMinimumHeight(fontMetrics().height() * 5);
+        ui->lines->view()->setMinimumHeight(fontMetrics().height() * 4);
     } else {
         ui->lines->sumUsually(column(InvoiceLineColumn::Sent));
     }

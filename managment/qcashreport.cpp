@@ -51,7 +51,6 @@ QCashReport::QCashReport(QSqlDatabase *db, QLoadedUser *user, QObject *receiver,
     connectFilter();
     buildMoves();
     QCashReport::followRights();
-    searchAgain();
 }
 
 QCashReport::~QCashReport()
@@ -89,7 +88,7 @@ void QCashReport::connectFilter()
 {
     connect(ui->place, &PlaceSelector::groupChanged, this, &QCashReport::refillShops);
     connect(ui->place, &PlaceSelector::chosen, this, [this] {
-        if (asked().shops != m_askedShops)
+        if (m_isAsked && asked().shops != m_askedShops)
             searchAgain();
     });
     connect(ui->cbKind, qOverload<int>(&QComboBox::currentIndexChanged), this, &QCashReport::searchAgain);
@@ -188,6 +187,7 @@ bool QCashReport::isLoading() const
 void QCashReport::searchAgain()
 {
     m_pause->drop();
+    m_isAsked = true;
     const CashMovesAsked wanted = asked();
     m_askedShops = wanted.shops;
     m_askedHeading = askedWords();
@@ -204,6 +204,13 @@ void QCashReport::searchAgain()
                              ? noGroupsHint()
                              : tr("За ці дні готівку не вносили, не вилучали й не передавали."));
     list()->load(query);
+}
+
+void QCashReport::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!m_isAsked)
+        searchAgain();
 }
 
 void QCashReport::loadAgain()

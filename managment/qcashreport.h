@@ -47,6 +47,7 @@ protected:
     void rowsShown() override;
     void followRights() override;
     void loadAgain() override;
+    void showEvent(QShowEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -75,4 +76,5 @@ private:
     CashGrouping m_grouping = CashGrouping::Shop;
     QStringList m_askedHeading;
     QString m_askedShops;
+    bool m_isAsked = false;
 };

@@ -113,12 +113,12 @@ ChekPlace QServiceCash::place() const
 
 QString QServiceCash::refusal() const
 {
-    const QString why = m_end->refusal();
-    if (!why.isEmpty())
-        return why;
-    if (!ui->dsbSum->isReadable())
-        return ui->dsbSum->refusal();
-    return ui->dsbSum->kopecks() > 0 ? QString() : tr("Введіть суму, більшу за нуль.");
+    QString why = m_end->refusal();
+    if (why.isEmpty() && !ui->dsbSum->isReadable())
+        why = ui->dsbSum->refusal();
+    if (why.isEmpty() && ui->dsbSum->kopecks() <= 0)
+        why = tr("Введіть суму, більшу за нуль.");
+    return why;
 }
 
 void QServiceCash::save()

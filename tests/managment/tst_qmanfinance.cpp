@@ -120,27 +120,29 @@ void TstQManFinance::init()
     m_base->exec({"DELETE FROM invoice", "DELETE FROM cheks", "DELETE FROM z_zvit",
                   "DELETE FROM lst_shops_transmit", "UPDATE users SET id_shop=0 WHERE id=1"});
     m_place->clear();
+    m_base->exec("INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,1,0),"
+                 "(11,'Київ',3,1,NULL),(14,'Чужий',4,1,0)");
     m_base->exec(
-        {"INSERT INTO shops(id,address,group_shop,count_day_cycle,block) VALUES(10,'Львів',2,1,0),"
-         "(11,'Київ',3,1,NULL),(14,'Чужий',4,1,0)",
-         "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(1,10,'Каса',0),(2,10,NULL,0),(3,11,'Каса',0)",
-         "INSERT INTO lst_shops_transmit VALUES(1,10),(1,11),(1,14)",
-         "INSERT INTO invoice(id,id_user_with,id_user_to,id_shop_with,id_shop_to,id_kass_with,id_kass_to,"
-         "is_cash_goods,cash_send,cash_accept,msg_with,msg_to,data_time_open,data_time_close) VALUES"
-         "(1,1,1,10,11,0,0,1,5000,5000,NULL,NULL,20261101080000,20261101120000),"
-         "(2,1,1,10,11,1,3,1,100000,99950,'везе водій','мало',20261102080000,20261103120000),"
-         "(3,1,NULL,11,14,0,0,1,700,NULL,NULL,NULL,20261103080000,0),"
-         "(4,1,NULL,14,10,0,0,1,800,NULL,NULL,NULL,20261104080000,NULL),"
-         "(5,1,1,10,11,0,0,1,900,NULL,NULL,'Скасовано',20261105080000,20261105090000),"
-         "(6,99,1,11,10,0,0,1,100,250,NULL,NULL,20261106080000,20261106110000),"
-         "(7,1,NULL,10,11,0,0,0,NULL,NULL,NULL,NULL,20261107080000,0)",
-         "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,id_good_cln_slujb,name,"
-         "summa,data_time) VALUES(10,1,4,1,0,1,4,1,'Службове внесення',50000,20261101075500),"
-         "(10,1,4,2,0,1,5,2,'Службове вилучення (накладна № 2)',100000,20261102080000),"
-         "(10,2,9,1,0,NULL,5,77,'Інкасація стара',3000,20261102235959),"
-         "(11,3,5,8,0,1,4,1,'Службове внесення',700,20261203000000),"
-         "(14,9,5,8,0,1,4,1,'Службове внесення',999,20261102000000),"
-         "(10,1,4,3,0,1,1,1,'Хліб',11111,20261102080001),(10,1,4,3,2,1,3,0,'',11111,20261102080001)"});
+        "INSERT INTO kassa(id,id_shop,advertising_str,block) VALUES(1,10,'Каса',0),(2,10,NULL,0),(3,11,'Каса',0)");
+    m_base->exec("INSERT INTO lst_shops_transmit VALUES(1,10),(1,11),(1,14)");
+    m_base->exec(
+        "INSERT INTO invoice(id,id_user_with,id_user_to,id_shop_with,id_shop_to,id_kass_with,id_kass_to,"
+        "is_cash_goods,cash_send,cash_accept,msg_with,msg_to,data_time_open,data_time_close) VALUES"
+        "(1,1,1,10,11,0,0,1,5000,5000,NULL,NULL,20261101080000,20261101120000),"
+        "(2,1,1,10,11,1,3,1,100000,99950,'везе водій','мало',20261102080000,20261103120000),"
+        "(3,1,NULL,11,14,0,0,1,700,NULL,NULL,NULL,20261103080000,0),"
+        "(4,1,NULL,14,10,0,0,1,800,NULL,NULL,NULL,20261104080000,NULL),"
+        "(5,1,1,10,11,0,0,1,900,NULL,NULL,'Скасовано',20261105080000,20261105090000),"
+        "(6,99,1,11,10,0,0,1,100,250,NULL,NULL,20261106080000,20261106110000),"
+        "(7,1,NULL,10,11,0,0,0,NULL,NULL,NULL,NULL,20261107080000,0)");
+    m_base->exec(
+        "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,id_good_cln_slujb,name,"
+        "summa,data_time) VALUES(10,1,4,1,0,1,4,1,'Службове внесення',50000,20261101075500),"
+        "(10,1,4,2,0,1,5,2,'Службове вилучення (накладна № 2)',100000,20261102080000),"
+        "(10,2,9,1,0,NULL,5,77,'Інкасація стара',3000,20261102235959),"
+        "(11,3,5,8,0,1,4,1,'Службове внесення',700,20261203000000),"
+        "(14,9,5,8,0,1,4,1,'Службове внесення',999,20261102000000),"
+        "(10,1,4,3,0,1,1,1,'Хліб',11111,20261102080001),(10,1,4,3,2,1,3,0,'',11111,20261102080001)");
     m_base->heard.forget();
     SaleClock::setSource([] { return QDateTime(QDate(2026, 11, 24), QTime(10, 0)); });
 }
