@@ -8,6 +8,7 @@
 #include "qintegrity.h"
 #include "qloadeduser.h"
 #include "qmanaction.h"
+#include "qmanfinance.h"
 #include "qmangoods.h"
 #include "qmaninvoices.h"
 #include "qoverview.h"
@@ -55,7 +56,8 @@ PageTable Pages::management()
          [this] { return makeInvoices(); }},
         {"man_goods", Permission::GoodsManagement, QT_TRANSLATE_NOOP("Page", "Управління товарами"),
          [this] { return new QManGoods(m_db, m_user, m_window, m_setting, nullptr); }},
-        {"man_finance", Permission::Finance, "", {}},
+        {"man_finance", Permission::Finance, QT_TRANSLATE_NOOP("Page", "Фінанси"),
+         [this] { return makeFinance(); }},
         {"man_action", Permission::ActionsManagement, QT_TRANSLATE_NOOP("Page", "Управління акціями"),
          [this] { return new QManAction(m_db, m_user, m_window, m_setting, nullptr); }},
     };
@@ -141,6 +143,14 @@ QWidget *Pages::makeInvoices()
             sale->transfermode();
     });
     return invoices;
+}
+
+QWidget *Pages::makeFinance()
+{
+    auto *finance = new QManFinance(m_db, m_user, m_window, m_setting, nullptr);
+    connect(finance, &QManFinance::cheksWanted, m_reports, &QReports::showCheks);
+    connect(finance, &QManFinance::slipWanted, m_reports, &QReports::showSlip);
+    return finance;
 }
 
 QWidget *Pages::open(const QString &action)

@@ -54,6 +54,7 @@ private:
     QWidget *makePermissionGroups();
     QWidget *makeInvoices();
     QWidget *makeIntegrity();
+    QWidget *makeFinance();
 
     QTabWidget *m_tabs;
     QSqlDatabase *m_db;

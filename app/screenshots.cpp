@@ -188,13 +188,13 @@ void Screenshots::takePage(const QString &name)
         const char *action;
         void (Screenshots::*take)(QWidget *page, const QString &name);
     } others[] = {
-        {"man_saleadmiss", &Screenshots::takeSale},  {"man_invoices", &Screenshots::takeInvoices},
-        {"mz_overview", &Screenshots::takeOverview}, {"importcln", &Screenshots::takeImport},
-        {"mz_cheks", &Screenshots::takeCheks},       {"mt_goods", &Screenshots::takeGoods},
-        {"mt_action", &Screenshots::takeActions},    {"man_action", &Screenshots::takeAssignment},
-        {"mc_users", &Screenshots::takeUsers},       {"premis_group", &Screenshots::takePermissionGroups},
-        {"mz_zzvit", &Screenshots::takeZReports},    {"mt_check", &Screenshots::takeCheck},
-        {"man_goods", &Screenshots::takeBulkChanges}};
+        {"man_saleadmiss", &Screenshots::takeSale},   {"man_invoices", &Screenshots::takeInvoices},
+        {"mz_overview", &Screenshots::takeOverview},  {"importcln", &Screenshots::takeImport},
+        {"mz_cheks", &Screenshots::takeCheks},        {"mt_goods", &Screenshots::takeGoods},
+        {"mt_action", &Screenshots::takeActions},     {"man_action", &Screenshots::takeAssignment},
+        {"mc_users", &Screenshots::takeUsers},        {"premis_group", &Screenshots::takePermissionGroups},
+        {"mz_zzvit", &Screenshots::takeZReports},     {"mt_check", &Screenshots::takeCheck},
+        {"man_goods", &Screenshots::takeBulkChanges}, {"man_finance", &Screenshots::takeFinance}};
     const auto other = std::find_if(std::begin(others), std::end(others),
                                     [&name](const auto &each) { return name == QLatin1String(each.action); });
     QWidget *page = m_window->findChild<QTabWidget *>(QStringLiteral("tabWidget"))->currentWidget();
@@ -331,6 +331,20 @@ void Screenshots::takeInvoices(QWidget *invoices, const QString &name)
     list->selectRow(0);
     waitForRows(invoices);
     save(m_window, name + QStringLiteral("_different"));
+}
+
+/// Its transfers as those of the goods, then how all cash moved, and the windows that move it.
+void Screenshots::takeFinance(QWidget *finance, const QString &name)
+{
+    auto *parts = finance->findChild<QTabWidget *>(QStringLiteral("parts"));
+    takeInvoices(parts->widget(0), name);
+    takeModal(name + QStringLiteral("_send"),
+              [parts] { parts->widget(0)->findChild<QPushButton *>(QStringLiteral("pbSend"))->click(); });
+    parts->setCurrentIndex(1);
+    waitForRows(finance);
+    save(m_window, name + QStringLiteral("_report"));
+    takeModal(name + QStringLiteral("_service"),
+              [parts] { parts->widget(1)->findChild<QPushButton *>(QStringLiteral("pbService"))->click(); });
 }
 
 void Screenshots::pickGoods(QWidget *sale)

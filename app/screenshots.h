@@ -47,6 +47,7 @@ private:
     /// The same goods received and moved, and a table that is pasted.
     void takeInvoices(QWidget *invoices, const QString &name);
     void takePeriod(QWidget *sale, const QString &name);
+    void takeFinance(QWidget *finance, const QString &name);
     void takeStock(QWidget *sale, const QString &name);
     void pickGoods(QWidget *sale);
     /// Pictures the modal window that act opens, and closes it.

@@ -79,6 +79,7 @@ bool generateChain(const Db &db, const ChainPlan &plan, const std::function<void
            fillUsers(db, chain) && fillPermissionGroups(db, chain) && fillStaff(db) && fillDevices(db) &&
            fillCards(db, &chain) && say(QStringLiteral("Goods, prices, stock")) && fillGoods(db, &chain) &&
            fillStock(db, chain) && say(QStringLiteral("Receipts and shifts")) && fillShifts(db, chain, say) &&
-           fillOnline(db, chain) && fillInvoices(db, chain) && fillAttention(db, chain) && announce(db) && setAdministratorPassword(db);
+           fillOnline(db, chain) && fillInvoices(db, chain) && fillCash(db, chain) &&
+           fillAttention(db, chain) && announce(db) && setAdministratorPassword(db);
 }
 } // namespace demo

@@ -4,6 +4,7 @@
 #include "dice.h"
 #include "money.h"
 #include "sqldate.h"
+#include "stages.h"
 
 #include <numeric>
 
@@ -181,6 +182,12 @@ void ShiftJournal::bringCash(qint64 sum, const QDateTime &time)
 void ShiftJournal::takeCash(qint64 sum, const QDateTime &time)
 {
     addCash(CashOut, 2, QStringLiteral("Службове вилучення"), sum, time);
+    m_totals.takenOut += sum;
+}
+
+void ShiftJournal::spendCash(qint64 sum, const QDateTime &time)
+{
+    addCash(CashOut, householdOperation, householdName, sum, time);
     m_totals.takenOut += sum;
 }
 

@@ -70,6 +70,8 @@ public:
     void takeBack(const ReceiptLine &line, const QDateTime &time);
     void bringCash(qint64 sum, const QDateTime &time);
     void takeCash(qint64 sum, const QDateTime &time);
+    /// For what the shop needs: less is left in the drawer for the evening.
+    void spendCash(qint64 sum, const QDateTime &time);
     /// type: 7 goods received, 8 goods moved from the store room to the shop floor.
     void moveGoods(int type, const QVector<ReceiptLine> &lines, const QDateTime &time);
     /// The document that closes the shift.

@@ -104,9 +104,19 @@ private:
             const QDateTime time = opening.addSecs(i * gap + m_dice.below(gap / 2));
             const Receipt receipt = makeReceipt(m_chain, *m_register.shop, time, &m_dice);
             journal->sell(receipt, time);
+            if (i == count / 2)
+                spendCash(journal, time.addSecs(gap / 4));
             if (wantsReturn && i >= count / 2)
                 wantsReturn = !tryReturn(journal, receipt, time.addSecs(gap / 3));
         }
+    }
+
+    /// On Wednesdays something is bought for the shop.
+    static void spendCash(ShiftJournal *journal, const QDateTime &time)
+    {
+        constexpr qint64 sum = 18500;
+        if (time.date().dayOfWeek() == 3 && journal->totals().cashInDrawer() > sum)
+            journal->spendCash(sum, time);
     }
 
     /// Only what was bought without discount and for cash is taken back.

@@ -24,6 +24,10 @@ bool fillInvoices(const Db &db, const Chain &chain);
 /// What an overview tells to look after in a sound chain: a promotion that ends, goods without a price, cards on
 /// a blocked level.
 bool fillAttention(const Db &db, const Chain &chain);
+/// A service operation for what the shops buy, and cash between the shops.
+bool fillCash(const Db &db, const Chain &chain);
+constexpr int householdOperation = 6;
+extern const QString householdName;
 /// The seeded administrator gets a password; the last step, which tells a finished chain from a broken-off
 /// one.
 bool setAdministratorPassword(const Db &db);

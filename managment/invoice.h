@@ -9,11 +9,14 @@
 #include <QVector>
 #include <optional>
 
-/// Goods on their way from one shop to another: rows of `invoice` with is_cash_goods 0 and their rows of
-/// `transactions_goods`. Quantities in thousandths.
+/// Goods or cash on their way from one shop to another. Goods: rows of `invoice` with is_cash_goods 0 (or
+/// NULL) and their rows of `transactions_goods`, quantities in thousandths. Cash: rows with is_cash_goods 1,
+/// whose cash_send and cash_accept are kopecks.
+enum class InvoiceKind { Goods, Cash };
 
-/// What became of an invoice. On the way: data_time_close is zero or NULL. Cancelled: closed, and no line was
-/// ever accepted. Different: at least one line has result 0.
+/// What became of an invoice. On the way: data_time_close is zero or NULL. Cancelled: closed, and no line, or
+/// no cash, was ever accepted. Different: at least one line has result 0, or other cash was accepted than
+/// sent.
 enum class InvoiceState { OnTheWay, Accepted, Different, Cancelled };
 
 /// An item of an invoice.
@@ -100,7 +103,8 @@ struct InvoiceResult
         Refused,
         /// Nothing was written: somebody has closed the invoice before; `why` tells who, when and how.
         Closed,
-        /// Nothing was written: a count would fall below zero that nobody has agreed to.
+        /// Nothing was written: a count, or a register's cash, would fall below zero, and nobody has agreed
+        /// to that.
         Short,
         /// Nothing was written: another program is writing to the stock, and went on doing so.
         Locked,
@@ -113,4 +117,6 @@ struct InvoiceResult
     QString why = {};
     InvoiceMark mark = {};
     QVector<Shortage> shortages = {};
+    /// Of Short where it is cash that is short: what lies in the register, in kopecks.
+    qint64 drawer = 0;
 };

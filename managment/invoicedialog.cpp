@@ -49,6 +49,8 @@ void InvoiceDialog::take(const InvoiceResult &result)
     m_result = result;
     if (wasWritten())
         return accept();
+    if (result.outcome == InvoiceResult::Short)
+        return fellShort(result);
     if (result.outcome != InvoiceResult::Failed)
         warn(explanation(result));
     if (result.outcome == InvoiceResult::Closed)

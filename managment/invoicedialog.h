@@ -18,6 +18,8 @@ public:
     InvoiceDialog(const QString &connection, QObject *receiver, QWidget *parent);
 
     bool wasWritten() const { return m_result.outcome == InvoiceResult::Written; }
+    /// The one that was written.
+    DbId invoice() const { return m_result.mark.invoice; }
     /// The list beside it shows something that is not true any more.
     bool isListOld() const;
     bool isUnclear() const { return m_result.outcome == InvoiceResult::Unclear; }
@@ -32,6 +34,8 @@ protected:
     /// Writes it; accept() follows. While it is unclear the work of before is done again, whatever was
     /// entered since.
     void write(const Work &work);
+    /// Nothing was written because there is less than is to be sent: asks whether it is to be all the same.
+    virtual void fellShort(const InvoiceResult &result) { Q_UNUSED(result) }
     /// Called after a writing that has not closed the window.
     virtual void notWritten() {}
     DbTasks *tasks() { return &m_tasks; }

@@ -4,6 +4,8 @@
 
 #include <QColor>
 #include <QCoreApplication>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 struct Texts
@@ -21,8 +23,19 @@ QString hasLine(const char *condition)
         .arg(QLatin1String(condition));
 }
 
-QString stateCondition(InvoiceState state)
+/// Of what is closed.
+QString cashStateCondition(InvoiceState state)
 {
+    if (state == InvoiceState::Cancelled)
+        return QStringLiteral("invoice.cash_accept IS NULL");
+    return QStringLiteral("invoice.cash_accept IS NOT NULL AND %1invoice.cash_accept<=>invoice.cash_send")
+        .arg(QLatin1String(state == InvoiceState::Different ? "NOT " : ""));
+}
+
+QString stateCondition(InvoiceState state, InvoiceKind kind)
+{
+    if (kind == InvoiceKind::Cash && state != InvoiceState::OnTheWay)
+        return QStringLiteral("NOT %1 AND %2").arg(isOpen, cashStateCondition(state));
     const QString accepted = hasLine(" AND (line.result IS NOT NULL OR line.count_accept IS NOT NULL)");
     const QString different = hasLine(" AND line.result=0");
     switch (state) {
@@ -65,10 +78,11 @@ QString behindCondition(const InvoiceKey &key)
 
 QString conditions(const InvoicesAsked &asked, const InvoiceKey &behind)
 {
-    QStringList all = {QStringLiteral("IFNULL(invoice.is_cash_goods,0)=%1").arg(asked.isCash ? 1 : 0),
-                       placeCondition(asked)};
+    QStringList all = {
+        QStringLiteral("IFNULL(invoice.is_cash_goods,0)=%1").arg(asked.kind == InvoiceKind::Cash ? 1 : 0),
+        placeCondition(asked)};
     if (asked.state)
-        all.append(stateCondition(*asked.state));
+        all.append(stateCondition(*asked.state, asked.kind));
     if (asked.hasDays())
         all.append(QStringLiteral("invoice.data_time_open>=%1 AND invoice.data_time_open<=%2")
                        .arg(asked.from, asked.to));
@@ -102,6 +116,43 @@ QString rowsSql(const QString &newest)
                "JOIN transactions_goods AS line ON line.id_invoice=invoice.id GROUP BY invoice.id ORDER BY "
                "%1 DESC,invoice.id DESC")
         .arg(isOpen, nameOf("sent"), nameOf("closed"), newest);
+}
+
+/// "вул. Перша, 1 (Каса 2)" for cash out of a register.
+QString endOf(const char *shop, const char *kass)
+{
+    return QStringLiteral("CONCAT(%1.address,IF(%2.id IS NULL,'',CONCAT(' (',IFNULL(NULLIF("
+                          "%2.advertising_str,''),CONCAT('№ ',%2.id)),')')))")
+        .arg(QLatin1String(shop), QLatin1String(kass));
+}
+
+constexpr InvoiceColumn cashOrder[] = {
+    InvoiceColumn::Number,     InvoiceColumn::State,     InvoiceColumn::From,
+    InvoiceColumn::To,         InvoiceColumn::Sent,      InvoiceColumn::Accepted,
+    InvoiceColumn::Difference, InvoiceColumn::SentAt,    InvoiceColumn::SentBy,
+    InvoiceColumn::ClosedAt,   InvoiceColumn::ClosedBy,  InvoiceColumn::MessageFrom,
+    InvoiceColumn::MessageTo,  InvoiceColumn::Lines,     InvoiceColumn::DifferentLines,
+    InvoiceColumn::ShopFrom,   InvoiceColumn::GroupFrom, InvoiceColumn::ShopTo,
+    InvoiceColumn::GroupTo};
+static_assert(std::size(cashOrder) == static_cast<size_t>(InvoiceColumn::Count), "each column once");
+
+/// In the order of cashOrder.
+QString cashRowsSql(const QString &newest)
+{
+    return QStringLiteral(
+               "SELECT STRAIGHT_JOIN invoice.id,IF(%1,0,IF(invoice.cash_accept IS NULL,3,"
+               "IF(invoice.cash_accept<=>invoice.cash_send,1,2))) AS state,%5,%6,invoice.cash_send,"
+               "invoice.cash_accept,CAST(invoice.cash_accept AS SIGNED)-CAST(IFNULL(invoice.cash_send,0) AS "
+               "SIGNED),invoice.data_time_open,%2,invoice.data_time_close,%3,invoice.msg_with,invoice.msg_to,"
+               "NULL,NULL,invoice.id_shop_with,sender.group_shop,invoice.id_shop_to,"
+               "receiver.group_shop FROM (%4) newest JOIN invoice ON invoice.id=newest.id LEFT JOIN shops AS "
+               "sender ON sender.id=invoice.id_shop_with LEFT JOIN shops AS receiver ON "
+               "receiver.id=invoice.id_shop_to LEFT JOIN kassa AS taken ON taken.id=invoice.id_kass_with LEFT "
+               "JOIN kassa AS put ON put.id=invoice.id_kass_to LEFT JOIN users AS sent ON "
+               "sent.id=invoice.id_user_with LEFT JOIN users AS closed ON closed.id=invoice.id_user_to ORDER "
+               "BY %1 DESC,invoice.id DESC")
+        .arg(isOpen, nameOf("sent"), nameOf("closed"), newest, endOf("sender", "taken"),
+             endOf("receiver", "put"));
 }
 
 struct StateLook
@@ -143,6 +194,14 @@ QString stateShown(std::string_view stored)
 }
 
 const CellFormat asState = {statePlain, stateShown, false};
+
+QString signedShown(std::string_view stored)
+{
+    const bool isMore = !stored.empty() && stored[0] != '-' && stored != "0";
+    return (isMore ? QStringLiteral("+") : QString()) + asSum.shown(stored);
+}
+
+const CellFormat asSignedSum = {asSum.plain, signedShown, true, asSum.plainBytes, asSum.value, true};
 } // namespace
 
 QString invoiceStateShown(InvoiceState state)
@@ -158,34 +217,51 @@ QColor invoiceStateColour(InvoiceState state)
 /// The page is found by the numbers alone, and only its rows are joined and added up.
 QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows)
 {
-    return rowsSql(QStringLiteral("SELECT invoice.id FROM invoice WHERE %1 ORDER BY %2 DESC,invoice.id DESC "
-                                  "LIMIT %3")
-                       .arg(conditions(asked, behind), isOpen)
-                       .arg(rows));
+    const QString newest =
+        QStringLiteral("SELECT invoice.id FROM invoice WHERE %1 ORDER BY %2 DESC,invoice.id DESC LIMIT %3")
+            .arg(conditions(asked, behind), isOpen)
+            .arg(rows);
+    return asked.kind == InvoiceKind::Cash ? cashRowsSql(newest) : rowsSql(newest);
 }
 
-QVector<Column> invoiceColumns()
+int columnAt(InvoiceKind kind, InvoiceColumn column)
 {
-    const int quantity = 9;
-    return {{Texts::tr("№"), 6, &asNumber},
-            {Texts::tr("Стан"), 22, &asState},
-            {Texts::tr("З магазину"), 20},
-            {Texts::tr("До магазину"), 20},
-            {Texts::tr("Відправлено"), 15, &asDateTime},
-            {Texts::tr("Хто відправив"), 12},
-            {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},
-            {Texts::tr("Хто прийняв / скасував"), 12},
-            {Texts::tr("Позицій"), 6, &asNumber},
-            {Texts::tr("Надіслано"), quantity, &asQuantity},
-            {Texts::tr("Прийнято"), quantity, &asQuantity},
-            {Texts::tr("Різниця"), quantity, &asQuantity},
-            {Texts::tr("Позицій з різницею"), 7, &asNumber},
-            {Texts::tr("Повідомлення відправника"), 16},
-            {Texts::tr("Повідомлення одержувача"), 16},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true},
-            {QString(), 0, &asNumber, true}};
+    if (kind == InvoiceKind::Goods)
+        return static_cast<int>(column);
+    return static_cast<int>(std::find(std::begin(cashOrder), std::end(cashOrder), column) -
+                            std::begin(cashOrder));
+}
+
+QVector<Column> invoiceColumns(InvoiceKind kind)
+{
+    const bool isCash = kind == InvoiceKind::Cash;
+    const CellFormat *amount = isCash ? &asSum : &asQuantity;
+    const int quantity = isCash ? 11 : 9;
+    const QVector<Column> goods = {{Texts::tr("№"), 6, &asNumber},
+                                   {Texts::tr("Стан"), 22, &asState},
+                                   {Texts::tr("З магазину"), 20},
+                                   {Texts::tr("До магазину"), 20},
+                                   {Texts::tr("Відправлено"), 15, &asDateTime},
+                                   {Texts::tr("Хто відправив"), 12},
+                                   {Texts::tr("Прийнято / скасовано"), 15, &asDateTime},
+                                   {Texts::tr("Хто прийняв / скасував"), 12},
+                                   {Texts::tr("Позицій"), 6, &asNumber, isCash},
+                                   {Texts::tr("Надіслано"), quantity, amount},
+                                   {Texts::tr("Прийнято"), quantity, amount},
+                                   {Texts::tr("Різниця"), quantity, isCash ? &asSignedSum : &asQuantity},
+                                   {Texts::tr("Позицій з різницею"), 7, &asNumber, isCash},
+                                   {Texts::tr("Повідомлення відправника"), 16},
+                                   {Texts::tr("Повідомлення одержувача"), 16},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true},
+                                   {QString(), 0, &asNumber, true}};
+    if (!isCash)
+        return goods;
+    QVector<Column> cash;
+    for (const InvoiceColumn column : cashOrder)
+        cash.append(goods.at(static_cast<int>(column)));
+    return cash;
 }
 
 QString invoiceLinesSql(DbId invoice)
@@ -210,4 +286,20 @@ QVector<Column> invoiceLineColumns()
             {Texts::tr("Прийнято"), quantity, &asQuantity},
             {Texts::tr("Різниця"), quantity, &asQuantity},
             {QString(), 0, &asNumber, true}};
+}
+
+/// While nobody has counted it only what was sent is told.
+QString cashLinesSql(DbId invoice)
+{
+    return QStringLiteral("SELECT %1,IFNULL(cash_send,0) FROM invoice WHERE id=%2 UNION ALL SELECT %3,"
+                          "cash_accept FROM invoice WHERE id=%2 AND cash_accept IS NOT NULL UNION ALL SELECT "
+                          "%4,CAST(cash_accept AS SIGNED)-CAST(IFNULL(cash_send,0) AS SIGNED) FROM invoice "
+                          "WHERE id=%2 AND cash_accept IS NOT NULL")
+        .arg(lit(Texts::tr("Надіслано")), QString::number(invoice), lit(Texts::tr("Прийнято")),
+             lit(Texts::tr("Різниця")));
+}
+
+QVector<Column> cashLineColumns()
+{
+    return {{Texts::tr("Готівка"), 30}, {Texts::tr("Сума"), 14, &asMoney}};
 }

@@ -9,8 +9,7 @@ struct InvoicesAsked
     /// Seen from the shops that are meant.
     enum Direction { Both, Sent, Received };
 
-    /// Cash instead of goods.
-    bool isCash = false;
+    InvoiceKind kind = InvoiceKind::Goods;
     /// The shops that are meant, as a condition on `shops` with a blank before it.
     QString shops;
     Direction direction = Both;
@@ -24,7 +23,7 @@ struct InvoicesAsked
     bool hasDays() const { return !from.isEmpty(); }
 };
 
-/// The columns of the list of invoices, in its order.
+/// The columns of the list of invoices, in the order of the goods.
 enum class InvoiceColumn {
     Number,
     State,
@@ -49,6 +48,9 @@ enum class InvoiceColumn {
     Count
 };
 
+/// The place of a column in the list: of cash the amounts come first, and those of lines are never shown.
+int columnAt(InvoiceKind kind, InvoiceColumn column);
+
 /// Where a page of the list begins: behind that invoice; 0 for the first page.
 struct InvoiceKey
 {
@@ -58,7 +60,7 @@ struct InvoiceKey
 
 /// What is on the way first, then the newest, so many rows.
 QString invoicesSql(const InvoicesAsked &asked, const InvoiceKey &behind, int rows);
-QVector<Column> invoiceColumns();
+QVector<Column> invoiceColumns(InvoiceKind kind);
 
 /// The columns of the goods of an invoice.
 enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference, Result, Count };
@@ -66,6 +68,12 @@ enum class InvoiceLineColumn { Goods, Barcode, Name, Sent, Accepted, Difference,
 /// What differs comes first, then by name.
 QString invoiceLinesSql(DbId invoice);
 QVector<Column> invoiceLineColumns();
+
+/// The columns of the sums of an invoice of cash: what was sent, accepted, and the difference.
+enum class CashLineColumn { What, Sum, Count };
+
+QString cashLinesSql(DbId invoice);
+QVector<Column> cashLineColumns();
 
 /// A state with its sign, as lists and papers show it: "→ у дорозі".
 QString invoiceStateShown(InvoiceState state);

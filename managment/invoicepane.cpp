@@ -3,6 +3,7 @@
 
 #include "invoicelist.h"
 #include "money.h"
+#include "qntableview.h"
 #include "qrowmodel.h"
 
 #include <QPushButton>
@@ -20,14 +21,24 @@ void offer(QPushButton *button, const QString &refusal)
 }
 } // namespace
 
-InvoicePane::InvoicePane(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver, QWidget *parent)
-    : QWidget(parent), ui(std::make_unique<Ui::InvoicePane>())
+InvoicePane::InvoicePane(InvoiceKind kind, QSqlDatabase *db, const QLoadedUser *user, QObject *receiver,
+                         QWidget *parent)
+    : QWidget(parent), m_kind(kind), ui(std::make_unique<Ui::InvoicePane>())
 {
     ui->setupUi(this);
     ui->lines->open(db, user, receiver);
-    ui->lines->setColumns(invoiceLineColumns(), QStringLiteral("InvoicePane"));
+    const bool isCash = kind == InvoiceKind::Cash;
+    ui->lines->setColumns(isCash ? cashLineColumns() : invoiceLineColumns(),
+                          isCash ? QStringLiteral("InvoicePaneOfCash") : QStringLiteral("InvoicePane"));
     ui->lines->setTotals([this] { return totals(); });
-    ui->lines->sumUsually(column(InvoiceLineColumn::Sent));
+    if (isCash) {
+        ui->lines->setAccessibleName(tr("Готівка накладної"));
+        // Three sums: the room is for the list above.
+        ui->lines->view()->setMaximumHeight(fontMetrics().height() * 9);
+        ui->lines->view()->setMinimumHeight(fontMetrics().height() * 4);
+    } else {
+        ui->lines->sumUsually(column(InvoiceLineColumn::Sent));
+    }
     // The paper has a button of its own, and its keys are those of the list above.
     ui->lines->footer()->findChild<QPushButton *>(QStringLiteral("pbPrintList"))->hide();
     for (QPushButton *button : ui->lines->footer()->findChildren<QPushButton *>())
@@ -70,17 +81,29 @@ void InvoicePane::showInvoice(const ShownInvoice &invoice, const InvoiceRefusals
     ui->lines->setEmptyText(none.isEmpty() ? tr("У накладній немає товарів.") : none);
     ui->lines->clear();
     if (invoice.id != 0)
-        ui->lines->load(invoiceLinesSql(invoice.id));
+        ui->lines->load(m_kind == InvoiceKind::Cash ? cashLinesSql(invoice.id) : invoiceLinesSql(invoice.id));
+}
+
+QString InvoicePane::title() const
+{
+    const bool isCash = m_kind == InvoiceKind::Cash;
+    switch (m_invoice.state) {
+    case InvoiceState::OnTheWay:
+        return isCash ? tr("Накладна на передачу готівки № %1") : tr("Накладна на передачу товару № %1");
+    case InvoiceState::Cancelled:
+        return tr("Скасована накладна № %1");
+    case InvoiceState::Accepted:
+    case InvoiceState::Different:
+        break;
+    }
+    return isCash ? tr("Акт приймання готівки № %1") : tr("Акт приймання товару № %1");
 }
 
 QStringList InvoicePane::heading() const
 {
     const bool isOnTheWay = m_invoice.state == InvoiceState::OnTheWay;
-    const QString title =
-        isOnTheWay ? tr("Накладна на передачу товару № %1") : tr("Акт приймання товару № %1");
     QStringList lines = {
-        (m_invoice.state == InvoiceState::Cancelled ? tr("Скасована накладна № %1") : title)
-            .arg(m_invoice.id),
+        title().arg(m_invoice.id),
         tr("З магазину: %1").arg(m_invoice.from),
         tr("До магазину: %1").arg(m_invoice.to),
         tr("Відправлено: %1").arg(m_invoice.sent),
@@ -95,8 +118,18 @@ QStringList InvoicePane::heading() const
     return lines;
 }
 
-/// Out of the rows that are shown: below the list, on paper and in files one and the same.
 QStringList InvoicePane::totals() const
+{
+    QStringList lines = m_kind == InvoiceKind::Cash ? QStringList() : goodsTotals();
+    lines.append(m_kind == InvoiceKind::Cash
+                     ? tr("Видав: ____________________   Переніс: ____________________   Прийняв: "
+                          "____________________")
+                     : tr("Відправив: ____________________   Прийняв: ____________________"));
+    return lines;
+}
+
+/// Out of the rows that are shown: below the list, on paper and in files one and the same.
+QStringList InvoicePane::goodsTotals() const
 {
     const QRowModel *rows = ui->lines->model();
     qint64 sent = 0;
@@ -114,21 +147,19 @@ QStringList InvoicePane::totals() const
         lines.append(tr("Прийнято: %1, різниця: %2, позицій з різницею: %3")
                          .arg(quantityShown(accepted), quantityShown(accepted - sent))
                          .arg(differing));
-    lines.append(tr("Відправив: ____________________   Прийняв: ____________________"));
     return lines;
 }
 
 void InvoicePane::linesShown()
 {
+    if (m_kind == InvoiceKind::Cash)
+        return;
     QRowModel *rows = ui->lines->model();
     for (int row = 0; row < rows->rowCount(); ++row) {
         if (rows->stored(row, column(InvoiceLineColumn::Result)) == QLatin1String("0"))
             rows->setRowColour(row, invoiceStateColour(InvoiceState::Different));
     }
-    // Without the line for the signatures.
-    QStringList told = totals();
-    told.removeLast();
-    ui->lines->setDetails(m_invoice.id == 0 ? QString() : told.join(QStringLiteral(". ")));
+    ui->lines->setDetails(m_invoice.id == 0 ? QString() : goodsTotals().join(QStringLiteral(". ")));
 }
 
 void InvoicePane::print()

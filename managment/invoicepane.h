@@ -17,6 +17,10 @@ struct ShownInvoice
 {
     DbId id = 0;
     InvoiceState state = InvoiceState::OnTheWay;
+    /// Kopecks that were sent, of an invoice of cash.
+    qint64 cash = 0;
+    DbId shopFrom = 0;
+    DbId shopTo = 0;
     QString from;
     QString to;
     /// "23-11-26 12:30:05, Коваль Ірина" each; empty while it has not happened.
@@ -34,14 +38,15 @@ struct InvoiceRefusals
     QString cancel;
 };
 
-/// One invoice: what can be done with it, its goods, and the paper that goes with them: the note of the
-/// transfer while it is on the way, later that of the acceptance with what differs.
+/// One invoice: what can be done with it, its goods or its cash, and the paper that goes with them: the note
+/// of the transfer while it is on the way, later that of the acceptance with what differs.
 class InvoicePane : public QWidget
 {
     Q_OBJECT
 
 public:
-    InvoicePane(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver, QWidget *parent);
+    InvoicePane(InvoiceKind kind, QSqlDatabase *db, const QLoadedUser *user, QObject *receiver,
+                QWidget *parent);
     ~InvoicePane() override;
 
     void showInvoice(const ShownInvoice &invoice, const InvoiceRefusals &refusals);
@@ -60,8 +65,11 @@ private:
     void connectButtons();
     void linesShown();
     QStringList heading() const;
+    QString title() const;
     QStringList totals() const;
+    QStringList goodsTotals() const;
 
+    InvoiceKind m_kind;
     std::unique_ptr<Ui::InvoicePane> ui;
     ShownInvoice m_invoice;
 };

@@ -1,14 +1,9 @@
 #include "invoicewriter.h"
 
-#include "heldmessages.h"
+#include "invoicewriting.h"
 #include "money.h"
-#include "qupdatebd.h"
-#include "saleclock.h"
-#include "servererror.h"
-#include "sqldate.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QSet>
 #include <QSqlQuery>
 #include <functional>
@@ -19,100 +14,16 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(InvoiceWriter)
 };
 
-/// A server that stays silent longer is asked again by the user.
-constexpr int answerMs = 3000;
 /// So many rows go into one statement.
 constexpr int batchRows = 500;
 
-bool refuse(InvoiceResult *result, const QString &why)
-{
-    result->outcome = InvoiceResult::Refused;
-    result->why = why;
-    return false;
-}
+using InvoiceWriting::refuse;
 
-InvoiceResult::Outcome outcomeOfFailure(const Db &db)
+const QStringList &writtenTables()
 {
-    const int error = db.lastErrorNumber();
-    const bool isInTheWay = error == ServerError::LockWait || error == ServerError::Deadlock;
-    return isInTheWay ? InvoiceResult::Locked : InvoiceResult::Failed;
-}
-
-/// Whether that writing stands in the database; nothing when the server did not tell, also while a
-/// transaction of the lost connection is still open there.
-std::optional<bool> stands(const Db &db, const InvoiceMark &mark, const char *user, const char *time)
-{
-    const auto count = db.firstText(QStringLiteral("SELECT COUNT(*) FROM invoice WHERE id=%1 AND %2=%3 AND "
-                                                   "%4=%5 LOCK IN SHARE MODE")
-                                        .arg(mark.invoice)
-                                        .arg(QLatin1String(user))
-                                        .arg(mark.user)
-                                        .arg(QLatin1String(time), mark.time));
-    if (!count || count->isEmpty())
-        return std::nullopt;
-    return *count != QLatin1String("0");
-}
-
-/// Who writes, and by which columns the writing is known.
-struct Writing
-{
-    DbId user;
-    const char *userColumn;
-    const char *timeColumn;
-};
-const char *const sentBy = "id_user_with";
-const char *const sentAt = "data_time_open";
-const char *const closedBy = "id_user_to";
-const char *const closedAt = "data_time_close";
-
-template<typename Write>
-InvoiceResult writeOnce(const Db &db, const Writing &writing, const Write &write)
-{
-    InvoiceResult result;
-    result.mark.user = writing.user;
-    result.mark.time = sqlDateTime(SaleClock::now());
-    Transaction transaction(db);
-    if (!transaction)
-        return result;
-    const QStringList tables = {QStringLiteral("invoice"), QStringLiteral("transactions_goods"),
-                                QStringLiteral("goods_shop")};
-    if (write(db, &result) && QUpdateBD().update(tables, *db.connection(), db.receiver())) {
-        if (transaction.commit())
-            result.outcome = InvoiceResult::Written;
-        else
-            result.outcome =
-                isCommitRefused(db.lastErrorNumber()) ? outcomeOfFailure(db) : InvoiceResult::Unclear;
-    } else if (result.outcome == InvoiceResult::Failed) {
-        result.outcome = outcomeOfFailure(db);
-    }
-    return result;
-}
-
-/// unclear: a writing before this one is asked for first.
-template<typename Write>
-InvoiceResult inTransaction(const Db &db, const Writing &writing, const std::optional<InvoiceMark> &unclear,
-                            const Write &write)
-{
-    const auto isThere = [&](const InvoiceMark &mark) {
-        return stands(db, mark, writing.userColumn, writing.timeColumn);
-    };
-    InvoiceResult result;
-    if (unclear) {
-        result.mark = *unclear;
-        const auto arrived = isThere(*unclear);
-        result.outcome = arrived ? InvoiceResult::Written : InvoiceResult::Unclear;
-        if (!arrived || *arrived)
-            return result;
-    }
-    result = triedAgain(
-        db, [&](const Db &tried) { return writeOnce(tried, writing, write); },
-        [](const InvoiceResult &tried) { return tried.outcome == InvoiceResult::Locked; });
-    if (result.outcome == InvoiceResult::Unclear) {
-        waitForServer(db, answerMs);
-        if (const auto arrived = isThere(result.mark))
-            result.outcome = *arrived ? InvoiceResult::Written : InvoiceResult::Failed;
-    }
-    return result;
+    static const QStringList tables = {QStringLiteral("invoice"), QStringLiteral("transactions_goods"),
+                                       QStringLiteral("goods_shop")};
+    return tables;
 }
 
 /// The lines with each item once, in the order in which they came.
@@ -130,25 +41,6 @@ QVector<InvoiceLine> mergedLines(const QVector<InvoiceLine> &lines)
         }
     }
     return merged;
-}
-
-/// Two shops are read in one order by all; a blocked one neither sends nor gets goods.
-bool mayTrade(const Db &db, const QVector<DbId> &shops, InvoiceResult *result)
-{
-    for (const DbId shop : shops) {
-        const auto cells = db.firstRow(
-            QStringLiteral("SELECT address,IFNULL(block,0)<>0 FROM shops WHERE id=%1 LOCK IN SHARE MODE")
-                .arg(shop));
-        if (!cells)
-            return false;
-        if (cells->isEmpty())
-            return refuse(result, Texts::tr("Магазину № %1 вже немає. Виберіть інший.").arg(shop));
-        if (cells->at(1) == QLatin1String("1"))
-            return refuse(result, Texts::tr("Магазин «%1» заблоковано: товар до нього і з нього не "
-                                            "передають. Нічого не записано.")
-                                      .arg(cells->at(0)));
-    }
-    return true;
 }
 
 /// Locks the rows of the stock and adds to them, as far as they can hold it.
@@ -185,58 +77,6 @@ qint64 sentOf(const InvoiceLine &line)
 qint64 countedOf(const InvoiceLine &line)
 {
     return line.counted.value_or(0);
-}
-
-/// A row of `invoice`, locked.
-struct LockedInvoice
-{
-    DbId from = 0;
-    DbId to = 0;
-};
-
-QString dayAndTime(const QString &stored)
-{
-    return QDateTime::fromString(stored, QStringLiteral("yyyy-MM-dd hh:mm:ss"))
-        .toString(QStringLiteral("dd.MM.yyyy hh:mm"));
-}
-
-/// Who has closed it before, when and how.
-bool tellClosed(const Db &db, DbId invoice, const QStringList &cells, InvoiceResult *result)
-{
-    const auto accepted = db.firstText(QStringLiteral("SELECT COUNT(*) FROM transactions_goods WHERE "
-                                                      "id_invoice=%1 AND (result IS NOT NULL OR "
-                                                      "count_accept IS NOT NULL)")
-                                           .arg(invoice));
-    if (!accepted)
-        return false;
-    result->outcome = InvoiceResult::Closed;
-    const QString what =
-        *accepted == QLatin1String("0") ? Texts::tr("вже скасовано") : Texts::tr("вже прийнято");
-    const QString who = cells.at(4).isEmpty() ? Texts::tr("користувач невідомий") : cells.at(4);
-    result->why = Texts::tr("Накладну № %1 %2: %3, %4. Нічого не записано.")
-                      .arg(QString::number(invoice), what, who, dayAndTime(cells.at(5)));
-    return false;
-}
-
-/// The row stays locked to the end: of two who close it the later one finds it closed.
-bool lockInvoice(const Db &db, DbId invoice, LockedInvoice *locked, InvoiceResult *result)
-{
-    const auto cells = db.firstRow(
-        QStringLiteral(
-            "SELECT invoice.id_shop_with,invoice.id_shop_to,IFNULL(invoice.is_cash_goods,0)<>0,"
-            "NOT IFNULL(invoice.data_time_close=0,1),(SELECT TRIM(CONCAT(users.surname,' ',users.name)) "
-            "FROM users WHERE users.id=invoice.id_user_to),invoice.data_time_close FROM invoice "
-            "WHERE invoice.id=%1 FOR UPDATE")
-            .arg(invoice));
-    if (!cells)
-        return false;
-    if (cells->isEmpty() || cells->at(2) == QLatin1String("1"))
-        return refuse(result, Texts::tr("Накладної на товар № %1 немає. Оновіть список.").arg(invoice));
-    if (cells->at(3) == QLatin1String("1"))
-        return tellClosed(db, invoice, *cells, result);
-    locked->from = cells->at(0).toUInt();
-    locked->to = cells->at(1).toUInt();
-    return true;
 }
 
 /// Nothing after a reported failure.
@@ -310,24 +150,12 @@ bool insertInvoice(const Db &db, const InvoiceDraft &draft, InvoiceResult *resul
     return id.has_value();
 }
 
-bool closeInvoice(const Db &db, const QString &message, const InvoiceMark &mark)
-{
-    return db
-        .run(QStringLiteral(
-                 "UPDATE invoice SET id_user_to=:user,msg_to=:message,data_time_close=%1 WHERE id=%2")
-                 .arg(mark.time)
-                 .arg(mark.invoice),
-             {{QStringLiteral(":user"), mark.user},
-              {QStringLiteral(":message"), nullIfEmpty(message.trimmed())}})
-        .has_value();
-}
-
 /// Nothing comes between the check and COMMIT: the rows of the stock are locked.
 bool writeSending(const Db &db, const InvoiceDraft &draft, InvoiceResult *result)
 {
     const QVector<InvoiceLine> lines = mergedLines(draft.lines);
     const QVector<StockChange> changes = changesOf(lines, -1, sentOf);
-    if (!mayTrade(db, {qMin(draft.from, draft.to), qMax(draft.from, draft.to)}, result))
+    if (!InvoiceWriting::mayTrade(db, {draft.from, draft.to}, InvoiceKind::Goods, result))
         return false;
     const auto counts = ShopStock::lock(db, draft.from, changes);
     if (!counts)
@@ -377,12 +205,13 @@ bool isCounted(const QVector<InvoiceLine> &stored, const QVector<InvoiceLine> &c
 bool writeAcceptance(const Db &db, const AcceptDraft &draft, InvoiceResult *result)
 {
     result->mark.invoice = draft.invoice;
-    LockedInvoice invoice;
-    if (!lockInvoice(db, draft.invoice, &invoice, result) || !mayTrade(db, {invoice.to}, result))
+    InvoiceWriting::Locked invoice;
+    if (!InvoiceWriting::lock(db, draft.invoice, InvoiceKind::Goods, &invoice, result) ||
+        !InvoiceWriting::mayTrade(db, {invoice.to}, InvoiceKind::Goods, result))
         return false;
     const auto stored = lockedLines(db, draft.invoice);
     return stored && isCounted(*stored, draft.lines, result) && writeLines(db, draft.invoice, draft.lines) &&
-           closeInvoice(db, draft.message, result->mark) &&
+           InvoiceWriting::close(db, draft.message, result->mark) &&
            putIntoStock(db, invoice.to, draft.place, changesOf(draft.lines, 1, countedOf), result);
 }
 
@@ -390,11 +219,11 @@ bool writeAcceptance(const Db &db, const AcceptDraft &draft, InvoiceResult *resu
 bool writeCancelling(const Db &db, const CancelDraft &draft, InvoiceResult *result)
 {
     result->mark.invoice = draft.invoice;
-    LockedInvoice invoice;
-    if (!lockInvoice(db, draft.invoice, &invoice, result))
+    InvoiceWriting::Locked invoice;
+    if (!InvoiceWriting::lock(db, draft.invoice, InvoiceKind::Goods, &invoice, result))
         return false;
     const auto lines = lockedLines(db, draft.invoice);
-    return lines && closeInvoice(db, draft.message, result->mark) &&
+    return lines && InvoiceWriting::close(db, draft.message, result->mark) &&
            putIntoStock(db, invoice.from, draft.place, changesOf(*lines, 1, sentOf), result);
 }
 } // namespace
@@ -426,27 +255,27 @@ InvoiceResult sendInvoice(const Db &db, const InvoiceDraft &draft)
         refuse(&result, why);
         return result;
     }
-    return inTransaction(
-        db, {draft.user, sentBy, sentAt}, std::nullopt,
+    return InvoiceWriting::inTransaction(
+        db, InvoiceWriting::sender(draft.user), writtenTables(), std::nullopt,
         [&](const Db &tried, InvoiceResult *written) { return writeSending(tried, draft, written); });
 }
 
 std::optional<bool> isInvoiceSent(const Db &db, const InvoiceMark &mark)
 {
-    return stands(db, mark, sentBy, sentAt);
+    return InvoiceWriting::stands(db, mark, InvoiceWriting::sender(mark.user));
 }
 
 InvoiceResult acceptInvoice(const Db &db, const AcceptDraft &draft)
 {
-    return inTransaction(
-        db, {draft.user, closedBy, closedAt}, draft.unclear,
+    return InvoiceWriting::inTransaction(
+        db, InvoiceWriting::closer(draft.user), writtenTables(), draft.unclear,
         [&](const Db &tried, InvoiceResult *written) { return writeAcceptance(tried, draft, written); });
 }
 
 InvoiceResult cancelInvoice(const Db &db, const CancelDraft &draft)
 {
-    return inTransaction(
-        db, {draft.user, closedBy, closedAt}, draft.unclear,
+    return InvoiceWriting::inTransaction(
+        db, InvoiceWriting::closer(draft.user), writtenTables(), draft.unclear,
         [&](const Db &tried, InvoiceResult *written) { return writeCancelling(tried, draft, written); });
 }
 

@@ -126,13 +126,23 @@ void QPayment::showClosing()
     ui->dsbCounted->setFocus();
 }
 
+namespace {
+/// All that was sold for; where service cash was brought in or issued, all that has left the drawer by then
+/// and what lies in it still, so that nothing stays there.
+qint64 proposedOut(const ShiftFigures &figures)
+{
+    const bool hasService = figures.vnesenia != 0 || figures.issued != 0;
+    return hasService ? qMax<qint64>(figures.expectedCash(), 0) + figures.issued : figures.cash;
+}
+} // namespace
+
 void QPayment::showFigures(const ShiftFigures &figures)
 {
     setWindowTitle(tr("Закрити зміну № %1").arg(figures.zNumber));
     m_expected = figures;
     ui->dsbCounted->setKopecks(figures.expectedCash());
     ui->dsbVnesenia->setKopecks(figures.vnesenia);
-    ui->dsbViluchenia->setKopecks(figures.cash);
+    ui->dsbViluchenia->setKopecks(proposedOut(figures));
     ui->sbCheks->setValue(figures.countCheks);
     ui->sbDiskount->setValue(figures.countDiskount);
     ui->sbChekCanc->setValue(figures.countChekCanc);

@@ -25,7 +25,8 @@ public:
     /// The form of a receipt. due: what is to pay, and the discount that is taken off already.
     QPayment(const ChekPayment &due, QWidget *parent);
     /// The closing form: what the count is compared with, and from where its counters start. It proposes to
-    /// withdraw all that was sold for in cash.
+    /// withdraw all that was sold for in cash; of a shift with service cash all that it had, of which a part
+    /// may have been issued before.
     QPayment(const ShiftFigures &figures, QWidget *parent);
     /// The same from texts with two decimals, or from the shift's cash (kopecks) alone.
     QPayment(const QString &total, const QString &discount, bool closing, QWidget *parent, int cash = 0);

@@ -226,6 +226,8 @@ void QRegisterSale::connectClosing()
             ui->goods->refresh();
         tellTracker(tables);
     });
+    connect(ui->receipt, &ReceiptPane::cashPressed, this, &QRegisterSale::moveCash);
+    connect(ui->shift, &ShiftBar::cashMoved, this, &QRegisterSale::tellWritten);
 }
 
 /// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
@@ -243,6 +245,7 @@ void QRegisterSale::connectKeys()
     onKey(Qt::Key_F11, &QRegisterSale::transfermode);
     onKey(Qt::Key_F9, &QRegisterSale::write);
     onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
+    onKey(Qt::SHIFT + Qt::Key_F9, &QRegisterSale::moveCash);
     onKey(QKeySequence::Find, &QRegisterSale::findGoods);
     new SalePriceQuestion(m_work, m_acts, ui->goods, ui->receipt, [this] { return goodsScope(); });
 }
@@ -256,7 +259,8 @@ void QRegisterSale::orderTabs()
             widgets.append(findChild<QWidget *>(QLatin1String(name)));
         return widgets;
     };
-    QWidgetList all = named({"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear"});
+    QWidgetList all =
+        named({"viewGoods", "viewChek", "dsbDiscount", "pbSale", "pbRemove", "pbClear", "pbServiceCash"});
     for (const StockPane *pane : m_stock->panes())
         all += pane->tabOrder();
     all += named({"cbShop", "cbKass", "dateEdit", "sbPriority"}) + ui->modes->buttons() +
@@ -478,6 +482,11 @@ void QRegisterSale::write()
 void QRegisterSale::CloseZ_zvit()
 {
     ui->shift->closeShift();
+}
+
+void QRegisterSale::moveCash()
+{
+    m_guard->whenSettled([this](bool) { ui->shift->moveCash(); });
 }
 
 void QRegisterSale::pbClosePeriod()

@@ -71,6 +71,8 @@ public slots:
     /// Closes the register's shift: on the last day of the period asks about the period, then takes what the
     /// operator has counted and writes.
     void CloseZ_zvit();
+    /// Cash that is brought into the register or taken out of it without a sale.
+    void moveCash();
     /// The button of the period: tells when it could not be closed.
     void pbClosePeriod();
     /// Closes the shop's trading period; false, with the reason shown, when it cannot be closed.

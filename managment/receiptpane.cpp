@@ -64,15 +64,19 @@ void ReceiptPane::connectFields()
         m_grid->remove([=] { return seen.row(); });
     });
     connect(ui->pbClear, &QPushButton::clicked, this, &ReceiptPane::clearPressed);
+    connect(ui->pbServiceCash, &QPushButton::clicked, this, &ReceiptPane::cashPressed);
     connect(ui->pbSale, &QPushButton::clicked, this, &ReceiptPane::sellPressed);
 }
 
 void ReceiptPane::setMayChange(bool mayChange, const QString &why)
 {
-    for (QWidget *widget : QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->dsbDiscount}) {
+    for (QWidget *widget :
+         QVector<QWidget *>{ui->pbRemove, ui->pbClear, ui->pbServiceCash, ui->dsbDiscount}) {
         widget->setEnabled(mayChange);
         widget->setToolTip(mayChange ? QString() : why);
     }
+    if (mayChange)
+        ui->pbServiceCash->setToolTip(tr("Службове внесення та вилучення, Shift+F9"));
 }
 
 void ReceiptPane::setMaySell(bool maySell)

@@ -51,6 +51,8 @@ signals:
     void told(const QString &text);
     void sellPressed();
     void clearPressed();
+    /// Service cash of the register is to be moved.
+    void cashPressed();
     /// Letters were typed that no row wants.
     void typed(const QString &text);
     /// Somebody is through with a row, a field or a box.

@@ -2,13 +2,17 @@
 #include "ui_shiftbar.h"
 
 #include "dbtasks.h"
+#include "permissions.h"
 #include "placebar.h"
 #include "qcloseperiod.h"
 #include "qloadeduser.h"
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qpayment.h"
+#include "qservicecash.h"
 #include "waitnote.h"
+
+#include <QPointer>
 
 namespace {
 enum LastDayAnswer { CloseShift = 1, ClosePeriodAndShift = 2 };
@@ -97,6 +101,45 @@ void ShiftBar::guarded(const Act &close)
         m_guard(close);
     else
         close();
+}
+
+QString ShiftBar::cashRefusal() const
+{
+    if (m_place->isReading())
+        return tr("Магазини й каси ще читаються. Повторіть.");
+    if (!m_place->isChosen())
+        return tr("Виберіть магазин і касу.");
+    return m_place->isClosingOnly() ? tr("Магазин або касу заблоковано: тут можна лише закрити зміну.")
+                                    : QString();
+}
+
+/// The receipt that is being filled stays as it is. The window knows how the writing goes; the tab may go
+/// while it is open.
+void ShiftBar::moveCash()
+{
+    if (!m_work->isFree() || !m_work->mayEdit())
+        return;
+    const QString why = cashRefusal();
+    m_work->tell(why);
+    if (!why.isEmpty())
+        return emit m_work->left();
+    m_work->user()->beginAct();
+    const QPointer<ShiftBar> open = this;
+    const SaleWork::Questions questions(m_work);
+    m_place->followToday();
+    const QServiceCash::Where where = {m_place->place(), m_place->chosenDate(), Permission::Sales};
+    if (!m_work->agreeDate(tr("Дата чека"), where.date))
+        return;
+    auto *form =
+        new QServiceCash(m_work->db()->connectionName(), m_work->user(), m_work->receiver(), where, this);
+    form->exec();
+    if (!open)
+        return;
+    if (form->wasWritten())
+        emit cashMoved(form->writtenWords(), form->order().place.kass, form->result().chek.number);
+    delete form;
+    refresh();
+    emit m_work->left();
 }
 
 /// Asks the server about the chosen place, then goes on.

@@ -32,6 +32,8 @@ public:
     void setRefusal(const std::function<QString()> &refusal) { m_refusal = refusal; }
     /// why: what the buttons tell when nothing may be closed.
     void setMayClose(bool mayClose, const QString &why);
+    /// Cash is brought into the register or taken out of it, and its slip offered.
+    void moveCash();
 
     /// Reads the shift and shows it; of several readings the newest.
     void refresh();
@@ -44,6 +46,8 @@ public:
     bool closePeriod(const ChekPlace &place, const ClosingCheck &check);
 
 signals:
+    /// Service cash was written; its words, and its receipt.
+    void cashMoved(const QString &words, const QString &kass, int chek);
     /// These tables were written to.
     void written(const QStringList &tables);
 
@@ -52,6 +56,7 @@ private:
     void check(void (ShiftBar::*then)(const ChekPlace &place, const ClosingCheck &check));
     QString whyNoPlace() const;
     void show(const ShiftState &state);
+    QString cashRefusal() const;
     /// Why no closing can begin; empty when it can.
     QString closingRefusal() const;
     void shiftChecked(const ChekPlace &place, const ClosingCheck &check);

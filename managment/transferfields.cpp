@@ -4,8 +4,8 @@
 #include "dbtasks.h"
 #include "invoicewriter.h"
 #include "qloadeduser.h"
-#include "qtab.h"
 #include "stockpane.h"
+#include "transferplaces.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -24,27 +24,6 @@ QComboBox *newBox(const char *name, const QString &accessibleName)
     wide.setHorizontalStretch(2);
     box->setSizePolicy(wide);
     return box;
-}
-
-/// Shops that are not blocked, under a condition.
-QString shopsSql(const QString &condition)
-{
-    return QStringLiteral("SELECT address,id FROM shops WHERE NOT IFNULL(block,0) AND ") + condition +
-           QStringLiteral(" ORDER BY address,id");
-}
-
-QString ownShopsSql(const QLoadedUser &user)
-{
-    const QString groups = QTab::GetStrLstGroupFromPermis(&user, QStringLiteral("group_shop"), true);
-    return shopsSql(QStringLiteral("(%1 OR id=%2)")
-                        .arg(groups, user.idShop().isEmpty() ? QStringLiteral("0") : user.idShop()));
-}
-
-QString targetsSql(const QLoadedUser &user)
-{
-    return shopsSql(
-        QStringLiteral("id IN (%1)")
-            .arg((QStringList{QStringLiteral("0")} + user.shopsTransmit()).join(QLatin1Char(','))));
 }
 
 StockWriter::Outcome outcomeOf(InvoiceResult::Outcome outcome)
@@ -154,7 +133,8 @@ void TransferFields::read()
         return;
     m_tasks->drop();
     m_tasks->read(
-        [own = ownShopsSql(*m_work->user()), targets = targetsSql(*m_work->user())](const Db &db) {
+        [own = TransferPlaces::ownSql(*m_work->user()),
+         targets = TransferPlaces::targetsSql(*m_work->user())](const Db &db) {
             return Offer{readEntries(db, own), readEntries(db, targets)};
         },
         [this](const Offer &offer) { show(offer); });

@@ -655,7 +655,7 @@ void TstVeltab::accessKeysAreTold()
     QTranslator translator;
     QVERIFY(translator.load(QCoreApplication::applicationDirPath() + '/' + language));
     QCoreApplication::installTranslator(&translator);
-    addUser("reports", "0=1 70=1 71=1 72=1 73=1 100=1 101=1 103=1 40=1 10=1 11=1 13=1 15=1 27=1 201=1 220=1");
+    addUser("reports", "0=1 70=1 71=1 72=1 73=1 100=1 101=1 102=1 103=1 40=1 10=1 11=1 13=1 15=1 27=1 201=1 220=1");
     startLoggedIn("reports");
     const auto letter = [](const QString &caption) {
         const QString key = QKeySequence::mnemonic(caption).toString();

@@ -388,8 +388,18 @@ void TstShiftClosing::formCompares()
     };
     const auto *difference = in<QLabel>(form.get(), "lbDifferenceCounted");
     const auto *rest = in<QLabel>(form.get(), "lbRest");
-    // All 1000.00 are proposed: the 100.00 of before and 900.00 of the 1050.00.
-    QCOMPARE(shown(), text("1050.00 0.00 200.00 0.00 1150.00 -150.00 100.00 150.00"));
+    // The 100.00 of before and all of the 1050.00 are proposed; without service cash what was sold for.
+    QCOMPARE(shown(), text("1050.00 0.00 200.00 0.00 1150.00 0.00 100.00 0.00"));
+    const auto proposed = [](qint64 vnesenia, qint64 issued) {
+        ShiftFigures figures = busyShift();
+        figures.vnesenia = vnesenia;
+        figures.issued = issued;
+        return in<MoneySpinBox>(std::make_unique<QPayment>(figures, nullptr).get(), "dsbViluchenia")
+            ->kopecks();
+    };
+    QCOMPARE(proposed(0, 0), qint64(100000));
+    // More than the shift knows of was issued: not less leaves it.
+    QCOMPARE(proposed(0, 200000), qint64(200000));
     QVERIFY(!isRed(difference) && !isRed(rest));
     in<MoneySpinBox>(form.get(), "dsbCounted")->setKopecks(104990);
     in<MoneySpinBox>(form.get(), "dsbViluchenia")->setKopecks(114991);
@@ -454,7 +464,7 @@ void TstShiftClosing::scansInTheForm()
     QVERIFY(in<QWidget>(form.get(), "pbOk")->hasFocus());
     pressKeys({Qt::Key_Return});
     QCOMPARE(form->result(), int(QDialog::Accepted));
-    QCOMPARE(form->viluchenia(), text("100000"));
+    QCOMPARE(form->viluchenia(), text("115000"));
 }
 
 /// What is still being typed counts, however the form is left; what cannot be read is told.

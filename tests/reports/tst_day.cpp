@@ -1,5 +1,6 @@
 #include "testing.h"
 
+#include "cashwriter.h"
 #include "chekquery.h"
 #include "cheks.h"
 #include "chekwriter.h"
@@ -35,6 +36,7 @@ private:
                      const QVector<ReceiptRow> &rows, qint64 discount, qint64 card);
     /// Two and a half kilograms and six pieces.
     static void moveGoods(FreshDatabase *base, int type, StockPlace place);
+    static void moveCash(FreshDatabase *base, bool isIn, qint64 sum);
     static void close(FreshDatabase *base, const QString &kass);
     static QStringList loaded(ReportWindow *report, const QVector<int> &columns);
 };
@@ -97,11 +99,26 @@ void TstDay::moveGoods(FreshDatabase *base, int type, StockPlace place)
         qFatal("No document: %s", qPrintable(result.why));
 }
 
+void TstDay::moveCash(FreshDatabase *base, bool isIn, qint64 sum)
+{
+    const ChekPlace place = {"1", "1", "1"};
+    SaleClock::setSource([] { return QDateTime(day, QTime(13, 30)); });
+    const CashOperation operation = {isIn ? 1U : 2U, isIn ? "Службове внесення" : "Службове вилучення", isIn};
+    const auto result = CashWriter(base->db(), place).write({place, operation, sum});
+    if (result.outcome != CashWriter::Written)
+        qFatal("No service cash: %s", qPrintable(result.why));
+}
+
 void TstDay::close(FreshDatabase *base, const QString &kass)
 {
     const ShiftCloser closer(base->db(), {"1", kass, "1"});
     const auto figures = closer.figures("1");
-    const ShiftCount count = {figures->countCheks, figures->countDiskount, 0, 0, 0, figures->cash};
+    const ShiftCount count = {figures->countCheks,
+                              figures->countDiskount,
+                              0,
+                              0,
+                              figures->vnesenia,
+                              figures->issued + figures->expectedCash()};
     SaleClock::setSource([] { return QDateTime(day, QTime(23, 59, 59)); });
     if (closer.close(*figures, count) != ShiftCloser::Closed)
         qFatal("Not closed: %s", qPrintable(base->heard.texts().join('|')));
@@ -145,6 +162,9 @@ void TstDay::reportsAgreeWithTheReceipts()
     // Goods documents among them change no sum of any report.
     moveGoods(&base, ChekType::GoodsReceipt, StockPlace::Syllable);
     moveGoods(&base, ChekType::GoodsMovement, StockPlace::Showroom);
+    // Nor does service cash; the closing has it.
+    moveCash(&base, true, 50000);
+    moveCash(&base, false, 20000);
     sell(&base, "2", "235959", {goods(10, 1000, 6000, 1)}, 0, 6000);
     close(&base, "1");
     close(&base, "2");
@@ -180,8 +200,14 @@ void TstDay::reportsAgreeWithTheReceipts()
 
     QChekViewer cheks(base.connection(), &user, &base.heard, nullptr);
     cheks.findChild<RangeSelector *>()->setDays(day, day);
-    QCOMPARE(loaded(&cheks, {6}), (QStringList{"10", "10", "3", "3", "3", "7", "8"}));
-    QCOMPARE(loaded(&cheks, {6, 3}).mid(5), (QStringList{"7|850.0", "8|850.0"}));
+    QCOMPARE(loaded(&cheks, {6}), (QStringList{"10", "10", "3", "3", "3", "4", "5", "7", "8"}));
+    QCOMPARE(loaded(&cheks, {6, 3}).mid(5), (QStringList{"4|50000", "5|20000", "7|850.0", "8|850.0"}));
+    const auto cashIn = readNewSlip(base.db(), {{0, 0, 1}, 5});
+    QVERIFY2(cashIn && cashIn->html().contains("Службове внесення") && cashIn->html().contains("500.00"),
+             qPrintable(cashIn ? cashIn->html() : QString()));
+    // What was brought in leaves with what was sold for.
+    QCOMPARE(base.value("SELECT CONCAT(vnesenia,'|',viluchenia-cash) FROM z_zvit WHERE id_kass=1"),
+             QString("50000|50000"));
     const auto received = readNewSlip(base.db(), {{0, 0, 1}, 3});
     QVERIFY(received && received->html().contains("ПРИЙОМ</center><center>склад</center>"));
     const auto moved = readNewSlip(base.db(), {{0, 0, 1}, 4});
