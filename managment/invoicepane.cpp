@@ -4,6 +4,7 @@
 #include "invoicelist.h"
 #include "money.h"
 #include "qrowmodel.h"
+#include "signs.h"
 
 #include <QPushButton>
 
@@ -122,8 +123,11 @@ void InvoicePane::linesShown()
 {
     QRowModel *rows = ui->lines->model();
     for (int row = 0; row < rows->rowCount(); ++row) {
-        if (rows->stored(row, column(InvoiceLineColumn::Result)) == QLatin1String("0"))
-            rows->setRowColour(row, invoiceStateColour(InvoiceState::Different));
+        if (rows->stored(row, column(InvoiceLineColumn::Result)) != QLatin1String("0"))
+            continue;
+        rows->setRowColour(row, invoiceStateColour(InvoiceState::Different));
+        showSign(rows, rows->index(row, column(InvoiceLineColumn::Difference)), Sign::Different,
+                 tr("Прийнято не стільки, скільки надіслано."));
     }
     // Without the line for the signatures.
     QStringList told = totals();

@@ -649,6 +649,9 @@ void TstVeltab::everyTabFitsASmallScreen()
     QApplication::setFont(large);
     addShopAndGoods();
     startLoggedIn("admin");
+    // With such letters it is hidden on such a screen until it is asked for.
+    if (action("show_toolbar")->isChecked())
+        action("show_toolbar")->trigger();
     QStringList tooLarge;
     const auto actions = m_window->openingActions();
     for (QAction *one : actions) {
