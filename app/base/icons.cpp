@@ -95,6 +95,7 @@ const NamedIcon namedIcons[] = {
     {"pbPrintSlip", "document-print"},
     {"pbPrintInvoice", "document-print"},
     {"pbPdf", "document-save"},
+    {"pbReload", "view-refresh"},
     {"pbMessages", "dialog-messages"},
 };
 
