@@ -124,8 +124,8 @@ void Veltab::buildToolBar()
     m_toolBar = new ToolBar(this);
     addToolBar(m_toolBar);
     QList<QAction *> pages;
-    for (const char *page : {"mz_overview", "man_saleadmiss", "man_goods", "man_finance", "mt_shops",
-                             "mt_goods", "mz_cheks", "mz_zzvit"})
+    for (const char *page :
+         {"mz_overview", "man_saleadmiss", "man_finance", "mt_shops", "mt_goods", "mz_cheks", "mz_zzvit"})
         pages.append(actionOf(page));
     m_toolBar->setActions(
         pages, {{ui->add, ui->edit, ui->dell, ui->reload}, {ui->export_to_xlsx, ui->export_to_csv}});

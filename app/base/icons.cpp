@@ -163,6 +163,21 @@ private:
     QString m_name;
 };
 
+/// Pictures of two hands beside each other are harder to tell than those of one: a theme that lacks some is
+/// no help.
+bool hasTheme()
+{
+    static QString known;
+    static bool isWhole = false;
+    if (known == QIcon::themeName())
+        return isWhole;
+    known = QIcon::themeName();
+    isWhole = std::all_of(std::begin(namedIcons), std::end(namedIcons), [](const NamedIcon &each) {
+        return QIcon::hasThemeIcon(QLatin1String(each.icon));
+    });
+    return isWhole;
+}
+
 /// Half of what is drawn can be told from the background: a theme for light windows may be drawn in black.
 bool standsOut(const QIcon &icon, const QColor &background)
 {
@@ -183,7 +198,7 @@ bool standsOut(const QIcon &icon, const QColor &background)
 QIcon themeIcon(const QString &name)
 {
     loadIcons();
-    const QIcon desktops = QIcon::hasThemeIcon(name) ? QIcon::fromTheme(name) : QIcon();
+    const QIcon desktops = hasTheme() ? QIcon::fromTheme(name) : QIcon();
     if (standsOut(desktops, QGuiApplication::palette().color(QPalette::Window)))
         return desktops;
     return QFile::exists(fileOf(22, name)) ? QIcon(new OwnIcon(name)) : QIcon();
