@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QLineEdit>
+#include <QMap>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -86,7 +87,11 @@ QString signLetter(Sign sign)
 
 QIcon signIcon(Sign sign)
 {
-    return QIcon(new SignIcon(sign));
+    // A list of thousands of rows has few signs.
+    static QMap<Sign, QIcon> icons;
+    if (!icons.contains(sign))
+        icons.insert(sign, QIcon(new SignIcon(sign)));
+    return icons.value(sign);
 }
 
 QString withSign(Sign sign, const QString &text)
