@@ -49,7 +49,7 @@ const NamedIcon namedIcons[] = {
     {"mt_slujb_op", "view-financial-account-cash"},
     {"mt_day_update", "view-calendar-upcoming-days"},
     {"mt_tax", "view-financial-category"},
-    {"mz_overview", "dashboard-show"},
+    {"mz_overview", "view-statistics"},
     {"mz_cheks", "view-financial-list"},
     {"mz_zzvit", "office-report"},
     {"mz_art_zvit", "office-chart-bar"},
