@@ -1,3 +1,4 @@
+#include "icons.h"
 #include "instancelimit.h"
 #include "qmessevent.h"
 #include "screenshots.h"
@@ -61,6 +62,7 @@ std::optional<int> runProgram(int argc, char *argv[], QStringList *arguments)
 {
     QApplication application(argc, argv);
     *arguments = QCoreApplication::arguments();
+    QApplication::setWindowIcon(programIcon());
     InstanceLimit limit(qEnvironmentVariable("VELTAB_KEY_PREFIX"));
     if (!waitForTurn(&limit))
         return std::nullopt;

@@ -14,6 +14,7 @@ QMap<QString, bool> shownActions(const PageTable &pages, const MenuState &state)
         shown.insert(QLatin1String(entry.action), isAllowed && entry.make && maySeePage(user, entry));
     shown.insert(QStringLiteral("changpass"), isAllowed);
     shown.insert(QStringLiteral("about"), isAllowed);
+    shown.insert(QStringLiteral("show_toolbar"), isAllowed);
     shown.insert(QStringLiteral("mt_importBD"), isAllowed && user.maySee(Permission::PreviousImport));
     shown.insert(QStringLiteral("settings"), isService || isNobody || !state.isConnected);
     shown.insert(QStringLiteral("mt_create_tables"), isService && state.hasAddress);

@@ -2,6 +2,7 @@
 #include "ui_veltab.h"
 
 #include "errorlist.h"
+#include "icons.h"
 #include "joblist.h"
 #include "memberpreview.h"
 #include "menurights.h"
@@ -14,6 +15,8 @@
 #include "qreports.h"
 #include "qtablebase.h"
 #include "setting.h"
+#include "toolbar.h"
+#include "userstate.h"
 #include "version.h"
 #include "windowplace.h"
 
@@ -26,11 +29,26 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <algorithm>
 
 namespace {
 const int allMessages = 4;
 const int messageMs = 8000;
+const QLatin1String toolBarKey("toolBar");
+/// Of text, on a screen that is high enough for it and every page.
+const int linesWithToolBar = 33;
+
+/// Whoever has not decided sees it where the largest page leaves room for it.
+bool isToolBarWanted(const QWidget *window, const QString &idUser)
+{
+    const QVariant remembered = rememberedState(idUser, toolBarKey);
+    if (remembered.isValid())
+        return remembered.toBool();
+    const int lines =
+        QGuiApplication::primaryScreen()->availableGeometry().height() / window->fontMetrics().height();
+    return lines >= linesWithToolBar;
+}
 
 /// A sentence under the files: dialogs of the system have no place for it.
 void addHint(QFileDialog *dialog, const QString &text)
@@ -83,6 +101,7 @@ void Veltab::buildForm()
     ui->close_tab->setVisible(false);
     ui->close_all->setVisible(false);
     buildStatusBar();
+    buildToolBar();
     restorePlace(this, QString());
 }
 
@@ -96,6 +115,34 @@ void Veltab::buildStatusBar()
     m_userLabel = new QLabel(this);
     m_userLabel->setObjectName(QStringLiteral("labelUser"));
     ui->statusbar->addPermanentWidget(m_userLabel);
+}
+
+/// Pages that are used every day, the same for everybody, so that hands find them.
+void Veltab::buildToolBar()
+{
+    showIcons(this);
+    m_toolBar = new ToolBar(this);
+    addToolBar(m_toolBar);
+    QList<QAction *> pages;
+    for (const char *page :
+         {"mz_overview", "man_saleadmiss", "man_finance", "mt_shops", "mt_goods", "mz_cheks", "mz_zzvit"})
+        pages.append(actionOf(page));
+    m_toolBar->setActions(
+        pages, {{ui->add, ui->edit, ui->dell, ui->reload}, {ui->export_to_xlsx, ui->export_to_csv}});
+    connect(ui->show_toolbar, &QAction::triggered, this, &Veltab::showToolBar);
+}
+
+void Veltab::showToolBar(bool isWanted)
+{
+    m_toolBar->setWanted(isWanted);
+    rememberState(user().idUser(), toolBarKey, isWanted);
+}
+
+QMenu *Veltab::createPopupMenu()
+{
+    auto *menu = new QMenu(this);
+    menu->addAction(ui->show_toolbar);
+    return menu;
 }
 
 QTableBase *Veltab::tableBase() const
@@ -440,6 +487,8 @@ void Veltab::closeEvent(QCloseEvent *event)
 void Veltab::welcome()
 {
     restorePlace(this, user().idUser());
+    ui->show_toolbar->setChecked(isToolBarWanted(this, user().idUser()));
+    m_toolBar->setWanted(ui->show_toolbar->isChecked());
     EnableButton(true);
     if (user().maySee(Permission::BackOffice))
         emit ready();

@@ -18,6 +18,7 @@ class Pages;
 class QMessEvent;
 class QTableBase;
 class setting;
+class ToolBar;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
 class Veltab : public QMainWindow
@@ -44,6 +45,9 @@ public:
     void setFileChooser(const FileChooser &chooser) { m_chooseFile = chooser; }
     /// Who tells the file to import; the file dialog at first.
     void setImportChooser(const std::function<QString()> &chooser) { m_chooseImport = chooser; }
+
+    /// Of the tool bar and the bar of menus: it has the tool bar's own action.
+    QMenu *createPopupMenu() override;
 
 public slots:
     void s_setting();
@@ -90,6 +94,8 @@ protected:
 private:
     void buildForm();
     void buildStatusBar();
+    void buildToolBar();
+    void showToolBar(bool isWanted);
     void connectPages();
     void connectCommands();
     void connectSession();
@@ -133,6 +139,7 @@ private:
     Session *m_session = nullptr;
     Pages *m_pages = nullptr;
     JobList *m_jobs = nullptr;
+    ToolBar *m_toolBar = nullptr;
     QLabel *m_userLabel = nullptr;
     QLabel *m_serverLabel = nullptr;
     bool m_isServiceShown = false;

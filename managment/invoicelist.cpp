@@ -1,6 +1,7 @@
 #include "invoicelist.h"
 
 #include "db.h"
+#include "signs.h"
 
 #include <QColor>
 #include <QCoreApplication>
@@ -158,7 +159,7 @@ QString cashRowsSql(const QString &newest)
 struct StateLook
 {
     InvoiceState state;
-    const char *sign;
+    Sign sign;
     const char *words;
     QColor colour;
 };
@@ -166,13 +167,16 @@ struct StateLook
 const StateLook &lookOf(InvoiceState state)
 {
     static const StateLook looks[] = {
-        {InvoiceState::OnTheWay, "→", QT_TRANSLATE_NOOP("InvoiceList", "у дорозі"), {255, 224, 130}},
-        {InvoiceState::Accepted, "✓", QT_TRANSLATE_NOOP("InvoiceList", "прийнято"), {165, 214, 167}},
+        {InvoiceState::OnTheWay,
+         Sign::OnTheWay,
+         QT_TRANSLATE_NOOP("InvoiceList", "у дорозі"),
+         {255, 224, 130}},
+        {InvoiceState::Accepted, Sign::Good, QT_TRANSLATE_NOOP("InvoiceList", "прийнято"), {165, 214, 167}},
         {InvoiceState::Different,
-         "≠",
+         Sign::Different,
          QT_TRANSLATE_NOOP("InvoiceList", "прийнято з різницею"),
          {255, 171, 145}},
-        {InvoiceState::Cancelled, "✗", QT_TRANSLATE_NOOP("InvoiceList", "скасовано"), {207, 216, 220}},
+        {InvoiceState::Cancelled, Sign::Bad, QT_TRANSLATE_NOOP("InvoiceList", "скасовано"), {207, 216, 220}},
     };
     return looks[static_cast<int>(state)];
 }
@@ -206,7 +210,7 @@ const CellFormat asSignedSum = {asSum.plain, signedShown, true, asSum.plainBytes
 
 QString invoiceStateShown(InvoiceState state)
 {
-    return QString::fromUtf8(lookOf(state).sign) + QLatin1Char(' ') + Texts::tr(lookOf(state).words);
+    return withSign(lookOf(state).sign, Texts::tr(lookOf(state).words));
 }
 
 QColor invoiceStateColour(InvoiceState state)

@@ -5,6 +5,7 @@
 #include "money.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "signs.h"
 
 #include <QPushButton>
 
@@ -156,8 +157,11 @@ void InvoicePane::linesShown()
         return;
     QRowModel *rows = ui->lines->model();
     for (int row = 0; row < rows->rowCount(); ++row) {
-        if (rows->stored(row, column(InvoiceLineColumn::Result)) == QLatin1String("0"))
-            rows->setRowColour(row, invoiceStateColour(InvoiceState::Different));
+        if (rows->stored(row, column(InvoiceLineColumn::Result)) != QLatin1String("0"))
+            continue;
+        rows->setRowColour(row, invoiceStateColour(InvoiceState::Different));
+        showSign(rows, rows->index(row, column(InvoiceLineColumn::Difference)), Sign::Different,
+                 tr("Прийнято не стільки, скільки надіслано."));
     }
     ui->lines->setDetails(m_invoice.id == 0 ? QString() : goodsTotals().join(QStringLiteral(". ")));
 }

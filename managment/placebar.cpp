@@ -5,6 +5,7 @@
 #include "qloadeduser.h"
 #include "saleclock.h"
 #include "salework.h"
+#include "signs.h"
 
 PlaceBar::PlaceBar(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::PlaceBar>())
 {
@@ -194,5 +195,8 @@ void PlaceBar::showDate()
         colours.setColor(QPalette::Text, Qt::black);
     }
     ui->dateEdit->setPalette(m_isToday ? QPalette() : colours);
-    ui->dateEdit->setToolTip(m_isToday ? QString() : tr("Дата чека не сьогоднішня."));
+    const QString why = m_isToday ? QString() : tr("Дата чека не сьогоднішня.");
+    ui->dateEdit->setToolTip(why);
+    ui->dateEdit->setAccessibleDescription(why);
+    ui->label_dateEdit->setText(m_isToday ? tr("Дата:") : withSign(Sign::Partly, tr("Дата:")));
 }

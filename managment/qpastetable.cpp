@@ -7,6 +7,7 @@
 #include "qmessdlg.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "signs.h"
 #include "waitnote.h"
 
 #include <QFileDialog>
@@ -112,8 +113,10 @@ void QPasteTable::show(const PastedTable &table)
     ui->listLines->showRows(rowsOf(table.lines));
     QRowModel *model = ui->listLines->model();
     for (int row = 0; row < table.lines.size(); ++row) {
-        if (!table.lines.at(row).isTaken)
-            model->setRowColour(row, refusedColour);
+        if (table.lines.at(row).isTaken)
+            continue;
+        model->setRowColour(row, refusedColour);
+        showSign(model, model->index(row, 0), Sign::Bad, table.lines.at(row).words);
     }
     showRefused(ui->listRefused, table.refused);
     ui->labelRefused->setText(tr("Рядки, які не додаються: %1").arg(wholeShown(table.refused.size())));

@@ -199,7 +199,9 @@ void QPayment::calcsumpaym(double value)
 {
     Q_UNUSED(value)
     ui->gbPaid->setTitle(tr("оплачено:") + QLatin1Char(' ') + moneyText(paid()));
-    ui->gbPaid->setStyleSheet(paid() > owed() ? QStringLiteral("font: bold; color: #DD1010;") : QString());
+    const bool isMore = paid() > owed();
+    ui->gbPaid->setStyleSheet(isMore ? QStringLiteral("font: bold; color: #DD1010;") : QString());
+    ui->gbPaid->setAccessibleDescription(isMore ? tr("Більше, ніж до оплати.") : QString());
 }
 
 void QPayment::putRestInto(MoneySpinBox *box)

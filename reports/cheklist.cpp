@@ -119,7 +119,7 @@ ChekList ChekList::from(const RowStore &found)
 
 QVector<Column> ChekList::columns()
 {
-    return {{Texts::tr("Z-звіт"), 5, &asNumber},      {Texts::tr("номер"), 6, &asNumber},
+    return {{Texts::tr("Z-звіт"), 5, &asNumber},      {Texts::tr("номер"), 8, &asNumber},
             {Texts::tr("тип"), 13, &asTypeName},      {Texts::tr("сума / кількість"), 12, &asAmount},
             {Texts::tr("дата час"), 17, &asDateTime}, {Texts::tr("каса"), 5, &asNumber},
             {QString(), 0, &asNumber, true}};

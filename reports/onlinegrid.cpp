@@ -1,5 +1,7 @@
 #include "onlinegrid.h"
 
+#include "signs.h"
+
 namespace {
 QString shown(const QDateTime &time)
 {
@@ -50,6 +52,10 @@ QVariant OnLineGrid::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return onLineText(interval.isOn);
+    case Qt::DecorationRole:
+        return signIcon(interval.isOn ? Sign::Good : Sign::Bad);
+    case signRole:
+        return signLetter(interval.isOn ? Sign::Good : Sign::Bad);
     case Qt::BackgroundRole:
         return onLineColour(interval.isOn);
     case Qt::ForegroundRole:

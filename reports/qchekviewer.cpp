@@ -13,6 +13,7 @@
 #include "qrowmodel.h"
 #include "queryservice.h"
 #include "shopgroups.h"
+#include "signs.h"
 
 #include <QItemSelectionModel>
 
@@ -291,8 +292,18 @@ void QChekViewer::colourMismatches(const QColor &colour)
     for (int row = 0; row < model()->rowCount() && !m_mismatches.isEmpty(); ++row) {
         const QString kass = model()->stored(row, ChekList::Register);
         if (m_mismatches.contains(keyOf(kass, model()->stored(row, ChekList::Number))))
-            model()->setRowColour(row, colour);
+            markMismatch(row, colour);
     }
+}
+
+void QChekViewer::markMismatch(int row, const QColor &colour)
+{
+    model()->setRowColour(row, colour);
+    const QModelIndex number = model()->index(row, ChekList::Number);
+    if (colour.isValid())
+        showSign(model(), number, Sign::Different, tr("Суми чека не збігаються."));
+    else
+        endSign(model(), number);
 }
 
 void QChekViewer::dclicktable(const QModelIndex &index)

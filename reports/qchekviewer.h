@@ -69,6 +69,7 @@ private:
     void checkSums(bool check);
     void showChecked(const std::shared_ptr<QueryAnswer> &found);
     void colourMismatches(const QColor &colour);
+    void markMismatch(int row, const QColor &colour);
     void showDocument(const std::function<std::optional<Slip>(const Db &)> &read);
 
     std::unique_ptr<Ui::QChekViewer> ui;

@@ -3,8 +3,8 @@
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 
-build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools qttranslations5-l10n
-  libmariadb-dev libxlsxwriter-dev libzint-dev zlib1g-dev)
+build_packages=(g++ cmake ninja-build qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
+  qttranslations5-l10n libmariadb-dev libxlsxwriter-dev libzint-dev zlib1g-dev)
 # The -core packages hold the programs only: no server of the system is set up or started by them.
 server_packages=(libqt5sql5-mysql mariadb-server-core mariadb-client-core)
 # The tests run in the Ukrainian locale and time zone, read the text and the barcodes of printed pages

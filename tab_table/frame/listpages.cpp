@@ -1,5 +1,7 @@
 #include "listpages.h"
 
+#include "signs.h"
+
 #include <QBrush>
 #include <QFontMetricsF>
 #include <QPainter>
@@ -28,7 +30,9 @@ constexpr int rowsBetween = 64;
 
 QString textOf(const ListSnapshot &list, int row, int column)
 {
-    return list.shown(row, column).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    const QString text = list.shown(row, column).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    const QString sign = list.data(row, column, signRole).toString();
+    return sign.isEmpty() ? text : sign + QLatin1Char(' ') + text;
 }
 
 void keepLongest(QStringList *longest, const QString &text)

@@ -1,6 +1,7 @@
 #include "listsnapshot.h"
 
 #include "qrowmodel.h"
+#include "signs.h"
 
 #include <QHeaderView>
 #include <QTableView>
@@ -23,7 +24,8 @@ std::shared_ptr<const QRowModel> copied(const QAbstractItemModel &model)
             const QModelIndex to = copy.index(row, column);
             const QVariant plain = from.data(Qt::EditRole);
             copy.setData(to, plain.isValid() ? plain : from.data());
-            for (const int role : {Qt::BackgroundRole, Qt::ForegroundRole, Qt::TextAlignmentRole}) {
+            for (const int role :
+                 {int(Qt::BackgroundRole), int(Qt::ForegroundRole), int(Qt::TextAlignmentRole), signRole}) {
                 if (const QVariant value = from.data(role); value.isValid())
                     copy.setData(to, value, role);
             }

@@ -116,7 +116,7 @@ QString NumberField::refusal() const
 void NumberField::showState()
 {
     const QString why = refusal();
-    colourField(m_field, why.isEmpty());
+    colourField(m_field, why);
     m_describedBy->setToolTip(why.isEmpty() ? m_toolTip : why);
     m_describedBy->setAccessibleDescription(why);
 }

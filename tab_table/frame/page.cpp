@@ -1,5 +1,6 @@
 #include "page.h"
 
+#include "icons.h"
 #include "listpane.h"
 #include "qloadeduser.h"
 #include "qqestion.h"
@@ -27,7 +28,8 @@ QWidget *addPage(QTabWidget *tabs, const PageEntry &entry)
         page->setPermission(entry.permission);
     if (page != nullptr && page->list() != nullptr)
         page->list()->setHeading({titleOf(entry)});
-    tabs->addTab(widget, titleOf(entry));
+    showIcons(widget);
+    tabs->addTab(widget, actionIcon(QLatin1String(entry.action)), titleOf(entry));
     return widget;
 }
 

@@ -1,29 +1,16 @@
 #include "qrowmodel.h"
 
+#include "colours.h"
 #include "rowsorting.h"
 
 #include <QMimeData>
 #include <QSqlRecord>
-#include <QtMath>
 #include <algorithm>
 #include <charconv>
 #include <numeric>
 #include <vector>
 
 namespace {
-double linearLight(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : qPow((channel + 0.055) / 1.055, 2.4);
-}
-
-/// Black or white, whichever stands out more on the background.
-QColor readableOn(const QColor &background)
-{
-    const double light = 0.2126 * linearLight(background.redF()) + 0.7152 * linearLight(background.greenF()) +
-                         0.0722 * linearLight(background.blueF());
-    return light > 0.179 ? Qt::black : Qt::white;
-}
-
 qint64 numberOf(std::string_view bytes)
 {
     qint64 value = 0;

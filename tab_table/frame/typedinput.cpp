@@ -1,5 +1,7 @@
 #include "typedinput.h"
 
+#include "signs.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemDelegate>
 #include <QAbstractItemView>
@@ -143,14 +145,15 @@ QString controlCharactersRefusal(const QString &field)
         .arg(field);
 }
 
-void colourField(QLineEdit *field, bool isSound)
+void colourField(QLineEdit *field, const QString &why)
 {
     QPalette palette;
-    if (!isSound) {
+    if (!why.isEmpty()) {
         palette.setColor(QPalette::Base, QColor(255, 205, 205));
         palette.setColor(QPalette::Text, Qt::black);
     }
     field->setPalette(palette);
+    showRefusal(field, why);
 }
 
 void limitTo(QLineEdit *field, const char *pattern)

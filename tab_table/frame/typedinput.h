@@ -30,5 +30,5 @@ bool hasControlCharacters(const QString &text);
 QString controlCharactersRefusal(const QString &field);
 /// The field takes only what fits the pattern, or may still become so.
 void limitTo(QLineEdit *field, const char *pattern);
-/// Colours a field whose text is not sound, or takes the colour back.
-void colourField(QLineEdit *field, bool isSound);
+/// Colours a field whose text is refused and tells why beside it; an empty why takes that back.
+void colourField(QLineEdit *field, const QString &why);

@@ -1,6 +1,7 @@
 #include "linestate.h"
 
 #include "qrowmodel.h"
+#include "signs.h"
 
 #include <QBrush>
 #include <QCoreApplication>
@@ -11,42 +12,32 @@ struct Line
     Q_DECLARE_TR_FUNCTIONS(LineState)
 };
 
-QColor colourOf(LineState state)
+struct StateLook
 {
-    switch (state) {
-    case LineState::OnLine:
-        return {0, 255, 0};
-    case LineState::PartlyOnLine:
-        return {255, 255, 0};
-    case LineState::OffLine:
-        break;
-    }
-    return {255, 0, 0};
-}
+    QColor colour;
+    Sign sign;
+    const char *words;
+};
 
-QString wordsFor(LineState state)
+const StateLook &lookOf(LineState state)
 {
-    switch (state) {
-    case LineState::OnLine:
-        return Line::tr("На зв'язку");
-    case LineState::PartlyOnLine:
-        return Line::tr("Не всі каси на зв'язку");
-    case LineState::OffLine:
-        break;
-    }
-    return Line::tr("Немає зв'язку");
+    static const StateLook looks[] = {
+        {{0, 255, 0}, Sign::Good, QT_TRANSLATE_NOOP("LineState", "На зв'язку")},
+        {{255, 255, 0}, Sign::Partly, QT_TRANSLATE_NOOP("LineState", "Не всі каси на зв'язку")},
+        {{255, 0, 0}, Sign::Bad, QT_TRANSLATE_NOOP("LineState", "Немає зв'язку")},
+    };
+    return looks[static_cast<int>(state)];
 }
 } // namespace
 
 void showLineState(QRowModel *model, int row, const QVector<int> &columns, LineState state)
 {
-    const QString words = wordsFor(state);
+    const StateLook &look = lookOf(state);
     for (const int column : columns) {
         const QModelIndex cell = model->index(row, column);
-        model->setData(cell, QBrush(colourOf(state)), Qt::BackgroundRole);
+        model->setData(cell, QBrush(look.colour), Qt::BackgroundRole);
         // Black is readable on all three, whatever the palette.
         model->setData(cell, QBrush(Qt::black), Qt::ForegroundRole);
-        model->setData(cell, words, Qt::ToolTipRole);
-        model->setData(cell, words, Qt::AccessibleDescriptionRole);
+        showSign(model, cell, look.sign, Line::tr(look.words));
     }
 }

@@ -8,6 +8,7 @@
 #include "qmessdlg.h"
 #include "qmessevent.h"
 #include "qqestion.h"
+#include "signs.h"
 #include "typedinput.h"
 #include "ui_qaddedtgoods.h"
 
@@ -18,9 +19,10 @@
 namespace {
 const QLatin1String refusedStyle("background-color: #FF3333");
 
-void mark(QLineEdit *field, bool isRefused)
+void mark(QLineEdit *field, const QString &why)
 {
-    field->setStyleSheet(isRefused ? QString(refusedStyle) : QString());
+    field->setStyleSheet(why.isEmpty() ? QString() : QString(refusedStyle));
+    showRefusal(field, why);
 }
 } // namespace
 
@@ -267,7 +269,8 @@ void QAddEdtGoods::changRules(int index)
 
 void QAddEdtGoods::ChangeShtrih(QLineEdit *field)
 {
-    mark(field, !field->text().isEmpty() && !isTypedBarcode(field->text()));
+    const bool isRefused = !field->text().isEmpty() && !isTypedBarcode(field->text());
+    mark(field, isRefused ? tr("Новий штрихкод повинен мати 13 цифр.") : QString());
 }
 
 void QAddEdtGoods::ChangeShortName(const QString &text)
@@ -279,7 +282,8 @@ void QAddEdtGoods::ChangeShortName(const QString &text)
         ui->leShortName->setText(text.left(shortNameLength));
         ui->leShortName->setCursorPosition(qMin(cursor, shortNameLength));
     }
-    mark(ui->leShortName, isCut);
+    mark(ui->leShortName,
+         isCut ? tr("Довшою, ніж %1 знаків, коротка назва не буває.").arg(shortNameLength) : QString());
 }
 
 /// An item without a short name gets the beginning of its name; one that was stored without stays so.

@@ -118,7 +118,13 @@ void QAddEdtKass::loaded()
         preset();
     showGateway();
     ip_change(ui->leIp->text());
-    colourField(ui->leIp, m_isIpSound);
+    showIp();
+}
+
+void QAddEdtKass::showIp()
+{
+    colourField(ui->leIp,
+                m_isIpSound ? QString() : tr("Це не IP-адреса: потрібні чотири числа від 0 до 255."));
 }
 
 void QAddEdtKass::preset()
@@ -179,13 +185,13 @@ void QAddEdtKass::ip_change(const QString &text)
     m_isIpSound = isSoundAddress(typedAddress(ui->leIp));
     // What is wrong is coloured when the field is left: half an address is not wrong yet.
     if (m_isIpSound)
-        colourField(ui->leIp, true);
+        showIp();
 }
 
 bool QAddEdtKass::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui->leIp && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut))
-        colourField(ui->leIp, m_isIpSound);
+        showIp();
     return EditDialog::eventFilter(watched, event);
 }
 

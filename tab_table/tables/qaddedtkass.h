@@ -48,6 +48,7 @@ private:
     };
     QVector<RecordInput> inputs() const;
     void connectFields();
+    void showIp();
     void preset();
     Shop shop(const QString &id) const;
     void showGateway();

@@ -146,7 +146,7 @@ void QAddEdtShop::chang_type(int index)
 void QAddEdtShop::checkNetwork()
 {
     const bool isSound = isSoundAddress(typedAddress(ui->leNetwork));
-    colourField(ui->leNetwork, isSound);
+    colourField(ui->leNetwork, isSound ? QString() : ui->labelGateway->text());
     ui->labelGateway->setVisible(!isSound);
 }
 

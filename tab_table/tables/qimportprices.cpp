@@ -7,6 +7,7 @@
 #include "qmessevent.h"
 #include "qntableview.h"
 #include "qrowmodel.h"
+#include "signs.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -55,8 +56,10 @@ void markRefused(QRowModel *model, const PriceListPlan &plan)
 {
     for (int row = 0; row < model->rowCount(); ++row) {
         for (const PriceLine &line : plan.first) {
-            if (line.number == model->number(row, 0) && line.verdict >= PriceVerdict::ZeroPrice)
+            if (line.number == model->number(row, 0) && line.verdict >= PriceVerdict::ZeroPrice) {
                 model->setRowColour(row, refusedColour);
+                showSign(model, model->index(row, 0), Sign::Bad, line.words);
+            }
         }
     }
 }

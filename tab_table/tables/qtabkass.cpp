@@ -28,10 +28,10 @@ QTabKass::QTabKass(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, setti
         "kassa.id_shop=shops.id  LEFT JOIN (SELECT * FROM onoffline WHERE onoffline.dt_end IS NULL)  "
         "onoffline ON onoffline.id_kass=kassa.id LEFT JOIN type_device ON kassa.id_type=type_device.id  "
         "LEFT JOIN yesno ON kassa.block=yesno.id");
-    setColumns({{tr("Код"), 7, &asNumber},
-                {tr("Адреса магазину"), 34},
+    setColumns({{tr("Код"), 9, &asNumber},
+                {tr("Адреса магазину"), 32},
                 {tr("Рекламний рядок"), 25},
-                {tr("IP адреса"), 16},
+                {tr("IP адреса"), 18},
                 {tr("Тип пристрою"), 14},
                 {tr("Блок"), 7},
                 {QString(), 0, &asNumber, true},

@@ -32,7 +32,7 @@ QTabShops::QTabShops(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, set
         "(onoffline.onoff=0 OR onoffline.onoff IS NULL) GROUP BY kassa.id_shop) kassa ON "
         "kassa.id_shop=shops.id LEFT JOIN group_shop ON shops.group_shop=group_shop.id LEFT JOIN day_update "
         "ON shops.day_update=day_update.id LEFT JOIN yesno ON shops.block=yesno.id");
-    setColumns({{tr("Код"), 7, &asNumber},
+    setColumns({{tr("Код"), 9, &asNumber},
                 {tr("Адреса магазину"), 45},
                 {tr("Назва магазину"), 30},
                 {tr("Шлюз"), 18},

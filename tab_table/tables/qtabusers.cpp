@@ -11,6 +11,7 @@
 #include "qqestion.h"
 #include "qrowmodel.h"
 #include "setting.h"
+#include "signs.h"
 
 #include <QItemSelectionModel>
 #include <QMenu>
@@ -163,9 +164,11 @@ void QTabUsers::rowShown(int row)
 {
     const bool isShutOut = !mayEnter(model()->storedBytes(row, Entry));
     model()->setRowColour(row, isShutOut ? QColor(shutOutColour) : QColor());
-    const QVariant words = isShutOut ? tr("Група прав не дає входу до бекофісу.") : QVariant();
-    for (const int role : {Qt::ToolTipRole, Qt::AccessibleDescriptionRole})
-        model()->setData(model()->index(row, Entry), words, role);
+    const QModelIndex entry = model()->index(row, Entry);
+    if (isShutOut)
+        showSign(model(), entry, Sign::Bad, tr("Група прав не дає входу до бекофісу."));
+    else
+        endSign(model(), entry);
 }
 
 QVector<int> QTabUsers::selectedRows() const

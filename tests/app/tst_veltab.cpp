@@ -33,6 +33,7 @@
 #include <QTabWidget>
 #include <QTcpServer>
 #include <QTemporaryDir>
+#include <QToolBar>
 #include <QTranslator>
 
 /// The main window from the start to the rights of the user, against real and against missing servers.
@@ -50,6 +51,9 @@ private slots:
     void silentServerDoesNotFreeze();
     void wrongLoginMayTryAgain();
     void rightsShowTheMenus();
+    void toolBarFollowsRightsAndPages();
+    void toolBarIsRememberedForItsUser();
+    void everyActionHasItsIcon();
     void userWithoutAccessIsRefused();
     void changedRightsAreFollowed();
     void cancelledLoginKeepsTheUser();
@@ -130,6 +134,23 @@ bool isReading(QDialog *dialog)
 {
     return qobject_cast<QSelUser *>(dialog) != nullptr && !DbTasks::isIdle();
 }
+
+/// Letters of another size for a while.
+class Letters
+{
+public:
+    explicit Letters(int points) : m_before(QApplication::font())
+    {
+        QFont font = m_before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    }
+    ~Letters() { QApplication::setFont(m_before); }
+    Q_DISABLE_COPY(Letters)
+
+private:
+    QFont m_before;
+};
 } // namespace
 
 void TstVeltab::init()
@@ -330,6 +351,80 @@ void TstVeltab::rightsShowTheMenus()
     QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 0);
     QTest::keyClick(m_window.get(), Qt::Key_4, Qt::ControlModifier);
     QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 1);
+}
+
+void TstVeltab::toolBarFollowsRightsAndPages()
+{
+    const Letters usual(9);
+    addUser("viewer", "0=1 10=2 13=1 220=1");
+    startLoggedIn("viewer");
+    const auto *bar = child<QToolBar>(m_window.get(), "toolbar");
+    const auto seen = [bar] {
+        QStringList names;
+        for (QAction *one : bar->actions()) {
+            if (!one->isSeparator() && bar->widgetForAction(one)->isVisible())
+                names.append(one->objectName());
+        }
+        return names.join(' ');
+    };
+    QTRY_COMPARE(seen(), QString("mt_shops mt_goods"));
+    QVERIFY(showActive(m_window.get()));
+    QTest::mouseClick(bar->widgetForAction(action("mt_goods")), Qt::LeftButton);
+    waitOutTasks();
+    const auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    QCOMPARE(tabs->tabText(tabs->currentIndex()), QString("Товари"));
+    QVERIFY(!tabs->tabIcon(0).isNull());
+    // What is scanned next still goes into the page.
+    QVERIFY(tabs->currentWidget()->isAncestorOf(QApplication::focusWidget()));
+    QTRY_COMPARE(seen(), QString("mt_shops mt_goods add edit dell reload export_to_xlsx export_to_csv"));
+    action("mt_shops")->trigger();
+    QTRY_COMPARE(seen(), QString("mt_shops mt_goods reload export_to_xlsx export_to_csv"));
+    m_base->exec("DELETE FROM lst_permis WHERE id_prem IN(13,220) AND id_g_prem<>1");
+    m_window->readRights();
+    waitOutTasks();
+    QTRY_COMPARE(seen(), QString("mt_shops reload"));
+    m_window->closeAllTabs();
+    QTRY_COMPARE(seen(), QString("mt_shops"));
+}
+
+void TstVeltab::toolBarIsRememberedForItsUser()
+{
+    const Letters usual(9);
+    const auto isShown = [this] { return child<QToolBar>(m_window.get(), "toolbar")->isVisible(); };
+    addUser("worker", "0=1 13=1");
+    startLoggedIn("worker");
+    QTRY_VERIFY(isShown());
+    // The menu and the context menu of the bars have the same action.
+    QCOMPARE(m_window->createPopupMenu()->actions(), QList<QAction *>({action("show_toolbar")}));
+    action("show_toolbar")->trigger();
+    QVERIFY(!isShown());
+    addUser("other", "0=1 13=1");
+    startLoggedIn("other");
+    QTRY_VERIFY(isShown() && action("show_toolbar")->isChecked());
+    m_base->exec(QStringList{"UPDATE users SET pass=CONCAT('x',login)",
+                             "UPDATE users SET pass='' WHERE login='worker'"});
+    startLoggedIn("worker");
+    QTest::qWait(50);
+    QVERIFY(!isShown() && !action("show_toolbar")->isChecked());
+    action("show_toolbar")->trigger();
+    QVERIFY(isShown());
+}
+
+/// On a machine without any theme, too.
+void TstVeltab::everyActionHasItsIcon()
+{
+    const QStringList paths = QIcon::themeSearchPaths();
+    QIcon::setThemeSearchPaths({m_folder->path()});
+    startLoggedIn("admin");
+    QStringList without;
+    for (const QMenu *menu : child<QMenuBar>(m_window.get(), "menubar")->findChildren<QMenu *>()) {
+        for (const QAction *one : menu->actions()) {
+            if (!one->isSeparator() && !one->objectName().isEmpty() && one->icon().pixmap(16).isNull())
+                without.append(one->objectName() + ' ' + one->text());
+        }
+    }
+    QIcon::setThemeSearchPaths(paths);
+    QVERIFY2(without.isEmpty(), qPrintable("A line in icons.cpp for: " + without.join(", ")));
 }
 
 void TstVeltab::userWithoutAccessIsRefused()
@@ -710,12 +805,12 @@ void TstVeltab::placeComesBackOntoAScreen()
 /// 1024 x 600 with letters of 12 points; a title bar takes its share of the height.
 void TstVeltab::everyTabFitsASmallScreen()
 {
-    const QFont before = QApplication::font();
-    QFont large = before;
-    large.setPointSize(12);
-    QApplication::setFont(large);
+    const Letters large(12);
     addShopAndGoods();
     startLoggedIn("admin");
+    // With such letters the tool bar leaves its room to the pages, until it is asked for.
+    QCOMPARE(QGuiApplication::primaryScreen()->size().height(), 600);
+    QVERIFY(!action("show_toolbar")->isChecked());
     QStringList tooLarge;
     const auto actions = m_window->openingActions();
     for (QAction *one : actions) {
@@ -727,7 +822,6 @@ void TstVeltab::everyTabFitsASmallScreen()
                 QString("%1: %2 x %3").arg(one->objectName()).arg(least.width()).arg(least.height()));
         m_window->closeAllTabs();
     }
-    QApplication::setFont(before);
     QVERIFY2(tooLarge.isEmpty(), qPrintable(tooLarge.join('\n')));
 }
 

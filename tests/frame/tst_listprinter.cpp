@@ -2,6 +2,7 @@
 #include "listpages.h"
 #include "qmessevent.h"
 #include "qrowmodel.h"
+#include "signs.h"
 #include "testing.h"
 
 #include <QPaintEngine>
@@ -137,6 +138,7 @@ private slots:
     void everyPageTellsWhatItIs();
     void longTextsStayInTheirColumns();
     void columnsAreAsWideAsWhatTheyHold();
+    void signsArePrinted();
     void pdfHoldsAllPagesOrIsNotWritten();
     void previewOfALongListIsCalledOff();
 };
@@ -236,6 +238,30 @@ void TstListPrinter::columnsAreAsWideAsWhatTheyHold()
     QVERIFY2(!text.contains(QChar(0x2026)), qPrintable(text));
     for (const QString &word : shop.split(' '))
         QVERIFY2(text.contains(word), qPrintable(word + " in\n" + text));
+}
+
+/// Paper may have no colours.
+void TstListPrinter::signsArePrinted()
+{
+    if (!canReadPdf())
+        QSKIP("pdftotext (poppler-utils) is missing");
+    QRowModel model;
+    model.setColumns({{QStringLiteral("каса"), 20}});
+    model.insertRows(0, 2);
+    for (int row = 0; row < 2; ++row)
+        model.setData(model.index(row, 0), QStringLiteral("Каса %1").arg(row));
+    showSign(&model, model.index(1, 0), Sign::Bad, QStringLiteral("Немає зв'язку"));
+    QTableView view;
+    view.setModel(&model);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("каси.pdf"));
+    Heard heard;
+    const ListSnapshot list(model, &view, ListSnapshot::AsShown);
+    QVERIFY(saveListPdf(&heard, {{QStringLiteral("Каси")}, list, {}}, path));
+    waitOutJobs();
+    const QString text = textOfPdf(path);
+    QVERIFY2(text.contains(QStringLiteral("✗Каса1")) && !text.contains(QStringLiteral("✗Каса0")),
+             qPrintable(text));
 }
 
 void TstListPrinter::pdfHoldsAllPagesOrIsNotWritten()

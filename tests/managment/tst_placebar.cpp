@@ -7,6 +7,7 @@
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 #include <QSignalSpy>
 
 /// Shops and registers of the sale shop; the user's own shop is the first.
@@ -115,11 +116,16 @@ void TstPlaceBar::whatMayNotBeLeftStays()
     QCOMPARE(m_shops->currentText() + m_registers->currentText() + m_date->text(), before);
     QCOMPARE(goods.size() + kass.size(), 0);
     QVERIFY(!m_bar->chosenDate().isValid());
+    const auto *caption = child<QLabel>(m_bar.get(), QStringLiteral("label_dateEdit"));
+    QCOMPARE(caption->text(), QStringLiteral("Дата:"));
     mayLeave = true;
     changeAll();
     waitOutTasks();
     QCOMPARE(m_bar->place().kass, QStringLiteral("4"));
     QCOMPARE(m_bar->chosenDate(), today.addDays(-1));
+    // Not by its colour alone.
+    QCOMPARE(caption->text(), QStringLiteral("! Дата:"));
+    QCOMPARE(m_date->accessibleDescription(), QStringLiteral("Дата чека не сьогоднішня."));
     QCOMPARE(goods.size(), 2);
     QCOMPARE(kass.size(), 2);
 }

@@ -10,6 +10,7 @@
 #include "qrowmodel.h"
 #include "rangeselector.h"
 #include "saleclock.h"
+#include "signs.h"
 #include "slipprint.h"
 #include "waitchosen.h"
 
@@ -579,9 +580,12 @@ void TstQChekViewer::sumsThatDoNotAgreeAreRed()
     const auto red = [this] {
         QStringList rows;
         for (int row = 0; row < viewer().model()->rowCount(); ++row) {
-            if (viewer().model()->index(row, 0).data(Qt::BackgroundRole).value<QBrush>().color() == "#FF3333")
+            const QModelIndex first = viewer().model()->index(row, 0);
+            const bool isRed = first.data(Qt::BackgroundRole).value<QBrush>().color() == "#FF3333";
+            const bool isMarked = !first.siblingAtColumn(ChekList::Number).data(signRole).isNull();
+            if (isRed || isMarked)
                 rows.append(viewer().model()->stored(row, ChekList::Register) + '/' +
-                            viewer().model()->stored(row, ChekList::Number));
+                            viewer().model()->stored(row, ChekList::Number) + (isRed && isMarked ? "" : "?"));
         }
         rows.sort();
         return rows;

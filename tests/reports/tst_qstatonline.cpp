@@ -7,6 +7,7 @@
 #include "qreports.h"
 #include "qrowmodel.h"
 #include "qstatonline.h"
+#include "signs.h"
 #include "waitchosen.h"
 
 #include <QCheckBox>
@@ -104,7 +105,8 @@ QStringList TstQStatOnLine::grid()
             const QColor colour = cell.data(Qt::BackgroundRole).value<QColor>();
             const bool isOn = colour == QColor(0, 255, 0);
             line += !colour.isValid() ? ' ' : (isOn ? '+' : '-');
-            if (colour.isValid() && cell.data().toString() != (isOn ? "на зв'язку" : "без зв'язку"))
+            if (colour.isValid() && (cell.data().toString() != (isOn ? "на зв'язку" : "без зв'язку") ||
+                                     cell.data(signRole).toString() != (isOn ? "✓" : "✗")))
                 line += "?";
         }
         lines.append(line);

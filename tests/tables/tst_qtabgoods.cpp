@@ -12,6 +12,7 @@
 #include "qtabgoodsshops.h"
 #include "typedinput.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -411,7 +412,11 @@ void TstQTabGoods::scannedBarcodesAreAdded()
     field->clear();
     QCOMPARE(answerQuestion([&] { scan("482000000002"); }), QString("Новий штрихкод повинен мати 13 цифр."));
     QCOMPARE(field->styleSheet(), QString("background-color: #FF3333"));
+    // Not by its colour alone.
+    QCOMPARE(field->accessibleDescription(), QString("Новий штрихкод повинен мати 13 цифр."));
+    QVERIFY(child<QAction>(field, "refusalSign")->isVisible());
     field->clear();
+    QVERIFY(!child<QAction>(field, "refusalSign")->isVisible());
     const QString question = "Увага.\nКонтрольна цифра штрихкоду 4820000000018 невірна. Додати його?";
     QCOMPARE(answerConfirm([&] { scan("4820000000018"); }, false), question);
     QCOMPARE(list->count(), 1);

@@ -8,6 +8,7 @@
 #include "qrowmodel.h"
 #include "qtabkass.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -459,8 +460,10 @@ void TstQTabKass::wrongAddressIsColouredOnLeaving()
         ip->setText("300.1.1.1");
         QCOMPARE(ip->palette().color(QPalette::Base), usual);
         QVERIFY(leave() != usual);
+        QVERIFY(child<QAction>(ip, "refusalSign")->isVisible() && !ip->accessibleDescription().isEmpty());
         ip->setText("30.1.1.1");
         QCOMPARE(ip->palette().color(QPalette::Base), usual);
+        QVERIFY(!child<QAction>(ip, "refusalSign")->isVisible() && ip->accessibleDescription().isEmpty());
         ip->setText("300.1.1.1");
         QVERIFY2(saveMeets(editor).isEmpty(), "it is coloured, not refused");
     }));

@@ -9,6 +9,7 @@
 #include "qrowmodel.h"
 #include "qtabshops.h"
 #include "qupdatebd.h"
+#include "signs.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -217,11 +218,16 @@ void TstQTabShops::stateIsColouredAndTold()
     QCOMPARE(background(0), QString("#00ff00"));
     QCOMPARE(background(1), QString("#ffff00"));
     QCOMPARE(background(2), QString("#ff0000"));
-    QCOMPARE(m_tab->model()->index(1, 0).data(Qt::ToolTipRole).toString(), QString("Не всі каси на зв'язку"));
+    const auto sign = [this](int row) { return m_tab->model()->index(row, 0).data(signRole).toString(); };
+    QCOMPARE(sign(0) + sign(1) + sign(2), QString("✓!✗"));
+    const QModelIndex partly = m_tab->model()->index(1, 0);
+    QCOMPARE(partly.data().toString(), QString("11"));
+    for (const int role : {Qt::ToolTipRole, Qt::AccessibleDescriptionRole})
+        QCOMPARE(partly.data(role).toString(), QString("Не всі каси на зв'язку"));
     m_base->exec("UPDATE onoffline SET onoff=0 WHERE id_kass=20");
     m_tab->editadd("WHERE shops.id=10", m_tab->model()->index(0, 0), false);
     waitOutTasks();
-    QCOMPARE(background(0), QString("#ffff00"));
+    QCOMPARE(background(0) + sign(0), QString("#ffff00!"));
 }
 
 void TstQTabShops::onlyLongDragsToTheRightCount()

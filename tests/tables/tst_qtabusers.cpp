@@ -8,6 +8,7 @@
 #include "qrowmodel.h"
 #include "qseluser.h"
 #include "qtabusers.h"
+#include "signs.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -174,6 +175,7 @@ void TstQTabUsers::shutOutPeopleAreSeen()
         const QModelIndex cell = m_tab->model()->index(row, 6);
         QCOMPARE(cell.data(Qt::BackgroundRole).isValid(), row > 1);
         QCOMPARE(cell.data(Qt::ToolTipRole).toString().isEmpty(), row < 2);
+        QCOMPARE(cell.data(signRole).toString(), QString(row < 2 ? "" : "✗"));
     }
     enter(m_tab.get(), "cbEntry", "Вхід закрито");
     QCOMPARE(shown(0), QStringList({"11", "12", "13"}));
