@@ -9,6 +9,7 @@
 namespace Ui {
 class QCashReport;
 }
+class TypingPause;
 class QSplitter;
 
 /// How cash moved in the shops that the user sees: service cash of the registers and transfers between shops

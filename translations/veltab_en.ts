@@ -59,10 +59,6 @@
         <translation>Writing…</translation>
     </message>
     <message>
-        <source>Помилка запиту:</source>
-        <translation>Query error:</translation>
-    </message>
-    <message>
         <source>акцію знято</source>
         <translation>promotion taken off</translation>
     </message>
@@ -174,10 +170,6 @@
     <message>
         <source>Магазини не мають товару: %1.</source>
         <translation>Shops do not have the item: %1.</translation>
-    </message>
-    <message>
-        <source>Невідомі штрихкоди: %1 (%2).</source>
-        <translation>Unknown barcodes: %1 (%2).</translation>
     </message>
 </context>
 <context>
@@ -328,6 +320,37 @@
     </message>
 </context>
 <context>
+    <name>AttentionList</name>
+    <message>
+        <source>Каси без зв&apos;язку понад годину</source>
+        <translation>Registers off line for more than an hour</translation>
+    </message>
+    <message>
+        <source>Зміни, відкриті понад добу</source>
+        <translation>Shifts open for more than a day</translation>
+    </message>
+    <message>
+        <source>Закриті зміни, суми яких не сходяться (за %1 днів)</source>
+        <translation>Closed shifts whose sums disagree (of %1 days)</translation>
+    </message>
+    <message>
+        <source>Від&apos;ємні залишки</source>
+        <translation>Negative stock</translation>
+    </message>
+    <message>
+        <source>Акції, що закінчуються сьогодні</source>
+        <translation>Promotions that end today</translation>
+    </message>
+    <message>
+        <source>Товари без ціни</source>
+        <translation>Goods without a price</translation>
+    </message>
+    <message>
+        <source>Картки на заблокованому рівні</source>
+        <translation>Cards on a blocked level</translation>
+    </message>
+</context>
+<context>
     <name>BarcodeDialog</name>
     <message>
         <source>Список штрихкодів</source>
@@ -355,6 +378,410 @@
     <message>
         <source>Читається…</source>
         <translation>Reading…</translation>
+    </message>
+</context>
+<context>
+    <name>BulkForm</name>
+    <message>
+        <source>&amp;Група товарів:</source>
+        <translation>Goo&amp;ds group:</translation>
+    </message>
+    <message>
+        <source>Податко&amp;ва група:</source>
+        <translation>Tax &amp;group:</translation>
+    </message>
+    <message>
+        <source>За&amp;блоковані:</source>
+        <translation>&amp;Blocked:</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>Назва, код або штрихкод; відсканований штрихкод іде до списку</source>
+        <translation>Name, code or barcode; a scanned barcode goes to the list</translation>
+    </message>
+    <message>
+        <source>Список штри&amp;хкодів…</source>
+        <translation>&amp;List of barcodes…</translation>
+    </message>
+    <message>
+        <source>О&amp;чистити умови</source>
+        <translation>&amp;Clear the conditions</translation>
+    </message>
+    <message>
+        <source>&amp;Що змінити:</source>
+        <translation>&amp;Field to change:</translation>
+    </message>
+    <message>
+        <source>Вгору чи вниз</source>
+        <translation>Up or down</translation>
+    </message>
+    <message>
+        <source>На скільки відсотків</source>
+        <translation>By how many per cent</translation>
+    </message>
+    <message>
+        <source>На скільки гривень</source>
+        <translation>By how many hryvnias</translation>
+    </message>
+    <message>
+        <source>Заокругле&amp;ння:</source>
+        <translation>Rou&amp;nding:</translation>
+    </message>
+    <message>
+        <source>&amp;Нове значення:</source>
+        <translation>&amp;New value:</translation>
+    </message>
+    <message>
+        <source>&amp;Яку ціну:</source>
+        <translation>&amp;Kind of price:</translation>
+    </message>
+    <message>
+        <source>Групи &amp;магазинів:</source>
+        <translation>&amp;Shop groups:</translation>
+    </message>
+    <message>
+        <source>П&amp;ріоритет:</source>
+        <translation>Pri&amp;ority:</translation>
+    </message>
+    <message>
+        <source>Де &amp;ціни немає:</source>
+        <translation>Where there is none:</translation>
+    </message>
+    <message>
+        <source>Лише те, що змін&amp;иться</source>
+        <translation>Only what changes</translation>
+    </message>
+    <message>
+        <source>Перег&amp;лянути</source>
+        <translation>Previe&amp;w</translation>
+    </message>
+    <message>
+        <source>З&amp;упинити</source>
+        <translation>Stop quer&amp;y</translation>
+    </message>
+    <message>
+        <source>Ціна на відсоток</source>
+        <translation>Price by per cent</translation>
+    </message>
+    <message>
+        <source>Ціна на суму</source>
+        <translation>Price by an amount</translation>
+    </message>
+    <message>
+        <source>підняти на</source>
+        <translation>raise by</translation>
+    </message>
+    <message>
+        <source>знизити на</source>
+        <translation>lower by</translation>
+    </message>
+    <message>
+        <source>Базова ціна товару</source>
+        <translation>Base price of the item</translation>
+    </message>
+    <message>
+        <source>Ціни груп магазинів</source>
+        <translation>Prices of shop groups</translation>
+    </message>
+    <message>
+        <source>пропустити</source>
+        <translation>leave out</translation>
+    </message>
+    <message>
+        <source>створити з чинної</source>
+        <translation>make of the current one</translation>
+    </message>
+    <message>
+        <source>Усі</source>
+        <translation>All</translation>
+    </message>
+    <message>
+        <source>Ні</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Так</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>У групи магазинів може не бути своєї ціни з цим пріоритетом. Її можна створити: від ціни, за якою магазини групи продають зараз.</source>
+        <translation>A shop group may have no price of its own with this priority. It can be made: of the price at which the shops of the group sell now.</translation>
+    </message>
+    <message>
+        <source>Усі групи товарів</source>
+        <translation>All goods groups</translation>
+    </message>
+    <message>
+        <source>Усі податкові групи</source>
+        <translation>All tax groups</translation>
+    </message>
+    <message>
+        <source>Усі групи магазинів</source>
+        <translation>All shop groups</translation>
+    </message>
+    <message>
+        <source>заблокувати</source>
+        <translation>block</translation>
+    </message>
+    <message>
+        <source>дозволити продаж</source>
+        <translation>allow the sale</translation>
+    </message>
+    <message>
+        <source>Виберіть значення</source>
+        <translation>Choose a value</translation>
+    </message>
+    <message>
+        <source>грн</source>
+        <translation>UAH</translation>
+    </message>
+    <message>
+        <source>До найближчої такої ціни, посередині — вгору; не нижче %1.</source>
+        <translation>To the nearest such price, half way upwards; not below %1.</translation>
+    </message>
+    <message>
+        <source>Нове значення отримають усі знайдені товари, крім пропущених.</source>
+        <translation>All goods found get the new value, but for those left out.</translation>
+    </message>
+    <message>
+        <source>базова</source>
+        <translation>base</translation>
+    </message>
+    <message>
+        <source>Виберіть хоча б одну групу магазинів.</source>
+        <translation>Choose at least one shop group.</translation>
+    </message>
+    <message>
+        <source>Зупиняється…</source>
+        <translation>Stopping…</translation>
+    </message>
+</context>
+<context>
+    <name>BulkPlan</name>
+    <message>
+        <source>Ціна</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>Група товарів</source>
+        <translation>Goods group</translation>
+    </message>
+    <message>
+        <source>Податкова група</source>
+        <translation>Tax group</translation>
+    </message>
+    <message>
+        <source>Блокування</source>
+        <translation>Blocked</translation>
+    </message>
+    <message>
+        <source>Правило</source>
+        <translation>Rule</translation>
+    </message>
+    <message>
+        <source>буде змінено</source>
+        <translation>will be changed</translation>
+    </message>
+    <message>
+        <source>буде створено</source>
+        <translation>will be created</translation>
+    </message>
+    <message>
+        <source>буде змінено; заокруглення веде в інший бік</source>
+        <translation>will be changed; the rounding goes the other way</translation>
+    </message>
+    <message>
+        <source>нічого не зміниться</source>
+        <translation>nothing will change</translation>
+    </message>
+    <message>
+        <source>пропущено: немає ціни</source>
+        <translation>left out: no price</translation>
+    </message>
+    <message>
+        <source>пропущено: немає ціни групи</source>
+        <translation>left out: no price of the group</translation>
+    </message>
+    <message>
+        <source>пропущено: товар заблоковано</source>
+        <translation>left out: the item is blocked</translation>
+    </message>
+    <message>
+        <source>пропущено: від ціни нічого не лишиться</source>
+        <translation>left out: nothing would be left of the price</translation>
+    </message>
+    <message>
+        <source>пропущено: ціна була б понад %1</source>
+        <translation>left out: the price would be above %1</translation>
+    </message>
+    <message>
+        <source>пропущено: у групі вже є товар з таким правилом</source>
+        <translation>left out: another item of the group has this rule</translation>
+    </message>
+    <message>
+        <source>пропущено: у групі таке правило отримали б кілька товарів</source>
+        <translation>left out: several items of the group would get this rule</translation>
+    </message>
+    <message>
+        <source>Перегляд зупинено.</source>
+        <translation>The preview was stopped.</translation>
+    </message>
+    <message>
+        <source>є в залишках</source>
+        <translation>is in stock</translation>
+    </message>
+    <message>
+        <source>є в передачах у дорозі</source>
+        <translation>is on the way between shops</translation>
+    </message>
+    <message>
+        <source>Ні</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>Так</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Нічого не зміниться.</source>
+        <translation>Nothing will change.</translation>
+    </message>
+    <message>
+        <source>Зміниться цін: %1 (різних товарів: %2).</source>
+        <translation>Prices that will change: %1 (different goods: %2).</translation>
+    </message>
+    <message>
+        <source>Зміниться товарів: %1.</source>
+        <translation>Goods that will change: %1.</translation>
+    </message>
+    <message>
+        <source>Сума цін: %1 → %2 (різниця %3).</source>
+        <translation>Sum of the prices: %1 → %2 (difference %3).</translation>
+    </message>
+    <message>
+        <source>З них буде створено (досі там діє ціна з іншого рядка): %1.</source>
+        <translation>Of them to be created (so far another price is in force there): %1.</translation>
+    </message>
+    <message>
+        <source>З них заокруглення веде в інший бік: %1.</source>
+        <translation>Of them the rounding goes the other way: %1.</translation>
+    </message>
+    <message>
+        <source>Без змін: %1.</source>
+        <translation>Unchanged: %1.</translation>
+    </message>
+    <message>
+        <source>Немає ціни: %1.</source>
+        <translation>No price: %1.</translation>
+    </message>
+    <message>
+        <source>Група не має своєї ціни: %1.</source>
+        <translation>The group has no price of its own: %1.</translation>
+    </message>
+    <message>
+        <source>Заблоковані: %1.</source>
+        <translation>Blocked: %1.</translation>
+    </message>
+    <message>
+        <source>Нічого не лишилося б: %1.</source>
+        <translation>Nothing would be left: %1.</translation>
+    </message>
+    <message>
+        <source>Завелика ціна: %1.</source>
+        <translation>Price too high: %1.</translation>
+    </message>
+    <message>
+        <source>Правило вже має інший товар групи: %1.</source>
+        <translation>Another item of the group has the rule: %1.</translation>
+    </message>
+    <message>
+        <source>Правило отримали б кілька товарів групи: %1.</source>
+        <translation>Several items of the group would get the rule: %1.</translation>
+    </message>
+    <message>
+        <source> (пріоритет %1)</source>
+        <translation> (priority %1)</translation>
+    </message>
+</context>
+<context>
+    <name>BulkPrice</name>
+    <message>
+        <source>до копійки</source>
+        <translation>to the kopeck</translation>
+    </message>
+    <message>
+        <source>до .%1</source>
+        <translation>to .%1</translation>
+    </message>
+    <message>
+        <source>%1 грн</source>
+        <translation>%1 UAH</translation>
+    </message>
+</context>
+<context>
+    <name>BulkWriter</name>
+    <message>
+        <source>Невідомо, чи записано: сервер не відповів. Коли зв&apos;язок відновиться, перегляньте ще раз: буде видно, що змінилося.</source>
+        <translation>It is not known whether this was written: the server has not answered. When the connection is back, preview once more: you will see what has changed.</translation>
+    </message>
+    <message>
+        <source>Зупинено, у базу нічого не записано.</source>
+        <translation>Stopped, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>Не вдалося, у базу нічого не записано.</source>
+        <translation>This did not work, nothing was written into the database.</translation>
+    </message>
+    <message>
+        <source>Звірка з базою</source>
+        <translation>Comparing with the database</translation>
+    </message>
+    <message>
+        <source>не повернуто: змінив хтось інший</source>
+        <translation>not put back: changed by somebody else</translation>
+    </message>
+    <message>
+        <source>Скасувати не можна, нічого не записано: після вас дещо змінив хтось інший (%1): %2%3.</source>
+        <translation>This cannot be undone, nothing was written: somebody else has changed some of it since (%1): %2%3.</translation>
+    </message>
+    <message>
+        <source>(тепер %1)</source>
+        <translation>(now %1)</translation>
+    </message>
+    <message>
+        <source>(тепер без ціни)</source>
+        <translation>(no price now)</translation>
+    </message>
+    <message>
+        <source>Записується…</source>
+        <translation>Writing…</translation>
+    </message>
+    <message>
+        <source>пропущено: тим часом змінив хтось інший</source>
+        <translation>left out: changed by somebody else meanwhile</translation>
+    </message>
+    <message>
+        <source>повернуто, як було</source>
+        <translation>put back as it was</translation>
+    </message>
+    <message>
+        <source>записано</source>
+        <translation>written</translation>
+    </message>
+    <message>
+        <source>Останню зміну скасовано: повернуто %1.</source>
+        <translation>The last change was undone: %1 put back.</translation>
+    </message>
+    <message>
+        <source>Записано: %1.</source>
+        <translation>Written: %1.</translation>
+    </message>
+    <message>
+        <source>Пропущено, бо тим часом їх змінив хтось інший: %1.</source>
+        <translation>Left out because somebody else has changed them meanwhile: %1.</translation>
     </message>
 </context>
 <context>
@@ -488,6 +915,200 @@
     <message>
         <source>Відсутні дані після запиту</source>
         <translation>No data after the query</translation>
+    </message>
+</context>
+<context>
+    <name>CashEndFields</name>
+    <message>
+        <source>Зміна ще не відкрита: її відкриє ця операція.</source>
+        <translation>There is no open shift yet: this operation opens it.</translation>
+    </message>
+    <message>
+        <source>За зміною № %1 у касі має бути %2.</source>
+        <translation>By shift No. %1 the register should have %2.</translation>
+    </message>
+    <message>
+        <source>Зміну відкрив інший користувач: записати може лише він.</source>
+        <translation>The shift was opened by another user: only he can write.</translation>
+    </message>
+    <message>
+        <source>Каси ще читаються. Повторіть.</source>
+        <translation>The registers are still being read. Try again.</translation>
+    </message>
+    <message>
+        <source>Виберіть касу.</source>
+        <translation>Choose the register.</translation>
+    </message>
+    <message>
+        <source>Виберіть службову операцію. Їх список – у довіднику «Службові операції».</source>
+        <translation>Choose the service operation. They are listed in the table “Service operations”.</translation>
+    </message>
+</context>
+<context>
+    <name>CashInvoice</name>
+    <message>
+        <source>накладна № %1</source>
+        <translation>invoice No. %1</translation>
+    </message>
+    <message>
+        <source>Суму накладної тим часом змінено: тепер це %1. Відкрийте її ще раз.</source>
+        <translation>The sum of the invoice was changed meanwhile: it is %1 now. Open it once more.</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, до якого передається готівка.</source>
+        <translation>Choose the shop to which the cash is sent.</translation>
+    </message>
+    <message>
+        <source>Готівку не можна передати до того самого магазину. Виберіть інший.</source>
+        <translation>Cash cannot be sent to the same shop. Choose another one.</translation>
+    </message>
+    <message>
+        <source>Введіть суму, більшу за нуль.</source>
+        <translation>Enter a sum greater than zero.</translation>
+    </message>
+</context>
+<context>
+    <name>CashMoves</name>
+    <message>
+        <source>внесення</source>
+        <translation>cash in</translation>
+    </message>
+    <message>
+        <source>вилучення</source>
+        <translation>cash out</translation>
+    </message>
+    <message>
+        <source>закриття зміни</source>
+        <translation>closing of the shift</translation>
+    </message>
+    <message>
+        <source>зміна № </source>
+        <translation>shift No. </translation>
+    </message>
+    <message>
+        <source>надіслано</source>
+        <translation>sent</translation>
+    </message>
+    <message>
+        <source>прийнято</source>
+        <translation>accepted</translation>
+    </message>
+    <message>
+        <source>невідомо</source>
+        <translation>unknown</translation>
+    </message>
+    <message>
+        <source>сейф</source>
+        <translation>safe</translation>
+    </message>
+    <message>
+        <source>Разом</source>
+        <translation>Total</translation>
+    </message>
+    <message>
+        <source>Внесено в касу</source>
+        <translation>Brought into the register</translation>
+    </message>
+    <message>
+        <source>Вилучено з каси</source>
+        <translation>Taken out of the register</translation>
+    </message>
+    <message>
+        <source>Надіслано</source>
+        <translation>Sent</translation>
+    </message>
+    <message>
+        <source>З них у дорозі</source>
+        <translation>Of these on the way</translation>
+    </message>
+    <message>
+        <source>З них не дійшло</source>
+        <translation>Of these missing</translation>
+    </message>
+    <message>
+        <source>Прийнято</source>
+        <translation>Accepted</translation>
+    </message>
+    <message>
+        <source>Час</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Рух</source>
+        <translation>Move</translation>
+    </message>
+    <message>
+        <source>Операція / магазин</source>
+        <translation>Operation / shop</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Працівник</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>Примітка</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Чек / накладна №</source>
+        <translation>Receipt / invoice No.</translation>
+    </message>
+    <message>
+        <source>Група</source>
+        <translation>Group</translation>
+    </message>
+    <message>
+        <source>Операцій</source>
+        <translation>Operations</translation>
+    </message>
+</context>
+<context>
+    <name>CashWriter</name>
+    <message>
+        <source>Введіть суму, більшу за нуль.</source>
+        <translation>Enter a sum greater than zero.</translation>
+    </message>
+    <message>
+        <source>Службову операцію «%1» тим часом змінено. Виберіть операцію ще раз.</source>
+        <translation>The service operation “%1” was changed meanwhile. Choose the operation once more.</translation>
+    </message>
+    <message>
+        <source>Стільки готівки зміна не вмістить: її стало б більше за %1. Закрийте зміну.</source>
+        <translation>The shift does not hold so much cash: there would be more than %1. Close the shift.</translation>
+    </message>
+    <message>
+        <source>З даним магазином працює інший користувач.
+Зачекайте або зв&apos;яжіться з пітримкою.</source>
+        <translation>Another user is working with this shop.
+Wait or contact support.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 щойно закрила інша програма. Готівку не записано. Запишіть її ще раз: вона відкриє нову зміну.</source>
+        <translation>Another program has just closed shift No. %1. The cash was not written. Write it once more: it opens a new shift.</translation>
+    </message>
+    <message>
+        <source>На касі зараз записує інша програма. Готівку не записано. Запишіть її ще раз.</source>
+        <translation>Another program is writing at the register. The cash was not written. Write it once more.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису чека № %1 і невідомо, чи його записано. Запишіть ще раз: програма спершу запитає сервер.</source>
+        <translation>The connection broke while receipt No. %1 was written, and it is not known whether it is there. Write it once more: the program asks the server first.</translation>
+    </message>
+    <message>
+        <source>Готівку не записано. Запишіть її ще раз.</source>
+        <translation>The cash was not written. Write it once more.</translation>
+    </message>
+    <message>
+        <source>За зміною в касі %1, а вилучається %2. Більше може бути лише тоді, коли в касі залишилась готівка попередньої зміни.</source>
+        <translation>By its shift the register has %1, and %2 is to be taken out. There can only be more if cash of an earlier shift was left in it.</translation>
     </message>
 </context>
 <context>
@@ -798,6 +1419,25 @@ Wait or contact support.</translation>
     <message>
         <source>Спершу додайте групу магазинів і дозвольте її у правах користувача.</source>
         <translation>First add a shop group and permit it in the user&apos;s rights.</translation>
+    </message>
+</context>
+<context>
+    <name>CountDesk</name>
+    <message>
+        <source>Код «%1» не враховано: пораховане вже записується.</source>
+        <translation>Code “%1” was not taken: what was counted is being written.</translation>
+    </message>
+    <message>
+        <source>&amp;Рахувати далі</source>
+        <translation>&amp;Go on counting</translation>
+    </message>
+    <message>
+        <source>Товар «%1» ще не пораховано. Натисніть Enter або очистіть поле.</source>
+        <translation>Item “%1” is not counted yet. Press Enter or clear the field.</translation>
+    </message>
+    <message>
+        <source>Не пораховано позицій: %1. Введіть кількість; 0 — коли товару немає.</source>
+        <translation>Lines not counted: %1. Enter the quantity; 0 if there is none.</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1863,17 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>FirstStepsView</name>
+    <message>
+        <source>Кроки до першого продажу</source>
+        <translation>Steps to the first sale</translation>
+    </message>
+    <message>
+        <source>Кроки без кнопок роблять ті, хто має на них права.</source>
+        <translation>Steps without a button are made by those who have the right to.</translation>
+    </message>
+</context>
+<context>
     <name>Goods</name>
     <message>
         <source>Товар не збережено: штрихкод %1 вже має товар №%2 &quot;%3&quot;.</source>
@@ -1507,6 +2158,581 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>Integrity</name>
+    <message>
+        <source>Таблиці бази</source>
+        <translation>Tables of the database</translation>
+    </message>
+    <message>
+        <source>Створіть її: «Сервіс», «Створити таблиці». Якщо вона була раніше, спершу відновіть її з копії.</source>
+        <translation>Create it: “Service”, “Create tables”. If it was there before, restore it from a backup first.</translation>
+    </message>
+    <message>
+        <source>Колонки таблиць</source>
+        <translation>Columns of the tables</translation>
+    </message>
+    <message>
+        <source>Передайте адміністратору бази: інші програми мережі читають ті самі колонки.</source>
+        <translation>Tell the database administrator: other programs of the chain read the same columns.</translation>
+    </message>
+    <message>
+        <source>Ключі таблиць</source>
+        <translation>Keys of the tables</translation>
+    </message>
+    <message>
+        <source>Передайте адміністратору бази: без ключа з&apos;являються двійники, із зайвим – відмови.</source>
+        <translation>Tell the database administrator: without a key doubles appear, with one too many records are refused.</translation>
+    </message>
+    <message>
+        <source>Зовнішні ключі</source>
+        <translation>Foreign keys</translation>
+    </message>
+    <message>
+        <source>Передайте адміністратору бази: без ключа залишаються записи, що ні на що не вказують.</source>
+        <translation>Tell the database administrator: without the key records stay that point to nothing.</translation>
+    </message>
+    <message>
+        <source>Рушії таблиць</source>
+        <translation>Engines of the tables</translation>
+    </message>
+    <message>
+        <source>Зробіть копію бази і переведіть таблицю: ALTER TABLE {table} ENGINE=InnoDB.</source>
+        <translation>Back up the database and convert the table: ALTER TABLE {table} ENGINE=InnoDB.</translation>
+    </message>
+    <message>
+        <source>Кодування і порівняння</source>
+        <translation>Character sets and collations</translation>
+    </message>
+    <message>
+        <source>Зробіть копію бази і переведіть таблицю: ALTER TABLE {table} CONVERT TO CHARACTER SET utf8mb4.</source>
+        <translation>Back up the database and convert the table: ALTER TABLE {table} CONVERT TO CHARACTER SET utf8mb4.</translation>
+    </message>
+    <message>
+        <source>Суми змін за чеками</source>
+        <translation>Sums of shifts by receipts</translation>
+    </message>
+    <message>
+        <source>Зміна № {zvit}: {sums}.</source>
+        <translation>Shift no. {zvit}: {sums}.</translation>
+    </message>
+    <message>
+        <source>Звірте з Z-звітом каси: або у базі бракує чеків, або зміну змінено поза програмою.</source>
+        <translation>Compare with the Z-report of the register: either receipts are missing or the shift was changed outside of the program.</translation>
+    </message>
+    <message>
+        <source>Зміни без чеків</source>
+        <translation>Shifts without receipts</translation>
+    </message>
+    <message>
+        <source>У зміни № {zvit} є суми, а чеків немає: {sums}.</source>
+        <translation>Shift no. {zvit} has sums and no receipts: {sums}.</translation>
+    </message>
+    <message>
+        <source>Чеки зміни не передано або видалено: відновіть їх з каси чи з копії бази.</source>
+        <translation>The receipts of the shift were not transmitted or were deleted: restore them from the register or from a backup.</translation>
+    </message>
+    <message>
+        <source>Чеки без зміни</source>
+        <translation>Receipts without a shift</translation>
+    </message>
+    <message>
+        <source>Чеки зміни № {zvit} (від № {chek}, рядків: {rows_}) є, а самої зміни немає.</source>
+        <translation>There are receipts of shift no. {zvit} (from no. {chek}, lines: {rows_}), but no such shift.</translation>
+    </message>
+    <message>
+        <source>Відновіть зміну з копії бази: без неї цих чеків немає у Z-звітах.</source>
+        <translation>Restore the shift from a backup: without it these receipts are in no Z-report.</translation>
+    </message>
+    <message>
+        <source>Магазин зміни</source>
+        <translation>Shop of the shift</translation>
+    </message>
+    <message>
+        <source>Зміна № {zvit} записана в одному магазині, а її чеки – в іншому (№ {otherShop}).</source>
+        <translation>Shift no. {zvit} belongs to one shop, its receipts to another one (no. {otherShop}).</translation>
+    </message>
+    <message>
+        <source>Перевірте, де стояла каса: звіти магазинів рахують цю зміну і її чеки окремо.</source>
+        <translation>Find out where the register stood: the reports of the shops count this shift and its receipts apart.</translation>
+    </message>
+    <message>
+        <source>Зміни без стану</source>
+        <translation>Shifts without a state</translation>
+    </message>
+    <message>
+        <source>У зміни № {zvit} немає часу: вона ані відкрита, ані закрита.</source>
+        <translation>Shift no. {zvit} has no time: it is neither open nor closed.</translation>
+    </message>
+    <message>
+        <source>Передайте адміністратору бази: нової зміни з таким номером каса не відкриє.</source>
+        <translation>Tell the database administrator: the register cannot open a new shift of that number.</translation>
+    </message>
+    <message>
+        <source>Зміни, відкриті довше доби</source>
+        <translation>Shifts open longer than a day</translation>
+    </message>
+    <message>
+        <source>Зміна № {zvit} відкрита з {began:time}.</source>
+        <translation>Shift no. {zvit} is open since {began:time}.</translation>
+    </message>
+    <message>
+        <source>Закрийте зміну Z-звітом.</source>
+        <translation>Close the shift by its Z-report.</translation>
+    </message>
+    <message>
+        <source>Z-чеки змін</source>
+        <translation>Z-receipts of shifts</translation>
+    </message>
+    <message>
+        <source>Зміна № {zvit}: {zReceipt}.</source>
+        <translation>Shift no. {zvit}: {zReceipt}.</translation>
+    </message>
+    <message>
+        <source>Звірте із Z-звітом каси: закриття зміни записано не повністю або змінено.</source>
+        <translation>Compare with the Z-report of the register: the closing was not wholly written, or was changed.</translation>
+    </message>
+    <message>
+        <source>Номери змін двічі</source>
+        <translation>Shift numbers twice</translation>
+    </message>
+    <message>
+        <source>Номер зміни {zvit} є на касі двічі: змін {shifts}, Z-чеків {zRows}.</source>
+        <translation>Shift number {zvit} is there twice on the register: {shifts} shifts, {zRows} Z-receipts.</translation>
+    </message>
+    <message>
+        <source>Передайте адміністратору бази: дві програми закрили на касі зміну з одним номером.</source>
+        <translation>Tell the database administrator: two programs have closed a shift of one number on the register.</translation>
+    </message>
+    <message>
+        <source>Оплата чеків</source>
+        <translation>Payments of receipts</translation>
+    </message>
+    <message>
+        <source>Чек № {chek}: товари {goods:money}, знижка {off:money}, до оплати {due:money}, оплачено {paid:money}.</source>
+        <translation>Receipt no. {chek}: goods {goods:money}, discount {off:money}, to pay {due:money}, paid {paid:money}.</translation>
+    </message>
+    <message>
+        <source>Звірте з чеком каси: товари без знижки, сума до оплати і оплачене мають бути рівні.</source>
+        <translation>Compare with the receipt of the register: goods less the discount, the sum to pay and what was paid have to be equal.</translation>
+    </message>
+    <message>
+        <source>Номери чеків двічі</source>
+        <translation>Receipt numbers twice</translation>
+    </message>
+    <message>
+        <source>Під номером {chek} на касі записано кілька документів.</source>
+        <translation>Several documents have the number {chek} on the register.</translation>
+    </message>
+    <message>
+        <source>Дві програми писали на касі водночас: звірте обидва документи з контрольною стрічкою.</source>
+        <translation>Two programs wrote on the register at once: compare both documents with the journal tape.</translation>
+    </message>
+    <message>
+        <source>Номери чеків у двох магазинах</source>
+        <translation>Receipt numbers in two shops</translation>
+    </message>
+    <message>
+        <source>Чек № {chek} цієї каси є і в іншому магазині (№ {otherShop}).</source>
+        <translation>Receipt no. {chek} of this register is there in another shop, too (no. {otherShop}).</translation>
+    </message>
+    <message>
+        <source>Номери каси не мають повторюватись: звірте обидва чеки з контрольною стрічкою.</source>
+        <translation>Numbers of a register must not repeat: compare both receipts with the journal tape.</translation>
+    </message>
+    <message>
+        <source>Пропущені номери чеків</source>
+        <translation>Receipt numbers left out</translation>
+    </message>
+    <message>
+        <source>Після чека № {chek} відразу йде № {nextChek}.</source>
+        <translation>Behind receipt no. {chek} comes no. {nextChek}.</translation>
+    </message>
+    <message>
+        <source>Між ними чеки видалено або не передано: звірте з контрольною стрічкою каси.</source>
+        <translation>The receipts between them were deleted or not transmitted: compare with the journal tape of the register.</translation>
+    </message>
+    <message>
+        <source>Пропущені номери змін</source>
+        <translation>Shift numbers left out</translation>
+    </message>
+    <message>
+        <source>Після зміни № {zvit} відразу йде № {nextZvit}.</source>
+        <translation>Behind shift no. {zvit} comes no. {nextZvit}.</translation>
+    </message>
+    <message>
+        <source>Між ними зміни видалено або не передано: звірте із Z-звітами каси.</source>
+        <translation>The shifts between them were deleted or not transmitted: compare with the Z-reports of the register.</translation>
+    </message>
+    <message>
+        <source>Кілька відкритих змін на касі</source>
+        <translation>Several open shifts of a register</translation>
+    </message>
+    <message>
+        <source>На касі відкрито кілька змін: № {numbers}.</source>
+        <translation>Several shifts of the register are open: no. {numbers}.</translation>
+    </message>
+    <message>
+        <source>Відкритою має бути одна: закрийте решту Z-звітом або зверніться до адміністратора бази.</source>
+        <translation>Only one may be open: close the others by Z-reports or tell the database administrator.</translation>
+    </message>
+    <message>
+        <source>Чеки кас, яких немає</source>
+        <translation>Receipts of missing registers</translation>
+    </message>
+    <message>
+        <source>Є чеки № {chek}–{high} каси № {kass}, а самої каси у базі немає.</source>
+        <translation>There are receipts no. {chek}–{high} of register no. {kass}, but no such register.</translation>
+    </message>
+    <message>
+        <source>Відновіть касу з копії бази: без неї її чеків немає у звітах за касами.</source>
+        <translation>Restore the register from a backup: without it its receipts are in no report by register.</translation>
+    </message>
+    <message>
+        <source>Від&apos;ємні залишки</source>
+        <translation>Negative stock</translation>
+    </message>
+    <message>
+        <source>Товар {goods} «{name}»: у залі {count_showroom:quantity}, на складі {count_syllable:quantity}.</source>
+        <translation>Item {goods} “{name}”: {count_showroom:quantity} on the floor, {count_syllable:quantity} in the store room.</translation>
+    </message>
+    <message>
+        <source>Запишіть прийом, переміщення чи передачу, яких бракує, або перерахуйте товар.</source>
+        <translation>Write the receiving, the movement or the transfer that is missing, or count the goods.</translation>
+    </message>
+    <message>
+        <source>Залишки товарів, яких немає</source>
+        <translation>Stock of missing goods</translation>
+    </message>
+    <message>
+        <source>Є залишок товару № {goods} (у залі {count_showroom:quantity}, на складі {count_syllable:quantity}), а самого товару немає.</source>
+        <translation>There is stock of item no. {goods} ({count_showroom:quantity} on the floor, {count_syllable:quantity} in the store room), but no such item.</translation>
+    </message>
+    <message>
+        <source>Відновіть товар з копії бази або попросіть адміністратора бази прибрати залишок.</source>
+        <translation>Restore the item from a backup, or ask the database administrator to remove the stock.</translation>
+    </message>
+    <message>
+        <source>Залишки магазинів, яких немає</source>
+        <translation>Stock of missing shops</translation>
+    </message>
+    <message>
+        <source>Є залишки магазину № {shop} (товарів: {count}), а самого магазину немає.</source>
+        <translation>There is stock of shop no. {shop} (items: {count}), but no such shop.</translation>
+    </message>
+    <message>
+        <source>Відновіть магазин з копії бази або попросіть адміністратора бази прибрати залишки.</source>
+        <translation>Restore the shop from a backup, or ask the database administrator to remove the stock.</translation>
+    </message>
+    <message>
+        <source>Акції, яких немає</source>
+        <translation>Missing promotions</translation>
+    </message>
+    <message>
+        <source>Товар № {goods} має акцію № {action}, якої немає.</source>
+        <translation>Item no. {goods} has promotion no. {action}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Призначте товару іншу акцію в «Управлінні акціями».</source>
+        <translation>Give another promotion to the item in “Promotions management”.</translation>
+    </message>
+    <message>
+        <source>Контрольні цифри штрихкодів</source>
+        <translation>Check digits of barcodes</translation>
+    </message>
+    <message>
+        <source>Штрихкод {code} товару {goods} «{name}» не має вірної контрольної цифри.</source>
+        <translation>Barcode {code} of item {goods} “{name}” has no right check digit.</translation>
+    </message>
+    <message>
+        <source>Проскануйте товар ще раз і виправте код: такого коду сканер не прочитає.</source>
+        <translation>Scan the item once more and correct the code: no scanner reads such a code.</translation>
+    </message>
+    <message>
+        <source>Штрихкоди двічі</source>
+        <translation>Barcodes twice</translation>
+    </message>
+    <message>
+        <source>Той самий штрихкод ({codes}) мають товари № {goods}.</source>
+        <translation>The items no. {goods} have the same barcode ({codes}).</translation>
+    </message>
+    <message>
+        <source>Залиште код в одного товару: каса продає той, що знайде першим.</source>
+        <translation>Leave the code to one item: the register sells the one that it finds first.</translation>
+    </message>
+    <message>
+        <source>Ціни товарів, яких немає</source>
+        <translation>Prices of missing goods</translation>
+    </message>
+    <message>
+        <source>Є ціна {price:money} товару № {goods}, а самого товару немає.</source>
+        <translation>There is a price {price:money} of item no. {goods}, but no such item.</translation>
+    </message>
+    <message>
+        <source>Відновіть товар з копії бази або попросіть адміністратора бази прибрати ціну.</source>
+        <translation>Restore the item from a backup, or ask the database administrator to remove the price.</translation>
+    </message>
+    <message>
+        <source>Ціни магазинів, яких немає</source>
+        <translation>Prices of missing shops</translation>
+    </message>
+    <message>
+        <source>Товар {goods} «{name}» має ціну {price:money} для магазину № {shop}, якого немає.</source>
+        <translation>Item {goods} “{name}” has a price {price:money} for shop no. {shop}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Відкрийте товар і приберіть цю ціну.</source>
+        <translation>Open the item and remove that price.</translation>
+    </message>
+    <message>
+        <source>Ціни груп магазинів, яких немає</source>
+        <translation>Prices of missing shop groups</translation>
+    </message>
+    <message>
+        <source>Товар {goods} «{name}» має ціну {price:money} для групи магазинів № {groupId}, якої немає.</source>
+        <translation>Item {goods} “{name}” has a price {price:money} for shop group no. {groupId}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Відкрийте товар і виберіть для цієї ціни іншу групу.</source>
+        <translation>Open the item and choose another group for that price.</translation>
+    </message>
+    <message>
+        <source>Картки без рівня знижки</source>
+        <translation>Cards without a discount level</translation>
+    </message>
+    <message>
+        <source>Картка {card} має рівень знижки № {level}, якого немає.</source>
+        <translation>Card {card} has discount level no. {level}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Відкрийте картку і виберіть їй рівень.</source>
+        <translation>Open the card and choose a level for it.</translation>
+    </message>
+    <message>
+        <source>Картки груп, яких немає</source>
+        <translation>Cards of missing groups</translation>
+    </message>
+    <message>
+        <source>Картка {card} належить до групи магазинів № {groupId}, якої немає.</source>
+        <translation>Card {card} belongs to shop group no. {groupId}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Відкрийте картку і виберіть їй групу.</source>
+        <translation>Open the card and choose a group for it.</translation>
+    </message>
+    <message>
+        <source>Користувачі без групи прав</source>
+        <translation>Users without a permission group</translation>
+    </message>
+    <message>
+        <source>Користувач «{login}» належить до групи прав № {groupId}, якої немає: прав у нього немає.</source>
+        <translation>User “{login}” belongs to permission group no. {groupId}, which is missing: there are no rights.</translation>
+    </message>
+    <message>
+        <source>Відкрийте користувача і виберіть йому групу прав.</source>
+        <translation>Open the user and choose a permission group.</translation>
+    </message>
+    <message>
+        <source>Користувачі без магазину</source>
+        <translation>Users without a shop</translation>
+    </message>
+    <message>
+        <source>Користувач «{login}» працює в магазині № {shop}, якого немає.</source>
+        <translation>User “{login}” works in shop no. {shop}, which is missing.</translation>
+    </message>
+    <message>
+        <source>Відкрийте користувача і виберіть йому магазин.</source>
+        <translation>Open the user and choose a shop.</translation>
+    </message>
+    <message>
+        <source>Інші посилання в нікуди</source>
+        <translation>Other references to nothing</translation>
+    </message>
+    <message>
+        <source>У таблиці «{tableName}» є записи, де {columnName}={id}, а в таблиці «{target}» такого запису немає.</source>
+        <translation>Table “{tableName}” has records with {columnName}={id}, but table “{target}” has no such record.</translation>
+    </message>
+    <message>
+        <source>Відновіть запис з копії бази або попросіть адміністратора бази виправити те, що на нього вказує.</source>
+        <translation>Restore the record from a backup, or ask the database administrator to correct what refers to it.</translation>
+    </message>
+    <message>
+        <source>оборот А</source>
+        <translation>turnover A</translation>
+    </message>
+    <message>
+        <source>оборот Б</source>
+        <translation>turnover Б</translation>
+    </message>
+    <message>
+        <source>оборот В</source>
+        <translation>turnover В</translation>
+    </message>
+    <message>
+        <source>оборот Г</source>
+        <translation>turnover Г</translation>
+    </message>
+    <message>
+        <source>оборот Д</source>
+        <translation>turnover Д</translation>
+    </message>
+    <message>
+        <source>знижка</source>
+        <translation>discount</translation>
+    </message>
+    <message>
+        <source>готівка</source>
+        <translation>cash</translation>
+    </message>
+    <message>
+        <source>картка</source>
+        <translation>card</translation>
+    </message>
+    <message>
+        <source>сертифікат</source>
+        <translation>certificate</translation>
+    </message>
+    <message>
+        <source>інша оплата</source>
+        <translation>other payment</translation>
+    </message>
+    <message>
+        <source>повернення А</source>
+        <translation>returns A</translation>
+    </message>
+    <message>
+        <source>повернення Б</source>
+        <translation>returns Б</translation>
+    </message>
+    <message>
+        <source>повернення В</source>
+        <translation>returns В</translation>
+    </message>
+    <message>
+        <source>повернення Г</source>
+        <translation>returns Г</translation>
+    </message>
+    <message>
+        <source>повернення Д</source>
+        <translation>returns Д</translation>
+    </message>
+    <message>
+        <source>повернено грошей</source>
+        <translation>money given back</translation>
+    </message>
+    <message>
+        <source>чеків повернення</source>
+        <translation>receipts of returns</translation>
+    </message>
+    <message>
+        <source>чеків</source>
+        <translation>receipts</translation>
+    </message>
+    <message>
+        <source>чеків зі знижкою</source>
+        <translation>discounted receipts</translation>
+    </message>
+    <message>
+        <source>%1 у зміні %2, за чеками %3</source>
+        <translation>%1 in the shift %2, by the receipts %3</translation>
+    </message>
+    <message>
+        <source>вона відкрита, а Z-чек уже є</source>
+        <translation>it is open, but has a Z-receipt already</translation>
+    </message>
+    <message>
+        <source>вона закрита, а Z-чека немає</source>
+        <translation>it is closed, but has no Z-receipt</translation>
+    </message>
+    <message>
+        <source>у Z-чеку %1, а оборот зміни без знижки %2</source>
+        <translation>%1 in the Z-receipt, but the turnover of the shift less the discount is %2</translation>
+    </message>
+    <message>
+        <source>№ %1</source>
+        <translation>no. %1</translation>
+    </message>
+    <message>
+        <source>Будова бази</source>
+        <translation>Definitions of the tables</translation>
+    </message>
+    <message>
+        <source>Каси, що мають зміни і чеки</source>
+        <translation>Registers with shifts and receipts</translation>
+    </message>
+    <message>
+        <source>Зміни і чеки кас</source>
+        <translation>Shifts and receipts of the registers</translation>
+    </message>
+    <message>
+        <source>Помилок не знайдено.</source>
+        <translation>Nothing wrong was found.</translation>
+    </message>
+    <message>
+        <source>Знайдено помилок: %1.</source>
+        <translation>Found to be wrong: %1.</translation>
+    </message>
+    <message>
+        <source>Перевірок, що не вдалися: %1.</source>
+        <translation>Checks that failed: %1.</translation>
+    </message>
+    <message>
+        <source>Перевірку зупинено: показано те, що знайдено доти.</source>
+        <translation>The check was stopped: what was found until then is shown.</translation>
+    </message>
+    <message>
+        <source>Перевірку перервано: зв&apos;язок із сервером утрачено. Повторіть її, коли він буде.</source>
+        <translation>The check was cut short: the server was lost. Repeat it when it is back.</translation>
+    </message>
+    <message>
+        <source>Таблиці «%1» немає.</source>
+        <translation>There is no table “%1”.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» немає колонки %2 (%3).</source>
+        <translation>Table “%1” has no column %2 (%3).</translation>
+    </message>
+    <message>
+        <source>Таблиця «%1», колонка %2: має бути %3, а є %4.</source>
+        <translation>Table “%1”, column %2: it should be %3 and is %4.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» є зайва колонка %2 (%3): вона не приймає записів без значення.</source>
+        <translation>Table “%1” has a column %2 too many (%3): it takes no record without a value.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» немає ключа %2.</source>
+        <translation>Table “%1” has no key %2.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» є зайвий ключ %2: він може не прийняти записів.</source>
+        <translation>Table “%1” has a key %2 too many: it may refuse records.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» немає зовнішнього ключа %2.</source>
+        <translation>Table “%1” has no foreign key %2.</translation>
+    </message>
+    <message>
+        <source>Таблиця «%1»: зовнішній ключ має бути %2, а є %3.</source>
+        <translation>Table “%1”: the foreign key should be %2 and is %3.</translation>
+    </message>
+    <message>
+        <source>У таблиці «%1» є зайвий зовнішній ключ %2.</source>
+        <translation>Table “%1” has a foreign key %2 too many.</translation>
+    </message>
+    <message>
+        <source>Таблиця «%1» зберігається у %2 замість %3: без транзакцій і зовнішніх ключів.</source>
+        <translation>Table “%1” is kept in %2 instead of %3: without transactions and foreign keys.</translation>
+    </message>
+    <message>
+        <source>Таблиця «%1» має порівняння %2, а має бути %3.</source>
+        <translation>Table “%1” has the collation %2 and should have %3.</translation>
+    </message>
+    <message>
+        <source>Таблиця «%1», колонка %2 має порівняння %3, а має бути %4.</source>
+        <translation>Table “%1”, column %2 has the collation %3 and should have %4.</translation>
+    </message>
+</context>
+<context>
     <name>InvoiceDialog</name>
     <message>
         <source>Склад</source>
@@ -1611,6 +2837,14 @@ Wait or contact support.</translation>
         <source>Назва</source>
         <translation>Name</translation>
     </message>
+    <message>
+        <source>Готівка</source>
+        <translation>Cash</translation>
+    </message>
+    <message>
+        <source>Сума</source>
+        <translation>Sum</translation>
+    </message>
 </context>
 <context>
     <name>InvoicePane</name>
@@ -1693,6 +2927,26 @@ Wait or contact support.</translation>
     <message>
         <source>Відправив: ____________________   Прийняв: ____________________</source>
         <translation>Sent by: ____________________   Accepted by: ____________________</translation>
+    </message>
+    <message>
+        <source>Готівка накладної</source>
+        <translation>Cash of the invoice</translation>
+    </message>
+    <message>
+        <source>Накладна на передачу готівки № %1</source>
+        <translation>Invoice of cash No. %1</translation>
+    </message>
+    <message>
+        <source>Акт приймання готівки № %1</source>
+        <translation>Acceptance of cash No. %1</translation>
+    </message>
+    <message>
+        <source>Видав: ____________________   Переніс: ____________________   Прийняв: ____________________</source>
+        <translation>Issued: ____________________   Carried: ____________________   Accepted: ____________________</translation>
+    </message>
+    <message>
+        <source>Прийнято не стільки, скільки надіслано.</source>
+        <translation>Another quantity was accepted than was sent.</translation>
     </message>
 </context>
 <context>
@@ -1787,6 +3041,100 @@ Wait or contact support.</translation>
     <message>
         <source>Зв&apos;язок обірвався під час запису, і невідомо, чи його збережено. Зачекайте, доки зв&apos;язок відновиться, і повторіть: програма спершу запитає сервер.</source>
         <translation>The connection broke while saving, and it is not known whether it was saved. Wait until the connection is back and try again: the program will first ask the server.</translation>
+    </message>
+    <message>
+        <source>Магазин «%1» заблоковано: готівку до нього і з нього не передають. Нічого не записано.</source>
+        <translation>The shop “%1” is blocked: no cash is sent to it or from it. Nothing was written.</translation>
+    </message>
+    <message>
+        <source>Накладної на готівку № %1 немає. Оновіть список.</source>
+        <translation>There is no invoice of cash No. %1. Reload the list.</translation>
+    </message>
+</context>
+<context>
+    <name>InvoicesTab</name>
+    <message>
+        <source>Передачу скасовує магазин-відправник, а його серед ваших немає.</source>
+        <translation>The sending shop cancels a transfer, and it is none of yours.</translation>
+    </message>
+    <message>
+        <source>Лише перегляд: продавати може користувач з повним дозволом.</source>
+        <translation>View only: selling needs full permission.</translation>
+    </message>
+    <message>
+        <source>Передач між магазинами ще не було.</source>
+        <translation>There were no transfers between shops yet.</translation>
+    </message>
+    <message>
+        <source>Товар приймає магазин-одержувач, а його серед ваших немає.</source>
+        <translation>The receiving shop accepts the goods, and it is none of yours.</translation>
+    </message>
+    <message>
+        <source>Лише перегляд: готівку передає користувач з повним дозволом.</source>
+        <translation>View only: cash is sent by a user with full right.</translation>
+    </message>
+    <message>
+        <source>Готівку між магазинами ще не передавали.</source>
+        <translation>No cash was moved between shops yet.</translation>
+    </message>
+    <message>
+        <source>Готівку приймає магазин-одержувач, а його серед ваших немає.</source>
+        <translation>Cash is accepted by the receiving shop, which is none of yours.</translation>
+    </message>
+    <message>
+        <source>Усі напрямки</source>
+        <translation>All directions</translation>
+    </message>
+    <message>
+        <source>Відправлені звідси</source>
+        <translation>Sent from here</translation>
+    </message>
+    <message>
+        <source>Надіслані сюди</source>
+        <translation>Sent to here</translation>
+    </message>
+    <message>
+        <source>Усі стани</source>
+        <translation>All states</translation>
+    </message>
+    <message>
+        <source>Цю накладну вже закрито.</source>
+        <translation>This invoice is closed already.</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>Вікно закрито, а чи записано накладну, невідомо: зв&apos;язок обірвався під час запису. Перевірте накладну у списку.</source>
+        <translation>The window is closed, and it is not known whether the invoice was saved: the connection broke while saving. Check the invoice in the list.</translation>
+    </message>
+</context>
+<context>
+    <name>InvoicesTabFilter</name>
+    <message>
+        <source>&amp;Накладна №:</source>
+        <translation>Invoice &amp;No.:</translation>
+    </message>
+    <message>
+        <source>Номер</source>
+        <translation>Number</translation>
+    </message>
+    <message>
+        <source>Напрямок</source>
+        <translation>Direction</translation>
+    </message>
+    <message>
+        <source>Стан</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>&amp;Лише за дні:</source>
+        <translation>On&amp;ly days:</translation>
+    </message>
+    <message>
+        <source>Зупинити</source>
+        <translation>Stop</translation>
     </message>
 </context>
 <context>
@@ -1926,6 +3274,13 @@ Wait or contact support.</translation>
     <message>
         <source>Стовпці списку</source>
         <translation>Columns of the list</translation>
+    </message>
+</context>
+<context>
+    <name>ListFilter</name>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
     </message>
 </context>
 <context>
@@ -2095,6 +3450,46 @@ Wait or contact support.</translation>
         <source>Щоб товар можна було продати, позначте в ньому магазини: Таблиці → Товари, F4, «Продається в магазинах».</source>
         <translation>So that an item can be sold, tick its shops in it: Tables → Goods, F4, “Sold in the shops”.</translation>
     </message>
+    <message>
+        <source>Магазин: адреса, група, рядки чека</source>
+        <translation>A shop: address, group, lines of the receipt</translation>
+    </message>
+    <message>
+        <source>Додати магазин…</source>
+        <translation>Add a shop…</translation>
+    </message>
+    <message>
+        <source>Каса магазину</source>
+        <translation>A register of the shop</translation>
+    </message>
+    <message>
+        <source>Додати касу…</source>
+        <translation>Add a register…</translation>
+    </message>
+    <message>
+        <source>Товари з цінами і штрихкодами; багато товарів імпортуються з прайс-листа</source>
+        <translation>Goods with prices and barcodes; many of them are imported from a price list</translation>
+    </message>
+    <message>
+        <source>Додати товар…</source>
+        <translation>Add an item…</translation>
+    </message>
+    <message>
+        <source>Де товар продається: у товарі (F4) список «Продається в магазинах»</source>
+        <translation>Where an item is sold: in the item (F4) the list “Sold in the shops”</translation>
+    </message>
+    <message>
+        <source>Відкрити товари</source>
+        <translation>Open the goods</translation>
+    </message>
+    <message>
+        <source>Перший продаж: він відкриє зміну</source>
+        <translation>The first sale: it opens a shift</translation>
+    </message>
+    <message>
+        <source>Відкрити продаж</source>
+        <translation>Open the sale</translation>
+    </message>
 </context>
 <context>
     <name>NoticeBar</name>
@@ -2192,6 +3587,197 @@ Wait or contact support.</translation>
     </message>
 </context>
 <context>
+    <name>OpenShifts</name>
+    <message>
+        <source>Відкриті зміни</source>
+        <translation>Open shifts</translation>
+    </message>
+    <message>
+        <source>магазин</source>
+        <translation>shop</translation>
+    </message>
+    <message>
+        <source>каса</source>
+        <translation>cash register</translation>
+    </message>
+    <message>
+        <source>зміна</source>
+        <translation>shift</translation>
+    </message>
+    <message>
+        <source>№</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>продаж</source>
+        <translation>sale</translation>
+    </message>
+    <message>
+        <source>Оборот за вирахуванням знижок</source>
+        <translation>Turnover without discounts</translation>
+    </message>
+    <message>
+        <source>чеків</source>
+        <translation>receipts</translation>
+    </message>
+    <message>
+        <source>має бути в касі</source>
+        <translation>due in the drawer</translation>
+    </message>
+    <message>
+        <source>Перенесено + готівкою − повернуто + внесено − видано</source>
+        <translation>Carried over + cash − returned + brought in − issued</translation>
+    </message>
+    <message>
+        <source>відкрита з</source>
+        <translation>open since</translation>
+    </message>
+    <message>
+        <source>Час першого чека зміни</source>
+        <translation>Time of the shift&apos;s first receipt</translation>
+    </message>
+    <message>
+        <source>хто відкрив</source>
+        <translation>opened by</translation>
+    </message>
+    <message>
+        <source>останній чек</source>
+        <translation>last receipt</translation>
+    </message>
+    <message>
+        <source>перенесено</source>
+        <translation>carried over</translation>
+    </message>
+    <message>
+        <source>Готівка, яку попередня зміна за своїми сумами лишила в касі</source>
+        <translation>Cash that the shift before has left in the drawer by its sums</translation>
+    </message>
+    <message>
+        <source>готівкою</source>
+        <translation>cash</translation>
+    </message>
+    <message>
+        <source>повернуто готівкою</source>
+        <translation>returned in cash</translation>
+    </message>
+    <message>
+        <source>внесено</source>
+        <translation>brought in</translation>
+    </message>
+    <message>
+        <source>Службові внесення за чеками зміни</source>
+        <translation>Service cash brought in by the shift&apos;s receipts</translation>
+    </message>
+    <message>
+        <source>видано</source>
+        <translation>issued</translation>
+    </message>
+    <message>
+        <source>Службові видачі за чеками зміни</source>
+        <translation>Service cash taken out by the shift&apos;s receipts</translation>
+    </message>
+    <message>
+        <source>попередня №</source>
+        <translation>before: No.</translation>
+    </message>
+    <message>
+        <source>Зміна перед відкритою; де жодна не відкрита – остання закрита</source>
+        <translation>The shift before the open one; where none is open, the last closed one</translation>
+    </message>
+    <message>
+        <source>закрита</source>
+        <translation>closed</translation>
+    </message>
+    <message>
+        <source>її продаж</source>
+        <translation>its sales</translation>
+    </message>
+    <message>
+        <source>її готівка</source>
+        <translation>its cash</translation>
+    </message>
+    <message>
+        <source>Готівкою − повернуто + внесено: стільки зібралося за всю зміну</source>
+        <translation>Cash − returned + brought in: so much came together in the whole shift</translation>
+    </message>
+    <message>
+        <source>вилучено</source>
+        <translation>taken out</translation>
+    </message>
+    <message>
+        <source>За зміну і під час її закриття</source>
+        <translation>During the shift and at its closing</translation>
+    </message>
+    <message>
+        <source>пораховано</source>
+        <translation>counted</translation>
+    </message>
+    <message>
+        <source>Відоме, коли під час закриття вилучено всю готівку</source>
+        <translation>Known when all cash was taken out at closing</translation>
+    </message>
+    <message>
+        <source>різниця</source>
+        <translation>difference</translation>
+    </message>
+    <message>
+        <source>Пораховано мінус готівка зміни</source>
+        <translation>Counted less the shift&apos;s cash</translation>
+    </message>
+    <message>
+        <source>лишила</source>
+        <translation>left</translation>
+    </message>
+    <message>
+        <source>Готівка зміни мінус вилучене: з цим починається наступна</source>
+        <translation>The shift&apos;s cash less what was taken out: the next one begins with it</translation>
+    </message>
+    <message>
+        <source>Тут немає кас, які мають зміни.</source>
+        <translation>There are no registers with shifts here.</translation>
+    </message>
+    <message>
+        <source>станом на %1</source>
+        <translation>as of %1</translation>
+    </message>
+    <message>
+        <source>Вилучено не всю готівку зміни, а скільки її пораховано, не записується: чи решту лишили в касі, чи її бракує, невідомо.</source>
+        <translation>Not all cash of the shift was taken out, and how much was counted is not recorded: whether the rest was left in the drawer or is missing is not known.</translation>
+    </message>
+    <message>
+        <source>На цій касі ще не закривали змін.</source>
+        <translation>No shift was closed at this register yet.</translation>
+    </message>
+    <message>
+        <source>У зміні ще немає чеків.</source>
+        <translation>The shift has no receipts yet.</translation>
+    </message>
+    <message>
+        <source>На цій касі немає відкритої зміни.</source>
+        <translation>This register has no open shift.</translation>
+    </message>
+    <message>
+        <source>Відкритих змін: %1, кас: %2</source>
+        <translation>Open shifts: %1, registers: %2</translation>
+    </message>
+    <message>
+        <source>продаж: %1</source>
+        <translation>sales: %1</translation>
+    </message>
+    <message>
+        <source>має бути в касах: %1</source>
+        <translation>due in the drawers: %1</translation>
+    </message>
+    <message>
+        <source>⚠ понад добу</source>
+        <translation>⚠ over a day</translation>
+    </message>
+    <message>
+        <source>відкрита</source>
+        <translation>open</translation>
+    </message>
+</context>
+<context>
     <name>OptionalDateEdit</name>
     <message>
         <source>дд.мм.рррр</source>
@@ -2200,6 +3786,125 @@ Wait or contact support.</translation>
     <message>
         <source>«%1» не є датою. Введіть її так: 15.03.1990, або залиште поле порожнім.</source>
         <translation>&quot;%1&quot; is no date. Enter it as 15.03.1990, or leave the field empty.</translation>
+    </message>
+</context>
+<context>
+    <name>OverviewModel</name>
+    <message>
+        <source>Магазин, каса</source>
+        <translation>Shop, register</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок</source>
+        <translation>Connection</translation>
+    </message>
+    <message>
+        <source>Чи каса на зв&apos;язку і відколи</source>
+        <translation>Whether the register is on line, and since when</translation>
+    </message>
+    <message>
+        <source>Оборот зміни</source>
+        <translation>Shift turnover</translation>
+    </message>
+    <message>
+        <source>Продано у відкритих змінах, за відрахуванням знижок</source>
+        <translation>Sold in the open shifts, discounts taken off</translation>
+    </message>
+    <message>
+        <source>Тиждень тому</source>
+        <translation>A week ago</translation>
+    </message>
+    <message>
+        <source>Оборот усіх змін, закритих того ж дня тижня тиждень тому, за весь день</source>
+        <translation>Turnover of all shifts closed on the same weekday a week ago, the whole day</translation>
+    </message>
+    <message>
+        <source>Чеків</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>Чеків продажу у відкритих змінах</source>
+        <translation>Sales receipts of the open shifts</translation>
+    </message>
+    <message>
+        <source>Середній чек</source>
+        <translation>Average receipt</translation>
+    </message>
+    <message>
+        <source>Оборот відкритих змін на один чек</source>
+        <translation>Turnover of the open shifts for one receipt</translation>
+    </message>
+    <message>
+        <source>Останній чек</source>
+        <translation>Last receipt</translation>
+    </message>
+    <message>
+        <source>Коли востаннє продано або повернуто</source>
+        <translation>When something was sold or taken back last</translation>
+    </message>
+    <message>
+        <source>Відкрита зміна</source>
+        <translation>Open shift</translation>
+    </message>
+    <message>
+        <source>Відколи відкрита зміна і хто в ній продає</source>
+        <translation>Since when the shift is open and who sells in it</translation>
+    </message>
+    <message>
+        <source>Закрито сьогодні</source>
+        <translation>Closed today</translation>
+    </message>
+    <message>
+        <source>Оборот змін, які сьогодні вже закрито</source>
+        <translation>Turnover of the shifts that were closed today</translation>
+    </message>
+    <message>
+        <source>кас немає</source>
+        <translation>no registers</translation>
+    </message>
+    <message>
+        <source>%1 з %2 на зв&apos;язку</source>
+        <translation>%1 of %2 on line</translation>
+    </message>
+    <message>
+        <source>каса іншого магазину</source>
+        <translation>register of another shop</translation>
+    </message>
+    <message>
+        <source>заблокована</source>
+        <translation>blocked</translation>
+    </message>
+    <message>
+        <source>невідомо</source>
+        <translation>unknown</translation>
+    </message>
+    <message>
+        <source>на зв&apos;язку з %1</source>
+        <translation>on line since %1</translation>
+    </message>
+    <message>
+        <source>без зв&apos;язку з %1</source>
+        <translation>off line since %1</translation>
+    </message>
+    <message>
+        <source>відкритих: %1</source>
+        <translation>open: %1</translation>
+    </message>
+    <message>
+        <source>відкрита</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>з %1</source>
+        <translation>since %1</translation>
+    </message>
+    <message>
+        <source>після %1</source>
+        <translation>after %1</translation>
+    </message>
+    <message>
+        <source>Enter або подвійне клацання показує, з чого це складається</source>
+        <translation>Enter or a double click shows what it is made of</translation>
     </message>
 </context>
 <context>
@@ -2324,6 +4029,22 @@ Wait or contact support.</translation>
         <source>Групи прав</source>
         <translation>Permission groups</translation>
     </message>
+    <message>
+        <source>Управління товарами</source>
+        <translation>Goods management</translation>
+    </message>
+    <message>
+        <source>Фінанси</source>
+        <translation>Finance</translation>
+    </message>
+    <message>
+        <source>Огляд</source>
+        <translation>Overview</translation>
+    </message>
+    <message>
+        <source>Перевірка даних</source>
+        <translation>Check of the data</translation>
+    </message>
 </context>
 <context>
     <name>PageBar</name>
@@ -2350,6 +4071,25 @@ Wait or contact support.</translation>
     <message>
         <source>Р&amp;ядків на сторінці:</source>
         <translation>Ro&amp;ws on a page:</translation>
+    </message>
+</context>
+<context>
+    <name>PastedBarcodes</name>
+    <message>
+        <source>Лише зі списку: %1</source>
+        <translation>Only of the list: %1</translation>
+    </message>
+    <message>
+        <source>(рядків без штрихкоду: %1)</source>
+        <translation>(lines without a barcode: %1)</translation>
+    </message>
+    <message>
+        <source>У списку штрихкодів немає жодного штрихкоду. Виправте список або очистіть його, якщо потрібні всі товари.</source>
+        <translation>There is no barcode in the list of barcodes. Correct the list, or clear it if you want all goods.</translation>
+    </message>
+    <message>
+        <source>Невідомі штрихкоди: %1 (%2).</source>
+        <translation>Unknown barcodes: %1 (%2).</translation>
     </message>
 </context>
 <context>
@@ -2445,6 +4185,93 @@ Wait or contact support.</translation>
     <message>
         <source>Сервер не відповів. Перевірте таблицю ще раз.</source>
         <translation>The server did not answer. Check the table again.</translation>
+    </message>
+</context>
+<context>
+    <name>PeriodModel</name>
+    <message>
+        <source>«%1»: за програмою %2, є %3</source>
+        <translation>“%1”: %2 by the program, %3 counted</translation>
+    </message>
+    <message>
+        <source>Код</source>
+        <translation>Code</translation>
+    </message>
+    <message>
+        <source>Штрихкод</source>
+        <translation>Barcode</translation>
+    </message>
+    <message>
+        <source>Назва</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>За програмою</source>
+        <translation>By the program</translation>
+    </message>
+    <message>
+        <source>Пораховано</source>
+        <translation>Counted</translation>
+    </message>
+    <message>
+        <source>Різниця</source>
+        <translation>Difference</translation>
+    </message>
+    <message>
+        <source>Продано</source>
+        <translation>Sold</translation>
+    </message>
+    <message>
+        <source>На складі</source>
+        <translation>In store</translation>
+    </message>
+</context>
+<context>
+    <name>PeriodReader</name>
+    <message>
+        <source>%1, каса «%2», документ № %3</source>
+        <translation>%1, register “%2”, document No. %3</translation>
+    </message>
+</context>
+<context>
+    <name>PeriodWriter</name>
+    <message>
+        <source>«%1»: було %2, тепер %3</source>
+        <translation>“%1”: was %2, is %3 now</translation>
+    </message>
+    <message>
+        <source>… і ще %1</source>
+        <translation>… and %1 more</translation>
+    </message>
+    <message>
+        <source>Період уже закрито: документ № %1. Нічого не записано.</source>
+        <translation>The period is closed already: document No. %1. Nothing was written.</translation>
+    </message>
+    <message>
+        <source>Поки ви рахували, залишки змінилися. Нічого не записано. Перевірте пораховане і закрийте період ще раз.</source>
+        <translation>While you counted the stock has changed. Nothing was written. Check what you counted and close the period again.</translation>
+    </message>
+    <message>
+        <source>З даним магазином працює інший користувач.
+Зачекайте або зв&apos;яжіться з пітримкою.</source>
+        <translation>Another user is working with this shop.
+Wait or contact support.</translation>
+    </message>
+    <message>
+        <source>Поки ви рахували, на касі закрили або відкрили зміну. Нічого не записано. Закрийте це вікно і почніть ще раз.</source>
+        <translation>While you counted somebody closed or opened a shift at the register. Nothing was written. Close this window and begin again.</translation>
+    </message>
+    <message>
+        <source>На касі зараз записує інша програма. Період не закрито. Закрийте його ще раз.</source>
+        <translation>Another program is writing at the register now. The period was not closed. Close it again.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок обірвався під час запису, і невідомо, чи період закрито. Зачекайте, доки зв&apos;язок відновиться, і повторіть: програма спершу запитає сервер.</source>
+        <translation>The connection broke during writing, and it is not known whether the period was closed. Wait until it is back and try again: the program asks the server first.</translation>
+    </message>
+    <message>
+        <source>Період не закрито. Закрийте його ще раз.</source>
+        <translation>The period was not closed. Close it again.</translation>
     </message>
 </context>
 <context>
@@ -2606,10 +4433,6 @@ Wait or contact support.</translation>
         <translation>Service</translation>
     </message>
     <message>
-        <source>Налаштування, таблиці бази, прискорення звітів</source>
-        <translation>Settings, tables of the database, quick reports</translation>
-    </message>
-    <message>
         <source>Імпорт з попередньої версії</source>
         <translation>Import from the previous version</translation>
     </message>
@@ -2628,6 +4451,10 @@ Wait or contact support.</translation>
     <message>
         <source>Тільки перегляд</source>
         <translation>View only</translation>
+    </message>
+    <message>
+        <source>Налаштування, таблиці бази, прискорення і перевірка</source>
+        <translation>Settings, tables of the database, its speeding up and check</translation>
     </message>
 </context>
 <context>
@@ -3145,10 +4972,6 @@ Records that are here already will not change; the database “%1” is only rea
         <translation>Message of the sender: %1</translation>
     </message>
     <message>
-        <source>Код «%1» не враховано: накладна вже записується.</source>
-        <translation>Code “%1” was not counted: the invoice is being saved already.</translation>
-    </message>
-    <message>
         <source>Товар «%1» не додано: сервер не відповів.</source>
         <translation>Item “%1” was not added: the server did not answer.</translation>
     </message>
@@ -3179,14 +5002,6 @@ Records that are here already will not change; the database “%1” is only rea
     <message>
         <source>Товар ще шукається. Прийміть накладну ще раз.</source>
         <translation>An item is still being looked for. Accept the invoice again.</translation>
-    </message>
-    <message>
-        <source>Товар «%1» ще не пораховано. Натисніть Enter або очистіть поле.</source>
-        <translation>Item “%1” is not counted yet. Press Enter or clear the field.</translation>
-    </message>
-    <message>
-        <source>Не пораховано позицій: %1. Введіть кількість; 0 — коли товару немає.</source>
-        <translation>Lines not counted: %1. Enter the quantity; 0 if there is none.</translation>
     </message>
     <message>
         <source>Прийняти з різницею? Потім змінити пораховане вже не можна.</source>
@@ -3707,6 +5522,10 @@ change of percentages</translation>
         <source>Ціна </source>
         <translation>Price </translation>
     </message>
+    <message>
+        <source>Довшою, ніж %1 знаків, коротка назва не буває.</source>
+        <translation>A short name is never longer than %1 characters.</translation>
+    </message>
 </context>
 <context>
     <name>QAddEdtKass</name>
@@ -3809,6 +5628,10 @@ change of percentages</translation>
     <message>
         <source>У цій групі ще немає магазинів з касами: спершу додайте магазин у вкладці &quot;Магазини&quot;.</source>
         <translation>This group has no shops with registers yet: first add a shop in the tab &quot;Shops&quot;.</translation>
+    </message>
+    <message>
+        <source>Це не IP-адреса: потрібні чотири числа від 0 до 255.</source>
+        <translation>This is no IP address: four numbers from 0 to 255 are wanted.</translation>
     </message>
 </context>
 <context>
@@ -4458,6 +6281,97 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
 </context>
 <context>
+    <name>QCashReport</name>
+    <message>
+        <source>Який рух готівки</source>
+        <translation>Which moves of cash</translation>
+    </message>
+    <message>
+        <source>Підсу&amp;мки:</source>
+        <translation>Sums &amp;by:</translation>
+    </message>
+    <message>
+        <source>Зупинити</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Внести / вилу&amp;чити…</source>
+        <translation>&amp;Cash in / out…</translation>
+    </message>
+    <message>
+        <source>Весь рух готівки</source>
+        <translation>All cash</translation>
+    </message>
+    <message>
+        <source>Внесено в каси</source>
+        <translation>Brought into registers</translation>
+    </message>
+    <message>
+        <source>Вилучено з кас</source>
+        <translation>Taken out of registers</translation>
+    </message>
+    <message>
+        <source>Надіслано до магазинів</source>
+        <translation>Sent to shops</translation>
+    </message>
+    <message>
+        <source>Прийнято від магазинів</source>
+        <translation>Accepted from shops</translation>
+    </message>
+    <message>
+        <source>Ще в дорозі</source>
+        <translation>Still on the way</translation>
+    </message>
+    <message>
+        <source>Не дійшло</source>
+        <translation>Missing</translation>
+    </message>
+    <message>
+        <source>за магазинами</source>
+        <translation>by shop</translation>
+    </message>
+    <message>
+        <source>за касами</source>
+        <translation>by register</translation>
+    </message>
+    <message>
+        <source>за операціями</source>
+        <translation>by operation</translation>
+    </message>
+    <message>
+        <source>за працівниками</source>
+        <translation>by person</translation>
+    </message>
+    <message>
+        <source>за днями</source>
+        <translation>by day</translation>
+    </message>
+    <message>
+        <source>одним рядком</source>
+        <translation>in one line</translation>
+    </message>
+    <message>
+        <source>Операції вибраного рядка</source>
+        <translation>Operations of the chosen line</translation>
+    </message>
+    <message>
+        <source>Виберіть рядок у списку вище.</source>
+        <translation>Choose a line in the list above.</translation>
+    </message>
+    <message>
+        <source>Лише перегляд: готівку вносить і вилучає користувач з повним дозволом.</source>
+        <translation>View only: cash is brought in and taken out by a user with full right.</translation>
+    </message>
+    <message>
+        <source>За ці дні готівку не вносили, не вилучали й не передавали.</source>
+        <translation>On these days no cash was brought in, taken out or sent.</translation>
+    </message>
+    <message>
+        <source>Рух готівки</source>
+        <translation>Moves of cash</translation>
+    </message>
+</context>
+<context>
     <name>QChangPass</name>
     <message>
         <source>Зміна пароля</source>
@@ -4585,6 +6499,214 @@ What is counted stays; the next exchange does the rest.</translation>
     <message>
         <source>Усі &amp;чеки місця</source>
         <translation>All &amp;receipts of the place</translation>
+    </message>
+    <message>
+        <source>Суми чека не збігаються.</source>
+        <translation>The sums of the receipt do not agree.</translation>
+    </message>
+</context>
+<context>
+    <name>QCloseCash</name>
+    <message>
+        <source>По&amp;раховано:</source>
+        <translation>&amp;Counted:</translation>
+    </message>
+    <message>
+        <source>Різниця:</source>
+        <translation>Difference:</translation>
+    </message>
+    <message>
+        <source>Різниця</source>
+        <translation>Difference</translation>
+    </message>
+    <message>
+        <source>По&amp;класти:</source>
+        <translation>&amp;Put:</translation>
+    </message>
+    <message>
+        <source>&amp;Операція каси:</source>
+        <translation>O&amp;peration of the register:</translation>
+    </message>
+    <message>
+        <source>&amp;Повідомлення:</source>
+        <translation>&amp;Message:</translation>
+    </message>
+    <message>
+        <source>При&amp;йняти F9</source>
+        <translation>&amp;Accept F9</translation>
+    </message>
+    <message>
+        <source>&amp;Залишити в дорозі</source>
+        <translation>&amp;Leave it on the way</translation>
+    </message>
+    <message>
+        <source>у сейф, без каси</source>
+        <translation>into the safe, no register</translation>
+    </message>
+    <message>
+        <source>З магазину: %1</source>
+        <translation>From shop: %1</translation>
+    </message>
+    <message>
+        <source>До магазину: %1</source>
+        <translation>To shop: %1</translation>
+    </message>
+    <message>
+        <source>Відправлено: %1</source>
+        <translation>Sent: %1</translation>
+    </message>
+    <message>
+        <source>Надіслано готівки: %1</source>
+        <translation>Cash sent: %1</translation>
+    </message>
+    <message>
+        <source>Повідомлення відправника: %1</source>
+        <translation>Message of the sender: %1</translation>
+    </message>
+    <message>
+        <source>Приймання готівки за накладною № %1</source>
+        <translation>Acceptance of cash, invoice No. %1</translation>
+    </message>
+    <message>
+        <source>Скасування накладної № %1</source>
+        <translation>Cancelling of invoice No. %1</translation>
+    </message>
+    <message>
+        <source>Після скасування готівка повертається відправнику, і прийняти накладну вже не можна.</source>
+        <translation>After cancelling the cash goes back to the sender, and the invoice cannot be accepted any more.</translation>
+    </message>
+    <message>
+        <source>При&amp;чина:</source>
+        <translation>&amp;Reason:</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати передачу</source>
+        <translation>&amp;Cancel the transfer</translation>
+    </message>
+    <message>
+        <source>немає</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>%1, не вистачає</source>
+        <translation>%1, missing</translation>
+    </message>
+    <message>
+        <source>%1, зайві</source>
+        <translation>%1, too much</translation>
+    </message>
+    <message>
+        <source>Напишіть одержувачу, чому передачу скасовано.</source>
+        <translation>Write to the receiver why the transfer is cancelled.</translation>
+    </message>
+    <message>
+        <source>Надіслано %1, пораховано %2, різниця %3.
+Потім змінити пораховане вже не можна.</source>
+        <translation>%1 was sent, %2 counted, difference %3.
+What was counted cannot be changed afterwards.</translation>
+    </message>
+    <message>
+        <source>&amp;Прийняти з різницею</source>
+        <translation>&amp;Accept with differences</translation>
+    </message>
+    <message>
+        <source>&amp;Рахувати далі</source>
+        <translation>&amp;Go on counting</translation>
+    </message>
+</context>
+<context>
+    <name>QClosePeriod</name>
+    <message>
+        <source>Закриття періоду</source>
+        <translation>Closing the period</translation>
+    </message>
+    <message>
+        <source>&amp;Товар:</source>
+        <translation>&amp;Goods:</translation>
+    </message>
+    <message>
+        <source>Скануйте; або штрихкод, код чи назва і Enter</source>
+        <translation>Scan; or barcode, code or name and Enter</translation>
+    </message>
+    <message>
+        <source>Вагові товари магазину</source>
+        <translation>The shop&apos;s weighed goods</translation>
+    </message>
+    <message>
+        <source>&amp;Решта за програмою…</source>
+        <translation>The &amp;rest as by the program…</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити період F9</source>
+        <translation>&amp;Close the period F9</translation>
+    </message>
+    <message>
+        <source>&amp;Скасувати</source>
+        <translation>&amp;Cancel</translation>
+    </message>
+    <message>
+        <source>Не пораховано позицій: %1. Записати їх залишок за програмою, не рахуючи?</source>
+        <translation>Not counted: %1. Write their stock as by the program, without counting?</translation>
+    </message>
+    <message>
+        <source>&amp;Записати за програмою</source>
+        <translation>&amp;Write as by the program</translation>
+    </message>
+    <message>
+        <source>Закрити період з різницею? Залишки в залі стануть такими, як пораховано.</source>
+        <translation>Close the period with differences? The stock on the shop floor becomes what was counted.</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити період</source>
+        <translation>&amp;Close the period</translation>
+    </message>
+    <message>
+        <source>«%1» немає серед товарів, які рахують.</source>
+        <translation>“%1” is not among the goods that are counted.</translation>
+    </message>
+    <message>
+        <source>Магазин: %1, каса «%2»</source>
+        <translation>Shop: %1, register “%2”</translation>
+    </message>
+    <message>
+        <source>День періоду: %1 з %2</source>
+        <translation>Day of the period: %1 of %2</translation>
+    </message>
+    <message>
+        <source>, почався %1</source>
+        <translation>, begun on %1</translation>
+    </message>
+    <message>
+        <source>Востаннє тут рахували: %1</source>
+        <translation>Counted here last: %1</translation>
+    </message>
+    <message>
+        <source>Зміна закрита: пораховане відкриє нову, першого дня наступного періоду.</source>
+        <translation>The shift is closed: what is counted opens a new one, on the first day of the next period.</translation>
+    </message>
+    <message>
+        <source>Порахуйте вагові товари в залі, у кілограмах. Enter — наступний непорахований товар.</source>
+        <translation>Count the weighed goods on the shop floor, in kilograms. Enter goes to the next one not counted.</translation>
+    </message>
+    <message>
+        <source>Поки ви відповідали, щось іще скановано: перевірте і закрийте період ще раз.</source>
+        <translation>Something else was scanned while you answered: check it and close the period again.</translation>
+    </message>
+    <message>
+        <source>Невідомо, чи період закрито: зв&apos;язок обірвався.</source>
+        <translation>It is not known whether the period was closed: the connection broke.</translation>
+    </message>
+    <message>
+        <source>Пораховане ще не записано.</source>
+        <translation>What was counted is not saved yet.</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити без збереження</source>
+        <translation>&amp;Close without saving</translation>
+    </message>
+    <message>
+        <source>&amp;Рахувати далі</source>
+        <translation>&amp;Go on counting</translation>
     </message>
 </context>
 <context>
@@ -5049,6 +7171,137 @@ What is counted stays; the next exchange does the rest.</translation>
     </message>
 </context>
 <context>
+    <name>QIntegrity</name>
+    <message>
+        <source>Перевірка даних</source>
+        <translation>Check of the data</translation>
+    </message>
+    <message>
+        <source>Переві&amp;рити</source>
+        <translation>&amp;Check</translation>
+    </message>
+    <message>
+        <source>Перевіряє всю базу і нічого в ній не змінює; продавати можна й тоді</source>
+        <translation>Checks the whole database and changes nothing in it; selling may go on</translation>
+    </message>
+    <message>
+        <source>Стоп</source>
+        <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Перевірки</source>
+        <translation>Checks</translation>
+    </message>
+    <message>
+        <source>Перевірка</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>Стан</source>
+        <translation>State</translation>
+    </message>
+    <message>
+        <source>Знайдені помилки</source>
+        <translation>What was found wrong</translation>
+    </message>
+    <message>
+        <source>Перейт&amp;и до запису</source>
+        <translation>&amp;Go to the record</translation>
+    </message>
+    <message>
+        <source>зупинено</source>
+        <translation>stopped</translation>
+    </message>
+    <message>
+        <source>перевіряється…</source>
+        <translation>being checked…</translation>
+    </message>
+    <message>
+        <source>помилок: %1…</source>
+        <translation>wrong: %1…</translation>
+    </message>
+    <message>
+        <source>не прочитано</source>
+        <translation>not read</translation>
+    </message>
+    <message>
+        <source>гаразд</source>
+        <translation>fine</translation>
+    </message>
+    <message>
+        <source>помилок: %1</source>
+        <translation>wrong: %1</translation>
+    </message>
+    <message>
+        <source>Усі перевірки</source>
+        <translation>All checks</translation>
+    </message>
+    <message>
+        <source>№</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>Магазин</source>
+        <translation>Shop</translation>
+    </message>
+    <message>
+        <source>Каса</source>
+        <translation>Register</translation>
+    </message>
+    <message>
+        <source>Що не так</source>
+        <translation>What is wrong</translation>
+    </message>
+    <message>
+        <source>Що зробити</source>
+        <translation>What to do</translation>
+    </message>
+    <message>
+        <source>Попередження.</source>
+        <translation>Warning.</translation>
+    </message>
+    <message>
+        <source>У вас немає права перевіряти базу.</source>
+        <translation>You have no right to check the database.</translation>
+    </message>
+    <message>
+        <source>не показано ще: %1</source>
+        <translation>not shown: %1 more</translation>
+    </message>
+    <message>
+        <source>«Перевірити» прочитає всю базу і покаже тут, що в ній не так. Нічого не змінюється.</source>
+        <translation>“Check” reads the whole database and shows here what is wrong in it. Nothing is changed.</translation>
+    </message>
+    <message>
+        <source>Цієї перевірки не виконано: %1</source>
+        <translation>This check was not made: %1</translation>
+    </message>
+    <message>
+        <source>Перевіряється…</source>
+        <translation>Being checked…</translation>
+    </message>
+    <message>
+        <source>Помилок не знайдено.</source>
+        <translation>Nothing wrong was found.</translation>
+    </message>
+    <message>
+        <source>%1: не показано ще %2.</source>
+        <translation>%1: %2 more are not shown.</translation>
+    </message>
+    <message>
+        <source>%1: не перевірено. %2</source>
+        <translation>%1: not checked. %2</translation>
+    </message>
+    <message>
+        <source>Почато %1</source>
+        <translation>Begun %1</translation>
+    </message>
+    <message>
+        <source>, закінчено %1.</source>
+        <translation>, ended %1.</translation>
+    </message>
+</context>
+<context>
     <name>QLoadedUser</name>
     <message>
         <source>Користувача не знайдено!
@@ -5188,14 +7441,6 @@ Restart the program!</translation>
         <translation>Somebody else has deleted this promotion already.</translation>
     </message>
     <message>
-        <source>Лише зі списку: %1</source>
-        <translation>Only of the list: %1</translation>
-    </message>
-    <message>
-        <source>(рядків без штрихкоду: %1)</source>
-        <translation>(lines without a barcode: %1)</translation>
-    </message>
-    <message>
         <source>Умови змінено: натисніть «Переглянути» ще раз.</source>
         <translation>The conditions have changed: press “Preview” once more.</translation>
     </message>
@@ -5295,79 +7540,193 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
         <source>&amp;Ціна з пріоритетом:</source>
         <translation>Pri&amp;ce with priority:</translation>
     </message>
+</context>
+<context>
+    <name>QManFinance</name>
     <message>
-        <source>У списку штрихкодів немає жодного штрихкоду. Виправте список або очистіть його, якщо потрібні всі товари.</source>
-        <translation>There is no barcode in the list of barcodes. Correct the list, or clear it if you want all goods.</translation>
+        <source>Передачі готівки між магазинами</source>
+        <translation>Cash between shops</translation>
+    </message>
+    <message>
+        <source>Рух готівки: каси й передачі</source>
+        <translation>Moves of cash: registers and transfers</translation>
     </message>
 </context>
 <context>
-    <name>QManInvoices</name>
+    <name>QManGoods</name>
     <message>
-        <source>Усі напрямки</source>
-        <translation>All directions</translation>
+        <source>Чому така ціна</source>
+        <translation>Why this price</translation>
     </message>
     <message>
-        <source>Відправлені звідси</source>
-        <translation>Sent from here</translation>
+        <source>Скасувати останню зміну</source>
+        <translation>Undo the last change</translation>
     </message>
     <message>
-        <source>Надіслані сюди</source>
-        <translation>Sent to here</translation>
+        <source>Записати зміни</source>
+        <translation>Write the changes</translation>
     </message>
     <message>
-        <source>Усі стани</source>
-        <translation>All states</translation>
+        <source>Виберіть товари й те, що змінити, та натисніть «Переглянути».</source>
+        <translation>Choose the goods and what to change, and press “Preview”.</translation>
     </message>
     <message>
-        <source>Передач між магазинами ще не було.</source>
-        <translation>There were no transfers between shops yet.</translation>
+        <source>Код</source>
+        <translation>Code</translation>
     </message>
     <message>
-        <source>Цю накладну вже закрито.</source>
-        <translation>This invoice is closed already.</translation>
+        <source>Назва товару</source>
+        <translation>Name of the goods item</translation>
     </message>
     <message>
-        <source>Товар приймає магазин-одержувач, а його серед ваших немає.</source>
-        <translation>The receiving shop accepts the goods, and it is none of yours.</translation>
+        <source>Група</source>
+        <translation>Group</translation>
     </message>
     <message>
-        <source>Передачу скасовує магазин-відправник, а його серед ваших немає.</source>
-        <translation>The sending shop cancels a transfer, and it is none of yours.</translation>
+        <source>Базова ціна</source>
+        <translation>Base price</translation>
     </message>
     <message>
-        <source>Вікно закрито, а чи записано накладну, невідомо: зв&apos;язок обірвався під час запису. Перевірте накладну у списку.</source>
-        <translation>The window is closed, and it is not known whether the invoice was saved: the connection broke while saving. Check the invoice in the list.</translation>
+        <source>Яка ціна</source>
+        <translation>Which price</translation>
+    </message>
+    <message>
+        <source>Ціна зараз</source>
+        <translation>Price now</translation>
+    </message>
+    <message>
+        <source>Нова ціна</source>
+        <translation>New price</translation>
+    </message>
+    <message>
+        <source>Різниця</source>
+        <translation>Difference</translation>
+    </message>
+    <message>
+        <source>Інших цін</source>
+        <translation>Other prices</translation>
+    </message>
+    <message>
+        <source>Що буде</source>
+        <translation>What happens</translation>
+    </message>
+    <message>
+        <source>Зараз</source>
+        <translation>Now</translation>
+    </message>
+    <message>
+        <source>Буде</source>
+        <translation>Then</translation>
+    </message>
+    <message>
+        <source>Зміни ще записуються. Дочекайтесь кінця або натисніть «Зупинити».</source>
+        <translation>The changes are still being written. Wait for the end or press “Stop query”.</translation>
+    </message>
+    <message>
+        <source>Управління товарами</source>
+        <translation>Goods management</translation>
+    </message>
+    <message>
+        <source>Останню зміну (%1; записано: %2) можна скасувати лише тут і доки відкрита ця вкладка.
+Закрити її?</source>
+        <translation>The last change (%1; written: %2) can be undone only here, and as long as this tab is open.
+Close it?</translation>
+    </message>
+    <message>
+        <source>Закрити</source>
+        <translation>Close</translation>
     </message>
     <message>
         <source>Попередження.</source>
         <translation>Warning.</translation>
     </message>
-</context>
-<context>
-    <name>QManInvoicesFilter</name>
     <message>
-        <source>&amp;Накладна №:</source>
-        <translation>Invoice &amp;No.:</translation>
+        <source>Умови змінено: натисніть «Переглянути» ще раз.</source>
+        <translation>The conditions have changed: press “Preview” once more.</translation>
     </message>
     <message>
-        <source>Номер</source>
-        <translation>Number</translation>
+        <source>Перегляд змін товарів</source>
+        <translation>Preview of changes to goods</translation>
     </message>
     <message>
-        <source>Напрямок</source>
-        <translation>Direction</translation>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
     </message>
     <message>
-        <source>Стан</source>
-        <translation>State</translation>
+        <source>За цими умовами нічого не знайдено.</source>
+        <translation>Nothing matches these conditions.</translation>
     </message>
     <message>
-        <source>&amp;Лише за дні:</source>
-        <translation>On&amp;ly days:</translation>
+        <source>У вас є право лише переглядати: змінювати товари ви не можете.</source>
+        <translation>You may only look here: you cannot change goods.</translation>
     </message>
     <message>
-        <source>Зупинити</source>
-        <translation>Stop</translation>
+        <source>Спершу натисніть «Переглянути».</source>
+        <translation>Press “Preview” first.</translation>
+    </message>
+    <message>
+        <source>Виберіть нове значення.</source>
+        <translation>Choose a new value.</translation>
+    </message>
+    <message>
+        <source>За цими умовами нічого не зміниться.</source>
+        <translation>Under these conditions nothing will change.</translation>
+    </message>
+    <message>
+        <source>Скасувати нічого: тут ще нічого не записано.</source>
+        <translation>There is nothing to undo: nothing has been written here yet.</translation>
+    </message>
+    <message>
+        <source>Записати зміни?</source>
+        <translation>Write the changes?</translation>
+    </message>
+    <message>
+        <source>З них є в залишках магазинів: %1. Продати їх буде не можна.</source>
+        <translation>Of them in stock in shops: %1. They cannot be sold then.</translation>
+    </message>
+    <message>
+        <source>З них у дорозі між магазинами: %1. Прийняти їх можна буде.</source>
+        <translation>Of them on the way between shops: %1. They can be accepted all the same.</translation>
+    </message>
+    <message>
+        <source>Увага: %1 з них уже змінено останньою зміною, вони зміняться ще раз.</source>
+        <translation>Attention: %1 of them were changed by the last change already and will change once more.</translation>
+    </message>
+    <message>
+        <source>Це службова група: її товари не продаються.</source>
+        <translation>This is a service group: its goods are not sold.</translation>
+    </message>
+    <message>
+        <source>Записати</source>
+        <translation>Write</translation>
+    </message>
+    <message>
+        <source>Умови змінилися, поки ви відповідали: нічого не записано. Перегляньте ще раз.</source>
+        <translation>The conditions changed while you were answering: nothing was written. Preview once more.</translation>
+    </message>
+    <message>
+        <source>Зміна товарів: %1</source>
+        <translation>Changing goods: %1</translation>
+    </message>
+    <message>
+        <source>Повернути те, що було до останньої зміни?
+%1
+Змінено було: %2.</source>
+        <translation>Put back what was there before the last change?
+%1
+Changed were: %2.</translation>
+    </message>
+    <message>
+        <source>Повернути</source>
+        <translation>Put back</translation>
+    </message>
+    <message>
+        <source>Скасування зміни товарів</source>
+        <translation>Undoing a change to goods</translation>
+    </message>
+    <message>
+        <source>Перегляд зупинено.</source>
+        <translation>The preview was stopped.</translation>
     </message>
 </context>
 <context>
@@ -5375,6 +7734,105 @@ Its state: %3. It takes the place of the promotions that these goods have now.</
     <message>
         <source>Ні</source>
         <translation>No</translation>
+    </message>
+</context>
+<context>
+    <name>QOverview</name>
+    <message>
+        <source>Магазини і каси</source>
+        <translation>Shops and registers</translation>
+    </message>
+    <message>
+        <source>Що потребує уваги</source>
+        <translation>What needs a hand</translation>
+    </message>
+    <message>
+        <source>Оборот за останні дні</source>
+        <translation>Turnover of the last days</translation>
+    </message>
+    <message>
+        <source>Без індексів для швидких звітів чеки не читаються: не видно останнього чека і початку зміни, замість нього показано, після якого часу її відкрито (Сервіс → Прискорити звіти…).</source>
+        <translation>Without the indexes for quick reports no receipts are read: the last receipt and the begin of a shift are not seen; instead it is shown after what time the shift was opened (Service → Speed up reports…).</translation>
+    </message>
+    <message>
+        <source>Відкриті зміни</source>
+        <translation>Open shifts</translation>
+    </message>
+    <message>
+        <source>Відкриті зміни: %1</source>
+        <translation>Open shifts: %1</translation>
+    </message>
+    <message>
+        <source>Зміни за %1</source>
+        <translation>Shifts of %1</translation>
+    </message>
+    <message>
+        <source>Зміни за %1 і відкриті</source>
+        <translation>Shifts of %1 and open ones</translation>
+    </message>
+    <message>
+        <source>Каси, не заблоковані</source>
+        <translation>Registers that are not blocked</translation>
+    </message>
+    <message>
+        <source>Магазини з огляду</source>
+        <translation>The shops of the overview</translation>
+    </message>
+    <message>
+        <source>Читається…</source>
+        <translation>Reading…</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>Не вдалося прочитати; показано те, що було раніше. F5 – прочитати знову.</source>
+        <translation>It could not be read; what is shown was read before. F5 reads it again.</translation>
+    </message>
+    <message>
+        <source>Прочитано о %1, далі щохвилини; F5 – зараз.</source>
+        <translation>Read at %1, then each minute; F5 reads it now.</translation>
+    </message>
+    <message>
+        <source>Магазинів: %1</source>
+        <translation>Shops: %1</translation>
+    </message>
+    <message>
+        <source>кас на зв&apos;язку: %1</source>
+        <translation>registers on line: %1</translation>
+    </message>
+    <message>
+        <source>%1 з %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>відкритих змін: %1</source>
+        <translation>open shifts: %1</translation>
+    </message>
+    <message>
+        <source>у них: %1</source>
+        <translation>in them: %1</translation>
+    </message>
+    <message>
+        <source>закрито сьогодні: %1</source>
+        <translation>closed today: %1</translation>
+    </message>
+    <message>
+        <source>тиждень тому: %1</source>
+        <translation>a week ago: %1</translation>
+    </message>
+    <message>
+        <source>Оборот за останні %1 днів</source>
+        <translation>Turnover of the last %1 days</translation>
+    </message>
+    <message>
+        <source>%1 – %2, змін: %3</source>
+        <translation>%1 – %2, shifts: %3</translation>
+    </message>
+    <message>
+        <source> (разом з відкритими)</source>
+        <translation> (with the open ones)</translation>
     </message>
 </context>
 <context>
@@ -5671,6 +8129,10 @@ Add the rest?</translation>
     <message>
         <source>&amp;Ні, перевірити</source>
         <translation>&amp;No, check</translation>
+    </message>
+    <message>
+        <source>Більше, ніж до оплати.</source>
+        <translation>More than is to be paid.</translation>
     </message>
 </context>
 <context>
@@ -6007,6 +8469,152 @@ Only somebody else will be able to give it back.</translation>
     </message>
 </context>
 <context>
+    <name>QSendCash</name>
+    <message>
+        <source>Передача готівки до іншого магазину</source>
+        <translation>Cash to another shop</translation>
+    </message>
+    <message>
+        <source>&amp;З магазину:</source>
+        <translation>&amp;From shop:</translation>
+    </message>
+    <message>
+        <source>В&amp;зяти:</source>
+        <translation>&amp;Take:</translation>
+    </message>
+    <message>
+        <source>&amp;Операція каси:</source>
+        <translation>O&amp;peration of the register:</translation>
+    </message>
+    <message>
+        <source>&amp;До магазину:</source>
+        <translation>T&amp;o shop:</translation>
+    </message>
+    <message>
+        <source>&amp;Сума:</source>
+        <translation>&amp;Sum:</translation>
+    </message>
+    <message>
+        <source>&amp;Повідомлення:</source>
+        <translation>&amp;Message:</translation>
+    </message>
+    <message>
+        <source>Хто несе, для чого</source>
+        <translation>Who carries it, what for</translation>
+    </message>
+    <message>
+        <source>Пере&amp;дати F9</source>
+        <translation>&amp;Send F9</translation>
+    </message>
+    <message>
+        <source>Скас&amp;увати</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>із сейфа, без каси</source>
+        <translation>out of the safe, no register</translation>
+    </message>
+    <message>
+        <source>— виберіть —</source>
+        <translation>— choose —</translation>
+    </message>
+    <message>
+        <source>Немає магазину, з якого ви можете передавати готівку.</source>
+        <translation>There is no shop from which you may send cash.</translation>
+    </message>
+    <message>
+        <source>Немає магазинів, до яких ви можете передавати готівку. Їх призначають у групах прав.</source>
+        <translation>There are no shops to which you may send cash. They are given in the permission groups.</translation>
+    </message>
+    <message>
+        <source>Виберіть магазин, до якого передається готівка.</source>
+        <translation>Choose the shop to which the cash is sent.</translation>
+    </message>
+    <message>
+        <source>Введіть суму, більшу за нуль.</source>
+        <translation>Enter a sum greater than zero.</translation>
+    </message>
+    <message>
+        <source>&amp;Передати все одно</source>
+        <translation>Send &amp;all the same</translation>
+    </message>
+    <message>
+        <source>&amp;Змінити суму</source>
+        <translation>Change the &amp;sum</translation>
+    </message>
+</context>
+<context>
+    <name>QServiceCash</name>
+    <message>
+        <source>Службове внесення та вилучення готівки</source>
+        <translation>Service cash in and out</translation>
+    </message>
+    <message>
+        <source>&amp;Магазин:</source>
+        <translation>&amp;Shop:</translation>
+    </message>
+    <message>
+        <source>&amp;Каса:</source>
+        <translation>&amp;Register:</translation>
+    </message>
+    <message>
+        <source>&amp;Операція:</source>
+        <translation>&amp;Operation:</translation>
+    </message>
+    <message>
+        <source>&amp;Сума:</source>
+        <translation>&amp;Sum:</translation>
+    </message>
+    <message>
+        <source>&amp;Примітка:</source>
+        <translation>&amp;Note:</translation>
+    </message>
+    <message>
+        <source>Хто приніс або забрав, для чого</source>
+        <translation>Who has brought or taken it, what for</translation>
+    </message>
+    <message>
+        <source>&amp;Записати F9</source>
+        <translation>&amp;Write F9</translation>
+    </message>
+    <message>
+        <source>Скас&amp;увати</source>
+        <translation>Cance&amp;l</translation>
+    </message>
+    <message>
+        <source>⚠ Після операції буде %1: менше, ніж нуль.</source>
+        <translation>⚠ After the operation there will be %1: less than nothing.</translation>
+    </message>
+    <message>
+        <source>Після операції буде %1.</source>
+        <translation>After the operation there will be %1.</translation>
+    </message>
+    <message>
+        <source>Введіть суму, більшу за нуль.</source>
+        <translation>Enter a sum greater than zero.</translation>
+    </message>
+    <message>
+        <source>&amp;Вилучити все одно</source>
+        <translation>&amp;Take out all the same</translation>
+    </message>
+    <message>
+        <source>&amp;Змінити суму</source>
+        <translation>Change the &amp;sum</translation>
+    </message>
+    <message>
+        <source>Вікно закрито, а чи записано чек № %1, невідомо: зв&apos;язок обірвався під час запису. Перевірте його у списку чеків.</source>
+        <translation>The window is closed, and it is not known whether receipt No. %1 was written: the connection broke meanwhile. Look for it in the list of receipts.</translation>
+    </message>
+    <message>
+        <source>Внесено в касу %1, чек № %2</source>
+        <translation>%1 brought into the register, receipt No. %2</translation>
+    </message>
+    <message>
+        <source>Вилучено з каси %1, чек № %2</source>
+        <translation>%1 taken out of the register, receipt No. %2</translation>
+    </message>
+</context>
+<context>
     <name>QStatOnLine</name>
     <message>
         <source>З&amp;упинити</source>
@@ -6114,10 +8722,6 @@ Only somebody else will be able to give it back.</translation>
     <message>
         <source>Записується… Закрийте вкладку, коли це закінчиться.</source>
         <translation>Writing… Close the tab when this has ended.</translation>
-    </message>
-    <message>
-        <source>По&amp;шук:</source>
-        <translation>Se&amp;arch:</translation>
     </message>
     <message>
         <source>Набране не збережено.</source>
@@ -7336,6 +9940,30 @@ Open the record and give a new key by the button “Suggest”.</translation>
         <source>Діаг&amp;рама продажу</source>
         <translation>Sales &amp;chart</translation>
     </message>
+    <message>
+        <source>закр&amp;иті</source>
+        <translation>&amp;closed</translation>
+    </message>
+    <message>
+        <source>Закриті зміни та їх Z-звіти</source>
+        <translation>Closed shifts and their Z-reports</translation>
+    </message>
+    <message>
+        <source>Закриті зміни</source>
+        <translation>Closed shifts</translation>
+    </message>
+    <message>
+        <source>відкриті</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>Відкриті зміни: що зараз на касах, продаж і готівка</source>
+        <translation>Open shifts: what goes on at the registers, sales and cash</translation>
+    </message>
+    <message>
+        <source>Відкриті зміни</source>
+        <translation>Open shifts</translation>
+    </message>
 </context>
 <context>
     <name>QuantityDelegate</name>
@@ -7564,6 +10192,14 @@ Open the record and give a new key by the button “Suggest”.</translation>
     <message>
         <source>+ − * кількість, Delete прибрати рядок, F3 чому така ціна, F9 оплата, F12 закрити зміну, Esc очистити</source>
         <translation>+ − * quantity, Delete removes the row, F3 why this price, F9 payment, F12 closes the shift, Esc clears</translation>
+    </message>
+    <message>
+        <source>Ру&amp;х готівки…</source>
+        <translation>Ta&amp;ke / add cash…</translation>
+    </message>
+    <message>
+        <source>Службове внесення та вилучення, Shift+F9</source>
+        <translation>Service cash in and out, Shift+F9</translation>
     </message>
 </context>
 <context>
@@ -8169,6 +10805,38 @@ Close the period before closing the shift?</translation>
         <source>Записується…</source>
         <translation>Writing…</translation>
     </message>
+    <message>
+        <source>Магазини й каси ще читаються. Повторіть.</source>
+        <translation>Shops and registers are still being read. Try again.</translation>
+    </message>
+    <message>
+        <source>Магазин або касу заблоковано: тут можна лише закрити зміну.</source>
+        <translation>The shop or the register is blocked: a shift can only be closed here.</translation>
+    </message>
+    <message>
+        <source>Дата чека</source>
+        <translation>Date of the receipt</translation>
+    </message>
+    <message>
+        <source>Зміну цієї каси відкрито в іншому магазині: її період тут не закрити.</source>
+        <translation>The shift of this register was opened in another shop: its period cannot be closed here.</translation>
+    </message>
+    <message>
+        <source>Період уже закрито. Наступна зміна почне новий.</source>
+        <translation>The period is closed already. The next shift begins a new one.</translation>
+    </message>
+    <message>
+        <source>Зміну № %1 відкрив інший користувач: %2. Закрити її період замість нього?</source>
+        <translation>Shift No. %1 was opened by another user: %2. Close its period in his place?</translation>
+    </message>
+    <message>
+        <source>Закрити період</source>
+        <translation>Close the period</translation>
+    </message>
+    <message>
+        <source>Період закрито, пораховане записано: документ № %1.</source>
+        <translation>The period is closed, what was counted is written: document No. %1.</translation>
+    </message>
 </context>
 <context>
     <name>ShiftCloser</name>
@@ -8378,6 +11046,14 @@ before its last day!</translation>
     <message>
         <source>склад</source>
         <translation>stock</translation>
+    </message>
+    <message>
+        <source>ПЕРЕРАХУНОК</source>
+        <translation>STOCK COUNT</translation>
+    </message>
+    <message>
+        <source>зал, різниця з програмою</source>
+        <translation>shop floor, difference to the program</translation>
     </message>
 </context>
 <context>
@@ -8723,6 +11399,13 @@ Wait or contact support.</translation>
     <message>
         <source>Впишіть обидві цифри після крапки: наприклад 07.50 чи 07.05.</source>
         <translation>Fill in both digits behind the point: for example 07.50 or 07.05.</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBar</name>
+    <message>
+        <source>Панель інструментів</source>
+        <translation>Tool bar</translation>
     </message>
 </context>
 <context>
@@ -9397,6 +12080,30 @@ Cancel and leave?</translation>
     <message>
         <source>&amp;Передачі між магазинами</source>
         <translation>&amp;Transfers between shops</translation>
+    </message>
+    <message>
+        <source>Продаж</source>
+        <translation>Sale</translation>
+    </message>
+    <message>
+        <source>&amp;Огляд</source>
+        <translation>O&amp;verview</translation>
+    </message>
+    <message>
+        <source>Оновити</source>
+        <translation>Reload</translation>
+    </message>
+    <message>
+        <source>XLSX</source>
+        <translation>XLSX</translation>
+    </message>
+    <message>
+        <source>&amp;Панель інструментів</source>
+        <translation>Tool &amp;bar</translation>
+    </message>
+    <message>
+        <source>П&amp;еревірка даних</source>
+        <translation>Check the &amp;data</translation>
     </message>
 </context>
 <context>
