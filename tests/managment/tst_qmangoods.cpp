@@ -125,9 +125,8 @@ void TstQManGoods::init()
     m_base->exec(
         {"UPDATE lst_permis SET permission=1 WHERE id_prem=100", "DELETE FROM lst_group WHERE id_group=2",
          "INSERT INTO lst_group(id_g_prem,id_group) VALUES(1,2)",
-         "UPDATE goods SET price=CASE id WHEN 10 THEN 5000 WHEN 11 THEN 8000 WHEN 12 THEN 1230 WHEN 13 "
-         "THEN 3000 WHEN 14 THEN 700 WHEN 15 THEN NULL ELSE 100 END,id_rules_goods=1,block=(id=16),"
-         "group_g=IF(id=17,3,1)",
+         "UPDATE goods SET price=ELT(id-9,5000,8000,1230,3000,700,NULL,100,100),id_rules_goods=1",
+         "UPDATE goods SET block=(id=16),group_g=IF(id=17,3,1)",
          "INSERT INTO prices(id_goods,id_shop,id_group,priority,price,week_day,info) VALUES"
          "(10,0,2,0,4995,5,'акт 7'),(10,1,2,0,4800,0,NULL),(13,0,1,0,2900,0,NULL),(14,0,2,3,650,0,NULL)"});
     m_user = std::make_unique<QLoadedUser>(nullptr, &m_base->heard);
