@@ -60,12 +60,12 @@ const Check table[] = {
 
     // What each register has written.
     {"shift_sums", QT_TRANSLATE_NOOP("Integrity", "Суми змін за чеками"), Scope::Shift,
-     "shifts>0 AND rows_>0 AND ({differ})", QT_TRANSLATE_NOOP("Integrity", "Зміна № {zvit}: {sums}."),
+     "shifts=1 AND rows_>0 AND ({differ})", QT_TRANSLATE_NOOP("Integrity", "Зміна № {zvit}: {sums}."),
      QT_TRANSLATE_NOOP("Integrity",
                        "Звірте з Z-звітом каси: або у базі бракує чеків, або зміну змінено поза програмою."),
      shift},
     {"shift_empty", QT_TRANSLATE_NOOP("Integrity", "Зміни без чеків"), Scope::Shift,
-     "shifts>0 AND rows_=0 AND ({differ})",
+     "shifts=1 AND rows_=0 AND ({differ})",
      QT_TRANSLATE_NOOP("Integrity", "У зміни № {zvit} є суми, а чеків немає: {sums}."),
      QT_TRANSLATE_NOOP("Integrity",
                        "Чеки зміни не передано або видалено: відновіть їх з каси чи з копії бази."),

@@ -246,6 +246,7 @@ private slots:
     void demoChainIsSound();
     void emptyDatabaseIsSound();
     void plantedFaultsAreFound();
+    void sameShiftTwice();
     void findingsLeadToTheirRecords();
     void whatTheProgramWritesIsSound();
     void soldWhileItRuns();
@@ -304,6 +305,19 @@ void TstIntegrityRun::plantedFaultsAreFound()
         QCOMPARE(found.value(i), wanted.value(i));
     QCOMPARE(run.result.words, QString("Знайдено помилок: %1.").arg(wanted.size()));
     QVERIFY2(base.heard.texts().isEmpty(), qPrintable(base.heard.texts().join('\n')));
+}
+
+/// Only where the key is gone that forbids it.
+void TstIntegrityRun::sameShiftTwice()
+{
+    FreshDatabase base;
+    fillShop(&base);
+    base.exec(soundRegister(11));
+    base.exec(QStringList{"ALTER TABLE z_zvit DROP PRIMARY KEY", shiftSql(11, 1, "'2026-11-20 21:00:00'")});
+    QCOMPARE(checkDatabase(&base, noon).lines(),
+             (QStringList{
+                 without("schema_key", "", "У таблиці «z_zvit» немає ключа PRIMARY KEY(id_zzvit,id_kass)."),
+                 at(11, "z_double", "Номер зміни 1 є на касі двічі: змін 2, Z-чеків 1.")}));
 }
 
 void TstIntegrityRun::findingsLeadToTheirRecords()
