@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keyteller.h"
 #include "page.h"
 #include "qlogger.h"
 #include "session.h"
@@ -14,13 +15,14 @@ class Veltab;
 }
 class ErrorList;
 class JobList;
+class MessageList;
 class Pages;
 class QMessEvent;
 class QTableBase;
 class setting;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
-class Veltab : public QMainWindow
+class Veltab : public QMainWindow, public KeyTeller
 {
     Q_OBJECT
 
@@ -36,6 +38,7 @@ public:
     QTableBase *tableBase() const;
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
+    QVector<ToldKey> toldKeys() const override;
     /// Who tells the file to write, from a suggested name; empty when none is wanted. The file dialog at
     /// first.
     using FileChooser = std::function<QString(const QString &suggested)>;
@@ -60,6 +63,10 @@ public slots:
     void import_csv(QChar separator = QLatin1Char(';'));
     void import_csv_cp1251();
     void about();
+    /// Asks where to go, and goes there.
+    void goTo();
+    /// The keys that work now.
+    void showKeys();
     /// Lets another user in. Refused in words while tabs are open.
     void login() { m_session->login(); }
     /// Reads the rights of the user again; menus and tabs follow.
@@ -130,6 +137,7 @@ private:
     Session *m_session = nullptr;
     Pages *m_pages = nullptr;
     JobList *m_jobs = nullptr;
+    MessageList *m_messages = nullptr;
     QLabel *m_userLabel = nullptr;
     QLabel *m_serverLabel = nullptr;
     bool m_isServiceShown = false;

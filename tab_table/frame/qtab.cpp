@@ -112,6 +112,7 @@ void QTab::setSearchField(QLineEdit *field, const std::function<void(const QStri
     field->installEventFilter(this);
     auto *shortcut =
         new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    shortcut->setWhatsThis(tr("До поля пошуку"));
     connect(shortcut, &QShortcut::activated, field, [field] {
         field->setFocus(Qt::ShortcutFocusReason);
         field->selectAll();
@@ -152,6 +153,18 @@ void QTab::findWords(const QString &condition, const QString &text)
         return;
     const QString words = likeWords(condition, text);
     search(words.isEmpty() ? words : QStringLiteral(" WHERE ") + words);
+}
+
+QVector<ToldKey> QTab::toldKeys() const
+{
+    QVector<ToldKey> keys = {{{Qt::Key_Return}, tr("У списку: відкрити рядок")}};
+    if (m_search != nullptr)
+        keys += {{{Qt::Key_Return, Qt::Key_Down}, tr("У полі пошуку: до списку")},
+                 {{Qt::Key_Escape}, tr("У полі пошуку: очистити його")}};
+    if (m_delegate != nullptr)
+        keys += {{{Qt::Key_Return}, tr("У рядку, який редагується: записати")},
+                 {{Qt::Key_Escape}, tr("У рядку, який редагується: скасувати набране")}};
+    return keys;
 }
 
 bool QTab::eventFilter(QObject *watched, QEvent *event)
