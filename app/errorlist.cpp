@@ -1,22 +1,13 @@
 #include "errorlist.h"
 
+#include "messagewords.h"
 #include "qqestion.h"
 
 #include <QApplication>
-#include <QRegularExpression>
 #include <QTimer>
 
 namespace {
 const int errorsTogether = 5;
-
-/// Where the part of an error begins that only those understand who look for its reason: behind its first
-/// empty line, else with the statement that failed. -1 when there is none.
-int detailsOf(const QString &error)
-{
-    static const QRegularExpression begin(QStringLiteral(
-        "\n\n|\n(?=(SELECT|INSERT|UPDATE|DELETE|REPLACE|CREATE|ALTER|SHOW|START|COMMIT|KILL) )"));
-    return error.indexOf(begin);
-}
 
 void tell(QWidget *parent, const QStringList &errors)
 {
@@ -24,10 +15,10 @@ void tell(QWidget *parent, const QStringList &errors)
     QStringList words;
     QStringList details;
     for (const QString &error : errors) {
-        const int cut = detailsOf(error);
-        words.append(error.left(cut));
-        if (cut >= 0)
-            details.append(error.mid(cut).trimmed());
+        const MessageWords folded = foldedMessage(error);
+        words.append(folded.words);
+        if (!folded.details.isEmpty())
+            details.append(folded.details);
     }
     words.removeDuplicates();
     QQestion::tell(parent, ErrorList::tr("Попередження."), words.join(gap), details.join(gap));

@@ -13,8 +13,8 @@ QMap<QString, bool> shownActions(const PageTable &pages, const MenuState &state)
     for (const PageEntry &entry : pages)
         shown.insert(QLatin1String(entry.action), isAllowed && entry.make && maySeePage(user, entry));
     shown.insert(QStringLiteral("changpass"), isAllowed);
-    shown.insert(QStringLiteral("about"), isAllowed);
-    shown.insert(QStringLiteral("show_toolbar"), isAllowed);
+    for (const char *action : {"about", "go_to", "key_list", "show_toolbar"})
+        shown.insert(QLatin1String(action), isAllowed);
     shown.insert(QStringLiteral("mt_importBD"), isAllowed && user.maySee(Permission::PreviousImport));
     shown.insert(QStringLiteral("settings"), isService || isNobody || !state.isConnected);
     shown.insert(QStringLiteral("mt_create_tables"), isService && state.hasAddress);

@@ -2,10 +2,13 @@
 #include "ui_veltab.h"
 
 #include "errorlist.h"
+#include "gotobox.h"
 #include "icons.h"
 #include "joblist.h"
+#include "keylist.h"
 #include "memberpreview.h"
 #include "menurights.h"
+#include "messagelist.h"
 #include "pages.h"
 #include "permissions.h"
 #include "qchangpass.h"
@@ -109,6 +112,9 @@ void Veltab::buildStatusBar()
 {
     m_jobs = new JobList(this);
     ui->statusbar->addPermanentWidget(m_jobs);
+    m_messages = new MessageList(this);
+    addDockWidget(Qt::BottomDockWidgetArea, m_messages);
+    ui->statusbar->addPermanentWidget(m_messages->button());
     m_serverLabel = new QLabel(this);
     m_serverLabel->setObjectName(QStringLiteral("labelServer"));
     ui->statusbar->addPermanentWidget(m_serverLabel);
@@ -197,6 +203,8 @@ void Veltab::connectCommands()
     connect(ui->import_csv_utf8_tab, &QAction::triggered, this, [this] { import_csv(QLatin1Char('\t')); });
     connect(ui->settings, &QAction::triggered, this, &Veltab::s_setting);
     connect(ui->changpass, &QAction::triggered, this, &Veltab::changpass);
+    connect(ui->go_to, &QAction::triggered, this, &Veltab::goTo);
+    connect(ui->key_list, &QAction::triggered, this, &Veltab::showKeys);
     connect(ui->about, &QAction::triggered, this, &Veltab::about);
     connect(ui->quit, &QAction::triggered, this, &Veltab::close);
 }
@@ -422,6 +430,30 @@ void Veltab::about()
                        true);
 }
 
+void Veltab::goTo()
+{
+    auto *box = new GotoBox(m_session->connection(), m_session->user(), this, ui->menubar, this);
+    connect(box, &GotoBox::chosen, this, [this](const GotoHit &hit) {
+        if (hit.kind == GotoKind::Action)
+            actionOf(qPrintable(hit.destination.action))->trigger();
+        else
+            m_pages->go(hit.destination);
+    });
+    box->open();
+}
+
+void Veltab::showKeys()
+{
+    KeyList(keysOf(*this), m_session->connection(), m_session->user(), this, this).exec();
+}
+
+QVector<ToldKey> Veltab::toldKeys() const
+{
+    return {{{QKeySequence::NextChild}, tr("Наступна вкладка")},
+            {{QKeySequence::PreviousChild}, tr("Попередня вкладка")},
+            {{QKeySequence::Delete}, tr("Видалити виділений запис, де це можна")}};
+}
+
 void Veltab::changpass()
 {
     if (user().isLoaded())
@@ -616,6 +648,7 @@ bool Veltab::event(QEvent *event)
 
 void Veltab::handleMessage(const QMessEvent &message)
 {
+    m_messages->add(message);
     m_logger.wlog(message.kind(), tr("File:") + message.file(), message.line(), message.text());
     const bool isKnown = m_session->isLost() && isLossOfServer(message.text());
     const bool isTold = message.kind() == QMessEvent::Information && m_jobs->isTelling(message.text());

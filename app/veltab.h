@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keyteller.h"
 #include "page.h"
 #include "qlogger.h"
 #include "session.h"
@@ -14,6 +15,7 @@ class Veltab;
 }
 class ErrorList;
 class JobList;
+class MessageList;
 class Pages;
 class QMessEvent;
 class QTableBase;
@@ -21,7 +23,7 @@ class setting;
 class ToolBar;
 
 /// The program's one main window: menus by the user's rights, an area of tabs, the log and the messages.
-class Veltab : public QMainWindow
+class Veltab : public QMainWindow, public KeyTeller
 {
     Q_OBJECT
 
@@ -39,6 +41,7 @@ public:
     QTableBase *tableBase() const;
     /// The actions that open a tab and that the user's rights show, in the order of the menus.
     QList<QAction *> openingActions() const;
+    QVector<ToldKey> toldKeys() const override;
     /// Who tells the file to write, from a suggested name; empty when none is wanted. The file dialog at
     /// first.
     using FileChooser = std::function<QString(const QString &suggested)>;
@@ -66,6 +69,10 @@ public slots:
     void import_csv(QChar separator = QLatin1Char(';'));
     void import_csv_cp1251();
     void about();
+    /// Asks where to go, and goes there.
+    void goTo();
+    /// The keys that work now.
+    void showKeys();
     /// Lets another user in. Refused in words while tabs are open.
     void login() { m_session->login(); }
     /// Reads the rights of the user again; menus and tabs follow.
@@ -140,6 +147,7 @@ private:
     Pages *m_pages = nullptr;
     JobList *m_jobs = nullptr;
     ToolBar *m_toolBar = nullptr;
+    MessageList *m_messages = nullptr;
     QLabel *m_userLabel = nullptr;
     QLabel *m_serverLabel = nullptr;
     bool m_isServiceShown = false;

@@ -363,6 +363,12 @@ void GoodsPicker::typeInto(const QString &text)
     ui->leSearch->insert(text);
 }
 
+QVector<ToldKey> GoodsPicker::toldKeys() const
+{
+    return {{{Qt::Key_Return}, tr("Додати знайдений товар")},
+            {{Qt::Key_Down}, tr("Із поля пошуку: до списку товарів")}};
+}
+
 bool GoodsPicker::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "goodssearch.h"
+#include "keyteller.h"
 #include "typingpause.h"
 
 #include <QStringList>
@@ -21,7 +22,7 @@ class SaleWork;
 
 /// Where goods are found: typed into a field by barcode, name or number, chosen in the list of a shop's
 /// goods, or scanned wherever the focus is. Whoever owns it takes the items.
-class GoodsPicker : public QWidget
+class GoodsPicker : public QWidget, public KeyTeller
 {
     Q_OBJECT
 
@@ -33,6 +34,8 @@ public:
 
     explicit GoodsPicker(QWidget *parent = nullptr);
     ~GoodsPicker() override;
+
+    QVector<ToldKey> toldKeys() const override;
 
     /// Every scan in the tab is one of goods. acts: hold what is done there while an item is on its way.
     void setUp(SaleWork *work, HeldActs *acts, const Scope &scope, const Take &take);

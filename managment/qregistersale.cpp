@@ -233,20 +233,22 @@ void QRegisterSale::connectClosing()
 /// The shortcut of a button would press it a tenth of a second later, after the keys that follow.
 void QRegisterSale::connectKeys()
 {
-    const auto onKey = [this](const QKeySequence &keys, void (QRegisterSale::*act)()) {
+    const auto onKey = [this](const QKeySequence &keys, void (QRegisterSale::*act)(), const QString &words) {
         auto *shortcut = new QShortcut(keys, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        shortcut->setWhatsThis(words);
         connect(shortcut, &QShortcut::activated, this, act);
     };
-    onKey(Qt::Key_Escape, &QRegisterSale::escape);
-    onKey(Qt::Key_F6, &QRegisterSale::salemode);
-    onKey(Qt::Key_F7, &QRegisterSale::admissionmode);
-    onKey(Qt::Key_F8, &QRegisterSale::movingmode);
-    onKey(Qt::Key_F11, &QRegisterSale::transfermode);
-    onKey(Qt::Key_F9, &QRegisterSale::write);
-    onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit);
-    onKey(Qt::SHIFT + Qt::Key_F9, &QRegisterSale::moveCash);
-    onKey(QKeySequence::Find, &QRegisterSale::findGoods);
+    onKey(Qt::Key_Escape, &QRegisterSale::escape,
+          tr("Крок назад: прибрати повідомлення, пошук, потім усе набране"));
+    onKey(Qt::Key_F6, &QRegisterSale::salemode, tr("Продаж"));
+    onKey(Qt::Key_F7, &QRegisterSale::admissionmode, tr("Прийом товару"));
+    onKey(Qt::Key_F8, &QRegisterSale::movingmode, tr("Переміщення між залом і складом"));
+    onKey(Qt::Key_F11, &QRegisterSale::transfermode, tr("Передача іншому магазину"));
+    onKey(Qt::Key_F9, &QRegisterSale::write, tr("Оплатити чек або записати документ"));
+    onKey(Qt::Key_F12, &QRegisterSale::CloseZ_zvit, tr("Закрити зміну"));
+    onKey(Qt::SHIFT + Qt::Key_F9, &QRegisterSale::moveCash, tr("Рух готівки"));
+    onKey(QKeySequence::Find, &QRegisterSale::findGoods, tr("Шукати товар"));
     new SalePriceQuestion(m_work, m_acts, ui->goods, ui->receipt, [this] { return goodsScope(); });
 }
 
@@ -410,6 +412,11 @@ bool QRegisterSale::pastes(const QKeyEvent *key) const
 {
     return m_stock->pane() != nullptr && key->matches(QKeySequence::Paste) &&
            Pasted::isTable(QApplication::clipboard()->text());
+}
+
+QVector<ToldKey> QRegisterSale::toldKeys() const
+{
+    return {{{QKeySequence::Paste}, tr("Вставити таблицю товарів у документ")}};
 }
 
 void QRegisterSale::pasteTable()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keyteller.h"
 #include "page.h"
 #include "quantitygrid.h"
 #include "saleguard.h"
@@ -24,7 +25,7 @@ class StockPane;
 ///
 /// It never waits for the server: what is on its way or under way (HeldActs, SaleWork) holds up decisions and
 /// keeps scans, and nothing else.
-class QRegisterSale : public QWidget, public Page
+class QRegisterSale : public QWidget, public Page, public KeyTeller
 {
     Q_OBJECT
 
@@ -51,6 +52,7 @@ public:
     /// Asks about a receipt that would be lost or is not known to be written. Not while something is under
     /// way, which is told; what the server has to be asked before is asked, then closeWanted() comes.
     bool mayClose() override;
+    QVector<ToldKey> toldKeys() const override;
 
 public slots:
     // What is done with goods. Each mode keeps what was filled in it; a switch waits for an item on its way.

@@ -143,25 +143,36 @@ void QuantityGrid::removeRow(int row)
     goToRow(qMin(row, m_view->model()->rowCount() - 1));
 }
 
+const QVector<QuantityGrid::RowKey> &QuantityGrid::rowKeys()
+{
+    static const QVector<RowKey> keys = {
+        {Qt::Key_Plus, QT_TR_NOOP("Одиницею товару більше"), [](QuantityGrid *grid) { grid->step(one); }},
+        {Qt::Key_Minus, QT_TR_NOOP("Одиницею товару менше"), [](QuantityGrid *grid) { grid->step(-one); }},
+        {Qt::Key_Asterisk, QT_TR_NOOP("Змінити кількість"), [](QuantityGrid *grid) { grid->editCurrent(); }},
+        {Qt::Key_F2, QT_TR_NOOP("Змінити кількість"), [](QuantityGrid *grid) { grid->editCurrent(); }},
+        {Qt::Key_Delete, QT_TR_NOOP("Прибрати рядок товару"),
+         [](QuantityGrid *grid) { grid->remove([grid] { return grid->currentRow(); }); }},
+    };
+    return keys;
+}
+
 bool QuantityGrid::rowKey(const QKeyEvent *key)
 {
-    switch (key->key()) {
-    case Qt::Key_Plus:
-        step(one);
-        return true;
-    case Qt::Key_Minus:
-        step(-one);
-        return true;
-    case Qt::Key_Asterisk:
-    case Qt::Key_F2:
-        editCurrent();
-        return true;
-    case Qt::Key_Delete:
-        remove([this] { return currentRow(); });
-        return true;
-    default:
-        return false;
+    for (const RowKey &each : rowKeys()) {
+        if (each.key == key->key()) {
+            each.act(this);
+            return true;
+        }
     }
+    return false;
+}
+
+QVector<ToldKey> QuantityGrid::toldKeys() const
+{
+    QVector<ToldKey> told;
+    for (const RowKey &each : rowKeys())
+        told.append({{each.key}, tr(each.words)});
+    return told;
 }
 
 bool QuantityGrid::eventFilter(QObject *watched, QEvent *event)

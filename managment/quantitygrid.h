@@ -1,5 +1,7 @@
 #pragma once
 
+#include "keyteller.h"
+
 #include <QObject>
 #include <functional>
 #include <optional>
@@ -10,7 +12,7 @@ class QuantityDelegate;
 
 /// The keys and the mouse of a grid of goods whose quantities are typed: nothing typed stays behind in an
 /// editor, a key means the row of the item on its way, and whatever changes the goods is asked for first.
-class QuantityGrid : public QObject
+class QuantityGrid : public QObject, public KeyTeller
 {
     Q_OBJECT
 
@@ -56,6 +58,7 @@ public:
 
     /// Plus, minus, asterisk, F2 and Delete, for the current row; false for any other key.
     bool rowKey(const QKeyEvent *key);
+    QVector<ToldKey> toldKeys() const override;
 
 signals:
     void told(const QString &text);
@@ -68,6 +71,13 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    struct RowKey
+    {
+        Qt::Key key;
+        const char *words;
+        void (*act)(QuantityGrid *grid);
+    };
+    static const QVector<RowKey> &rowKeys();
     bool change(int row, const QString &text);
     bool setQuantity(int row, qint64 thousandths);
     void step(qint64 thousandths);

@@ -22,6 +22,7 @@ SalePriceQuestion::SalePriceQuestion(SaleWork *work, HeldActs *acts, const Goods
     , m_scope(scope)
 {
     auto *key = new QShortcut(whyPriceKey, work->tab(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    key->setWhatsThis(whyPriceWords());
     connect(key, &QShortcut::activated, this, &SalePriceQuestion::askWhenThere);
     addWhyPriceMenu(goods->view(), [this](int) { askListed(); });
     addWhyPriceMenu(m_grid, [this](int) { askReceipt(); });

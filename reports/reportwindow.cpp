@@ -159,6 +159,7 @@ void ReportWindow::connectOpening(const std::function<void(const QModelIndex &)>
     connect(view(), &QAbstractItemView::doubleClicked, this, open);
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto *enter = new QShortcut(QKeySequence(key), view(), nullptr, nullptr, Qt::WidgetShortcut);
+        enter->setWhatsThis(tr("Відкрити рядок, як подвійним клацанням"));
         connect(enter, &QShortcut::activated, this, [this, open] { open(view()->currentIndex()); });
     }
 }

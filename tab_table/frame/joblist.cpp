@@ -168,8 +168,9 @@ JobList::JobList(QWidget *parent) : QWidget(parent)
     m_ticking.setInterval(tickMs);
     connect(&m_ticking, &QTimer::timeout, this, &JobList::tick);
     connect(&RunningJobs::all(), &RunningJobs::started, this, &JobList::add);
-    connect(new QShortcut(QKeySequence(Qt::CTRL + Qt::Key_J), window()), &QShortcut::activated, this,
-            &JobList::focusFirst);
+    auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL + Qt::Key_J), window());
+    shortcut->setWhatsThis(tr("До завдань у рядку стану"));
+    connect(shortcut, &QShortcut::activated, this, &JobList::focusFirst);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *before, QWidget *now) {
         if (isOwn(now) && !isOwn(before))
             m_before = before;

@@ -28,7 +28,7 @@ bool isShiftF10(const QEvent *event)
     if (event->type() != QEvent::KeyPress)
         return false;
     const auto *key = static_cast<const QKeyEvent *>(event);
-    return key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier;
+    return QKeySequence(static_cast<int>(key->modifiers()) | key->key()) == ListColumns::menuKey();
 }
 
 /// Whether captions may take several lines, as where there are too many columns for the page.

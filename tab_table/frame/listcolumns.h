@@ -2,6 +2,7 @@
 
 #include "columns.h"
 
+#include <QKeySequence>
 #include <QObject>
 #include <QPointer>
 
@@ -24,6 +25,8 @@ public:
     /// Widths, what is hidden for good, and what that user has made of them before. key: the list's name
     /// among all lists. The widest column takes the width that the others leave free.
     void set(const QVector<Column> &columns, const QString &idUser, const QString &key);
+    /// Opens the menu of the columns from the grid.
+    static QKeySequence menuKey() { return Qt::SHIFT + Qt::Key_F10; }
     /// The columns that are seen, by their places in the model, as they stand from left to right.
     QVector<int> shown() const;
     /// Which columns are seen, the order of the server, everything as at first.

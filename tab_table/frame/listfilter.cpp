@@ -60,6 +60,7 @@ void ListFilter::setSearchField(QLineEdit *field, const std::function<void(const
     field->installEventFilter(this);
     auto *shortcut =
         new QShortcut(QKeySequence::Find, m_tab, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    shortcut->setWhatsThis(tr("До поля пошуку"));
     connect(shortcut, &QShortcut::activated, field, [field] {
         field->setFocus(Qt::ShortcutFocusReason);
         field->selectAll();

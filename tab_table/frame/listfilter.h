@@ -33,6 +33,7 @@ public:
     /// The field that searches the list, and what searches for its text: it has the focus when the tab is
     /// opened, Ctrl+F goes to it, Esc clears it, Enter and Down go on into the list.
     void setSearchField(QLineEdit *field, const std::function<void(const QString &text)> &find);
+    bool hasSearchField() const { return m_search != nullptr; }
     /// True for a tab with a search field in which nothing stands.
     bool isSearchEmpty() const;
     /// For keys in the list: the search has led there, and the next code comes there. True for the end of a

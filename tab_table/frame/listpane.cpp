@@ -115,6 +115,14 @@ void ListPane::open(QSqlDatabase *db, const QLoadedUser *user, QObject *receiver
     m_tasks = new DbTasks(db->connectionName(), receiver, this);
 }
 
+QVector<ToldKey> ListPane::toldKeys() const
+{
+    return {{{QKeySequence::Copy}, tr("У списку: копіювати виділені рядки")},
+            {{QKeySequence::SelectAll}, tr("У списку: виділити всі рядки")},
+            {{ListColumns::menuKey()}, tr("У списку: стовпці, їхній порядок і вигляд")},
+            {{Qt::Key_Escape}, tr("У списку: зупинити впорядкування")}};
+}
+
 void ListPane::expectLongLoads(bool isLong)
 {
     m_queries->setLong(isLong);

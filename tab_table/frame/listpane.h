@@ -1,6 +1,7 @@
 #pragma once
 
 #include "columns.h"
+#include "keyteller.h"
 #include "listcolumns.h"
 #include "qupdatebd.h"
 #include "roworder.h"
@@ -29,7 +30,7 @@ struct QueryAnswer;
 
 /// The one list: a grid whose rows are loaded away from the window, the columns as the user has them, below
 /// it what became of the load, and printing. A table tab, a report and the sale each own one.
-class ListPane : public QWidget
+class ListPane : public QWidget, public KeyTeller
 {
     Q_OBJECT
 
@@ -46,6 +47,8 @@ public:
     void breakCaptions();
     /// The columns in the order of the SELECT; key: the list's name among all lists.
     void setColumns(const QVector<Column> &columns, const QString &key);
+
+    QVector<ToldKey> toldKeys() const override;
 
     QNTableView *view() const { return m_view; }
     QRowModel *model() const { return m_model; }

@@ -120,6 +120,18 @@ void QTab::findWords(const QString &condition, const QLineEdit *field)
     search(words.isEmpty() ? words : QStringLiteral(" WHERE ") + words);
 }
 
+QVector<ToldKey> QTab::toldKeys() const
+{
+    QVector<ToldKey> keys = {{{Qt::Key_Return}, tr("У списку: відкрити рядок")}};
+    if (m_filter->hasSearchField())
+        keys += {{{Qt::Key_Return, Qt::Key_Down}, tr("У полі пошуку: до списку")},
+                 {{Qt::Key_Escape}, tr("У полі пошуку: очистити його")}};
+    if (m_delegate != nullptr)
+        keys += {{{Qt::Key_Return}, tr("У рядку, який редагується: записати")},
+                 {{Qt::Key_Escape}, tr("У рядку, який редагується: скасувати набране")}};
+    return keys;
+}
+
 bool QTab::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != view() || event->type() != QEvent::KeyPress)

@@ -3,6 +3,7 @@
 #include "columns.h"
 #include "dbtasks.h"
 #include "destination.h"
+#include "keyteller.h"
 #include "page.h"
 #include "rowstore.h"
 
@@ -38,7 +39,7 @@ struct CsvForm;
 /// after an edit and knows which shops and groups the user may see.
 ///
 /// A concrete tab sets table, query and columns in its constructor, then calls ShowData().
-class QTab : public QWidget, public Page
+class QTab : public QWidget, public Page, public KeyTeller
 {
     Q_OBJECT
 
@@ -67,6 +68,7 @@ public:
     /// Editing and export for those with full rights here; for others what isExportedToViewers tells.
     Commands commands() const override;
     void run(Command command) override;
+    QVector<ToldKey> toldKeys() const override;
     /// Reads the list again: the same filter, the same current row and place. Refused in words while
     /// something is typed in the list.
     void reload();

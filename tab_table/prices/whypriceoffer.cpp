@@ -16,6 +16,11 @@ struct Texts
 };
 } // namespace
 
+QString whyPriceWords()
+{
+    return Texts::tr("Чому така ціна");
+}
+
 void addWhyPriceMenu(QNTableView *list, const std::function<void(int row)> &ask)
 {
     QObject::connect(list, &QNTableView::RClicked, list, [list, ask](const QModelIndex &index) {
@@ -26,7 +31,7 @@ void addWhyPriceMenu(QNTableView *list, const std::function<void(int row)> &ask)
         menu->setAttribute(Qt::WA_DeleteOnClose);
         const QString key = QKeySequence(whyPriceKey).toString(QKeySequence::NativeText);
         // Rows that arrive meanwhile may take the place of this one.
-        menu->addAction(Texts::tr("Чому така ціна") + QLatin1Char('\t') + key, list,
+        menu->addAction(whyPriceWords() + QLatin1Char('\t') + key, list,
                         [ask, asked = QPersistentModelIndex(index)] {
                             if (asked.isValid())
                                 ask(asked.row());
@@ -48,6 +53,7 @@ void offerWhyPrice(QWidget *page, QNTableView *list, QAbstractButton *button,
                                Texts::tr("Спершу виберіть товар у списку."), true);
     };
     auto *shortcut = new QShortcut(whyPriceKey, page, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    shortcut->setWhatsThis(whyPriceWords());
     QObject::connect(shortcut, &QShortcut::activated, page, askCurrent);
     QObject::connect(button, &QAbstractButton::clicked, page, askCurrent);
     button->setToolTip(Texts::tr("Яка ціна товару діє в магазині й чому (%1)")

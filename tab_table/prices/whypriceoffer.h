@@ -1,6 +1,6 @@
 #pragma once
 
-#include <Qt>
+#include <QString>
 #include <functional>
 
 class QAbstractButton;
@@ -9,6 +9,9 @@ class QWidget;
 
 /// The key that asks why an item costs what it costs.
 constexpr Qt::Key whyPriceKey = Qt::Key_F3;
+
+/// What it asks, in words.
+QString whyPriceWords();
 
 /// Offers that question in the menu of a right click on a row.
 void addWhyPriceMenu(QNTableView *list, const std::function<void(int row)> &ask);

@@ -68,11 +68,11 @@ void QPremisGroup::connectWidgets()
     m_typing->follow(ui->leSearch);
     connect(m_typing, &TypingPause::ended, this, [this] { ui->rights->searchFor(ui->leSearch->text()); });
     connect(m_user, &QLoadedUser::rightsChanged, this, &QPremisGroup::followRights);
-    const auto *saving =
-        new QShortcut(QKeySequence::Save, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    auto *saving = new QShortcut(QKeySequence::Save, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    saving->setWhatsThis(tr("Зберегти групу прав"));
     connect(saving, &QShortcut::activated, this, &QPremisGroup::save);
-    const auto *finding =
-        new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    auto *finding = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    finding->setWhatsThis(tr("Шукати право"));
     connect(finding, &QShortcut::activated, this, [this] {
         ui->parts->setCurrentWidget(ui->partRights);
         ui->leSearch->setFocus(Qt::ShortcutFocusReason);

@@ -20,8 +20,9 @@ QTabOnLine::QTabOnLine(QSqlDatabase *db, QLoadedUser *user, QObject *receiver, s
 {
     connect(view(), &QNTableView::LMoveMouseInRow, this, &QTabOnLine::LMoveMouse);
     connect(view(), &QNTableView::RClicked, this, &QTabOnLine::RightClickSlot);
-    addKey(Qt::CTRL + Qt::Key_Right, [this](const QModelIndex &index) { dragged(index.row()); });
-    addKey(Qt::CTRL + Qt::Key_R, [this](const QModelIndex &index) {
+    addKey(Qt::CTRL + Qt::Key_Right, tr("Те саме, що потягти рядок мишею праворуч"),
+           [this](const QModelIndex &index) { dragged(index.row()); });
+    addKey(Qt::CTRL + Qt::Key_R, tr("Запустити програму для рядка"), [this](const QModelIndex &index) {
         const QPoint corner = view()->visualRect(index).bottomLeft();
         offerLaunch(index, view()->viewport()->mapToGlobal(corner));
     });
@@ -49,9 +50,10 @@ void QTabOnLine::readCommands()
     });
 }
 
-void QTabOnLine::addKey(int key, const std::function<void(const QModelIndex &)> &act)
+void QTabOnLine::addKey(int key, const QString &words, const std::function<void(const QModelIndex &)> &act)
 {
     auto *shortcut = new QShortcut(key, view(), nullptr, nullptr, Qt::WidgetShortcut);
+    shortcut->setWhatsThis(words);
     connect(shortcut, &QShortcut::activated, this, [this, act] {
         if (view()->currentIndex().isValid())
             act(view()->currentIndex());

@@ -45,7 +45,7 @@ protected:
     void fillGroups(QComboBox *box, const std::function<void(bool isKept)> &filled);
 
 private:
-    void addKey(int key, const std::function<void(const QModelIndex &)> &act);
+    void addKey(int key, const QString &words, const std::function<void(const QModelIndex &)> &act);
     void readCommands();
     void offerLaunch(const QModelIndex &index, const QPoint &place);
 

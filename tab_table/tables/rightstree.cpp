@@ -217,6 +217,12 @@ void RightsTree::settleDigit()
         choose(m_digitRights, digit.toInt());
 }
 
+QVector<ToldKey> RightsTree::toldKeys() const
+{
+    return {{{Qt::Key_Space, Qt::Key_Return}, tr("Наступне значення виділених прав")},
+            {{Qt::Key_0, Qt::Key_1, Qt::Key_2}, tr("Заборона, повний дозвіл, тільки перегляд")}};
+}
+
 void RightsTree::keyPressEvent(QKeyEvent *event)
 {
     if (takeDigit(*event))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keyteller.h"
 #include "scanpace.h"
 
 #include <QMap>
@@ -9,12 +10,14 @@
 /// The rights of a permission group by the menus they open, each with its value in one of three columns. A
 /// click into a column sets the value; 0, 1 and 2 set it for all selected rights, on a menu for the whole of
 /// it, Space and Enter take the next one. What other programs know by its number is shown and never changed.
-class RightsTree : public QTreeWidget
+class RightsTree : public QTreeWidget, public KeyTeller
 {
     Q_OBJECT
 
 public:
     explicit RightsTree(QWidget *parent);
+
+    QVector<ToldKey> toldKeys() const override;
 
     /// Values by the ids of the rights, as the database holds them. What is open, current and found stays.
     void showRights(const QMap<int, QString> &rights);
