@@ -187,7 +187,10 @@ void QManGoods::showRows()
 {
     if (m_shown == nullptr)
         return;
-    ListPane *shown = m_shownPlan->choice.isPrice() ? ui->prices : ui->fields;
+    const bool isPrice = m_shownPlan->choice.isPrice();
+    ListPane *shown = isPrice ? ui->prices : ui->fields;
+    // What it showed is of another time.
+    (isPrice ? ui->fields : ui->prices)->clear();
     if (!ui->form->showsOnlyChanges())
         return shown->showRows(RowStore(*m_shown));
     RowStore changes;
