@@ -25,7 +25,7 @@ enum ColumnOf { Name, Where };
 const int hitRole = Qt::UserRole;
 const int silenceMs = 5000;
 /// In letters and lines.
-const int widthLetters = 90;
+const int widthLetters = 110;
 const int heightLines = 24;
 /// Between the box and the edges of the window above which it stands.
 const int edge = 40;
@@ -179,7 +179,6 @@ void GotoBox::showEvent(QShowEvent *event)
                        fontMetrics().lineSpacing() * heightLines);
     resize(wanted.boundedTo(window->size() - QSize(2 * edge, 2 * edge)));
     move(window->mapToGlobal(QPoint((window->width() - width()) / 2, edge)));
-    m_list->setColumnWidth(Name, width() * 11 / 20);
     m_field->setFocus();
 }
 
@@ -294,6 +293,9 @@ void GotoBox::showHits()
             chosen = item;
     }
     m_list->setCurrentItem(chosen);
+    // As wide as the names are; the places have to be read as well.
+    m_list->resizeColumnToContents(Name);
+    m_list->setColumnWidth(Name, qMin(m_list->columnWidth(Name), width() * 3 / 5));
 }
 
 void GotoBox::addHits(const QVector<GotoHit> &hits, bool isChoosable)

@@ -152,7 +152,7 @@ KeyList::KeyList(const QVector<ShownKey> &keys, QSqlDatabase *db, const QLoadedU
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_list->setObjectName(QStringLiteral("keyList"));
     m_list->open(db, user, receiver);
-    m_list->setColumns({{tr("Де"), 24}, {tr("Клавіші"), 18}, {tr("Що роблять"), 44}},
+    m_list->setColumns({{tr("Де"), 20}, {tr("Клавіші"), 13}, {tr("Що роблять"), 40}},
                        QStringLiteral("key_list"));
     m_list->setHeading({windowTitle()});
     m_list->setEmptyText(tr("Таких клавіш немає."));
@@ -178,12 +178,14 @@ void KeyList::build()
     auto *buttons = new QDialogButtonBox(this);
     auto *close = buttons->addButton(tr("&Закрити"), QDialogButtonBox::RejectRole);
     close->setObjectName(QStringLiteral("pbClose"));
-    close->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *rows = new QVBoxLayout(this);
     rows->addLayout(line);
     rows->addWidget(m_list, 1);
     rows->addWidget(buttons);
+    // Enter in the field leads into the list, and presses no button.
+    for (QPushButton *button : findChildren<QPushButton *>())
+        button->setAutoDefault(false);
     resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 30);
 }
 

@@ -21,7 +21,7 @@ enum ColumnOf { Kind, Time, Words };
 const int messageRole = Qt::UserRole;
 /// Of one message: a file that somebody imports may tell of each of its lines.
 const int longestText = 20000;
-const int heightLines = 9;
+const int edge = 4;
 
 /// One message, or several that are the same.
 struct Told
@@ -101,7 +101,7 @@ Q_DECLARE_METATYPE(Told)
 MessageList::MessageList(QWidget *window)
     : QDockWidget(tr("Повідомлення"), window)
     , m_tree(new QTreeWidget(this))
-    , m_errorsOnly(new QCheckBox(tr("&Лише помилки"), this))
+    , m_errorsOnly(new QCheckBox(tr("Лише помилки"), this))
     , m_state(new QLabel(this))
     , m_button(new QPushButton(window))
 {
@@ -145,7 +145,7 @@ QWidget *MessageList::buildButtons()
 {
     auto *bar = new QWidget(this);
     auto *line = new QHBoxLayout(bar);
-    line->setContentsMargins(0, 0, 0, 0);
+    line->setContentsMargins(edge, 0, edge, edge);
     m_errorsOnly->setObjectName(QStringLiteral("chErrorsOnly"));
     m_state->setObjectName(QStringLiteral("labelMessages"));
     line->addWidget(m_errorsOnly);
@@ -167,7 +167,8 @@ void MessageList::buildButton(QWidget *window)
     m_button->setObjectName(QStringLiteral("pbMessages"));
     m_button->setFlat(true);
     m_button->setFocusPolicy(Qt::TabFocus);
-    m_button->setMaximumHeight(fontMetrics().height() + 4);
+    // No higher than its neighbours: a small screen has no line to spare.
+    m_button->setMaximumHeight(fontMetrics().height() + 2);
     m_button->setShortcut(Qt::CTRL + Qt::Key_M);
     connect(m_button, &QPushButton::clicked, this, &MessageList::toggle);
     connect(qApp, &QApplication::focusChanged, this, [this, window](QWidget *before, QWidget *now) {

@@ -17,6 +17,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
@@ -165,12 +166,27 @@ void Screenshots::takeAll()
     takeModal(QStringLiteral("mt_importBD"), [this] { m_window->tableBase()->importBD(); });
     takeModal(QStringLiteral("settings"), [this] { m_window->s_setting(); });
     takeModal(QStringLiteral("changpass"), [this] { m_window->changpass(); });
+    takeEverywhere();
     takeModal(QStringLiteral("about"), [this] { m_window->about(); });
     takeModal(QStringLiteral("question"), [this] {
         QMessDlg::confirm(m_window, tr("Ви впевнені?"),
                           tr("Невірні налаштування\nможуть пошкодити дані в базі!"), tr("&Так"));
     });
     QCoreApplication::exit(m_failed ? 1 : 0);
+}
+
+/// What is reached from every page: the way to something by its name, the keys, the messages.
+void Screenshots::takeEverywhere()
+{
+    takeModal(QStringLiteral("go_to"), [this] {
+        m_window->goTo();
+        QApplication::activeModalWidget()->findChild<QLineEdit *>()->setText(QStringLiteral("12"));
+        workFor(600);
+    });
+    takeModal(QStringLiteral("key_list"), [this] { m_window->showKeys(); });
+    m_window->findChild<QPushButton *>(QStringLiteral("pbMessages"))->click();
+    save(m_window, QStringLiteral("messages"));
+    m_window->findChild<QDockWidget *>(QStringLiteral("messages"))->close();
 }
 
 void Screenshots::takeLogin()

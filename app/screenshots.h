@@ -22,6 +22,7 @@ public:
 private:
     void takeAll();
     void takeLogin();
+    void takeEverywhere();
     void takePage(const QString &name);
     /// A list or a report, with its editors where the user may edit.
     void takeList(QWidget *page, const QString &name);

@@ -13,7 +13,6 @@
 #include "sqldate.h"
 
 #include <QHeaderView>
-#include <QShortcut>
 #include <QSqlDatabase>
 #include <QStyle>
 #include <algorithm>
@@ -125,13 +124,8 @@ void QIntegrity::connectInputs()
     connect(ui->pbStart, &QPushButton::clicked, this, &QIntegrity::start);
     connect(ui->pbStop, &QPushButton::clicked, this, &QIntegrity::stop);
     connect(ui->checks, &QTreeWidget::currentItemChanged, this, &QIntegrity::showFindings);
-    connect(ui->list->view(), &QNTableView::doubleClicked, this, &QIntegrity::open);
+    ui->list->connectOpening([this](const QModelIndex &finding) { open(finding); });
     connect(ui->pbOpen, &QPushButton::clicked, this, [this] { open(ui->list->view()->currentIndex()); });
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *enter =
-            new QShortcut(QKeySequence(key), ui->list->view(), nullptr, nullptr, Qt::WidgetShortcut);
-        connect(enter, &QShortcut::activated, this, [this] { open(ui->list->view()->currentIndex()); });
-    }
     connect(ui->list->view()->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &QIntegrity::showWords);
 }

@@ -8,7 +8,6 @@
 #include "qrowmodel.h"
 
 #include <QCoreApplication>
-#include <QShortcut>
 
 namespace {
 constexpr int money = 10;
@@ -103,11 +102,7 @@ void OpenShifts::open(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow)
     setColumns();
     list()->sumUsually(at(OpenShiftColumn::Expected));
     connect(list(), &ListPane::rowsShown, this, &OpenShifts::rowsShown);
-    connect(list()->view(), &QAbstractItemView::doubleClicked, this, &OpenShifts::openReceipts);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *enter = new QShortcut(QKeySequence(key), list()->view(), nullptr, nullptr, Qt::WidgetShortcut);
-        connect(enter, &QShortcut::activated, this, [this] { openReceipts(list()->view()->currentIndex()); });
-    }
+    list()->connectOpening([this](const QModelIndex &line) { openReceipts(line); });
 }
 
 void OpenShifts::setColumns()

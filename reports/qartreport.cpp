@@ -98,7 +98,7 @@ void QArtReport::setUpList()
                 {tr("дата"), 10, &asDay},
                 {QStringLiteral("isNoWeight"), 0, &asText, true}});
     list()->sumUsually(Sum);
-    connectOpening([this](const QModelIndex &line) { showReceipts(line); });
+    list()->connectOpening([this](const QModelIndex &line) { showReceipts(line); });
 }
 
 void QArtReport::setUpChoice()

@@ -77,7 +77,7 @@ void QChekViewer::connectSlip()
     connect(&m_selection, &TypingPause::ended, this, showCurrent);
     connect(view()->selectionModel(), &QItemSelectionModel::currentRowChanged, &m_selection,
             &TypingPause::begin);
-    connectOpening([this](const QModelIndex &line) { dclicktable(line); });
+    list()->connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
 void QChekViewer::GroupChanged(const QString &group)

@@ -10,7 +10,6 @@
 #include "shopgroups.h"
 
 #include <QPushButton>
-#include <QShortcut>
 #include <QStatusBar>
 
 ReportWindow::ReportWindow(QSqlDatabase *db, QLoadedUser *user, QObject *mainWindow, QWidget *parent)
@@ -152,16 +151,6 @@ void ReportWindow::emptyList()
     forgetLoad();
     m_askedHeading.clear();
     m_list->clear();
-}
-
-void ReportWindow::connectOpening(const std::function<void(const QModelIndex &)> &open)
-{
-    connect(view(), &QAbstractItemView::doubleClicked, this, open);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *enter = new QShortcut(QKeySequence(key), view(), nullptr, nullptr, Qt::WidgetShortcut);
-        enter->setWhatsThis(tr("Відкрити рядок, як подвійним клацанням"));
-        connect(enter, &QShortcut::activated, this, [this, open] { open(view()->currentIndex()); });
-    }
 }
 
 bool ReportWindow::refuse(const QString &why)

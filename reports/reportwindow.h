@@ -77,8 +77,6 @@ protected:
     void loadList(const QString &sql, const QStringList &heading, const QString &numberSql = {});
     /// Forgets the rows with their heading, and a load on its way.
     void emptyList();
-    /// A double click on a line and Enter on the selected one do the same.
-    void connectOpening(const std::function<void(const QModelIndex &)> &open);
     /// The rows of the list out of those that the statement found, where they differ.
     virtual RowStore arranged(RowStore &&found) { return std::move(found); }
     /// False: the list goes into a PDF file only.

@@ -2002,6 +2002,14 @@ Wait or contact support.</translation>
         <source>У магазині-відправнику немає товарів.</source>
         <translation>The sending shop has no goods.</translation>
     </message>
+    <message>
+        <source>Додати знайдений товар</source>
+        <translation>Add the item that was found</translation>
+    </message>
+    <message>
+        <source>Із поля пошуку: до списку товарів</source>
+        <translation>From the search field: to the list of goods</translation>
+    </message>
 </context>
 <context>
     <name>GoodsPriceTable</name>
@@ -2066,6 +2074,132 @@ Wait or contact support.</translation>
     <message>
         <source>%1: товар уже продається тут.</source>
         <translation>%1: the item is sold here already.</translation>
+    </message>
+</context>
+<context>
+    <name>Goto</name>
+    <message>
+        <source>код %1</source>
+        <translation>code %1</translation>
+    </message>
+    <message>
+        <source>заблоковано</source>
+        <translation>blocked</translation>
+    </message>
+    <message>
+        <source>Чек № %1, %2</source>
+        <translation>Receipt No %1, %2</translation>
+    </message>
+    <message>
+        <source>Зміна № %1</source>
+        <translation>Shift No %1</translation>
+    </message>
+    <message>
+        <source>відкрита</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>Магазини</source>
+        <translation>Shops</translation>
+    </message>
+    <message>
+        <source>магазин,магазини</source>
+        <translation>shop,shops</translation>
+    </message>
+    <message>
+        <source>Каси</source>
+        <translation>Registers</translation>
+    </message>
+    <message>
+        <source>каса,каси,обладнання</source>
+        <translation>register,registers</translation>
+    </message>
+    <message>
+        <source>Товари</source>
+        <translation>Goods</translation>
+    </message>
+    <message>
+        <source>товар,товари</source>
+        <translation>item,goods</translation>
+    </message>
+    <message>
+        <source>Картки</source>
+        <translation>Cards</translation>
+    </message>
+    <message>
+        <source>картка,карточка,клієнт</source>
+        <translation>card,client</translation>
+    </message>
+    <message>
+        <source>Чеки</source>
+        <translation>Receipts</translation>
+    </message>
+    <message>
+        <source>чек,чеки</source>
+        <translation>receipt,receipts</translation>
+    </message>
+    <message>
+        <source>Зміни</source>
+        <translation>Shifts</translation>
+    </message>
+    <message>
+        <source>зміна,зміни,звіт</source>
+        <translation>shift,shifts</translation>
+    </message>
+    <message>
+        <source>Меню</source>
+        <translation>Menus</translation>
+    </message>
+</context>
+<context>
+    <name>GotoBox</name>
+    <message>
+        <source>Перейти до…</source>
+        <translation>Go to…</translation>
+    </message>
+    <message>
+        <source>&amp;Знайти:</source>
+        <translation>&amp;Find:</translation>
+    </message>
+    <message>
+        <source>команда, магазин, каса, товар, штрихкод, картка, чек, зміна</source>
+        <translation>command, shop, register, item, barcode, card, receipt, shift</translation>
+    </message>
+    <message>
+        <source>Знайдене</source>
+        <translation>What was found</translation>
+    </message>
+    <message>
+        <source>Сервер довго не відповідає. Команди меню працюють і без нього.</source>
+        <translation>The server has not answered for a long time. The commands of the menus work without it.</translation>
+    </message>
+    <message>
+        <source>Шукається…</source>
+        <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>Помилка запиту:</source>
+        <translation>Query error:</translation>
+    </message>
+    <message>
+        <source>База даних не відповіла, знайдено лише команди меню. Спробуйте ще раз.</source>
+        <translation>The database did not answer, only commands of the menus were found. Try again.</translation>
+    </message>
+    <message>
+        <source>Enter відкриває, стрілки обирають, Esc закриває. «чек 1205 хрещатик» шукає чеки 1205 лише там.</source>
+        <translation>Enter opens, arrow keys choose, Esc closes. &quot;receipt 1205 baker&quot; finds the receipts 1205 of that place only.</translation>
+    </message>
+    <message>
+        <source>Нічого не знайдено.</source>
+        <translation>Nothing was found.</translation>
+    </message>
+    <message>
+        <source>Знайдено: %1</source>
+        <translation>Found: %1</translation>
+    </message>
+    <message>
+        <source>%1 (перші %2, уточніть пошук)</source>
+        <translation>%1 (the first %2, type more to narrow them)</translation>
     </message>
 </context>
 <context>
@@ -3158,6 +3292,10 @@ Wait or contact support.</translation>
         <source>Завдання: %1</source>
         <translation>Jobs: %1</translation>
     </message>
+    <message>
+        <source>До завдань у рядку стану</source>
+        <translation>To the tasks in the status bar</translation>
+    </message>
 </context>
 <context>
     <name>JobPanel</name>
@@ -3210,6 +3348,49 @@ Wait or contact support.</translation>
     <message>
         <source>Помилка запиту:</source>
         <translation>Query error:</translation>
+    </message>
+</context>
+<context>
+    <name>KeyList</name>
+    <message>
+        <source>Вікно програми</source>
+        <translation>The program&apos;s window</translation>
+    </message>
+    <message>
+        <source>Меню «%1»</source>
+        <translation>Menu &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Вкладка «%1»</source>
+        <translation>Tab &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>Клавіші</source>
+        <translation>Keys</translation>
+    </message>
+    <message>
+        <source>Де</source>
+        <translation>Where</translation>
+    </message>
+    <message>
+        <source>Що роблять</source>
+        <translation>What they do</translation>
+    </message>
+    <message>
+        <source>Таких клавіш немає.</source>
+        <translation>There are no such keys.</translation>
+    </message>
+    <message>
+        <source>клавіша або що вона робить</source>
+        <translation>a key, or what it does</translation>
+    </message>
+    <message>
+        <source>По&amp;шук:</source>
+        <translation>Se&amp;arch:</translation>
+    </message>
+    <message>
+        <source>&amp;Закрити</source>
+        <translation>&amp;Close</translation>
     </message>
 </context>
 <context>
@@ -3282,6 +3463,10 @@ Wait or contact support.</translation>
         <source>По&amp;шук:</source>
         <translation>Se&amp;arch:</translation>
     </message>
+    <message>
+        <source>До поля пошуку</source>
+        <translation>To the search field</translation>
+    </message>
 </context>
 <context>
     <name>ListPages</name>
@@ -3339,6 +3524,26 @@ Wait or contact support.</translation>
     <message>
         <source>Скопійовано рядків: %1.</source>
         <translation>Rows copied: %1.</translation>
+    </message>
+    <message>
+        <source>У списку: копіювати виділені рядки</source>
+        <translation>In the list: copy the selected lines</translation>
+    </message>
+    <message>
+        <source>У списку: виділити всі рядки</source>
+        <translation>In the list: select all lines</translation>
+    </message>
+    <message>
+        <source>У списку: стовпці, їхній порядок і вигляд</source>
+        <translation>In the list: its columns, their order and look</translation>
+    </message>
+    <message>
+        <source>У списку: зупинити впорядкування</source>
+        <translation>In the list: stop the sorting</translation>
+    </message>
+    <message>
+        <source>Відкрити рядок, як подвійним клацанням</source>
+        <translation>Open the line, as a double click does</translation>
     </message>
 </context>
 <context>
@@ -3419,6 +3624,160 @@ Wait or contact support.</translation>
     <message>
         <source>&amp;Закрити</source>
         <translation>&amp;Close</translation>
+    </message>
+</context>
+<context>
+    <name>MessageList</name>
+    <message>
+        <source>Помилка</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>Попередження</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>Повідомлення</source>
+        <translation>Messages</translation>
+    </message>
+    <message>
+        <source>Файл: %1, рядок: %2</source>
+        <translation>File: %1, line: %2</translation>
+    </message>
+    <message>
+        <source>разів: %1, уперше %2</source>
+        <translation>%1 times, first %2</translation>
+    </message>
+    <message>
+        <source>Що це</source>
+        <translation>What it is</translation>
+    </message>
+    <message>
+        <source>Час</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Копіювати повідомлення</source>
+        <translation>Copy the message</translation>
+    </message>
+    <message>
+        <source>Копіювати</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Копіювати все</source>
+        <translation>Copy all</translation>
+    </message>
+    <message>
+        <source> (разів: %1)</source>
+        <translation> (%1 times)</translation>
+    </message>
+    <message>
+        <source>Повідомлення: %1</source>
+        <translation>Messages: %1</translation>
+    </message>
+    <message>
+        <source>Нових повідомлень немає</source>
+        <translation>No new messages</translation>
+    </message>
+    <message>
+        <source>Нових повідомлень: %1, з них помилок: %2</source>
+        <translation>New messages: %1, errors among them: %2</translation>
+    </message>
+    <message>
+        <source>У цьому сеансі повідомлень не було.</source>
+        <translation>There were no messages in this session.</translation>
+    </message>
+    <message>
+        <source>Показано найновіші, усього: %1</source>
+        <translation>The newest are kept, in all: %1</translation>
+    </message>
+    <message>
+        <source>Лише помилки</source>
+        <translation>Errors only</translation>
+    </message>
+</context>
+<context>
+    <name>MessageWords</name>
+    <message>
+        <source>Такий запис у базі вже є: значення, яке не повинно повторюватись, зайняте. Змініть його і запишіть ще раз.</source>
+        <translation>Such a record exists already: a value that must not be there twice is taken. Change it and save again.</translation>
+    </message>
+    <message>
+        <source>Запис не можна видалити чи змінити: на нього посилаються інші записи.</source>
+        <translation>The record cannot be deleted or changed: other records refer to it.</translation>
+    </message>
+    <message>
+        <source>Запису, на який посилаються ці дані, у базі вже немає. Оновіть список (F5) і оберіть інший.</source>
+        <translation>The record that these data refer to is not in the database any more. Reload the list (F5) and choose another one.</translation>
+    </message>
+    <message>
+        <source>Текст задовгий для свого поля. Скоротіть його і запишіть ще раз.</source>
+        <translation>The text is too long for its field. Shorten it and save again.</translation>
+    </message>
+    <message>
+        <source>Число завелике або замале для свого поля. Виправте його і запишіть ще раз.</source>
+        <translation>The number is too great or too small for its field. Correct it and save again.</translation>
+    </message>
+    <message>
+        <source>Обов&apos;язкове значення не вказано, або того, що обрано, у базі вже немає. Оновіть список (F5) і спробуйте ще раз.</source>
+        <translation>A value that is required is missing, or what was chosen is not in the database any more. Reload the list (F5) and try again.</translation>
+    </message>
+    <message>
+        <source>У базі бракує таблиці. Зверніться до адміністратора: відсутні таблиці додає «Сервіс – Створити таблиці».</source>
+        <translation>A table is missing in the database. Ask the administrator: &quot;Service – Create tables&quot; adds what is missing.</translation>
+    </message>
+    <message>
+        <source>Таблиця в базі не така, як її знає програма. Зверніться до адміністратора бази.</source>
+        <translation>A table of the database is not as the program knows it. Ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>База даних не впустила програму. Перевірте користувача і пароль у налаштуваннях або зверніться до адміністратора бази.</source>
+        <translation>The database did not let the program in. Check user and password in the settings, or ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>Програмі не дозволено робити це в базі даних. Зверніться до адміністратора бази.</source>
+        <translation>The program may not do this in the database. Ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>Бази з такою назвою на сервері немає. Перевірте налаштування.</source>
+        <translation>The server has no database of that name. Check the settings.</translation>
+    </message>
+    <message>
+        <source>На сервері забагато підключень. Повторіть за хвилину або зверніться до адміністратора бази.</source>
+        <translation>The server has too many connections. Try again in a minute, or ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>На сервері бази закінчилось місце. Зверніться до адміністратора бази.</source>
+        <translation>The server of the database has run out of space. Ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>Сервер бази зараз дозволяє лише читати. Зверніться до адміністратора бази.</source>
+        <translation>The server of the database allows only reading just now. Ask the administrator of the database.</translation>
+    </message>
+    <message>
+        <source>Запит перервано на сервері. Спробуйте ще раз.</source>
+        <translation>The statement was interrupted on the server. Try again.</translation>
+    </message>
+    <message>
+        <source>Ці дані зараз тримає інша програма. Повторіть за хвилину.</source>
+        <translation>Another program holds these data just now. Try again in a minute.</translation>
+    </message>
+    <message>
+        <source>Інша програма щойно записала ті самі дані. Нічого не записано. Повторіть.</source>
+        <translation>Another program has just written the same data. Nothing was written. Try again.</translation>
+    </message>
+    <message>
+        <source>Немає зв&apos;язку із сервером бази даних. Програма підключається знову сама; перевірте мережу, якщо це триває.</source>
+        <translation>There is no connection to the server of the database. The program connects again by itself; check the network if this lasts.</translation>
+    </message>
+    <message>
+        <source>Зв&apos;язок із сервером бази даних втрачено. Програма підключається знову сама; перевірте мережу, якщо це триває.</source>
+        <translation>The connection to the server of the database is lost. The program connects again by itself; check the network if this lasts.</translation>
+    </message>
+    <message>
+        <source>База даних не виконала запит. Спробуйте ще раз; якщо це повториться, передайте подробиці адміністратору.</source>
+        <translation>The database did not carry out the statement. Try again; if it happens again, give the details to the administrator.</translation>
     </message>
 </context>
 <context>
@@ -8321,6 +8680,14 @@ Only somebody else will be able to give it back.</translation>
         <source>Групу прав &quot;%1&quot; збережено.</source>
         <translation>The permission group “%1” was saved.</translation>
     </message>
+    <message>
+        <source>Зберегти групу прав</source>
+        <translation>Save the permission group</translation>
+    </message>
+    <message>
+        <source>Шукати право</source>
+        <translation>Search for a right</translation>
+    </message>
 </context>
 <context>
     <name>QQestion</name>
@@ -8413,6 +8780,42 @@ Only somebody else will be able to give it back.</translation>
     <message>
         <source>%1 № %2: позицій %3, кількість %4</source>
         <translation>%1 No. %2: items %3, quantity %4</translation>
+    </message>
+    <message>
+        <source>Крок назад: прибрати повідомлення, пошук, потім усе набране</source>
+        <translation>A step back: clear the notice, the search, then all that was entered</translation>
+    </message>
+    <message>
+        <source>Прийом товару</source>
+        <translation>Goods received</translation>
+    </message>
+    <message>
+        <source>Переміщення між залом і складом</source>
+        <translation>Goods moved between floor and store room</translation>
+    </message>
+    <message>
+        <source>Передача іншому магазину</source>
+        <translation>Transfer to another shop</translation>
+    </message>
+    <message>
+        <source>Оплатити чек або записати документ</source>
+        <translation>Take the payment, or save the document</translation>
+    </message>
+    <message>
+        <source>Закрити зміну</source>
+        <translation>Close the shift</translation>
+    </message>
+    <message>
+        <source>Рух готівки</source>
+        <translation>Moves of cash</translation>
+    </message>
+    <message>
+        <source>Шукати товар</source>
+        <translation>Search for goods</translation>
+    </message>
+    <message>
+        <source>Вставити таблицю товарів у документ</source>
+        <translation>Paste a table of goods into the document</translation>
     </message>
 </context>
 <context>
@@ -8738,6 +9141,26 @@ Only somebody else will be able to give it back.</translation>
     <message>
         <source>Спершу закінчіть набране: Enter записує, Esc скасовує.</source>
         <translation>Finish what you are typing first: Enter saves it, Esc drops it.</translation>
+    </message>
+    <message>
+        <source>У списку: відкрити рядок</source>
+        <translation>In the list: open the line</translation>
+    </message>
+    <message>
+        <source>У полі пошуку: до списку</source>
+        <translation>In the search field: to the list</translation>
+    </message>
+    <message>
+        <source>У полі пошуку: очистити його</source>
+        <translation>In the search field: clear it</translation>
+    </message>
+    <message>
+        <source>У рядку, який редагується: записати</source>
+        <translation>In a line that is edited: save it</translation>
+    </message>
+    <message>
+        <source>У рядку, який редагується: скасувати набране</source>
+        <translation>In a line that is edited: drop what was typed</translation>
     </message>
 </context>
 <context>
@@ -9254,6 +9677,14 @@ Take it off the goods in “Promotion management” first.</translation>
     <message>
         <source>Усі групи</source>
         <translation>All groups</translation>
+    </message>
+    <message>
+        <source>Те саме, що потягти рядок мишею праворуч</source>
+        <translation>The same as dragging the line to the right</translation>
+    </message>
+    <message>
+        <source>Запустити програму для рядка</source>
+        <translation>Start a program for the line</translation>
     </message>
 </context>
 <context>
@@ -9942,7 +10373,7 @@ Open the record and give a new key by the button “Suggest”.</translation>
     </message>
     <message>
         <source>закр&amp;иті</source>
-        <translation>&amp;closed</translation>
+        <translation>close&amp;d</translation>
     </message>
     <message>
         <source>Закриті зміни та їх Z-звіти</source>
@@ -9977,6 +10408,22 @@ Open the record and give a new key by the button “Suggest”.</translation>
     <message>
         <source>«%1» не є кількістю.</source>
         <translation>“%1” is not a quantity.</translation>
+    </message>
+    <message>
+        <source>Одиницею товару більше</source>
+        <translation>One unit more</translation>
+    </message>
+    <message>
+        <source>Одиницею товару менше</source>
+        <translation>One unit less</translation>
+    </message>
+    <message>
+        <source>Змінити кількість</source>
+        <translation>Change the quantity</translation>
+    </message>
+    <message>
+        <source>Прибрати рядок товару</source>
+        <translation>Remove the line</translation>
     </message>
 </context>
 <context>
@@ -10317,6 +10764,14 @@ Open the record and give a new key by the button “Suggest”.</translation>
     <message>
         <source>Право №%1</source>
         <translation>Right No. %1</translation>
+    </message>
+    <message>
+        <source>Наступне значення виділених прав</source>
+        <translation>The next value of the selected rights</translation>
+    </message>
+    <message>
+        <source>Заборона, повний дозвіл, тільки перегляд</source>
+        <translation>Denied, full, view only</translation>
     </message>
 </context>
 <context>
@@ -12104,6 +12559,26 @@ Cancel and leave?</translation>
     <message>
         <source>П&amp;еревірка даних</source>
         <translation>Check the &amp;data</translation>
+    </message>
+    <message>
+        <source>&amp;Перейти до…</source>
+        <translation>&amp;Go to…</translation>
+    </message>
+    <message>
+        <source>&amp;Клавіші</source>
+        <translation>&amp;Keys</translation>
+    </message>
+    <message>
+        <source>Наступна вкладка</source>
+        <translation>Next tab</translation>
+    </message>
+    <message>
+        <source>Попередня вкладка</source>
+        <translation>Previous tab</translation>
+    </message>
+    <message>
+        <source>Видалити виділений запис, де це можна</source>
+        <translation>Delete the selected record, where that is possible</translation>
     </message>
 </context>
 <context>

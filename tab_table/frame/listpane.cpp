@@ -23,6 +23,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QSqlDatabase>
 #include <QStyle>
@@ -429,6 +430,16 @@ void ListPane::refreshRow(const RowStore &records, int record, int row, int firs
     emit rowShown(row);
     if (isNew)
         m_view->setCurrentIndex(m_model->index(row, 0));
+}
+
+void ListPane::connectOpening(const std::function<void(const QModelIndex &)> &open)
+{
+    connect(m_view, &QAbstractItemView::doubleClicked, this, open);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *enter = new QShortcut(QKeySequence(key), m_view, nullptr, nullptr, Qt::WidgetShortcut);
+        enter->setWhatsThis(tr("Відкрити рядок, як подвійним клацанням"));
+        connect(enter, &QShortcut::activated, this, [this, open] { open(m_view->currentIndex()); });
+    }
 }
 
 void ListPane::enter()

@@ -92,6 +92,8 @@ public:
     /// A record of a store into a row from the column firstColumn on, or with row -1 into a new one at the
     /// end, which becomes the current one.
     void refreshRow(const RowStore &records, int record, int row, int firstColumn = 0);
+    /// A double click on a row and Enter on the current one do the same.
+    void connectOpening(const std::function<void(const QModelIndex &)> &open);
     /// Goes into the list: to its current row, else to the first one, which may still be on its way.
     void enter();
 

@@ -76,9 +76,14 @@ void QNTableView::setMainColumn(int column, int leastWidth)
 void QNTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
     const QWidget *focus = window()->focusWidget();
-    if (editor != nullptr && focus != nullptr && (focus == editor || editor->isAncestorOf(focus)))
-        setFocus();
+    const bool wasTyping =
+        editor != nullptr && focus != nullptr && (focus == editor || editor->isAncestorOf(focus));
     QTableView::closeEditor(editor, hint);
+    // Not before: an editor that loses the focus writes what was just given up. It may have opened the next
+    // one.
+    focus = window()->focusWidget();
+    if (wasTyping && (focus == nullptr || (focus != this && !isAncestorOf(focus))))
+        setFocus();
 }
 
 void QNTableView::resizeEvent(QResizeEvent *event)
