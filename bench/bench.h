@@ -50,6 +50,7 @@ QVector<Figure> measureExchange(const Bench &bench);
 QVector<Figure> measurePriceList(const Bench &bench);
 QVector<Figure> measureStockIn(const Bench &bench);
 QVector<Figure> measureRights(const Bench &bench);
+QVector<Figure> measureGoto(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);
