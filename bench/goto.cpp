@@ -27,6 +27,8 @@ struct Asking
 {
     const char *name;
     QString text;
+    /// What a word is in is looked for in every item.
+    bool readsAllGoods = false;
 };
 
 QVector<Figure> measure(const Bench &bench, Admin *admin, GotoBox *box, const Asking &asking)
@@ -54,9 +56,14 @@ QVector<Figure> measure(const Bench &bench, Admin *admin, GotoBox *box, const As
     };
     const double times = ratio(bench.rounds, theirs, ours);
     const QString name = QStringLiteral("go to %1").arg(QLatin1String(asking.name));
-    return {{name, times, 1.3, QStringLiteral("x bare")},
-            {QStringLiteral("  to the listed answer"), median(answers), 150, QStringLiteral("ms")},
-            {QStringLiteral("  its slowest statement"), median(slowest), 50, QStringLiteral("ms")}};
+    QVector<Figure> figures = {{name + QStringLiteral(", to the listed answer"), median(answers),
+                                asking.readsAllGoods ? 150.0 : 30.0, QStringLiteral("ms")},
+                               {QStringLiteral("  its slowest statement"), median(slowest),
+                                asking.readsAllGoods ? 100.0 : 50.0, QStringLiteral("ms")}};
+    // Beside less than a millisecond of the server only the painting would be measured.
+    if (asking.readsAllGoods)
+        figures.append({QStringLiteral("  against its statements"), times, 1.3, QStringLiteral("x bare")});
+    return figures;
 }
 } // namespace
 
@@ -68,10 +75,10 @@ QVector<Figure> measureGoto(const Bench &bench)
     auto *box = new GotoBox(bench.connection, admin.user(), nullptr, window.menuBar(), &window);
     box->show();
     QVector<Figure> figures;
-    for (const Asking &asking : {Asking{"an item by a word", QStringLiteral("молоко")},
+    for (const Asking &asking : {Asking{"an item by a word", QStringLiteral("молоко"), true},
                                  {"a barcode", QStringLiteral("4820000000013")},
                                  {"the beginning of a card", QStringLiteral("картка 22")},
-                                 {"a number", QStringLiteral("1205")}})
+                                 {"a number", QStringLiteral("1205"), true}})
         figures += measure(bench, &admin, box, asking);
     return figures;
 }
