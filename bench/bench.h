@@ -53,6 +53,7 @@ QVector<Figure> measureRights(const Bench &bench);
 QVector<Figure> measureOverview(const Bench &bench);
 QVector<Figure> measureIntegrity(const Bench &bench);
 QVector<Figure> measureBulk(const Bench &bench);
+QVector<Figure> measureGoto(const Bench &bench);
 
 QVector<Figure> measureLargeSale(const Bench &bench);
 QVector<Figure> measureLargeClosing(const Bench &bench);

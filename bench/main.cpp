@@ -28,16 +28,25 @@ const Benchmark benchmarks[] = {
     {"memory", measureMemory},     {"items", measureAgainstItems},  {"creation", measureCards},
     {"exchange", measureExchange}, {"pricelist", measurePriceList}, {"stockin", measureStockIn},
     {"rights", measureRights},     {"overview", measureOverview},   {"integrity", measureIntegrity},
-    {"bulk", measureBulk},
+    {"bulk", measureBulk},         {"goto", measureGoto},
 };
 
 /// Those of --large: on the chain of LargeChain, which each leaves as it found it but for what it sells.
 const Benchmark largeBenchmarks[] = {
-    {"sale", measureLargeSale},           {"closing", measureLargeClosing},   {"slip", measureLargeSlip},
-    {"articles", measureLargeArticles},   {"online", measureLargeOnLine},     {"search", measureLargeSearch},
-    {"stock", measureLargeStock},         {"cards", measureMemory},           {"pdf", measureLargePdf},
-    {"combo", measureLargeCombo},         {"journals", measureLargeJournals}, {"slow", measureSlowServer},
+    {"sale", measureLargeSale},
+    {"closing", measureLargeClosing},
+    {"slip", measureLargeSlip},
+    {"articles", measureLargeArticles},
+    {"online", measureLargeOnLine},
+    {"search", measureLargeSearch},
+    {"stock", measureLargeStock},
+    {"cards", measureMemory},
+    {"pdf", measureLargePdf},
+    {"combo", measureLargeCombo},
+    {"journals", measureLargeJournals},
+    {"slow", measureSlowServer},
     {"integrity", measureLargeIntegrity},
+    {"goto", measureGoto},
 };
 
 const QLatin1String fillName("fill");
