@@ -86,17 +86,23 @@ bool writeSending(const Db &db, const CashSending &sending, InvoiceResult *resul
            insertInvoice(db, sending, result) && passRegister(db, sending.from, sending, sending.sum, result);
 }
 
+/// Nobody takes another sum than the one he was shown.
+bool isSumAsShown(const InvoiceWriting::Locked &invoice, qint64 sent, InvoiceResult *result)
+{
+    return invoice.cash == sent ||
+           refuse(result, Texts::tr("Суму накладної тим часом змінено: тепер це %1. Відкрийте її ще раз.")
+                              .arg(moneyShown(invoice.cash)));
+}
+
 bool writeAcceptance(const Db &db, const CashAcceptance &acceptance, InvoiceResult *result)
 {
     result->mark.invoice = acceptance.invoice;
     InvoiceWriting::Locked invoice;
     if (!mayWrite(db, acceptance.user, result) ||
         !InvoiceWriting::lock(db, acceptance.invoice, InvoiceKind::Cash, &invoice, result) ||
-        !InvoiceWriting::mayTrade(db, {invoice.to}, InvoiceKind::Cash, result))
+        !InvoiceWriting::mayTrade(db, {invoice.to}, InvoiceKind::Cash, result) ||
+        !isSumAsShown(invoice, acceptance.sent, result))
         return false;
-    if (invoice.cash != acceptance.sent)
-        return refuse(result, Texts::tr("Суму накладної тим часом змінено: тепер це %1. Відкрийте її ще раз.")
-                                  .arg(moneyShown(invoice.cash)));
     const QString accepted =
         QStringLiteral("cash_accept=%1,id_kass_to=%2,").arg(acceptance.counted).arg(acceptance.end.kass);
     return InvoiceWriting::close(db, acceptance.message, result->mark, accepted) &&
@@ -110,6 +116,7 @@ bool writeCancelling(const Db &db, const CashCancelling &cancelling, InvoiceResu
     InvoiceWriting::Locked invoice;
     return mayWrite(db, cancelling.user, result) &&
            InvoiceWriting::lock(db, cancelling.invoice, InvoiceKind::Cash, &invoice, result) &&
+           isSumAsShown(invoice, cancelling.sent, result) &&
            InvoiceWriting::close(db, cancelling.message, result->mark) &&
            passRegister(db, invoice.from, cancelling, invoice.cash, result);
 }

@@ -48,6 +48,8 @@ struct CashAcceptance : CashAct
 struct CashCancelling : CashAct
 {
     DbId invoice = 0;
+    /// What the sender was shown.
+    qint64 sent = 0;
 };
 
 // Each in one transaction. Tasks call them: they know no window.

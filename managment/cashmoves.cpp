@@ -51,7 +51,8 @@ QString serviceSql(const CashMovesAsked &asked)
 
 /// What was entered at the closing of a shift beside what its receipts say: of both what the Z-report has.
 /// The receipts are found by their type and added up once: by plain columns the server would read all those
-/// of a register for each of its shifts.
+/// of a register for each of its shifts. Whoever has closed the shift, by its Z receipt, has taken the cash
+/// out, whoever had opened it.
 QString closingSql(const CashMovesAsked &asked)
 {
     const QString in = QStringLiteral("(IFNULL(z.vnesenia,0)-IFNULL(moved.brought,0))");
@@ -62,14 +63,17 @@ QString closingSql(const CashMovesAsked &asked)
     return QStringLiteral(
                "SELECT z.data_time AS moment,%1,CONCAT(%2,z.id_zzvit),shops.address,%3,%4,NULLIF(%5,0),"
                "NULLIF(%6,0),NULL,NULL,NULL,NULL,NULL,NULL AS number,z.id_zzvit,z.id_shop,z.id_kass,"
-               "z.id_user,'closing' FROM z_zvit AS z JOIN shops ON shops.id=z.id_shop LEFT JOIN kassa ON "
-               "kassa.id=z.id_kass LEFT JOIN users ON users.id=z.id_user LEFT JOIN (SELECT id_shop+0 AS shop,"
-               "id_kass+0 AS kass,id_zvit+0 AS shift,SUM(IF(id_type=4,summa,0)) AS brought,"
-               "SUM(IF(id_type=5,summa,0)) AS taken FROM cheks WHERE id_type IN (4,5) GROUP BY shop,kass,"
+               "IFNULL(moved.closer,z.id_user),'closing' FROM z_zvit AS z JOIN shops ON shops.id=z.id_shop "
+               "LEFT JOIN kassa ON kassa.id=z.id_kass LEFT JOIN (SELECT id_shop+0 AS shop,id_kass+0 AS kass,"
+               "id_zvit+0 AS shift,SUM(IF(id_type=4,summa,0)) AS brought,"
+               "SUM(IF(id_type=5,summa,0)) AS taken,MAX(IF(id_type=%7,id_user,NULL)) AS closer FROM cheks "
+               "WHERE id_type IN (4,5,%7) AND (id_type<>%7 OR data_time BETWEEN %8 AND %9) GROUP BY shop,kass,"
                "shift) AS moved ON moved.shop=z.id_shop AND moved.kass=z.id_kass AND "
-               "moved.shift=z.id_zzvit WHERE (%5<>0 OR %6<>0) AND ")
+               "moved.shift=z.id_zzvit LEFT JOIN users ON users.id=IFNULL(moved.closer,z.id_user) WHERE "
+               "(%5<>0 OR %6<>0) AND ")
                .arg(lit(Texts::tr("закриття зміни")), lit(Texts::tr("зміна № ")), kassName, personName,
-                    wantsIn ? in : nothing, wantsOut ? out : nothing) +
+                    wantsIn ? in : nothing, wantsOut ? out : nothing, QString::number(ChekType::ZReport),
+                    asked.from, asked.to) +
            within("z.data_time", asked);
 }
 

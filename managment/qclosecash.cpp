@@ -124,8 +124,8 @@ InvoiceDialog::Work QCloseCash::work() const
     act.end = m_end->end();
     act.message = ui->leMessage->text();
     if (m_act == Cancelling)
-        return [act, id = m_invoice.id](const Db &db, const std::optional<InvoiceMark> &unclear) {
-            CashCancelling cancelling{act, id};
+        return [act, invoice = m_invoice](const Db &db, const std::optional<InvoiceMark> &unclear) {
+            CashCancelling cancelling{act, invoice.id, invoice.cash};
             cancelling.unclear = unclear;
             return cancelCash(db, cancelling);
         };

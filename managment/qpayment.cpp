@@ -275,6 +275,9 @@ void QPayment::keyPressEvent(QKeyEvent *event)
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!m_isClosing || !isEnter)
         return QDialog::keyPressEvent(event);
+    // Held down it would run through all fields and close the shift.
+    if (event->isAutoRepeat())
+        return;
     if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
         button->click();
     else

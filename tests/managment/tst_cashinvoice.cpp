@@ -62,7 +62,7 @@ private slots:
     void registerThatRefuses();
     void oneOfTwoReceiversWins();
     void goodsAreNoneOfThis();
-    void changedSumIsNotAccepted();
+    void changedSumIsNotMoved();
     void rightThatIsGone();
     void failureLeavesNothing_data();
     void failureLeavesNothing();
@@ -73,7 +73,7 @@ private slots:
 private:
     DbId send(qint64 sum, DbId kass = 0);
     CashAcceptance accepting(DbId invoice, qint64 sent, qint64 counted, DbId kass = 0) const;
-    CashCancelling cancelling(DbId invoice, DbId kass = 0) const;
+    CashCancelling cancelling(DbId invoice, qint64 sent, DbId kass = 0) const;
     InvoiceResult write(const QString &what, const std::optional<InvoiceMark> &unclear = {});
     QString everything();
     QStringList receipts()
@@ -132,7 +132,7 @@ CashAcceptance TstCashInvoice::accepting(DbId invoice, qint64 sent, qint64 count
     return acceptance;
 }
 
-CashCancelling TstCashInvoice::cancelling(DbId invoice, DbId kass) const
+CashCancelling TstCashInvoice::cancelling(DbId invoice, qint64 sent, DbId kass) const
 {
     CashCancelling cancelling;
     cancelling.user = 1;
@@ -140,6 +140,7 @@ CashCancelling TstCashInvoice::cancelling(DbId invoice, DbId kass) const
     cancelling.end.operation = in;
     cancelling.message = QStringLiteral("Машина не поїхала");
     cancelling.invoice = invoice;
+    cancelling.sent = sent;
     return cancelling;
 }
 
@@ -192,7 +193,7 @@ void TstCashInvoice::cancelledComesBack()
 {
     const DbId id = send(9900, 1);
     m_base.exec("UPDATE shops SET block=1 WHERE id=2");
-    QCOMPARE(cancelCash(m_base.db(), cancelling(id, 1)).outcome, InvoiceResult::Written);
+    QCOMPARE(cancelCash(m_base.db(), cancelling(id, 9900, 1)).outcome, InvoiceResult::Written);
     QCOMPARE(m_base.rows("SELECT id_user_to,cash_accept IS NULL,msg_to,data_time_close FROM invoice"),
              QStringList("1|1|Машина не поїхала|2026-11-23 12:30:05"));
     QCOMPARE(receipts().value(1), QString("1|1|2|1|4|1|Службове внесення (накладна № %1)|9900").arg(id));
@@ -284,19 +285,22 @@ void TstCashInvoice::goodsAreNoneOfThis()
     const QString before = everything();
     for (const DbId id : {7U, 8U, 9U}) {
         QCOMPARE(acceptCash(m_base.db(), accepting(id, 0, 0)).outcome, InvoiceResult::Refused);
-        const InvoiceResult result = cancelCash(m_base.db(), cancelling(id));
+        const InvoiceResult result = cancelCash(m_base.db(), cancelling(id, 0));
         QVERIFY2(result.why.contains(QString("на готівку № %1 немає").arg(id)), qPrintable(result.why));
     }
     QCOMPARE(everything(), before);
 }
 
-void TstCashInvoice::changedSumIsNotAccepted()
+void TstCashInvoice::changedSumIsNotMoved()
 {
     const DbId id = send(500);
     m_base.exec("UPDATE invoice SET cash_send=600");
     const QString before = everything();
     const InvoiceResult result = acceptCash(m_base.db(), accepting(id, 500, 500));
     QVERIFY2(result.why.contains("тепер це 6.00"), qPrintable(result.why));
+    // What comes back into a register is what the sender was told.
+    const InvoiceResult back = cancelCash(m_base.db(), cancelling(id, 500, 1));
+    QVERIFY2(back.why.contains("тепер це 6.00"), qPrintable(back.why));
     m_base.exec("UPDATE shops SET block=1 WHERE id=2");
     QVERIFY(acceptCash(m_base.db(), accepting(id, 600, 600)).why.contains("заблоковано"));
     QCOMPARE(everything(), before);
@@ -325,7 +329,7 @@ InvoiceResult TstCashInvoice::write(const QString &what, const std::optional<Inv
         wanted.unclear = unclear;
         return acceptCash(m_base.db(), wanted);
     }
-    CashCancelling wanted = cancelling(m_onTheWay, 1);
+    CashCancelling wanted = cancelling(m_onTheWay, 500, 1);
     wanted.unclear = unclear;
     return cancelCash(m_base.db(), wanted);
 }

@@ -547,6 +547,12 @@ void TstQManFinance::closingsAreMovesToo()
                  "(5,11,3,1,100,NULL,20261104220000),(6,11,3,1,900,900,0),(3,14,3,1,1,1,20261102220000)");
     // The one of 11 was brought in after that shift's closing, as odd as that is.
     m_base->exec("UPDATE cheks SET id_zvit=6 WHERE id_shop=11");
+    // Shift 4 of user 1, who has left, was closed by another.
+    m_base->exec(
+        {"INSERT INTO users(id,login,pass,key_prem,name,surname,id_g_prem,id_shop) VALUES"
+         "(78,'z78','x','2000000078','Зоя','Яна',1,0)",
+         "INSERT INTO cheks(id_shop,id_kass,id_zvit,id_chek,id_position,id_user,id_type,summa,data_time) "
+         "VALUES(10,1,4,9,0,78,10,0,20261102220000)"});
     open();
     showReport();
     choose("cbGrouping", "за операціями");
@@ -557,6 +563,9 @@ void TstQManFinance::closingsAreMovesToo()
     choose("cbGrouping", "за касами");
     // All that the Z-report of the shift has.
     QVERIFY2(sums().contains("Львів, Каса|2||1 500.00||||"), qPrintable(sums().join('\n')));
+    choose("cbGrouping", "за працівниками");
+    QVERIFY2(sums().contains("Яна Зоя|1||500.00||||"), qPrintable(sums().join('\n')));
+    choose("cbGrouping", "за касами");
     ChekOrigin wanted;
     connect(m_page.get(), &QManFinance::cheksWanted, this,
             [&](const ChekOrigin &origin) { wanted = origin; });
