@@ -294,7 +294,7 @@ void ShiftBar::periodChecked(const ChekPlace &place, const ClosingCheck &check)
 
 bool ShiftBar::isPeriodClosed(const ClosingCheck &check) const
 {
-    return (check.figures && check.figures->periodChek != 0) ||
+    return (check.day && check.day->closedBy != 0) ||
            m_closedPeriod == shiftKey(m_place->place(), check.shift);
 }
 
