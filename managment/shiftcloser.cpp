@@ -4,6 +4,7 @@
 #include "chekwriter.h"
 #include "heldmessages.h"
 #include "money.h"
+#include "rightsguard.h"
 #include "saleclock.h"
 #include "shiftsums.h"
 #include "sqldate.h"
@@ -210,6 +211,8 @@ std::optional<bool> ShiftCloser::isClosed(const ClosedShift &shift) const
 QString ShiftCloser::explanation(Outcome outcome, const QString &zNumber)
 {
     switch (outcome) {
+    case Forbidden:
+        return rightGoneWords();
     case AlreadyClosed:
         return tr("Зміну № %1 вже закрито в іншій програмі. Нічого не записано.").arg(zNumber);
     case TooEarly:

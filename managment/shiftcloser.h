@@ -74,6 +74,8 @@ public:
         Closed,
         /// Nothing was written; the reason is reported.
         Failed,
+        /// Nothing was written: the right has gone while the cash was counted.
+        Forbidden,
         /// Nothing was written: another program has closed the shift.
         AlreadyClosed,
         /// Nothing was written: the chosen date is before the latest receipt of the shift.
