@@ -128,8 +128,10 @@ bool PeriodWriter::isSameShift(Result *result) const
 bool PeriodWriter::isLastDay(Result *result) const
 {
     const auto day = ShiftCloser(m_db, m_place, m_file, m_line).periodDay();
-    const QString why = day ? ShiftCloser::periodRefusal(*day) : QString();
-    return day && (why.isEmpty() || refuse(result, Refused, why));
+    if (!day || day->closedBy != 0)
+        return day && refuseClosed(day->closedBy, result);
+    const QString why = ShiftCloser::periodRefusal(*day);
+    return why.isEmpty() || refuse(result, Refused, why);
 }
 
 /// The row of the shift is locked: of two who close the period the later one finds its document, at the
@@ -141,10 +143,13 @@ bool PeriodWriter::isNotClosed(Result *result) const
                            "id_zvit=%4 AND dis_bon_bez2=%5 LIMIT 1")
                 .arg(QString::number(ChekType::GoodsReceipt), m_place.shop, m_place.kass,
                      result->chek.zNumber, QString::number(countedPlace)));
-    return document &&
-           (document->isEmpty() ||
-            refuse(result, Refused,
-                   tr("Період уже закрито: документ № %1. Нічого не записано.").arg(document->first())));
+    return document && (document->isEmpty() || refuseClosed(document->first().toInt(), result));
+}
+
+bool PeriodWriter::refuseClosed(int document, Result *result)
+{
+    return refuse(result, Refused,
+                  tr("Період уже закрито: документ № %1. Нічого не записано.").arg(document));
 }
 
 bool PeriodWriter::writeRows(const Result &result) const

@@ -36,6 +36,7 @@ private:
     bool isSameShift(Result *result) const;
     bool isLastDay(Result *result) const;
     bool isNotClosed(Result *result) const;
+    static bool refuseClosed(int document, Result *result);
     bool writeRows(const Result &result) const;
     bool setStock(Result *result) const;
 

@@ -10,6 +10,7 @@
 #include "qmessevent.h"
 #include "qpayment.h"
 #include "qservicecash.h"
+#include "rightsguard.h"
 #include "waitnote.h"
 
 #include <QPointer>
@@ -248,6 +249,9 @@ void ShiftBar::close(const ChekPlace &place, const ShiftFigures &figures, const 
     m_work->begin(SaleWork::Writing, tr("Записується…"));
     m_tasks->write(
         [=, date = m_place->chosenDate(), caller = m_work->caller()](const Db &db) {
+            const auto may = userMayEdit(db, place.user, Permission::Sales);
+            if (!may || !*may)
+                return may ? ShiftCloser::Forbidden : ShiftCloser::Failed;
             return ShiftCloser(db, place, caller.file, caller.line).close(figures, count, date);
         },
         [this, zNumber = figures.zNumber](ShiftCloser::Outcome outcome) {
@@ -294,7 +298,7 @@ void ShiftBar::periodChecked(const ChekPlace &place, const ClosingCheck &check)
 
 bool ShiftBar::isPeriodClosed(const ClosingCheck &check) const
 {
-    return (check.figures && check.figures->periodChek != 0) ||
+    return (check.day && check.day->closedBy != 0) ||
            m_closedPeriod == shiftKey(m_place->place(), check.shift);
 }
 

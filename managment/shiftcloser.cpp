@@ -4,6 +4,7 @@
 #include "chekwriter.h"
 #include "heldmessages.h"
 #include "money.h"
+#include "rightsguard.h"
 #include "saleclock.h"
 #include "shiftsums.h"
 #include "sqldate.h"
@@ -22,13 +23,11 @@ QString otherFigures(const QString &kass, const QString &zNumber)
     return QStringLiteral(
                "SELECT z_zvit.id_shop,cash_ret,count_cheks,count_chek_diskount,count_position_canc,"
                "count_chek_canc,SUM(IF(cheks.id_type=%1,summa,0)),SUM(IF(cheks.id_type=%2,summa,0)),"
-               "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s'),"
-               "MAX(IF(cheks.id_type=%5 AND cheks.dis_bon_bez2=%6,cheks.id_chek,0)) FROM z_zvit LEFT JOIN cheks ON "
+               "DATE_FORMAT(MAX(cheks.data_time),'%Y%m%d%H%i%s') FROM z_zvit LEFT JOIN cheks ON "
                "cheks.id_shop=z_zvit.id_shop AND cheks.id_kass=z_zvit.id_kass AND "
                "cheks.id_zvit=z_zvit.id_zzvit WHERE z_zvit.id_kass=%3 AND z_zvit.id_zzvit=%4 "
                "GROUP BY z_zvit.id_zzvit,z_zvit.id_kass")
-        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut), kass, zNumber,
-             QString::number(ChekType::GoodsReceipt), QString::number(countedPlace));
+        .arg(QString::number(ChekType::CashIn), QString::number(ChekType::CashOut), kass, zNumber);
 }
 
 ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStringList &other)
@@ -45,7 +44,6 @@ ShiftFigures figuresOf(const QString &zNumber, const QString &cash, const QStrin
     figures.vnesenia = other.at(6).toLongLong();
     figures.issued = other.at(7).toLongLong();
     figures.latest = other.at(8);
-    figures.periodChek = other.at(9).toInt();
     return figures;
 }
 } // namespace
@@ -114,14 +112,20 @@ std::optional<ShiftFigures> ShiftCloser::figures(const QString &zNumber) const
 
 std::optional<PeriodDay> ShiftCloser::periodDay() const
 {
-    const auto cells =
-        row(QStringLiteral("SELECT count_day_cycle,(SELECT day FROM z_zvit WHERE id_kass=%1 ORDER BY "
-                           "data_time=0 DESC,id_zzvit DESC LIMIT 1) FROM shops WHERE id=COALESCE((SELECT "
-                           "id_shop FROM z_zvit WHERE id_kass=%1 AND data_time=0 LIMIT 1),%2)")
-                .arg(m_place.kass, m_place.shop));
+    const QString newest =
+        QStringLiteral("FROM z_zvit WHERE id_kass=%1 ORDER BY data_time=0 DESC,id_zzvit DESC LIMIT 1")
+            .arg(m_place.kass);
+    const auto cells = row(
+        QStringLiteral(
+            "SELECT count_day_cycle,(SELECT day %3),(SELECT MAX(id_chek) FROM cheks WHERE "
+            "id_type=%4 AND id_shop=(SELECT id_shop %3) AND id_kass=%1 AND id_zvit=(SELECT id_zzvit %3) AND "
+            "dis_bon_bez2=%5) FROM shops WHERE id=COALESCE((SELECT "
+            "id_shop FROM z_zvit WHERE id_kass=%1 AND data_time=0 LIMIT 1),%2)")
+            .arg(m_place.kass, m_place.shop, newest, QString::number(ChekType::GoodsReceipt),
+                 QString::number(countedPlace)));
     if (!cells)
         return std::nullopt;
-    return PeriodDay{cells->value(1).toInt(), qMax(cells->value(0).toInt(), 1)};
+    return PeriodDay{cells->value(1).toInt(), qMax(cells->value(0).toInt(), 1), cells->value(2).toInt()};
 }
 
 /// The row stays locked to the end: of two programs the later one finds it closed.
@@ -207,6 +211,8 @@ std::optional<bool> ShiftCloser::isClosed(const ClosedShift &shift) const
 QString ShiftCloser::explanation(Outcome outcome, const QString &zNumber)
 {
     switch (outcome) {
+    case Forbidden:
+        return rightGoneWords();
     case AlreadyClosed:
         return tr("Зміну № %1 вже закрито в іншій програмі. Нічого не записано.").arg(zNumber);
     case TooEarly:

@@ -23,8 +23,6 @@ struct ShiftFigures
     int countChekCanc = 0;
     /// yyyyMMddhhmmss of the latest receipt; empty without one.
     QString latest;
-    /// The document with which the trading period was closed during the shift; 0 for none.
-    int periodChek = 0;
 
     /// What lies in the drawer: sold for and brought in, without what was paid back and issued.
     qint64 expectedCash() const { return cash - cashRet + vnesenia - issued; }
@@ -59,6 +57,8 @@ struct PeriodDay
     int day = 0;
     /// At least 1.
     int last = 1;
+    /// The document with which the period was closed during that shift; 0 for none.
+    int closedBy = 0;
 
     bool isLast() const { return day >= last; }
 };
@@ -74,6 +74,8 @@ public:
         Closed,
         /// Nothing was written; the reason is reported.
         Failed,
+        /// Nothing was written: the right has gone while the cash was counted.
+        Forbidden,
         /// Nothing was written: another program has closed the shift.
         AlreadyClosed,
         /// Nothing was written: the chosen date is before the latest receipt of the shift.

@@ -51,6 +51,7 @@ private slots:
     void rightGone();
     void failureWritesNothing();
     void closedShift();
+    void closedOnce();
     void absentUser();
     void blockedRegister();
 
@@ -479,6 +480,26 @@ void TstQClosePeriod::closedShift()
     QVERIFY(!closePeriod([](QClosePeriod *) {}));
     QCOMPARE(m_warned,
              QStringList({"Період не може бути закритий\nне в останній день!", "Період не закрито!"}));
+}
+
+/// Its last shift was closed behind it: nothing is counted again, and no shift opened.
+void TstQClosePeriod::closedOnce()
+{
+    openTab();
+    QVERIFY(closePeriod([](QClosePeriod *dialog) {
+        countAll(dialog, "10", "10");
+        press(dialog, Qt::Key_F9);
+    }));
+    m_base->exec("UPDATE z_zvit SET data_time=20261121230000 WHERE id_kass=1 AND data_time=0");
+    const QStringList before = m_base->rows(zShift);
+    openTab();
+    QVERIFY(!closePeriod([](QClosePeriod *dialog) {
+        countAll(dialog, "10", "10");
+        press(dialog, Qt::Key_F9);
+    }));
+    QCOMPARE(m_base->rows(zShift), before);
+    QCOMPARE(m_base->value("SELECT COUNT(DISTINCT id_chek) FROM cheks WHERE id_type=7"), QString("1"));
+    QCOMPARE(m_warned, QStringList());
 }
 
 /// Whoever opened the shift has gone: the period is closed in his place when that is agreed to.

@@ -130,6 +130,7 @@ private slots:
     void commitThatIsRefused();
     void askedWhileTransactionIsOpen();
     void closedByAnotherProgram();
+    void rightGoneWhileCounting();
     void soldWhileCounting();
     void twoProgramsAtOnce();
     void brokenConnection();
@@ -774,6 +775,23 @@ void TstShiftClosing::closedByAnotherProgram()
     QCOMPARE(written(), before);
     QCOMPARE(m_base->value(text("SELECT COUNT(*) FROM cheks WHERE id_type=10")), text("1"));
     QCOMPARE(in<QLabel>(m_tab.get(), "lbShift")->text(), text("Зміна буде відкрита першим чеком."));
+}
+
+/// This program has not heard of it.
+void TstShiftClosing::rightGoneWhileCounting()
+{
+    sell();
+    openTab();
+    const QStringList before = written();
+    Operator person;
+    person.counts = [&](QPayment *form) {
+        m_base->exec(text("UPDATE lst_permis SET permission=2 WHERE id_prem=101"));
+        acceptForm(form);
+    };
+    closeShift();
+    m_base->exec(text("UPDATE lst_permis SET permission=1 WHERE id_prem=101"));
+    QVERIFY2(person.said.value(0).contains(text("забрали право")), qPrintable(notice()));
+    QCOMPARE(written(), before);
 }
 
 void TstShiftClosing::soldWhileCounting()
