@@ -188,6 +188,7 @@ void GotoBox::follow()
     m_queries->cancel();
     m_silence.stop();
     m_opensAnswer = false;
+    m_hasFailed = false;
     const QString text = m_field->text();
     m_actions = gotoActions(*m_menus, text);
     const bool isAsked = !gotoQuestion(text, *m_user).statements.isEmpty();
@@ -217,12 +218,13 @@ void GotoBox::takeAnswer(const std::shared_ptr<QueryAnswer> &answer)
 {
     m_silence.stop();
     m_isAnswered = true;
+    m_hasFailed = !answer->error.isEmpty();
     takeHits(*answer);
     showHits();
     tellCount();
     if (!answer->error.isEmpty()) {
         postMessage(m_receiver, tr("Помилка запиту:") + QLatin1Char('\n') + answer->error, answer->kind);
-        m_note->say(tr("База даних не відповіла, знайдено лише команди меню. Спробуйте ще раз."));
+        m_note->say(tr("База даних не відповіла, знайдено лише команди меню. Enter шукає ще раз."));
     } else if (m_opensAnswer) {
         openBest();
     }
@@ -253,6 +255,9 @@ void GotoBox::enter()
     // The next code of a scanner takes the place of this one.
     if (m_pace.isCode())
         m_field->selectAll();
+    // What the server has not answered is asked again.
+    if (m_hasFailed && best() == nullptr)
+        follow();
     m_pause->end();
     if (m_isAnswered)
         openBest();

@@ -78,6 +78,7 @@ private:
     /// Of the text before while the answer is on its way.
     QVector<GotoHit> m_found;
     bool m_isAnswered = true;
+    bool m_hasFailed = false;
     /// Enter came before the answer.
     bool m_opensAnswer = false;
 };

@@ -164,9 +164,12 @@ QWidget *Pages::open(const QString &action)
 void Pages::go(const Destination &destination)
 {
     m_user->beginAct();
+    const bool isNew = !isOpen(destination.action);
     QWidget *widget = openPage(m_tabs, *m_user, pageEntry(m_table, destination.action));
     if (auto *page = dynamic_cast<Page *>(widget))
         page->goTo(destination);
+    if (isNew && widget != nullptr)
+        emit openedOnTheWay(destination.action);
 }
 
 bool Pages::isOpen(const QString &action) const

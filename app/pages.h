@@ -41,6 +41,8 @@ public:
 signals:
     /// What a member of that permission group sees is to be shown.
     void memberWanted(const QString &group, const UserRights &rights);
+    /// Another page has led to one that was not open before.
+    void openedOnTheWay(const QString &action);
 
 private:
     PageTable management();

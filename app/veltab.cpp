@@ -185,6 +185,7 @@ void Veltab::connectPages()
     connect(tableBase(), qOverload<bool>(&QTableBase::visible), this, qOverload<bool>(&Veltab::visible));
     connect(m_pages->reports(), &QReports::visible, this, qOverload<bool, bool>(&Veltab::visible));
     connect(m_pages, &Pages::memberWanted, this, &Veltab::showMember);
+    connect(m_pages, &Pages::openedOnTheWay, this, &Veltab::checkOpened);
 }
 
 void Veltab::connectCommands()
@@ -230,16 +231,24 @@ void Veltab::SaleAdmission()
     open(QStringLiteral("man_saleadmiss"));
 }
 
-/// At once, by the rights that are known: what is typed next belongs into the page. When the server says that
-/// the right is gone by now, the page goes again before it has shown anything.
+/// At once, by the rights that are known: what is typed next belongs into the page.
 void Veltab::open(const QString &action)
 {
-    const bool isOpen = m_pages->isOpen(action);
-    m_session->checkRights([this, action, isOpen] {
-        if (!isOpen && m_pages->closeForbidden(action))
+    if (m_pages->isOpen(action))
+        m_session->checkRights();
+    else
+        checkOpened(action);
+    m_pages->open(action);
+}
+
+/// When the server says that the right is gone by now, a page that was just opened goes again before it has
+/// shown anything.
+void Veltab::checkOpened(const QString &action)
+{
+    m_session->checkRights([this, action] {
+        if (m_pages->closeForbidden(action))
             m_pages->open(action);
     });
-    m_pages->open(action);
 }
 
 void Veltab::closetab(int index)
@@ -432,6 +441,8 @@ void Veltab::about()
 
 void Veltab::goTo()
 {
+    // What it finds follows the rights, also those that were changed meanwhile.
+    m_session->checkRights();
     auto *box = new GotoBox(m_session->connection(), m_session->user(), this, ui->menubar, this);
     connect(box, &GotoBox::chosen, this, [this](const GotoHit &hit) {
         if (hit.kind == GotoKind::Action)

@@ -114,6 +114,7 @@ private:
     QList<QAction *> actionsOf(Command command) const;
     void offerCommands(const Page *page);
     void open(const QString &action);
+    void checkOpened(const QString &action);
     void run(Command command);
     Page *exportedPage() const;
     void exportCsv(const QString &code);

@@ -35,6 +35,7 @@ private slots:
     void keysLeadToAndFro();
     void aLineIsClickedOpen();
     void failedSearchLeavesTheCommands();
+    void failedSearchIsAskedAgainByEnter();
     void escapeGivesTheFocusBack();
 
 private:
@@ -377,6 +378,18 @@ void TstGotoBox::failedSearchLeavesTheCommands()
     QVERIFY2(words().startsWith("База даних не відповіла"), qPrintable(words()));
     QVERIFY(m_heard.has("Помилка запиту:", QMessEvent::Critical));
     m_heard.forget();
+}
+
+void TstGotoBox::failedSearchIsAskedAgainByEnter()
+{
+    m_place.base.exec("RENAME TABLE dk_shc TO gone");
+    const QStringList texts = found("4820000000130");
+    m_place.base.exec("RENAME TABLE gone TO dk_shc");
+    m_heard.forget();
+    QCOMPARE(texts, QStringList());
+    pressKeys({Qt::Key_Return});
+    QTRY_COMPARE(m_chosen.size(), 1);
+    QVERIFY(m_chosen.first().name.startsWith("Молоко"));
 }
 
 void TstGotoBox::escapeGivesTheFocusBack()

@@ -2,6 +2,7 @@
 
 #include "connectionstate.h"
 #include "dbtasks.h"
+#include "gotobox.h"
 #include "listpane.h"
 #include "pages.h"
 #include "permissions.h"
@@ -35,6 +36,7 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QTranslator>
+#include <QTreeWidget>
 
 /// The main window from the start to the rights of the user, against real and against missing servers.
 class TstVeltab : public QObject
@@ -60,6 +62,7 @@ private slots:
     void openTabsKeepTheWindow();
     void overviewOpensBehindTheLogin();
     void overviewHoldsNobody();
+    void goingAsksForTheRightAgain();
     void closingAllSparesWhatWouldBeLost();
     void everyPageHasItsAction();
     void nothingOpensWithoutTheRight();
@@ -534,6 +537,45 @@ void TstVeltab::overviewOpensBehindTheLogin()
     QCOMPARE(child<QTabWidget>(m_window.get(), "tabWidget")->count(), 0);
 }
 
+/// Its right is withdrawn while the user looks at what was found: a page opens no more than by the menu, and
+/// who asks again finds nothing.
+void TstVeltab::goingAsksForTheRightAgain()
+{
+    addShopAndGoods();
+    addUser("seeker", "0=1 13=2 10=1");
+    startLoggedIn("seeker");
+    const auto *tabs = child<QTabWidget>(m_window.get(), "tabWidget");
+    const auto find = [this] {
+        action("go_to")->trigger();
+        auto *box = m_window->findChild<GotoBox *>();
+        child<QLineEdit>(box, "leGoto")->setText("товар 1");
+        return QPointer<GotoBox>(box);
+    };
+    const auto hits = [](const GotoBox *box) {
+        return child<QTreeWidget>(box, "gotoList")->topLevelItemCount();
+    };
+    QPointer<GotoBox> box = find();
+    QTRY_COMPARE(hits(box), 2);
+    m_base->exec("DELETE FROM lst_permis WHERE id_prem=13 AND id_g_prem<>1");
+    QVERIFY(withModal<QQestion>(
+        [&box] {
+            QTest::keyClick(child<QLineEdit>(box, "leGoto"), Qt::Key_Return);
+            waitOutTasks();
+        },
+        [](QQestion *question) { question->accept(); }));
+    QCOMPARE(tabs->count(), 0);
+    m_base->exec(
+        "INSERT INTO lst_permis(id_g_prem,id_prem,permission) SELECT id_g_prem,13,2 FROM users WHERE "
+        "login='seeker'");
+    box = find();
+    QTRY_COMPARE(hits(box), 2);
+    box->reject();
+    QTRY_VERIFY(box.isNull());
+    m_base->exec("DELETE FROM lst_permis WHERE id_prem=13 AND id_g_prem<>1");
+    box = find();
+    QTRY_COMPARE(child<QLabel>(box, "labelGoto")->text(), QString("Нічого не знайдено."));
+}
+
 /// It asks nobody who leaves, or lets another one in; beside another tab it waits like that.
 void TstVeltab::overviewHoldsNobody()
 {
@@ -750,7 +792,8 @@ void TstVeltab::accessKeysAreTold()
     QTranslator translator;
     QVERIFY(translator.load(QCoreApplication::applicationDirPath() + '/' + language));
     QCoreApplication::installTranslator(&translator);
-    addUser("reports", "0=1 70=1 71=1 72=1 73=1 100=1 101=1 102=1 103=1 40=1 10=1 11=1 13=1 15=1 27=1 201=1 220=1");
+    addUser("reports",
+            "0=1 70=1 71=1 72=1 73=1 100=1 101=1 102=1 103=1 40=1 10=1 11=1 13=1 15=1 27=1 201=1 220=1");
     startLoggedIn("reports");
     const auto letter = [](const QString &caption) {
         const QString key = QKeySequence::mnemonic(caption).toString();
