@@ -21,8 +21,8 @@ bool fillShifts(const Db &db, const Chain &chain, const std::function<void(const
 bool fillOnline(const Db &db, const Chain &chain);
 /// Goods between the shops: what came, what is on the way, what differed.
 bool fillInvoices(const Db &db, const Chain &chain);
-/// What an overview tells to look after in a sound chain: a promotion that ends, goods without a price, cards on
-/// a blocked level.
+/// What an overview tells to look after in a sound chain: a promotion that ends, goods without a price, cards
+/// on a blocked level.
 bool fillAttention(const Db &db, const Chain &chain);
 /// A service operation for what the shops buy, and cash between the shops.
 bool fillCash(const Db &db, const Chain &chain);

@@ -5,7 +5,8 @@
 class QObject;
 
 /// The icon of a freedesktop name: that of the desktop's theme, if it has all that the program shows and this
-/// one stands out from its windows, else the program's own, drawn in the colour of the text. Null without either.
+/// one stands out from its windows, else the program's own, drawn in the colour of the text. Null without
+/// either.
 QIcon themeIcon(const QString &name);
 /// The icon of an action, of the page that it opens or of a button, by its object name; null without one.
 QIcon actionIcon(const QString &objectName);
