@@ -146,7 +146,7 @@ MessageWords foldedMessage(const QString &text)
 /// before them that is enough.
 MessageWords plainMessage(const QString &text)
 {
-    const MessageWords folded = foldedMessage(text);
+    MessageWords folded = foldedMessage(text);
     const bool isBeforeStatement = !folded.details.isEmpty() && !text.contains(QLatin1String("\n\n"));
     const QStringList lines = folded.words.split(QLatin1Char('\n'));
     const int line = serversLine(lines, isBeforeStatement);

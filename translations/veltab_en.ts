@@ -2182,10 +2182,6 @@ Wait or contact support.</translation>
         <translation>Query error:</translation>
     </message>
     <message>
-        <source>База даних не відповіла, знайдено лише команди меню. Спробуйте ще раз.</source>
-        <translation>The database did not answer, only commands of the menus were found. Try again.</translation>
-    </message>
-    <message>
         <source>Enter відкриває, стрілки обирають, Esc закриває. «чек 1205 хрещатик» шукає чеки 1205 лише там.</source>
         <translation>Enter opens, arrow keys choose, Esc closes. &quot;receipt 1205 baker&quot; finds the receipts 1205 of that place only.</translation>
     </message>
@@ -2200,6 +2196,10 @@ Wait or contact support.</translation>
     <message>
         <source>%1 (перші %2, уточніть пошук)</source>
         <translation>%1 (the first %2, type more to narrow them)</translation>
+    </message>
+    <message>
+        <source>База даних не відповіла, знайдено лише команди меню. Enter шукає ще раз.</source>
+        <translation>The database did not answer, only commands of the menus were found. Enter searches again.</translation>
     </message>
 </context>
 <context>

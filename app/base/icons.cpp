@@ -198,7 +198,7 @@ bool standsOut(const QIcon &icon, const QColor &background)
 QIcon themeIcon(const QString &name)
 {
     loadIcons();
-    const QIcon desktops = hasTheme() ? QIcon::fromTheme(name) : QIcon();
+    QIcon desktops = hasTheme() ? QIcon::fromTheme(name) : QIcon();
     if (standsOut(desktops, QGuiApplication::palette().color(QPalette::Window)))
         return desktops;
     return QFile::exists(fileOf(22, name)) ? QIcon(new OwnIcon(name)) : QIcon();
