@@ -18,52 +18,52 @@ constexpr int dateTime = 15;
 struct Field
 {
     OpenShiftColumn column;
-    const char *caption;
     int digits;
+    const char *caption;
     const CellFormat *format = &asText;
     const char *explanation = nullptr;
     bool isHidden = false;
 };
 
 constexpr Field fields[] = {
-    {OpenShiftColumn::Shop, QT_TRANSLATE_NOOP("OpenShifts", "магазин"), 18},
-    {OpenShiftColumn::Register, QT_TRANSLATE_NOOP("OpenShifts", "каса"), 10},
-    {OpenShiftColumn::State, QT_TRANSLATE_NOOP("OpenShifts", "зміна"), 8},
-    {OpenShiftColumn::Number, QT_TRANSLATE_NOOP("OpenShifts", "№"), count, &asNumber},
-    {OpenShiftColumn::Turnover, QT_TRANSLATE_NOOP("OpenShifts", "продаж"), money, &asSum,
+    {OpenShiftColumn::Shop, 18, QT_TRANSLATE_NOOP("OpenShifts", "магазин")},
+    {OpenShiftColumn::Register, 10, QT_TRANSLATE_NOOP("OpenShifts", "каса")},
+    {OpenShiftColumn::State, 8, QT_TRANSLATE_NOOP("OpenShifts", "зміна")},
+    {OpenShiftColumn::Number, count, QT_TRANSLATE_NOOP("OpenShifts", "№"), &asNumber},
+    {OpenShiftColumn::Turnover, money, QT_TRANSLATE_NOOP("OpenShifts", "продаж"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Оборот за вирахуванням знижок")},
-    {OpenShiftColumn::Cheks, QT_TRANSLATE_NOOP("OpenShifts", "чеків"), count, &asNumber},
-    {OpenShiftColumn::Expected, QT_TRANSLATE_NOOP("OpenShifts", "має бути в касі"), money, &asSum,
+    {OpenShiftColumn::Cheks, count, QT_TRANSLATE_NOOP("OpenShifts", "чеків"), &asNumber},
+    {OpenShiftColumn::Expected, money, QT_TRANSLATE_NOOP("OpenShifts", "має бути в касі"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Перенесено + готівкою − повернуто + внесено − видано")},
-    {OpenShiftColumn::Opened, QT_TRANSLATE_NOOP("OpenShifts", "відкрита з"), dateTime, &asDateTime,
+    {OpenShiftColumn::Opened, dateTime, QT_TRANSLATE_NOOP("OpenShifts", "відкрита з"), &asDateTime,
      QT_TRANSLATE_NOOP("OpenShifts", "Час першого чека зміни")},
-    {OpenShiftColumn::User, QT_TRANSLATE_NOOP("OpenShifts", "хто відкрив"), 14},
-    {OpenShiftColumn::Latest, QT_TRANSLATE_NOOP("OpenShifts", "останній чек"), dateTime, &asDateTime},
-    {OpenShiftColumn::Began, QT_TRANSLATE_NOOP("OpenShifts", "перенесено"), money, &asSum,
+    {OpenShiftColumn::User, 14, QT_TRANSLATE_NOOP("OpenShifts", "хто відкрив")},
+    {OpenShiftColumn::Latest, dateTime, QT_TRANSLATE_NOOP("OpenShifts", "останній чек"), &asDateTime},
+    {OpenShiftColumn::Began, money, QT_TRANSLATE_NOOP("OpenShifts", "перенесено"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Готівка, яку попередня зміна за своїми сумами лишила в касі")},
-    {OpenShiftColumn::Cash, QT_TRANSLATE_NOOP("OpenShifts", "готівкою"), money, &asSum},
-    {OpenShiftColumn::Returned, QT_TRANSLATE_NOOP("OpenShifts", "повернуто готівкою"), money, &asSum},
-    {OpenShiftColumn::BroughtIn, QT_TRANSLATE_NOOP("OpenShifts", "внесено"), money, &asSum,
+    {OpenShiftColumn::Cash, money, QT_TRANSLATE_NOOP("OpenShifts", "готівкою"), &asSum},
+    {OpenShiftColumn::Returned, money, QT_TRANSLATE_NOOP("OpenShifts", "повернуто готівкою"), &asSum},
+    {OpenShiftColumn::BroughtIn, money, QT_TRANSLATE_NOOP("OpenShifts", "внесено"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Службові внесення за чеками зміни")},
-    {OpenShiftColumn::Issued, QT_TRANSLATE_NOOP("OpenShifts", "видано"), money, &asSum,
+    {OpenShiftColumn::Issued, money, QT_TRANSLATE_NOOP("OpenShifts", "видано"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Службові видачі за чеками зміни")},
-    {OpenShiftColumn::ClosedNumber, QT_TRANSLATE_NOOP("OpenShifts", "попередня №"), count, &asNumber,
+    {OpenShiftColumn::ClosedNumber, count, QT_TRANSLATE_NOOP("OpenShifts", "попередня №"), &asNumber,
      QT_TRANSLATE_NOOP("OpenShifts", "Зміна перед відкритою; де жодна не відкрита – остання закрита")},
-    {OpenShiftColumn::ClosedTime, QT_TRANSLATE_NOOP("OpenShifts", "закрита"), dateTime, &asDateTime},
-    {OpenShiftColumn::ClosedTurnover, QT_TRANSLATE_NOOP("OpenShifts", "її продаж"), money, &asSum},
-    {OpenShiftColumn::ToTakeOut, QT_TRANSLATE_NOOP("OpenShifts", "її готівка"), money, &asSum,
+    {OpenShiftColumn::ClosedTime, dateTime, QT_TRANSLATE_NOOP("OpenShifts", "закрита"), &asDateTime},
+    {OpenShiftColumn::ClosedTurnover, money, QT_TRANSLATE_NOOP("OpenShifts", "її продаж"), &asSum},
+    {OpenShiftColumn::ToTakeOut, money, QT_TRANSLATE_NOOP("OpenShifts", "її готівка"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Готівкою − повернуто + внесено: стільки зібралося за всю зміну")},
-    {OpenShiftColumn::TakenOut, QT_TRANSLATE_NOOP("OpenShifts", "вилучено"), money, &asSum,
+    {OpenShiftColumn::TakenOut, money, QT_TRANSLATE_NOOP("OpenShifts", "вилучено"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "За зміну і під час її закриття")},
-    {OpenShiftColumn::Counted, QT_TRANSLATE_NOOP("OpenShifts", "пораховано"), money, &asSum,
+    {OpenShiftColumn::Counted, money, QT_TRANSLATE_NOOP("OpenShifts", "пораховано"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Відоме, коли під час закриття вилучено всю готівку")},
-    {OpenShiftColumn::Difference, QT_TRANSLATE_NOOP("OpenShifts", "різниця"), money, &asSum,
+    {OpenShiftColumn::Difference, money, QT_TRANSLATE_NOOP("OpenShifts", "різниця"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Пораховано мінус готівка зміни")},
-    {OpenShiftColumn::Left, QT_TRANSLATE_NOOP("OpenShifts", "лишила"), money, &asSum,
+    {OpenShiftColumn::Left, money, QT_TRANSLATE_NOOP("OpenShifts", "лишила"), &asSum,
      QT_TRANSLATE_NOOP("OpenShifts", "Готівка зміни мінус вилучене: з цим починається наступна")},
-    {OpenShiftColumn::IdShop, "", 1, &asNumber, nullptr, true},
-    {OpenShiftColumn::IdClosedShop, "", 1, &asNumber, nullptr, true},
-    {OpenShiftColumn::IdKass, "", 1, &asNumber, nullptr, true},
+    {OpenShiftColumn::IdShop, 1, "", &asNumber, nullptr, true},
+    {OpenShiftColumn::IdClosedShop, 1, "", &asNumber, nullptr, true},
+    {OpenShiftColumn::IdKass, 1, "", &asNumber, nullptr, true},
 };
 
 static_assert(standInOrder(fields, OpenShiftColumn::Count));

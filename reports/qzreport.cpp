@@ -73,7 +73,7 @@ void QZReport::buildList()
                 {tr("повернення"), money, &asSum},
                 {tr("податок"), money, &asRoundedMoney},
                 {tr("дата час"), 17, &asDateTime}});
-    list()->connectOpening([this](const QModelIndex &line) { dclicktable(line); });
+    ui->listShifts->connectOpening([this](const QModelIndex &line) { dclicktable(line); });
 }
 
 void QZReport::buildChart()
