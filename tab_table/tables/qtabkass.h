@@ -46,7 +46,7 @@ protected:
 private:
     void buildFilter();
     void fillShops();
-    void searchAgain() override;
+    void searchAgain() final;
     QString placeCondition() const;
 
     std::unique_ptr<Ui::QTabKassFilter> ui;

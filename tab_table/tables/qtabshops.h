@@ -40,7 +40,7 @@ protected:
 private:
     void buildFilter();
     void fillGroupFilter(bool searches);
-    void searchAgain() override;
+    void searchAgain() final;
     QString condition(const QString &text) const;
 
     std::unique_ptr<Ui::QTabShopsFilter> ui;
