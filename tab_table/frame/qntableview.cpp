@@ -7,6 +7,7 @@
 #include <QItemSelectionModel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <numeric>
@@ -78,11 +79,14 @@ void QNTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHin
     const QWidget *focus = window()->focusWidget();
     const bool wasTyping =
         editor != nullptr && focus != nullptr && (focus == editor || editor->isAncestorOf(focus));
+    const QPointer<QWidget> closed = editor;
     QTableView::closeEditor(editor, hint);
     // Not before: an editor that loses the focus writes what was just given up. It may have opened the next
     // one.
     focus = window()->focusWidget();
-    if (wasTyping && (focus == nullptr || (focus != this && !isAncestorOf(focus))))
+    const bool isInClosed =
+        focus == nullptr || focus == closed || (closed != nullptr && closed->isAncestorOf(focus));
+    if (wasTyping && (isInClosed || (focus != this && !isAncestorOf(focus))))
         setFocus();
 }
 
